@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <array>
+
+/// Which generation of a desktop database file was found.
+enum FileKind { kNoFile = 0, kAccdb = 1, kMdb = 2 };
+
+/// Where the installation lies. Folders carry no closing separator.
+struct InstallationLayout {
+    QString RootFolder;
+    QString ProgramFolder;
+    QString CommonConfFolder;
+    QString CommonReportFolder;
+    QString ManualFolder;
+    QString GeneralDbPath;  ///< kept only: the general database is reached by its definition row
+    int GeneralDbKind = kNoFile;
+    int ConfigDbKind = kNoFile;
+    int ReportDbKind = kNoFile;
+    QString UserConfFolder;
+    QString UserReportFolder;
+};
+
+/// The row '001' of 動作環境定義. Of these, only the office and the install kind steer this program.
+struct EnvironmentDefinition {
+    QString OperatingOfficeCode;
+    int InstallKind = 0;  ///< 0: all users share the common folders; 1: each user has private copies
+    int ClientUpdateKind = 0;
+    QString BackupDate;           ///< yyyymmdd
+    QString ConditionSwitchDate;  ///< yyyymmdd
+    int BackupMethod = 0;
+    int BackupDay = 0;
+    std::array<int, 7> WeekdayBackups{};  ///< Monday to Sunday
+    QString BackupStartTime;
+    QString BackupFolder;
+};
+
+/// The row 'GNR' of データベース定義: how the general database is reached.
+struct GeneralDatabaseDefinition {
+    QString db;    ///< the dialect: exactly "A", "S" or "O"; not trimmed
+    QString dbmw;  ///< kept only
+    QString ドライバ名;
+    QString データベース名;
+    QString サーバー名;
+    QString 接続文字列;  ///< kept only: the connection string is always built
+    QString ユーザーID;
+    QString パスワード;
+    QString プロバイダ名;
+    QString データソース名;
+};

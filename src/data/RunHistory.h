@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+// Writers of プログラム稼動履歴. They never disturb the work that they record: whatever the INSERT runs into is
+// swallowed, and the row's number stays used up.
+
+/// The common row: takes the time, adds 1 to ProcCounter and runs the INSERT on the configuration connection.
+/// `content` stands between the statement's quotes as it is. Throws platform::DatabaseError.
+void InsertHistoryRow(const QString& content);
+
+void RecordRunEnd();
+/// `text` is quoted twice, so that a stored statement reads with its quotes doubled. That is how the history has
+/// always shown statements.
+void RecordOutputStart(const QString& text);
+void RecordOutputEnd(const QString& text);
+void RecordRunError(const QString& text);

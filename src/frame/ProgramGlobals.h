@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QHash>
+#include <QSize>
+#include <QString>
+
+#include "access/StaffIdentity.h"
+#include "data/EnvironmentDefinition.h"
+#include "inquiry/InquiryConditions.h"
+#include "inquiry/StaffRowStore.h"
+#include "platform/Database.h"
+
+class Control;
+class Form;
+class SelectionSource;
+
+/// The one program-wide record, alive from Main to the end of the process.
+struct ProgramGlobals {
+    InstallationLayout Layout;
+    EnvironmentDefinition Environment;
+    GeneralDatabaseDefinition GeneralDatabase;
+    StaffIdentity Staff;
+    InquiryConditions Conditions;
+    ConditionFlags Flags;
+    StaffRowStore Rows;
+
+    QString ProgramId;   ///< the id in every table that speaks of programs
+    QString ReportName;  ///< the same text; names the work tables and report forms
+    QString MenuName;    ///< the suite menu under which rights and labels of this program stand
+
+    Form* MainForm = nullptr;     ///< owned by Main
+    bool ScreenPainting = false;  ///< the screen is being written from state: events answer nothing
+    bool LinkWaiting = false;     ///< a sibling program is awaited: events answer nothing
+    bool StartCommandAbsent = true;
+
+    int RowsPerPage = 0;  ///< 8, or 6 on a low screen
+    int TopRow = 0;       ///< row of the store in the first visible position
+    int LastRow = -1;     ///< highest used row of the store
+    QString ScopeOfficeCode;  ///< office that limits the inquiry, "000" for all
+
+    Control* FirstHeadItem = nullptr;
+    Control* LastHeadItem = nullptr;  ///< the head item that lost the focus last
+    Control* ActiveItem = nullptr;    ///< the input item that reported itself last
+    QString ListCondition;            ///< what a head item hands to a lookup window
+    Control* ListResultItem = nullptr;
+    Control* ListNextItem = nullptr;
+
+    QString TextOutputFileName;
+    QSize ScreenSize;  ///< pixels of the primary screen
+
+    QString OsUserName, ComputerName, UserId;
+    double ProcCounter = 0;  ///< number of the last history row of this run
+
+    QString GeneralFilePath;  ///< kept only
+
+    platform::Connection ConfigConnection;
+    bool ConfigConnectionOpen = false;
+    platform::Connection MainConnection;
+    bool MainConnectionOpen = false;  ///< also True where the definition row names no known dialect
+
+    QString LinkSenderId, LinkStartInfo, LinkEndInfo;
+
+    QHash<QString, SelectionSource*> SelectionWindows;  ///< by window name, while loaded
+};
+
+ProgramGlobals& Globals();
+/// Puts a fresh record in place of the present one. For tests.
+void ResetGlobals();

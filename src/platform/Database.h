@@ -1,0 +1,126 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+#include <memory>
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+
+class DatabaseSession;
+class ResultTable;
+
+enum class CursorLocation { Server = 2, Client = 3 };
+enum class ConnectMode { Read = 1, ReadWrite = 3 };
+enum class CursorType { ForwardOnly = 0, Keyset = 1 };
+enum class LockType { ReadOnly = 1, Optimistic = 3 };
+
+/// What a provider must know of the meaning of columns to compare texts as the suite's desktop engine does.
+/// Column names stand without their table. The platform knows no column by itself; whoever opens gives them.
+struct TextRules {
+    QStringList sortedAsText;      ///< ORDER BY on these ignores letter case, width and kana type
+    QStringList comparedCaseBlind;  ///< "=" on these ignores ASCII letter case; all other "=" is exact
+};
+
+/// One value of the current record. A view: it lives no longer than the record stays current.
+class Field {
+  public:
+    Field(const ResultTable& table, int row, int column) : table_(&table), row_(row), column_(column) {}
+
+    bool IsNull() const;
+    /// The value as text. A Null has none: RuntimeError kInvalidUseOfNull.
+    QString Text() const;
+    /// The value as text, or `fallback` for a Null.
+    QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
+    /// Declared type of the column in capitals ("TEXT", "CURRENCY"), empty for an expression.
+    QString DeclaredType() const;
+
+  private:
+    const ResultTable* table_;
+    int row_;
+    int column_;
+};
+
+/// A connection to one database. The connection string picks the provider by its "Provider=" field; it is
+/// parsed, never pasted into anything. All members but Close() and IsOpen() throw DatabaseError.
+class Connection {
+  public:
+    Connection();
+    ~Connection();
+    Connection(Connection&&) noexcept;
+    Connection& operator=(Connection&&) noexcept;
+
+    // Settings, to be made before Open.
+    int ConnectionTimeout = 15;  ///< seconds
+    int CommandTimeout = 30;     ///< seconds
+    platform::CursorLocation CursorLocation = platform::CursorLocation::Server;
+    ConnectMode Mode = ConnectMode::ReadWrite;  ///< Read: the engine itself refuses every write
+    TextRules Rules;
+
+    /// Opens an existing database; a missing file is an error and is never created. Header and schema are
+    /// read here, so that garbage fails here and not at the first statement.
+    void Open(const QString& connectionString);
+    void Close() noexcept;
+    bool IsOpen() const noexcept { return session_ != nullptr; }
+    /// Runs one statement that gives no rows. Text that is not one single statement is refused.
+    void Execute(const QString& sql);
+
+    /// The provider's side, for Recordset and ReadScope. Throws kObjectClosed when not open.
+    DatabaseSession& Session() const;
+
+  private:
+    std::unique_ptr<DatabaseSession> session_;
+};
+
+/// The rows of one SELECT. With a client-side cursor Open reads them all and ends the engine's statement, so an
+/// open recordset never locks out a writer.
+/// (BOF and EOF are spelled AtBOF and AtEOF since the C library has a macro EOF.)
+class Recordset {
+  public:
+    Recordset();
+    ~Recordset();
+    Recordset(Recordset&&) noexcept;
+    Recordset& operator=(Recordset&&) noexcept;
+
+    /// Runs the statement and stands on the first row. DatabaseError leaves the recordset unopened.
+    void Open(const QString& sql, Connection& connection, CursorType cursor = CursorType::ForwardOnly,
+              LockType lock = LockType::ReadOnly);
+    bool IsOpen() const noexcept { return table_ != nullptr; }
+    /// DatabaseError kObjectClosed when the recordset never opened: a failed read stops a start-up that way.
+    void Close();
+
+    bool AtBOF() const;
+    bool AtEOF() const;
+    void MoveNext();
+
+    /// A field of the current record, found by name without regard to letter case. kItemNotFound when there is
+    /// no such column, kNoCurrentRecord at BOF or EOF. Where a column name occurs twice, the first one counts.
+    Field operator[](QStringView name) const;
+
+  private:
+    const ResultTable& OpenTable() const;
+
+    std::shared_ptr<const ResultTable> table_;
+    int row_ = 0;
+};
+
+/// While it lives, all statements on the connection see one snapshot, and the provider may remember the results
+/// of equal statements. Does nothing on a connection that is not open or already in a scope. It keeps writers
+/// of other programs waiting, so it must never stand while a message box is up.
+class ReadScope {
+  public:
+    explicit ReadScope(Connection& connection);
+    ~ReadScope() { End(); }
+    ReadScope(const ReadScope&) = delete;
+    ReadScope& operator=(const ReadScope&) = delete;
+    /// Ends the scope before its time. The connection may have been closed meanwhile.
+    void End() noexcept;
+
+  private:
+    Connection* connection_;
+    bool active_ = false;
+};
+
+}  // namespace platform

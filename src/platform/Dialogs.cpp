@@ -1,0 +1,34 @@
+#include "platform/Dialogs.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace platform {
+namespace {
+
+QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title) {
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    return box;
+}
+
+}  // namespace
+
+void WidgetDialogs::ShowMessage(const QString& text, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    Prepare(box, text, title).addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+    box.exec();
+}
+
+bool WidgetDialogs::Confirm(const QString& text, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    Prepare(box, text, title).setIcon(QMessageBox::Question);
+    const QPushButton* yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
+    box.setEscapeButton(box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole));
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+}  // namespace platform

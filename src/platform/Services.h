@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/FileSystem.h"
+#include "platform/PinCipherObject.h"
+#include "platform/ProcessService.h"
+#include "platform/SystemInformation.h"
+
+namespace platform {
+
+/// The services of the operating system that the program works with. main() puts the real ones in, a test its
+/// stand-ins.
+struct ServiceSet {
+    std::unique_ptr<Clock> clock = std::make_unique<SystemClock>();
+    std::unique_ptr<SystemInformation> system;
+    std::unique_ptr<FileSystem> files = std::make_unique<HostFileSystem>();
+    std::unique_ptr<Dialogs> dialogs = std::make_unique<WidgetDialogs>();
+    std::unique_ptr<ProcessService> processes = std::make_unique<HostProcessService>();
+    std::unique_ptr<PinCipherObject> pins = std::make_unique<UnsealedPins>();
+};
+
+ServiceSet& Services();
+
+/// Lets pending events through and returns when none is left.
+void LetEventsThrough();
+
+}  // namespace platform

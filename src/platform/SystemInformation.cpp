@@ -1,0 +1,53 @@
+#include "platform/SystemInformation.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QStringList>
+#include <QSysInfo>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+QString ProgramPath(const QString& startedAs) {
+    if (startedAs.contains(u'/')) return QDir::cleanPath(QDir::current().absoluteFilePath(startedAs));
+    // Found along PATH: the shell hands over the bare name.
+    const QString found = QStandardPaths::findExecutable(startedAs);
+    return found.isEmpty() ? QDir::current().absoluteFilePath(startedAs) : found;
+}
+
+void WriteWithNul(const QString& name, QString& buffer) {
+    if (name.isEmpty() || name.size() >= buffer.size()) return;
+    buffer.replace(0, name.size() + 1, name + QChar(u'\0'));
+}
+
+}  // namespace
+
+HostSystemInformation::HostSystemInformation(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    commandLine_ = arguments.join(u' ');
+    if (argc > 0) applicationFolder_ = QFileInfo(ProgramPath(QString::fromLocal8Bit(argv[0]))).path();
+}
+
+// The real user id and never an environment variable: the name picks folders and rights.
+void HostSystemInformation::ReadUserName(QString& buffer) const {
+    const passwd* entry = getpwuid(getuid());
+    if (entry != nullptr) WriteWithNul(QString::fromLocal8Bit(entry->pw_name), buffer);
+}
+
+void HostSystemInformation::ReadComputerName(QString& buffer) const {
+    WriteWithNul(QSysInfo::machineHostName(), buffer);
+}
+
+QSize HostSystemInformation::ScreenSize() const {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? QSize() : screen->size();
+}
+
+}  // namespace platform

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include "platform/Services.h"
+
+/// A clock that stands where a test puts it.
+class FixedClock : public platform::Clock {
+  public:
+    QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15));
+    QDateTime Now() const override { return now; }
+};
+
+/// Message boxes that nobody has to close: keeps what was shown, answers from a queue.
+class QueuedDialogs : public platform::Dialogs {
+  public:
+    struct Box {
+        QString text, title;
+        bool question;
+    };
+    QList<Box> shown;
+    QList<bool> answers;  ///< for Confirm, first in first out; with none left the answer is いいえ
+
+    using Dialogs::Confirm;
+    using Dialogs::ShowMessage;
+    void ShowMessage(const QString& text, const QString& title) override { shown.append({text, title, false}); }
+    bool Confirm(const QString& text, const QString& title) override {
+        shown.append({text, title, true});
+        return answers.isEmpty() ? false : answers.takeFirst();
+    }
+    QStringList Texts() const;
+};
+
+/// A machine as the test describes it.
+class FixedSystem : public platform::SystemInformation {
+  public:
+    QString userName = QStringLiteral("tester");
+    QString computerName = QStringLiteral("desk1");
+    QSize screen = QSize(1280, 1024);
+    std::optional<platform::SystemVersion> version;
+    QString applicationFolder;
+    QString commandLine;
+
+    void ReadUserName(QString& buffer) const override { Write(userName, buffer); }
+    void ReadComputerName(QString& buffer) const override { Write(computerName, buffer); }
+    QSize ScreenSize() const override { return screen; }
+    std::optional<platform::SystemVersion> OsVersion() const override { return version; }
+    QString ApplicationFolder() const override { return applicationFolder; }
+    QString CommandLine() const override { return commandLine; }
+
+  private:
+    static void Write(const QString& name, QString& buffer);
+};
+
+/// Records what would have left the process.
+class RecordingProcesses : public platform::ProcessService {
+  public:
+    QList<int> ends;
+    struct Document {
+        QString path, workingFolder;
+    };
+    QList<Document> documents;
+    void EndProcess(int exitCode) override { ends.append(exitCode); }
+    bool OpenDocument(const QString& path, const QString& workingFolder) override {
+        documents.append({path, workingFolder});
+        return true;
+    }
+};
+
+/// For the length of a test: fixed clock, queued dialogs, described machine, recorded processes, fresh globals.
+/// The real services come back at the end.
+class TestServices {
+  public:
+    TestServices();
+    ~TestServices();
+    TestServices(const TestServices&) = delete;
+    TestServices& operator=(const TestServices&) = delete;
+
+    FixedClock& clock;
+    QueuedDialogs& dialogs;
+    FixedSystem& system;
+    RecordingProcesses& processes;
+
+  private:
+    explicit TestServices(platform::ServiceSet&& set);
+    platform::ServiceSet kept_;
+};
