@@ -1,5 +1,6 @@
 #include "data/Connections.h"
 
+#include "data/Catalogue.h"
 #include "frame/ProgramGlobals.h"
 #include "platform/FileSystem.h"
 #include "text/mod項目編集.h"
@@ -82,5 +83,6 @@ void OpenGeneralConnection() {
     globals.MainConnection = platform::Connection();
     ApplyConnectionSettings(globals.MainConnection);
     globals.MainConnection.Mode = platform::ConnectMode::Read;
+    globals.MainConnection.Rules = SuiteTextRules();
     globals.MainConnection.Open(*connectionString);
 }

@@ -2,6 +2,7 @@
 
 #include "access/StaffIdentityProcedures.h"
 #include "data/RunHistory.h"
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
