@@ -1,0 +1,69 @@
+#include "access/StaffIdentityProcedures.h"
+
+#include <array>
+
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct TextColumn {
+    QStringView name;
+    QString StaffIdentity::*field;
+};
+
+constexpr std::array kTextColumns = {
+    TextColumn{u"コード", &StaffIdentity::LaunchingStaffCode},
+    TextColumn{u"氏名", &StaffIdentity::StaffName},
+    TextColumn{u"事業所コード", &StaffIdentity::OfficeCode},
+    TextColumn{u"部門コード", &StaffIdentity::DepartmentCode},
+    TextColumn{u"セクションコード", &StaffIdentity::SectionCode},
+    TextColumn{u"役職コード", &StaffIdentity::PositionCode},
+};
+
+constexpr std::array<QStringView, 8> kOperationRights = {u"操作許可",         u"入力許可",        u"修正許可",
+                                                         u"削除許可",         u"印刷許可",        u"プレビュ許可",
+                                                         u"テキスト出力許可", u"イメージ出力許可"};
+
+void TakeText(const platform::Field& field, QString& target) {
+    if (!field.IsNull()) target = field.Text();
+}
+
+void TakeNumber(const platform::Field& field, int& target) {
+    if (!field.IsNull()) target = NumericValue(field.Text());
+}
+
+void TakeIdentity(const platform::Recordset& record) {
+    StaffIdentity& staff = Globals().Staff;
+    for (const TextColumn& column : kTextColumns) TakeText(record[column.name], staff.*column.field);
+    TakeNumber(record[u"社員区分"], staff.StaffClass);
+    TakeNumber(record[u"アクセス権限"], staff.AccessLevel);
+    for (size_t i = 0; i < staff.ClassRights.size(); ++i)
+        TakeText(record[u"処理分類"_s + QString::number(i) + u"操作許可"_s], staff.ClassRights[i]);
+    for (size_t i = 0; i < kOperationRights.size(); ++i)
+        TakeText(record[kOperationRights[i]], staff.OperationRights[i]);
+}
+
+}  // namespace
+
+bool LoadLaunchStaffCode() {
+    QString& code = Globals().Staff.LaunchingStaffCode;
+    code.clear();
+    platform::Recordset record;
+    if (OpenConfigRecordset(record, u"SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s))
+        TakeText(record[u"起動担当者コード"], code);
+    record.Close();
+    return !TrimBlanks(code).isEmpty();
+}
+
+bool LoadStaffIdentity(const QString& code) {
+    platform::Recordset record;
+    const bool found =
+        OpenRecordset(record, u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '"_s + code + u"'"_s, false);
+    if (found) TakeIdentity(record);
+    record.Close();
+    return found;
+}

@@ -1,0 +1,88 @@
+#include "data/Connections.h"
+
+#include "data/Catalogue.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/FileSystem.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString ProviderOf(int kind) {
+    switch (kind) {
+        case kAccdb:
+            return u"Provider=Microsoft.ACE.OLEDB.12.0;"_s;
+        case kMdb:
+            return u"Provider=Microsoft.Jet.OLEDB.4.0;"_s;
+        default:
+            return QString();
+    }
+}
+
+QString FieldText(const QString& name, const QString& value) { return name + u'=' + value + u';'; }
+
+}  // namespace
+
+QString ConfigConnectionString(int kind, const QString& path) {
+    return ProviderOf(kind) + u"User ID=;Password=;Data Source="_s + path;
+}
+
+QString UserConfigDataSource() {
+    const InstallationLayout& layout = Globals().Layout;
+    const QString name = layout.ConfigDbKind == kMdb ? u"usrcnfg.mdb;"_s : u"usrcnfg.accdb;"_s;
+    return layout.UserConfFolder + platform::kPathSeparator + name;
+}
+
+std::optional<QString> GeneralConnectionString(const GeneralDatabaseDefinition& definition) {
+    const bool byServer = definition.db == u"S"_s;
+    if (!byServer && definition.db != u"A"_s && definition.db != u"O"_s) return std::nullopt;
+    const QString account = FieldText(u"Provider"_s, definition.プロバイダ名) +
+                            FieldText(u"User ID"_s, definition.ユーザーID) +
+                            FieldText(u"Password"_s, definition.パスワード);
+    if (!byServer) return account + FieldText(u"Data Source"_s, definition.データソース名);
+    return account + FieldText(u"Data Source"_s, definition.サーバー名) +
+           FieldText(u"Initial Catalog"_s, definition.データベース名);
+}
+
+void ApplyConnectionSettings(platform::Connection& connection) {
+    connection.ConnectionTimeout = 60;
+    connection.CommandTimeout = 30000;
+    connection.CursorLocation = platform::CursorLocation::Client;
+}
+
+void OpenConfigConnection(const QString& connectionString) {
+    platform::Connection& connection = Globals().ConfigConnection;
+    connection = platform::Connection();
+    ApplyConnectionSettings(connection);
+    connection.Open(connectionString);
+}
+
+bool ReconnectConfigConnection() {
+    ProgramGlobals& globals = Globals();
+    if (globals.ConfigConnectionOpen) {
+        globals.ConfigConnection.Close();
+        globals.ConfigConnection = platform::Connection();
+        globals.ConfigConnectionOpen = false;
+    }
+    try {
+        OpenConfigConnection(ConfigConnectionString(globals.Layout.ConfigDbKind, UserConfigDataSource()));
+        globals.ConfigConnectionOpen = true;
+    } catch (const platform::RuntimeError&) {
+        globals.ConfigConnectionOpen = false;
+    }
+    return globals.ConfigConnectionOpen;
+}
+
+void OpenGeneralConnection() {
+    ProgramGlobals& globals = Globals();
+    const GeneralDatabaseDefinition& definition = globals.GeneralDatabase;
+    const std::optional<QString> connectionString = GeneralConnectionString(definition);
+    if (definition.db == u"A"_s) globals.GeneralFilePath = TrimBlanks(definition.データソース名);
+    if (!connectionString) return;
+    globals.MainConnection = platform::Connection();
+    ApplyConnectionSettings(globals.MainConnection);
+    globals.MainConnection.Mode = platform::ConnectMode::Read;
+    globals.MainConnection.Rules = SuiteTextRules();
+    globals.MainConnection.Open(*connectionString);
+}

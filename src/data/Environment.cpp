@@ -1,0 +1,166 @@
+#include "data/Environment.h"
+
+#include <QStringView>
+#include <optional>
+
+#include "data/Connections.h"
+#include "data/DefinitionRows.h"
+#include "frame/JoinedLater.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+
+using namespace Qt::StringLiterals;
+using platform::kPathSeparator;
+
+namespace {
+
+constexpr qsizetype kNameBuffer = 255;
+
+/// A desktop database file as it was found; empty path and kNoFile without one.
+struct FoundFile {
+    QString path;
+    int kind = kNoFile;
+};
+
+FoundFile ProbeDatabase(const QString& folder, const QString& name) {
+    const QString base = folder + kPathSeparator + name;
+    if (FileExistsCheck(base + u".accdb"_s)) return {base + u".accdb"_s, kAccdb};
+    if (FileExistsCheck(base + u".mdb"_s)) return {base + u".mdb"_s, kMdb};
+    return {};
+}
+
+/// The path up to the marker folder, with the separator before it. The first occurrence counts, wherever in the
+/// path it stands, and "prgbin" is sought in the whole path before "prgsrc".
+std::optional<QString> FindRootPrefix(const QString& applicationFolder) {
+    for (const QStringView marker : {u"prgbin", u"prgsrc"}) {
+        const qsizetype found = applicationFolder.indexOf(marker, 0, Qt::CaseInsensitive);
+        if (found >= 0) return applicationFolder.first(found);
+    }
+    return std::nullopt;
+}
+
+void ReadNames() {
+    ProgramGlobals& globals = Globals();
+    globals.OsUserName = ReadOsUserName();
+    globals.ComputerName = ReadComputerName();
+    globals.UserId = globals.OsUserName;
+}
+
+/// The user's name becomes a folder under "users": it must not lead anywhere else.
+bool IsUsableFolderName(const QString& name) {
+    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u'/') && !name.contains(u'\\');
+}
+
+void SetFolders(const QString& prefix) {
+    InstallationLayout& layout = Globals().Layout;
+    layout.RootFolder = prefix.chopped(prefix.isEmpty() ? 0 : 1);
+    layout.ProgramFolder = prefix + u"prgbin"_s;
+    layout.CommonConfFolder = prefix + u"conf"_s;
+    layout.CommonReportFolder = prefix + u"report"_s;
+    layout.ManualFolder = prefix + u"manual"_s;
+}
+
+/// Path of the common configuration file, empty without one.
+QString ProbeFiles(const QString& prefix) {
+    InstallationLayout& layout = Globals().Layout;
+    const FoundFile general = ProbeDatabase(prefix + u"data"_s, u"gnrdb"_s);
+    layout.GeneralDbPath = general.path;
+    layout.GeneralDbKind = general.kind;
+    const FoundFile config = ProbeDatabase(layout.CommonConfFolder, u"usrcnfg"_s);
+    layout.ConfigDbKind = config.kind;
+    layout.ReportDbKind = ProbeDatabase(layout.CommonReportFolder, u"repdb"_s).kind;
+    return config.path;
+}
+
+void ShowOpenError(const platform::RuntimeError& error) {
+    platform::Services().dialogs->ShowMessage(
+        u"SYB_OPEN ERROR"_s + QString::number(error.Number()) + u' ' + error.Description() + u"\rsysopen error"_s,
+        QString());
+}
+
+/// Names, folders, files and the first opening, on the common configuration file.
+bool OpenCommonConfig() {
+    ProgramGlobals& globals = Globals();
+    globals.ConfigConnectionOpen = false;
+    ReadNames();
+    const std::optional<QString> prefix = FindRootPrefix(platform::Services().system->ApplicationFolder());
+    if (!prefix || !IsUsableFolderName(globals.OsUserName)) return false;
+    SetFolders(*prefix);
+    const QString commonFile = ProbeFiles(*prefix);
+    if (globals.Layout.ConfigDbKind == kNoFile) return false;
+    OpenConfigConnection(ConfigConnectionString(globals.Layout.ConfigDbKind, commonFile));
+    globals.ConfigConnectionOpen = true;
+    return true;
+}
+
+bool OpenCommonConfigOrTell() {
+    try {
+        return OpenCommonConfig();
+    } catch (const platform::RuntimeError& error) {
+        ShowOpenError(error);
+        return Globals().ConfigConnectionOpen;
+    }
+}
+
+/// With any install kind but 0 and 1 both folders stay empty, and the second opening fails by itself.
+void ChooseFoldersInUse() {
+    ProgramGlobals& globals = Globals();
+    InstallationLayout& layout = globals.Layout;
+    if (globals.Environment.InstallKind == 0) {
+        layout.UserConfFolder = layout.CommonConfFolder;
+        layout.UserReportFolder = layout.CommonReportFolder;
+    } else if (globals.Environment.InstallKind == 1) {
+        const QString own =
+            layout.RootFolder + kPathSeparator + u"users"_s + kPathSeparator + globals.OsUserName + kPathSeparator;
+        layout.UserConfFolder = own + u"conf"_s;
+        layout.UserReportFolder = own + u"report"_s;
+        PrepareUserConfig();
+    }
+}
+
+/// The flag stays True meanwhile, also when the second opening fails.
+void OpenConfigInUse() {
+    ProgramGlobals& globals = Globals();
+    globals.ConfigConnection.Close();
+    globals.ConfigConnection = platform::Connection();
+    ChooseFoldersInUse();
+    OpenConfigConnection(ConfigConnectionString(globals.Layout.ConfigDbKind, UserConfigDataSource()));
+    globals.ConfigConnectionOpen = true;
+}
+
+QString ReadName(void (platform::SystemInformation::*read)(QString&) const) {
+    QString buffer(kNameBuffer, u' ');
+    ((*platform::Services().system).*read)(buffer);
+    return CutAtNull(buffer);
+}
+
+}  // namespace
+
+void MeasureScreen() { Globals().ScreenSize = platform::Services().system->ScreenSize(); }
+
+QString ReadOsUserName() { return ReadName(&platform::SystemInformation::ReadUserName); }
+
+QString ReadComputerName() { return ReadName(&platform::SystemInformation::ReadComputerName); }
+
+QString CutAtNull(const QString& text) {
+    const qsizetype found = text.indexOf(QChar(u'\0'));
+    return found > 0 ? text.first(found) : QString();
+}
+
+bool FileExistsCheck(const QString& path) { return platform::Services().files->FileExists(path); }
+
+bool CopyFileOver(const QString& source, const QString& target) {
+    return platform::Services().files->CopyFile(source, target);
+}
+
+// The common file alone can say whether a private one exists, so it is read first; the private one, once in use,
+// decides every field that the program keeps.
+bool LoadEnvironment() {
+    if (!OpenCommonConfigOrTell()) return false;
+    ReadGeneralDatabaseDefinition();
+    ReadInstallation();
+    OpenConfigInUse();
+    ReadEnvironmentDefinition();
+    Globals().ScopeOfficeCode = Globals().Environment.OperatingOfficeCode;
+    return Globals().ConfigConnectionOpen;
+}

@@ -1,0 +1,56 @@
+#include "data/EraDates.h"
+
+#include <optional>
+
+#include "data/Recordsets.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A stored date cut by position, whatever stands there.
+struct StoredDate {
+    explicit StoredDate(const QString& date) : year(date.left(4)), month(date.mid(4, 2)), day(date.mid(6, 2)) {}
+    QString year, month, day;
+};
+
+struct Era {
+    QString start;  ///< yyyymmdd; empty for the row that stands for the western calendar
+    QString name;
+};
+
+std::optional<Era> FindEra(const QString& date) {
+    platform::Recordset record;
+    std::optional<Era> era;
+    if (OpenRecordset(record,
+                      u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s + date + u"' ORDER BY 開始日付 DESC"_s,
+                      false))
+        era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};
+    CloseQuietly(record);
+    return era;
+}
+
+/// The calendar year in which the era begins is year 1, and it changes on the first of January, whatever day the
+/// era began.
+QString EraYear(const StoredDate& date, const Era& era) {
+    return FormatByMask(NumericValue(date.year) - NumericValue(era.start.left(4)) + 1, u"00"_s);
+}
+
+}  // namespace
+
+QString EraDateLong(const QString& date) {
+    const std::optional<Era> era = FindEra(date);
+    if (!era) return QString();
+    const StoredDate parts(date);
+    const QString year = era->start.isEmpty() ? parts.year : era->name + EraYear(parts, *era);
+    return year + u"年"_s + parts.month + u"月"_s + parts.day + u"日"_s;
+}
+
+QString EraDateShort(const QString& date) {
+    const std::optional<Era> era = FindEra(date);
+    if (!era) return QString();
+    const StoredDate parts(date);
+    const QString year = era->start.isEmpty() ? parts.year.right(2) : EraYear(parts, *era);
+    return year + u'/' + parts.month + u'/' + parts.day;
+}

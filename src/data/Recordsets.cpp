@@ -1,0 +1,61 @@
+#include "data/Recordsets.h"
+
+#include "data/RunHistory.h"
+#include "frame/ProgramGlobals.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool OpenOn(platform::Connection& connection, platform::Recordset& recordset, const QString& sql) {
+    recordset = platform::Recordset();
+    recordset.Open(sql, connection);
+    return !recordset.AtBOF() && !recordset.AtEOF();
+}
+
+/// A failing statement on the history table must not write into the history table.
+void RecordConfigFailure(const platform::DatabaseError& error, const QString& sql) {
+    if (!sql.contains(u"プログラム稼動履歴"_s, Qt::CaseInsensitive)) RecordRunError(error.Description() + sql);
+}
+
+}  // namespace
+
+bool OpenRecordset(platform::Recordset& recordset, const QString& sql, bool record) {
+    try {
+        const bool found = OpenOn(Globals().MainConnection, recordset, sql);
+        if (record) RecordOutputEnd(sql);
+        return found;
+    } catch (const platform::DatabaseError& error) {
+        RecordRunError(error.Description() + sql);
+        return false;
+    }
+}
+
+bool OpenConfigRecordset(platform::Recordset& recordset, const QString& sql) {
+    try {
+        return OpenOn(Globals().ConfigConnection, recordset, sql);
+    } catch (const platform::DatabaseError& error) {
+        RecordConfigFailure(error, sql);
+        return false;
+    }
+}
+
+bool ExecuteConfigSql(const QString& sql) {
+    try {
+        Globals().ConfigConnection.Execute(sql);
+        return true;
+    } catch (const platform::DatabaseError& error) {
+        RecordConfigFailure(error, sql);
+        return false;
+    }
+}
+
+bool ExecuteConfigSqlLogged(const QString& sql) {
+    const bool ran = ExecuteConfigSql(sql);
+    if (ran) RecordOutputEnd(sql);
+    return ran;
+}
+
+void CloseQuietly(platform::Recordset& recordset) noexcept {
+    if (recordset.IsOpen()) recordset.Close();
+}

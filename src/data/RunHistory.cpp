@@ -1,0 +1,57 @@
+#include "data/RunHistory.h"
+
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+#include "text/TimeStamp.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs the common row and forgets a failure: the history must never stand in the way of what it tells of.
+void WriteSwallowing(const QString& content) {
+    try {
+        InsertHistoryRow(content);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
+QString QuotedTwice(const QString& text) { return QuoteSqlText(QuoteSqlText(text)); }
+
+/// The update monitor of the suite repeats this one text by the minute. No other program leaves anything out.
+bool IsMonitorNoise(const QString& text) {
+    return Globals().ProgramId.contains(u"更新モニタ"_s, Qt::CaseInsensitive) &&
+           text.contains(u"未集計情報"_s, Qt::CaseInsensitive);
+}
+
+QString Twelve(double counter) { return QString::number(static_cast<qint64>(counter)).rightJustified(12, u'0'); }
+
+}  // namespace
+
+QString BuildHistoryStatement(const QString& content) {
+    const ProgramGlobals& globals = Globals();
+    const QString stamp = TimeStamp(platform::Services().clock->Now());
+    return u"INSERT INTO プログラム稼動履歴 ("
+           u"実行日付,プログラムID,proccounter,摘要,運用事業所コード,起動担当者コード,ユーザID)"
+           u"VALUES ('"_s +
+           stamp + u"', '"_s + globals.ProgramId + u"', '"_s + Twelve(globals.ProcCounter) + u"', '"_s + content +
+           u"', '"_s + globals.Environment.OperatingOfficeCode + u"', '"_s + globals.Staff.LaunchingStaffCode +
+           u"', '"_s + globals.UserId + u"')"_s;
+}
+
+void InsertHistoryRow(const QString& content) {
+    Globals().ProcCounter += 1;
+    Globals().ConfigConnection.Execute(BuildHistoryStatement(content));
+}
+
+void RecordRunEnd() { WriteSwallowing(u"終了"_s); }
+
+void RecordOutputStart(const QString& text) { WriteSwallowing(u"出力開始 "_s + QuotedTwice(text)); }
+
+void RecordOutputEnd(const QString& text) {
+    if (!IsMonitorNoise(text)) WriteSwallowing(u"出力終了 "_s + QuotedTwice(text));
+}
+
+void RecordRunError(const QString& text) { WriteSwallowing(u"エラー "_s + QuotedTwice(text)); }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+// What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
+// runs without it; whoever builds the room takes its procedures out of here.
+
+/// Company, operating office and partner links into the program-wide record. True when the company row exists.
+bool LoadCompanyInfo();
+/// 名称 of the company; empty while no company is loaded.
+QString CompanyName();
+/// Folder of text outputs: テキスト出力フォルダ of the operating office; empty while no office is loaded.
+QString OfficeTextOutputFolder();
+/// Writes the caption of prg_ttl: program, office, staff member.
+void ShowProgramTitle();
+/// Writes the names of the start command's fields into the program's row of the menu table.
+void PublishConditionLabels(const QString& menu, const QString& programId);
+/// Whether the launching staff member may do the operation (0 start, 1 input, 2 change, 3 delete, 4 print,
+/// 5 preview, 6 text output, 7 image output); asks for a PIN where the site demands one.
+bool CheckProgramPermission(const QString& menu, const QString& programId, int operation);
+
+/// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
+void ReceiveStartLink(const QString& command, const QString& earliest);
+/// Tells the launching program that this one ends.
+void WriteEndLink(const QString& text);
+/// Opens the registration program on the staff member at the list's position and waits for its end.
+void LaunchStaffRegistration(int position);
+
+/// Makes the user's own copies of configuration and report files where they are missing.
+void PrepareUserConfig();
+
+/// Opens the lookup window of a head item, whose answer goes into ListResultItem.
+void OpenLookupWindow(const QString& item);
+/// Opens the selection window behind a button of the head.
+void OpenSelectionWindow(const QString& button);
+
+/// Outputs of the rows ticked in the list.
+void RunReportPrint();
+void RunReportPreview();
+void RunTextOutput();
+void RunEnvelopePrint();
+void RunPostcardPrint();
+void RunLabelPrint();

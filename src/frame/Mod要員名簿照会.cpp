@@ -1,0 +1,69 @@
+#include "frame/Mod要員名簿照会.h"
+
+#include "frame/FirstListPicture.h"
+#include "frame/JoinedLater.h"
+#include "frame/ProgramGlobals.h"
+#include "frame/StartCommand.h"
+#include "frame/StartUp.h"
+#include "frame/UserInformation.h"
+#include "inquiry/ConditionProcedures.h"
+#include "inquiry/DetailList.h"
+#include "inquiry/frm要員名簿照会.h"
+#include "platform/Services.h"
+#include "screen/modクライアント処理.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Refuse(const QString& message) {
+    platform::Services().dialogs->ShowMessage(message);
+    LeaveProgram();
+    return false;
+}
+
+/// The steps that can refuse the start, in their order.
+bool StartIsPossible() {
+    if (!InitializeData()) return Refuse(u"データベースが使用できません。"_s);
+    if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
+    PublishConditionLabels(Globals().MenuName, Globals().ProgramId);
+    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
+    return true;
+}
+
+void TakeStartCommand() {
+    SetInitialConditions();
+    const QString command = TrimBlanks(platform::Services().system->CommandLine());
+    Globals().StartCommandAbsent = true;
+    if (!command.isEmpty()) ParseStartCommand(command);
+}
+
+void ShowMainForm(Form& form) {
+    AdaptScreenToHeight();
+    form.ShowModeless();
+    Globals().ListNextItem = Globals().FirstHeadItem;
+    FindNextTabItem();
+    Globals().ListNextItem->SetFocus();
+    TakeFirstListPicture(form);
+}
+
+}  // namespace
+
+void LeaveProgram() {
+    TerminateData();
+    platform::Services().processes->EndProcess(0);
+}
+
+void Main() {
+    ProgramGlobals& globals = Globals();
+    globals.ProgramId = globals.ReportName = u"要員名簿照会"_s;
+    globals.MenuName = u"販路推進データ管理"_s;
+    platform::Services().dialogs->defaultTitle = globals.ProgramId;
+    // Lives to the end of the process, which leaves without running destructors.
+    globals.MainForm = new frm要員名簿照会(LeaveProgram);
+    globals.RowsPerPage = kRowPositions;
+    if (!StartIsPossible()) return;
+    TakeStartCommand();
+    ShowMainForm(*globals.MainForm);
+}

@@ -1,0 +1,55 @@
+#include "frame/StartUp.h"
+
+#include "data/Environment.h"
+#include "data/PurgeOldData.h"
+#include "data/RunHistory.h"
+#include "frame/JoinedLater.h"
+#include "frame/MainConnection.h"
+#include "frame/ProgramGlobals.h"
+#include "frame/RunStart.h"
+#include "platform/Services.h"
+#include "text/TimeStamp.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kStartLinkAge = 60;  // seconds
+
+bool OpenDataEnvironment(const QString& command) {
+    if (!LoadEnvironment()) return false;
+    RecordRunStart();
+    ReceiveStartLink(command, TimeStamp(platform::Services().clock->Now().addSecs(-kStartLinkAge)));
+    // Shared with the suite's menu program, the only one whose id this is.
+    if (Globals().ProgramId == u"販路推進"_s) PurgeOldData();
+    return OpenMainConnection();
+}
+
+/// The flag says that it was opened once and stays as it is.
+void CloseAndRelease(bool open, platform::Connection& connection) {
+    if (!open) return;
+    connection.Close();
+    connection = platform::Connection();
+}
+
+}  // namespace
+
+bool InitializeData() {
+    MeasureScreen();
+    Globals().ProcCounter = 0;
+    const QString command = TrimBlanks(platform::Services().system->CommandLine());
+    try {
+        return OpenDataEnvironment(command);
+    } catch (const platform::RuntimeError&) {
+        return false;
+    }
+}
+
+void TerminateData() {
+    ProgramGlobals& globals = Globals();
+    if (!globals.LinkStartInfo.isEmpty()) WriteEndLink(globals.LinkEndInfo);
+    RecordRunEnd();
+    CloseAndRelease(globals.ConfigConnectionOpen, globals.ConfigConnection);
+    CloseAndRelease(globals.MainConnectionOpen, globals.MainConnection);
+}

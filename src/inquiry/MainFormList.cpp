@@ -1,0 +1,194 @@
+#include <QRect>
+
+#include "inquiry/DetailList.h"
+#include "inquiry/MainFormPanels.h"
+#include "screen/CheckItem.h"
+#include "screen/DisplayItem.h"
+#include "screen/Fonts.h"
+#include "screen/Form.h"
+#include "screen/Label.h"
+#include "screen/Panel.h"
+#include "screen/ScrollItem.h"
+#include "screen/TabItem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRowHeight = 62;
+constexpr int kTitleHeight = 24;
+constexpr int kTabTop = 190;
+constexpr int kTabBar = 26;  // height of the tab strip
+constexpr int kNumberWidth = 56;
+constexpr int kStaffWidth = 252;
+constexpr int kLeft = 8;
+constexpr int kTabLeft = kLeft + kNumberWidth + kStaffWidth;
+constexpr int kTabWidth = 670;
+constexpr int kListTop = kTabTop + kTabBar + kTitleHeight;
+
+/// An item of a row, in pixels within its panel. The font is the detail rows' Mincho unless told otherwise.
+struct RowItem {
+    QStringView type;
+    QStringView name;
+    int x, y, width;
+    bool gothic = false;
+    int height = 20;
+};
+
+struct RowLabel {
+    QStringView name;
+    QStringView caption;
+    int x, y, width;
+};
+
+constexpr int kLine1 = 1, kLine2 = 21, kLine3 = 41;
+
+constexpr RowItem kStaffItems[] = {
+    {u"xField", u"担当者コード", 1, kLine1, 52},      {u"xField", u"性別区分名", 92, kLine1, 42},
+    {u"xField", u"暗証番号", 138, kLine1, 113},       {u"xField", u"担当者名", 1, kLine2, 250},
+    {u"xKana", u"カナ", 1, kLine3, 250},
+};
+constexpr RowLabel kStaffLabels[] = {{u"itm_ttl_性別", u"性別", 56, kLine1, 34}};
+
+constexpr RowItem kOrganisationItems[] = {
+    {u"xField", u"所属事業所名", 1, kLine1, 222},     {u"xField", u"部門名", 1, kLine2, 222},
+    {u"xField", u"セクション名", 1, kLine3, 222},     {u"xField", u"役職名", 225, kLine1, 198},
+    {u"xField", u"在籍区分名", 287, kLine2, 136},     {u"xField", u"社員区分名", 287, kLine3, 136},
+    {u"xField", u"生年月日年号", 487, kLine1, 46},    {u"xField", u"生年月日年", 535, kLine1, 40},
+    {u"xField", u"生年月日月", 577, kLine1, 40},      {u"xField", u"生年月日日", 619, kLine1, 40},
+    {u"xField", u"入社日付年号", 487, kLine2, 46},    {u"xField", u"入社日付年", 535, kLine2, 40},
+    {u"xField", u"入社日付月", 577, kLine2, 40},      {u"xField", u"入社日付日", 619, kLine2, 40},
+    {u"xField", u"退社日付年号", 487, kLine3, 46},    {u"xField", u"退社日付年", 535, kLine3, 40},
+    {u"xField", u"退社日付月", 577, kLine3, 40},      {u"xField", u"退社日付日", 619, kLine3, 40},
+};
+constexpr RowLabel kOrganisationLabels[] = {
+    {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},   {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
+    {u"itm_ttl_生年月日", u"生年月日", 425, kLine1, 60}, {u"itm_ttl_入社日付", u"入社日付", 425, kLine2, 60},
+    {u"itm_ttl_退社日付", u"退職日付", 425, kLine3, 60},
+};
+
+constexpr RowItem kAddressItems[] = {
+    {u"xZip", u"郵便番号", 1, kLine1, 84},      {u"xField", u"住所A", 87, kLine1, 286},
+    {u"xField", u"住所B", 1, kLine2, 372},      {u"xField", u"住所C", 1, kLine3, 372},
+    {u"xTel", u"電話", 427, kLine1, 232},       {u"xTel", u"携帯電話", 427, kLine2, 232},
+    {u"xField", u"EMAIL", 427, kLine3, 232},
+};
+constexpr RowLabel kAddressLabels[] = {
+    {u"itm_ttl_電話", u"ＴＥＬ", 375, kLine1, 50},
+    {u"itm_ttl_携帯電話", u"携帯", 375, kLine2, 50},
+    {u"itm_ttl_EMAIL", u"E-mail", 375, kLine3, 50},
+};
+
+constexpr RowItem kOtherItems[] = {
+    {u"xText", u"担当者メモ", 1, kLine1, 440, false, 60},
+    {u"xField", u"登録日付", 487, kLine1, 172, true},
+    {u"xField", u"更新日付", 487, kLine2, 172, true},
+};
+constexpr RowLabel kOtherLabels[] = {
+    {u"itm_ttl_登録日付", u"登録", 443, kLine1, 42},
+    {u"itm_ttl_更新日付", u"更新", 443, kLine2, 42},
+};
+
+template <size_t Items, size_t Labels>
+void FillRowPanel(Form& form, Panel& panel, int position, const RowItem (&items)[Items],
+                  const RowLabel (&labels)[Labels]) {
+    for (const RowLabel& label : labels) {
+        auto* made = new Label(form, panel, label.name.toString(), position, label.caption.toString());
+        made->setFont(SuiteFont(SuiteFace::PGothic, 9));
+        made->setAlignment(Qt::AlignCenter);
+        made->setGeometry(label.x, label.y, label.width, 20);
+    }
+    for (const RowItem& item : items) {
+        auto* made = new DisplayItem(form, panel, item.type.toString(), item.name.toString(), position);
+        made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
+        made->setGeometry(item.x, item.y, item.width, item.height);
+    }
+}
+
+Panel& MakeRowPanel(Form& form, QWidget& parent, const QString& name, int position, const QRect& place) {
+    auto* panel = new Panel(form, parent, name, position, QString());
+    panel->setGeometry(place);
+    return *panel;
+}
+
+void BuildRowNumber(Form& form, int position) {
+    Panel& panel = MakeRowPanel(form, form, u"bak_dtl_行No"_s, position,
+                                {kLeft, kListTop + position * kRowHeight, kNumberWidth, kRowHeight});
+    auto* number = new DisplayItem(form, panel, u"xField"_s, u"行No"_s, position);
+    number->setFont(SuiteFont(SuiteFace::Gothic, 11.25));
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    number->setGeometry(1, kLine1, kNumberWidth - 2, 20);
+    auto* box = new CheckItem(form, panel, u"chb_出力対象"_s, position, QString());
+    box->setFocusPolicy(Qt::NoFocus);
+    box->setGeometry((kNumberWidth - 20) / 2, kLine2 + 8, 20, 20);
+}
+
+struct TabPages {
+    QWidget& organisation;
+    QWidget& address;
+    QWidget& other;
+};
+
+void BuildRow(Form& form, const TabPages& pages, int position) {
+    BuildRowNumber(form, position);
+    Panel& staff = MakeRowPanel(form, form, u"bak_dtla"_s, position,
+                                {kLeft + kNumberWidth, kListTop + position * kRowHeight, kStaffWidth, kRowHeight});
+    FillRowPanel(form, staff, position, kStaffItems, kStaffLabels);
+    const QRect place(0, kTitleHeight + position * kRowHeight, kTabWidth - 4, kRowHeight);
+    FillRowPanel(form, MakeRowPanel(form, pages.organisation, u"bak_dtlb"_s, position, place), position,
+                 kOrganisationItems, kOrganisationLabels);
+    FillRowPanel(form, MakeRowPanel(form, pages.address, u"bak_dtlc"_s, position, place), position, kAddressItems,
+                 kAddressLabels);
+    FillRowPanel(form, MakeRowPanel(form, pages.other, u"bak_dtld"_s, position, place), position, kOtherItems,
+                 kOtherLabels);
+}
+
+struct Title {
+    QStringView name;
+    QStringView caption;
+    int x, width;
+};
+
+void BuildTitles(Form& form, QWidget& parent, const QString& panelName, const QRect& place,
+                 std::initializer_list<Title> titles) {
+    auto* panel = new Panel(form, parent, panelName, -1, QString());
+    panel->SetBackColor(kCaptionColor);
+    panel->setGeometry(place);
+    for (const Title& title : titles) {
+        auto* label = new Label(form, *panel, title.name.toString(), -1, title.caption.toString());
+        label->setFont(SuiteFont(SuiteFace::PGothic, 10));
+        label->setAlignment(Qt::AlignCenter);
+        label->setGeometry(title.x, 1, title.width, kTitleHeight - 2);
+    }
+}
+
+void BuildAllTitles(Form& form, const TabPages& pages) {
+    const int top = kListTop - kTitleHeight;
+    const QRect page(0, 0, kTabWidth - 4, kTitleHeight);
+    BuildTitles(form, form, u"bak_dtl_head_行No"_s, {kLeft, top, kNumberWidth, kTitleHeight},
+                {{u"itm_ttl_行No", u"行No", 1, kNumberWidth - 2}});
+    BuildTitles(form, form, u"baK_dtl_heada"_s, {kLeft + kNumberWidth, top, kStaffWidth, kTitleHeight},
+                {{u"itm_ttl_担当者", u"コード/氏名/カナ", 1, kStaffWidth - 2}});
+    BuildTitles(form, pages.organisation, u"baK_dtl_headb"_s, page,
+                {{u"itm_ttl_所属", u"所属", 1, 222},
+                 {u"itm_ttl_役職", u"役職/在籍/社員区分", 225, 198},
+                 {u"itm_ttl_日付", u"生年月日/入社日付/退職日付", 425, 234}});
+    BuildTitles(form, pages.address, u"bak_dtl_head"_s, page,
+                {{u"itm_ttl_住所", u"住所", 1, 372}, {u"itm_ttl_連絡先", u"連絡先", 375, 284}});
+    BuildTitles(form, pages.other, u"bak_dtl_headd"_s, page,
+                {{u"itm_ttl_メモ", u"メモ", 1, 440}, {u"itm_ttl_登録更新日付", u"登録・更新日付", 443, 216}});
+}
+
+}  // namespace
+
+void BuildListPanel(Form& form) {
+    constexpr int kListHeight = kRowPositions * kRowHeight;
+    auto* tab = new TabItem(form, form, u"tab_詳細"_s);
+    tab->setFont(SuiteFont(SuiteFace::PGothic, 10));
+    tab->setGeometry(kTabLeft, kTabTop, kTabWidth, kTabBar + kTitleHeight + kListHeight + 2);
+    const TabPages pages{tab->AddPage(u"所属情報"_s), tab->AddPage(u"基本情報"_s), tab->AddPage(u"その他"_s)};
+    BuildAllTitles(form, pages);
+    for (int position = 0; position < kRowPositions; ++position) BuildRow(form, pages, position);
+    auto* bar = new ScrollItem(form, form, u"scl_行"_s);
+    bar->setGeometry(kTabLeft + kTabWidth, kListTop, 18, kListHeight + 2);
+}

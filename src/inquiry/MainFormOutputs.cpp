@@ -1,0 +1,66 @@
+#include <QStringList>
+
+#include "inquiry/ConditionProcedures.h"
+#include "inquiry/MainFormPanels.h"
+#include "screen/Button.h"
+#include "screen/Fonts.h"
+#include "screen/Form.h"
+#include "screen/Label.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kButtonTop = 744;
+constexpr int kButtonHeight = 34;
+constexpr int kNoticeTop = 782;
+constexpr int kNoticeHeight = 24;
+constexpr int kWindowWidth = 1012;
+
+struct OutputLook {
+    QStringView name;
+    QStringView caption;
+    int x, width;
+};
+constexpr OutputLook kOutputs[] = {
+    {u"btn_印刷", u"印刷", 8, 116},          {u"btn_プレビュ", u"プレビュ", 128, 116},
+    {u"btn_テキスト出力", u"ﾃｷｽﾄ出力", 248, 116}, {u"btn_封筒", u"封筒", 384, 116},
+    {u"btn_はがき", u"はがき", 504, 116},    {u"btn_宛名ラベル", u"宛名ラベル", 624, 116},
+    {u"btn_終了", u"終了", 888, 116},
+};
+
+/// The stops of the Tab key in their order. A head item that a selection has just disabled is followed by the next
+/// item and not by a button, so the focus stays among the items; the head's buttons come behind all of them.
+QStringList TabStops() {
+    QStringList stops;
+    for (const SearchTextDefinition& text : SearchTextDefinitions()) stops << text.item;
+    const auto& kinds = KindDefinitions();
+    stops << kinds[0].item << kinds[0].listItem << kinds[1].item << kinds[1].listItem;
+    for (const RangeDefinition& range : RangeDefinitions()) stops << range.fromItem << range.toItem;
+    stops << kinds[2].item << kinds[2].listItem << u"btn_集計検索"_s << u"btn_画面クリア"_s;
+    stops << SelectionButtons() << u"ヘッド終了"_s << u"tab_詳細"_s;
+    for (const OutputLook& look : kOutputs) stops << look.name.toString();
+    return stops;
+}
+
+}  // namespace
+
+void BuildOutputPanel(Form& form) {
+    for (const OutputLook& look : kOutputs) {
+        auto* button = new Button(form, form, look.name.toString(), look.caption.toString());
+        button->setFont(SuiteFont(SuiteFace::PGothic, 12));
+        button->setGeometry(look.x, kButtonTop, look.width, kButtonHeight);
+    }
+    auto* notice = new Label(form, form, u"お知らせ"_s, -1, QString());
+    notice->setFont(SuiteFont(SuiteFace::PGothic, 12));
+    notice->SetPlain();
+    notice->setGeometry(0, kNoticeTop, kWindowWidth, kNoticeHeight);
+}
+
+void SetTabOrder(Form& form) {
+    int index = 0;
+    for (const QString& name : TabStops()) {
+        form.Item(name).SetTabIndex(index++);
+        form.Item(name).SetTabStop(true);
+    }
+}

@@ -1,0 +1,96 @@
+#include "frame/JoinedLater.h"
+#include "frame/ProgramGlobals.h"
+#include "inquiry/MainFormPanels.h"
+#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/ScreenState.h"
+#include "inquiry/StaffQuery.h"
+#include "inquiry/frm要員名簿照会.h"
+#include "platform/Services.h"
+#include "screen/modクライアント処理.h"
+#include "screen/modマニュアル.h"
+#include "screen/msgお待ち.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPrint = 4;
+constexpr int kPreview = 5;
+constexpr int kTextOutput = 6;
+
+/// An output button that asks before it works.
+struct OutputButton {
+    QString button;
+    int operation;
+    QString question;
+    void (*action)();
+};
+
+const QList<OutputButton>& OutputButtons() {
+    static const QList<OutputButton> buttons = {
+        {u"btn_印刷"_s, kPrint, u"印刷しますか?"_s, RunReportPrint},
+        {u"btn_プレビュ"_s, kPreview, u"プレビュしますか?"_s, RunReportPreview},
+        {u"btn_封筒"_s, kPrint, u"印刷しますか?"_s, RunEnvelopePrint},
+        {u"btn_はがき"_s, kPrint, u"印刷しますか?"_s, RunPostcardPrint},
+        {u"btn_宛名ラベル"_s, kPrint, u"印刷しますか?"_s, RunLabelPrint},
+    };
+    return buttons;
+}
+
+bool Permitted(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
+
+}  // namespace
+
+void frm要員名簿照会::WireCommands() {
+    Item(u"btn_集計検索"_s).Click = Guarded([this] { Search(); });
+    Item(u"btn_画面クリア"_s).Click = Guarded([this] { Clear(); });
+    for (const OutputButton& output : OutputButtons())
+        Item(output.button).Click =
+            Guarded([this, output] { Output(output.operation, output.question, output.action); });
+    Item(u"btn_テキスト出力"_s).Click = Guarded([this] {
+        if (Permitted(kTextOutput)) RunTextOutput();
+        MoveFocus(*Globals().LastHeadItem);
+    });
+    for (const QString& name : SelectionButtons())
+        Item(name).Click = Guarded([name] { OpenSelectionWindow(name); });
+    // Behind the last item of the head: tabbing onto it, or a key on it, validates the head and moves nothing.
+    Control& headEnd = Item(u"ヘッド終了"_s);
+    headEnd.GotFocus = Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); });
+    headEnd.KeyDown = [this](int) { Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); })(); };
+    // The three that work whatever goes on.
+    Item(u"btn_終了"_s).Click = [this] { Leave(); };
+    Item(u"manualpanel"_s).Click = [] { OpenManual(); };
+    Item(u"prg_ttl"_s).Click = [this] { MoveFocus(*Globals().LastHeadItem); };
+}
+
+void frm要員名簿照会::Search() {
+    const int missing = ValidateHead();
+    // A missing end of positions or staff does not stop the search: it runs with an empty bound and finds nothing.
+    if (missing == 1 || missing == 2) {
+        FocusMissingRangeEnd(missing);
+        return;
+    }
+    ShowWaitDialog();
+    platform::LetEventsThrough();
+    DisableFormControls();
+    ResetRowStore();
+    RunStaffSearch();
+    EnableFormControls();
+    RefreshScreen();
+    SetupScrollBar();
+    UnloadWaitDialog();
+    MoveFocus(*Globals().FirstHeadItem);
+}
+
+void frm要員名簿照会::Clear() {
+    CloseConditionWindows();
+    RefreshScreen();
+    ResetListArea();
+    SetupScrollBar();
+    MoveFocus(*Globals().FirstHeadItem);
+}
+
+void frm要員名簿照会::Output(int operation, const QString& question, const std::function<void()>& action) {
+    if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) action();
+    MoveFocus(*Globals().LastHeadItem);
+}

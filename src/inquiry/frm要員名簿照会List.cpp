@@ -1,0 +1,97 @@
+#include "frame/JoinedLater.h"
+#include "frame/ProgramGlobals.h"
+#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
+#include "inquiry/frm要員名簿照会.h"
+#include "platform/Services.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What most callers name as the item to go to. No item bears it, so the focus stays.
+const QString kNoItem = u"btn_集計検索"_s;
+const QColor kRowInWork(255, 128, 128);
+
+// The row's panels that show that it is being worked on. bak_dtld is the row's part on the third page and keeps its
+// colour.
+const QStringList kPaintedPanels = {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s};
+
+const QStringList kTitles = {u"bak_dtl_head_行No"_s, u"baK_dtl_heada"_s,  u"baK_dtl_headb"_s, u"itm_ttl_行No"_s,
+                             u"itm_ttl_担当者"_s,    u"itm_ttl_所属"_s,   u"itm_ttl_役職"_s,  u"itm_ttl_日付"_s,
+                             u"itm_ttl_住所"_s,      u"itm_ttl_連絡先"_s};
+
+const QStringList kRowPanelsAndLabels = {u"bak_dtlb"_s,           u"bak_dtlc"_s,           u"bak_dtld"_s,
+                                         u"itm_ttl_性別"_s,       u"itm_ttl_在籍区分名"_s, u"itm_ttl_社員区分名"_s,
+                                         u"itm_ttl_電話"_s,       u"itm_ttl_携帯電話"_s,   u"itm_ttl_EMAIL"_s};
+
+bool RowExists(int position) { return Globals().TopRow + position <= Globals().LastRow; }
+
+}  // namespace
+
+void frm要員名簿照会::WireList() {
+    for (const QString& name : kTitles) Item(name).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
+    for (const QString& name : {u"在籍区分"_s, u"社員区分"_s, u"表示順区分"_s})
+        Item(u"itm_ttl_"_s + name).Click = Guarded([this, name] { ItemClicked(1, 0, name); });
+    Item(u"tab_詳細"_s).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
+    // Works whatever has the focus, so it has no guard.
+    Item(u"scl_行"_s).Change = [this] { ScrollList(); };
+    for (int position = 0; position < kRowPositions; ++position) WireRow(position);
+}
+
+void frm要員名簿照会::WireRow(int position) {
+    const auto rowClick = Guarded([this, position] { ItemClicked(2, position, kNoItem); });
+    const auto panelClick = Guarded([this, position] { RowPanelClicked(2, position, kNoItem); });
+    Item(u"bak_dtl_行No"_s, position).Click = panelClick;
+    Item(u"bak_dtla"_s, position).Click = panelClick;
+    for (const QString& name : kRowPanelsAndLabels) Item(name, position).Click = rowClick;
+    Item(u"行No"_s, position).Click = rowClick;
+    for (const DetailItem& detail : DetailItems()) Item(detail.item, position).Click = rowClick;
+    Item(u"暗証番号"_s, position).Click = nullptr;  // a click on the PIN does nothing
+
+    Control& box = Item(u"chb_出力対象"_s, position);
+    box.Click = Guarded([&box, position] {
+        Globals().Rows.出力対象[static_cast<size_t>(Globals().TopRow + position)] = static_cast<qint16>(box.Value());
+    });
+}
+
+void frm要員名簿照会::ScrollList() {
+    Globals().TopRow = Item(u"scl_行"_s).Value();
+    RefreshScreen();
+    MoveFocus(*Globals().LastHeadItem);  // the list takes no focus of its own
+}
+
+bool frm要員名簿照会::ItemClicked(int kind, int position, const QString& name) {
+    const int missing = CheckRangeEnds();
+    if (missing != 0) {
+        FocusMissingRangeEnd(missing);
+    } else {
+        if (kind == 2 && RowExists(position)) LaunchRow(position);
+        FocusHeadItemByName(name);
+    }
+    SetOutputButtons();
+    return missing != 0;
+}
+
+bool frm要員名簿照会::RowPanelClicked(int kind, int position, const QString& name) {
+    const int missing = CheckRangeEnds();
+    if (missing != 0)
+        FocusMissingRangeEnd(missing);
+    else if (kind == 2 && RowExists(position))
+        LaunchRow(position);
+    else
+        FocusHeadItemByName(name);
+    SetOutputButtons();
+    return missing != 0;
+}
+
+void frm要員名簿照会::LaunchRow(int position) {
+    const QColor kept = Item(u"bak_dtla"_s, position).BackColor();
+    const auto paint = [this, position](const QColor& color) {
+        for (const QString& panel : kPaintedPanels) Item(panel, position).SetBackColor(color);
+    };
+    paint(kRowInWork);
+    platform::LetEventsThrough();
+    LaunchStaffRegistration(position);
+    paint(kept);
+}

@@ -1,0 +1,35 @@
+#include "platform/TerminationSignal.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+int g_signalEnds[2];  // a signal handler may write to a socket and little else
+
+void WriteSignal(int) {
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = ::write(g_signalEnds[0], &byte, 1);
+}
+
+}  // namespace
+
+void OnTerminationRequest(std::function<void()> handler) {
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, g_signalEnds) != 0) return;
+    auto* notifier = new QSocketNotifier(g_signalEnds[1], QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [handler = std::move(handler)] {
+        char byte = 0;
+        if (::read(g_signalEnds[1], &byte, 1) == 1) handler();
+    });
+    struct sigaction action = {};
+    action.sa_handler = WriteSignal;
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGTERM, &action, nullptr);
+}
+
+}  // namespace platform

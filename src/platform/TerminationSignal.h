@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace platform {
+
+/// Lets a request of the system to end the process (SIGTERM) arrive as an event: the handler runs where events are
+/// let through, also inside a modal window. Needs the application object; to be called once.
+void OnTerminationRequest(std::function<void()> handler);
+
+}  // namespace platform

@@ -1,0 +1,91 @@
+#include "setup/Commands.h"
+
+#include <limits>
+
+#include "setup/Arguments.h"
+#include "setup/HistoryCommand.h"
+#include "setup/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+const QString kUsage =
+    u"使い方:\n"
+    u"  suite-setup init フォルダ [オプション]     インストールを作る\n"
+    u"      --staff N             見本の要員の人数（1 から 99999、省略時は 300）\n"
+    u"      --seed N              見本の種（同じ種からは同じデータができる、省略時は 1）\n"
+    u"      --kind accdb|mdb      データベースファイルの種類（省略時は accdb）\n"
+    u"      --install-kind 0|1    0: 構成を全員で共有する  1: 利用者ごとに持つ（省略時は 0）\n"
+    u"      --replace             既にあるインストールを作り直す（中のデータは失われる）\n"
+    u"  suite-setup history フォルダ [オプション]  稼動履歴を古い順に表示する\n"
+    u"      --run N               新しい方から N 番目の実行だけを表示する\n"
+    u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
+    u"      --follow              中断されるまで、追加される行を待って表示する\n"
+    u"  suite-setup --help                         この説明を表示する\n"
+    u"\n"
+    u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
+
+void MakeFromArguments(const Arguments& arguments, const Console& console) {
+    InstallationRequest request;
+    request.folder = arguments.installation;
+    request.programFolder = console.programFolder;
+    request.staff = static_cast<int>(arguments.Number(u"--staff"_s, request.staff, 1, 99999));
+    request.seed = static_cast<quint64>(arguments.Number(u"--seed"_s, 1, 0, std::numeric_limits<qint64>::max()));
+    request.kind = arguments.Choice(u"--kind"_s, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? kMdb : kAccdb;
+    request.installKind = arguments.Choice(u"--install-kind"_s, {u"0"_s, u"1"_s}).toInt();
+    request.replace = arguments.Has(u"--replace"_s);
+    const QString root = MakeInstallation(request);
+    console.out << u"%1 に要員 %2 名のインストールを作りました。\n"_s.arg(root).arg(request.staff);
+}
+
+QList<OptionRule> InitOptions() {
+    return {{u"--staff"_s, true},
+            {u"--seed"_s, true},
+            {u"--kind"_s, true},
+            {u"--install-kind"_s, true},
+            {u"--replace"_s, false}};
+}
+
+struct Verb {
+    const char16_t* name;
+    QList<OptionRule> (*options)();
+    void (*run)(const Arguments&, const Console&);
+};
+
+constexpr Verb kVerbs[] = {
+    {u"init", InitOptions, MakeFromArguments},
+    {u"history", HistoryOptions, ShowHistory},
+};
+
+void RunVerb(const QStringList& arguments, const Console& console) {
+    if (arguments.isEmpty()) throw Refusal(u"コマンドを指定してください。"_s);
+    for (const Verb& verb : kVerbs)
+        if (arguments.first() == QStringView(verb.name))
+            return verb.run(ParseArguments(arguments.mid(1), verb.options()), console);
+    throw Refusal(u"コマンド %1 はありません。"_s.arg(arguments.first()));
+}
+
+}  // namespace
+
+int RunSetup(const QStringList& arguments, const Console& console) {
+    if (arguments.contains(u"--help"_s)) {
+        console.out << kUsage;
+        return 0;
+    }
+    try {
+        RunVerb(arguments, console);
+        return 0;
+    } catch (const Refusal& refusal) {
+        console.err << u"suite-setup: "_s << refusal.Description() << u'\n'
+                    << u"使い方は suite-setup --help で表示されます。\n"_s;
+        return 2;
+    } catch (const platform::RuntimeError& error) {
+        console.err << u"suite-setup: "_s << error.Description() << u'\n';
+        return 1;
+    }
+}
+
+}  // namespace setup

@@ -1,0 +1,164 @@
+#include "setup/Installer.h"
+
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "setup/ConfigurationStore.h"
+#include "setup/Manual.h"
+#include "setup/SampleLogs.h"
+#include "setup/SampleMasters.h"
+#include "setup/SampleStaff.h"
+#include "setup/StoreWriter.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+const QStringList kPrograms{u"要員名簿照会"_s, u"suite-setup"_s};
+
+struct FolderRule {
+    const char16_t* name;
+    mode_t mode;
+};
+
+// Users write to conf, report and users; files made there take over the folder's group.
+constexpr FolderRule kFolders[] = {{u"prgbin", 0755},  {u"data", 0755},   {u"conf", 02775},
+                                   {u"report", 02775}, {u"manual", 0755}, {u"users", 02775}};
+
+[[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
+
+void SetMode(const QString& path, mode_t mode) {
+    if (::chmod(QFile::encodeName(path).constData(), mode) != 0) Fail(path + u" の権限を設定できません。"_s);
+}
+
+QString Suffix(FileKind kind) { return kind == kMdb ? u".mdb"_s : u".accdb"_s; }
+
+void MakeFolders(const QString& root) {
+    SetMode(root, 0755);
+    for (const FolderRule& folder : kFolders) {
+        const QString path = root + u'/' + QString::fromUtf16(folder.name);
+        if (!QDir().mkdir(path)) Fail(u"フォルダ %1 を作成できません。"_s.arg(path));
+        SetMode(path, folder.mode);
+    }
+}
+
+void WriteGeneral(const QString& path, const InstallationRequest& request) {
+    StoreWriter store(path, Store::General);
+    WriteMasters(store);
+    WriteStaff(store, request.staff, request.seed);
+    WriteViewLog(store, request.staff, request.seed);
+    WritePersonalRights(store, request.staff, request.seed);
+    store.Commit();
+}
+
+void WriteManual(const QString& path) {
+    QFile file(path);
+    const QByteArray document = ManualDocument();
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.flush())
+        Fail(u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
+}
+
+void CopyPrograms(const QString& from, const QString& to) {
+    for (const QString& program : kPrograms) {
+        const QString source = from + u'/' + program, target = to + u'/' + program;
+        if (from.isEmpty() || !QFileInfo(source).isFile()) continue;
+        if (!QFile::copy(source, target)) Fail(u"%1 を %2 に複写できません。"_s.arg(source, target));
+    }
+}
+
+/// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
+void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
+    const QString suffix = Suffix(request.kind);
+    MakeFolders(root);
+    WriteGeneral(root + u"/data/gnrdb"_s + suffix, request);
+    const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
+    WriteConfiguration(configuration, {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind});
+    StoreWriter(report, Store::Report).Commit();
+    SetMode(configuration, 0664);
+    SetMode(report, 0664);
+    WriteManual(root + u"/manual/要員名簿照会.doc"_s);
+    CopyPrograms(request.programFolder, root + u"/prgbin"_s);
+}
+
+void CheckRequest(const QString& root, const InstallationRequest& request) {
+    const QFileInfo place(root);
+    // The programs find their root by the first "prgbin" or "prgsrc" in their own path.
+    if (root.contains(u"prgbin"_s, Qt::CaseInsensitive) || root.contains(u"prgsrc"_s, Qt::CaseInsensitive))
+        throw Refusal(u"%1 は使えません。パスに prgbin または prgsrc を含めないでください。"_s.arg(root));
+    // The path goes into connection strings as it is.
+    if (root.contains(u';') || root.contains(u'"'))
+        throw Refusal(u"%1 は使えません。パスに「;」や「\"」を含めないでください。"_s.arg(root));
+    if (place.exists() && !place.isDir()) throw Refusal(u"%1 はフォルダではありません。"_s.arg(root));
+    if (HoldsInstallation(root)) {
+        if (request.replace) return;
+        throw Refusal(u"%1 には既にインストールがあります。作り直すときは --replace を付けてください。"_s.arg(root));
+    }
+    if (place.exists() && !QDir(root).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        throw Refusal(u"%1 は空のフォルダではなく、インストールでもありません。"_s.arg(root));
+}
+
+void Move(const QString& from, const QString& to) {
+    if (!QDir().rename(from, to)) Fail(u"%1 を %2 に移動できません。"_s.arg(from, to));
+}
+
+/// Puts the finished folder into its place. What lay there before goes with the workshop, when the new one stands.
+void PutInPlace(const QString& built, const QString& root, QTemporaryDir& workshop) {
+    const QString old = workshop.filePath(u"old"_s);
+    const bool replacing = HoldsInstallation(root);
+    if (replacing)
+        Move(root, old);
+    else if (QFileInfo::exists(root) && !QDir().rmdir(root))
+        Fail(u"フォルダ %1 を置き換えられません。"_s.arg(root));
+    try {
+        Move(built, root);
+    } catch (const platform::RuntimeError&) {
+        // The old one must not be lost with the workshop if it can't go back.
+        if (replacing && !QDir().rename(old, root)) workshop.setAutoRemove(false);
+        throw;
+    }
+}
+
+}  // namespace
+
+QString MakeInstallation(const InstallationRequest& request) {
+    const QFileInfo asked(request.folder);
+    // Of a link to a folder, the folder is meant: the link itself must survive a replacement.
+    const QString root = QDir::cleanPath(asked.exists() ? asked.canonicalFilePath() : asked.absoluteFilePath());
+    CheckRequest(root, request);
+    const QString parent = QFileInfo(root).path();
+    if (!QDir().mkpath(parent)) Fail(u"フォルダ %1 を作成できません。"_s.arg(parent));
+    // In the same folder, since only there can the finished one be moved into its place in one step.
+    QTemporaryDir workshop(parent + u"/.suite-setup-XXXXXX"_s);
+    if (!workshop.isValid()) Fail(u"フォルダ %1 に書き込めません。%2"_s.arg(parent, workshop.errorString()));
+    const QString built = workshop.filePath(u"new"_s);
+    if (!QDir().mkdir(built)) Fail(u"フォルダ %1 を作成できません。"_s.arg(built));
+    FillInstallation(built, root, request);
+    PutInPlace(built, root, workshop);
+    return root;
+}
+
+bool HoldsInstallation(const QString& folder) {
+    const QDir root(folder);
+    for (const QString& trace : {u"conf/usrcnfg"_s, u"data/gnrdb"_s})
+        for (const FileKind kind : {kAccdb, kMdb})
+            if (QFileInfo(root.filePath(trace + Suffix(kind))).isFile()) return true;
+    return QFileInfo(root.filePath(u"prgbin"_s)).isDir();
+}
+
+QString ConfigurationFile(const QString& confFolder) {
+    for (const FileKind kind : {kAccdb, kMdb}) {
+        const QString path = confFolder + u"/usrcnfg"_s + Suffix(kind);
+        if (QFileInfo(path).isFile()) return path;
+    }
+    return {};
+}
+
+}  // namespace setup

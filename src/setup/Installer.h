@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include "data/EnvironmentDefinition.h"
+#include "platform/RuntimeError.h"
+
+namespace setup {
+
+struct InstallationRequest {
+    QString folder;         ///< where the installation shall lie; absolute, or against the working folder
+    QString programFolder;  ///< where the built programs lie; empty: the installation gets none
+    int staff = 300;        ///< 1 to 99,999
+    quint64 seed = 1;
+    FileKind kind = kAccdb;
+    int installKind = 0;
+    bool replace = false;
+};
+
+/// Files and folders that an administrator asked for in a way that can't or must not be done. Nothing was changed.
+class Refusal : public platform::RuntimeError {
+  public:
+    explicit Refusal(const QString& description) : RuntimeError(2, description) {}
+};
+
+/// Makes an installation with all tables and the sample. It is built beside its place and moved there whole, so a
+/// failure leaves nothing behind that looks like an installation, and with `replace` keeps the old one. Throws Refusal
+/// before anything is touched, otherwise platform::RuntimeError. Returns the absolute path of the installation.
+QString MakeInstallation(const InstallationRequest& request);
+
+/// True when the folder holds an installation, or what is left of one.
+bool HoldsInstallation(const QString& folder);
+
+/// The configuration file in a conf folder, .accdb before .mdb; empty without one.
+QString ConfigurationFile(const QString& confFolder);
+
+}  // namespace setup

@@ -1,0 +1,88 @@
+#include "setup/Manual.h"
+
+#include <QList>
+#include <QString>
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+enum class Style { Title, Heading, Text, Item };
+
+struct Paragraph {
+    Style style;
+    const char16_t* text;
+};
+
+constexpr Paragraph kParagraphs[] = {
+    {Style::Title, u"要員名簿照会　操作の手引き"},
+    {Style::Text,
+     u"要員名簿照会は、要員台帳に登録された社員を条件で絞り込み、一覧に表示するプログラムです。起動すると、"
+     u"在籍している社員の一覧がすぐに表示されます。"},
+    {Style::Heading, u"１　条件の入力"},
+    {Style::Item,
+     u"部門、セクション、役職、担当者はコードの範囲で指定します。桁数に満たないコードには先頭にゼロが"
+     u"補われます。開始が終了より大きいときは、後から入力した値に他方が揃います。"},
+    {Style::Item,
+     u"名称、カナ、住所、電話、郵便番号は文字の一部で検索します。大文字と小文字、全角と半角、ひらがなと"
+     u"カタカナは区別しません。"},
+    {Style::Item, u"在籍区分と社員区分は番号で入力するか、右の一覧から選びます。「全て」を選ぶと条件になりません。"},
+    {Style::Item, u"表示順区分で、担当者コード、所属コード、名称、カナ、郵便番号のいずれかの順を選びます。"},
+    {Style::Heading, u"２　検索と画面クリア"},
+    {Style::Item, u"「検索」を押すと、入力した条件で一覧を作り直します。条件を変えただけでは一覧は変わりません。"},
+    {Style::Item, u"「画面クリア」を押すと、条件が初期値に戻り、一覧は空になります。"},
+    {Style::Item, u"対象の件数が上限を超えると、その旨を表示し、上限までの社員を一覧にします。"},
+    {Style::Heading, u"３　一覧の見方"},
+    {Style::Item, u"一覧は右のスクロールバー、またはマウスのホイールで送ります。"},
+    {Style::Item, u"行の左端のチェックを外した社員は、印刷やテキスト出力の対象になりません。"},
+    {Style::Item, u"行をクリックすると要員台帳更新が開き、閉じるとその行が読み直されます。"},
+    {Style::Heading, u"４　困ったとき"},
+    {Style::Item,
+     u"「データベースが使用できません。」と表示されて終了するときは、ネットワークの接続を確かめてから、"
+     u"管理者に連絡してください。"},
+    {Style::Item,
+     u"探している社員が表示されないときは、在籍区分を「全て」にし、範囲を初期値に戻して検索してください。"},
+    {Style::Item, u"動作の記録は管理者が履歴で確かめることができます。日時を控えておいてください。"},
+};
+
+QByteArray Escaped(const QString& text) {
+    QByteArray rtf;
+    for (const QChar unit : text) {
+        if (unit == u'\\' || unit == u'{' || unit == u'}') rtf += '\\';
+        if (unit.unicode() < 0x80)
+            rtf += static_cast<char>(unit.unicode());
+        else
+            // The number is a signed 16-bit one; "?" is what a reader without Unicode shows in its place.
+            rtf += "\\u" + QByteArray::number(static_cast<qint16>(unit.unicode())) + '?';
+    }
+    return rtf;
+}
+
+QByteArray Opening(Style style) {
+    switch (style) {
+        case Style::Title:
+            return "\\pard\\qc\\sa240\\f1\\fs36\\b ";
+        case Style::Heading:
+            return "\\pard\\sb240\\sa80\\f1\\fs26\\b ";
+        case Style::Text:
+            return "\\pard\\sa80\\f0\\fs22\\b0 ";
+        case Style::Item:
+            break;
+    }
+    return "\\pard\\li360\\fi-240\\sa80\\f0\\fs22\\b0 " + Escaped(u"・"_s);
+}
+
+}  // namespace
+
+QByteArray ManualDocument() {
+    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg932\\deff0\\uc1{\\fonttbl{\\f0\\froman\\fcharset128 " +
+                     Escaped(u"ＭＳ 明朝"_s) + ";}{\\f1\\fswiss\\fcharset128 " + Escaped(u"ＭＳ ゴシック"_s) +
+                     ";}}\n\\paperw11906\\paperh16838\\margl1701\\margr1701\\margt1701\\margb1701\n";
+    for (const Paragraph& paragraph : kParagraphs)
+        rtf += Opening(paragraph.style) + Escaped(QString::fromUtf16(paragraph.text)) + "\\par\n";
+    return rtf + "}\n";
+}
+
+}  // namespace setup

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <span>
+
+#include "setup/StoreWriter.h"
+
+namespace setup {
+
+struct SampleSection {
+    const char16_t* department;
+    const char16_t* code;
+};
+
+/// Offices that work as such, "000" left out.
+std::span<const char16_t* const> SampleOfficeCodes();
+/// Sections in operation, each under its department.
+std::span<const SampleSection> SampleSections();
+
+/// Company, offices, departments, sections, positions, class tables, eras and partner systems.
+void WriteMasters(StoreWriter& store);
+
+}  // namespace setup

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QtGlobal>
+#include <span>
+
+namespace setup {
+
+/// Numbers that depend on nothing but seed and stream, on every machine and day; the distributions of the standard
+/// library differ from one to the next. Each staff member has a stream of his own, so a bigger sample begins with
+/// the people of a smaller one.
+class SampleRandom {
+  public:
+    SampleRandom(quint64 seed, quint64 stream) : state_(Mix(seed + Mix(stream))) {}
+
+    quint64 Next() { return Mix(state_ += kStep); }
+    int Below(int bound) { return static_cast<int>(Next() % static_cast<quint64>(bound)); }
+    /// Both ends included.
+    int Between(int low, int high) { return low + Below(high - low + 1); }
+    bool Percent(int chance) { return Below(100) < chance; }
+    template <typename T>
+    const T& Pick(std::span<const T> items) {
+        return items[static_cast<size_t>(Below(static_cast<int>(items.size())))];
+    }
+
+  private:
+    static constexpr quint64 kStep = 0x9E3779B97F4A7C15ULL;
+    static quint64 Mix(quint64 value) {
+        value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9ULL;
+        value = (value ^ (value >> 27)) * 0x94D049BB133111EBULL;
+        return value ^ (value >> 31);
+    }
+    quint64 state_;
+};
+
+}  // namespace setup

@@ -1,0 +1,114 @@
+#include "setup/StoreWriter.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+QString Quoted(const QString& name) { return u'"' + name + u'"'; }
+
+QString QuotedList(const QStringList& names) {
+    QStringList quoted;
+    for (const QString& name : names) quoted.append(Quoted(name));
+    return quoted.join(u", "_s);
+}
+
+QString CreateStatement(const TableDefinition& table) {
+    QStringList parts;
+    for (const ColumnDefinition& column : table.columns) parts.append(Quoted(column.name) + u' ' + column.type);
+    if (!table.key.isEmpty()) parts.append(u"PRIMARY KEY ("_s + QuotedList(table.key) + u')');
+    return u"CREATE TABLE "_s + Quoted(table.name) + u" ("_s + parts.join(u", "_s) + u')';
+}
+
+QString IndexStatement(const TableDefinition& table, int number) {
+    return u"CREATE INDEX "_s + Quoted(table.name + u"_索引"_s + QString::number(number + 1)) + u" ON "_s +
+           Quoted(table.name) + u" ("_s + QuotedList(table.indexes[number]) + u')';
+}
+
+}  // namespace
+
+StoreWriter::StoreWriter(const QString& path, Store store) : store_(store) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    try {
+        if (QFile::exists(path)) throw platform::DatabaseError(SQLITE_CANTOPEN, path + u" は既にあります。"_s);
+        if (sqlite3_open_v2(path.toUtf8().constData(), &database_, flags, nullptr) != SQLITE_OK) Fail();
+        Execute(u"PRAGMA journal_mode = DELETE"_s);
+        Execute(u"BEGIN IMMEDIATE"_s);
+        for (const TableDefinition& table : SuiteTables())
+            if (table.store == store) Execute(CreateStatement(table));
+    } catch (...) {
+        sqlite3_close(database_);
+        throw;
+    }
+}
+
+StoreWriter::~StoreWriter() { sqlite3_close(database_); }
+
+void StoreWriter::Commit() {
+    for (const TableDefinition& table : SuiteTables()) {
+        if (table.store != store_) continue;
+        for (int number = 0; number < table.indexes.size(); ++number) Execute(IndexStatement(table, number));
+    }
+    Execute(u"COMMIT"_s);
+}
+
+void StoreWriter::Execute(const QString& sql) {
+    if (sqlite3_exec(database_, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK) Fail();
+}
+
+sqlite3_stmt* StoreWriter::Prepare(const QString& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database_, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK) Fail();
+    return statement;
+}
+
+void StoreWriter::Fail() const {
+    throw platform::DatabaseError(sqlite3_extended_errcode(database_), QString::fromUtf8(sqlite3_errmsg(database_)));
+}
+
+TableWriter::TableWriter(StoreWriter& store, const QString& table) : store_(store), table_(table) {
+    QStringList names, places;
+    for (const ColumnDefinition& column : SuiteTable(store.WhichStore(), table).columns) {
+        names.append(column.name);
+        places.append(u"?"_s);
+        parameters_.insert(column.name, static_cast<int>(names.size()));
+    }
+    statement_ = store.Prepare(u"INSERT INTO "_s + Quoted(table) + u" ("_s + QuotedList(names) + u") VALUES ("_s +
+                               places.join(u", "_s) + u')');
+}
+
+TableWriter::~TableWriter() { sqlite3_finalize(statement_); }
+
+TableWriter& TableWriter::Set(const QString& column, const QString& value) {
+    const int parameter = parameters_.value(column);
+    if (parameter == 0)
+        throw platform::DatabaseError(platform::kItemNotFound,
+                                      u"列 %1 はテーブル %2 にありません。"_s.arg(column, table_));
+    const QByteArray utf8 = value.toUtf8();
+    if (sqlite3_bind_text(statement_, parameter, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT) !=
+        SQLITE_OK)
+        store_.Fail();
+    return *this;
+}
+
+void TableWriter::Add() {
+    if (sqlite3_step(statement_) != SQLITE_DONE) store_.Fail();
+    sqlite3_reset(statement_);
+    sqlite3_clear_bindings(statement_);
+}
+
+void TableWriter::AddLines(const QString& columns, const QStringList& lines) {
+    const QStringList names = columns.split(u' ');
+    for (const QString& line : lines) {
+        const QStringList values = line.split(u'|');
+        for (int i = 0; i < names.size(); ++i) Set(names[i], values.value(i, u""_s));
+        Add();
+    }
+}
+
+}  // namespace setup

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+#include "data/Catalogue.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace setup {
+
+/// Makes one database file of the suite. Everything lies in one transaction, so the file holds nothing before
+/// Commit. All members throw platform::DatabaseError with the engine's words.
+class StoreWriter {
+  public:
+    /// Creates the file with all tables of the store. The file must not exist.
+    StoreWriter(const QString& path, Store store);
+    ~StoreWriter();
+    StoreWriter(const StoreWriter&) = delete;
+    StoreWriter& operator=(const StoreWriter&) = delete;
+
+    /// Indexes are made here, after the rows, which is several times faster than keeping them up row by row.
+    void Commit();
+
+    Store WhichStore() const { return store_; }
+    void Execute(const QString& sql);
+    sqlite3_stmt* Prepare(const QString& sql);
+    [[noreturn]] void Fail() const;
+
+  private:
+    sqlite3* database_ = nullptr;
+    Store store_;
+};
+
+/// Adds rows to one table. A column that is not set for a row is Null in it.
+class TableWriter {
+  public:
+    TableWriter(StoreWriter& store, const QString& table);
+    ~TableWriter();
+    TableWriter(const TableWriter&) = delete;
+    TableWriter& operator=(const TableWriter&) = delete;
+
+    /// kItemNotFound for a column that the catalogue does not give the table.
+    TableWriter& Set(const QString& column, const QString& value);
+    void Add();
+    /// One row a line, values apart by "|", for the columns named, which are apart by blanks.
+    void AddLines(const QString& columns, const QStringList& lines);
+
+  private:
+    StoreWriter& store_;
+    QString table_;
+    QHash<QString, int> parameters_;
+    sqlite3_stmt* statement_ = nullptr;
+};
+
+}  // namespace setup

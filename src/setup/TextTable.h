@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace setup {
+
+/// Columns that a text takes on a terminal: full-width characters take two, marks that sit on the one before none.
+int DisplayWidth(QStringView text);
+
+/// Blanks added behind, or in front, up to a width in terminal columns. A longer text stays whole.
+QString PadRight(const QString& text, int width);
+QString PadLeft(const QString& text, int width);
+
+/// The text on one line: line ends and other control characters become blanks.
+QString OnOneLine(const QString& text);
+
+}  // namespace setup

@@ -1,0 +1,189 @@
+#include <QtTest/QTest>
+
+#include "frame/MainFormFixture.h"
+#include "frame/ProgramGlobals.h"
+#include "inquiry/DetailList.h"
+#include "screen/Form.h"
+
+using namespace Qt::StringLiterals;
+
+using CommandsTest = MainFormTest;
+
+TEST_F(CommandsTest, PlainStartShowsThePayrollOfAllClassesByOrganisation) {
+    Start();
+    const int staff = installation.General().Rows(u"SELECT コード FROM M担当者 WHERE 在籍区分 = '0'"_s).size();
+    EXPECT_EQ(Globals().LastRow + 1, staff);
+    EXPECT_EQ(Globals().Conditions.EnrolmentKind, 0);
+    EXPECT_EQ(Globals().Conditions.StaffClass, Item(u"社員区分"_s).MaxValue());  // 9 became the list's 全て
+    EXPECT_EQ(Item(u"社員区分名称"_s).ListIndex(), Item(u"社員区分"_s).MaxValue());
+    EXPECT_EQ(Focused(), u"検索名称"_s);
+    EXPECT_TRUE(Globals().StartCommandAbsent);
+}
+
+TEST_F(CommandsTest, ShortCommandTakesTheOfficeEmptiesTheRangesAndFindsNothingUntilTheClear) {
+    Start(u"001"_s);
+    EXPECT_EQ(Globals().ScopeOfficeCode, u"001"_s);
+    EXPECT_EQ(Globals().Conditions.DepartmentFrom, QString());
+    EXPECT_EQ(Globals().Conditions.StaffTo, QString());
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_TRUE(Globals().StartCommandAbsent);
+    Click(u"btn_画面クリア"_s);
+    Click(u"btn_集計検索"_s);
+    EXPECT_GE(Globals().LastRow, 0);
+}
+
+TEST_F(CommandsTest, BlankRangeOfACompleteCommandEmptiesTheStartAndKeepsTheEnd) {
+    const QString command =
+        (u"000"_s + u"      "_s + u"000999"_s + u"0099"_s + u"0000099999"_s).leftJustified(179) + u"0"_s;
+    ASSERT_EQ(command.size(), 180);
+    Start(command);
+    EXPECT_EQ(Globals().Conditions.DepartmentFrom, QString());
+    EXPECT_EQ(Globals().Conditions.DepartmentTo, u"   "_s);
+    EXPECT_EQ(Globals().Conditions.DisplayOrder, 0);
+    EXPECT_FALSE(Globals().StartCommandAbsent);
+    EXPECT_TRUE(History().last().contains(u"M担当者.部門コード >= '''' AND M担当者.部門コード <= ''   ''"_s))
+        << History().last().toStdString();
+}
+
+TEST_F(CommandsTest, BlankFirstFieldShiftsAllOthersToTheLeft) {
+    Start(u"   010020000999"_s);
+    EXPECT_EQ(Globals().ScopeOfficeCode, u"010"_s);
+    EXPECT_EQ(Globals().Conditions.DepartmentFrom, u"020"_s);
+    EXPECT_EQ(Globals().Conditions.DepartmentTo, u"000"_s);
+}
+
+TEST_F(CommandsTest, EmptyPositionEndSearchesAndFindsNothing) {
+    Start();
+    Enter(u"終了役職コード"_s, QString());
+    const int rows = History().size();
+    Click(u"btn_集計検索"_s);
+    EXPECT_EQ(History().size(), rows + 1);
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_FALSE(Item(u"btn_印刷"_s).Enabled());
+}
+
+TEST_F(CommandsTest, EmptyDepartmentEndStopsTheSearchAndTakesTheFocus) {
+    Start();
+    Enter(u"終了部門コード"_s, QString());
+    const QStringList history = History();
+    const int lastRow = Globals().LastRow;
+    Click(u"btn_集計検索"_s);
+    EXPECT_EQ(History(), history);
+    EXPECT_EQ(Globals().LastRow, lastRow);
+    EXPECT_EQ(Focused(), u"終了部門コード"_s);
+}
+
+TEST_F(CommandsTest, SearchStartsAtTheTopAndReturnsToTheNameItem) {
+    Start();
+    Item(u"scl_行"_s).SetValue(8);
+    Click(u"検索住所"_s);
+    Click(u"btn_集計検索"_s);
+    EXPECT_EQ(Globals().TopRow, 0);
+    EXPECT_EQ(Item(u"scl_行"_s).Value(), 0);
+    EXPECT_EQ(Focused(), u"検索名称"_s);
+    EXPECT_EQ(Column(u"行No"_s)[0], u"1"_s);
+}
+
+TEST_F(CommandsTest, SearchPutsTheItemsOfASelectionOutOfUseAgain) {
+    Start();
+    Enter(u"検索カナ"_s, u"ｱ"_s);
+    Click(u"btn_集計検索"_s);
+    EXPECT_TRUE(Item(u"検索カナ"_s).Enabled());
+    EXPECT_TRUE(Item(u"btn_終了"_s).Enabled());
+    EXPECT_EQ(Item(u"検索カナ"_s).Text(), u"ｱ"_s);
+}
+
+TEST_F(CommandsTest, ClearEmptiesTheListAndSearchesNothing) {
+    Start();
+    const QStringList history = History();
+    Item(u"scl_行"_s).SetValue(5);
+    Click(u"btn_画面クリア"_s);
+    EXPECT_EQ(History(), history);
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_EQ(Column(u"担当者コード"_s), QStringList(8, QString()));
+    EXPECT_FALSE(Item(u"scl_行"_s).Enabled());
+    EXPECT_FALSE(Item(u"btn_印刷"_s).Enabled());
+    EXPECT_EQ(Focused(), u"検索名称"_s);
+}
+
+TEST_F(CommandsTest, RowClickWithAMissingRangeEndSendsTheFocusToIt) {
+    Start();
+    Globals().Conditions.SectionTo.clear();
+    Click(u"担当者名"_s, 1);
+    EXPECT_EQ(Focused(), u"終了セクションコード"_s);
+}
+
+TEST_F(CommandsTest, RowReturnsToItsColoursAfterAClick) {
+    Start();
+    QList<QColor> before;
+    const QStringList panels = {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s, u"bak_dtld"_s};
+    for (const QString& panel : panels) before << Item(panel, 1).BackColor();
+    Click(u"担当者名"_s, 1);
+    Click(u"bak_dtla"_s, 1);
+    for (int i = 0; i < panels.size(); ++i) EXPECT_EQ(Item(panels[i], 1).BackColor(), before[i]);
+}
+
+TEST_F(CommandsTest, OutputButtonsStayOnWithAllRowsTickedOff) {
+    Start();
+    for (int row = 0; row <= Globals().LastRow; ++row) Globals().Rows.出力対象[static_cast<size_t>(row)] = 0;
+    Click(u"検索カナ"_s);
+    EXPECT_TRUE(Item(u"btn_印刷"_s).Enabled());
+}
+
+TEST_F(CommandsTest, OutputAsksInItsOwnWordsAndReturnsToTheHead) {
+    Start();
+    Click(u"検索カナ"_s);
+    const QList<QPair<QString, QString>> outputs = {{u"btn_印刷"_s, u"印刷しますか?"_s},
+                                                    {u"btn_プレビュ"_s, u"プレビュしますか?"_s},
+                                                    {u"btn_封筒"_s, u"印刷しますか?"_s},
+                                                    {u"btn_はがき"_s, u"印刷しますか?"_s},
+                                                    {u"btn_宛名ラベル"_s, u"印刷しますか?"_s}};
+    for (const auto& [button, question] : outputs) {
+        services.dialogs.shown.clear();
+        Click(button);
+        ASSERT_EQ(services.dialogs.Texts(), QStringList{question}) << button.toStdString();
+        EXPECT_TRUE(services.dialogs.shown.first().question);
+        EXPECT_EQ(services.dialogs.shown.first().title, u"要員名簿照会"_s);
+        EXPECT_EQ(Focused(), u"検索カナ"_s);
+    }
+}
+
+TEST_F(CommandsTest, CloseBoxAndEndButtonLeaveTheSameWay) {
+    for (const bool byButton : {false, true}) {
+        Start();
+        if (byButton)
+            Click(u"btn_終了"_s);
+        else
+            MainForm().close();
+        EXPECT_EQ(History().last(), u"終了"_s);
+        EXPECT_EQ(services.processes.ends, QList<int>{0});
+        EXPECT_FALSE(Globals().MainConnection.IsOpen());
+        EXPECT_FALSE(Globals().ConfigConnection.IsOpen());
+        services.processes.ends.clear();
+        TearDown();
+        ResetGlobals();
+    }
+}
+
+TEST_F(CommandsTest, HandlersDoNothingWhileTheScreenIsPaintedOrASiblingIsAwaited) {
+    Start();
+    const QStringList history = History();
+    for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
+        Globals().*flag = true;
+        Click(u"btn_集計検索"_s);
+        Click(u"btn_画面クリア"_s);
+        Click(u"btn_印刷"_s);
+        EXPECT_EQ(History(), history);
+        EXPECT_GE(Globals().LastRow, 0);
+        EXPECT_TRUE(services.dialogs.shown.isEmpty());
+        Globals().*flag = false;
+    }
+}
+
+TEST_F(CommandsTest, ManualOpensUnderItsFullWidthName) {
+    Start();
+    Click(u"manualpanel"_s);
+    ASSERT_EQ(services.processes.documents.size(), 1);
+    EXPECT_EQ(services.processes.documents.first().path, installation.Root() + u"/manual/要員名簿照会.doc"_s);
+    EXPECT_EQ(services.processes.documents.first().workingFolder, installation.Root() + u"/manual"_s);
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// A database file read and written by the engine's own interface, past everything that is under test.
+class SampleFile {
+  public:
+    SampleFile() = default;
+    explicit SampleFile(const QString& path) : path_(path) {}
+
+    const QString& Path() const { return path_; }
+    /// Runs one or more statements; throws std::runtime_error with the engine's words.
+    void Execute(const QString& sql) const;
+    /// All rows of a SELECT. A Null is a null QString (isNull()), empty text is not.
+    QList<QStringList> Rows(const QString& sql) const;
+    /// First value of the first row; a null QString without a row.
+    QString Value(const QString& sql) const;
+
+  private:
+    QString path_;
+};
+
+struct SampleOptions {
+    int staff = 40;
+    bool mdb = false;     ///< files named .mdb instead of .accdb
+    int installKind = 0;  ///< 1: private copies for each user
+};
+
+/// An installation of its own for one test, in a temporary folder that goes with it. The first one of its kind is
+/// made by the set-up tool, all others of the same process are copies. It holds no program files.
+class SampleInstallation {
+  public:
+    explicit SampleInstallation(const SampleOptions& options = {});
+
+    QString Root() const { return root_; }
+    QString ProgramFolder() const { return root_ + QStringLiteral("/prgbin"); }
+    QString ConfFolder() const { return root_ + QStringLiteral("/conf"); }
+    QString ReportFolder() const { return root_ + QStringLiteral("/report"); }
+    QString ManualFolder() const { return root_ + QStringLiteral("/manual"); }
+    /// users/NAME
+    QString UserFolder(const QString& user) const { return root_ + QStringLiteral("/users/") + user; }
+
+    const SampleFile& General() const { return general_; }
+    const SampleFile& Configuration() const { return configuration_; }
+    const SampleFile& Report() const { return report_; }
+
+    /// A column of the row 'GNR' of データベース定義, Null for a null QString.
+    void SetDefinition(const QString& column, const QString& value) const;
+    /// A column of the row '001' of 動作環境定義, Null for a null QString.
+    void SetEnvironment(const QString& column, const QString& value) const;
+    /// Takes all staff away, for tests that bring their own.
+    void ClearStaff() const;
+    /// One row of M担当者: of class 0 throughout, with a filled address, everything else Null unless it is given.
+    void AddStaff(const QString& code, const QHash<QString, QString>& columns = {}) const;
+    /// Rows of the run history as written, 摘要 only, oldest first.
+    QStringList HistoryTexts() const;
+
+  private:
+    QTemporaryDir folder_;
+    QString root_;
+    SampleFile general_, configuration_, report_;
+};
+
+/// A text as an SQL literal; NULL for a null QString.
+QString SqlLiteral(const QString& value);
