@@ -1,13 +1,15 @@
 #include "platform/database/SqliteSession.h"
 
 #include "platform/database/SqliteOpening.h"
+#include "platform/database/SqliteText.h"
 #include "platform/database/StatementAdapter.h"
 
 namespace platform {
 namespace {
 
 // The engine counts each term of a chain as one level of a tree and allows 1,000.
-const EngineDifferences kDifferences = {true, true, true, 200, QString(), QStringLiteral("NOCASE")};
+const EngineDifferences kDifferences = {
+    true, true, true, 200, QString::fromLatin1(kSuiteTextCollation), QStringLiteral("NOCASE")};
 
 // A whole number in a floating-point column reads as "5" and not as "5.0".
 QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
@@ -35,7 +37,9 @@ std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& requ
 }
 
 SqliteSession::SqliteSession(const ConnectionRequest& request)
-    : path_(SqlitePath(request.dataSource)), rules_(request.rules), database_(OpenSqliteFile(request)) {}
+    : path_(SqlitePath(request.dataSource)), rules_(request.rules), database_(OpenSqliteFile(request)) {
+    if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
+}
 
 SqliteSession::~SqliteSession() { EndReadScope(); }
 
