@@ -1,27 +1,14 @@
-#include "setup/Commands.h"
-
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QTemporaryDir>
 
+#include "setup/RunTool.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct Output {
-    int status = 0;
-    QString out, err;
-};
-
-Output Run(const QStringList& arguments) {
-    Output output;
-    QTextStream out(&output.out), err(&output.err);
-    output.status = setup::RunSetup(arguments, {out, err, {}, [] { return false; }});
-    return output;
-}
 
 struct WrongArguments {
     const char16_t* words;
@@ -33,7 +20,7 @@ class WrongArgumentsTest : public testing::TestWithParam<WrongArguments> {};
 }  // namespace
 
 TEST_P(WrongArgumentsTest, AreRefusedWithAClearText) {
-    const Output output = Run(QString::fromUtf16(GetParam().words).split(u' ', Qt::SkipEmptyParts));
+    const ToolOutput output = RunTool(QString::fromUtf16(GetParam().words).split(u' ', Qt::SkipEmptyParts));
     EXPECT_EQ(output.status, 2);
     EXPECT_EQ(output.err.toStdString(), (u"suite-setup: "_s + QString::fromUtf16(GetParam().message) +
                                          u"\n使い方は suite-setup --help で表示されます。\n"_s)
@@ -64,29 +51,30 @@ INSTANTIATE_TEST_SUITE_P(
                        u"オプション --run には 1 から 2147483647 までの整数を指定してください。"}));
 
 TEST(Commands, HelpNamesEveryVerb) {
-    const Output output = Run({u"--help"_s});
+    const ToolOutput output = RunTool({u"--help"_s});
     EXPECT_EQ(output.status, 0);
     for (const QString& word : {u"init"_s, u"history"_s, u"--staff"_s, u"--seed"_s, u"--kind"_s, u"--install-kind"_s,
                                 u"--replace"_s, u"--follow"_s, u"--run"_s, u"--user"_s})
         EXPECT_TRUE(output.out.contains(word)) << word.toStdString();
-    EXPECT_EQ(Run({u"history"_s, u"--help"_s}).out, output.out);
+    EXPECT_EQ(RunTool({u"history"_s, u"--help"_s}).out, output.out);
 }
 
 TEST(Commands, InitHandsItsOptionsOn) {
     const QTemporaryDir folder;
     const QString root = folder.filePath(u"suite"_s);
-    const Output output = Run({u"init"_s, u"--staff=5"_s, root, u"--kind"_s, u"mdb"_s, u"--install-kind"_s, u"1"_s});
+    const ToolOutput output =
+        RunTool({u"init"_s, u"--staff=5"_s, root, u"--kind"_s, u"mdb"_s, u"--install-kind"_s, u"1"_s});
     EXPECT_EQ(output.status, 0) << output.err.toStdString();
     EXPECT_EQ(output.out, root + u" に要員 5 名のインストールを作りました。\n"_s);
     EXPECT_EQ(SampleFile(root + u"/data/gnrdb.mdb"_s).Value(u"SELECT count(*) FROM M担当者"_s), u"5"_s);
     EXPECT_EQ(SampleFile(root + u"/conf/usrcnfg.mdb"_s).Value(u"SELECT インストール区分 FROM 動作環境定義"_s), u"1"_s);
-    EXPECT_EQ(Run({u"init"_s, root}).status, 2);
-    EXPECT_EQ(Run({u"init"_s, root, u"--replace"_s}).status, 0);
+    EXPECT_EQ(RunTool({u"init"_s, root}).status, 2);
+    EXPECT_EQ(RunTool({u"init"_s, root, u"--replace"_s}).status, 0);
     EXPECT_EQ(SampleFile(root + u"/data/gnrdb.accdb"_s).Value(u"SELECT count(*) FROM M担当者"_s), u"300"_s);
 }
 
 TEST(Commands, FailureOnTheWayIsToldApartFromARefusal) {
-    const Output output = Run({u"init"_s, u"/proc/no/suite"_s});
+    const ToolOutput output = RunTool({u"init"_s, u"/proc/no/suite"_s});
     EXPECT_EQ(output.status, 1);
     EXPECT_EQ(output.err, u"suite-setup: フォルダ /proc/no を作成できません。\n"_s);
 }

@@ -2,8 +2,8 @@
 
 #include <QDir>
 
-#include "setup/Commands.h"
 #include "setup/HistoryRuns.h"
+#include "setup/RunTool.h"
 #include "setup/TextTable.h"
 #include "support/SampleInstallation.h"
 
@@ -16,19 +16,6 @@ void AddRow(const SampleFile& file, const QString& time, int counter, const QStr
     file.Execute(u"INSERT INTO プログラム稼動履歴 VALUES (%1, '要員名簿照会', '%2', %3, '000', %4, %5)"_s.arg(
         SqlLiteral(u"20261121 "_s + time), QString::number(counter).rightJustified(12, u'0'), SqlLiteral(text),
         SqlLiteral(staff), SqlLiteral(user)));
-}
-
-struct Output {
-    int status = 0;
-    QString out, err;
-};
-
-Output Run(
-    const QStringList& arguments, const std::function<bool()>& waitForMore = [] { return false; }) {
-    Output output;
-    QTextStream out(&output.out), err(&output.err);
-    output.status = setup::RunSetup(arguments, {out, err, {}, waitForMore});
-    return output;
 }
 
 /// Two runs, the older one killed.
@@ -56,7 +43,7 @@ const QString kNewer =
 TEST(History, ShowsRunsApartAndNewestLast) {
     const SampleInstallation installation({.staff = 1});
     AddTwoRuns(installation.Configuration());
-    const Output output = Run({u"history"_s, installation.Root()});
+    const ToolOutput output = RunTool({u"history"_s, installation.Root()});
     EXPECT_EQ(output.out.toStdString(), (u"実行 "_s + kOlder + u'\n' + kNewer).toStdString());
     EXPECT_EQ(output.err, QString());
     EXPECT_EQ(output.status, 0);
@@ -65,17 +52,17 @@ TEST(History, ShowsRunsApartAndNewestLast) {
 TEST(History, RunCountsFromTheNewest) {
     const SampleInstallation installation({.staff = 1});
     AddTwoRuns(installation.Configuration());
-    EXPECT_EQ(Run({u"history"_s, installation.Root(), u"--run"_s, u"1"_s}).out.toStdString(), kNewer.toStdString());
-    EXPECT_EQ(Run({u"history"_s, u"--run=2"_s, installation.Root()}).out.toStdString(),
+    EXPECT_EQ(RunTool({u"history"_s, installation.Root(), u"--run"_s, u"1"_s}).out.toStdString(), kNewer.toStdString());
+    EXPECT_EQ(RunTool({u"history"_s, u"--run=2"_s, installation.Root()}).out.toStdString(),
               (u"実行 "_s + kOlder).toStdString());
-    const Output beyond = Run({u"history"_s, installation.Root(), u"--run"_s, u"3"_s});
+    const ToolOutput beyond = RunTool({u"history"_s, installation.Root(), u"--run"_s, u"3"_s});
     EXPECT_EQ(beyond.status, 2);
     EXPECT_TRUE(beyond.err.startsWith(u"suite-setup: 実行は 2 件しかありません。\n"_s));
 }
 
 TEST(History, EmptyHistoryIsSaid) {
     const SampleInstallation installation({.staff = 1});
-    const Output output = Run({u"history"_s, installation.Root()});
+    const ToolOutput output = RunTool({u"history"_s, installation.Root()});
     EXPECT_EQ(output.out, u"履歴はまだありません。\n"_s);
     EXPECT_EQ(output.status, 0);
 }
@@ -89,7 +76,7 @@ TEST(History, FollowShowsRowsAsTheyAreWritten) {
         [&] { AddRow(file, u"110001"_s, 4, u"終了"_s); },
         [&] { AddRow(file, u"120000"_s, 1, u"開始 "_s); },
     };
-    const Output output = Run({u"history"_s, installation.Root(), u"--follow"_s, u"--run"_s, u"1"_s}, [&] {
+    const ToolOutput output = RunTool({u"history"_s, installation.Root(), u"--follow"_s, u"--run"_s, u"1"_s}, [&] {
         if (later.isEmpty()) return false;
         later.takeFirst()();
         return true;
@@ -108,7 +95,7 @@ TEST(History, UserNarrowsTheSharedHistory) {
     const SampleInstallation installation({.staff = 1});
     AddTwoRuns(installation.Configuration());
     AddRow(installation.Configuration(), u"130000"_s, 1, u"開始 "_s, u"suzuki"_s);
-    const QString out = Run({u"history"_s, installation.Root(), u"--user"_s, u"suzuki"_s}).out;
+    const QString out = RunTool({u"history"_s, installation.Root(), u"--user"_s, u"suzuki"_s}).out;
     EXPECT_TRUE(out.startsWith(u"実行 1  2026/11/21 13:00:00  要員名簿照会  suzuki\n"_s));
     EXPECT_FALSE(out.contains(u"tester"_s));
 }
@@ -123,13 +110,13 @@ TEST(History, PrivateCopiesAreReadForEveryUserOrForOne) {
                user);
     }
     AddRow(installation.Configuration(), u"070000"_s, 1, u"開始 "_s, u"nobody"_s);
-    const QString all = Run({u"history"_s, installation.Root()}).out;
+    const QString all = RunTool({u"history"_s, installation.Root()}).out;
     EXPECT_LT(all.indexOf(u"sato"_s), all.indexOf(u"abe"_s));
     EXPECT_TRUE(all.contains(u"実行 2  2026/11/21 08:00:00  要員名簿照会  sato\n"_s));
     EXPECT_FALSE(all.contains(u"nobody"_s));
-    EXPECT_FALSE(Run({u"history"_s, installation.Root(), u"--user"_s, u"abe"_s}).out.contains(u"sato"_s));
+    EXPECT_FALSE(RunTool({u"history"_s, installation.Root(), u"--user"_s, u"abe"_s}).out.contains(u"sato"_s));
     for (const QString& user : {u"kato"_s, u"../users/abe"_s})
-        EXPECT_EQ(Run({u"history"_s, installation.Root(), u"--user"_s, user}).status, 2) << user.toStdString();
+        EXPECT_EQ(RunTool({u"history"_s, installation.Root(), u"--user"_s, user}).status, 2) << user.toStdString();
 }
 
 TEST(History, UnreadableConfigurationIsAFailureAndNotARefusal) {
@@ -138,7 +125,7 @@ TEST(History, UnreadableConfigurationIsAFailureAndNotARefusal) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_EQ(file.write("no database at all"), 18);
     file.close();
-    const Output output = Run({u"history"_s, installation.Root()});
+    const ToolOutput output = RunTool({u"history"_s, installation.Root()});
     EXPECT_EQ(output.status, 1);
     EXPECT_TRUE(output.err.startsWith(u"suite-setup: "_s));
 }
@@ -149,7 +136,7 @@ TEST(History, ReadingWritesNothing) {
     QFile file(installation.Configuration().Path());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray before = file.readAll();
-    EXPECT_EQ(Run({u"history"_s, installation.Root()}).status, 0);
+    EXPECT_EQ(RunTool({u"history"_s, installation.Root()}).status, 0);
     ASSERT_TRUE(file.seek(0));
     EXPECT_EQ(file.readAll(), before);
 }
