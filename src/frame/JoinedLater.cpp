@@ -1,6 +1,7 @@
 #include "frame/JoinedLater.h"
 
 bool LoadCompanyInfo() { return true; }
+QString CompanyName() { return {}; }
 QString OfficeTextOutputFolder() { return QString(); }
 void ShowProgramTitle() {}
 void PublishConditionLabels(const QString&, const QString&) {}

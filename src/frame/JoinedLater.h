@@ -7,6 +7,8 @@
 
 /// Company, operating office and partner links into the program-wide record. True when the company row exists.
 bool LoadCompanyInfo();
+/// 名称 of the company; empty while no company is loaded.
+QString CompanyName();
 /// Folder of text outputs: テキスト出力フォルダ of the operating office; empty while no office is loaded.
 QString OfficeTextOutputFolder();
 /// Writes the caption of prg_ttl: program, office, staff member.

@@ -41,8 +41,8 @@ InputItem& MakeInput(Form& form, const QString& name, const ItemDesign& design, 
 // Ranges: the button that opens the selection window stands in front of both bounds as their title.
 struct RangeLook {
     Range range;
-    const char16_t* button;
-    const char16_t* caption;
+    QStringView button;
+    QStringView caption;
     int length;
     int maxValue;
 };
@@ -69,7 +69,7 @@ void BuildRange(Form& form, const RangeLook& look, int line) {
     const RangeDefinition& range = DefinitionOf(look.range);
     constexpr int kCodeWidth = 60;
     const int from = kRangeColumn + kButtonWidth + 4;
-    MakeSelectionButton(form, QString(look.button), QString(look.caption), Place(kRangeColumn, line, kButtonWidth));
+    MakeSelectionButton(form, look.button.toString(), look.caption.toString(), Place(kRangeColumn, line, kButtonWidth));
     MakeInput(form, range.fromItem, CodeDesign(look), Place(from, line, kCodeWidth));
     auto* until = new Label(form, form, u"lab_範囲"_s, line, u"～"_s);
     until->setFont(SuiteFont(SuiteFace::PGothic, 10));
@@ -80,9 +80,9 @@ void BuildRange(Form& form, const RangeLook& look, int line) {
 }
 
 struct TextLook {
-    const char16_t* item;
-    const char16_t* button;
-    const char16_t* caption;
+    QStringView item;
+    QStringView button;
+    QStringView caption;
     int maxLength;
     ImeMode ime;
     CharacterClasses classes;
@@ -109,8 +109,8 @@ void BuildText(Form& form, const TextLook& look, int line) {
     design.maxLength = look.maxLength;
     design.imeMode = look.ime;
     design.classes = look.classes;
-    MakeSelectionButton(form, QString(look.button), QString(look.caption), Place(kTextColumn, line, kButtonWidth));
-    MakeInput(form, QString(look.item), design, Place(kTextColumn + kButtonWidth + 4, line, look.width));
+    MakeSelectionButton(form, look.button.toString(), look.caption.toString(), Place(kTextColumn, line, kButtonWidth));
+    MakeInput(form, look.item.toString(), design, Place(kTextColumn + kButtonWidth + 4, line, look.width));
 }
 
 void BuildKind(Form& form, const KindDefinition& kind, int line) {
@@ -166,8 +166,8 @@ void BuildHeadPanel(Form& form) {
 const QStringList& SelectionButtons() {
     static const QStringList names = [] {
         QStringList list;
-        for (const TextLook& look : TextLooks()) list << QString(look.button);
-        for (const RangeLook& look : kRanges) list << QString(look.button);
+        for (const TextLook& look : TextLooks()) list << look.button.toString();
+        for (const RangeLook& look : kRanges) list << look.button.toString();
         return list;
     }();
     return names;

@@ -28,16 +28,16 @@ constexpr int kListTop = kTabTop + kTabBar + kTitleHeight;
 
 /// An item of a row, in pixels within its panel. The font is the detail rows' Mincho unless told otherwise.
 struct RowItem {
-    const char16_t* type;
-    const char16_t* name;
+    QStringView type;
+    QStringView name;
     int x, y, width;
     bool gothic = false;
     int height = 20;
 };
 
 struct RowLabel {
-    const char16_t* name;
-    const char16_t* caption;
+    QStringView name;
+    QStringView caption;
     int x, y, width;
 };
 
@@ -93,13 +93,13 @@ template <size_t Items, size_t Labels>
 void FillRowPanel(Form& form, Panel& panel, int position, const RowItem (&items)[Items],
                   const RowLabel (&labels)[Labels]) {
     for (const RowLabel& label : labels) {
-        auto* made = new Label(form, panel, QString(label.name), position, QString(label.caption));
+        auto* made = new Label(form, panel, label.name.toString(), position, label.caption.toString());
         made->setFont(SuiteFont(SuiteFace::PGothic, 9));
         made->setAlignment(Qt::AlignCenter);
         made->setGeometry(label.x, label.y, label.width, 20);
     }
     for (const RowItem& item : items) {
-        auto* made = new DisplayItem(form, panel, QString(item.type), QString(item.name), position);
+        auto* made = new DisplayItem(form, panel, item.type.toString(), item.name.toString(), position);
         made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
         made->setGeometry(item.x, item.y, item.width, item.height);
     }
@@ -116,7 +116,7 @@ void BuildRowNumber(Form& form, int position) {
                                 {kLeft, kListTop + position * kRowHeight, kNumberWidth, kRowHeight});
     auto* number = new DisplayItem(form, panel, u"xField"_s, u"行No"_s, position);
     number->setFont(SuiteFont(SuiteFace::Gothic, 11.25));
-    number->SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setGeometry(1, kLine1, kNumberWidth - 2, 20);
     auto* box = new CheckItem(form, panel, u"chb_出力対象"_s, position, QString());
     box->setFocusPolicy(Qt::NoFocus);
@@ -144,8 +144,8 @@ void BuildRow(Form& form, const TabPages& pages, int position) {
 }
 
 struct Title {
-    const char16_t* name;
-    const char16_t* caption;
+    QStringView name;
+    QStringView caption;
     int x, width;
 };
 
@@ -155,7 +155,7 @@ void BuildTitles(Form& form, QWidget& parent, const QString& panelName, const QR
     panel->SetBackColor(kCaptionColor);
     panel->setGeometry(place);
     for (const Title& title : titles) {
-        auto* label = new Label(form, *panel, QString(title.name), -1, QString(title.caption));
+        auto* label = new Label(form, *panel, title.name.toString(), -1, title.caption.toString());
         label->setFont(SuiteFont(SuiteFace::PGothic, 10));
         label->setAlignment(Qt::AlignCenter);
         label->setGeometry(title.x, 1, title.width, kTitleHeight - 2);

@@ -18,8 +18,8 @@ constexpr int kNoticeHeight = 24;
 constexpr int kWindowWidth = 1012;
 
 struct OutputLook {
-    const char16_t* name;
-    const char16_t* caption;
+    QStringView name;
+    QStringView caption;
     int x, width;
 };
 constexpr OutputLook kOutputs[] = {
@@ -39,7 +39,7 @@ QStringList TabStops() {
     for (const RangeDefinition& range : RangeDefinitions()) stops << range.fromItem << range.toItem;
     stops << kinds[2].item << kinds[2].listItem << u"btn_集計検索"_s << u"btn_画面クリア"_s;
     stops << SelectionButtons() << u"ヘッド終了"_s << u"tab_詳細"_s;
-    for (const OutputLook& look : kOutputs) stops << QString(look.name);
+    for (const OutputLook& look : kOutputs) stops << look.name.toString();
     return stops;
 }
 
@@ -47,7 +47,7 @@ QStringList TabStops() {
 
 void BuildOutputPanel(Form& form) {
     for (const OutputLook& look : kOutputs) {
-        auto* button = new Button(form, form, QString(look.name), QString(look.caption));
+        auto* button = new Button(form, form, look.name.toString(), look.caption.toString());
         button->setFont(SuiteFont(SuiteFace::PGothic, 12));
         button->setGeometry(look.x, kButtonTop, look.width, kButtonHeight);
     }

@@ -1,5 +1,6 @@
 #include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
+#include "inquiry/MainFormPanels.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"

@@ -83,8 +83,13 @@ class Control {
     std::function<void()> DblClick;
     std::function<void(int keyCode)> KeyDown;  ///< only the first press of a key that is held
 
+    // For the form.
     /// The widget that takes keyboard focus for this control: itself, or the edit area inside it.
     virtual QWidget& FocusWidget() const { return widget_; }
+    /// The focus has just come here.
+    virtual void FocusGiven() {}
+    /// Enter presses the control; in all others it moves on like Tab.
+    virtual bool EnterClicks() const { return false; }
 
   protected:
     [[noreturn]] void Unsupported(const char* property) const;

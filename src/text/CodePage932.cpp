@@ -24,32 +24,70 @@ constexpr std::array<char16_t, 9> kOneWayOnly = {0x00A2, 0x00A3, 0x00A5, 0x00AC,
 
 bool IsSurrogate(std::size_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
-quint16 FormFromConverter(iconv_t converter, char16_t unit) {
-    std::array<char, 2> source = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-    std::array<unsigned char, 4> target{};
-    char* from = source.data();
-    char* to = reinterpret_cast<char*>(target.data());
-    std::size_t left = source.size();
-    std::size_t room = target.size();
-    iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(converter, &from, &left, &to, &room) == static_cast<std::size_t>(-1)) return kNoForm;
-    const std::size_t written = target.size() - room;
-    if (written == 1) return target[0];
-    return written == 2 ? static_cast<quint16>(target[0] << 8 | target[1]) : kNoForm;
+/// A converter of the C library, closed at the end.
+class Converter {
+  public:
+    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
+        // Going on would write "?" for every character into a site's files.
+        if (handle_ == reinterpret_cast<iconv_t>(-1)) qFatal("The C library lacks its converter for code page 932.");
+    }
+    ~Converter() { iconv_close(handle_); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    /// Number of bytes written for one character; 0 when it has no form.
+    std::size_t Convert(std::array<char, 2> source, std::size_t length, std::array<char, 4>& target) const {
+        char* from = source.data();
+        char* to = target.data();
+        std::size_t left = length;
+        std::size_t room = target.size();
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        const bool failed = iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1);
+        return failed ? 0 : target.size() - room;
+    }
+
+  private:
+    iconv_t handle_;
+};
+
+quint16 Join(char high, char low) {
+    return static_cast<quint16>(static_cast<quint8>(high) << 8 | static_cast<quint8>(low));
+}
+
+quint16 FormOf(const Converter& converter, char16_t unit) {
+    std::array<char, 4> bytes{};
+    const std::array<char, 2> source = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    switch (converter.Convert(source, 2, bytes)) {
+        case 1:
+            return static_cast<quint8>(bytes[0]);
+        case 2:
+            return Join(bytes[0], bytes[1]);
+        default:
+            return kNoForm;
+    }
+}
+
+/// Read the other way as well: some characters have two codes, of which writing uses one.
+char16_t CharacterOf(const Converter& converter, quint16 form) {
+    std::array<char, 4> bytes{};
+    const auto high = static_cast<char>(form >> 8);
+    const auto low = static_cast<char>(form & 0xFF);
+    const bool single = form < 0x100;
+    const std::size_t written =
+        converter.Convert(single ? std::array{low, '\0'} : std::array{high, low}, single ? 1 : 2, bytes);
+    return written == 2 ? Join(bytes[1], bytes[0]) : kNoCharacter;
 }
 
 Tables MakeTables() {
     Tables tables;
-    const iconv_t converter = iconv_open("CP932", "UTF-16LE");
-    for (std::size_t unit = 0; unit < kCodes; ++unit) {
-        const auto character = static_cast<char16_t>(unit);
-        if (IsSurrogate(unit) || std::ranges::count(kOneWayOnly, character) > 0) continue;
-        const quint16 form = FormFromConverter(converter, character);
-        if (form == kNoForm) continue;
-        tables.forms[unit] = form;
-        tables.characters[form] = character;
+    const Converter encoder("CP932", "UTF-16LE");
+    const Converter decoder("UTF-16LE", "CP932");
+    for (std::size_t code = 0; code < kCodes; ++code) {
+        const auto unit = static_cast<char16_t>(code);
+        const bool oneWay = std::ranges::count(kOneWayOnly, unit) > 0;
+        if (!IsSurrogate(code) && !oneWay) tables.forms[code] = FormOf(encoder, unit);
+        tables.characters[code] = CharacterOf(decoder, static_cast<quint16>(code));
     }
-    iconv_close(converter);
     return tables;
 }
 

@@ -11,7 +11,7 @@ using CommandsTest = MainFormTest;
 
 TEST_F(CommandsTest, PlainStartShowsThePayrollOfAllClassesByOrganisation) {
     Start();
-    const int staff = installation.GeneralRows(u"SELECT コード FROM M担当者 WHERE 在籍区分 = '0'"_s).size();
+    const int staff = installation.General().Rows(u"SELECT コード FROM M担当者 WHERE 在籍区分 = '0'"_s).size();
     EXPECT_EQ(Globals().LastRow + 1, staff);
     EXPECT_EQ(Globals().Conditions.EnrolmentKind, 0);
     EXPECT_EQ(Globals().Conditions.StaffClass, Item(u"社員区分"_s).MaxValue());  // 9 became the list's 全て

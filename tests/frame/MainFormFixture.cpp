@@ -58,9 +58,4 @@ QStringList MainFormTest::Column(const QString& item) const {
     return texts;
 }
 
-QStringList MainFormTest::History() const {
-    QStringList texts;
-    for (const QStringList& row : installation.ConfigurationRows(u"SELECT 摘要 FROM プログラム稼動履歴 ORDER BY rowid"_s))
-        texts << row.first();
-    return texts;
-}
+QStringList MainFormTest::History() const { return installation.HistoryTexts(); }

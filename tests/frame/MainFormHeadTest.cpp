@@ -180,7 +180,7 @@ TEST_F(HeadTest, ClearTakesTheRangesOfAStartCommandAwayAndKeepsItsOffice) {
 }
 
 TEST_F(HeadTest, ClearTakesMaxValueWhereTheStartTakesNine) {
-    installation.ExecuteGeneral(u"DELETE FROM K社員区分"_s);
+    installation.General().Execute(u"DELETE FROM K社員区分"_s);
     Start();
     Globals().Conditions.StaffClass = 9;
     Click(u"btn_画面クリア"_s);

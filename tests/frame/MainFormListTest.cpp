@@ -15,9 +15,9 @@ namespace {
 
 /// Leaves the given number of staff, all of them in the list of a plain start.
 void KeepStaff(const SampleInstallation& installation, int count) {
-    installation.ExecuteGeneral(u"DELETE FROM M担当者 WHERE rowid NOT IN (SELECT rowid FROM M担当者 ORDER BY コード LIMIT "_s +
+    installation.General().Execute(u"DELETE FROM M担当者 WHERE rowid NOT IN (SELECT rowid FROM M担当者 ORDER BY コード LIMIT "_s +
                                 QString::number(count) + u")"_s);
-    installation.ExecuteGeneral(u"UPDATE M担当者 SET 在籍区分 = '0', 社員区分 = '0', 性別区分 = '0'"_s);
+    installation.General().Execute(u"UPDATE M担当者 SET 在籍区分 = '0', 社員区分 = '0', 性別区分 = '0'"_s);
 }
 
 void TurnWheel(QWidget& form, int delta) {
@@ -72,7 +72,7 @@ TEST_F(ListTest, SixRowsNeverTouchTheLastTwoPositions) {
 }
 
 TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput) {
-    installation.ExecuteGeneral(u"DELETE FROM M担当者"_s);
+    installation.General().Execute(u"DELETE FROM M担当者"_s);
     Start();
     EXPECT_EQ(Column(u"担当者コード"_s), QStringList(8, QString()));
     EXPECT_EQ(Column(u"行No"_s), QStringList(8, QString()));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -14,8 +15,15 @@ struct ProgramRun {
     QString output;
 };
 
+/// The programs as they were built, in the installation's program folder.
+void CopyProgram(const SampleInstallation& installation) {
+    const QString target = installation.ProgramFolder() + u"/要員名簿照会"_s;
+    if (!QFile::exists(target)) ASSERT_TRUE(QFile::link(QStringLiteral(SUITE_PROGRAMS "/要員名簿照会"), target));
+}
+
 /// The real program, until its first list stands and its window has been closed.
 ProgramRun RunProgram(const SampleInstallation& installation, const QStringList& arguments) {
+    CopyProgram(installation);
     QTemporaryDir folder;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
@@ -65,7 +73,7 @@ TEST(Program, RowsOfTenStartCommandsEqualACountByHand) {
     };
     for (const Case& c : cases) {
         const ProgramRun run = RunProgram(installation, c.arguments);
-        const QString count = installation.GeneralRows(kCount + c.condition).first().first();
+        const QString count = installation.General().Rows(kCount + c.condition).first().first();
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.output, u"rows="_s + count + u'\n') << c.arguments.join(u' ').toStdString();
     }
@@ -75,7 +83,7 @@ TEST(Program, OneRunLeavesStartStatementAndEndNumberedWithoutAGap) {
     const SampleInstallation installation;
     RunProgram(installation, {u"000"_s + kOpen, u"x'y"_s});
     const QList<QStringList> rows =
-        installation.ConfigurationRows(u"SELECT proccounter, 摘要 FROM プログラム稼動履歴 ORDER BY rowid"_s);
+        installation.Configuration().Rows(u"SELECT proccounter, 摘要 FROM プログラム稼動履歴 ORDER BY rowid"_s);
     ASSERT_EQ(rows.size(), 3);
     EXPECT_EQ(rows[0], QStringList({u"000000000001"_s, u"開始 000"_s + kOpen + u" x'y"_s}));
     EXPECT_EQ(rows[1][0], u"000000000002"_s);

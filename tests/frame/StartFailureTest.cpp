@@ -32,9 +32,9 @@ class StartFailureTest : public MainFormTest {
 };
 
 TEST_F(StartFailureTest, MissingGeneralDatabaseIsRecordedAndNotCreated) {
-    ASSERT_TRUE(QFile::remove(installation.GeneralFile()));
+    ASSERT_TRUE(QFile::remove(installation.General().Path()));
     ExpectRefusal({kNoDatabase});
-    EXPECT_FALSE(QFile::exists(installation.GeneralFile()));
+    EXPECT_FALSE(QFile::exists(installation.General().Path()));
     const QStringList history = History();
     ASSERT_EQ(history.size(), 3);
     EXPECT_EQ(history[0], u"開始 "_s);
@@ -43,16 +43,16 @@ TEST_F(StartFailureTest, MissingGeneralDatabaseIsRecordedAndNotCreated) {
 }
 
 TEST_F(StartFailureTest, EmptyGarbledAndCutGeneralDatabasesEndTheStart) {
-    QFile file(installation.GeneralFile());
+    QFile file(installation.General().Path());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray whole = file.readAll();
     file.close();
     for (const QByteArray& content : {QByteArray(), QByteArray(8192, 'x'), whole.left(700)}) {
-        Overwrite(installation.GeneralFile(), content);
+        Overwrite(installation.General().Path(), content);
         services.dialogs.shown.clear();
         services.processes.ends.clear();
         ExpectRefusal({kNoDatabase});
-        QFile after(installation.GeneralFile());
+        QFile after(installation.General().Path());
         ASSERT_TRUE(after.open(QIODevice::ReadOnly));
         EXPECT_EQ(after.readAll(), content);
         TearDown();
@@ -61,13 +61,13 @@ TEST_F(StartFailureTest, EmptyGarbledAndCutGeneralDatabasesEndTheStart) {
 }
 
 TEST_F(StartFailureTest, MissingConfigurationEndsTheStartWithoutAnotherWord) {
-    ASSERT_TRUE(QFile::remove(installation.ConfigurationFile()));
+    ASSERT_TRUE(QFile::remove(installation.Configuration().Path()));
     ExpectRefusal({kNoDatabase});
-    EXPECT_FALSE(QFile::exists(installation.ConfigurationFile()));
+    EXPECT_FALSE(QFile::exists(installation.Configuration().Path()));
 }
 
 TEST_F(StartFailureTest, GarbledConfigurationSaysWhyFirst) {
-    Overwrite(installation.ConfigurationFile(), QByteArray(8192, 'x'));
+    Overwrite(installation.Configuration().Path(), QByteArray(8192, 'x'));
     services.system.applicationFolder = installation.ProgramFolder();
     Main();
     ASSERT_EQ(services.dialogs.shown.size(), 2);
@@ -99,7 +99,7 @@ TEST_F(StartFailureTest, UserNamesThatLeadElsewhereEndTheStart) {
 }
 
 TEST_F(StartFailureTest, UnknownDialectStartsWithAnEmptyListAndErrorRows) {
-    installation.ExecuteConfiguration(u"UPDATE データベース定義 SET db = 'A '"_s);
+    installation.Configuration().Execute(u"UPDATE データベース定義 SET db = 'A '"_s);
     Start();
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_TRUE(Globals().MainConnectionOpen);
@@ -112,7 +112,7 @@ TEST_F(StartFailureTest, UnknownDialectStartsWithAnEmptyListAndErrorRows) {
 }
 
 TEST_F(StartFailureTest, MissingClassTableLeavesOnlyAllInItsList) {
-    installation.ExecuteGeneral(u"DROP TABLE K社員区分"_s);
+    installation.General().Execute(u"DROP TABLE K社員区分"_s);
     Start();
     EXPECT_EQ(Item(u"社員区分"_s).MaxValue(), 0);
     EXPECT_EQ(Item(u"社員区分名称"_s).ListIndex(), 0);

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <vector>
+
+/// Measures two ways to do the same work in turn, so that both meet the same machine. Who goes first changes from
+/// pair to pair.
+class PairedRuns {
+  public:
+    /// Medians in milliseconds. The ratio is the median over the pairs, which a slow moment of the machine moves less
+    /// than the ratio of the medians.
+    struct Result {
+        double first = 0, second = 0, ratio = 0;
+    };
+
+    explicit PairedRuns(int pairs) : pairs_(pairs) {}
+
+    /// Runs each once to warm up, then the pairs, and prints both medians and the ratio.
+    template <typename First, typename Second>
+    Result Measure(const char* firstName, First first, const char* secondName, Second second) const {
+        first();
+        second();
+        std::vector<double> firsts, seconds, ratios;
+        for (int pair = 0; pair < pairs_; ++pair) {
+            const bool firstGoesFirst = pair % 2 == 0;
+            const double early = firstGoesFirst ? Milliseconds(first) : Milliseconds(second);
+            const double late = firstGoesFirst ? Milliseconds(second) : Milliseconds(first);
+            firsts.push_back(firstGoesFirst ? early : late);
+            seconds.push_back(firstGoesFirst ? late : early);
+            ratios.push_back(firsts.back() / seconds.back());
+        }
+        const Result result{Median(firsts), Median(seconds), Median(ratios)};
+        std::printf("%s: %.2f ms\n%s: %.2f ms\nratio: %.2f (median of %d pairs)\n", firstName, result.first, secondName,
+                    result.second, result.ratio, pairs_);
+        return result;
+    }
+
+  private:
+    template <typename Work>
+    static double Milliseconds(Work& work) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    }
+
+    static double Median(std::vector<double> values) {
+        const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+        std::nth_element(values.begin(), middle, values.end());
+        return *middle;
+    }
+
+    int pairs_;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "screen/FlatItem.h"
+
+/// SSPanel: Panel(form, parent, name, index, caption). Holds other controls or shows its caption in the middle.
+class Panel : public FlatItem {
+  public:
+    Panel(Form& form, QWidget& parent, QString name, int index, const QString& caption)
+        : FlatItem(form, parent, QStringLiteral("SSPanel"), std::move(name), index) {
+        setAlignment(Qt::AlignCenter);
+        SetEdge(Edge::Raised);
+        Show(caption);
+    }
+
+    QString Caption() const override { return Shown(); }
+    void SetCaption(const QString& caption) override { Show(caption); }
+};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include "frame/ProgramGlobals.h"
+#include "inquiry/ConditionProcedures.h"
+#include "inquiry/HeadForm.h"
+#include "selection/SelectionSource.h"
+#include "support/TestServices.h"
+
+/// The inquiry behind a head without a window, with the conditions of a start, eight rows and all offices.
+class InquiryTest : public ::testing::Test {
+  protected:
+    InquiryTest() {
+        Globals().MainForm = &form;
+        Globals().RowsPerPage = 8;
+        Globals().ScopeOfficeCode = QStringLiteral("000");
+        Globals().ProgramId = QStringLiteral("要員名簿照会");
+        SetInitialConditions();
+    }
+
+    InquiryConditions& Conditions() const { return Globals().Conditions; }
+    StaffRowStore& Rows() const { return Globals().Rows; }
+
+    TestServices services;
+    HeadForm form;
+};
+
+/// A selection window that holds the given values: codes as equalities, texts as LIKE terms.
+class HeldSelection : public SelectionSource {
+  public:
+    HeldSelection(QString window, QStringList values, bool texts, QString joiner = QStringLiteral(" OR "))
+        : window_(std::move(window)), values_(std::move(values)), texts_(texts), joiner_(std::move(joiner)) {
+        Globals().SelectionWindows.insert(window_, this);
+    }
+    ~HeldSelection() override { Globals().SelectionWindows.remove(window_); }
+    HeldSelection(const HeldSelection&) = delete;
+    HeldSelection& operator=(const HeldSelection&) = delete;
+
+    QString BuildSelectionCondition(const QString& table, const QString& column) const override {
+        const QString before = texts_ ? QStringLiteral(" LIKE '%") : QStringLiteral(" = '");
+        const QString after = texts_ ? QStringLiteral("%'") : QStringLiteral("'");
+        QStringList terms;
+        for (const QString& value : values_) terms << table + u'.' + column + before + value + after;
+        return u'(' + terms.join(joiner_) + u')';
+    }
+    QString DescribeSelection() const override { return values_.join(u','); }
+
+  private:
+    QString window_;
+    QStringList values_;
+    bool texts_;
+    QString joiner_;
+};

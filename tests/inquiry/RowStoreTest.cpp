@@ -1,0 +1,150 @@
+#include <algorithm>
+
+#include "inquiry/InquiryTest.h"
+#include "inquiry/RowStoreProcedures.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QString TextFor(int field, int row) { return u"%1/%2"_s.arg(field).arg(row); }
+
+/// Rows 0 to `last`, every field filled so that each tells where it came from.
+class RowStore : public InquiryTest {
+  protected:
+    void Fill(int last) {
+        ResetRowStore();
+        for (int row = 0; row <= last; ++row) {
+            for (int field = 0; field < kStaffTextCount; ++field)
+                Rows().Text(static_cast<StaffText>(field), row) = TextFor(field, row);
+            const auto at = static_cast<size_t>(row);
+            Rows().出力対象[at] = static_cast<qint16>(row % 2);
+            Rows().閲覧区分[at] = static_cast<qint16>(row % 1000 + 10);
+            Rows().rowFlag[at] = static_cast<qint16>(row % 1000 + 20);
+        }
+        Globals().LastRow = last;
+    }
+
+    /// What row holds for each text field, as the row where it came from; -1 for empty.
+    void ExpectRowFrom(int row, int source, int mailSource) const {
+        for (int field = 0; field < kStaffTextCount; ++field) {
+            const int from = field == static_cast<int>(StaffText::EMAIL) ? mailSource : source;
+            EXPECT_EQ(Rows().Text(static_cast<StaffText>(field), row), from < 0 ? QString() : TextFor(field, from))
+                << "field " << field << " of row " << row;
+        }
+        const auto at = static_cast<size_t>(row);
+        EXPECT_EQ(Rows().出力対象[at], source < 0 ? 0 : source % 2);
+        EXPECT_EQ(Rows().閲覧区分[at], source < 0 ? 0 : source % 1000 + 10);
+        EXPECT_EQ(Rows().rowFlag[at], source < 0 ? 0 : source % 1000 + 20);
+    }
+};
+}  // namespace
+
+TEST_F(RowStore, CopyRowLeavesTheMailAddressAtItsRow) {
+    Fill(2);
+    CopyRow(2, 0);
+    ExpectRowFrom(0, 2, 0);
+    ExpectRowFrom(2, 2, 2);
+}
+
+TEST_F(RowStore, ClearRowEmptiesEveryField) {
+    Fill(1);
+    ClearRow(1);
+    ExpectRowFrom(1, -1, -1);
+    ExpectRowFrom(0, 0, 0);
+}
+
+TEST_F(RowStore, ResetEmptiesEveryRowItUses) {
+    Fill(StaffRowStore::kLastClearedRow);
+    Globals().TopRow = 4;
+    ResetRowStore();
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_EQ(Globals().TopRow, 0);
+    for (const auto& column : Rows().texts)
+        EXPECT_TRUE(std::all_of(column.begin(), column.end(), [](const QString& text) { return text.isEmpty(); }));
+    for (const auto* column : {&Rows().出力対象, &Rows().閲覧区分, &Rows().rowFlag})
+        EXPECT_TRUE(std::all_of(column->begin(), column->end(), [](qint16 value) { return value == 0; }));
+}
+
+TEST_F(RowStore, RemovingARowMovesTheRowsBelowUpButNotTheirMailAddresses) {
+    Fill(3);
+    RemoveRow(1);
+    EXPECT_EQ(Globals().LastRow, 2);
+    ExpectRowFrom(0, 0, 0);
+    ExpectRowFrom(1, 2, 1);
+    ExpectRowFrom(2, 3, 2);
+    ExpectRowFrom(3, -1, -1);
+}
+
+TEST_F(RowStore, RemovingARowLeavesAGapInTheNumbers) {
+    Fill(3);
+    for (int row = 0; row <= 3; ++row) Rows().Text(StaffText::行No, row) = QString::number(row + 1);
+    RemoveRow(1);
+    QStringList numbers;
+    for (int row = 0; row <= 3; ++row) numbers << Rows().Text(StaffText::行No, row);
+    EXPECT_EQ(numbers, (QStringList{u"1"_s, u"3"_s, u"4"_s, QString()}));
+}
+
+TEST_F(RowStore, RemovingTheLastRowMovesNothing) {
+    Fill(9);
+    RemoveRow(9);
+    EXPECT_EQ(Globals().LastRow, 8);
+    for (int row = 0; row <= 8; ++row) ExpectRowFrom(row, row, row);
+    ExpectRowFrom(9, -1, -1);
+}
+
+TEST_F(RowStore, RemovingTheOnlyRowEmptiesTheList) {
+    Fill(0);
+    RemoveRow(0);
+    EXPECT_EQ(Globals().LastRow, -1);
+    ExpectRowFrom(0, -1, -1);
+}
+
+TEST_F(RowStore, RemovingARowPastTheEndOnlyClearsIt) {
+    Fill(3);
+    Rows().Text(StaffText::担当者名, 7) = u"x"_s;
+    RemoveRow(7);
+    EXPECT_EQ(Globals().LastRow, 3);
+    ExpectRowFrom(7, -1, -1);
+    for (int row = 0; row <= 3; ++row) ExpectRowFrom(row, row, row);
+}
+
+TEST_F(RowStore, RemovingFromAnEmptyListOnlyClears) {
+    ResetRowStore();
+    Rows().Text(StaffText::担当者名, 0) = u"x"_s;
+    Globals().TopRow = 3;
+    RemoveRow(0);
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_EQ(Globals().TopRow, 0);
+    EXPECT_EQ(Rows().Text(StaffText::担当者名, 0), QString());
+}
+
+TEST_F(RowStore, TheFullStoreTakesARemovalOfItsFirstRow) {
+    Fill(32752);
+    RemoveRow(0);
+    EXPECT_EQ(Globals().LastRow, 32751);
+    ExpectRowFrom(0, 1, 0);
+    ExpectRowFrom(32751, 32752, 32751);
+    ExpectRowFrom(32752, -1, -1);
+}
+
+namespace {
+struct TopRowCase {
+    int rowsPerPage, lastRowBefore, topRowBefore, topRowAfter;
+};
+class TopRowAfterRemoval : public RowStore, public ::testing::WithParamInterface<TopRowCase> {};
+}  // namespace
+
+TEST_P(TopRowAfterRemoval, ReturnsToTheTopOnlyWhenTheListFitsThePage) {
+    Fill(GetParam().lastRowBefore);
+    Globals().RowsPerPage = GetParam().rowsPerPage;
+    Globals().TopRow = GetParam().topRowBefore;
+    RemoveRow(0);
+    EXPECT_EQ(Globals().TopRow, GetParam().topRowAfter);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, TopRowAfterRemoval,
+                         ::testing::Values(TopRowCase{8, 7, 5, 0},     // eight rows, seven left
+                                           TopRowCase{8, 8, 5, 0},     // nine rows, eight left
+                                           TopRowCase{8, 9, 5, 5},     // nine left
+                                           TopRowCase{8, 30, 30, 30},  // the page now lies past the end
+                                           TopRowCase{6, 6, 2, 0}, TopRowCase{6, 7, 2, 2}));

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <csignal>
+#include <unistd.h>
+
+#include "platform/Services.h"
+#include "platform/TerminationSignal.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray Content(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+platform::HostSystemInformation Started(QList<QByteArray> arguments) {
+    std::vector<char*> pointers;
+    for (QByteArray& argument : arguments) pointers.push_back(argument.data());
+    return {static_cast<int>(pointers.size()), pointers.data()};
+}
+
+/// Presses the button of the box that comes up, and tells what it said.
+struct BoxReader {
+    QString title, text;
+    QStringList buttons;
+
+    explicit BoxReader(const QString& press) {
+        QTimer::singleShot(0, [this, press] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return;
+            title = box->windowTitle();
+            text = box->text();
+            QAbstractButton* wanted = nullptr;
+            for (QAbstractButton* button : box->buttons()) {
+                buttons << button->text();
+                if (button->text() == press) wanted = button;
+            }
+            if (wanted != nullptr) QTest::mouseClick(wanted, Qt::LeftButton);
+        });
+    }
+};
+
+}  // namespace
+
+TEST(HostFileSystem, FolderIsNoExistingFile) {
+    QTemporaryDir folder;
+    const platform::HostFileSystem files;
+    EXPECT_FALSE(files.FileExists(folder.path()));
+    Write(folder.filePath(u"a"_s), "x");
+    EXPECT_TRUE(files.FileExists(folder.filePath(u"a"_s)));
+    EXPECT_FALSE(files.FileExists(folder.filePath(u"A"_s)));
+}
+
+TEST(HostFileSystem, CopyOverwritesAndFailsWithoutTouchingTheTarget) {
+    QTemporaryDir folder;
+    const platform::HostFileSystem files;
+    Write(folder.filePath(u"source"_s), QByteArray(3 << 20, 'a'));
+    Write(folder.filePath(u"target"_s), "old");
+    EXPECT_FALSE(files.CopyFile(folder.filePath(u"missing"_s), folder.filePath(u"target"_s)));
+    EXPECT_EQ(Content(folder.filePath(u"target"_s)), "old");
+    EXPECT_TRUE(files.CopyFile(folder.filePath(u"source"_s), folder.filePath(u"target"_s)));
+    EXPECT_EQ(Content(folder.filePath(u"target"_s)), QByteArray(3 << 20, 'a'));
+    EXPECT_FALSE(files.CopyFile(folder.filePath(u"source"_s), folder.filePath(u"no/where"_s)));
+}
+
+TEST(HostFileSystem, CopyToItselfOfAnEmptyFileIsEmpty) {
+    QTemporaryDir folder;
+    Write(folder.filePath(u"empty"_s), "");
+    EXPECT_TRUE(platform::HostFileSystem().CopyFile(folder.filePath(u"empty"_s), folder.filePath(u"copy"_s)));
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"copy"_s)));
+}
+
+TEST(HostSystemInformation, ArgumentsAreJoinedBySingleBlanksAndKeepTheirOwn) {
+    EXPECT_EQ(Started({"/x/prog", "001   010", "b", ""}).CommandLine(), u"001   010 b "_s);
+    EXPECT_EQ(Started({"/x/prog"}).CommandLine(), QString());
+}
+
+TEST(HostSystemInformation, FolderIsThatOfThePathAsStartedWithLinksNotFollowed) {
+    QTemporaryDir folder;
+    Write(folder.filePath(u"real"_s), "x");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"prgbin"_s));
+    const QString link = folder.filePath(u"prgbin/link"_s);
+    ASSERT_TRUE(QFile::link(folder.filePath(u"real"_s), link));
+    EXPECT_EQ(Started({link.toUtf8()}).ApplicationFolder(), folder.filePath(u"prgbin"_s));
+    EXPECT_EQ(Started({"./a/../b/prog"}).ApplicationFolder(), QDir::currentPath() + u"/b"_s);
+}
+
+TEST(HostSystemInformation, UserNameIsTheRealUsersWhateverTheEnvironmentSays) {
+    qputenv("USER", "somebody-else");
+    qputenv("LOGNAME", "somebody-else");
+    QString buffer(255, u' ');
+    Started({"/x/prog"}).ReadUserName(buffer);
+    EXPECT_EQ(buffer.size(), 255);
+    EXPECT_GT(buffer.indexOf(QChar(u'\0')), 0);
+    EXPECT_FALSE(buffer.startsWith(u"somebody-else"_s));
+}
+
+TEST(WidgetDialogs, MessageHasItsTitleAndOk) {
+    platform::WidgetDialogs dialogs;
+    dialogs.defaultTitle = u"要員名簿照会"_s;
+    const BoxReader box(u"OK"_s);
+    dialogs.ShowMessage(u"操作権限がありません。"_s);
+    EXPECT_EQ(box.title, u"要員名簿照会"_s);
+    EXPECT_EQ(box.text, u"操作権限がありません。"_s);
+    EXPECT_EQ(box.buttons, QStringList{u"OK"_s});
+}
+
+TEST(WidgetDialogs, QuestionIsAnsweredInJapanese) {
+    platform::WidgetDialogs dialogs;
+    for (const QString& answer : {u"はい"_s, u"いいえ"_s}) {
+        const BoxReader box(answer);
+        EXPECT_EQ(dialogs.Confirm(u"印刷しますか?"_s, u"t"_s), answer == u"はい"_s);
+        EXPECT_EQ(box.buttons, QStringList({u"はい"_s, u"いいえ"_s}));
+    }
+}
+
+TEST(TerminationRequest, ArrivesAsAnEvent) {
+    bool arrived = false;
+    platform::OnTerminationRequest([&arrived] { arrived = true; });
+    ASSERT_EQ(kill(getpid(), SIGTERM), 0);
+    EXPECT_FALSE(arrived);  // not inside the signal
+    EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; }));
+}
