@@ -58,6 +58,17 @@ TEST_F(RunHistory, TextsAreNeverCut) {
     EXPECT_EQ(History(), QStringList{u"エラー "_s + text});
 }
 
+TEST_F(RunHistory, ATextThatTheColumnRefusesLosesItsRowQuietly) {
+    installation.Configuration().Execute(
+        u"DROP TABLE プログラム稼動履歴; CREATE TABLE プログラム稼動履歴 (実行日付 TEXT, プログラムID TEXT,"
+        u" proccounter TEXT, 摘要 TEXT CHECK (length(摘要) <= 10), 運用事業所コード TEXT, 起動担当者コード TEXT,"
+        u" ユーザID TEXT)"_s);
+    RecordRunError(u"これは長すぎる文"_s);
+    RecordRunEnd();
+    EXPECT_EQ(Rows(), QList<QStringList>{Row(u"000000000002"_s, u"終了"_s)});
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
 TEST_F(RunHistory, OnlyTheUpdateMonitorLeavesItsNoiseOut) {
     RecordOutputEnd(u"未集計情報"_s);
     Globals().ProgramId = u"販路更新モニタ2"_s;
