@@ -20,7 +20,7 @@ enum class LockType { ReadOnly = 1, Optimistic = 3 };
 /// What a provider must know of the meaning of columns to compare texts as the suite's desktop engine does.
 /// Column names stand without their table. The platform knows no column by itself; whoever opens gives them.
 struct TextRules {
-    QStringList sortedAsText;      ///< ORDER BY on these ignores letter case, width and kana type
+    QStringList sortedAsText;       ///< ORDER BY on these ignores letter case, width and kana type
     QStringList comparedCaseBlind;  ///< "=" on these ignores ASCII letter case; all other "=" is exact
 };
 
@@ -102,13 +102,15 @@ class Recordset {
   private:
     const ResultTable& OpenTable() const;
 
-    std::shared_ptr<const ResultTable> table_;
+    std::shared_ptr<ResultTable> table_;
     int row_ = 0;
+    bool forwardOnly_ = true;
 };
 
 /// While it lives, all statements on the connection see one snapshot, and the provider may remember the results
-/// of equal statements. Does nothing on a connection that is not open or already in a scope. It keeps writers
-/// of other programs waiting, so it must never stand while a message box is up.
+/// of equal statements. Does nothing on a connection that is not open or already in a scope, or where the engine
+/// refuses the scope; it never throws. It keeps writers of other programs waiting, so it must never stand while a
+/// message box is up. A write on the same connection ends it.
 class ReadScope {
   public:
     explicit ReadScope(Connection& connection);

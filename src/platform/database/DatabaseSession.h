@@ -27,13 +27,13 @@ class DatabaseSession {
   public:
     virtual ~DatabaseSession() = default;
 
-    /// Runs one SELECT and reads all of its rows.
-    virtual std::shared_ptr<const ResultTable> Query(const QString& sql) = 0;
-    /// Runs one statement without rows.
+    /// Runs one SELECT and reads all of its rows. Whoever holds the table alone may have it forget rows.
+    virtual std::shared_ptr<ResultTable> Query(const QString& sql) = 0;
+    /// Runs one statement without rows. It ends a read scope that stands.
     virtual void Execute(const QString& sql) = 0;
 
-    /// False when a scope stands already.
-    virtual bool BeginReadScope() = 0;
+    /// False when a scope or a transaction stands already, or when the engine refuses.
+    virtual bool BeginReadScope() noexcept = 0;
     virtual void EndReadScope() noexcept = 0;
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <QHash>
 #include <QString>
 #include <QStringView>
 #include <memory>
@@ -10,15 +9,28 @@
 namespace platform {
 
 /// Names and declared types of a result's columns; shared by all results of one prepared statement.
-struct ColumnSet {
-    std::vector<QString> names;
-    std::vector<QString> declaredTypes;  // in capitals, empty for an expression
-    QHash<QString, int> ordinals;        // by name as spelled; a second index by folded name stands in `folded`
-    QHash<QString, int> folded;
-
+class ColumnSet {
+  public:
+    /// `declaredType` as the schema spells it; it is kept in capitals, and is empty for an expression.
     void Add(const QString& name, const QString& declaredType);
-    /// -1 when there is no such column. As spelled first, then without regard to letter case.
+
+    int Count() const { return static_cast<int>(columns_.size()); }
+    const QString& Name(int column) const { return columns_[static_cast<size_t>(column)].name; }
+    const QString& DeclaredType(int column) const { return columns_[static_cast<size_t>(column)].declaredType; }
+    /// Without regard to letter case; the first of equal names. -1 when there is no such column. A load asks
+    /// more than a million times, so this hashes and allocates nothing.
     int Find(QStringView name) const;
+
+  private:
+    struct Column {
+        QString name;
+        QString declaredType;
+    };
+    size_t FreeOrEqualPlace(QStringView name) const;
+    void Rehash(size_t places);
+
+    std::vector<Column> columns_;
+    std::vector<int> places_;  // open addressing, a power of two, at most half full; -1 is free
 };
 
 /// All rows of a result, in UTF-8 in a few large blocks: a third of the memory of a QString for each cell, and
@@ -28,26 +40,35 @@ class ResultTable {
     explicit ResultTable(std::shared_ptr<const ColumnSet> columns) : columns_(std::move(columns)) {}
 
     const ColumnSet& Columns() const { return *columns_; }
-    int RowCount() const { return static_cast<int>(rows_.size()); }
+    int RowCount() const { return rowCount_; }
+    /// Bytes held, roughly.
+    qsizetype Size() const;
 
     void BeginRow();
-    /// Appends the next cell of the row begun last.
+    /// Appends the next cell of the row begun last. DatabaseError when 256 rows together pass 2 GB.
     void AppendText(QByteArrayView utf8);
     void AppendNull();
 
     bool IsNull(int row, int column) const;
     QString Text(int row, int column) const;
 
+    /// Gives back the memory of rows that a forward-only reader has left behind. They must not be asked for again.
+    void ForgetRowsBefore(int row);
+
   private:
-    struct Row {
-        quint32 block;
-        quint32 firstByte;
-        quint32 firstCell;
+    static constexpr int kRowsInBlock = 256;
+    static constexpr quint32 kNullMark = 0x80000000U;
+
+    struct Block {
+        std::vector<char> text;
+        std::vector<quint32> ends;  // end of each cell in `text`, row after row; a Null carries the mark
     };
+    size_t CellIndex(int row, int column) const;
+
     std::shared_ptr<const ColumnSet> columns_;
-    std::vector<Row> rows_;
-    std::vector<quint32> cellEnds_;  // end of each cell, counted from the row's first byte; a Null has the top bit
-    std::vector<std::vector<char>> blocks_;
+    std::vector<Block> blocks_;
+    int rowCount_ = 0;
+    int forgottenBlocks_ = 0;
 };
 
 }  // namespace platform

@@ -1,0 +1,42 @@
+#include "platform/Database.h"
+
+#include "platform/database/ConnectionString.h"
+#include "platform/database/DatabaseSession.h"
+
+namespace platform {
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+Connection::Connection(Connection&&) noexcept = default;
+Connection& Connection::operator=(Connection&&) noexcept = default;
+
+void Connection::Open(const QString& connectionString) {
+    session_.reset();
+    ConnectionRequest request = ParseConnectionString(connectionString);
+    request.connectionTimeout = ConnectionTimeout;
+    request.commandTimeout = CommandTimeout;
+    request.mode = Mode;
+    request.rules = Rules;
+    session_ = OpenSession(request);
+}
+
+void Connection::Close() noexcept { session_.reset(); }
+
+void Connection::Execute(const QString& sql) { Session().Execute(sql); }
+
+DatabaseSession& Connection::Session() const {
+    if (session_ == nullptr) throw DatabaseError(kObjectClosed, QStringLiteral("接続が開いていません。"));
+    return *session_;
+}
+
+ReadScope::ReadScope(Connection& connection) : connection_(&connection) {
+    active_ = connection.IsOpen() && connection.Session().BeginReadScope();
+}
+
+void ReadScope::End() noexcept {
+    if (!active_) return;
+    active_ = false;
+    if (connection_->IsOpen()) connection_->Session().EndReadScope();
+}
+
+}  // namespace platform

@@ -1,0 +1,30 @@
+#include <array>
+
+#include "platform/database/DatabaseSession.h"
+#include "platform/database/SqliteSession.h"
+
+namespace platform {
+namespace {
+
+using Opener = std::unique_ptr<DatabaseSession> (*)(const ConnectionRequest&);
+
+struct Provider {
+    QLatin1StringView prefix;  // what follows is the provider's version
+    Opener open;
+};
+
+const std::array<Provider, 2> kProviders = {{
+    {QLatin1StringView("Microsoft.ACE.OLEDB"), &OpenSqliteSession},
+    {QLatin1StringView("Microsoft.Jet.OLEDB"), &OpenSqliteSession},
+}};
+
+}  // namespace
+
+std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request) {
+    for (const Provider& provider : kProviders)
+        if (request.provider.startsWith(provider.prefix, Qt::CaseInsensitive)) return provider.open(request);
+    throw DatabaseError(kProviderNotFound,
+                        QStringLiteral("プロバイダー「%1」が見つかりません。").arg(request.provider));
+}
+
+}  // namespace platform

@@ -1,0 +1,129 @@
+#include "platform/database/SqliteOpening.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+
+namespace platform {
+namespace {
+
+constexpr int kLongestLockWait = 5000;
+constexpr qint64 kHeaderBytes = 100;
+constexpr qint64 kSmallestPage = 512;
+
+[[noreturn]] void Refuse(const QString& text, const QString& path) {
+    throw DatabaseError(kEngineFailure, text.arg(QDir::toNativeSeparators(path)));
+}
+
+const char* const kJetText =
+    "「%1」は Jet/ACE 形式のデータベースで、この環境では直接開けません。"
+    "mdbtools の mdb-schema で表の定義を、mdb-export で各表のデータを SQL に書き出し、"
+    "同じファイル名の SQLite データベースに取り込んでから開いてください。"
+    "(例: mdb-schema 元ファイル sqlite | sqlite3 新ファイル、"
+    "表ごとに mdb-export -I sqlite 元ファイル 表名 | sqlite3 新ファイル)";
+
+bool IsJet(const QByteArray& header) {
+    const QByteArray mark = header.mid(4, 15);
+    return mark == QByteArrayView("Standard Jet DB") || mark == QByteArrayView("Standard ACE DB");
+}
+
+void CheckFile(const QString& path) {
+    const QFileInfo info(path);
+    if (info.isDir())
+        Refuse(QStringLiteral("「%1」はフォルダーです。データベースのファイルを指定してください。"), path);
+    if (!info.exists()) Refuse(QStringLiteral("データベース「%1」が見つかりません。"), path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
+    if (file.size() == 0) Refuse(QStringLiteral("データベース「%1」は空のファイルです (0 バイト)。"), path);
+    const QByteArray header = file.read(kHeaderBytes);
+    if (IsJet(header)) Refuse(QString::fromUtf8(kJetText), path);
+    if (!header.startsWith(QByteArrayView("SQLite format 3\0", 16)))
+        Refuse(QStringLiteral("「%1」はデータベースのファイルではありません。"), path);
+    if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);
+}
+
+SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    SqliteDatabase database(raw);
+    if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
+    sqlite3_extended_result_codes(raw, 1);
+    sqlite3_busy_timeout(raw, lockWait);
+    // A misspelled name in double quotes is an error and not a text.
+    sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    return database;
+}
+
+int ReadSchema(sqlite3* database) { return RunPlain(database, "SELECT COUNT(*) FROM sqlite_schema"); }
+
+[[noreturn]] void RefuseUnreadable(sqlite3* database, const QString& path) {
+    switch (sqlite3_errcode(database)) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            Refuse(QStringLiteral("データベース「%1」は他のプログラムが使用中です。"), path);
+        case SQLITE_CORRUPT:
+            Refuse(QStringLiteral("データベース「%1」は壊れているか、途中で切れています。"), path);
+        case SQLITE_NOTADB:
+            Refuse(QStringLiteral("「%1」はデータベースのファイルではありません。"), path);
+        default:
+            throw SqliteFailure(database);
+    }
+}
+
+// Writers wait for the disk with every statement. A file that came here in WAL mode goes back to a journal of its
+// own, since WAL needs memory that machines on a network share don't have in common; if somebody else has it open
+// just now, the next opening tries again.
+void SetUpWriter(sqlite3* database) {
+    RunPlain(database, "PRAGMA synchronous=FULL");
+    SqliteStatement mode;
+    sqlite3_stmt* raw = nullptr;
+    sqlite3_prepare_v2(database, "PRAGMA journal_mode", -1, &raw, nullptr);
+    mode.reset(raw);
+    if (raw == nullptr || sqlite3_step(raw) != SQLITE_ROW) return;
+    const bool wal = sqlite3_stricmp(reinterpret_cast<const char*>(sqlite3_column_text(raw, 0)), "wal") == 0;
+    mode.reset();
+    if (wal) RunPlain(database, "PRAGMA journal_mode=DELETE");
+}
+
+}  // namespace
+
+int LockWaitMilliseconds(int timeoutSeconds) {
+    return timeoutSeconds <= 0 ? kLongestLockWait
+                               : static_cast<int>(std::min<qint64>(kLongestLockWait, timeoutSeconds * 1000LL));
+}
+
+QString SqlitePath(const QString& dataSource) {
+    QString path = dataSource;
+    if (!QFileInfo::exists(path) && path.contains(u'\\')) path.replace(u'\\', u'/');
+    // Absolute, since the engine takes a name that begins with "file:" for an address.
+    return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+}
+
+bool RollBackHotJournal(const QString& path) {
+    if (!QFileInfo(path).isWritable()) return false;
+    const SqliteDatabase writer = OpenHandle(path, SQLITE_OPEN_READWRITE, kLongestLockWait);
+    return ReadSchema(writer.get()) == SQLITE_OK;
+}
+
+SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
+    const QString path = SqlitePath(request.dataSource);
+    CheckFile(path);
+    const bool reader = request.mode == ConnectMode::Read;
+    const int flags = reader ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int wait = LockWaitMilliseconds(request.connectionTimeout);
+    SqliteDatabase database = OpenHandle(path, flags, wait);
+    int code = ReadSchema(database.get());
+    if (code == SQLITE_READONLY_ROLLBACK && RollBackHotJournal(path)) {
+        database = OpenHandle(path, flags, wait);
+        code = ReadSchema(database.get());
+    }
+    if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);
+    if (!reader) SetUpWriter(database.get());
+    sqlite3_busy_timeout(database.get(), LockWaitMilliseconds(request.commandTimeout));
+    return database;
+}
+
+}  // namespace platform

@@ -1,0 +1,140 @@
+#include "platform/database/SqliteSession.h"
+
+#include "platform/database/SqliteOpening.h"
+#include "platform/database/SqliteText.h"
+#include "platform/database/StatementAdapter.h"
+
+namespace platform {
+namespace {
+
+// The engine counts each term of a chain as one level of a tree and allows 1,000.
+const EngineDifferences kDifferences = {
+    true, true, true, 200, QString::fromLatin1(kSuiteTextCollation), QStringLiteral("NOCASE")};
+
+// A whole number in a floating-point column reads as "5" and not as "5.0".
+QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
+
+void AppendCell(ResultTable& result, const PreparedStatement& statement, int column) {
+    sqlite3_stmt* handle = statement.Handle();
+    if (statement.MayBeReal(column) && sqlite3_column_type(handle, column) == SQLITE_FLOAT) {
+        result.AppendText(RealText(sqlite3_column_double(handle, column)));
+        return;
+    }
+    const unsigned char* text = sqlite3_column_text(handle, column);
+    if (text != nullptr) {
+        result.AppendText({reinterpret_cast<const char*>(text), sqlite3_column_bytes(handle, column)});
+    } else if (sqlite3_column_type(handle, column) == SQLITE_BLOB) {
+        result.AppendText({});  // the engine has no address for a blob of no bytes
+    } else {
+        result.AppendNull();
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request) {
+    return std::make_unique<SqliteSession>(request);
+}
+
+SqliteSession::SqliteSession(const ConnectionRequest& request)
+    : path_(SqlitePath(request.dataSource)), rules_(request.rules), database_(OpenSqliteFile(request)) {
+    if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
+}
+
+SqliteSession::~SqliteSession() { EndReadScope(); }
+
+// A literal may stand where the engine takes no parameter, as the name of a table or a collation does. Then, and
+// for the wording of every failure, the statement counts as it was written.
+PreparedStatement& SqliteSession::Prepare(const QString& sql) {
+    lifted_.Lift(sql);
+    if (lifted_.LiteralCount() > 0) {
+        try {
+            return statements_.Get(lifted_.Text(), [this] { return Compile(lifted_.Text()); });
+        } catch (const DatabaseError& error) {
+            if (error.Number() != kStatementFailure) throw;
+            lifted_.Lift({});
+        }
+    }
+    return statements_.Get(sql, [this, &sql] { return Compile(sql); });
+}
+
+PreparedStatement SqliteSession::Compile(const QString& sql) {
+    return {database_.get(), AdaptStatement(sql, kDifferences, rules_)};
+}
+
+void SqliteSession::BindLiterals(const PreparedStatement& statement) {
+    const auto count = static_cast<int>(lifted_.LiteralCount());
+    if (sqlite3_bind_parameter_count(statement.Handle()) != count)
+        throw DatabaseError(kStatementFailure, QStringLiteral("必要なパラメーターの値が指定されていません。"));
+    for (int i = 0; i < count; ++i) {
+        const QByteArrayView value = lifted_.Literal(static_cast<size_t>(i));
+        // The values stay where they are until the next statement, and the run ends before that.
+        const int code =
+            sqlite3_bind_text(statement.Handle(), i + 1, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
+        if (code != SQLITE_OK) throw SqliteFailure(database_.get());
+    }
+}
+
+// A writer that was killed meanwhile leaves a journal that a reader can't roll back.
+int SqliteSession::FirstStep(PreparedStatement& statement) {
+    int code = sqlite3_step(statement.Handle());
+    if (code == SQLITE_READONLY_ROLLBACK && !scope_) {
+        sqlite3_reset(statement.Handle());
+        if (RollBackHotJournal(path_)) code = sqlite3_step(statement.Handle());
+    }
+    return code;
+}
+
+std::shared_ptr<ResultTable> SqliteSession::ReadRows(PreparedStatement& statement) {
+    const SqliteRun run(statement.Handle());
+    int code = FirstStep(statement);
+    if (code == SQLITE_DONE) return statement.EmptyResult();
+    auto result = std::make_shared<ResultTable>(statement.Columns());
+    const int columns = result->Columns().Count();
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement.Handle())) {
+        result->BeginRow();
+        for (int column = 0; column < columns; ++column) AppendCell(*result, statement, column);
+    }
+    if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
+    return result;
+}
+
+std::shared_ptr<ResultTable> SqliteSession::Query(const QString& sql) {
+    if (scope_) {
+        if (auto known = memory_.Find(sql)) return known;
+    }
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    auto result = ReadRows(statement);
+    if (scope_) memory_.Keep(sql, result, statement.use);
+    return result;
+}
+
+// Inside the scope's transaction the write would not be there for others before the scope ends.
+void SqliteSession::Execute(const QString& sql) {
+    EndReadScope();
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    const SqliteRun run(statement.Handle());
+    int code = FirstStep(statement);
+    while (code == SQLITE_ROW) code = sqlite3_step(statement.Handle());
+    if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
+}
+
+// The engine fixes its snapshot with the first read and not with BEGIN.
+bool SqliteSession::BeginReadScope() noexcept {
+    if (scope_ || sqlite3_get_autocommit(database_.get()) == 0) return false;
+    if (RunPlain(database_.get(), "BEGIN") != SQLITE_OK) return false;
+    scope_ = RunPlain(database_.get(), "SELECT 1 FROM sqlite_schema LIMIT 1") == SQLITE_OK;
+    if (!scope_) RunPlain(database_.get(), "ROLLBACK");
+    return scope_;
+}
+
+void SqliteSession::EndReadScope() noexcept {
+    if (!scope_) return;
+    scope_ = false;
+    memory_.Forget();
+    RunPlain(database_.get(), "COMMIT");
+}
+
+}  // namespace platform

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/database/DatabaseSession.h"
+#include "platform/database/LiteralLift.h"
+#include "platform/database/PreparedStatements.h"
+#include "platform/database/ReadMemory.h"
+#include "platform/database/SqliteHandle.h"
+
+namespace platform {
+
+/// A database file of the suite, opened by the desktop engine of this platform.
+class SqliteSession : public DatabaseSession {
+  public:
+    /// Throws what OpenSqliteFile throws.
+    explicit SqliteSession(const ConnectionRequest& request);
+    ~SqliteSession() override;
+
+    std::shared_ptr<ResultTable> Query(const QString& sql) override;
+    void Execute(const QString& sql) override;
+    bool BeginReadScope() noexcept override;
+    void EndReadScope() noexcept override;
+
+  private:
+    PreparedStatement& Prepare(const QString& sql);
+    PreparedStatement Compile(const QString& sql);
+    void BindLiterals(const PreparedStatement& statement);
+    int FirstStep(PreparedStatement& statement);
+    std::shared_ptr<ResultTable> ReadRows(PreparedStatement& statement);
+
+    QString path_;
+    TextRules rules_;
+    SqliteDatabase database_;
+    PreparedStatements statements_;
+    LiftedStatement lifted_;
+    ReadMemory memory_;
+    bool scope_ = false;
+};
+
+std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request);
+
+}  // namespace platform

@@ -1,0 +1,121 @@
+#include "platform/database/StatementTree.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace platform {
+namespace {
+
+constexpr int kDeepest = 200;
+
+constexpr std::array<QStringView, 9> kBehindFrom = {u"WHERE", u"GROUP",  u"HAVING",    u"ORDER", u"LIMIT",
+                                                    u"UNION", u"EXCEPT", u"INTERSECT", u"WINDOW"};
+constexpr std::array<QStringView, 6> kBeforeJoin = {u"LEFT", u"RIGHT", u"INNER", u"FULL", u"CROSS", u"NATURAL"};
+
+template <size_t N>
+bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {
+    return std::any_of(keywords.begin(), keywords.end(), [&](QStringView word) { return piece.Is(word); });
+}
+
+class Builder {
+  public:
+    explicit Builder(std::vector<Token> tokens) : tokens_(std::move(tokens)) {}
+
+    bool Build(Level& level, int depth) {
+        if (depth > kDeepest) return false;
+        for (;;) {
+            Token& token = tokens_[at_];
+            const bool sign = token.kind == TokenKind::Sign;
+            if (token.kind == TokenKind::Broken) return false;
+            if (token.kind == TokenKind::End || (sign && token.text == u")")) return true;
+            ++at_;
+            Piece piece{std::move(token), false, {}, {}};
+            if (sign && piece.token.text == u"(" && !BuildGroup(piece, depth)) return false;
+            level.push_back(std::move(piece));
+        }
+    }
+    const Token& Current() const { return tokens_[at_]; }
+
+  private:
+    bool BuildGroup(Piece& piece, int depth) {
+        piece.group = true;
+        if (!Build(piece.inside, depth + 1) || Current().kind == TokenKind::End) return false;
+        piece.close = tokens_[at_++];
+        return true;
+    }
+
+    std::vector<Token> tokens_;
+    size_t at_ = 0;
+};
+
+bool IsSingle(const Level& level) {
+    const auto semicolon =
+        std::find_if(level.begin(), level.end(), [](const Piece& piece) { return piece.IsSign(u";"); });
+    return std::all_of(semicolon, level.end(), [](const Piece& piece) { return piece.IsSign(u";"); });
+}
+
+void AppendToken(QString& text, const Token& token) { text.append(token.before).append(token.text); }
+
+void AppendLevel(QString& text, const Level& level) {
+    for (const Piece& piece : level) {
+        AppendToken(text, piece.token);
+        if (!piece.group) continue;
+        AppendLevel(text, piece.inside);
+        AppendToken(text, piece.close);
+    }
+}
+
+}  // namespace
+
+bool Piece::IsName() const {
+    return !group &&
+           (token.kind == TokenKind::Word || token.kind == TokenKind::Quoted || token.kind == TokenKind::Bracket);
+}
+
+std::optional<StatementTree> ParseStatement(QStringView sql) {
+    Builder builder(SplitStatement(sql));
+    StatementTree tree;
+    if (!builder.Build(tree.level, 0) || builder.Current().kind != TokenKind::End) return std::nullopt;
+    if (!IsSingle(tree.level)) return std::nullopt;
+    tree.behind = builder.Current().before;
+    return tree;
+}
+
+QString StatementText(const StatementTree& tree) {
+    QString text;
+    AppendLevel(text, tree.level);
+    return text.append(tree.behind);
+}
+
+Piece MakeWord(const QString& text) { return {{TokenKind::Word, QStringLiteral(" "), text}, false, {}, {}}; }
+
+Piece MakeGroup(Level inside) {
+    QString before = std::exchange(inside.front().token.before, QString());
+    return {{TokenKind::Sign, std::move(before), QStringLiteral("(")},
+            true,
+            std::move(inside),
+            {TokenKind::Sign, QString(), QStringLiteral(")")}};
+}
+
+QString NameOf(const Piece& piece) {
+    const QString& text = piece.token.text;
+    if (piece.token.kind == TokenKind::Word) return text;
+    QString name = text.mid(1, text.size() - 2);
+    if (piece.token.kind == TokenKind::Quoted) name.replace(QString(2, text[0]), QString(text[0]));
+    return name;
+}
+
+size_t EndOfFrom(const Level& level, size_t from) {
+    while (from < level.size() && !IsOneOf(level[from], kBehindFrom) && !level[from].IsSign(u";")) ++from;
+    return from;
+}
+
+bool StartsJoin(const Level& level, size_t at) {
+    if (level[at].Is(u"JOIN")) return true;
+    if (!IsOneOf(level[at], kBeforeJoin) || at + 1 >= level.size()) return false;
+    const Piece& next = level[at + 1];
+    return next.Is(u"JOIN") || next.Is(u"OUTER") || IsOneOf(next, kBeforeJoin);
+}
+
+}  // namespace platform

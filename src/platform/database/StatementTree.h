@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+#include <optional>
+#include <vector>
+
+#include "platform/database/StatementTokens.h"
+
+namespace platform {
+
+struct Piece;
+/// What stands between two round brackets, or the whole statement.
+using Level = std::vector<Piece>;
+
+/// A token, or a pair of round brackets with what is inside.
+struct Piece {
+    Token token;  // of a group: the opening bracket
+    bool group = false;
+    Level inside;
+    Token close;  // of a group only
+
+    bool Is(QStringView keyword) const { return !group && token.Is(keyword); }
+    bool IsSign(QStringView sign) const { return !group && token.kind == TokenKind::Sign && token.text == sign; }
+    bool IsName() const;
+};
+
+struct StatementTree {
+    Level level;
+    QString behind;  // blanks and comments behind the last token
+};
+
+/// None where the brackets don't match, a quote is open, brackets stand more than 200 deep or a second statement
+/// follows: such text goes to the engine as it is, which has its own words for it.
+std::optional<StatementTree> ParseStatement(QStringView sql);
+
+/// The text of the tree. Untouched, it is the statement character by character.
+QString StatementText(const StatementTree& tree);
+
+/// A keyword or sign with one blank in front.
+Piece MakeWord(const QString& text);
+/// Brackets around `inside`, which keeps its text; the blanks in front of it move in front of the bracket.
+Piece MakeGroup(Level inside);
+/// Plain name without [] or "" around it.
+QString NameOf(const Piece& piece);
+
+/// First place at or behind `from` where one of the keywords that end a FROM clause stands, or a ";"; else the end.
+size_t EndOfFrom(const Level& level, size_t from);
+/// True where a join operator begins: JOIN, or LEFT, RIGHT, INNER and so on before JOIN or OUTER.
+bool StartsJoin(const Level& level, size_t at);
+
+}  // namespace platform
