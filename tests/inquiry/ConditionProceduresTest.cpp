@@ -173,8 +173,9 @@ TEST_F(Clearing, UnloadsTheConditionWindowsAndLeavesTheLookups) {
     const QStringList windows = {u"wnd担当者名複数指定"_s,   u"wnd担当者カナ複数指定"_s,     u"wnd担当者住所複数指定"_s,
                                  u"wnd担当者電話複数指定"_s, u"wnd担当者郵便番号複数指定"_s, u"wnd部門選択一覧"_s,
                                  u"wndセクション選択一覧"_s, u"wnd役職選択一覧"_s,           u"wnd担当者選択一覧"_s};
-    for (const QString& window : windows) new Form(window);
+    for (const QString& window : windows) (new Form(window))->ShowModeless();
     Form lookup(u"wnd担当者一覧"_s);
+    lookup.ShowModeless();
     Globals().Flags = {true, true, true, true, true, true, true, true, true};
 
     CloseConditionWindows();
