@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 Control::Control(Form& form, QWidget& widget, QString typeName, QString name, int index)
     : form_(form), widget_(widget), typeName_(std::move(typeName)), name_(std::move(name)), index_(index) {
     widget_.setObjectName(index_ < 0 ? name_ : name_ + u'_' + QString::number(index_));
-    widget_.setAccessibleName(name_);
     form_.Register(*this);
 }
 

@@ -26,6 +26,7 @@ bool Types(const QKeyEvent& key) {
 EditItem::EditItem(Form& form, QWidget& parent, QString typeName, QString name, int index)
     : QLineEdit(&parent), Control(form, *this, std::move(typeName), std::move(name), index) {
     SetTabStop(true);
+    setAccessibleName(Name());
     // Qt's own limit also cuts what the program writes, so it stays out of the way.
     setMaxLength(std::numeric_limits<int>::max());
 }
