@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <limits>
 
@@ -76,7 +77,9 @@ void EditItem::inputMethodEvent(QInputMethodEvent* event) {
 
 void EditItem::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    ShowEditMenu(*this, event->globalPos());
+    QMenu* menu = MakeEditMenu(*this, [this] { Paste(QClipboard::Clipboard); });
+    AddToMenu(*menu);
+    menu->popup(event->globalPos());
 }
 
 void EditItem::mousePressEvent(QMouseEvent* event) {
