@@ -35,6 +35,13 @@ Form::~Form() {
     qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));  // while the form can still be told
 }
 
+Control* Form::ControlAround(const QWidget* widget) const {
+    for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+        if (Control* control = byWidget_.value(widget)) return control;
+    }
+    return nullptr;
+}
+
 void Form::RunEvent(const std::function<void()>& work) {
     try {
         work();

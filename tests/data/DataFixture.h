@@ -6,7 +6,6 @@
 #include "frame/ProgramGlobals.h"
 #include "support/FileBytes.h"
 #include "support/OtherProgram.h"
-#include "support/PrintText.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 

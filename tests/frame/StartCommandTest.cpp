@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "frame/ProgramGlobals.h"
-#include "support/PrintText.h"
 #include "support/TestServices.h"
 #include "text/mod項目編集.h"
 

@@ -37,46 +37,68 @@ QByteArrayView LiftedStatement::Literal(size_t index) const {
 }
 
 void LiftedStatement::Lift(QStringView sql) {
-    if (text_.capacity() < sql.size()) text_.reserve(sql.size() * 2);
-    text_.resize(0);
     values_.clear();
     ends_.clear();
-    if (TryLift(sql)) return;
+    if (TryShapes(sql) || TryTokens(sql)) return;
     text_ = sql.toString();
     values_.clear();
     ends_.clear();
 }
 
-bool LiftedStatement::TryLift(QStringView sql) {
+// Equal text up to a literal means equal tokens up to it, and behind its closing quote the tokens begin anew.
+bool LiftedStatement::HasShape(QStringView sql, const Shape& shape) {
+    QStringView rest = sql;
+    for (size_t i = 0;; ++i) {
+        const QString& between = shape.between[i];
+        if (!rest.startsWith(between)) return false;
+        rest = rest.sliced(between.size());
+        if (i + 1 == shape.between.size()) return rest.isEmpty();
+        if (!rest.startsWith(u'\'')) return false;
+        const TokenSpan literal = NextToken(rest, 0);
+        if (literal.kind != TokenKind::Text) return false;
+        AppendLiteral(rest.first(literal.end));
+        rest = rest.sliced(literal.end);
+    }
+}
+
+bool LiftedStatement::TryShapes(QStringView sql) {
+    for (auto shape = shapes_.begin(); shape != shapes_.end(); ++shape) {
+        if (HasShape(sql, *shape)) {
+            std::rotate(shapes_.begin(), shape, shape + 1);
+            text_ = shapes_.front().text;
+            return true;
+        }
+        values_.clear();
+        ends_.clear();
+    }
+    return false;
+}
+
+bool LiftedStatement::TryTokens(QStringView sql) {
     TokenSpan token = NextToken(sql, 0);
     if (token.kind != TokenKind::Word || !IsOneOf(sql.sliced(token.begin, token.end - token.begin), kLifted))
         return false;
+    Shape shape;
     qsizetype copied = 0;
     bool valuesMayCome = false;
     for (;;) {
         token = NextToken(sql, token.end);
-        switch (token.kind) {
-            case TokenKind::End:
-                text_.append(sql.sliced(copied));
-                return true;
-            case TokenKind::Broken:
-            case TokenKind::Parameter:
-                return false;
-            case TokenKind::Word:
-                valuesMayCome =
-                    valuesMayCome || IsOneOf(sql.sliced(token.begin, token.end - token.begin), kBeforeValues);
-                break;
-            case TokenKind::Text:
-                if (!valuesMayCome) break;
-                text_.append(sql.sliced(copied, token.begin - copied));
-                AppendLiteral(sql.sliced(token.begin, token.end - token.begin));
-                text_.append(u'?').append(QString::number(ends_.size()));
-                copied = token.end;
-                break;
-            default:
-                break;
-        }
+        const QStringView text = sql.sliced(token.begin, token.end - token.begin);
+        if (token.kind == TokenKind::Broken || token.kind == TokenKind::Parameter) return false;
+        if (token.kind == TokenKind::End) break;
+        if (token.kind == TokenKind::Word) valuesMayCome = valuesMayCome || IsOneOf(text, kBeforeValues);
+        if (token.kind != TokenKind::Text || !valuesMayCome) continue;
+        AppendLiteral(text);
+        shape.between.push_back(sql.sliced(copied, token.begin - copied).toString());
+        shape.text.append(shape.between.back()).append(u'?').append(QString::number(ends_.size()));
+        copied = token.end;
     }
+    shape.between.push_back(sql.sliced(copied).toString());
+    shape.text.append(shape.between.back());
+    text_ = shape.text;
+    if (shapes_.size() == kMostShapes) shapes_.pop_back();
+    shapes_.insert(shapes_.begin(), std::move(shape));
+    return true;
 }
 
 void LiftedStatement::AppendLiteral(QStringView quoted) {

@@ -3,16 +3,6 @@
 #include "platform/database/StatementTokens.h"
 
 namespace platform {
-namespace {
-
-// Columns of these types turn every number into text when it is stored.
-bool StoresText(const QString& declaredType) {
-    return declaredType.contains(QLatin1StringView("CHAR")) || declaredType.contains(QLatin1StringView("TEXT")) ||
-           declaredType.contains(QLatin1StringView("CLOB"));
-}
-
-}  // namespace
-
 PreparedStatement::PreparedStatement(sqlite3* database, const QString& text) {
     const QByteArray utf8 = text.toUtf8();
     sqlite3_stmt* raw = nullptr;
@@ -37,14 +27,11 @@ const std::shared_ptr<const ColumnSet>& PreparedStatement::Columns() {
 
 void PreparedStatement::DescribeColumns() {
     auto columns = std::make_shared<ColumnSet>();
-    mayBeReal_.clear();
     empty_.reset();
     const int count = sqlite3_column_count(Handle());
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         columns->Add(QString::fromUtf8(sqlite3_column_name(Handle(), i)),
                      QString::fromUtf8(sqlite3_column_decltype(Handle(), i)));
-        mayBeReal_.push_back(!StoresText(columns->DeclaredType(i)));
-    }
     columns_ = std::move(columns);
 }
 

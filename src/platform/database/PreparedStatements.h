@@ -5,7 +5,6 @@
 #include <functional>
 #include <list>
 #include <memory>
-#include <vector>
 
 #include "platform/database/ResultTable.h"
 #include "platform/database/SqliteHandle.h"
@@ -28,8 +27,6 @@ class PreparedStatement {
     /// Columns of the result; to be asked for behind the first step, for the engine prepares again by itself when
     /// the schema has changed.
     const std::shared_ptr<const ColumnSet>& Columns();
-    /// Whether a cell of the column can hold a floating-point number.
-    bool MayBeReal(int column) const { return mayBeReal_[static_cast<size_t>(column)]; }
     /// One result without rows for all times.
     const std::shared_ptr<ResultTable>& EmptyResult();
 
@@ -41,7 +38,6 @@ class PreparedStatement {
     SqliteStatement handle_;
     std::shared_ptr<const ColumnSet> columns_;
     std::shared_ptr<ResultTable> empty_;
-    std::vector<bool> mayBeReal_;
     int preparations_ = 0;
 };
 

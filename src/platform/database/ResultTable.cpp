@@ -1,5 +1,8 @@
 #include "platform/database/ResultTable.h"
 
+#include <algorithm>
+#include <cstring>
+
 #include "platform/RuntimeError.h"
 
 namespace platform {
@@ -12,14 +15,18 @@ char16_t Folded(char16_t unit) {
     return QChar(unit).toCaseFolded().unicode();
 }
 
+// Small and capital letters differ in these bits alone, in ASCII as well as in full width, Greek and Cyrillic.
+constexpr quint32 kCaseBits = 0x60;
+
 size_t HashOf(QStringView name) {
     size_t hash = 1469598103934665603U;
-    for (const QChar unit : name) hash = (hash ^ Folded(unit.unicode())) * 1099511628211U;
+    for (const QChar unit : name) hash = (hash ^ (unit.unicode() & ~kCaseBits)) * 1099511628211U;
     return hash ^ (hash >> 32);
 }
 
 bool SameName(QStringView one, QStringView other) {
     if (one.size() != other.size()) return false;
+    if (std::memcmp(one.utf16(), other.utf16(), static_cast<size_t>(one.size()) * sizeof(char16_t)) == 0) return true;
     for (qsizetype i = 0; i < one.size(); ++i) {
         const char16_t a = one[i].unicode();
         const char16_t b = other[i].unicode();
@@ -58,7 +65,7 @@ void ColumnSet::Add(const QString& name, const QString& declaredType) {
 int ColumnSet::Find(QStringView name) const { return places_.empty() ? -1 : places_[FreeOrEqualPlace(name)]; }
 
 qsizetype ResultTable::Size() const {
-    size_t bytes = sizeof(ResultTable);
+    size_t bytes = sizeof(ResultTable) + static_cast<size_t>(columns_->Count()) * sizeof(LastText);
     for (const Block& block : blocks_)
         bytes += sizeof(Block) + block.text.capacity() + block.ends.capacity() * sizeof(quint32);
     return static_cast<qsizetype>(bytes);
@@ -69,7 +76,7 @@ void ResultTable::BeginRow() {
     Block block;
     if (!blocks_.empty()) {
         // Blocks of one result are much alike: a little room to spare saves growing by doubling.
-        block.text.reserve(blocks_.back().text.size() * 9 / 8);
+        block.text.resize(blocks_.back().used * 9 / 8);
         block.ends.reserve(blocks_.back().ends.size());
     } else {
         block.ends.reserve(static_cast<size_t>(columns_->Count()));
@@ -79,15 +86,20 @@ void ResultTable::BeginRow() {
 
 void ResultTable::AppendText(QByteArrayView utf8) {
     Block& block = blocks_.back();
-    if (block.text.size() + static_cast<size_t>(utf8.size()) >= kNullMark)
-        throw DatabaseError(kEngineFailure, QStringLiteral("検索結果が大きすぎます。"));
-    block.text.insert(block.text.end(), utf8.begin(), utf8.end());
-    block.ends.push_back(static_cast<quint32>(block.text.size()));
+    const auto size = static_cast<size_t>(utf8.size());
+    const size_t end = block.used + size;
+    if (end > block.text.size()) {
+        if (end >= kNullMark) throw DatabaseError(kEngineFailure, QStringLiteral("検索結果が大きすぎます。"));
+        block.text.resize(std::max(end, block.text.size() * 2));
+    }
+    if (size > 0) std::memcpy(block.text.data() + block.used, utf8.data(), size);
+    block.used = end;
+    block.ends.push_back(static_cast<quint32>(end));
 }
 
 void ResultTable::AppendNull() {
     Block& block = blocks_.back();
-    block.ends.push_back(static_cast<quint32>(block.text.size()) | kNullMark);
+    block.ends.push_back(static_cast<quint32>(block.used) | kNullMark);
 }
 
 size_t ResultTable::CellIndex(int row, int column) const {
@@ -100,12 +112,26 @@ bool ResultTable::IsNull(int row, int column) const {
     return (block.ends[CellIndex(row, column)] & kNullMark) != 0;
 }
 
-QString ResultTable::Text(int row, int column) const {
+ResultTable::Bytes ResultTable::CellBytes(int row, int column) const {
     const Block& block = blocks_[static_cast<size_t>(row / kRowsInBlock)];
     const size_t cell = CellIndex(row, column);
     const quint32 begin = cell == 0 ? 0 : block.ends[cell - 1] & ~kNullMark;
-    const quint32 end = block.ends[cell] & ~kNullMark;
-    return QString::fromUtf8(block.text.data() + begin, static_cast<qsizetype>(end - begin));
+    return {block.text.data() + begin, (block.ends[cell] & ~kNullMark) - begin};
+}
+
+QString ResultTable::Text(int row, int column) const {
+    if (lastTexts_.empty()) lastTexts_.resize(static_cast<size_t>(columns_->Count()));
+    LastText& last = lastTexts_[static_cast<size_t>(column)];
+    if (last.row == row) return last.text;
+    const Bytes cell = CellBytes(row, column);
+    bool same = false;
+    if (last.row >= 0 && SameBlock(last.row, row)) {
+        const Bytes above = CellBytes(last.row, column);
+        same = above.size == cell.size && std::memcmp(above.begin, cell.begin, cell.size) == 0;
+    }
+    last.row = row;
+    if (!same) last.text = QString::fromUtf8(cell.begin, static_cast<qsizetype>(cell.size));
+    return last.text;
 }
 
 void ResultTable::ForgetRowsBefore(int row) {

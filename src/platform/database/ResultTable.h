@@ -50,6 +50,8 @@ class ResultTable {
     void AppendNull();
 
     bool IsNull(int row, int column) const;
+    /// Where the cell above has the same text, both share one QString: names of departments and classes are the
+    /// same for thousands of rows.
     QString Text(int row, int column) const;
 
     /// Gives back the memory of rows that a forward-only reader has left behind. They must not be asked for again.
@@ -60,13 +62,25 @@ class ResultTable {
     static constexpr quint32 kNullMark = 0x80000000U;
 
     struct Block {
-        std::vector<char> text;
+        std::vector<char> text;  // room for more than is used
+        size_t used = 0;
         std::vector<quint32> ends;  // end of each cell in `text`, row after row; a Null carries the mark
     };
+    struct Bytes {
+        const char* begin;
+        quint32 size;
+    };
+    struct LastText {
+        int row = -1;
+        QString text;
+    };
     size_t CellIndex(int row, int column) const;
+    Bytes CellBytes(int row, int column) const;
+    bool SameBlock(int row, int other) const { return row / kRowsInBlock == other / kRowsInBlock; }
 
     std::shared_ptr<const ColumnSet> columns_;
     std::vector<Block> blocks_;
+    mutable std::vector<LastText> lastTexts_;  // for each column, once the first cell has been asked for
     int rowCount_ = 0;
     int forgottenBlocks_ = 0;
 };

@@ -29,7 +29,8 @@ bool InWord(QChar unit) {
     return c == kWord || c == kDigit || unit == u'$';
 }
 
-bool StandsAt(QStringView sql, qsizetype at, QStringView what) { return sql.mid(at, what.size()) == what; }
+// The unit at a place, or NUL behind the end.
+char16_t UnitAt(QStringView sql, qsizetype at) { return at < sql.size() ? sql.utf16()[at] : u'\0'; }
 
 qsizetype SkipBlanksAndComments(QStringView sql, qsizetype at) {
     const qsizetype size = sql.size();
@@ -37,10 +38,10 @@ qsizetype SkipBlanksAndComments(QStringView sql, qsizetype at) {
         const QChar unit = sql[at];
         if (ClassOf(unit) == kBlank) {
             ++at;
-        } else if (unit == u'-' && StandsAt(sql, at, u"--")) {
+        } else if (unit == u'-' && UnitAt(sql, at + 1) == u'-') {
             const qsizetype line = sql.indexOf(u'\n', at);
             at = line < 0 ? size : line + 1;
-        } else if (unit == u'/' && StandsAt(sql, at, u"/*")) {
+        } else if (unit == u'/' && UnitAt(sql, at + 1) == u'*') {
             const qsizetype close = sql.indexOf(u"*/", at + 2);
             at = close < 0 ? size : close + 2;
         } else {
@@ -75,9 +76,19 @@ qsizetype EndOfNumber(QStringView sql, qsizetype at) {
     return at;
 }
 
+constexpr std::array<std::array<char16_t, 2>, 9> kPairs = {{{u'<', u'='},
+                                                            {u'>', u'='},
+                                                            {u'<', u'>'},
+                                                            {u'!', u'='},
+                                                            {u'=', u'='},
+                                                            {u'|', u'|'},
+                                                            {u'<', u'<'},
+                                                            {u'>', u'>'},
+                                                            {u'-', u'>'}}};
+
 qsizetype EndOfSign(QStringView sql, qsizetype at) {
-    for (const QStringView two : {u"<=", u">=", u"<>", u"!=", u"==", u"||", u"<<", u">>", u"->"})
-        if (StandsAt(sql, at, two)) return at + 2;
+    for (const auto& pair : kPairs)
+        if (UnitAt(sql, at) == pair[0] && UnitAt(sql, at + 1) == pair[1]) return at + 2;
     return at + 1;
 }
 
@@ -88,7 +99,7 @@ TokenSpan Closed(TokenKind kind, QStringView sql, qsizetype begin, qsizetype end
 
 TokenSpan WordOrBlob(QStringView sql, qsizetype begin) {
     const qsizetype end = EndOfWord(sql, begin);
-    const bool blob = end - begin == 1 && sql[begin].toLower() == u'x' && StandsAt(sql, end, u"'");
+    const bool blob = end - begin == 1 && sql[begin].toLower() == u'x' && UnitAt(sql, end) == u'\'';
     if (blob) return Closed(TokenKind::Number, sql, begin, EndOfQuote(sql, end));
     return {TokenKind::Word, begin, end};
 }
