@@ -92,13 +92,6 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     return !focusIn && !hidden && FilterInput(widget, *event);
 }
 
-Control* Form::ControlAround(const QWidget* widget) const {
-    for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
-        if (Control* control = byWidget_.value(widget)) return control;
-    }
-    return nullptr;
-}
-
 bool Form::FilterInput(QWidget& widget, QEvent& event) {
     switch (event.type()) {
         case QEvent::MouseButtonPress:
