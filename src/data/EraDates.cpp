@@ -1,5 +1,6 @@
 #include "data/EraDates.h"
 
+#include <QStringBuilder>
 #include <optional>
 
 #include "data/Recordsets.h"
@@ -9,10 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A stored date cut by position, whatever stands there.
+/// A stored date cut by position, whatever stands there. Lives no longer than the date.
 struct StoredDate {
-    explicit StoredDate(const QString& date) : year(date.left(4)), month(date.mid(4, 2)), day(date.mid(6, 2)) {}
-    QString year, month, day;
+    explicit StoredDate(QStringView date) : year(date.mid(0, 4)), month(date.mid(4, 2)), day(date.mid(6, 2)) {}
+    QStringView year, month, day;
 };
 
 struct Era {
@@ -23,10 +24,8 @@ struct Era {
 std::optional<Era> FindEra(const QString& date) {
     platform::Recordset record;
     std::optional<Era> era;
-    if (OpenRecordset(record,
-                      u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s + date + u"' ORDER BY 開始日付 DESC"_s,
-                      false))
-        era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};
+    const QString sql = u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s % date % u"' ORDER BY 開始日付 DESC";
+    if (OpenRecordset(record, sql, false)) era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};
     CloseQuietly(record);
     return era;
 }
@@ -34,7 +33,7 @@ std::optional<Era> FindEra(const QString& date) {
 /// The calendar year in which the era begins is year 1, and it changes on the first of January, whatever day the
 /// era began.
 QString EraYear(const StoredDate& date, const Era& era) {
-    return FormatByMask(NumericValue(date.year) - NumericValue(era.start.left(4)) + 1, u"00"_s);
+    return FormatByMask(NumericValue(date.year) - NumericValue(QStringView(era.start).mid(0, 4)) + 1, u"00"_s);
 }
 
 }  // namespace
@@ -43,14 +42,14 @@ QString EraDateLong(const QString& date) {
     const std::optional<Era> era = FindEra(date);
     if (!era) return QString();
     const StoredDate parts(date);
-    const QString year = era->start.isEmpty() ? parts.year : era->name + EraYear(parts, *era);
-    return year + u"年"_s + parts.month + u"月"_s + parts.day + u"日"_s;
+    const QString year = era->start.isEmpty() ? parts.year.toString() : QString(era->name % EraYear(parts, *era));
+    return year % u'年' % parts.month % u'月' % parts.day % u'日';
 }
 
 QString EraDateShort(const QString& date) {
     const std::optional<Era> era = FindEra(date);
     if (!era) return QString();
     const StoredDate parts(date);
-    const QString year = era->start.isEmpty() ? parts.year.right(2) : EraYear(parts, *era);
-    return year + u'/' + parts.month + u'/' + parts.day;
+    const QString year = era->start.isEmpty() ? parts.year.right(2).toString() : EraYear(parts, *era);
+    return year % u'/' % parts.month % u'/' % parts.day;
 }

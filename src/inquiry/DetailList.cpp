@@ -4,7 +4,6 @@
 #include <QPalette>
 
 #include "frame/ProgramGlobals.h"
-#include "inquiry/ScreenState.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

@@ -21,3 +21,6 @@ const std::vector<DetailItem>& DetailItems();
 
 /// Sets RowsPerPage by the screen's height: 8 from 864 pixels on, otherwise 6 and a shorter form.
 void AdaptScreenToHeight();
+
+/// Writes one row of the store into one position of the list, whatever stood there.
+void PaintDetailRow(int row, int position);

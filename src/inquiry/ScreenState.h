@@ -11,5 +11,3 @@ void PaintHeadItems();
 void PaintDetailRows();
 /// Painting is over, whatever happened before.
 void EndPainting();
-/// One row of the store at one position of the list.
-void PaintDetailRow(int row, int position);

@@ -84,5 +84,8 @@ void frm要員名簿照会::WireKind(const KindDefinition& kind) {
     });
     list.GotFocus = Guarded([this] { ValidateHead(); });
     list.LostFocus = Guarded([&list] { RememberLostFocus(list); });
-    list.Click = Guarded([&number, &list] { number.SetValue(list.ListIndex()); });
+    list.Click = Guarded([&number, &list] {
+        // No entry is shown for a value beyond the list, which keeps that value.
+        if (list.ListIndex() >= 0) number.SetValue(list.ListIndex());
+    });
 }

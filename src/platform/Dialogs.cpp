@@ -10,7 +10,8 @@ namespace {
 QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title) {
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
+    // Messages of the suite end their lines by carriage returns, which Qt would draw as a character.
+    box.setText(QString(text).replace(u'\r', u'\n'));
     return box;
 }
 

@@ -1,20 +1,28 @@
 #include "screen/Button.h"
 
-#include "screen/Form.h"
+#include <QKeyEvent>
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
 Button::Button(Form& form, QWidget& parent, QString name, const QString& caption)
     : QPushButton(&parent), Control(form, *this, u"SSCommand"_s, std::move(name), -1) {
-    setAutoDefault(false);
+    SetTabStop(true);
     setAccessibleName(Name());
+    setFocusPolicy(Qt::StrongFocus);
+    setAutoDefault(false);
     SetCaption(caption);
     connect(this, &QPushButton::clicked, this, [this] {
-        if (Click) Form::RunEvent(Click);
+        RaiseByUser([this] {
+            // A screen reader presses without moving the focus, and what is half typed elsewhere would not be accepted.
+            if (!byInput_) SetFocus();
+            if (Click) Click();
+        });
     });
 }
 
 void Button::SetCaption(const QString& caption) {
+    caption_ = caption;
     setText(QString(caption).replace(u'&', u"&&"_s));
     setAccessibleDescription(caption);
 }
@@ -31,4 +39,22 @@ void Button::SetFaceless() { faceless_ = true; }
 
 void Button::paintEvent(QPaintEvent* event) {
     if (!faceless_) QPushButton::paintEvent(event);
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) return QPushButton::keyPressEvent(event);
+    event->accept();
+    const QScopedValueRollback<bool> byInput(byInput_, true);
+    if (!event->isAutoRepeat()) click();
+}
+
+void Button::keyReleaseEvent(QKeyEvent* event) {
+    const QScopedValueRollback<bool> byInput(byInput_, true);
+    QPushButton::keyReleaseEvent(event);
+}
+
+void Button::mouseReleaseEvent(QMouseEvent* event) {
+    const QScopedValueRollback<bool> byInput(byInput_, true);
+    QPushButton::mouseReleaseEvent(event);
 }

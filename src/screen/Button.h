@@ -4,7 +4,8 @@
 
 #include "screen/Control.h"
 
-/// SSCommand: Button(form, parent, name, caption). Never a default button.
+/// SSCommand: Button(form, parent, name, caption). The caption may have several lines. Pressed by mouse, Space or
+/// Enter while it has the focus; never a default button of its window. Raises Click.
 class Button : public QPushButton, public Control {
   public:
     Button(Form& form, QWidget& parent, QString name, const QString& caption);
@@ -12,15 +13,19 @@ class Button : public QPushButton, public Control {
     /// For a button that only takes the focus: no caption, no edge.
     void SetFaceless();
 
-    QString Caption() const override { return text(); }
+    QString Caption() const override { return caption_; }
     void SetCaption(const QString& caption) override;
     QColor ForeColor() const override { return palette().color(QPalette::Active, QPalette::ButtonText); }
     void SetForeColor(const QColor& color) override;
-    bool EnterClicks() const override { return static_cast<bool>(Click); }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    QString caption_;
     bool faceless_ = false;
+    bool byInput_ = false;  // keys or mouse are at work, and they have moved the focus already
 };

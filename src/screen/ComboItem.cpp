@@ -1,28 +1,29 @@
 #include "screen/ComboItem.h"
 
 #include <QSignalBlocker>
-
-#include "screen/Form.h"
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
 ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     : QComboBox(&parent), Control(form, *this, u"ComboBox"_s, std::move(name), -1) {
+    SetTabStop(true);
     setAccessibleName(Name());
+    setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(20);
-    connect(this, &QComboBox::currentIndexChanged, this, [this] {
-        setAccessibleDescription(currentText());
-        if (!writing_ && Click) Form::RunEvent(Click);
-    });
+    connect(this, &QComboBox::activated, this, [this] { RaiseByUser(Click); });
 }
 
 void ComboItem::SetListIndex(int index) {
-    const int shown = index >= 0 && index < count() ? index : -1;
-    if (shown == currentIndex()) return;
-    writing_ = true;
-    setCurrentIndex(shown);
-    writing_ = false;
-    if (Click) Click();
+    const bool inside = 0 <= index && index < count();
+    const int wanted = inside ? index : -1;
+    if (wanted == currentIndex()) return;
+    {
+        const QSignalBlocker quiet(this);
+        setCurrentIndex(wanted);
+    }
+    // Whoever pairs the list with a number copies ListIndex in Click; -1 would wipe out a number beyond the list.
+    if (inside && Click) Click();
 }
 
 void ComboItem::ClearList() {
@@ -32,6 +33,9 @@ void ComboItem::ClearList() {
 
 void ComboItem::AddItem(const QString& text) {
     const QSignalBlocker quiet(this);
+    const int shown = currentIndex();
     addItem(text);
-    if (count() == 1) setCurrentIndex(-1);  // Qt would choose the first entry by itself
+    setCurrentIndex(shown);
 }
+
+void ComboItem::wheelEvent(QWheelEvent* event) { event->ignore(); }

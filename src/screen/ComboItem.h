@@ -4,17 +4,23 @@
 
 #include "screen/Control.h"
 
-/// ComboBox: ComboItem(form, parent, name). A position beyond the list shows no entry.
+/// ComboBox: ComboItem(form, parent, name). A list to choose from, nothing to type. Raises Click when the user
+/// chooses an entry and when the program writes another ListIndex. A ListIndex beyond the list shows no entry and
+/// raises nothing.
 class ComboItem : public QComboBox, public Control {
   public:
     ComboItem(Form& form, QWidget& parent, QString name);
 
+    /// The entry shown, empty when there is none.
+    QString Text() const override { return currentText(); }
+    /// Counted from 0; -1 when no entry is shown.
     int ListIndex() const override { return currentIndex(); }
     void SetListIndex(int index) override;
     void ClearList() override;
+    /// Adds an entry at the end; the one that is shown stays, also where there is none.
     void AddItem(const QString& text) override;
-    QString Text() const override { return currentText(); }
 
-  private:
-    bool writing_ = false;
+  protected:
+    bool EnterMovesOn() const override { return true; }
+    void wheelEvent(QWheelEvent* event) override;
 };

@@ -1,34 +1,13 @@
 #include "screen/Control.h"
 
+#include <QtMath>
+
 #include "platform/RuntimeError.h"
-#include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
 
-Control::Control(Form& form, QWidget& widget, QString typeName, QString name, int index)
-    : form_(form), widget_(widget), typeName_(std::move(typeName)), name_(std::move(name)), index_(index) {
-    widget_.setObjectName(index_ < 0 ? name_ : name_ + u'_' + QString::number(index_));
-    form_.Register(*this);
-}
-
-Control::~Control() { form_.Unregister(*this); }
-
-void Control::SetEnabled(bool enabled) {
-    if (!enabled) form_.DropFocusFrom(*this);
-    enabled_ = enabled;
-    widget_.setEnabled(enabled);
-}
-
-void Control::SetVisible(bool visible) {
-    if (!visible) form_.DropFocusFrom(*this);
-    visible_ = visible;
-    widget_.setVisible(visible);
-}
-
-void Control::SetFocus() { form_.SetFocus(*this); }
-
-void Control::SetTop(int twips) { widget_.move(widget_.x(), twips / kTwipsPerPixel); }
-void Control::SetHeight(int twips) { widget_.resize(widget_.width(), twips / kTwipsPerPixel); }
+void Control::SetTop(int twips) { widget_.move(widget_.x(), qRound(double(twips) / kTwipsPerPixel)); }
+void Control::SetHeight(int twips) { widget_.resize(widget_.width(), qRound(double(twips) / kTwipsPerPixel)); }
 
 void Control::Unsupported(const char* property) const {
     throw platform::RuntimeError(platform::kPropertyNotSupported, name_ + u": "_s + QString::fromLatin1(property));

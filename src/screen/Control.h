@@ -86,13 +86,17 @@ class Control {
     // For the form.
     /// The widget that takes keyboard focus for this control: itself, or the edit area inside it.
     virtual QWidget& FocusWidget() const { return widget_; }
-    /// The focus has just come here.
-    virtual void FocusGiven() {}
-    /// Enter presses the control; in all others it moves on like Tab.
-    virtual bool EnterClicks() const { return false; }
+    /// The focus has just come here; GotFocus is still to be raised. `byPress`: by a mouse press that the control
+    /// has yet to see.
+    virtual void FocusGiven(bool /*byPress*/) {}
+    /// Enter goes on to the next stop, as Tab does.
+    virtual bool EnterMovesOn() const { return false; }
 
   protected:
     [[noreturn]] void Unsupported(const char* property) const;
+    /// Raises an event that Qt reports: under the form's trap, and not at all while the form or the control takes
+    /// no input. What the program itself writes calls its event directly instead.
+    void RaiseByUser(const std::function<void()>& event);
 
   private:
     Form& form_;

@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QPointer>
+#include <QScopeGuard>
 #include <QScreen>
-
+#include <QWindow>
 #include <algorithm>
 
+#include "frame/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
@@ -23,14 +26,20 @@ const std::vector<Form*>& LoadedForms() { return Loaded(); }
 
 Form::Form(QString name) : name_(std::move(name)) {
     setObjectName(name_);
-    qApp->installEventFilter(this);
+    Watch(*this);
 }
 
 Form::~Form() {
-    qApp->removeEventFilter(this);
     std::erase(Loaded(), this);
-    if (modalLoop_ != nullptr) modalLoop_->quit();
+    EndModal();
     qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));  // while the form can still be told
+}
+
+Control* Form::ControlAround(const QWidget* widget) const {
+    for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+        if (Control* control = byWidget_.value(widget)) return control;
+    }
+    return nullptr;
 }
 
 void Form::RunEvent(const std::function<void()>& work) {
@@ -38,31 +47,31 @@ void Form::RunEvent(const std::function<void()>& work) {
         work();
     } catch (const platform::RuntimeError& error) {
         platform::Services().dialogs->ShowMessage(error.Description());
+    } catch (const std::exception& error) {
+        // Nothing may pass through Qt's own frames.
+        platform::Services().dialogs->ShowMessage(QString::fromLocal8Bit(error.what()));
     }
 }
 
 void Form::Register(Control& control) {
+    control.SetTabIndex(static_cast<int>(controls_.size()));
     controls_.push_back(&control);
     byName_.insert({control.Name(), control.Index()}, &control);
     byWidget_.insert(&control.Widget(), &control);
 }
 
 void Form::Unregister(Control& control) {
-    if (activeControl_ == &control) activeControl_ = nullptr;
-    if (pendingFocus_ == &control) pendingFocus_ = nullptr;
+    for (Control** kept : {&activeControl_, &pendingFocus_, &arriving_}) {
+        if (*kept == &control) *kept = nullptr;
+    }
     std::erase(controls_, &control);
     byName_.remove({control.Name(), control.Index()});
-    byWidget_.removeIf([&control](const auto& entry) { return entry.value() == &control; });
+    byWidget_.remove(&control.Widget());
 }
 
 Control& Form::Item(const QString& name, int index) const {
     if (Control* control = Find(name, index)) return *control;
     throw platform::RuntimeError(platform::kItemNotFound, name_ + u": "_s + name);
-}
-
-void Form::SetEnabled(bool enabled) {
-    if (!enabled) DropFocus();
-    enabled_ = enabled;
 }
 
 void Form::SetWindowHeight(int twips) { setFixedHeight((twips - kFrameHeight) / kTwipsPerPixel); }
@@ -80,41 +89,60 @@ void Form::PlaceOverOwner() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (screen == nullptr) return;
     const QRect area = screen->availableGeometry();
-    const QWidget* owner = QApplication::activeWindow();
-    const QPoint middle = owner != nullptr && owner != this ? owner->frameGeometry().center() : area.center();
+    const QWidget* front = QApplication::activeWindow();
+    const QWidget* owner = front != nullptr ? front : Globals().MainForm;
+    const bool beside = owner != nullptr && owner != this && owner->isVisible();
+    const QPoint middle = beside ? owner->frameGeometry().center() : area.center();
     const QPoint corner = middle - QPoint(width() / 2, (height() + kFrameHeight / kTwipsPerPixel) / 2);
     const int right = qMax(area.left(), area.right() - width());
     const int bottom = qMax(area.top(), area.bottom() - height());
     move(qBound(area.left(), corner.x(), right), qBound(area.top(), corner.y(), bottom));
 }
 
-void Form::ShowModal() {
+void Form::Present() {
     EnsureLoaded();
-    PlaceOverOwner();
-    setWindowModality(Qt::ApplicationModal);
+    if (unloading_) return;
+    if (!isVisible()) PlaceOverOwner();
+    const Form* mainForm = Globals().MainForm;
+    if (mainForm != nullptr && mainForm != this && mainForm->windowHandle() != nullptr) {
+        winId();  // makes the handle; without a window behind it, a dialog may come to lie under the main form
+        windowHandle()->setTransientParent(mainForm->windowHandle());
+    }
     show();
+    if (activeControl_ == nullptr) MoveToNextStop(true);
+}
+
+void Form::ShowModeless() { Present(); }
+
+void Form::ShowModal() {
+    setWindowModality(Qt::ApplicationModal);
+    const QPointer<Form> self(this);
     QEventLoop loop;
     modalLoop_ = &loop;
-    loop.exec();
-    modalLoop_ = nullptr;
+    const auto leave = qScopeGuard([&] {
+        if (self) self->modalLoop_ = nullptr;
+    });
+    Present();
+    // Load or the first GotFocus may have taken the window away again.
+    if (isVisible()) loop.exec();
 }
 
-void Form::ShowModeless() {
-    EnsureLoaded();
-    if (!isVisible()) PlaceOverOwner();
-    show();
-}
-
-void Form::HideForm() {
-    DropFocus();
-    hide();
+void Form::EndModal() {
     if (modalLoop_ != nullptr) modalLoop_->quit();
 }
 
+void Form::HideForm() {
+    DropFocusInside(*this);
+    hide();
+    EndModal();
+}
+
 void Form::UnloadForm() {
-    HideForm();
+    if (unloading_) return;
+    unloading_ = true;
+    if (Unload) Unload();
     std::erase(Loaded(), this);
-    loaded_ = false;
+    HideForm();
     deleteLater();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEvent>
 #include <QHash>
 #include <QPair>
 #include <QString>
@@ -10,6 +11,7 @@
 #include "screen/Control.h"
 
 class QEventLoop;
+class QKeyEvent;
 
 /// A window of the program with its controls. It keeps its own active control and raises LostFocus and GotFocus
 /// by itself, also while the window is not active yet; Qt's focus only follows. Activation of windows, pop-ups,
@@ -51,18 +53,20 @@ class Form : public QWidget {
     static constexpr int kFrameHeight = 420;
     static constexpr int kFrameWidth = 90;
 
-    /// Shows the window and returns when it is hidden or unloaded. Other windows take no input meanwhile.
+    /// Shows the window and returns when it is hidden or unloaded. Other windows take no input meanwhile. Where no
+    /// control is active yet, the first stop becomes it.
     void ShowModal();
     void ShowModeless();
-    /// Hides the window and ends its ShowModal; controls keep their values.
+    /// Hides the window and ends its ShowModal; controls keep their values, the focus drops to nothing.
     void HideForm();
-    /// Takes the window away and deletes it later, so that one of its own events may call it. Forms made with new only.
+    /// Raises Unload, takes the window away and deletes it later, so that one of its own events may call it. Forms
+    /// made with new only.
     void UnloadForm();
 
-    std::function<void()> Load;                ///< once, before the window is shown first
-    std::function<void()> Closing;             ///< the window's close box; the form itself stays as it is
-    std::function<void()> EscapePressed;       ///< Esc anywhere in the window
-    std::function<void(int delta)> WheelTurned;  ///< a turn of the wheel anywhere over the window, vertical part
+    std::function<void()> Load;           ///< once, before the window is shown first
+    std::function<void()> Unload;         ///< once, by UnloadForm
+    std::function<void()> Closing;        ///< the window's close box; the form itself stays as it is
+    std::function<void()> EscapePressed;  ///< Esc anywhere in the window
 
     /// Runs one piece of work started by the user under the trap.
     static void RunEvent(const std::function<void()>& work);
@@ -73,34 +77,47 @@ class Form : public QWidget {
     /// Drops the focus to nothing, raising nothing, when it lies on the control or inside it.
     void DropFocusFrom(const Control& control);
 
+    /// False while the form, or anything around the control, is disabled.
+    bool TakesInput(const Control& control) const;
+    /// Raises what a focus change by mouse or screen reader still owes.
+    void FlushFocus();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     void EnsureLoaded();
+    void Present();
     void PlaceOverOwner();
+    void EndModal();
     bool CanTakeFocus(const Control& control) const;
-    void LetQtFollow(Control& control);
-    void DropFocus();
-    void RaisePendingFocus();
-    Control* ControlOf(const QObject* widget) const;
-    bool FilterInput(QWidget& widget, QEvent& event);
-    bool FilterKey(QWidget& widget, QKeyEvent& event);
-    bool FilterWheel(QWheelEvent& event);
+    std::vector<Control*> Stops() const;
+    Control* ControlAround(const QWidget* widget) const;
+    void LetQtFollow();
+    void DropFocusInside(const QWidget& around);
     void NoteQtFocus(const QWidget& widget, Qt::FocusReason reason);
+    void Watch(QObject& object);
+    bool FilterInput(QWidget& widget, QEvent& event);
+    bool FilterMouse(QWidget& widget, QEvent::Type type);
+    bool FilterKey(QWidget& widget, const QKeyEvent& key);
+    bool FilterFormKey(const QKeyEvent& key);
 
     QString name_;
     bool enabled_ = true;
     bool loaded_ = false;
+    bool unloading_ = false;
+    bool leadingQt_ = false;  ///< Qt's focus is being set by the form itself
+    bool flushQueued_ = false;
+    bool pressing_ = false;  ///< a mouse press is on its way to its widget
     Control* activeControl_ = nullptr;
     Control* pendingFocus_ = nullptr;  ///< got Qt's focus by the user; its events are not raised yet
-    int focusMoves_ = 0;               ///< tells an outer SetFocus that an inner one has overtaken it
-    bool leadingQt_ = false;           ///< Qt's focus is being set by the form itself
+    Control* arriving_ = nullptr;      ///< is active while LostFocus of the one before is still running
     QEventLoop* modalLoop_ = nullptr;
     std::vector<Control*> controls_;
     QHash<QPair<QString, int>, Control*> byName_;
-    QHash<const QObject*, Control*> byWidget_;
+    QHash<const QWidget*, Control*> byWidget_;
 };
 
 /// All loaded forms, for those who ask whether a window of some name is loaded.

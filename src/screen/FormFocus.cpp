@@ -1,160 +1,116 @@
-// The focus of a form. The form decides and Qt follows, since Qt raises its focus events late, twice, or not at all
-// around message boxes, modal windows and disabled items.
+// The part of Form that decides who is active and raises LostFocus and GotFocus.
 
-#include <QKeyEvent>
-#include <QWheelEvent>
-
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "screen/Form.h"
 
+namespace {
+
+bool Inside(const QWidget& around, const QWidget* widget) {
+    return widget != nullptr && (widget == &around || around.isAncestorOf(widget));
+}
+
+void Raise(const std::function<void()>& event) {
+    if (event) event();
+}
+
+}  // namespace
+
+bool Form::TakesInput(const Control& control) const { return enabled_ && control.Widget().isEnabled(); }
+
 bool Form::CanTakeFocus(const Control& control) const {
-    return enabled_ && control.Enabled() && control.Visible() && control.Widget().isEnabledTo(this) &&
-           control.Widget().isVisibleTo(this);
+    const QWidget& widget = control.FocusWidget();
+    return &control.Owner() == this && enabled_ && control.Enabled() && control.Visible() &&
+           widget.focusPolicy() != Qt::NoFocus && widget.isEnabledTo(this) && widget.isVisibleTo(this);
+}
+
+void Form::SetEnabled(bool enabled) {
+    if (!enabled) DropFocusInside(*this);
+    enabled_ = enabled;
 }
 
 void Form::SetFocus(Control& control) {
-    pendingFocus_ = nullptr;
-    if (&control == activeControl_ || !CanTakeFocus(control)) return;
-    const int move = ++focusMoves_;
-    Control* left = std::exchange(activeControl_, nullptr);
-    if (left != nullptr && left->LostFocus) left->LostFocus();
-    if (move != focusMoves_ || !CanTakeFocus(control)) return;
+    if (activeControl_ == &control || !CanTakeFocus(control)) return;
+    Control* old = activeControl_;
     activeControl_ = &control;
-    LetQtFollow(control);
-    if (control.GotFocus) control.GotFocus();
-}
-
-void Form::LetQtFollow(Control& control) {
-    leadingQt_ = true;
-    control.FocusWidget().setFocus(Qt::OtherFocusReason);
-    leadingQt_ = false;
-    control.FocusGiven();
-}
-
-void Form::DropFocus() {
     pendingFocus_ = nullptr;
-    activeControl_ = nullptr;
-    ++focusMoves_;
-    leadingQt_ = true;
-    QWidget::setFocus(Qt::OtherFocusReason);  // first, or Qt would hop from item to item while they are disabled
-    leadingQt_ = false;
+    // Qt goes first: leaving an item commits what an input method still holds, and LostFocus has to find it there.
+    LetQtFollow();
+    if (old != nullptr && old != arriving_) {
+        const QScopedValueRollback<Control*> arriving(arriving_, &control);
+        Raise(old->LostFocus);
+    }
+    // A handler that has sent the focus on has raised the events of that move already.
+    if (activeControl_ != &control) return;
+    control.FocusGiven(pressing_);
+    Raise(control.GotFocus);
 }
 
-void Form::DropFocusFrom(const Control& control) {
-    const QWidget* focused = focusWidget();
-    const bool inside = focused != nullptr && (focused == &control.Widget() || control.Widget().isAncestorOf(focused));
-    if (inside || activeControl_ == &control) DropFocus();
+void Form::LetQtFollow() {
+    QWidget* wanted = activeControl_ == nullptr ? nullptr : &activeControl_->FocusWidget();
+    QWidget* present = focusWidget();
+    if (wanted == present) return;
+    const QScopedValueRollback<bool> leading(leadingQt_, true);
+    if (wanted != nullptr) {
+        wanted->setFocus(Qt::OtherFocusReason);
+    } else {
+        present->clearFocus();
+    }
 }
 
-void Form::MoveToNextStop(bool forward) {
+void Form::DropFocusFrom(const Control& control) { DropFocusInside(control.Widget()); }
+
+void Form::DropFocusInside(const QWidget& around) {
+    if (pendingFocus_ != nullptr && Inside(around, &pendingFocus_->Widget())) pendingFocus_ = nullptr;
+    if (activeControl_ != nullptr && Inside(around, &activeControl_->Widget())) activeControl_ = nullptr;
+    if (QWidget* present = focusWidget(); Inside(around, present)) {
+        const QScopedValueRollback<bool> leading(leadingQt_, true);
+        present->clearFocus();
+    }
+}
+
+std::vector<Control*> Form::Stops() const {
     std::vector<Control*> stops;
     std::copy_if(controls_.begin(), controls_.end(), std::back_inserter(stops),
                  [this](const Control* control) { return control->TabStop() && CanTakeFocus(*control); });
-    if (stops.empty()) return;
     std::stable_sort(stops.begin(), stops.end(),
                      [](const Control* a, const Control* b) { return a->TabIndex() < b->TabIndex(); });
+    return stops;
+}
+
+void Form::MoveToNextStop(bool forward) {
+    std::vector<Control*> stops = Stops();
+    if (stops.empty()) return;
     if (!forward) std::reverse(stops.begin(), stops.end());
-    const int here = activeControl_ == nullptr ? -1 : activeControl_->TabIndex();
     const auto next = std::find_if(stops.begin(), stops.end(), [&](const Control* stop) {
-        return here >= 0 && (forward ? stop->TabIndex() > here : stop->TabIndex() < here);
+        if (activeControl_ == nullptr) return true;
+        return forward ? stop->TabIndex() > activeControl_->TabIndex() : stop->TabIndex() < activeControl_->TabIndex();
     });
     SetFocus(next == stops.end() ? *stops.front() : **next);
 }
 
-Control* Form::ControlOf(const QObject* widget) const {
-    for (; widget != nullptr && widget != this; widget = widget->parent())
-        if (Control* control = byWidget_.value(widget, nullptr)) return control;
-    return nullptr;
-}
-
-/// Qt gave an item the focus by a mouse press or for an assistive tool. Its events are raised when Qt has finished
-/// with its own, and at the latest before the next input arrives.
 void Form::NoteQtFocus(const QWidget& widget, Qt::FocusReason reason) {
-    const bool byUser = reason == Qt::MouseFocusReason || reason == Qt::OtherFocusReason ||
-                        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-    if (leadingQt_ || !byUser) return;
-    Control* control = ControlOf(&widget);
-    if (control == nullptr || control == activeControl_) return;
-    pendingFocus_ = control;
-    QMetaObject::invokeMethod(this, [this] { RaisePendingFocus(); }, Qt::QueuedConnection);
+    if (leadingQt_) return;
+    const bool byUser = reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+                        reason != Qt::MenuBarFocusReason && reason != Qt::NoFocusReason;
+    if (byUser) pendingFocus_ = ControlAround(&widget);
+    if (flushQueued_) return;
+    flushQueued_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            flushQueued_ = false;
+            FlushFocus();
+        },
+        Qt::QueuedConnection);
 }
 
-void Form::RaisePendingFocus() {
-    if (pendingFocus_ == nullptr) return;
-    Control& control = *pendingFocus_;
-    RunEvent([&] { SetFocus(control); });
-    if (activeControl_ != nullptr && focusWidget() != &activeControl_->FocusWidget()) LetQtFollow(*activeControl_);
+void Form::FlushFocus() {
+    Control* wanted = std::exchange(pendingFocus_, nullptr);
+    if (wanted != nullptr) RunEvent([&] { SetFocus(*wanted); });
+    LetQtFollow();
 }
 
-bool Form::FilterKey(QWidget& widget, QKeyEvent& event) {
-    Control* control = ControlOf(&widget);
-    const int key = event.key();
-    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
-        RunEvent([&] { MoveToNextStop(key == Qt::Key_Tab && !(event.modifiers() & Qt::ShiftModifier)); });
-        return true;
-    }
-    if (key == Qt::Key_Escape && EscapePressed) {
-        RunEvent(EscapePressed);
-        return true;
-    }
-    if (control == nullptr || &control->FocusWidget() != &widget) return false;
-    const int code = key == Qt::Key_Control                           ? kKeyControl
-                     : key == Qt::Key_Return || key == Qt::Key_Enter ? kKeyReturn
-                                                                      : key;
-    const bool withOthers = key == Qt::Key_Control && (event.modifiers() & ~Qt::ControlModifier) != Qt::NoModifier;
-    if (control->KeyDown && !event.isAutoRepeat() && !withOthers) RunEvent([&] { control->KeyDown(code); });
-    if (code != kKeyReturn) return false;
-    RunEvent([&] {
-        if (control->EnterClicks())
-            control->Click();
-        else
-            MoveToNextStop(true);
-    });
-    return true;
-}
-
-/// The wheel belongs to the form as a whole: no item under the pointer acts on it a second time.
-bool Form::FilterWheel(QWheelEvent& event) {
-    const int delta = event.angleDelta().y();
-    if (!WheelTurned || event.angleDelta().isNull() || delta == 0) return false;
-    RunEvent([&] { WheelTurned(delta); });
-    event.accept();
-    return true;
-}
-
-bool Form::FilterInput(QWidget& widget, QEvent& event) {
-    if (!enabled_) {
-        event.accept();
-        return true;
-    }
-    RaisePendingFocus();
-    if (event.type() == QEvent::KeyPress) return FilterKey(widget, static_cast<QKeyEvent&>(event));
-    if (event.type() == QEvent::Wheel) return FilterWheel(static_cast<QWheelEvent&>(event));
-    return false;
-}
-
-bool Form::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-        case QEvent::FocusIn:
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::InputMethod:
-        case QEvent::ContextMenu:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::Drop: break;
-        default: return false;
-    }
-    auto* widget = qobject_cast<QWidget*>(watched);
-    if (widget == nullptr || widget->window() != this) return false;
-    if (event->type() == QEvent::FocusIn) {
-        NoteQtFocus(*widget, static_cast<QFocusEvent*>(event)->reason());
-        return false;
-    }
-    return FilterInput(*widget, *event);
-}
+// Qt looks for a neighbour here whenever it thinks that the focus has lost its place; the form alone moves it.
+bool Form::focusNextPrevChild(bool) { return false; }

@@ -1,130 +1,59 @@
 #include "screen/InputItem.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QGuiApplication>
-#include <QMenu>
-#include <QValidator>
+#include <QSignalBlocker>
 
-#include "screen/Form.h"
 #include "text/HalfWidthKana.h"
 
 using namespace Qt::StringLiterals;
 
-bool LetsThrough(CharacterClasses classes, QChar sign) {
-    if (classes & CharacterClass::All) return true;
-    const ushort code = sign.unicode();
-    if (code == u' ') return classes & CharacterClass::Space;
-    if (code >= u'0' && code <= u'9') return classes & CharacterClass::Num;
-    if (code >= u'a' && code <= u'z') return classes & CharacterClass::Lower;
-    if (code >= u'A' && code <= u'Z') return classes & CharacterClass::Upper;
-    if (code == u'+' || code == u'-' || code == u'.' || code == u',')
-        return classes & (CharacterClass::NumExt | CharacterClass::Symbol);
-    if (code > 0x20 && code < 0x7F) return classes & CharacterClass::Symbol;
-    if (code >= 0xFF61 && code <= 0xFF9F) return classes & CharacterClass::Kana;
-    return code > 0x7F && (classes & CharacterClass::DblByte);
-}
-
-namespace {
-
-Qt::InputMethodHints HintsOf(ImeMode mode) {
-    switch (mode) {
-        case ImeMode::Off: return Qt::ImhPreferLatin | Qt::ImhNoPredictiveText;
-        case ImeMode::Disabled: return Qt::ImhLatinOnly | Qt::ImhNoPredictiveText;
-        case ImeMode::None:
-        case ImeMode::On:
-        case ImeMode::Hiragana:
-        case ImeMode::HalfKatakana: break;
-    }
-    return Qt::ImhNone;
-}
-
-/// Bounds what is typed, pasted, dropped or committed by an input method. Qt asks after the fact, so the text as it
-/// was before tells which part is new.
-class Admission : public QValidator {
-  public:
-    explicit Admission(InputItem& item) : QValidator(&item), item_(item), before_(item.text()) {
-        connect(&item, &QLineEdit::textChanged, this, [this](const QString& text) { before_ = text; });
-    }
-
-    State validate(QString& text, int& cursor) const override {
-        int same = 0;
-        while (same < cursor && same < before_.size() && text[same] == before_[same]) ++same;
-        const QString inserted = text.mid(same, cursor - same);
-        if (inserted.isEmpty()) return Acceptable;
-        const QString rest = text.left(same) + text.mid(cursor);
-        const int limit = item_.MaxLength();
-        const int room = limit == 0 ? static_cast<int>(inserted.size()) * 2 : qMax(0, limit - static_cast<int>(rest.size()));
-        const QString admitted = item_.Admitted(inserted, room);
-        if (admitted.isEmpty()) return Invalid;
-        text = text.left(same) + admitted + text.mid(cursor);
-        cursor = same + static_cast<int>(admitted.size());
-        return Acceptable;
-    }
-
-  private:
-    const InputItem& item_;
-    QString before_;
-};
-
-}  // namespace
-
 InputItem::InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design)
-    : QLineEdit(&parent), Control(form, *this, std::move(typeName), std::move(name), index), design_(std::move(design)) {
-    QLineEdit::setMaxLength(32767);
+    : EditItem(form, parent, std::move(typeName), std::move(name), index),
+      design_(std::move(design)),
+      text_(design_.text) {
     setText(design_.text);
-    setValidator(new Admission(*this));
-    setInputMethodHints(HintsOf(design_.imeMode));
-    setAttribute(Qt::WA_InputMethodEnabled, design_.imeMode != ImeMode::Disabled);
-    setAccessibleName(Name());
-    if (TypeName() == "xPass"_L1) setEchoMode(QLineEdit::Password);
-    connect(this, &QLineEdit::textChanged, this, &InputItem::OnTextChanged);
+    if (TypeName() == u"xPass") setEchoMode(QLineEdit::Password);
+    ApplyImeMode();
+    connect(this, &QLineEdit::textChanged, this, [this] { TakeOver(); });
 }
 
-QString InputItem::Admitted(const QString& inserted, int room) const {
-    const QString converted = design_.imeMode == ImeMode::HalfKatakana ? ToHalfWidthKana(inserted) : inserted;
-    QString admitted;
-    for (const QChar sign : converted)
-        if (LetsThrough(design_.classes, sign)) admitted += sign;
-    admitted.truncate(room);
-    if (!admitted.isEmpty() && admitted.back().isHighSurrogate()) admitted.chop(1);  // no half of a pair
-    return admitted;
+void InputItem::ApplyImeMode() {
+    Qt::InputMethodHints hints = inputMethodHints();
+    if (design_.imeMode == ImeMode::Off) hints |= Qt::ImhPreferLatin;
+    if (design_.classes == CharacterClass::Num) hints |= Qt::ImhDigitsOnly;
+    setInputMethodHints(hints);
+    // After the hints and the echo mode, which switch it on again.
+    if (design_.imeMode == ImeMode::Disabled) setAttribute(Qt::WA_InputMethodEnabled, false);
 }
 
-void InputItem::SetText(const QString& written) {
-    if (written == text()) return;
-    writing_ = true;
-    setText(written);
-    writing_ = false;
+void InputItem::SetText(const QString& text) {
+    if (text == this->text()) return;
+    {
+        const QSignalBlocker quiet(this);
+        setText(text);
+    }
+    text_ = text;
     if (Change) Change();
 }
 
-void InputItem::OnTextChanged(const QString&) {
-    if (!writing_ && Change) Form::RunEvent(Change);
+QString InputItem::Bounded(const QString& text, int present) const {
+    const QString kept = Admitted(text, design_.classes);
+    return design_.maxLength > 0 ? CutToRoom(kept, design_.maxLength - present) : kept;
 }
 
-void InputItem::SetBackColor(const QColor& color) {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, color);
-    setPalette(colors);
+void InputItem::Insert(const QString& text, bool composed) {
+    const bool toKana = composed && design_.imeMode == ImeMode::HalfKatakana;
+    const auto present = this->text().size() - selectedText().size();
+    const QString wanted = Bounded(toKana ? ToHalfWidthKana(text) : text, static_cast<int>(present));
+    if (!wanted.isEmpty()) insert(wanted);
 }
 
-void InputItem::mouseDoubleClickEvent(QMouseEvent* event) {
-    QLineEdit::mouseDoubleClickEvent(event);
-    if (DblClick) Form::RunEvent(DblClick);
-}
-
-void InputItem::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    const bool selected = hasSelectedText();
-    menu.addAction(u"元に戻す(&U)"_s, this, &QLineEdit::undo)->setEnabled(isUndoAvailable());
-    menu.addSeparator();
-    menu.addAction(u"切り取り(&T)"_s, this, &QLineEdit::cut)->setEnabled(selected);
-    menu.addAction(u"ｺﾋﾟｰ(&C)"_s, this, &QLineEdit::copy)->setEnabled(selected);
-    menu.addAction(u"貼り付け(&P)"_s, this, &QLineEdit::paste)
-        ->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
-    menu.addAction(u"削除(&D)"_s, this, &QLineEdit::del)->setEnabled(selected);
-    menu.addSeparator();
-    menu.addAction(u"すべて選択(&A)"_s, this, &QLineEdit::selectAll)->setEnabled(!text().isEmpty());
-    menu.exec(event->globalPos());
+void InputItem::TakeOver() {
+    if (text() == text_) return;
+    // Neither typed nor written by the program: a screen reader has set the whole text at once.
+    if (!isModified() && Bounded(text(), 0) != text()) {
+        const QSignalBlocker quiet(this);
+        setText(Bounded(text(), 0));
+    }
+    text_ = text();
+    RaiseByUser(Change);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
-
-#include "screen/Control.h"
+#include "screen/EditItem.h"
 #include "screen/ItemDesign.h"
 
-/// xField, xPass and their like: InputItem(form, parent, type, name, index, design).
-class InputItem : public QLineEdit, public Control {
+/// xField or xPass: InputItem(form, parent, typeName, name, index, design). Typing and pasting obey the design's
+/// length and character classes; what the program writes is taken as it stands, however long. Raises Change at each
+/// change of Text; text that an input method is still composing is not Text yet. xPass shows dots.
+class InputItem : public EditItem {
   public:
     InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design);
 
@@ -15,20 +15,15 @@ class InputItem : public QLineEdit, public Control {
     int MaxLength() const override { return design_.maxLength; }
     int MinValue() const override { return design_.minValue; }
     int MaxValue() const override { return design_.maxValue; }
-    QColor BackColor() const override { return palette().color(QPalette::Base); }
-    void SetBackColor(const QColor& color) override;
-    void FocusGiven() override { selectAll(); }
-
-    /// What of a text at a place of the present one may be put in: filtered, converted, cut to the room there is.
-    QString Admitted(const QString& inserted, int room) const;
 
   protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void Insert(const QString& text, bool composed) override;
 
   private:
-    void OnTextChanged(const QString& text);
+    void ApplyImeMode();
+    QString Bounded(const QString& text, int present) const;
+    void TakeOver();
 
     ItemDesign design_;
-    bool writing_ = false;
+    QString text_;  // the Text of the last Change
 };

@@ -1,66 +1,82 @@
 #include "screen/NumItem.h"
 
-#include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QSignalBlocker>
 
-#include "screen/Form.h"
+#include "screen/ItemDesign.h"
 
 using namespace Qt::StringLiterals;
 
-NumItem::NumItem(Form& form, QWidget& parent, QString name)
-    : QLineEdit(&parent), Control(form, *this, u"xNum"_s, std::move(name), -1) {
-    setReadOnly(true);  // the value is typed digit by digit below; there is no free text to edit
+namespace {
+
+bool IsNumber(const QString& text) { return !text.isEmpty() && Admitted(text, CharacterClass::Num) == text; }
+
+}  // namespace
+
+NumItem::NumItem(Form& form, QWidget& parent, QString name) : EditItem(form, parent, u"xNum"_s, std::move(name), -1) {
+    setInputMethodHints(Qt::ImhDigitsOnly);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignCenter);
-    setText(u"0"_s);
-    setAccessibleName(Name());
+    Show();
+    connect(this, &QLineEdit::textChanged, this, [this] { TakeOver(); });
+}
+
+void NumItem::FocusGiven(bool byPress) {
+    digitTyped_ = false;
+    EditItem::FocusGiven(byPress);
+}
+
+void NumItem::AddToMenu(QMenu& menu) {
+    connect(menu.addAction(u"書式コピー(&F)"_s), &QAction::triggered, this,
+            [this] { QGuiApplication::clipboard()->setText(text()); });
+}
+
+void NumItem::Show() {
+    const QSignalBlocker quiet(this);
+    setText(QString::number(value_));
+    if (hasFocus()) selectAll();
 }
 
 void NumItem::SetValue(int value) {
     if (value == value_) return;
     value_ = value;
-    setText(QString::number(value));
-    selectAll();
+    digitTyped_ = false;
+    Show();
     if (Change) Change();
 }
 
-void NumItem::Try(int value) {
-    if (value < min_ || value > max_) return;
-    Form::RunEvent([this, value] { SetValue(value); });
+void NumItem::TakeFromUser(int value) {
+    const bool changed = value != value_;
+    value_ = value;
+    Show();
+    if (changed) RaiseByUser(Change);
 }
 
-/// A second digit makes a longer number where the bounds have room for one; otherwise it begins anew.
-void NumItem::TypeDigit(int digit) {
-    const int longer = value_ * 10 + digit;
-    Try(value_ > 0 && longer <= max_ ? longer : digit);
+void NumItem::Insert(const QString& text, bool composed) {
+    const QString& digits = text;
+    if (!IsNumber(digits)) return;
+    int wanted = digits.toInt();
+    if (composed && digitTyped_ && Within(value_ * 10 + wanted)) wanted += value_ * 10;
+    if (!Within(wanted)) return;
+    digitTyped_ = composed;
+    TakeFromUser(wanted);
 }
 
 void NumItem::keyPressEvent(QKeyEvent* event) {
-    const QString typed = event->text();
-    if (typed.size() == 1 && typed[0] >= u'0' && typed[0] <= u'9')
-        TypeDigit(typed[0].digitValue());
-    else if (event->key() == Qt::Key_Up)
-        Try(value_ + 1);
-    else if (event->key() == Qt::Key_Down)
-        Try(value_ - 1);
-    else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)
-        Try(min_);
-    else
-        QLineEdit::keyPressEvent(event);
-}
-
-/// Full-width digits of an input method count as well.
-void NumItem::inputMethodEvent(QInputMethodEvent* event) {
-    for (const QChar sign : event->commitString())
-        if (sign.digitValue() >= 0) TypeDigit(sign.digitValue());
+    const int step = event->key() == Qt::Key_Up ? 1 : event->key() == Qt::Key_Down ? -1 : 0;
+    if (step == 0) return EditItem::keyPressEvent(event);
     event->accept();
+    digitTyped_ = false;
+    if (Within(value_ + step)) TakeFromUser(value_ + step);
 }
 
-void NumItem::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    menu.addAction(u"ｺﾋﾟｰ(&C)"_s, this, [this] { QGuiApplication::clipboard()->setText(text()); });
-    menu.addAction(u"書式コピー(&F)"_s, this, [this] { QGuiApplication::clipboard()->setText(text()); });
-    menu.exec(event->globalPos());
+// Deleting and cutting are left to Qt, and a screen reader writes past Insert: what comes of it counts only as far
+// as it is a number within the bounds.
+void NumItem::TakeOver() {
+    const QString now = text();
+    const int wanted = now.isEmpty() ? minValue_ : IsNumber(now) ? now.toInt() : value_;
+    digitTyped_ = false;
+    TakeFromUser(Within(wanted) ? wanted : value_);
 }

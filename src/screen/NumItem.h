@@ -1,34 +1,38 @@
 #pragma once
 
-#include <QLineEdit>
+#include "screen/EditItem.h"
 
-#include "screen/Control.h"
-
-/// xNum: NumItem(form, parent, name). Typing and the arrow keys stay between MinValue and MaxValue; what the program
-/// writes is taken as it is.
-class NumItem : public QLineEdit, public Control {
+/// xNum: NumItem(form, parent, name). A number of 0 or more. A typed digit replaces the number, or goes behind the
+/// digit typed just before while that stays within the bounds; what would leave the bounds is refused; the arrow
+/// keys count up and down, deleting goes back to MinValue. What the program writes is taken as it is, also beyond
+/// the bounds. Raises Change at each change of Value. The wheel does nothing.
+class NumItem : public EditItem {
   public:
     NumItem(Form& form, QWidget& parent, QString name);
 
+    QString Text() const override { return text(); }
     int Value() const override { return value_; }
     void SetValue(int value) override;
-    int MinValue() const override { return min_; }
-    int MaxValue() const override { return max_; }
-    void SetMinValue(int value) override { min_ = value; }
-    void SetMaxValue(int value) override { max_ = value; }
-    QString Text() const override { return text(); }
-    void FocusGiven() override { selectAll(); }
+    int MinValue() const override { return minValue_; }
+    int MaxValue() const override { return maxValue_; }
+    void SetMinValue(int value) override { minValue_ = value; }
+    void SetMaxValue(int value) override { maxValue_ = value; }
+
+    void FocusGiven(bool byPress) override;
 
   protected:
+    void AddToMenu(QMenu& menu) override;
+    void Insert(const QString& text, bool composed) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
-    void Try(int value);
-    void TypeDigit(int digit);
+    bool Within(int value) const { return minValue_ <= value && value <= maxValue_; }
+    void Show();
+    void TakeFromUser(int value);
+    void TakeOver();
 
     int value_ = 0;
-    int min_ = 0;
-    int max_ = 0;
+    int minValue_ = 0;
+    int maxValue_ = 9;
+    bool digitTyped_ = false;  // the number shown is one that is being typed
 };

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <QStringList>
-
 #include "frame/ProgramGlobals.h"
 #include "screen/Form.h"
 
@@ -11,45 +9,54 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList kFocusable = {u"CommandButton"_s, u"SSCommand"_s, u"xField"_s, u"xPass"_s, u"xNum"_s,
-                                u"xText"_s,         u"xKana"_s,     u"xZip"_s,   u"xTel"_s};
-const QStringList kWorking = {u"CommandButton"_s, u"SSCommand"_s, u"CheckBox"_s,   u"OptionButton"_s, u"ComboBox"_s,
-                              u"xField"_s,        u"xNum"_s,      u"VScrollBar"_s, u"HScrollBar"_s};
-const QStringList kContainers = {u"Frame"_s, u"SSFrame"_s, u"SSPanel"_s, u"SSTab"_s};
+using TypeNames = std::initializer_list<QStringView>;
 
-void SetEnabledOf(const QStringList& types, bool enabled) {
+constexpr TypeNames kFocusTypes = {u"CommandButton", u"SSCommand", u"xField", u"xPass", u"xNum",
+                                   u"xText",         u"xKana",     u"xZip",   u"xTel"};
+constexpr TypeNames kWorkingTypes = {u"CommandButton", u"SSCommand", u"CheckBox",   u"OptionButton", u"ComboBox",
+                                     u"xField",        u"xNum",      u"VScrollBar", u"HScrollBar"};
+constexpr TypeNames kContainerTypes = {u"Frame", u"SSFrame", u"SSPanel", u"SSTab"};
+
+bool IsOf(const Control& control, TypeNames types) {
+    return std::any_of(types.begin(), types.end(), [&control](QStringView type) { return type == control.TypeName(); });
+}
+
+void SetAllEnabled(TypeNames types, bool enabled) {
     for (Control* control : Globals().MainForm->Controls()) {
-        if (types.contains(control->TypeName()) && control->Visible() && control->Enabled() != enabled)
-            control->SetEnabled(enabled);
+        if (IsOf(*control, types) && control->Visible() && control->Enabled() != enabled) control->SetEnabled(enabled);
     }
 }
 
 }  // namespace
 
 void FindNextTabItem() {
-    const int wanted = Globals().ListNextItem->TabIndex();
+    ProgramGlobals& globals = Globals();
+    if (globals.MainForm == nullptr || globals.ListNextItem == nullptr) return;
+    const int wanted = globals.ListNextItem->TabIndex();
     Control* best = nullptr;
-    for (Control* control : Globals().MainForm->Controls()) {
-        if (!kFocusable.contains(control->TypeName())) continue;
-        if (!control->Visible() || !control->Enabled() || !control->TabStop() || control->TabIndex() < wanted) continue;
+    for (Control* control : globals.MainForm->Controls()) {
+        if (!IsOf(*control, kFocusTypes) || !control->Visible() || !control->Enabled() || !control->TabStop()) continue;
+        if (control->TabIndex() < wanted) continue;
         if (best == nullptr || control->TabIndex() <= best->TabIndex()) best = control;
     }
-    if (best != nullptr) Globals().ListNextItem = best;
+    if (best != nullptr) globals.ListNextItem = best;
 }
 
 void DisableFormControls() {
-    SetEnabledOf(kWorking, false);
-    SetEnabledOf(kContainers, false);
+    if (Globals().MainForm == nullptr) return;
+    SetAllEnabled(kWorkingTypes, false);
+    SetAllEnabled(kContainerTypes, false);
 }
 
 void EnableFormControls() {
-    SetEnabledOf(kContainers, true);
-    SetEnabledOf(kWorking, true);
+    if (Globals().MainForm == nullptr) return;
+    SetAllEnabled(kContainerTypes, true);
+    SetAllEnabled(kWorkingTypes, true);
 }
 
 bool IsFormLoaded(const QString& name) {
-    return std::any_of(LoadedForms().begin(), LoadedForms().end(),
-                       [&name](const Form* form) { return form->Name() == name; });
+    const std::vector<Form*>& forms = LoadedForms();
+    return std::any_of(forms.begin(), forms.end(), [&name](const Form* form) { return form->Name() == name; });
 }
 
 void ResetConditionFlags() { Globals().Flags = ConditionFlags(); }

@@ -1,58 +1,78 @@
 #include "screen/modマウスWHeel.h"
 
-#include <QString>
-
+#include <QPointer>
+#include <QWheelEvent>
 #include <algorithm>
+#include <exception>
+#include <memory>
 
-#include "platform/RuntimeError.h"
 #include "screen/Form.h"
 
 namespace {
 
-struct Hook {
-    Form* form = nullptr;
-    Control* bar = nullptr;
-    int step = 0;
+constexpr int kWordDigits = 4;  // of a hexadecimal text
+
+quint32 MessageOf(const QWheelEvent& event) {
+    return static_cast<quint32>(static_cast<quint16>(event.angleDelta().y())) << 16;
+}
+
+class WheelHook : public QObject {
+  public:
+    WheelHook(Form& form, Control& scrollBar, int step)
+        : form_(form), barWidget_(&scrollBar.Widget()), bar_(scrollBar), step_(step) {
+        form.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Wheel) return false;
+        const auto& wheel = static_cast<const QWheelEvent&>(*event);
+        // A purely sideways turn is no wheel message at all.
+        if (wheel.angleDelta().y() == 0 || !form_.Enabled() || barWidget_.isNull()) return false;
+        try {
+            Turn(WheelDelta(MessageOf(wheel)));
+        } catch (const std::exception&) {
+            // Whatever a handler of the bar runs into, the message goes on and nobody is told.
+        }
+        return false;
+    }
+
+  private:
+    void Turn(int delta) {
+        if (!bar_.Enabled()) return;
+        const int wanted = delta < 0 ? bar_.Value() + step_ : bar_.Value() - step_;
+        const auto [low, high] = std::minmax({bar_.MinValue(), bar_.MaxValue()});
+        bar_.SetValue(std::clamp(wanted, low, high));
+    }
+
+    Form& form_;
+    QPointer<QWidget> barWidget_;  // tells when the bar is gone
+    Control& bar_;
+    int step_;
 };
 
-Hook& Installed() {
-    static Hook hook;
+std::unique_ptr<WheelHook>& Hook() {
+    static std::unique_ptr<WheelHook> hook;
     return hook;
-}
-
-void MoveBar(quint32 parameter) {
-    Control& bar = *Installed().bar;
-    if (!bar.Enabled()) return;
-    const int step = WheelDelta(parameter) < 0 ? Installed().step : -Installed().step;
-    const auto [low, high] = std::minmax(bar.MinValue(), bar.MaxValue());
-    bar.SetValue(std::clamp(bar.Value() + step, low, high));
-}
-
-/// What goes wrong here must not reach the event loop: the message is passed on all the same.
-void OnWheel(int delta) {
-    try {
-        MoveBar(static_cast<quint32>(delta) << 16);
-    } catch (const platform::RuntimeError&) {
-        return;
-    }
 }
 
 }  // namespace
 
-bool InstallWheelHook(Form& form, Control& bar, int step) {
-    Installed() = {&form, &bar, step};
-    form.WheelTurned = OnWheel;
+bool InstallWheelHook(Form& form, Control& scrollBar, int step) {
+    Hook() = std::make_unique<WheelHook>(form, scrollBar, step);
     return true;
 }
 
 bool RemoveWheelHook() {
-    if (Installed().form != nullptr) Installed().form->WheelTurned = nullptr;
-    Installed() = {};
-    return true;
+    const bool present = Hook() != nullptr;
+    Hook().reset();
+    return present;
 }
 
-qint32 WheelDelta(quint32 parameter) {
-    const QString digits = QString::number(parameter, 16);
-    if (digits.size() <= 4) return -1;
-    return static_cast<qint16>(digits.chopped(4).toUShort(nullptr, 16));
+// By way of the hexadecimal text: it has no digits for a high word of 0, which is why such a message counts as a
+// turn towards the user.
+int WheelDelta(quint32 wParam) {
+    const QString digits = QString::number(wParam, 16);
+    if (digits.size() <= kWordDigits) return -1;
+    return static_cast<qint16>(digits.chopped(kWordDigits).toUShort(nullptr, 16));
 }

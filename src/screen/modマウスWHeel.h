@@ -5,12 +5,13 @@
 class Control;
 class Form;
 
-/// From now on a turn of the wheel over the form moves the scroll bar by `step`, one step for each message, whatever
-/// its amount, and only while the bar is enabled. True.
-bool InstallWheelHook(Form& form, Control& bar, int step);
-/// Takes the hook away again. True.
+/// From now on each turn of the wheel over the form moves the bar's Value by one step, towards the user up,
+/// clamped to its bounds, while the bar is enabled. How far the wheel was turned does not count. The form still
+/// gets the event. One form at a time; both must outlive the hook or end with it. False when the hook can't be set.
+bool InstallWheelHook(Form& form, Control& scrollBar, int step);
+/// Takes the hook away again. False when there is none.
 bool RemoveWheelHook();
 
-/// The turn in a wheel message: the upper half of its first parameter as a signed number. A turn of 0 comes out as -1
-/// and so scrolls down; the lower half holds keys and buttons and counts for nothing.
-qint32 WheelDelta(quint32 parameter);
+/// The turn in a wheel message: the high word of `wParam` as a signed number. A high word of 0 counts as -1, so as a
+/// turn towards the user. The low word, keys and buttons, does not matter.
+int WheelDelta(quint32 wParam);

@@ -13,5 +13,6 @@ bool OpenDocument(const QString& path) {
 }
 
 void OpenManual() {
-    OpenDocument(Globals().Layout.ManualFolder + platform::kPathSeparator + ToFullWidth(Globals().ProgramId) + u".doc"_s);
+    OpenDocument(Globals().Layout.ManualFolder + platform::kPathSeparator + ToFullWidth(Globals().ProgramId) +
+                 u".doc"_s);
 }

@@ -1,6 +1,9 @@
 #include "screen/msgお待ち.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QPointer>
+#include <QWindow>
 
 #include "platform/Services.h"
 #include "screen/Fonts.h"
@@ -10,10 +13,25 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kPaintPatience = 300;  // milliseconds
+
 QPointer<msgお待ち>& Dialog() {
     static QPointer<msgお待ち> dialog;
     return dialog;
 }
+
+/// A display server answers later than one round of events, and the window would stay blank for the whole job. The
+/// user's input waits meanwhile.
+void PaintNow(QPointer<QWidget> window) {
+    QElapsedTimer patience;
+    patience.start();
+    while (window && window->windowHandle() != nullptr && !window->windowHandle()->isExposed() &&
+           patience.elapsed() < kPaintPatience)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    if (window) window->repaint();
+}
+
 }  // namespace
 
 msgお待ち::msgお待ち() : Form(u"msgお待ち"_s) {
@@ -39,10 +57,12 @@ void ShowWaitDialog() {
     if (Dialog().isNull()) Dialog() = new msgお待ち;
     Dialog()->ShowModeless();
     platform::LetEventsThrough();
+    PaintNow(Dialog().data());
 }
 
 void UnloadWaitDialog() {
     if (Dialog().isNull()) return;
-    Dialog()->UnloadForm();
+    msgお待ち* dialog = Dialog();
     Dialog().clear();
+    dialog->UnloadForm();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "setup/Arguments.h"
-#include "setup/Commands.h"
+#include "setup/Console.h"
 
 namespace setup {
 

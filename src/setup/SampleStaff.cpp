@@ -1,5 +1,7 @@
 #include "setup/SampleStaff.h"
 
+#include <QDate>
+
 #include "setup/SampleMasters.h"
 #include "setup/SampleNames.h"
 #include "setup/SamplePlaces.h"
@@ -44,6 +46,7 @@ struct Person {
     bool left;
     int birthYear;
     int hireYear;
+    QString hired;  // yyyymmdd
     SampleName family;
     SampleName given;
     bool LaunchesPrograms() const { return place == 0; }
@@ -54,8 +57,8 @@ Person MakePerson(int place, SampleRandom& random) {
     person.place = place;
     person.founder = place % 150 == 7;
     person.woman = random.Percent(42);
-    person.birthYear = person.founder ? random.Between(1905, 1924) : random.Between(1950, 2005);
-    if (!person.founder && random.Percent(5)) person.birthYear -= 18;
+    person.birthYear = person.founder ? random.Between(1905, 1924) : random.Between(1957, 2005);
+    if (!person.founder && random.Percent(4)) person.birthYear -= 18;
     person.hireYear = qMin(person.birthYear + random.Between(18, 24), kReferenceYear);
     const bool leaves = random.Percent(7);
     person.left =
@@ -65,6 +68,8 @@ Person MakePerson(int place, SampleRandom& random) {
         person.birthYear = 1978;
         person.hireYear = 2000;
     }
+    const bool spring = person.LaunchesPrograms() || person.hireYear == kReferenceYear || random.Percent(80);
+    person.hired = spring ? Date(person.hireYear, 4, 1) : RandomDate(person.hireYear, 4, 12, random);
     person.family = random.Pick(FamilyNames());
     person.given = random.Pick(person.woman ? FemaleNames() : MaleNames());
     return person;
@@ -155,8 +160,6 @@ void SetOrganisation(TableWriter& row, const Person& person, SampleRandom& rando
 
 void SetDates(TableWriter& row, const Person& person, SampleRandom& random) {
     const QString birth = RandomDate(person.birthYear, 1, 12, random);
-    const bool spring = person.hireYear == kReferenceYear || random.Percent(80);
-    const QString hired = spring ? Date(person.hireYear, 4, 1) : RandomDate(person.hireYear, 4, 12, random);
     QString leaving;
     bool gone = person.left;
     if (person.left) {
@@ -169,30 +172,37 @@ void SetDates(TableWriter& row, const Person& person, SampleRandom& random) {
         leaving = person.place % 120 == 11 ? u"20991231"_s : Date(kReferenceYear + 1, 3, 31);
     }
     row.Set(u"生年月日"_s, person.LaunchesPrograms() || !random.Percent(2) ? birth : u""_s)
-        .Set(u"入社日付"_s, hired)
+        .Set(u"入社日付"_s, person.hired)
         .Set(u"退社日付"_s, leaving)
         .Set(u"在籍区分"_s, gone ? u"1"_s : u"0"_s);
 }
 
-QString Stamp(int year, SampleRandom& random) {
-    QString stamp = RandomDate(year, 1, 9, random) + u' ';
+QString AtOffice(const QDate& day, SampleRandom& random) {
+    QString stamp = day.toString(u"yyyyMMdd"_s) + u' ';
     stamp += Digits(random.Between(8, 19), 2);
     stamp += Digits(random.Below(60), 2);
     return stamp + Digits(random.Below(60), 2);
 }
 
-void SetRemarks(TableWriter& row, const Person& person, SampleRandom& random) {
+/// Stamps of the row: made on joining, or when the suite came; the earliest rows were taken over without one.
+void SetStamps(TableWriter& row, const Person& person, SampleRandom& random) {
+    const QDate suiteCame(2005, 4, 1), joined = QDate::fromString(person.hired, u"yyyyMMdd"_s);
+    const QDate made = qMax(suiteCame, joined).addDays(random.Between(0, 20));
+    const int none = random.Below(100);
+    if (none > 2) row.Set(u"登録日付"_s, AtOffice(made, random));
+    if (none == 2) row.Set(u"登録日付"_s, u""_s);
+    const auto days = static_cast<int>(made.daysTo(QDate(kReferenceYear, 10, 1)));
+    if (days < 2 || !random.Percent(60)) return;
+    const QDate changed = made.addDays(random.Between(1, days - 1));
+    row.Set(u"更新日付"_s, AtOffice(changed, random));
+}
+
+void SetMemo(TableWriter& row, SampleRandom& random) {
     static constexpr const char16_t* kMemos[] = {
         u"日商簿記２級", u"普通自動車免許",     u"時短勤務（１６時まで）",         u"衛生管理者",
         u"英語対応可",   u"健康診断は秋に受診", u"フォークリフト運転技能講習修了", u"出向中",
     };
     row.Set(u"担当者メモ"_s, random.Percent(15) ? Text(random.Pick(std::span<const char16_t* const>(kMemos))) : u""_s);
-    // Registered when the suite came, or on joining; the earliest rows were taken over without a stamp.
-    const int registered = qMax(2005, person.hireYear);
-    if (!random.Percent(3)) row.Set(u"登録日付"_s, random.Percent(2) ? u""_s : Stamp(registered, random));
-    if (!random.Percent(60)) return;
-    const int changed = random.Between(registered, kReferenceYear);
-    row.Set(u"更新日付"_s, Stamp(changed, random));
 }
 
 void SetRights(TableWriter& row, const Person& person, SampleRandom& random) {
@@ -218,7 +228,8 @@ void WriteStaff(StoreWriter& store, int count, quint64 seed) {
         SetAddress(row, random);
         SetOrganisation(row, person, random);
         SetDates(row, person, random);
-        SetRemarks(row, person, random);
+        SetMemo(row, random);
+        SetStamps(row, person, random);
         SetRights(row, person, random);
         row.Add();
     }

@@ -106,7 +106,10 @@ void TableWriter::AddLines(const QString& columns, const QStringList& lines) {
     const QStringList names = columns.split(u' ');
     for (const QString& line : lines) {
         const QStringList values = line.split(u'|');
-        for (int i = 0; i < names.size(); ++i) Set(names[i], values.value(i, u""_s));
+        if (values.size() != names.size())
+            throw platform::DatabaseError(platform::kStatementFailure,
+                                          u"テーブル %1 の行 %2 の値の数が列の数と違います。"_s.arg(table_, line));
+        for (int i = 0; i < names.size(); ++i) Set(names[i], values[i]);
         Add();
     }
 }

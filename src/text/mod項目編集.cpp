@@ -63,7 +63,8 @@ QString GroupThousands(const QString& digits) {
 }
 
 QString ApplyMask(const PlainNumber& number, const QString& mask) {
-    QString digits = number.digits.rightJustified(mask.count(u'0'), u'0');
+    QString digits = number.digits;
+    if (const qsizetype width = mask.count(u'0'); digits.size() < width) digits = digits.rightJustified(width, u'0');
     if (mask.contains(u',')) digits = GroupThousands(digits);
     return number.negative && !number.digits.isEmpty() ? u'-' + digits : digits;
 }
@@ -103,7 +104,9 @@ QString FormatByMask(const QString& value, const QString& mask) {
     return number ? ApplyMask(*number, mask) : value;
 }
 
-QString FormatByMask(qint64 value, const QString& mask) { return FormatByMask(QString::number(value), mask); }
+QString FormatByMask(qint64 value, const QString& mask) {
+    return ApplyMask({value < 0, value == 0 ? QString() : QString::number(value).mid(value < 0 ? 1 : 0)}, mask);
+}
 
 QString CutToLength(const QString& text, int maxBytes) { return text.first(FittingLength(text, maxBytes)); }
 

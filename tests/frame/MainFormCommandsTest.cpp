@@ -53,6 +53,7 @@ TEST_F(CommandsTest, BlankFirstFieldShiftsAllOthersToTheLeft) {
 }
 
 TEST_F(CommandsTest, EmptyPositionEndSearchesAndFindsNothing) {
+    installation.General().Execute(u"UPDATE M担当者 SET 役職コード = NULL WHERE 役職コード = ''"_s);
     Start();
     Enter(u"終了役職コード"_s, QString());
     const int rows = History().size();

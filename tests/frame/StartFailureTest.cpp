@@ -98,8 +98,20 @@ TEST_F(StartFailureTest, UserNamesThatLeadElsewhereEndTheStart) {
     }
 }
 
-TEST_F(StartFailureTest, UnknownDialectStartsWithAnEmptyListAndErrorRows) {
-    installation.Configuration().Execute(u"UPDATE データベース定義 SET db = 'A '"_s);
+TEST_F(StartFailureTest, UnknownDialectCountsAsOpenUntilTheLaunchingStaffIsRead) {
+    installation.SetDefinition(u"db"_s, u"A "_s);
+    ExpectRefusal({kNoDatabase});
+    EXPECT_TRUE(Globals().MainConnectionOpen);
+    const QStringList history = History();
+    ASSERT_EQ(history.size(), 3);
+    EXPECT_TRUE(history[1].startsWith(u"エラー "_s) &&
+                history[1].endsWith(u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = ''00001''"_s))
+        << history[1].toStdString();
+}
+
+TEST_F(StartFailureTest, UnknownDialectAndNobodyKnownGiveAnEmptyListAndErrorRows) {
+    installation.SetDefinition(u"db"_s, u"A "_s);
+    installation.SetEnvironment(u"起動担当者コード"_s, QString());
     Start();
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_TRUE(Globals().MainConnectionOpen);

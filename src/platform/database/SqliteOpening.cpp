@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/database/LockWait.h"
+
 namespace platform {
 namespace {
 
@@ -50,7 +52,7 @@ SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
     SqliteDatabase database(raw);
     if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
     sqlite3_extended_result_codes(raw, 1);
-    sqlite3_busy_timeout(raw, lockWait);
+    WaitForLocks(raw, lockWait);
     // A misspelled name in double quotes is an error and not a text.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
@@ -122,7 +124,7 @@ SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
     }
     if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);
     if (!reader) SetUpWriter(database.get());
-    sqlite3_busy_timeout(database.get(), LockWaitMilliseconds(request.commandTimeout));
+    WaitForLocks(database.get(), LockWaitMilliseconds(request.commandTimeout));
     return database;
 }
 

@@ -1,0 +1,182 @@
+#include "setup/Installer.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "setup/Manual.h"
+#include "support/SampleInstallation.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class InstallerTest : public testing::Test {
+  protected:
+    InstallerTest() {
+        request.folder = folder.filePath(u"suite"_s);
+        request.staff = 3;
+    }
+    QString Make() { return setup::MakeInstallation(request); }
+    QStringList Entries(const QString& path) const {
+        return QDir(folder.filePath(path))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    void Write(const QString& path, const QByteArray& content) {
+        QDir().mkpath(QFileInfo(folder.filePath(path)).path());
+        QFile file(folder.filePath(path));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+    /// Description of the refusal; empty when there was none.
+    QString Refusal() {
+        try {
+            Make();
+        } catch (const setup::Refusal& refusal) {
+            return refusal.Description();
+        }
+        return {};
+    }
+
+    QTemporaryDir folder;
+    setup::InstallationRequest request;
+};
+
+QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+TEST_F(InstallerTest, MakesFoldersDatabasesAndManual) {
+    EXPECT_EQ(Make(), folder.filePath(u"suite"_s));
+    EXPECT_EQ(Entries(u"."_s), QStringList{u"suite"_s});
+    EXPECT_EQ(Entries(u"suite"_s),
+              (QStringList{u"conf"_s, u"data"_s, u"manual"_s, u"prgbin"_s, u"report"_s, u"users"_s}));
+    EXPECT_EQ(Entries(u"suite/conf"_s), QStringList{u"usrcnfg.accdb"_s});
+    EXPECT_EQ(Entries(u"suite/data"_s), QStringList{u"gnrdb.accdb"_s});
+    EXPECT_EQ(Entries(u"suite/report"_s), QStringList{u"repdb.accdb"_s});
+    EXPECT_EQ(Bytes(folder.filePath(u"suite/manual/要員名簿照会.doc"_s)), setup::ManualDocument());
+}
+
+TEST_F(InstallerTest, DefinitionRowNamesTheGeneralDatabase) {
+    const SampleFile configuration(Make() + u"/conf/usrcnfg.accdb"_s);
+    EXPECT_EQ(configuration.Rows(u"SELECT 情報種類, db, プロバイダ名, データソース名 FROM データベース定義"_s),
+              (QList<QStringList>{
+                  {u"GNR"_s, u"A"_s, u"Microsoft.ACE.OLEDB.12.0"_s, folder.filePath(u"suite/data/gnrdb.accdb"_s)}}));
+    EXPECT_EQ(configuration.Rows(
+                  u"SELECT 動作環境定義ID, 運用事業所コード, インストール区分, 起動担当者コード FROM 動作環境定義"_s),
+              (QList<QStringList>{{u"001"_s, u"000"_s, u"0"_s, u"00001"_s}}));
+    EXPECT_EQ(configuration.Value(u"SELECT 処理分類 FROM 販路推進データ管理 WHERE プログラムID = '要員名簿照会'"_s),
+              u"1"_s);
+}
+
+TEST_F(InstallerTest, OlderKindHasItsSuffixAndProvider) {
+    request.kind = kMdb;
+    request.installKind = 1;
+    const SampleFile configuration(Make() + u"/conf/usrcnfg.mdb"_s);
+    EXPECT_EQ(Entries(u"suite/report"_s), QStringList{u"repdb.mdb"_s});
+    EXPECT_EQ(configuration.Rows(u"SELECT プロバイダ名, データソース名 FROM データベース定義"_s),
+              (QList<QStringList>{{u"Microsoft.Jet.OLEDB.4.0"_s, folder.filePath(u"suite/data/gnrdb.mdb"_s)}}));
+    EXPECT_EQ(configuration.Value(u"SELECT インストール区分 FROM 動作環境定義"_s), u"1"_s);
+}
+
+TEST_F(InstallerTest, WorkTablesAreEmptyAndNoFileIsInWalMode) {
+    const QString root = Make();
+    const SampleFile report(root + u"/report/repdb.accdb"_s);
+    for (const QString& piece : {u""_s, u"封筒"_s, u"はがき"_s, u"宛名ラベル"_s})
+        EXPECT_EQ(report.Value(u"SELECT count(*) FROM 要員名簿照会"_s + piece), u"0"_s);
+    for (const QString& file : {u"/report/repdb.accdb"_s, u"/data/gnrdb.accdb"_s, u"/conf/usrcnfg.accdb"_s})
+        EXPECT_EQ(SampleFile(root + file).Value(u"PRAGMA journal_mode"_s), u"delete"_s);
+}
+
+TEST_F(InstallerTest, SameSeedGivesTheSameBytes) {
+    request.staff = 100;
+    const QString first = Make();
+    request.folder = folder.filePath(u"other"_s);
+    EXPECT_EQ(Bytes(first + u"/data/gnrdb.accdb"_s), Bytes(Make() + u"/data/gnrdb.accdb"_s));
+}
+
+TEST_F(InstallerTest, CopiesTheProgramsThatAreBuiltAndSkipsOthers) {
+    Write(u"built/要員名簿照会"_s, "program");
+    QFile::setPermissions(folder.filePath(u"built/要員名簿照会"_s),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+    Write(u"built/cmake.log"_s, "no program");
+    request.programFolder = folder.filePath(u"built"_s);
+    Make();
+    EXPECT_EQ(Entries(u"suite/prgbin"_s), QStringList{u"要員名簿照会"_s});
+    EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/prgbin/要員名簿照会"_s)).isExecutable());
+}
+
+TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {
+    const QString root = Make();
+    const QByteArray before = Bytes(root + u"/data/gnrdb.accdb"_s);
+    request.staff = 9;
+    EXPECT_EQ(Refusal(), root + u" には既にインストールがあります。作り直すときは --replace を付けてください。"_s);
+    EXPECT_EQ(Bytes(root + u"/data/gnrdb.accdb"_s), before);
+}
+
+TEST_F(InstallerTest, ReplaceMakesItAnewAndLeavesNothingBeside) {
+    Make();
+    Write(u"suite/users/old/conf/usrcnfg.accdb"_s, "gone afterwards");
+    request.staff = 9;
+    request.replace = true;
+    const SampleFile general(Make() + u"/data/gnrdb.accdb"_s);
+    EXPECT_EQ(general.Value(u"SELECT count(*) FROM M担当者"_s), u"9"_s);
+    EXPECT_EQ(Entries(u"."_s), QStringList{u"suite"_s});
+    EXPECT_EQ(Entries(u"suite/users"_s), QStringList{});
+}
+
+TEST_F(InstallerTest, ReplaceOfALinkKeepsTheLink) {
+    const QString root = Make();
+    ASSERT_TRUE(QFile::link(root, folder.filePath(u"link"_s)));
+    request.folder = folder.filePath(u"link"_s);
+    request.replace = true;
+    EXPECT_EQ(Make(), root);
+    EXPECT_TRUE(QFileInfo(folder.filePath(u"link"_s)).isSymLink());
+}
+
+TEST_F(InstallerTest, EmptyFolderIsTakenAndAForeignOneNever) {
+    ASSERT_TRUE(QDir().mkdir(request.folder));
+    EXPECT_EQ(Refusal(), QString());
+    request.folder = folder.filePath(u"letters"_s);
+    Write(u"letters/private.txt"_s, "mine");
+    for (const bool replace : {false, true}) {
+        request.replace = replace;
+        EXPECT_EQ(Refusal(), request.folder + u" は空のフォルダではなく、インストールでもありません。"_s);
+    }
+    EXPECT_EQ(Entries(u"letters"_s), QStringList{u"private.txt"_s});
+}
+
+TEST_F(InstallerTest, RefusesAFileAndPathsThatTheProgramsCouldNotRead) {
+    Write(u"file"_s, "");
+    request.folder = folder.filePath(u"file"_s);
+    EXPECT_EQ(Refusal(), request.folder + u" はフォルダではありません。"_s);
+    request.folder = folder.filePath(u"PrgBin2/suite"_s);
+    EXPECT_EQ(Refusal(), request.folder + u" は使えません。パスに prgbin または prgsrc を含めないでください。"_s);
+    request.folder = folder.filePath(u"a;b"_s);
+    EXPECT_EQ(Refusal(), request.folder + u" は使えません。パスに「;」や「\"」を含めないでください。"_s);
+    EXPECT_EQ(Entries(u"."_s), QStringList{u"file"_s});
+}
+
+TEST_F(InstallerTest, FailureLeavesNoHalfInstallation) {
+    Write(u"file"_s, "");
+    request.folder = folder.filePath(u"file/suite"_s);
+    EXPECT_THROW(Make(), platform::RuntimeError);
+    // The name is too long to be moved to, which shows only when everything is built.
+    request.folder = folder.filePath(QString(300, u'x'));
+    EXPECT_THROW(Make(), platform::RuntimeError);
+    EXPECT_EQ(Entries(u"."_s), QStringList{u"file"_s});
+}
+
+TEST(Manual, IsPlainRtfForTheOldSuffix) {
+    const QByteArray document = setup::ManualDocument();
+    EXPECT_TRUE(document.startsWith("{\\rtf1\\ansi\\ansicpg932"));
+    EXPECT_TRUE(document.endsWith("}\n"));
+    EXPECT_EQ(document.count('{'), document.count('}'));
+    for (const char byte : document) ASSERT_LT(static_cast<unsigned char>(byte), 0x80);
+    EXPECT_TRUE(document.contains("\\u-30335?\\u21729?"));  // 要員
+}
