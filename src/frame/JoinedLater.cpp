@@ -5,7 +5,6 @@ QString CompanyName() { return {}; }
 QString OfficeTextOutputFolder() { return QString(); }
 void ShowProgramTitle() {}
 void PublishConditionLabels(const QString&, const QString&) {}
-bool CheckProgramPermission(const QString&, const QString&, int) { return true; }
 
 void ReceiveStartLink(const QString&, const QString&) {}
 void WriteEndLink(const QString&) {}

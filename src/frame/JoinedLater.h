@@ -15,9 +15,6 @@ QString OfficeTextOutputFolder();
 void ShowProgramTitle();
 /// Writes the names of the start command's fields into the program's row of the menu table.
 void PublishConditionLabels(const QString& menu, const QString& programId);
-/// Whether the launching staff member may do the operation (0 start, 1 input, 2 change, 3 delete, 4 print,
-/// 5 preview, 6 text output, 7 image output); asks for a PIN where the site demands one.
-bool CheckProgramPermission(const QString& menu, const QString& programId, int operation);
 
 /// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
 void ReceiveStartLink(const QString& command, const QString& earliest);
