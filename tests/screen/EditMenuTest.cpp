@@ -82,7 +82,7 @@ TEST_F(EditMenu, EntriesThatCanDoNothingAreGrey) {
     QMenu* menu = Open(form.first);
     ASSERT_NE(menu, nullptr);
     for (const QAction* action : menu->actions()) {
-        if (!action->isSeparator()) EXPECT_FALSE(action->isEnabled()) << action->text().toStdString();
+        EXPECT_TRUE(action->isSeparator() || !action->isEnabled()) << action->text().toStdString();
     }
     menu->close();
 }
