@@ -3,6 +3,7 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 
 /// One database of an engine that the contract tests run over. It is made, filled and looked at past the code
@@ -21,6 +22,7 @@ struct EngineKind {
     std::string name;
     std::function<std::unique_ptr<TestEngine>()> make;
 };
+inline void PrintTo(const EngineKind& kind, std::ostream* out) { *out << kind.name; }
 
 /// The engines that this machine has.
 const EngineKind* AllEnginesBegin();

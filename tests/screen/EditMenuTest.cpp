@@ -82,7 +82,8 @@ TEST_F(EditMenu, EntriesThatCanDoNothingAreGrey) {
     QMenu* menu = Open(form.first);
     ASSERT_NE(menu, nullptr);
     for (const QAction* action : menu->actions()) {
-        EXPECT_TRUE(action->isSeparator() || !action->isEnabled()) << action->text().toStdString();
+        if (action->isSeparator()) continue;
+        EXPECT_FALSE(action->isEnabled()) << action->text().toStdString();
     }
     menu->close();
 }
