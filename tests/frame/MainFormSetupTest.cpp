@@ -70,3 +70,74 @@ TEST_F(FormSetupTest, SearchShowsTheNoticeAndDisablesTheFormWhileItLoads) {
     EXPECT_TRUE(Item(u"btn_終了"_s).Enabled());
     EXPECT_EQ(Focused(), u"検索名称"_s);
 }
+
+TEST_F(FormSetupTest, EveryCaptionIsAsTheUsersKnowIt) {
+    Start();
+    const QList<QPair<QString, QString>> captions = {
+        {u"btn_集計検索"_s, u"検索"_s},
+        {u"btn_画面クリア"_s, u"画面ｸﾘｱ"_s},
+        {u"btn_印刷"_s, u"印刷"_s},
+        {u"btn_プレビュ"_s, u"プレビュ"_s},
+        {u"btn_テキスト出力"_s, u"ﾃｷｽﾄ出力"_s},
+        {u"btn_封筒"_s, u"封筒"_s},
+        {u"btn_はがき"_s, u"はがき"_s},
+        {u"btn_宛名ラベル"_s, u"宛名ラベル"_s},
+        {u"btn_終了"_s, u"終了"_s},
+        {u"manualpanel"_s, u"Manual"_s},
+        {u"btn_名称複数指定"_s, u"名称複数指定"_s},
+        {u"btn_カナ複数指定"_s, u"カナ複数指定"_s},
+        {u"btn_住所複数指定"_s, u"住所複数指定"_s},
+        {u"btn_電話複数指定"_s, u"電話複数指定"_s},
+        {u"btn_郵便番号複数指定"_s, u"郵便番号複数指定"_s},
+        {u"itm_ttl_行No"_s, u"行No"_s},
+        {u"itm_ttl_担当者"_s, u"コード/氏名/カナ"_s},
+        {u"itm_ttl_所属"_s, u"所属"_s},
+        {u"itm_ttl_役職"_s, u"役職/在籍/社員区分"_s},
+        {u"itm_ttl_日付"_s, u"生年月日/入社日付/退職日付"_s},
+        {u"itm_ttl_住所"_s, u"住所"_s},
+        {u"itm_ttl_連絡先"_s, u"連絡先"_s},
+        {u"itm_ttl_メモ"_s, u"メモ"_s},
+        {u"itm_ttl_登録更新日付"_s, u"登録・更新日付"_s},
+    };
+    for (const auto& [name, caption] : captions) EXPECT_EQ(Item(name).Caption(), caption) << name.toStdString();
+    const QList<QPair<QString, QString>> rowCaptions = {
+        {u"itm_ttl_性別"_s, u"性別"_s},    {u"itm_ttl_電話"_s, u"ＴＥＬ"_s},   {u"itm_ttl_携帯電話"_s, u"携帯"_s},
+        {u"itm_ttl_EMAIL"_s, u"E-mail"_s}, {u"itm_ttl_登録日付"_s, u"登録"_s}, {u"itm_ttl_更新日付"_s, u"更新"_s},
+    };
+    for (const auto& [name, caption] : rowCaptions) EXPECT_EQ(Item(name, 7).Caption(), caption) << name.toStdString();
+}
+
+TEST_F(FormSetupTest, HeadAnswersNothingWhileASiblingIsAwaited) {
+    Start();
+    Item(u"検索名称"_s).SetFocus();
+    Globals().Conditions.DepartmentTo.clear();
+    Globals().LinkWaiting = true;
+    Item(u"検索名称"_s).SetText(QString(20, u'あ'));
+    EXPECT_EQ(Item(u"お知らせ"_s).Caption(), QString());
+    Item(u"開始セクションコード"_s).SetFocus();
+    EXPECT_EQ(Focused(), u"開始セクションコード"_s);
+    EXPECT_EQ(Globals().Conditions.SearchName, QString());
+    Item(u"開始セクションコード"_s).SetText(u"5"_s);
+    Item(u"在籍区分"_s).SetFocus();
+    EXPECT_EQ(Focused(), u"在籍区分"_s);
+    EXPECT_EQ(Item(u"開始セクションコード"_s).Text(), u"5"_s);
+    EXPECT_EQ(Globals().Conditions.SectionFrom, u"000"_s);
+    Item(u"在籍区分"_s).SetValue(1);
+    Item(u"社員区分名称"_s).SetListIndex(0);
+    Item(u"検索カナ"_s).SetFocus();
+    EXPECT_EQ(Globals().Conditions.EnrolmentKind, 0);
+    EXPECT_EQ(Item(u"社員区分"_s).Value(), Item(u"社員区分"_s).MaxValue());
+    EXPECT_EQ(Globals().LastHeadItem, &Item(u"検索名称"_s));
+    Item(u"ヘッド終了"_s).SetFocus();
+    EXPECT_EQ(Focused(), u"ヘッド終了"_s);
+}
+
+TEST_F(FormSetupTest, BoxesAndListsOfTheClassesRememberThemselvesAsTheLastHeadItem) {
+    Start();
+    for (const QString& name :
+         {u"在籍区分"_s, u"在籍区分名称"_s, u"表示順区分名称"_s, u"終了担当者コード"_s, u"検索住所"_s}) {
+        Item(name).SetFocus();
+        Item(u"btn_終了"_s).SetFocus();
+        EXPECT_EQ(Globals().LastHeadItem, &Item(name)) << name.toStdString();
+    }
+}
