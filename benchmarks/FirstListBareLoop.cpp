@@ -57,10 +57,14 @@ FirstListBareLoop::FirstListBareLoop(const QString& path) : database_(nullptr, s
     if (result != SQLITE_OK) Fail(database);
 }
 
+void FirstListBareLoop::Clear() {
+    cells_ = {};
+    views_ = {};
+    eras_ = {};
+}
+
 void FirstListBareLoop::Run(const QString& launcher) {
-    cells_.clear();
-    views_.clear();
-    eras_.clear();
+    Clear();
     Execute(database_.get(), "BEGIN");
     ReadEras();
     ReadStaff(launcher);

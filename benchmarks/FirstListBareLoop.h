@@ -12,8 +12,10 @@ class FirstListBareLoop {
   public:
     explicit FirstListBareLoop(const QString& path);
 
-    /// Throws the last list away and reads it anew. `launcher` is the code whose views are looked up.
+    /// Reads the list anew. `launcher` is the code whose views are looked up.
     void Run(const QString& launcher);
+    /// Throws the last list away, down to its memory.
+    void Clear();
     int RowCount() const { return static_cast<int>(views_.size()); }
 
   private:

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
+#include <functional>
+#include <utility>
 #include <vector>
 
 /// Measures two ways to do the same work in turn, so that both meet the same machine. Who goes first changes from
@@ -16,7 +18,8 @@ class PairedRuns {
         double first = 0, second = 0, ratio = 0;
     };
 
-    explicit PairedRuns(int pairs) : pairs_(pairs) {}
+    /// `settle` runs before each measured run, outside its time: it puts both sides back to where they begin.
+    explicit PairedRuns(int pairs, std::function<void()> settle = [] {}) : pairs_(pairs), settle_(std::move(settle)) {}
 
     /// Runs each once to warm up, then the pairs, and prints both medians and the ratio.
     template <typename First, typename Second>
@@ -40,7 +43,8 @@ class PairedRuns {
 
   private:
     template <typename Work>
-    static double Milliseconds(Work& work) {
+    double Milliseconds(Work& work) const {
+        settle_();
         const auto start = std::chrono::steady_clock::now();
         work();
         return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
@@ -53,4 +57,5 @@ class PairedRuns {
     }
 
     int pairs_;
+    std::function<void()> settle_;
 };

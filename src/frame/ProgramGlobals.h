@@ -4,6 +4,7 @@
 #include <QSize>
 #include <QString>
 
+#include "access/CompanyRecord.h"
 #include "access/StaffIdentity.h"
 #include "data/EnvironmentDefinition.h"
 #include "inquiry/InquiryConditions.h"
@@ -20,6 +21,13 @@ struct ProgramGlobals {
     EnvironmentDefinition Environment;
     GeneralDatabaseDefinition GeneralDatabase;
     StaffIdentity Staff;
+    CompanyRecord Company;
+    OfficeRecord Office;        ///< the operating office
+    OfficeRecord OutputOffice;  ///< another office, for mail pieces
+    PartnerLinkTable PartnerLinks;
+    int OfficeCount = 0;                 ///< offices other than "000"
+    int PinRequired = 0;                 ///< 1: rights are enforced and a PIN may be asked for
+    bool OperatorAuthenticated = false;  ///< the last permission was granted to a known person
     InquiryConditions Conditions;
     ConditionFlags Flags;
     StaffRowStore Rows;

@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRowHeight = 62;
+// On a low screen the tab keeps two pixels of the first row that is out of use; a row's items leave them free.
+constexpr int kRowHeight = 64;
 constexpr int kTitleHeight = 24;
 constexpr int kTabTop = 190;
 constexpr int kTabBar = 26;  // height of the tab strip
@@ -41,7 +42,7 @@ struct RowLabel {
     int x, y, width;
 };
 
-constexpr int kLine1 = 1, kLine2 = 21, kLine3 = 41;
+constexpr int kLine1 = 2, kLine2 = 22, kLine3 = 42;
 
 constexpr RowItem kStaffItems[] = {
     {u"xField", u"担当者コード", 1, kLine1, 52},      {u"xField", u"性別区分名", 92, kLine1, 42},
@@ -68,15 +69,15 @@ constexpr RowLabel kOrganisationLabels[] = {
 };
 
 constexpr RowItem kAddressItems[] = {
-    {u"xZip", u"郵便番号", 1, kLine1, 84},      {u"xField", u"住所A", 87, kLine1, 286},
-    {u"xField", u"住所B", 1, kLine2, 372},      {u"xField", u"住所C", 1, kLine3, 372},
-    {u"xTel", u"電話", 427, kLine1, 232},       {u"xTel", u"携帯電話", 427, kLine2, 232},
-    {u"xField", u"EMAIL", 427, kLine3, 232},
+    {u"xZip", u"郵便番号", 1, kLine1, 84},      {u"xField", u"住所A", 87, kLine1, 244},
+    {u"xField", u"住所B", 1, kLine2, 330},      {u"xField", u"住所C", 1, kLine3, 330},
+    {u"xTel", u"電話", 379, kLine1, 280},       {u"xTel", u"携帯電話", 379, kLine2, 280},
+    {u"xField", u"EMAIL", 379, kLine3, 280},
 };
 constexpr RowLabel kAddressLabels[] = {
-    {u"itm_ttl_電話", u"ＴＥＬ", 375, kLine1, 50},
-    {u"itm_ttl_携帯電話", u"携帯", 375, kLine2, 50},
-    {u"itm_ttl_EMAIL", u"E-mail", 375, kLine3, 50},
+    {u"itm_ttl_電話", u"ＴＥＬ", 333, kLine1, 44},
+    {u"itm_ttl_携帯電話", u"携帯", 333, kLine2, 44},
+    {u"itm_ttl_EMAIL", u"E-mail", 333, kLine3, 44},
 };
 
 constexpr RowItem kOtherItems[] = {
@@ -174,7 +175,7 @@ void BuildAllTitles(Form& form, const TabPages& pages) {
                  {u"itm_ttl_役職", u"役職/在籍/社員区分", 225, 198},
                  {u"itm_ttl_日付", u"生年月日/入社日付/退職日付", 425, 234}});
     BuildTitles(form, pages.address, u"bak_dtl_head"_s, page,
-                {{u"itm_ttl_住所", u"住所", 1, 372}, {u"itm_ttl_連絡先", u"連絡先", 375, 284}});
+                {{u"itm_ttl_住所", u"住所", 1, 330}, {u"itm_ttl_連絡先", u"連絡先", 333, 326}});
     BuildTitles(form, pages.other, u"bak_dtl_headd"_s, page,
                 {{u"itm_ttl_メモ", u"メモ", 1, 440}, {u"itm_ttl_登録更新日付", u"登録・更新日付", 443, 216}});
 }
@@ -185,10 +186,10 @@ void BuildListPanel(Form& form) {
     constexpr int kListHeight = kRowPositions * kRowHeight;
     auto* tab = new TabItem(form, form, u"tab_詳細"_s);
     tab->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    tab->setGeometry(kTabLeft, kTabTop, kTabWidth, kTabBar + kTitleHeight + kListHeight + 2);
+    tab->setGeometry(kTabLeft, kTabTop, kTabWidth, kTabBar + kTitleHeight + kListHeight);
     const TabPages pages{tab->AddPage(u"所属情報"_s), tab->AddPage(u"基本情報"_s), tab->AddPage(u"その他"_s)};
     BuildAllTitles(form, pages);
     for (int position = 0; position < kRowPositions; ++position) BuildRow(form, pages, position);
     auto* bar = new ScrollItem(form, form, u"scl_行"_s);
-    bar->setGeometry(kTabLeft + kTabWidth, kListTop, 18, kListHeight + 2);
+    bar->setGeometry(kTabLeft + kTabWidth, kListTop, 18, kListHeight);
 }

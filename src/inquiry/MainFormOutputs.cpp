@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kButtonTop = 744;
+constexpr int kButtonTop = 758;
 constexpr int kButtonHeight = 34;
-constexpr int kNoticeTop = 782;
+constexpr int kNoticeTop = 796;
 constexpr int kNoticeHeight = 24;
 constexpr int kWindowWidth = 1012;
 

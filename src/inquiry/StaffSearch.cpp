@@ -22,9 +22,10 @@ void TakeRow(platform::Recordset& record, int row) {
 /// the connections: the rows are here already, and whatever is still asked for them then fails quietly.
 bool LoadRows(platform::Recordset& record) {
     ProgramGlobals& globals = Globals();
+    platform::EventGate gate;
     while (!record.AtEOF()) {
         if (globals.LastRow >= RowLimit()) return false;
-        platform::LetEventsThrough();
+        gate.LetEventsThrough();
         globals.LastRow += 1;
         TakeRow(record, globals.LastRow);
         record.MoveNext();

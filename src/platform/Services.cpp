@@ -11,4 +11,11 @@ ServiceSet& Services() {
 
 void LetEventsThrough() { QCoreApplication::processEvents(); }
 
+void EventGate::LetEventsThrough() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now < next_) return;
+    platform::LetEventsThrough();
+    next_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(1);
+}
+
 }  // namespace platform

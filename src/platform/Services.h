@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 
 #include "platform/Clock.h"
@@ -26,5 +27,15 @@ ServiceSet& Services();
 
 /// Lets pending events through and returns when none is left.
 void LetEventsThrough();
+
+/// For loops that let events through at every turn: asking the window system costs as much as the turn itself, so it
+/// is asked at the first turn and then once a millisecond, which nobody can tell apart.
+class EventGate {
+  public:
+    void LetEventsThrough();
+
+  private:
+    std::chrono::steady_clock::time_point next_;
+};
 
 }  // namespace platform

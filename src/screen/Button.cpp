@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 Button::Button(Form& form, QWidget& parent, QString name, const QString& caption)
     : QPushButton(&parent), Control(form, *this, u"SSCommand"_s, std::move(name), -1) {
     SetTabStop(true);
+    setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
     setAutoDefault(false);
     SetCaption(caption);

@@ -7,6 +7,7 @@ using namespace Qt::StringLiterals;
 CheckItem::CheckItem(Form& form, QWidget& parent, QString name, int index, const QString& caption)
     : QCheckBox(&parent), Control(form, *this, u"CheckBox"_s, std::move(name), index) {
     SetTabStop(true);
+    setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
     SetCaption(caption);
     connect(this, &QCheckBox::toggled, this, [this] { RaiseByUser(Click); });

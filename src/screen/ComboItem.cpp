@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     : QComboBox(&parent), Control(form, *this, u"ComboBox"_s, std::move(name), -1) {
     SetTabStop(true);
+    setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(20);
     connect(this, &QComboBox::activated, this, [this] { RaiseByUser(Click); });

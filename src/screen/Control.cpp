@@ -3,46 +3,11 @@
 #include <QtMath>
 
 #include "platform/RuntimeError.h"
-#include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
 
-Control::Control(Form& form, QWidget& widget, QString typeName, QString name, int index)
-    : form_(form), widget_(widget), typeName_(std::move(typeName)), name_(std::move(name)), index_(index) {
-    widget_.setObjectName(index_ < 0 ? name_ : name_ + u'_' + QString::number(index_));
-    widget_.setAccessibleName(name_);
-    form_.Register(*this);
-}
-
-Control::~Control() {
-    // Some widgets still signal while they come apart, and the handlers are gone by then.
-    widget_.blockSignals(true);
-    form_.Unregister(*this);
-}
-
-void Control::SetEnabled(bool enabled) {
-    // Qt hops to a neighbour when the widget that has its focus is disabled or hidden, so the focus goes first.
-    if (!enabled) form_.DropFocusFrom(*this);
-    enabled_ = enabled;
-    widget_.setEnabled(enabled);
-}
-
-void Control::SetVisible(bool visible) {
-    if (!visible) form_.DropFocusFrom(*this);
-    visible_ = visible;
-    widget_.setVisible(visible);
-}
-
-void Control::SetFocus() { form_.SetFocus(*this); }
-
 void Control::SetTop(int twips) { widget_.move(widget_.x(), qRound(double(twips) / kTwipsPerPixel)); }
 void Control::SetHeight(int twips) { widget_.resize(widget_.width(), qRound(double(twips) / kTwipsPerPixel)); }
-
-void Control::RaiseByUser(const std::function<void()>& event) {
-    form_.FlushFocus();
-    if (!event || !form_.TakesInput(*this)) return;
-    Form::RunEvent(event);
-}
 
 void Control::Unsupported(const char* property) const {
     throw platform::RuntimeError(platform::kPropertyNotSupported, name_ + u": "_s + QString::fromLatin1(property));

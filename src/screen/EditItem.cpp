@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <limits>
 
@@ -26,6 +27,7 @@ bool Types(const QKeyEvent& key) {
 EditItem::EditItem(Form& form, QWidget& parent, QString typeName, QString name, int index)
     : QLineEdit(&parent), Control(form, *this, std::move(typeName), std::move(name), index) {
     SetTabStop(true);
+    setAccessibleName(Name());
     // Qt's own limit also cuts what the program writes, so it stays out of the way.
     setMaxLength(std::numeric_limits<int>::max());
 }
@@ -75,7 +77,9 @@ void EditItem::inputMethodEvent(QInputMethodEvent* event) {
 
 void EditItem::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    ShowEditMenu(*this, event->globalPos());
+    QMenu* menu = MakeEditMenu(*this, [this] { Paste(QClipboard::Clipboard); });
+    AddToMenu(*menu);
+    menu->popup(event->globalPos());
 }
 
 void EditItem::mousePressEvent(QMouseEvent* event) {

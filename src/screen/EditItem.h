@@ -24,10 +24,8 @@ class EditItem : public QLineEdit, public Control {
     void FocusGiven(bool byPress) override;
     bool EnterMovesOn() const override { return true; }
 
-    void Paste(QClipboard::Mode mode);
-    virtual void AddToMenu(QMenu&) {}
-
   protected:
+    virtual void AddToMenu(QMenu& /*menu*/) {}
     /// Text that the user brings in at the cursor, in place of the selection. `composed` is what was typed, by keys
     /// or an input method, in contrast to what was pasted or dropped.
     virtual void Insert(const QString& text, bool composed) = 0;
@@ -41,6 +39,7 @@ class EditItem : public QLineEdit, public Control {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    void Paste(QClipboard::Mode mode);
     void SetColor(QPalette::ColorRole role, const QColor& color);
 
     bool pressed_ = false;

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QPoint>
+#include <functional>
 
-class EditItem;
+class QLineEdit;
+class QMenu;
 
-/// Puts up the context menu of an input item: undo, cut, copy, paste, delete, select all, in Japanese, and what the
-/// item adds. Returns at once; the menu goes away by itself.
-void ShowEditMenu(EditItem& item, const QPoint& globalPlace);
+/// The context menu of an input item, to be popped up and gone when it closes: undo, cut, copy, paste, delete, select
+/// all, in Japanese. `paste` puts the clipboard in, within the item's bounds.
+QMenu* MakeEditMenu(QLineEdit& edit, const std::function<void()>& paste);

@@ -5,8 +5,6 @@
 #include <QPainter>
 #include <utility>
 
-#include "screen/FlatItemAccess.h"
-
 namespace {
 
 constexpr int kPadding = 3;
@@ -18,7 +16,7 @@ FlatItem::FlatItem(Form& form, QWidget& parent, QString typeName, QString name, 
       Control(form, *this, std::move(typeName), std::move(name), index),
       fore_(palette().color(QPalette::WindowText)),
       back_(palette().color(QPalette::Window)) {
-    InstallFlatItemAccess();
+    InstallSpokenTextAccess();
     setAttribute(Qt::WA_OpaquePaintEvent);  // nothing behind has to be painted first
 }
 

@@ -4,12 +4,13 @@
 #include <QWidget>
 
 #include "screen/Control.h"
+#include "screen/SpokenText.h"
 
 /// A box with a text that only shows: the base of labels, panels and the items of the list. A list page is hundreds of
 /// them, written anew at each scroll step, so it paints itself, and a write costs no more than a comparison and a mark
 /// for repainting. It keeps its mouse clicks to itself: otherwise Qt hands them to the panel behind. Click is raised
 /// when the left button goes up inside; the second press of a double click raises DblClick and no Click.
-class FlatItem : public QWidget, public Control {
+class FlatItem : public QWidget, public Control, public SpokenText {
   public:
     FlatItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
 
@@ -20,6 +21,12 @@ class FlatItem : public QWidget, public Control {
     void setAlignment(Qt::Alignment alignment);
 
     const QString& Shown() const { return text_; }
+
+    // The text is the name, the control's name the description. A hidden item, such as a PIN that the user may not
+    // see, gives no text.
+    QAccessible::Role SpokenRole() const override { return QAccessible::StaticText; }
+    QString SpokenName() const override { return isVisible() ? text_ : QString(); }
+    QString SpokenDescription() const override { return Name(); }
 
   protected:
     enum class Edge { None, Line, Sunken, Raised };

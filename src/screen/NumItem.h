@@ -19,9 +19,9 @@ class NumItem : public EditItem {
     void SetMaxValue(int value) override { maxValue_ = value; }
 
     void FocusGiven(bool byPress) override;
-    void AddToMenu(QMenu& menu) override;
 
   protected:
+    void AddToMenu(QMenu& menu) override;
     void Insert(const QString& text, bool composed) override;
     void keyPressEvent(QKeyEvent* event) override;
 

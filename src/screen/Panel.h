@@ -14,4 +14,9 @@ class Panel : public FlatItem {
 
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }
+
+    // Holds others, so it is named like an item and the caption is what is said of it.
+    QAccessible::Role SpokenRole() const override { return QAccessible::Grouping; }
+    QString SpokenName() const override { return Name(); }
+    QString SpokenDescription() const override { return isVisible() ? Shown() : QString(); }
 };

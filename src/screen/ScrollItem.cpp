@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 ScrollItem::ScrollItem(Form& form, QWidget& parent, QString name)
     : QScrollBar(Qt::Vertical, &parent), Control(form, *this, u"VScrollBar"_s, std::move(name), -1) {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(Name());
     setContextMenuPolicy(Qt::NoContextMenu);
     connect(this, &QScrollBar::valueChanged, this, [this] { RaiseByUser(Change); });
 }

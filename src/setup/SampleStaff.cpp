@@ -149,7 +149,8 @@ void SetOrganisation(TableWriter& row, const Person& person, SampleRandom& rando
     const QString office = sure || random.Percent(3) ? u"000"_s
                            : random.Percent(50)      ? u"001"_s
                                                      : Text(random.Pick(SampleOfficeCodes()));
-    SetUnit(row, u"事業所コード"_s, office, u"099"_s, luck() + 2);
+    // Never empty: the list begins with the lowest office, and its first page is to look like everyday work.
+    SetUnit(row, u"事業所コード"_s, office, u"099"_s, luck() + 4);
     const int unitLuck = luck();
     SetUnit(row, u"部門コード"_s, Text(section.department), u"990"_s, unitLuck);
     SetUnit(row, u"セクションコード"_s, Text(section.code), u"995"_s, qMin(unitLuck, luck()));

@@ -9,8 +9,8 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
-#include <csignal>
 #include <unistd.h>
+#include <csignal>
 
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"

@@ -3,7 +3,8 @@
 #include <QString>
 #include <memory>
 
-#include "platform/Database.h"
+#include "platform/DatabaseTypes.h"
+#include "platform/RuntimeError.h"
 #include "platform/database/ResultTable.h"
 
 namespace platform {

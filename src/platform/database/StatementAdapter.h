@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringView>
 
-#include "platform/Database.h"
+#include "platform/DatabaseTypes.h"
 
 namespace platform {
 

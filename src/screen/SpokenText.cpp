@@ -1,0 +1,35 @@
+#include "screen/SpokenText.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+namespace {
+
+class SpokenTextAccess : public QAccessibleWidget {
+  public:
+    SpokenTextAccess(QWidget& widget, const SpokenText& spoken)
+        : QAccessibleWidget(&widget, spoken.SpokenRole()), spoken_(spoken) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return spoken_.SpokenName();
+        return kind == QAccessible::Description ? spoken_.SpokenDescription() : QString();
+    }
+
+  private:
+    const SpokenText& spoken_;
+};
+
+QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
+    const auto* spoken = dynamic_cast<const SpokenText*>(object);
+    return spoken == nullptr ? nullptr : new SpokenTextAccess(static_cast<QWidget&>(*object), *spoken);
+}
+
+}  // namespace
+
+void InstallSpokenTextAccess() {
+    static const bool installed = [] {
+        QAccessible::installFactory(MakeAccess);
+        return true;
+    }();
+    static_cast<void>(installed);
+}

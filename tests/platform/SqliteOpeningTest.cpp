@@ -1,0 +1,207 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include "platform/Database.h"
+#include "platform/DatabaseFile.h"
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+namespace {
+
+class SqliteOpening : public testing::Test {
+  protected:
+    QString Write(const QString& name, const QByteArray& bytes) const {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(bytes), bytes.size());
+        return file.fileName();
+    }
+
+    static QByteArray Read(const QString& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    static void Open(Connection& connection, const QString& path, ConnectMode mode = ConnectMode::Read) {
+        connection.Mode = mode;
+        connection.ConnectionTimeout = 1;
+        connection.CommandTimeout = 1;
+        connection.Open(u"Provider=Microsoft.Jet.OLEDB.4.0;User ID=;Password=;Data Source="_s + path + u';');
+    }
+
+    static QString Refusal(const QString& path) {
+        Connection connection;
+        const QString text = ErrorOf([&] { Open(connection, path); });
+        EXPECT_FALSE(connection.IsOpen());
+        Connection writer;
+        EXPECT_EQ(ErrorOf([&] { Open(writer, path, ConnectMode::ReadWrite); }), text);
+        return text;
+    }
+
+    // A database of several pages and a copy of it that was taken while a writer stood in the middle of its work.
+    QString TornCopy() const {
+        source.Run(
+            u"CREATE TABLE t (a TEXT); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 999)"
+            u" INSERT INTO t SELECT '元' || i FROM n"_s);
+        const OtherProgram writer(source.Path());
+        EXPECT_EQ(writer.Run("PRAGMA cache_size=1; BEGIN; UPDATE t SET a = 'half done and longer than before'"),
+                  SQLITE_OK);
+        const QString copy = Write(u"gnrdb.accdb"_s, Read(source.Path()));
+        Write(u"gnrdb.accdb-journal"_s, Read(source.Path() + u"-journal"_s));
+        EXPECT_EQ(writer.Run("ROLLBACK"), SQLITE_OK);
+        return copy;
+    }
+
+    QTemporaryDir folder;
+    DatabaseFile source;
+};
+
+}  // namespace
+
+TEST_F(SqliteOpening, AMissingFileIsNotCreated) {
+    const QString path = folder.filePath(u"無い.accdb"_s);
+    EXPECT_EQ(Refusal(path), u"データベース「"_s + path + u"」が見つかりません。"_s);
+    EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST_F(SqliteOpening, AFolderIsNoDatabase) {
+    EXPECT_EQ(Refusal(folder.path()),
+              u"「"_s + folder.path() + u"」はフォルダーです。データベースのファイルを指定してください。"_s);
+}
+
+TEST_F(SqliteOpening, AnEmptyFileIsTold) {
+    const QString path = Write(u"空.accdb"_s, {});
+    EXPECT_EQ(Refusal(path), u"データベース「"_s + path + u"」は空のファイルです (0 バイト)。"_s);
+    EXPECT_EQ(QFileInfo(path).size(), 0);
+}
+
+TEST_F(SqliteOpening, OtherContentsAreToldAtOpen) {
+    const QString text = Write(u"文.accdb"_s, QByteArray("これはデータベースではない。").repeated(100));
+    EXPECT_EQ(Refusal(text), u"「"_s + text + u"」はデータベースのファイルではありません。"_s);
+    const QString one = Write(u"一.accdb"_s, "x");
+    EXPECT_EQ(Refusal(one), u"「"_s + one + u"」はデータベースのファイルではありません。"_s);
+    const QString header = Write(u"頭.accdb"_s, QByteArray("SQLite format 3\0", 16) + QByteArray(8000, 'x'));
+    EXPECT_EQ(Refusal(header), u"「"_s + header + u"」はデータベースのファイルではありません。"_s);
+}
+
+TEST_F(SqliteOpening, ACutOffDatabaseIsToldAtOpen) {
+    source.Run(u"CREATE TABLE t (a TEXT); INSERT INTO t VALUES (zeroblob(20000))"_s);
+    const QByteArray whole = Read(source.Path());
+    for (const qsizetype size : {whole.size() - 4096, qsizetype(4096), qsizetype(5000)}) {
+        const QString path = Write(u"切.accdb"_s, whole.left(size));
+        EXPECT_EQ(Refusal(path), u"データベース「"_s + path + u"」は壊れているか、途中で切れています。"_s) << size;
+    }
+    const QString path = Write(u"切.accdb"_s, whole.left(300));
+    EXPECT_EQ(Refusal(path), u"データベース「"_s + path + u"」は途中で切れています。"_s);
+}
+
+TEST_F(SqliteOpening, RealDesktopFilesAreRefusedWithTheWayToBringThemOver) {
+    const QDir samples(QStringLiteral(SUITE_SOURCES) + u"/../shared/testdata"_s);
+    if (!samples.exists()) GTEST_SKIP() << "no samples of other desktop formats beside the sources";
+    for (const QString& name : {u"ASampleDatabase.accdb"_s, u"DateTestDatabase.mdb"_s}) {
+        const QString text = Refusal(samples.absoluteFilePath(name));
+        EXPECT_TRUE(text.startsWith(u"「"_s + QDir::cleanPath(samples.absoluteFilePath(name)) +
+                                    u"」は Jet/ACE 形式のデータベースで、この環境では直接開けません。"_s) ||
+                    text.contains(name))
+            << text.toStdString();
+        EXPECT_TRUE(text.contains(u"mdb-schema"_s) && text.contains(u"mdb-export"_s)) << text.toStdString();
+    }
+}
+
+TEST_F(SqliteOpening, TheHeaderAloneTellsADesktopFile) {
+    for (const char* mark : {"Standard Jet DB", "Standard ACE DB"}) {
+        const QString path = Write(u"実.mdb"_s, QByteArray("\0\1\0\0", 4) + mark + QByteArray(4096, '\0'));
+        EXPECT_TRUE(Refusal(path).startsWith(u"「"_s + path + u"」は Jet/ACE 形式のデータベースで"_s)) << mark;
+    }
+}
+
+TEST_F(SqliteOpening, ALockedFileIsToldAfterTheTimeOut) {
+    const OtherProgram other(source.Path());
+    ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
+    EXPECT_EQ(Refusal(source.Path()), u"データベース「"_s + source.Path() + u"」は他のプログラムが使用中です。"_s);
+    ASSERT_EQ(other.Run("COMMIT"), SQLITE_OK);
+    Connection connection;
+    EXPECT_EQ(ErrorOf([&] { Open(connection, source.Path()); }), u""_s);
+}
+
+TEST_F(SqliteOpening, AFileLockedLaterFailsTheStatementOnly) {
+    Connection connection;
+    Open(connection, source.Path());
+    const OtherProgram other(source.Path());
+    ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
+    {
+        const ReadScope scope(connection);  // refused, and says nothing
+        EXPECT_EQ(ErrorOf([&] { Column(connection, u"SELECT 値 FROM 印"_s, u"値"); }), u"database is locked"_s);
+    }
+    ASSERT_EQ(other.Run("COMMIT"), SQLITE_OK);
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList());
+}
+
+TEST_F(SqliteOpening, AReaderHasTheHotJournalOfAKilledWriterRolledBack) {
+    const QString path = TornCopy();
+    Connection connection;
+    Open(connection, path);
+    EXPECT_EQ(Column(connection, u"SELECT a FROM t WHERE a LIKE '元%'"_s, u"a").size(), 999);
+    EXPECT_FALSE(QFileInfo::exists(path + u"-journal"_s));
+    EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM t"_s); }), kPermissionDenied);
+}
+
+TEST_F(SqliteOpening, AJournalThatTurnsHotUnderAnOpenReaderIsRolledBackToo) {
+    const QString torn = TornCopy();
+    const QByteArray journal = Read(torn + u"-journal"_s);
+    const QByteArray database = Read(torn);
+    Connection connection;
+    Open(connection, torn);
+    ASSERT_EQ(Column(connection, u"SELECT a FROM t"_s, u"a").size(), 999);
+    Write(u"gnrdb.accdb"_s, database);
+    Write(u"gnrdb.accdb-journal"_s, journal);
+    EXPECT_EQ(Column(connection, u"SELECT a FROM t WHERE a LIKE '元%'"_s, u"a").size(), 999);
+}
+
+TEST_F(SqliteOpening, NoFileStaysInWalMode) {
+    source.Run(u"PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"_s);
+    Connection connection;
+    Open(connection, source.Path(), ConnectMode::ReadWrite);
+    connection.Execute(u"INSERT INTO 印 VALUES ('b')"_s);
+    connection.Close();
+    EXPECT_EQ(source.Value(u"PRAGMA journal_mode"_s), u"delete"_s);
+    EXPECT_EQ(source.Value(u"SELECT COUNT(*) FROM 印"_s), u"2"_s);
+}
+
+TEST_F(SqliteOpening, AFileThatMayNotBeWrittenIsOpenedForReading) {
+    if (geteuid() == 0) GTEST_SKIP() << "the administrator may write every file";
+    source.Run(u"INSERT INTO 印 VALUES ('a')"_s);
+    ASSERT_TRUE(QFile::setPermissions(source.Path(), QFileDevice::ReadOwner));
+    Connection connection;
+    Open(connection, source.Path(), ConnectMode::ReadWrite);
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+    EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM 印"_s); }), kPermissionDenied);
+}
+
+TEST_F(SqliteOpening, EitherSeparatorIsTaken) {
+    Connection connection;
+    EXPECT_EQ(ErrorOf([&] { Open(connection, QString(source.Path()).replace(u'/', u'\\')); }), u""_s);
+}
+
+TEST_F(SqliteOpening, ANameThatLooksLikeAnAddressIsAFile) {
+    const QString path = Write(u"file:x?mode=memory"_s, Read(source.Path()));
+    Connection connection;
+    Open(connection, path, ConnectMode::ReadWrite);
+    connection.Execute(u"INSERT INTO 印 VALUES ('a')"_s);
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+}
+
+TEST_F(SqliteOpening, NothingOfTheProgramStandsInTheSchema) {
+    Connection connection;
+    connection.Rules = {{u"値"_s}, {}};
+    Open(connection, source.Path(), ConnectMode::ReadWrite);
+    Column(connection, u"SELECT 値 FROM 印 WHERE 値 LIKE '%a%' ORDER BY 値"_s, u"値");
+    EXPECT_EQ(source.Value(u"SELECT COUNT(*) FROM sqlite_schema WHERE sql LIKE '%COLLATE%'"_s), u"0"_s);
+}

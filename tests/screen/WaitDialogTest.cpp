@@ -1,0 +1,97 @@
+#include <QApplication>
+#include <QPointer>
+#include <QtTest/QTest>
+#include <algorithm>
+
+#include "frame/ProgramGlobals.h"
+#include "screen/ScreenTest.h"
+#include "screen/modクライアント処理.h"
+#include "screen/modマニュアル.h"
+#include "screen/msgお待ち.h"
+
+using namespace Qt::StringLiterals;
+
+class WaitDialog : public ScreenTest {
+  protected:
+    static Form* Shown() {
+        const auto& forms = LoadedForms();
+        const auto found =
+            std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->Name() == u"msgお待ち"_s; });
+        return found == forms.end() ? nullptr : *found;
+    }
+    void TearDown() override { UnloadWaitDialog(); }
+};
+
+TEST_F(WaitDialog, SaysOneSentenceHasNoButtonsAndNoCloseBox) {
+    ShowWaitDialog();
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_TRUE(Shown()->isVisible());
+    EXPECT_EQ(Shown()->Item(u"lab_msg"_s).Caption(), u"しばらくお待ちください。"_s);
+    EXPECT_EQ(Shown()->Controls().size(), 2U);
+    EXPECT_FALSE(Shown()->windowFlags() & Qt::WindowCloseButtonHint);
+    Shown()->close();
+    EXPECT_TRUE(Shown()->isVisible());
+    EXPECT_FALSE(Shown()->isModal());
+}
+
+TEST_F(WaitDialog, IsMadeAnewByEachJob) {
+    ShowWaitDialog();
+    const QPointer<Form> first(Shown());
+    UnloadWaitDialog();
+    EXPECT_EQ(Shown(), nullptr);
+    EXPECT_FALSE(IsFormLoaded(u"msgお待ち"_s));
+    ShowWaitDialog();
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_NE(Shown(), first.data());
+}
+
+TEST_F(WaitDialog, ShownTwiceWithoutUnloadingItIsOne) {
+    ShowWaitDialog();
+    ShowWaitDialog();
+    EXPECT_EQ(std::count_if(LoadedForms().begin(), LoadedForms().end(),
+                            [](const Form* form) { return form->Name() == u"msgお待ち"_s; }),
+              1);
+    UnloadWaitDialog();
+    UnloadWaitDialog();
+    EXPECT_EQ(Shown(), nullptr);
+}
+
+TEST_F(WaitDialog, LiesOverTheMainFormAndTakesNeitherActivationNorFocus) {
+    ThreeItems form;
+    Globals().MainForm = &form;
+    ShowActive(form);
+    form.Taken();
+    ShowWaitDialog();
+    const QPoint distance = Shown()->geometry().center() - form.geometry().center();
+    EXPECT_LT(distance.manhattanLength(), 60);
+    EXPECT_EQ(form.Taken(), QString());
+    EXPECT_EQ(form.ActiveControl(), &form.first);
+}
+
+class Manual : public ScreenTest {};
+
+TEST_F(Manual, IsNamedByTheFullWidthProgramIdInItsFolder) {
+    Globals().Layout.ManualFolder = u"/suite/manual"_s;
+    Globals().ProgramId = u"要員名簿照会A1 ｶﾞ"_s;
+    OpenManual();
+    ASSERT_EQ(services.processes.documents.size(), 1);
+    EXPECT_EQ(services.processes.documents.first().path, u"/suite/manual/要員名簿照会Ａ１ ガ.doc"_s);
+    EXPECT_EQ(services.processes.documents.first().workingFolder, u"/suite/manual"_s);
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(Manual, PathWithoutASeparatorPassesNoWorkingFolder) {
+    EXPECT_TRUE(OpenDocument(u"説明.doc"_s));
+    EXPECT_EQ(services.processes.documents.first().workingFolder, QString());
+}
+
+TEST_F(Manual, PanelIsDisabledWithTheOthersDuringASearch) {
+    ThreeItems form;
+    Globals().MainForm = &form;
+    int opened = 0;
+    form.panel.Click = [&] { ++opened; };
+    ShowActive(form);
+    DisableFormControls();
+    Click(form.panel);
+    EXPECT_EQ(opened, 0);
+}

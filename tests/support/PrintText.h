@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+#include <ostream>
+
+// Lets a failing comparison show texts as they read, and not as UTF-16 numbers. Every test file includes this by a
+// compiler option.
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    if (text.isNull())
+        *out << "(null)";
+    else
+        *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& texts, std::ostream* out) {
+    *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
+}
+inline void PrintTo(const QColor& color, std::ostream* out) { *out << color.name().toStdString(); }
