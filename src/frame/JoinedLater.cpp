@@ -1,10 +1,5 @@
 #include "frame/JoinedLater.h"
 
-bool LoadCompanyInfo() { return true; }
-QString CompanyName() { return {}; }
-QString OfficeTextOutputFolder() { return QString(); }
-void ShowProgramTitle() {}
-void PublishConditionLabels(const QString&, const QString&) {}
 bool CheckProgramPermission(const QString&, const QString&, int) { return true; }
 
 void ReceiveStartLink(const QString&, const QString&) {}

@@ -5,16 +5,6 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Company, operating office and partner links into the program-wide record. True when the company row exists.
-bool LoadCompanyInfo();
-/// 名称 of the company; empty while no company is loaded.
-QString CompanyName();
-/// Folder of text outputs: テキスト出力フォルダ of the operating office; empty while no office is loaded.
-QString OfficeTextOutputFolder();
-/// Writes the caption of prg_ttl: program, office, staff member.
-void ShowProgramTitle();
-/// Writes the names of the start command's fields into the program's row of the menu table.
-void PublishConditionLabels(const QString& menu, const QString& programId);
 /// Whether the launching staff member may do the operation (0 start, 1 input, 2 change, 3 delete, 4 print,
 /// 5 preview, 6 text output, 7 image output); asks for a PIN where the site demands one.
 bool CheckProgramPermission(const QString& menu, const QString& programId, int operation);

@@ -1,5 +1,6 @@
 #include "frame/Mod要員名簿照会.h"
 
+#include "access/ConditionLabels.h"
 #include "frame/FirstListPicture.h"
 #include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"

@@ -1,7 +1,7 @@
 #include "inquiry/frm要員名簿照会.h"
 
+#include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/MainFormPanels.h"
 #include "inquiry/RowStoreProcedures.h"
@@ -89,7 +89,7 @@ void frm要員名簿照会::SetupForm() {
     const Control& notice = Item(u"お知らせ"_s);
     SetWindowHeight(notice.Top() + notice.Height() + FrameMargin());
     SetWindowWidth(notice.Width() + kWidthAllowance);
-    setWindowTitle(Globals().ProgramId + u"（"_s + CompanyName() + u"）"_s);
+    setWindowTitle(Globals().ProgramId + u"（"_s + Globals().Company.名称 + u"）"_s);
     Item(u"scl_行"_s).SetLargeChange(Globals().RowsPerPage);
     Item(u"scl_行"_s).SetEnabled(false);
     Item(u"scl_行"_s).SetValue(0);
