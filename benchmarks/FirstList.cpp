@@ -77,8 +77,9 @@ int RunInPairs(int pairs, FirstListBareLoop& bare) {
         bare.Clear();
         malloc_trim(0);
     };
-    PairedRuns(pairs, settle)
-        .Measure("first list of the program", LoadFirstList, "first list by hand", [&] { bare.Run(kLauncher); });
+    PairedRuns(pairs, settle).Measure("first list of the program", LoadFirstList, "first list by hand", [&] {
+        bare.Run(kLauncher);
+    });
     std::printf("%d rows, peak memory of the program %.0f MiB\n", kMatching, memory);
     return 0;
 }

@@ -19,7 +19,9 @@ class PairedRuns {
     };
 
     /// `settle` runs before each measured run, outside its time: it puts both sides back to where they begin.
-    explicit PairedRuns(int pairs, std::function<void()> settle = [] {}) : pairs_(pairs), settle_(std::move(settle)) {}
+    explicit PairedRuns(
+        int pairs, std::function<void()> settle = [] {})
+        : pairs_(pairs), settle_(std::move(settle)) {}
 
     /// Runs each once to warm up, then the pairs, and prints both medians and the ratio.
     template <typename First, typename Second>

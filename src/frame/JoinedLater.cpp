@@ -1,11 +1,5 @@
 #include "frame/JoinedLater.h"
 
-bool LoadCompanyInfo() { return true; }
-QString CompanyName() { return {}; }
-QString OfficeTextOutputFolder() { return QString(); }
-void ShowProgramTitle() {}
-void PublishConditionLabels(const QString&, const QString&) {}
-
 void ReceiveStartLink(const QString&, const QString&) {}
 void WriteEndLink(const QString&) {}
 void LaunchStaffRegistration(int) {}

@@ -5,17 +5,6 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Company, operating office and partner links into the program-wide record. True when the company row exists.
-bool LoadCompanyInfo();
-/// 名称 of the company; empty while no company is loaded.
-QString CompanyName();
-/// Folder of text outputs: テキスト出力フォルダ of the operating office; empty while no office is loaded.
-QString OfficeTextOutputFolder();
-/// Writes the caption of prg_ttl: program, office, staff member.
-void ShowProgramTitle();
-/// Writes the names of the start command's fields into the program's row of the menu table.
-void PublishConditionLabels(const QString& menu, const QString& programId);
-
 /// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
 void ReceiveStartLink(const QString& command, const QString& earliest);
 /// Tells the launching program that this one ends.

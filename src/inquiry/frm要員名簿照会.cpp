@@ -1,13 +1,14 @@
 #include "inquiry/frm要員名簿照会.h"
 
+#include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/MainFormPanels.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "platform/Services.h"
+#include "screen/ScrollItem.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマウスWHeel.h"
 
@@ -89,7 +90,7 @@ void frm要員名簿照会::SetupForm() {
     const Control& notice = Item(u"お知らせ"_s);
     SetWindowHeight(notice.Top() + notice.Height() + FrameMargin());
     SetWindowWidth(notice.Width() + kWidthAllowance);
-    setWindowTitle(Globals().ProgramId + u"（"_s + CompanyName() + u"）"_s);
+    setWindowTitle(Globals().ProgramId + u"（"_s + Globals().Company.名称 + u"）"_s);
     Item(u"scl_行"_s).SetLargeChange(Globals().RowsPerPage);
     Item(u"scl_行"_s).SetEnabled(false);
     Item(u"scl_行"_s).SetValue(0);
@@ -119,7 +120,7 @@ void frm要員名簿照会::ResetListArea() {
 }
 
 void frm要員名簿照会::SetupScrollBar() {
-    Control& bar = Item(u"scl_行"_s);
+    auto& bar = static_cast<ScrollItem&>(Item(u"scl_行"_s));
     const ProgramGlobals& globals = Globals();
     if (globals.RowsPerPage == kUnusedRowLimit || globals.LastRow + 1 < globals.RowsPerPage) {
         bar.SetEnabled(false);
@@ -127,13 +128,8 @@ void frm要員名簿照会::SetupScrollBar() {
         return;
     }
     bar.SetEnabled(true);
-    // The bar takes TopRow first: were Max lowered below the bar's value, the bar would move and answer itself.
     // Max is the last row and not the last page, so the last row can stand alone in the first position.
-    const std::function<void()> change = std::exchange(bar.Change, nullptr);
-    bar.SetMaxValue(qMax(bar.MaxValue(), globals.TopRow));
-    bar.SetValue(globals.TopRow);
-    bar.SetMaxValue(qMin(globals.LastRow, kUnusedRowLimit - 1));
-    bar.Change = change;
+    bar.TakePlace(globals.TopRow, qMin(globals.LastRow, kUnusedRowLimit - 1));
 }
 
 int frm要員名簿照会::ValidateHead() {

@@ -8,7 +8,8 @@ namespace platform {
 namespace {
 
 QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title) {
-    box.setWindowTitle(title);
+    // A window whose title is empty bears the program's name.
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral(" ") : title);
     box.setTextFormat(Qt::PlainText);
     // Messages of the suite end their lines by carriage returns, which Qt would draw as a character.
     box.setText(QString(text).replace(u'\r', u'\n'));

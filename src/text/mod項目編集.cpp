@@ -69,12 +69,15 @@ QString ApplyMask(const PlainNumber& number, const QString& mask) {
     return number.negative && !number.digits.isEmpty() ? u'-' + digits : digits;
 }
 
-/// Number of leading characters within `maxBytes`.
+/// Number of leading characters within `maxBytes`. Half of a surrogate pair is no character: a statement with one
+/// in it finds nobody.
 qsizetype FittingLength(const QString& text, int maxBytes) {
     int bytes = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         bytes += UnitLength932(text[i].unicode());
-        if (bytes > maxBytes) return i;
+        if (bytes <= maxBytes) continue;
+        const bool splitsPair = i > 0 && text[i].isLowSurrogate() && text[i - 1].isHighSurrogate();
+        return splitsPair ? i - 1 : i;
     }
     return text.size();
 }

@@ -142,6 +142,13 @@ TEST_F(ListTest, WheelMovesOnePageByItsSignAndStopsAtTheEnds) {
     EXPECT_EQ(Globals().TopRow, 19);
 }
 
+TEST_F(ListTest, WheelMovesSixRowsOnALowScreen) {
+    KeepStaff(installation, 20);
+    Start(QString(), 768);
+    TurnWheel(MainForm(), -120);
+    EXPECT_EQ(Globals().TopRow, 6);
+}
+
 TEST_F(ListTest, PinColumnShowsOnlyToTheWholeCompanyWithTheRightOfClassNine) {
     struct Case {
         QString office, staff, right;

@@ -109,18 +109,15 @@ TEST_F(StartFailureTest, UnknownDialectCountsAsOpenUntilTheLaunchingStaffIsRead)
         << history[1].toStdString();
 }
 
-TEST_F(StartFailureTest, UnknownDialectAndNobodyKnownGiveAnEmptyListAndErrorRows) {
+TEST_F(StartFailureTest, UnknownDialectAndNobodyKnownFailAtTheCompany) {
     installation.SetDefinition(u"db"_s, u"A "_s);
     installation.SetEnvironment(u"起動担当者コード"_s, QString());
-    Start();
-    EXPECT_EQ(Globals().LastRow, -1);
+    ExpectRefusal({u"ユーザ情報が使用できません。"_s});
     EXPECT_TRUE(Globals().MainConnectionOpen);
-    EXPECT_TRUE(services.dialogs.shown.isEmpty());
     const QStringList history = History();
-    EXPECT_TRUE(history.contains(u"開始 "_s));
-    EXPECT_TRUE(history.last().startsWith(u"エラー "_s)) << history.last().toStdString();
-    EXPECT_TRUE(history.last().endsWith(u"ORDER BY M担当者.事業所コード, M担当者.部門コード, M担当者.セクションコード, "
-                                        u"M担当者.役職コード, M担当者.コード"_s));
+    ASSERT_EQ(history.size(), 3);
+    EXPECT_TRUE(history[1].startsWith(u"エラー "_s) && history[1].endsWith(u"SELECT * FROM Mユーザ WHERE ID = ''0001''"_s))
+        << history[1].toStdString();
 }
 
 TEST_F(StartFailureTest, MissingClassTableLeavesOnlyAllInItsList) {

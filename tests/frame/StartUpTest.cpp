@@ -251,6 +251,8 @@ TEST_F(StartUp, TheFirstRowIsLostQuietlyWhenTheStaffCodeCannotBeRead) {
 }
 
 TEST_F(StartUp, TheTextOutputNameIsTheReportNameInTheOfficesFolder) {
+    installation.General().Execute(u"UPDATE M事業所 SET テキスト出力フォルダ = '/out'"_s);
+    ASSERT_TRUE(InitializeData());
     EXPECT_TRUE(LoadUserInformation());
-    EXPECT_EQ(Globals().TextOutputFileName, u"/要員名簿照会.CSV"_s);
+    EXPECT_EQ(Globals().TextOutputFileName, u"/out/要員名簿照会.CSV"_s);
 }

@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "inquiry/InquiryTest.h"
 
 using namespace Qt::StringLiterals;

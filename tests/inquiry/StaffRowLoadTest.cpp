@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "inquiry/StaffSearchTest.h"
 #include "platform/RuntimeError.h"
 

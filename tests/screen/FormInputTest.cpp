@@ -176,9 +176,12 @@ TEST_F(FormInput, EscapeAnywhereInTheWindowIsTheFormsOwn) {
 }
 
 TEST_F(FormInput, KeyReachesOnlyTheActiveControl) {
+    int keys = 0;
+    form.third.KeyDown = [&](int) { ++keys; };
     form.first.SetFocus();
     Type(form.third, u"x"_s);
     EXPECT_EQ(form.third.Text(), QString());
+    EXPECT_EQ(keys, 0);
 }
 
 TEST_F(FormInput, UnknownItemOfAFormIsAnError) {

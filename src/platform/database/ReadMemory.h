@@ -14,7 +14,7 @@ namespace platform {
 class ReadMemory {
   public:
     static constexpr qsizetype kMostEntries = 20000;
-    static constexpr qsizetype kMostBytes = 16 * 1024 * 1024;
+    static constexpr qsizetype kMostBytes = qsizetype{16} * 1024 * 1024;
     static constexpr qsizetype kLargestResult = 4096;  // bytes
 
     /// Null when nothing is known.

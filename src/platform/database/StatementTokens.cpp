@@ -1,6 +1,7 @@
 #include "platform/database/StatementTokens.h"
 
 #include <array>
+#include <string_view>
 
 namespace platform {
 namespace {
@@ -9,14 +10,15 @@ enum Class : quint8 { kSign, kBlank, kWord, kDigit, kQuote, kBracket, kMark };
 
 constexpr std::array<Class, 128> MakeClasses() {
     std::array<Class, 128> classes{};
-    for (char c = 'a'; c <= 'z'; ++c) classes[static_cast<size_t>(c)] = kWord;
-    for (char c = 'A'; c <= 'Z'; ++c) classes[static_cast<size_t>(c)] = kWord;
-    for (char c = '0'; c <= '9'; ++c) classes[static_cast<size_t>(c)] = kDigit;
-    for (const char c : {' ', '\t', '\n', '\r', '\f'}) classes[static_cast<size_t>(c)] = kBlank;
-    for (const char c : {'\'', '"', '`'}) classes[static_cast<size_t>(c)] = kQuote;
-    for (const char c : {'?', ':', '@', '$', '#'}) classes[static_cast<size_t>(c)] = kMark;
-    classes['_'] = kWord;
-    classes['['] = kBracket;
+    const auto set = [&classes](std::string_view signs, Class kind) {
+        for (const char sign : signs) classes[static_cast<unsigned char>(sign)] = kind;
+    };
+    set("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_", kWord);
+    set("0123456789", kDigit);
+    set(" \t\n\r\f", kBlank);
+    set("'\"`", kQuote);
+    set("[", kBracket);
+    set("?:@$#", kMark);
     return classes;
 }
 

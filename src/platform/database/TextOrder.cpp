@@ -72,7 +72,8 @@ class CodePageDecoder {
     }
     CodePageDecoder(const CodePageDecoder&) = delete;
     CodePageDecoder& operator=(const CodePageDecoder&) = delete;
-    bool Works() const { return converter_ != reinterpret_cast<iconv_t>(-1); }
+    // iconv_open says -1 where others say null.
+    bool Works() const { return converter_ != reinterpret_cast<iconv_t>(-1); }  // NOLINT(performance-no-int-to-ptr)
 
     // 0 for a code without a character.
     char16_t Decode(int code) {

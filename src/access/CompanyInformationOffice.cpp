@@ -1,0 +1,81 @@
+#include "access/CompanyInformationOffice.h"
+
+#include <array>
+
+#include "access/CompanyInformation.h"
+#include "access/CompanyInformationColumns.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kWholeCompany = u"000"_s;
+
+struct OverridingColumn {
+    QString CompanyRecord::*company;
+    QString OfficeRecord::*office;
+};
+
+constexpr std::array kOverridingColumns = {
+    OverridingColumn{&CompanyRecord::総合振込ファイル, &OfficeRecord::総合振込ファイル},
+    OverridingColumn{&CompanyRecord::基本読込フォルダ, &OfficeRecord::基本読込フォルダ},
+    OverridingColumn{&CompanyRecord::帳票イメージフォルダ, &OfficeRecord::帳票イメージフォルダ},
+    OverridingColumn{&CompanyRecord::その他読込ファイル, &OfficeRecord::その他読込ファイル},
+    OverridingColumn{&CompanyRecord::本支店連携フォルダ, &OfficeRecord::本支店連携フォルダ},
+    OverridingColumn{&CompanyRecord::テキスト出力フォルダ, &OfficeRecord::テキスト出力フォルダ},
+    OverridingColumn{&CompanyRecord::BACKUPフォルダ, &OfficeRecord::BACKUPフォルダ},
+};
+
+void TakeOperatingOffice(const platform::Recordset& row) {
+    ProgramGlobals& globals = Globals();
+    TakeText(row[u"コード"], globals.Office.コード);
+    globals.Environment.OperatingOfficeCode = globals.Office.コード;
+    TakeColumns(row, OfficeColumns(), globals.Office);
+}
+
+/// The two numbers count as they are, a Null as 0, so an office without a word waives the PIN; a folder counts only
+/// where the office has one.
+void OverrideCompany() {
+    ProgramGlobals& globals = Globals();
+    globals.PinRequired = globals.Office.暗証番号有無;
+    globals.Company.更新実行区分 = globals.Office.更新実行区分;
+    for (const OverridingColumn& column : kOverridingColumns) {
+        const QString& own = globals.Office.*column.office;
+        if (!own.isEmpty()) globals.Company.*column.company = own;
+    }
+}
+
+}  // namespace
+
+QString OfficeStatement(const QString& code) { return u"SELECT * FROM M事業所 WHERE コード = '"_s + code + u"'"_s; }
+
+bool OpenOperatingOffice(platform::Recordset& row) {
+    if (OpenRecordset(row, OfficeStatement(Globals().Environment.OperatingOfficeCode), false)) return true;
+    row.Close();
+    const bool found = OpenRecordset(row, OfficeStatement(kWholeCompany), false);
+    // Raises after a failed read: a file out of reach for a moment must not send the site back to "000" for good.
+    if (!row.IsOpen()) row.Close();
+    SetOperatingOffice(kWholeCompany);
+    return found;
+}
+
+void LoadOfficeInfo() {
+    platform::Recordset row;
+    if (OpenOperatingOffice(row)) TakeOperatingOffice(row);
+    row.Close();
+    if (Globals().Environment.OperatingOfficeCode != kWholeCompany) OverrideCompany();
+}
+
+void SetOperatingOffice(const QString& code) {
+    Globals().Environment.OperatingOfficeCode = code;
+    ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET  運用事業所コード = '"_s + code +
+                           u"' WHERE 動作環境定義ID = '001'"_s);
+}
+
+void LoadOutputOffice(const QString& code) {
+    platform::Recordset row;
+    if (OpenRecordset(row, OfficeStatement(code), false)) TakeColumns(row, OfficeColumns(), Globals().OutputOffice);
+    CloseQuietly(row);
+}

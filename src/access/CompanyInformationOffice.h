@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+#include "platform/Database.h"
+
+/// The statement that reads one office by its code.
+QString OfficeStatement(const QString& code);
+
+/// Opens the row of the operating office, or else the row "000", which is then made the operating office. True when
+/// there is a row. Throws platform::DatabaseError after a failed read and has changed nothing then.
+bool OpenOperatingOffice(platform::Recordset& row);

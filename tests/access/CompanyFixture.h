@@ -1,0 +1,69 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QHash>
+#include <QStringList>
+
+#include "access/CompanyInformation.h"
+#include "data/Catalogue.h"
+#include "data/DataFixture.h"
+
+/// A cipher whose work can be told from a text that went past it.
+class MarkingPins : public platform::PinCipherObject {
+  public:
+    QString ClearText(const QString& stored) override { return QStringLiteral("clear:") + stored; }
+};
+
+/// Both connections open, and the masters as a test writes them: the company, the office "000" and the office "001",
+/// all columns but the key Null, and no partner.
+class WithCompany : public WithConnections {
+  protected:
+    WithCompany() {
+        using namespace Qt::StringLiterals;
+        General(
+            u"DELETE FROM Mユーザ; INSERT INTO Mユーザ (ID) VALUES ('0001');"
+            u"DELETE FROM M事業所; INSERT INTO M事業所 (コード) VALUES ('000'), ('001');"
+            u"DELETE FROM M他業務連携"_s);
+    }
+
+    void General(const QString& sql) { installation.General().Execute(sql); }
+    void Company(const QString& assignments) { General(QStringLiteral("UPDATE Mユーザ SET ") + assignments); }
+    void Office(const QString& code, const QString& assignments) {
+        General(QStringLiteral("UPDATE M事業所 SET %1 WHERE コード = '%2'").arg(assignments, code));
+    }
+    /// The operating office, here and in the configuration.
+    void Operate(const QString& code) {
+        Globals().Environment.OperatingOfficeCode = code;
+        installation.SetEnvironment(QStringLiteral("運用事業所コード"), code);
+    }
+    QString StoredOffice() {
+        return installation.Configuration().Value(QStringLiteral("SELECT 運用事業所コード FROM 動作環境定義"));
+    }
+
+    /// Writes a number of its own into every column of the row but its key, and gives them by column.
+    QHash<QString, QString> NumberColumns(const QString& table, const QString& key, const QString& code) {
+        QHash<QString, QString> numbers{{key, code}};
+        QStringList assignments;
+        for (const ColumnDefinition& column : SuiteTable(Store::General, table).columns) {
+            if (column.name == key) continue;
+            numbers.insert(column.name, QString::number(1000 + numbers.size()));
+            assignments.append(column.name + QStringLiteral(" = ") + numbers[column.name]);
+        }
+        General(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = '%4'").arg(table, assignments.join(u','), key, code));
+        return numbers;
+    }
+
+    /// The row that the failed statement leaves in the history: the engine's words, then the statement, quotes doubled.
+    QString FailedRow(const QString& statement, platform::Connection& connection = Globals().MainConnection) {
+        QString text = FailureOf([&] { connection.Execute(statement); }).description + statement;
+        return QStringLiteral("エラー ") + text.replace(QStringLiteral("'"), QStringLiteral("''"));
+    }
+};
+
+inline QString AsText(const QString& value) { return value; }
+inline QString AsText(double value) { return QString::number(value); }
+
+/// The field holds what was written into the column of its name.
+#define EXPECT_HOLDS(record, numbers, field) \
+    EXPECT_EQ(AsText((record).field), (numbers)[QStringLiteral(#field)]) << #field
