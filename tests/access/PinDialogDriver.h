@@ -41,6 +41,7 @@ class PinDialogDriver {
     /// Types over what stands in the PIN and moves on.
     void EnterPin(const QString& pin) const {
         Press(Qt::Key_A, Qt::ControlModifier);
+        Press(Qt::Key_Delete);
         Type(pin);
         Press(Qt::Key_Return);
     }
