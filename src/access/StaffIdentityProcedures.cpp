@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "access/RightColumns.h"
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
 #include "text/mod項目編集.h"
@@ -24,10 +25,6 @@ constexpr std::array kTextColumns = {
     TextColumn{u"役職コード", &StaffIdentity::PositionCode},
 };
 
-constexpr std::array<QStringView, 8> kOperationRights = {u"操作許可",         u"入力許可",        u"修正許可",
-                                                         u"削除許可",         u"印刷許可",        u"プレビュ許可",
-                                                         u"テキスト出力許可", u"イメージ出力許可"};
-
 void TakeText(const platform::Field& field, QString& target) {
     if (!field.IsNull()) target = field.Text();
 }
@@ -41,10 +38,9 @@ void TakeIdentity(const platform::Recordset& record) {
     for (const TextColumn& column : kTextColumns) TakeText(record[column.name], staff.*column.field);
     TakeNumber(record[u"社員区分"], staff.StaffClass);
     TakeNumber(record[u"アクセス権限"], staff.AccessLevel);
-    for (size_t i = 0; i < staff.ClassRights.size(); ++i)
-        TakeText(record[u"処理分類"_s + QString::number(i) + u"操作許可"_s], staff.ClassRights[i]);
-    for (size_t i = 0; i < kOperationRights.size(); ++i)
-        TakeText(record[kOperationRights[i]], staff.OperationRights[i]);
+    for (size_t i = 0; i < staff.ClassRights.size(); ++i) TakeText(record[kClassRightColumns[i]], staff.ClassRights[i]);
+    for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
+        TakeText(record[kOperationRightColumns[i]], staff.OperationRights[i]);
 }
 
 }  // namespace

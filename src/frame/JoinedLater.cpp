@@ -1,7 +1,5 @@
 #include "frame/JoinedLater.h"
 
-bool CheckProgramPermission(const QString&, const QString&, int) { return true; }
-
 void ReceiveStartLink(const QString&, const QString&) {}
 void WriteEndLink(const QString&) {}
 void LaunchStaffRegistration(int) {}

@@ -5,10 +5,6 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Whether the launching staff member may do the operation (0 start, 1 input, 2 change, 3 delete, 4 print,
-/// 5 preview, 6 text output, 7 image output); asks for a PIN where the site demands one.
-bool CheckProgramPermission(const QString& menu, const QString& programId, int operation);
-
 /// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
 void ReceiveStartLink(const QString& command, const QString& earliest);
 /// Tells the launching program that this one ends.

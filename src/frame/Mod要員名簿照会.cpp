@@ -1,8 +1,8 @@
 #include "frame/Mod要員名簿照会.h"
 
 #include "access/ConditionLabels.h"
+#include "access/ProgramRights.h"
 #include "frame/FirstListPicture.h"
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/StartCommand.h"
 #include "frame/StartUp.h"

@@ -7,6 +7,7 @@
 #include "frame/MainConnection.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/RunStart.h"
+#include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
 #include "text/mod項目編集.h"
@@ -17,8 +18,15 @@ namespace {
 
 constexpr qint64 kStartLinkAge = 60;  // seconds
 
+/// Nothing is read yet: the cipher looks for its key at the first PIN.
+void InstallPinCipher() {
+    platform::Services().pins = std::make_unique<platform::SealedPins>(
+        Globals().Layout.CommonConfFolder + platform::kPathSeparator + platform::PinKeyFileName(), RecordRunError);
+}
+
 bool OpenDataEnvironment(const QString& command) {
     if (!LoadEnvironment()) return false;
+    InstallPinCipher();
     RecordRunStart();
     ReceiveStartLink(command, TimeStamp(platform::Services().clock->Now().addSecs(-kStartLinkAge)));
     // Shared with the suite's menu program, the only one whose id this is.

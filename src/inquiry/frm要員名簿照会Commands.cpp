@@ -1,3 +1,4 @@
+#include "access/ProgramRights.h"
 #include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/MainFormPanels.h"
@@ -51,8 +52,7 @@ void frm要員名簿照会::WireCommands() {
         if (Permitted(kTextOutput)) RunTextOutput();
         MoveFocus(*Globals().LastHeadItem);
     });
-    for (const QString& name : SelectionButtons())
-        Item(name).Click = Guarded([name] { OpenSelectionWindow(name); });
+    for (const QString& name : SelectionButtons()) Item(name).Click = Guarded([name] { OpenSelectionWindow(name); });
     // Behind the last item of the head: tabbing onto it, or a key on it, validates the head and moves nothing.
     Control& headEnd = Item(u"ヘッド終了"_s);
     headEnd.GotFocus = Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); });

@@ -1,0 +1,121 @@
+#include "access/ProgramRights.h"
+
+#include <QStringList>
+#include <optional>
+
+#include "access/PinConfirmation.h"
+#include "access/RightColumns.h"
+#include "access/StaffIdentityProcedures.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOfficeBoundClass = 3;
+
+/// Rights are inverted: a text that starts with no number, such as an empty one, allows too.
+bool Allows(const QString& right) { return NumericValue(right) == 0; }
+
+bool IsSuiteMenu(const QString& menu) {
+    static const QStringList menus = {u"販路推進"_s, u"販路推進データ管理"_s, u"販路推進補助機能"_s,
+                                      u"販路推進サービスメニュ"_s};
+    return menus.contains(menu);
+}
+
+QString PersonalRuleStatement(const QString& menu, const QString& programId) {
+    QString sql =
+        u"SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム"
+        u" WHERE 担当者別操作許可プログラム.担当者コード = '"_s +
+        Globals().Staff.LaunchingStaffCode + u'\'';
+    if (IsSuiteMenu(menu)) sql += u" AND 担当者別操作許可プログラム.業務メニュ = '"_s + menu + u'\'';
+    return sql + u" AND 担当者別操作許可プログラム.プログラムID = '"_s + programId + u'\'';
+}
+
+/// The rule made for this person and this program alone. Where there is one, its operation rights replace the
+/// person's general ones and the program's class counts for nothing.
+std::optional<bool> PersonalRule(const QString& menu, const QString& programId) {
+    StaffIdentity& staff = Globals().Staff;
+    if (staff.LaunchingStaffCode.isEmpty()) return std::nullopt;
+    platform::Recordset rule;
+    std::optional<bool> result;
+    if (OpenRecordset(rule, PersonalRuleStatement(menu, programId), false)) {
+        for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
+            staff.OperationRights[i] = rule[kOperationRightColumns[i]].TextOr(QString());
+        result = Allows(staff.OperationRights[0]);
+    }
+    CloseQuietly(rule);
+    return result;
+}
+
+/// Work of class 3 belongs to a single office: with real offices nobody does it for the company as a whole, whatever
+/// the rights say, and without any everybody does.
+bool OfficeBoundWorkAllowed() {
+    const ProgramGlobals& globals = Globals();
+    if (globals.OfficeCount <= 0) return true;
+    if (globals.Environment.OperatingOfficeCode == u"000"_s) return false;
+    return Allows(globals.Staff.ClassRights[kOfficeBoundClass]);
+}
+
+bool ClassAllowed(int workClass) {
+    const auto& rights = Globals().Staff.ClassRights;
+    if (workClass == kOfficeBoundClass) return OfficeBoundWorkAllowed();
+    if (workClass < 0 || workClass >= static_cast<int>(rights.size())) return true;
+    return Allows(rights[static_cast<size_t>(workClass)]);
+}
+
+/// The menu's table says of which class the program is. A program that is not in its menu is refused.
+bool MenuRule(const QString& menu, const QString& programId) {
+    platform::Recordset row;
+    const QString sql = u"SELECT * FROM "_s + menu + u" WHERE プログラムID = '"_s + programId + u'\'';
+    const bool allowed =
+        OpenConfigRecordset(row, sql) && ClassAllowed(NumericValue(row[u"処理分類"].TextOr(QString())));
+    CloseQuietly(row);
+    return allowed;
+}
+
+bool OperationAllowed(int operation) {
+    const auto& rights = Globals().Staff.OperationRights;
+    if (operation < 0 || operation >= static_cast<int>(rights.size())) return true;
+    return Allows(rights[static_cast<size_t>(operation)]);
+}
+
+}  // namespace
+
+bool EvaluateProgramRights(const QString& menu, const QString& programId, int operation) {
+    const std::optional<bool> personal = PersonalRule(menu, programId);
+    const bool result = personal ? *personal : MenuRule(menu, programId);
+    return result && OperationAllowed(operation);
+}
+
+bool LoadIdentityAndRights(const QString& menu, const QString& programId, int operation) {
+    ProgramGlobals& globals = Globals();
+    globals.OperatorAuthenticated = false;
+    if (!LoadLaunchStaffCode()) return false;
+    if (!LoadStaffIdentity(QString(globals.Staff.LaunchingStaffCode))) return false;
+    globals.OperatorAuthenticated = EvaluateProgramRights(menu, programId, operation);
+    return globals.OperatorAuthenticated;
+}
+
+bool CheckProgramPermission(const QString& menu, const QString& programId, int operation) {
+    LoadIdentityAndRights(menu, programId, operation);
+    // Without PINs nobody can prove who he is, so rights are not enforced, whatever has just been read.
+    if (Globals().PinRequired != 1) return true;
+    if (Globals().OperatorAuthenticated) return true;
+    AskForPin(menu + u"/暗証確認"_s);
+    return Globals().OperatorAuthenticated && EvaluateProgramRights(menu, programId, operation);
+}
+
+void SaveLaunchStaffCode() {
+    const QString code = Globals().Staff.LaunchingStaffCode;
+    if (TrimBlanks(code).isEmpty()) return;
+    if (ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET 起動担当者コード = '"_s + code +
+                               u"'  WHERE 動作環境定義ID = '001'"_s)) {
+        LoadStaffIdentity(code);
+        return;
+    }
+    platform::Services().dialogs->ShowMessage(u"データベースに問題が発生し修正できませんでした。"_s);
+}

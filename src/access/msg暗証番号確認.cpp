@@ -1,0 +1,140 @@
+#include "access/msg暗証番号確認.h"
+
+#include "access/PinConfirmation.h"
+#include "access/PinDialogLooks.h"
+#include "access/ProgramRights.h"
+#include "access/RightColumns.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/SecretText.h"
+#include "platform/Services.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTooShort = 3;
+const QString kCodeMask = u"00000"_s;
+
+/// Who works here, today still included only if the last day lies after it, and for the office in scope.
+QString StaffStatement(const QString& column, const QString& value) {
+    const QString today = platform::Services().clock->Now().toString(u"yyyyMMdd"_s);
+    return u"SELECT M担当者.* FROM M担当者 WHERE M担当者."_s + column + u" = '"_s + value +
+           u"' AND (M担当者.在籍区分 = '0'"
+           u" OR (M担当者.在籍区分 = '1' AND M担当者.退社日付 <>'' AND M担当者.退社日付 > '"_s +
+           today + u"')) AND (M担当者.事業所コード = '"_s + Globals().ScopeOfficeCode +
+           u"' OR M担当者.事業所コード = '000')"_s;
+}
+
+/// Unlike at a start, a Null forbids nothing it did not forbid before: class rights count as "0".
+void TakeRights(const platform::Recordset& record) {
+    StaffIdentity& staff = Globals().Staff;
+    staff.LoginId = record[u"ログインID"].TextOr(QString());
+    staff.AccessLevel = NumericValue(record[u"アクセス権限"].TextOr(QString()));
+    for (size_t i = 0; i < kClassRightColumns.size(); ++i)
+        staff.ClassRights[i] = record[kClassRightColumns[i]].TextOr(u"0"_s);
+    for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
+        staff.OperationRights[i] = record[kOperationRightColumns[i]].TextOr(QString());
+}
+
+void ShowPerson(const Form& form, const platform::Recordset& record) {
+    form.Item(u"担当者コード"_s).SetText(record[u"コード"].TextOr(QString()));
+    form.Item(u"担当者名"_s).SetText(record[u"氏名"].TextOr(QString()));
+}
+
+}  // namespace
+
+msg暗証番号確認::msg暗証番号確認() : Form(u"msg暗証番号確認"_s) {
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    BuildPinDialog(*this);
+    WireItems();
+    Load = [this] { OnLoad(); };
+    Unload = [this] { platform::WipeText(clearPin_); };
+}
+
+msg暗証番号確認::~msg暗証番号確認() { platform::WipeText(clearPin_); }
+
+void msg暗証番号確認::WireItems() {
+    Control &code = Item(u"担当者コード"_s), &pin = Item(u"暗証番号"_s), &cancel = Item(u"btn_キャンセル"_s);
+    // Moving on from the PIN, or clicking, brings the focus here, and that confirms. A click of its own would confirm
+    // a second time.
+    Item(u"btn_OK"_s).GotFocus = [this] { ConfirmPinEntry(); };
+    cancel.Click = [this] { UnloadForm(); };
+    Closing = cancel.Click;
+    code.LostFocus = [this, &code] {
+        code.SetText(FormatCodeByMask(code.Text(), kCodeMask));
+        bool found = false;
+        LookUpStaffByCode(code.Text(), found);
+    };
+    pin.GotFocus = [&code] {
+        if (code.Text().isEmpty()) code.SetFocus();
+    };
+    Item(u"担当者名"_s).GotFocus = [&pin] { pin.SetFocus(); };
+    for (const QString& title : {u"itm_ttl_暗証番号"_s, u"itm_ttl_担当者名"_s})
+        Item(title).Click = [&pin] { pin.SetFocus(); };
+    Item(u"itm_ttl_担当者コード"_s).Click = [&code] { code.SetFocus(); };
+}
+
+void msg暗証番号確認::OnLoad() {
+    for (const QString& name : {u"担当者コード"_s, u"担当者名"_s, u"暗証番号"_s}) Item(name).SetText(QString());
+    Globals().Staff.LaunchingStaffCode.clear();
+    bool found = false;
+    LookUpStaffByLogin(Globals().OsUserName, found);
+    // It stays visible, so that everybody sees as whom he is about to sign in.
+    if (found) Item(u"担当者コード"_s).SetEnabled(false);
+}
+
+void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found) {
+    platform::Recordset record;
+    found = OpenRecordset(record, StaffStatement(u"ログインID"_s, name), false);
+    if (found) ShowPerson(*this, record);
+    CloseQuietly(record);
+    if (found) LookUpStaffByCode(Item(u"担当者コード"_s).Text(), found);
+}
+
+void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) {
+    platform::Recordset record;
+    found = OpenRecordset(record, StaffStatement(u"コード"_s, code), false);
+    if (found) {
+        ShowPerson(*this, record);
+        platform::WipeText(clearPin_);
+        const platform::Field stored = record[u"暗証番号"];
+        if (!stored.IsNull()) clearPin_ = platform::Services().pins->ClearText(stored.Text());
+        TakeRights(record);
+    }
+    CloseQuietly(record);
+}
+
+// Stored PINs are taken as they are: one with small letters can't be typed. The office's own opens any code.
+bool msg暗証番号確認::Matches(const QString& entry) const {
+    return entry == Globals().Office.特権暗証番号 || entry == clearPin_;
+}
+
+void msg暗証番号確認::Refuse(const QString& message) {
+    Globals().Staff.LaunchingStaffCode.clear();
+    Globals().OperatorAuthenticated = false;
+    platform::Services().dialogs->ShowMessage(message);
+    Item(u"暗証番号"_s).SetFocus();
+}
+
+void msg暗証番号確認::SignIn() {
+    Globals().Staff.LaunchingStaffCode = Item(u"担当者コード"_s).Text();
+    SaveLaunchStaffCode();
+    Globals().OperatorAuthenticated = true;
+    UnloadForm();
+}
+
+void msg暗証番号確認::ConfirmPinEntry() {
+    const QString entry = Item(u"暗証番号"_s).Text().toUpper();
+    // Also keeps an empty PIN, such as one that could not be opened, from letting anybody in.
+    if (entry.size() <= kTooShort) return Refuse(u"暗証番号を入力してください。"_s);
+    if (!Matches(entry)) return Refuse(u"暗証番号が違います。"_s);
+    SignIn();
+}
+
+void AskForPin(const QString& caption) {
+    auto* dialog = new msg暗証番号確認;
+    dialog->setWindowTitle(caption);
+    dialog->ShowModal();
+}

@@ -1,0 +1,154 @@
+#include "platform/SealedPins.h"
+
+#include <fcntl.h>
+#include <sodium.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+namespace {
+
+// Names the scheme. Whoever changes the scheme gives it another one and goes on opening this.
+const QString kMark = u"S1:"_s;
+constexpr qsizetype kNonce = crypto_secretbox_NONCEBYTES;
+constexpr qsizetype kSeal = crypto_secretbox_MACBYTES;
+constexpr size_t kPadding = 16;
+static_assert(PinKey::kBytes == crypto_secretbox_KEYBYTES);
+
+void PrepareLibrary() {
+    if (sodium_init() < 0) throw std::runtime_error("libsodium cannot start");
+}
+
+unsigned char* Raw(QByteArray& bytes) { return reinterpret_cast<unsigned char*>(bytes.data()); }
+const unsigned char* Raw(const QByteArray& bytes) { return reinterpret_cast<const unsigned char*>(bytes.constData()); }
+
+void Wipe(QByteArray& bytes) { sodium_memzero(bytes.data(), static_cast<size_t>(bytes.size())); }
+
+/// Without its key a database of sealed PINs is lost, so the key has to be on the disk before the first one is.
+bool ReachDisk(QFile& file) {
+    const int folder = ::open(QFile::encodeName(QFileInfo(file).path()).constData(), O_RDONLY | O_DIRECTORY);
+    const bool reached = ::fsync(file.handle()) == 0 && folder >= 0 && ::fsync(folder) == 0;
+    if (folder >= 0) ::close(folder);
+    return reached;
+}
+
+/// Nonce and sealed bytes; empty when the text has not the form.
+QByteArray Envelope(const QString& stored) {
+    if (!stored.startsWith(kMark)) return {};
+    const auto decoded = QByteArray::fromBase64Encoding(QStringView(stored).mid(kMark.size()).toLatin1(),
+                                                        QByteArray::AbortOnBase64DecodingErrors);
+    const bool whole = decoded && decoded.decoded.size() >= kNonce + kSeal + static_cast<qsizetype>(kPadding);
+    return whole ? decoded.decoded : QByteArray();
+}
+
+/// The clear bytes with their padding in a fresh array that the caller wipes; empty when the key does not open it.
+QByteArray OpenEnvelope(const QByteArray& envelope, const PinKey& key) {
+    QByteArray clear(envelope.size() - kNonce - kSeal, '\0');
+    const bool opened = crypto_secretbox_open_easy(Raw(clear), Raw(envelope) + kNonce,
+                                                   static_cast<unsigned long long>(envelope.size() - kNonce),
+                                                   Raw(envelope), key.Bytes()) == 0;
+    return opened ? clear : QByteArray();
+}
+
+}  // namespace
+
+PinKey::PinKey() : bytes_{} {
+    PrepareLibrary();
+    crypto_secretbox_keygen(bytes_.data());
+}
+
+PinKey::PinKey(const QByteArray& bytes) : bytes_{} { std::copy_n(Raw(bytes), kBytes, bytes_.begin()); }
+
+PinKey::~PinKey() { sodium_memzero(bytes_.data(), kBytes); }
+
+std::optional<PinKey> PinKey::Read(const QString& file) {
+    PrepareLibrary();
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return std::nullopt;
+    QByteArray bytes = source.read(kBytes + 1);
+    std::optional<PinKey> key;
+    if (bytes.size() == kBytes) key = PinKey(bytes);
+    Wipe(bytes);
+    return key;
+}
+
+bool PinKey::Write(const QString& file) const {
+    QFile target(file);
+    // Made with narrow rights from the start: nobody else may look in between.
+    const auto own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, own)) return false;
+    const bool written = target.write(reinterpret_cast<const char*>(bytes_.data()), kBytes) == kBytes &&
+                         target.setPermissions(own | QFileDevice::ReadGroup) && ReachDisk(target);
+    target.close();
+    if (!written) target.remove();
+    return written;
+}
+
+QString PinKeyFileName() { return u"pin.key"_s; }
+
+bool IsSealedPin(const QString& stored) { return !Envelope(stored).isEmpty(); }
+
+QString SealPin(const QString& clear, const PinKey& key) {
+    PrepareLibrary();
+    QByteArray padded = clear.toUtf8();
+    const auto length = static_cast<size_t>(padded.size());
+    padded.resize(static_cast<qsizetype>((length / kPadding + 1) * kPadding));
+    size_t paddedLength = 0;
+    sodium_pad(&paddedLength, Raw(padded), length, kPadding, static_cast<size_t>(padded.size()));
+    QByteArray envelope(kNonce + kSeal + padded.size(), '\0');
+    randombytes_buf(Raw(envelope), kNonce);
+    crypto_secretbox_easy(Raw(envelope) + kNonce, Raw(padded), paddedLength, Raw(envelope), key.Bytes());
+    Wipe(padded);
+    return kMark + QString::fromLatin1(envelope.toBase64());
+}
+
+std::optional<QString> OpenPin(const QString& stored, const PinKey& key) {
+    const QByteArray envelope = Envelope(stored);
+    if (envelope.isEmpty()) return std::nullopt;
+    QByteArray clear = OpenEnvelope(envelope, key);
+    size_t length = 0;
+    if (sodium_unpad(&length, Raw(clear), static_cast<size_t>(clear.size()), kPadding) != 0) return std::nullopt;
+    QString pin = QString::fromUtf8(clear.constData(), static_cast<qsizetype>(length));
+    Wipe(clear);
+    return pin;
+}
+
+SealedPins::SealedPins(QString keyFile, std::function<void(const QString&)> tell)
+    : keyFile_(std::move(keyFile)), tell_(std::move(tell)) {}
+
+void SealedPins::LookForKey() {
+    if (std::exchange(looked_, true)) return;
+    hasKeyFile_ = QFile::exists(keyFile_);
+    key_ = PinKey::Read(keyFile_);
+}
+
+void SealedPins::Tell(const QString& reason) {
+    if (!std::exchange(told_, true)) tell_(u"暗証番号を開けません。"_s + reason);
+}
+
+QString SealedPins::ClearText(const QString& stored) {
+    if (stored.isEmpty()) return {};
+    LookForKey();
+    const bool sealed = IsSealedPin(stored);
+    if (!sealed && !hasKeyFile_) return stored;
+    if (!sealed) {
+        Tell(u"封じられていない暗証番号があります。"_s);
+    } else if (!hasKeyFile_) {
+        Tell(u"鍵ファイル %1 がありません。"_s.arg(keyFile_));
+    } else if (!key_) {
+        Tell(u"鍵ファイル %1 を読めません。"_s.arg(keyFile_));
+    } else if (std::optional<QString> pin = OpenPin(stored, *key_)) {
+        return *std::move(pin);
+    } else {
+        Tell(u"鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile_));
+    }
+    return {};
+}
+
+}  // namespace platform
