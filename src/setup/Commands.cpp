@@ -5,6 +5,8 @@
 #include "setup/Arguments.h"
 #include "setup/HistoryCommand.h"
 #include "setup/Installer.h"
+#include "setup/PinSealing.h"
+#include "setup/SampleTrial.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,14 +21,23 @@ const QString kUsage =
     u"      --seed N              見本の種（同じ種からは同じデータができる、省略時は 1）\n"
     u"      --kind accdb|mdb      データベースファイルの種類（省略時は accdb）\n"
     u"      --install-kind 0|1    0: 構成を全員で共有する  1: 利用者ごとに持つ（省略時は 0）\n"
+    u"      --pin                 暗証番号を尋ねる会社にして、権限の異なる要員を表示する\n"
     u"      --replace             既にあるインストールを作り直す（中のデータは失われる）\n"
     u"  suite-setup history フォルダ [オプション]  稼動履歴を古い順に表示する\n"
     u"      --run N               新しい方から N 番目の実行だけを表示する\n"
     u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
     u"      --follow              中断されるまで、追加される行を待って表示する\n"
+    u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
     u"  suite-setup --help                         この説明を表示する\n"
     u"\n"
     u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
+
+void ShowTrialPeople(const QString& root, FileKind kind, const Console& console) {
+    const QString general = root + u"/data/gnrdb"_s + (kind == kMdb ? u".mdb"_s : u".accdb"_s);
+    console.out << u"起動すると暗証番号を尋ねます。次の要員で試せます。\n"_s;
+    for (const QString& line : TrialPeople(general, root + u"/conf/"_s + platform::PinKeyFileName()))
+        console.out << u"  "_s << line << u'\n';
+}
 
 void MakeFromArguments(const Arguments& arguments, const Console& console) {
     InstallationRequest request;
@@ -36,18 +47,19 @@ void MakeFromArguments(const Arguments& arguments, const Console& console) {
     request.seed = static_cast<quint64>(arguments.Number(u"--seed"_s, 1, 0, std::numeric_limits<qint64>::max()));
     request.kind = arguments.Choice(u"--kind"_s, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? kMdb : kAccdb;
     request.installKind = arguments.Choice(u"--install-kind"_s, {u"0"_s, u"1"_s}).toInt();
+    request.askPins = arguments.Has(u"--pin"_s);
     request.replace = arguments.Has(u"--replace"_s);
     const QString root = MakeInstallation(request);
     console.out << u"%1 に要員 %2 名のインストールを作りました。\n"_s.arg(root).arg(request.staff);
+    if (request.askPins) ShowTrialPeople(root, request.kind, console);
 }
 
 QList<OptionRule> InitOptions() {
-    return {{u"--staff"_s, true},
-            {u"--seed"_s, true},
-            {u"--kind"_s, true},
-            {u"--install-kind"_s, true},
-            {u"--replace"_s, false}};
+    return {{u"--staff"_s, true},        {u"--seed"_s, true}, {u"--kind"_s, true},
+            {u"--install-kind"_s, true}, {u"--pin"_s, false}, {u"--replace"_s, false}};
 }
+
+QList<OptionRule> NoOptions() { return {}; }
 
 struct Verb {
     const char16_t* name;
@@ -58,6 +70,7 @@ struct Verb {
 constexpr Verb kVerbs[] = {
     {u"init", InitOptions, MakeFromArguments},
     {u"history", HistoryOptions, ShowHistory},
+    {u"seal-pins", NoOptions, SealPins},
 };
 
 void RunVerb(const QStringList& arguments, const Console& console) {

@@ -36,7 +36,7 @@ void WriteEnvironment(StoreWriter& store, const ConfigurationRequest& request) {
         .Set(u"バックアップ開始時刻"_s, u"2200"_s)
         .Set(u"バックアップフォルダ"_s, u""_s)
         // Somebody known from the start, so that the marks of the viewing log show.
-        .Set(u"起動担当者コード"_s, QString::fromUtf16(kLaunchingStaff));
+        .Set(u"起動担当者コード"_s, request.signedIn ? QString::fromUtf16(kLaunchingStaff) : u""_s);
     row.Add();
 }
 

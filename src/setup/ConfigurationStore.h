@@ -10,7 +10,8 @@ namespace setup {
 struct ConfigurationRequest {
     QString generalFile;  ///< absolute path of the general database
     FileKind kind = kAccdb;
-    int installKind = 0;  ///< 0: all users share conf and report; 1: each user has private copies
+    int installKind = 0;   ///< 0: all users share conf and report; 1: each user has private copies
+    bool signedIn = true;  ///< the launching staff member of the sample is known; otherwise the first start asks
 };
 
 /// Creates usrcnfg: definition row, environment row and the menus. Throws platform::DatabaseError.

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "platform/SealedPins.h"
 #include "setup/ConfigurationStore.h"
 #include "setup/Manual.h"
 #include "setup/SampleLogs.h"
@@ -50,10 +51,11 @@ void MakeFolders(const QString& root) {
     }
 }
 
-void WriteGeneral(const QString& path, const InstallationRequest& request) {
+void WriteGeneral(const QString& path, const InstallationRequest& request, const platform::PinKey& key) {
     StoreWriter store(path, Store::General);
-    WriteMasters(store);
-    WriteStaff(store, request.staff, request.seed);
+    store.SealPinsUnder(key);
+    WriteMasters(store, request.askPins);
+    WriteStaff(store, {request.staff, request.seed, request.askPins});
     WriteViewLog(store, request.staff, request.seed);
     WritePersonalRights(store, request.staff, request.seed);
     store.Commit();
@@ -74,13 +76,21 @@ void CopyPrograms(const QString& from, const QString& to) {
     }
 }
 
+/// Always by chance, whatever the seed: whoever knows the seed must not know the key.
+platform::PinKey MakeKey(const QString& path) {
+    const platform::PinKey key;
+    if (!key.Write(path)) Fail(u"鍵ファイル %1 を作成できません。"_s.arg(path));
+    return key;
+}
+
 /// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
     const QString suffix = Suffix(request.kind);
     MakeFolders(root);
-    WriteGeneral(root + u"/data/gnrdb"_s + suffix, request);
+    WriteGeneral(root + u"/data/gnrdb"_s + suffix, request, MakeKey(root + u"/conf/"_s + platform::PinKeyFileName()));
     const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
-    WriteConfiguration(configuration, {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind});
+    WriteConfiguration(configuration,
+                       {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind, !request.askPins});
     StoreWriter(report, Store::Report).Commit();
     SetMode(configuration, 0664);
     SetMode(report, 0664);

@@ -14,6 +14,7 @@ struct InstallationRequest {
     quint64 seed = 1;
     FileKind kind = kAccdb;
     int installKind = 0;
+    bool askPins = false;  ///< the company asks for PINs, and its first few people have rights that differ
     bool replace = false;
 };
 

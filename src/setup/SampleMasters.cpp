@@ -59,7 +59,7 @@ QList<MasterTable> Organisation() {
     };
 }
 
-// The company asks for a PIN, so that rights count; one office waives it, which an office may.
+// %1: whether a PIN is asked for.
 QList<MasterTable> Company() {
     return {
         {u"Mユーザ"_s,
@@ -68,25 +68,25 @@ QList<MasterTable> Company() {
          u" 写真フォルダ テキスト出力フォルダ 明細保存月数 統計保存年数 伝票番号管理区分 暗証番号有無 特権暗証番号"
          u" 更新実行区分 システム特権暗証番号 登録日付 更新日付"_s,
          {u"0001|見本商事株式会社|100-0005|東京都千代田区|丸の内９－８－７|見本ビル１０階|佐藤　一郎|03-5555-0100|"
-          u"03-5555-0101|info@example.co.jp||見本銀行　本店　普通　１２３４５６７|3|31|0|99|||24|5|0|1|TOKKEN01|0|"
+          u"03-5555-0101|info@example.co.jp||見本銀行　本店　普通　１２３４５６７|3|31|0|99|||24|5|0|%1|TOKKEN01|0|"
           u"SYSTEM01|20050401 090000|20260401 083000"_s}},
         {u"M事業所"_s,
          u"コード 名称 郵便番号 住所A 住所B 住所C 代表者名 電話 FAX 登録番号 EMAIL テキスト出力フォルダ 地区コード"
          u" 暗証番号有無 特権暗証番号 更新実行区分"_s,
          {u"000|全社|100-0005|東京都千代田区|丸の内９－８－７|見本ビル１０階|佐藤　一郎|03-5555-0100|03-5555-0101||"
-          u"info@example.co.jp||00|1|TOKKEN01|0"_s,
+          u"info@example.co.jp||00|%1|TOKKEN01|0"_s,
           u"001|本社|100-0005|東京都千代田区|丸の内９－８－７|見本ビル１０階|佐藤　一郎|03-5555-0100|03-5555-0101||"
-          u"honsha@example.co.jp||13|1|HONSHA01|0"_s,
+          u"honsha@example.co.jp||13|%1|HONSHA01|0"_s,
           u"002|大阪支店|530-0001|大阪府大阪市北区|梅田９－４－１|梅田第五ビル３階|田中　修|06-5555-0200|"
-          u"06-5555-0201||osaka@example.co.jp||27|1|OSAKA002|0"_s,
+          u"06-5555-0201||osaka@example.co.jp||27|%1|OSAKA002|0"_s,
           u"003|名古屋支店|450-0002|愛知県名古屋市中村区|名駅９－２－５||鈴木　恵子|052-555-0300|052-555-0301||"
-          u"nagoya@example.co.jp||23|1|NAGOYA03|0"_s,
+          u"nagoya@example.co.jp||23|%1|NAGOYA03|0"_s,
           u"004|福岡支店|812-0012|福岡県福岡市博多区|博多駅中央街９－１|博多ビル６階|松尾　隆|092-555-0400|"
-          u"092-555-0401||fukuoka@example.co.jp||40|1|FUKUOKA4|0"_s,
+          u"092-555-0401||fukuoka@example.co.jp||40|%1|FUKUOKA4|0"_s,
           u"005|仙台営業所|980-0021|宮城県仙台市青葉区|中央９－３－２||菅原　豊|022-555-0500|022-555-0501||"
-          u"sendai@example.co.jp||04|1|SENDAI05|0"_s,
+          u"sendai@example.co.jp||04|%1|SENDAI05|0"_s,
           u"006|札幌営業所|060-0001|北海道札幌市中央区|北一条西９－７||工藤　典子|011-555-0600|011-555-0601||"
-          u"sapporo@example.co.jp||01|0|SAPPORO6|0"_s}},
+          u"sapporo@example.co.jp||01|%1|SAPPORO6|0"_s}},
         {u"M他業務連携"_s,
          u"コード 業務名 連携有無区分 連携DB 顧客更新有無区分 得意先更新有無区分 納品先更新有無区分 仕入先更新有無区分"
          u" メーカ更新有無区分 対応先更新有無区分 商品更新有無区分 社員更新有無区分"_s,
@@ -100,9 +100,10 @@ QList<MasterTable> Company() {
 std::span<const char16_t* const> SampleOfficeCodes() { return kOfficeCodes; }
 std::span<const SampleSection> SampleSections() { return kSections; }
 
-void WriteMasters(StoreWriter& store) {
-    for (const MasterTable& master : Classes() + Organisation() + Company())
-        TableWriter(store, master.table).AddLines(master.columns, master.lines);
+void WriteMasters(StoreWriter& store, bool askPins) {
+    for (MasterTable& master : Classes() + Organisation() + Company())
+        TableWriter(store, master.table)
+            .AddLines(master.columns, master.lines.replaceInStrings(u"%1"_s, askPins ? u"1"_s : u"0"_s));
 }
 
 }  // namespace setup

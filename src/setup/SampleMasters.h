@@ -16,7 +16,8 @@ std::span<const char16_t* const> SampleOfficeCodes();
 /// Sections in operation, each under its department.
 std::span<const SampleSection> SampleSections();
 
-/// Company, offices, departments, sections, positions, class tables, eras and partner systems.
-void WriteMasters(StoreWriter& store);
+/// Company, offices, departments, sections, positions, class tables, eras and partner systems. `askPins`: company and
+/// offices ask for PINs, so that rights count; otherwise none of them does.
+void WriteMasters(StoreWriter& store, bool askPins);
 
 }  // namespace setup

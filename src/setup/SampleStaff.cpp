@@ -6,6 +6,7 @@
 #include "setup/SampleNames.h"
 #include "setup/SamplePlaces.h"
 #include "setup/SampleRandom.h"
+#include "setup/SampleTrial.h"
 
 using namespace Qt::StringLiterals;
 
@@ -220,10 +221,10 @@ void SetRights(TableWriter& row, const Person& person, SampleRandom& random) {
 
 QString StaffCode(int place) { return Digits(place + 1, 5); }
 
-void WriteStaff(StoreWriter& store, int count, quint64 seed) {
+void WriteStaff(StoreWriter& store, const StaffRequest& request) {
     TableWriter row(store, u"M担当者"_s);
-    for (int place = 0; place < count; ++place) {
-        SampleRandom random(seed, static_cast<quint64>(place));
+    for (int place = 0; place < request.count; ++place) {
+        SampleRandom random(request.seed, static_cast<quint64>(place));
         const Person person = MakePerson(place, random);
         SetIdentity(row, person, random);
         SetAddress(row, random);
@@ -232,6 +233,7 @@ void WriteStaff(StoreWriter& store, int count, quint64 seed) {
         SetMemo(row, random);
         SetStamps(row, person, random);
         SetRights(row, person, random);
+        if (request.trialRights) SetTrialRights(row, place);
         row.Add();
     }
 }

@@ -17,7 +17,13 @@ inline constexpr const char16_t* kLaunchingStaff = u"00001";
 /// Code of the staff member at a place counted from 0: 5 digits, without gaps.
 QString StaffCode(int place);
 
-/// `count` rows of M担当者. The same seed gives the same people; a larger count adds people at the end.
-void WriteStaff(StoreWriter& store, int count, quint64 seed);
+struct StaffRequest {
+    int count;
+    quint64 seed;
+    bool trialRights;  ///< the first few have rights that differ
+};
+
+/// Rows of M担当者. The same seed gives the same people; a larger count adds people at the end.
+void WriteStaff(StoreWriter& store, const StaffRequest& request);
 
 }  // namespace setup

@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include "setup/PinColumns.h"
+
 using namespace Qt::StringLiterals;
 
 namespace setup {
@@ -78,6 +80,8 @@ TableWriter::TableWriter(StoreWriter& store, const QString& table) : store_(stor
         places.append(u"?"_s);
         parameters_.insert(column.name, static_cast<int>(names.size()));
     }
+    for (const PinColumn& pin : kPinColumns)
+        if (store.KeyOfPins() && table == pin.table) pins_.append(parameters_.value(pin.column.toString()));
     statement_ = store.Prepare(u"INSERT INTO "_s + Quoted(table) + u" ("_s + QuotedList(names) + u") VALUES ("_s +
                                places.join(u", "_s) + u')');
 }
@@ -89,7 +93,8 @@ TableWriter& TableWriter::Set(const QString& column, const QString& value) {
     if (parameter == 0)
         throw platform::DatabaseError(platform::kItemNotFound,
                                       u"列 %1 はテーブル %2 にありません。"_s.arg(column, table_));
-    const QByteArray utf8 = value.toUtf8();
+    const bool sealed = pins_.contains(parameter) && !value.isEmpty();
+    const QByteArray utf8 = (sealed ? platform::SealPin(value, *store_.KeyOfPins()) : value).toUtf8();
     if (sqlite3_bind_text(statement_, parameter, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT) !=
         SQLITE_OK)
         store_.Fail();

@@ -5,8 +5,10 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <optional>
 
 #include "data/Catalogue.h"
+#include "platform/SealedPins.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -26,6 +28,10 @@ class StoreWriter {
     /// Indexes are made here, after the rows, which is several times faster than keeping them up row by row.
     void Commit();
 
+    /// From now on PINs are stored sealed under this key. Before the first TableWriter.
+    void SealPinsUnder(const platform::PinKey& key) { pinKey_ = key; }
+    const std::optional<platform::PinKey>& KeyOfPins() const { return pinKey_; }
+
     Store WhichStore() const { return store_; }
     void Execute(const QString& sql);
     sqlite3_stmt* Prepare(const QString& sql);
@@ -34,9 +40,10 @@ class StoreWriter {
   private:
     sqlite3* database_ = nullptr;
     Store store_;
+    std::optional<platform::PinKey> pinKey_;
 };
 
-/// Adds rows to one table. A column that is not set for a row is Null in it.
+/// Adds rows to one table. A column that is not set for a row is Null in it; PINs are given in clear.
 class TableWriter {
   public:
     TableWriter(StoreWriter& store, const QString& table);
@@ -54,6 +61,7 @@ class TableWriter {
     StoreWriter& store_;
     QString table_;
     QHash<QString, int> parameters_;
+    QList<int> pins_;  // parameters that are sealed
     sqlite3_stmt* statement_ = nullptr;
 };
 

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "data/Catalogue.h"
 #include "setup/Manual.h"
 #include "support/SampleInstallation.h"
 
@@ -56,7 +57,7 @@ TEST_F(InstallerTest, MakesFoldersDatabasesAndManual) {
     EXPECT_EQ(Entries(u"."_s), QStringList{u"suite"_s});
     EXPECT_EQ(Entries(u"suite"_s),
               (QStringList{u"conf"_s, u"data"_s, u"manual"_s, u"prgbin"_s, u"report"_s, u"users"_s}));
-    EXPECT_EQ(Entries(u"suite/conf"_s), QStringList{u"usrcnfg.accdb"_s});
+    EXPECT_EQ(Entries(u"suite/conf"_s), (QStringList{u"pin.key"_s, u"usrcnfg.accdb"_s}));
     EXPECT_EQ(Entries(u"suite/data"_s), QStringList{u"gnrdb.accdb"_s});
     EXPECT_EQ(Entries(u"suite/report"_s), QStringList{u"repdb.accdb"_s});
     EXPECT_EQ(Bytes(folder.filePath(u"suite/manual/要員名簿照会.doc"_s)), setup::ManualDocument());
@@ -93,11 +94,53 @@ TEST_F(InstallerTest, WorkTablesAreEmptyAndNoFileIsInWalMode) {
         EXPECT_EQ(SampleFile(root + file).Value(u"PRAGMA journal_mode"_s), u"delete"_s);
 }
 
-TEST_F(InstallerTest, SameSeedGivesTheSameBytes) {
+TEST_F(InstallerTest, SameSeedGivesTheSameRowsButForTheSealedPins) {
     request.staff = 100;
     const QString first = Make();
     request.folder = folder.filePath(u"other"_s);
-    EXPECT_EQ(Bytes(first + u"/data/gnrdb.accdb"_s), Bytes(Make() + u"/data/gnrdb.accdb"_s));
+    const QString second = Make();
+    for (const TableDefinition& table : SuiteTables()) {
+        if (table.store != Store::General) continue;
+        QStringList columns;
+        for (const ColumnDefinition& column : table.columns)
+            if (!column.name.endsWith(u"暗証番号"_s)) columns << column.name;
+        const QString sql = u"SELECT %1 FROM %2 ORDER BY rowid"_s.arg(columns.join(u','), table.name);
+        EXPECT_EQ(SampleFile(first + u"/data/gnrdb.accdb"_s).Rows(sql),
+                  SampleFile(second + u"/data/gnrdb.accdb"_s).Rows(sql))
+            << table.name.toStdString();
+    }
+}
+
+TEST_F(InstallerTest, EachInstallationHasAKeyOfItsOwnWhateverTheSeed) {
+    const QByteArray first = Bytes(Make() + u"/conf/pin.key"_s);
+    request.folder = folder.filePath(u"other"_s);
+    EXPECT_EQ(first.size(), 32);
+    EXPECT_NE(first, Bytes(Make() + u"/conf/pin.key"_s));
+}
+
+TEST_F(InstallerTest, ACompanyThatAsksForPinsKnowsNobodyAtItsFirstStart) {
+    request.askPins = true;
+    const QString root = Make();
+    const SampleFile general(root + u"/data/gnrdb.accdb"_s);
+    EXPECT_EQ(general.Rows(u"SELECT 暗証番号有無 FROM Mユーザ UNION SELECT 暗証番号有無 FROM M事業所"_s),
+              (QList<QStringList>{{u"1"_s}}));
+    EXPECT_EQ(SampleFile(root + u"/conf/usrcnfg.accdb"_s).Value(u"SELECT 起動担当者コード FROM 動作環境定義"_s), u""_s);
+}
+
+TEST_F(InstallerTest, ItsFirstPeopleDifferInTheirRights) {
+    request.askPins = true;
+    request.staff = 5;
+    const SampleFile general(Make() + u"/data/gnrdb.accdb"_s);
+    QString classes;
+    for (int i = 0; i < 10; ++i) classes += u"||処理分類%1操作許可"_s.arg(i);
+    EXPECT_EQ(
+        general.Rows(u"SELECT 事業所コード, 在籍区分%1, 操作許可||入力許可||修正許可||削除許可||印刷許可||"
+                     u"プレビュ許可||テキスト出力許可||イメージ出力許可 FROM M担当者 ORDER BY コード LIMIT 4"_s.arg(
+                         u',' + classes.mid(2))),
+        (QList<QStringList>{{u"000"_s, u"0"_s, u"0000000000"_s, u"00000000"_s},
+                            {u"000"_s, u"0"_s, u"0000000000"_s, u"00001000"_s},
+                            {u"000"_s, u"0"_s, u"1110111111"_s, u"00000000"_s},
+                            {u"001"_s, u"0"_s, u"0000000000"_s, u"00000000"_s}}));
 }
 
 TEST_F(InstallerTest, CopiesTheProgramsThatAreBuiltAndSkipsOthers) {

@@ -7,6 +7,7 @@
 #include "setup/Installer.h"
 #include "setup/SampleStaff.h"
 #include "support/SampleInstallation.h"
+#include "support/SamplePins.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,9 +16,23 @@ namespace {
 const QString kReference = QString::fromUtf16(setup::kReferenceDay);
 
 /// One sample of the usual size for all cases that only read it.
-const SampleFile& General() {
+const SampleInstallation& Usual() {
     static const SampleInstallation installation({.staff = 300});
-    return installation.General();
+    return installation;
+}
+const SampleFile& General() { return Usual().General(); }
+
+/// Rows of M担当者 with their PINs opened: sealed, the same PIN is another text each time.
+QList<QStringList> People(const QString& root, int count) {
+    const SamplePins pins(root);
+    const SampleFile general(root + u"/data/gnrdb.accdb"_s);
+    QList<QStringList> rows =
+        general.Rows(u"SELECT 暗証番号, * FROM M担当者 ORDER BY コード LIMIT "_s + QString::number(count));
+    for (QStringList& row : rows) {
+        const QString sealed = row.takeFirst();
+        row.replaceInStrings(sealed, pins.Opened(sealed));
+    }
+    return rows;
 }
 
 QString MatchingAll(const QString& column, const QString& pattern) {
@@ -35,9 +50,11 @@ QString Everything(quint64 seed, int staff) {
     request.folder = folder.filePath(u"suite"_s);
     request.seed = seed;
     request.staff = staff;
-    const SampleFile general(setup::MakeInstallation(request) + u"/data/gnrdb.accdb"_s);
+    const QString root = setup::MakeInstallation(request);
+    const SampleFile general(root + u"/data/gnrdb.accdb"_s);
     QString all;
-    for (const QString& table : {u"M担当者"_s, u"T閲覧"_s, u"担当者別操作許可プログラム"_s})
+    for (const QStringList& row : People(root, staff)) all += row.join(u'|') + u'\n';
+    for (const QString& table : {u"T閲覧"_s, u"担当者別操作許可プログラム"_s})
         for (const QStringList& row : general.Rows(u"SELECT * FROM "_s + table)) all += row.join(u'|') + u'\n';
     return all;
 }
@@ -60,8 +77,7 @@ TEST(Sample, ReferencePersonIsTheSameOnEveryMachine) {
 
 TEST(Sample, LargerSampleBeginsWithThePeopleOfASmallerOne) {
     const SampleInstallation small({.staff = 40});
-    const QString sql = u"SELECT * FROM M担当者 ORDER BY コード LIMIT 40"_s;
-    EXPECT_EQ(small.General().Rows(sql), General().Rows(sql));
+    EXPECT_EQ(People(small.Root(), 40), People(Usual().Root(), 40));
 }
 
 TEST(Sample, CodesHaveFiveDigitsAndPostalCodesTheirHyphen) {
@@ -83,7 +99,26 @@ TEST(Sample, KanaAreHalfWidthWithVoicedMarksOfTheirOwn) {
 }
 
 TEST(Sample, PinsAreFourOrMoreCapitalsAndDigits) {
-    EXPECT_EQ(MatchingAll(u"暗証番号"_s, u"[A-Z0-9]{4,6}"_s), QString());
+    const SamplePins pins(Usual().Root());
+    const QRegularExpression form(u"^[A-Z0-9]{4,6}$"_s);
+    for (const QStringList& row : General().Rows(u"SELECT 暗証番号 FROM M担当者"_s))
+        EXPECT_TRUE(form.match(pins.Opened(row.first())).hasMatch()) << row.first().toStdString();
+}
+
+TEST(Sample, PinsAreStoredSealedInEveryColumn) {
+    const SamplePins pins(Usual().Root());
+    const QString sql =
+        u"SELECT 暗証番号 FROM M担当者 UNION ALL SELECT 特権暗証番号 FROM Mユーザ UNION ALL"
+        u" SELECT システム特権暗証番号 FROM Mユーザ UNION ALL SELECT 特権暗証番号 FROM M事業所"_s;
+    const QList<QStringList> rows = General().Rows(sql);
+    EXPECT_EQ(rows.size(), 300 + 2 + 7);
+    for (const QStringList& row : rows) EXPECT_GE(pins.Opened(row.first()).size(), 4) << row.first().toStdString();
+    EXPECT_EQ(pins.Opened(General().Value(u"SELECT 特権暗証番号 FROM M事業所 WHERE コード = '001'"_s)), u"HONSHA01"_s);
+}
+
+TEST(Sample, NobodyAsksForPinsUnlessTheCompanyIsMadeSo) {
+    EXPECT_EQ(General().Rows(u"SELECT 暗証番号有無 FROM Mユーザ UNION SELECT 暗証番号有無 FROM M事業所"_s),
+              (QList<QStringList>{{u"0"_s}}));
 }
 
 TEST(Sample, SecondAndThirdAddressLineAreNeverNullBesideAFilledFirst) {

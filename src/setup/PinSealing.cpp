@@ -1,0 +1,135 @@
+#include "setup/PinSealing.h"
+
+#include <QDir>
+#include <QFile>
+#include <QScopeGuard>
+#include <optional>
+
+#include "platform/SealedPins.h"
+#include "platform/database/SqliteOpening.h"
+#include "setup/Installer.h"
+#include "setup/PinColumns.h"
+
+using namespace Qt::StringLiterals;
+using platform::PinKey;
+using platform::SqliteDatabase;
+using platform::SqliteStatement;
+
+namespace setup {
+
+namespace {
+
+struct StoredPin {
+    sqlite3_int64 row;
+    QString text;
+};
+
+SqliteDatabase Open(const QString& file, platform::ConnectMode mode) {
+    platform::ConnectionRequest request;
+    request.dataSource = file;
+    request.mode = mode;
+    return platform::OpenSqliteFile(request);
+}
+
+void Run(sqlite3* database, const char* sql) {
+    if (platform::RunPlain(database, sql) != SQLITE_OK) throw platform::SqliteFailure(database);
+}
+
+SqliteStatement Prepare(sqlite3* database, const QString& sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
+        throw platform::SqliteFailure(database);
+    return SqliteStatement(statement);
+}
+
+QString TextOf(sqlite3_stmt* row, int column) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, column)),
+                             sqlite3_column_bytes(row, column));
+}
+
+/// Step to the next row; false at the end.
+bool Next(sqlite3* database, sqlite3_stmt* statement) {
+    const int result = sqlite3_step(statement);
+    if (result != SQLITE_ROW && result != SQLITE_DONE) throw platform::SqliteFailure(database);
+    return result == SQLITE_ROW;
+}
+
+QList<StoredPin> StoredPins(sqlite3* database, const PinColumn& place) {
+    const SqliteStatement rows =
+        Prepare(database, u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
+    QList<StoredPin> pins;
+    while (Next(database, rows.get())) pins.append({sqlite3_column_int64(rows.get(), 0), TextOf(rows.get(), 1)});
+    return pins;
+}
+
+void SealColumn(sqlite3* database, const PinColumn& place, const PinKey& key, SealedCount& count) {
+    const SqliteStatement update =
+        Prepare(database, u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
+    for (const StoredPin& pin : StoredPins(database, place)) {
+        if (platform::IsSealedPin(pin.text)) {
+            ++(platform::OpenPin(pin.text, key) ? count.before : count.unopenable);
+            continue;
+        }
+        const QByteArray sealed = platform::SealPin(pin.text, key).toUtf8();
+        sqlite3_bind_text(update.get(), 1, sealed.constData(), static_cast<int>(sealed.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_int64(update.get(), 2, pin.row);
+        Next(database, update.get());
+        sqlite3_reset(update.get());
+        ++count.sealed;
+    }
+}
+
+PinKey KeyOf(const QString& keyFile) {
+    if (const std::optional<PinKey> key = PinKey::Read(keyFile)) return *key;
+    throw platform::RuntimeError(1, u"鍵ファイル %1 を読めません。"_s.arg(keyFile));
+}
+
+void MakeKey(const QString& keyFile) {
+    if (!PinKey().Write(keyFile)) throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
+}
+
+/// Path of the general database by the row that the programs open it by.
+QString GeneralFile(const QString& configuration) {
+    const SqliteDatabase database = Open(configuration, platform::ConnectMode::Read);
+    const SqliteStatement row =
+        Prepare(database.get(), u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s);
+    const bool found = Next(database.get(), row.get());
+    if (!found || TextOf(row.get(), 0) != u"A"_s)
+        throw Refusal(u"一般データベースがファイルではないので、暗証番号を封じられません。"_s);
+    return platform::SqlitePath(TextOf(row.get(), 1).trimmed());
+}
+
+}  // namespace
+
+SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile) {
+    const SqliteDatabase database = Open(generalFile, platform::ConnectMode::ReadWrite);
+    // Otherwise the clear texts would stay readable in the free places of the file.
+    Run(database.get(), "PRAGMA secure_delete = ON");
+    // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
+    Run(database.get(), "BEGIN IMMEDIATE");
+    const bool newKey = !QFile::exists(keyFile);
+    auto forgetKey = qScopeGuard([&] {
+        if (newKey) QFile::remove(keyFile);
+    });
+    if (newKey) MakeKey(keyFile);
+    const PinKey key = KeyOf(keyFile);
+    SealedCount count;
+    for (const PinColumn& place : kPinColumns) SealColumn(database.get(), place, key, count);
+    Run(database.get(), "COMMIT");
+    forgetKey.dismiss();
+    return count;
+}
+
+void SealPins(const Arguments& arguments, const Console& console) {
+    const QString root = QDir::cleanPath(QDir(arguments.installation).absolutePath());
+    const QString configuration = ConfigurationFile(root + u"/conf"_s);
+    if (configuration.isEmpty()) throw Refusal(u"%1 にインストールがありません。"_s.arg(root));
+    const SealedCount count =
+        SealStoredPins(GeneralFile(configuration), root + u"/conf/"_s + platform::PinKeyFileName());
+    console.out << u"暗証番号 %1 件を封じました。既に封じてあったもの %2 件。\n"_s.arg(count.sealed).arg(count.before);
+    if (count.unopenable > 0)
+        console.out << u"別の鍵で封じられていて開けないものが %1 件あり、そのまま残しました。\n"_s.arg(
+            count.unopenable);
+}
+
+}  // namespace setup
