@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A company that cannot be read counts like one that is not there. A failed read has stopped the load on the way, so
+/// that nothing was corrected by what it seemed to say.
 bool LoadedWithoutFailure() {
     try {
         return LoadCompanyInfo();

@@ -72,7 +72,9 @@ TEST_F(ListTest, SixRowsNeverTouchTheLastTwoPositions) {
 }
 
 TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput) {
-    installation.General().Execute(u"DELETE FROM M担当者"_s);
+    // Nobody is left to sign in, so the company must not ask for a PIN.
+    installation.General().Execute(
+        u"DELETE FROM M担当者; UPDATE Mユーザ SET 暗証番号有無 = '0'; UPDATE M事業所 SET 暗証番号有無 = '0'"_s);
     Start();
     EXPECT_EQ(Column(u"担当者コード"_s), QStringList(8, QString()));
     EXPECT_EQ(Column(u"行No"_s), QStringList(8, QString()));

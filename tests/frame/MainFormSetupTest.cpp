@@ -30,7 +30,7 @@ TEST_F(FormSetupTest, WindowEndsBelowTheNoticeByAMarginOfTheSystemsVersion) {
 
 TEST_F(FormSetupTest, ListsAreFilledAndBounded) {
     Start();
-    EXPECT_EQ(MainForm().windowTitle(), u"要員名簿照会（）"_s);
+    EXPECT_EQ(MainForm().windowTitle(), u"要員名簿照会（見本商事株式会社）"_s);
     EXPECT_EQ(Item(u"scl_行"_s).LargeChange(), 8);
     EXPECT_EQ(Item(u"tab_詳細"_s).Value(), 0);
     for (const QString& kind : {u"在籍区分"_s, u"社員区分"_s}) {
