@@ -1,0 +1,82 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <vector>
+
+#include "access/PinDialogDriver.h"
+#include "access/RightsFixture.h"
+#include "support/SamplePins.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A place of this process's own memory that its texts are allocated in, by its line of the table of mappings.
+struct MemoryArea {
+    quint64 from = 0, to = 0;
+};
+
+std::vector<MemoryArea> HeapAreas() {
+    QFile table(u"/proc/self/maps"_s);
+    std::vector<MemoryArea> areas;
+    if (!table.open(QIODevice::ReadOnly)) return areas;
+    for (const QByteArray& line : table.readAll().split('\n')) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        const bool anonymous = words.size() == 5 || (words.size() == 6 && words[5] == "[heap]");
+        if (!anonymous || !words[1].startsWith("rw")) continue;
+        const QList<QByteArray> ends = words[0].split('-');
+        areas.push_back({ends[0].toULongLong(nullptr, 16), ends[1].toULongLong(nullptr, 16)});
+    }
+    return areas;
+}
+
+// Outside of the heap, so that looking does not leave further copies there.
+char page[4096];
+
+/// How often the text stands in the heap as UTF-16. The text is given backwards, so that asking does not count.
+int CopiesInHeap(std::u16string backwards) {
+    std::u16string text(backwards.rbegin(), backwards.rend());
+    const QByteArray needle(reinterpret_cast<const char*>(text.data()), static_cast<qsizetype>(text.size() * 2));
+    std::fill(text.begin(), text.end(), u'\0');
+    const int memory = ::open("/proc/self/mem", O_RDONLY);
+    int copies = 0;
+    constexpr quint64 kLimit = quint64{1} << 28;  // a sanitizer's own areas are far larger
+    for (const MemoryArea& area : HeapAreas()) {
+        const auto own = reinterpret_cast<quint64>(page);
+        if (area.to - area.from > kLimit || (own >= area.from && own < area.to)) continue;
+        for (quint64 at = area.from; at < area.to; at += sizeof page) {
+            if (::pread(memory, page, sizeof page, static_cast<off_t>(at)) != sizeof page) break;
+            copies += static_cast<int>(QByteArrayView(page, sizeof page).count(needle));
+        }
+    }
+    ::close(memory);
+    return copies - 1;  // the needle itself
+}
+
+}  // namespace
+
+using PinDialogMemory = WithRights;
+
+TEST_F(PinDialogMemory, TheClearPinIsGoneWithTheDialog) {
+    const std::u16string backwards = u"9Q7WXJKV";
+    const SamplePins pins(installation.Root());
+    {
+        QString clear = QString::fromStdU16String({backwards.rbegin(), backwards.rend()});
+        SetStaff(u"暗証番号 = "_s + SqlLiteral(pins.Sealed(clear)));
+        clear.fill(u' ');
+    }
+    platform::Services().pins =
+        std::make_unique<platform::SealedPins>(installation.ConfFolder() + u"/pin.key"_s, [](const QString&) {});
+    Globals().PinRequired = 1;
+    Globals().OsUserName = u"Taro"_s;
+    SetSignIn(QString());
+    int whileOpen = 0;
+    PinDialogDriver driver([&](PinDialogDriver& user) {
+        whileOpen = CopiesInHeap(backwards);
+        user.Click(u"btn_キャンセル"_s);
+    });
+    EXPECT_FALSE(Check(4));
+    EXPECT_EQ(whileOpen, 1);
+    EXPECT_EQ(CopiesInHeap(backwards), 0);
+}
