@@ -37,9 +37,13 @@ class PinDialogDriver {
         for (const QChar sign : text)
             QTest::sendKeyEvent(QTest::Click, Receiver(), Qt::Key_unknown, sign, Qt::NoModifier);
     }
-    void Click(const QString& name) const { QTest::mouseClick(&Item(name).FocusWidget(), Qt::LeftButton); }
+    void Click(const QString& name) const {
+        ASSERT_TRUE(IsOpen());
+        QTest::mouseClick(&Item(name).FocusWidget(), Qt::LeftButton);
+    }
     /// Types over what stands in the PIN and moves on.
     void EnterPin(const QString& pin) const {
+        ASSERT_TRUE(IsOpen());
         Press(Qt::Key_A, Qt::ControlModifier);
         Press(Qt::Key_Delete);
         Type(pin);

@@ -177,7 +177,7 @@ TEST_F(PinDialog, ThreeCharactersAreAskedForAgainAndNeverCalledWrong) {
         EXPECT_EQ(services.dialogs.Texts(), QStringList({kTooShort, kTooShort}))
             << "also where the stored PIN is as short";
         user.EnterPin(u"ABCD"_s);
-        EXPECT_EQ(services.dialogs.Texts().last(), kWrong);
+        EXPECT_EQ(services.dialogs.Texts().mid(2), QStringList{kWrong});
         user.Click(u"btn_キャンセル"_s);
     }));
 }
