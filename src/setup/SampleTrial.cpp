@@ -4,7 +4,6 @@
 
 #include "platform/SealedPins.h"
 #include "platform/database/SqliteOpening.h"
-#include "setup/SampleStaff.h"
 #include "setup/TextTable.h"
 
 using namespace Qt::StringLiterals;
