@@ -11,7 +11,7 @@
 #include "frame/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
 #include "screen/Fonts.h"
 
@@ -43,8 +43,7 @@ QStandardItemModel* SameCells(QObject& parent) {
         box->setCheckState(row % 2 == 0 ? Qt::Unchecked : Qt::Checked);
         model->setItem(row, 1, box);
         for (int column = 0; column < static_cast<int>(details.size()); ++column)
-            model->setItem(row, column + 2,
-                           new QStandardItem(CellText(details[static_cast<size_t>(column)], row)));
+            model->setItem(row, column + 2, new QStandardItem(CellText(details[static_cast<size_t>(column)], row)));
     }
     return model;
 }
@@ -79,14 +78,16 @@ int main(int argc, char** argv) {
     const auto nextPage = [page = 0]() mutable { return (page = (page + kRowPositions) % (kRows - kRowPositions)); };
     PairedRuns runs(200);
     runs.Measure(
-        "scroll step of the list", [&, step = nextPage]() mutable {
+        "scroll step of the list",
+        [&, step = nextPage]() mutable {
             Globals().TopRow = step();
             PaintDetailRows();
             EndPainting();
             QApplication::sendPostedEvents();
             QApplication::processEvents();
         },
-        "page step of a QTableView", [&, step = nextPage]() mutable {
+        "page step of a QTableView",
+        [&, step = nextPage]() mutable {
             table.verticalScrollBar()->setValue(step());
             QApplication::processEvents();
         });

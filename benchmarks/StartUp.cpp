@@ -65,9 +65,10 @@ void Report(const QString& setup, int staff, int runs) {
         times.push_back(run.milliseconds);
         memory.push_back(run.mebibytes);
     }
-    std::printf("start with %d staff (%d in the list): first list painted after %.0f ms, peak memory %.1f MiB "
-                "(medians of %d)\n",
-                staff, rows, Median(times), Median(memory), runs);
+    std::printf(
+        "start with %d staff (%d in the list): first list painted after %.0f ms, peak memory %.1f MiB "
+        "(medians of %d)\n",
+        staff, rows, Median(times), Median(memory), runs);
 }
 
 }  // namespace

@@ -43,8 +43,8 @@ struct PartnerLinkTable {
     static constexpr int kSlots = 10;
     std::array<QString, kSlots> 業務名;
     std::array<int, kSlots> 連携有無区分{};
-    std::array<QString, kSlots> 連携DB, 連携DBMW, 連携データソース名, 連携ドライバ名, 連携接続文字列, 連携データベース名,
-        連携サーバー名, 連携ユーザーID, 連携パスワード, 連携アプリフォルダ;
+    std::array<QString, kSlots> 連携DB, 連携DBMW, 連携データソース名, 連携ドライバ名, 連携接続文字列,
+        連携データベース名, 連携サーバー名, 連携ユーザーID, 連携パスワード, 連携アプリフォルダ;
     std::array<int, kSlots> 顧客更新有無区分{}, 得意先更新有無区分{}, 納品先更新有無区分{}, 仕入先更新有無区分{},
         メーカ更新有無区分{}, 対応先更新有無区分{}, 商品更新有無区分{}, 社員更新有無区分{};
 };

@@ -11,6 +11,6 @@ struct StaffIdentity {
     int StaffClass = 0;
     QString LoginId;
     int AccessLevel = 0;
-    std::array<QString, 10> ClassRights;     ///< 処理分類0操作許可 to 処理分類9操作許可
+    std::array<QString, 10> ClassRights;  ///< 処理分類0操作許可 to 処理分類9操作許可
     std::array<QString, 8> OperationRights;  ///< 操作許可, 入力, 修正, 削除, 印刷, プレビュ, テキスト出力, イメージ出力
 };

@@ -9,7 +9,7 @@
 #include "frame/UserInformation.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "text/mod項目編集.h"

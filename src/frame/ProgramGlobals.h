@@ -41,9 +41,9 @@ struct ProgramGlobals {
     bool LinkWaiting = false;     ///< a sibling program is awaited: events answer nothing
     bool StartCommandAbsent = true;
 
-    int RowsPerPage = 0;  ///< 8, or 6 on a low screen
-    int TopRow = 0;       ///< row of the store in the first visible position
-    int LastRow = -1;     ///< highest used row of the store
+    int RowsPerPage = 0;      ///< 8, or 6 on a low screen
+    int TopRow = 0;           ///< row of the store in the first visible position
+    int LastRow = -1;         ///< highest used row of the store
     QString ScopeOfficeCode;  ///< office that limits the inquiry, "000" for all
 
     Control* FirstHeadItem = nullptr;

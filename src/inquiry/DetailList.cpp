@@ -39,8 +39,8 @@ void ShrinkForm(Form& form) {
     Lower(form.Item(u"tab_詳細"_s), twoRows - kTabAllowance);
     Lower(form.Item(u"scl_行"_s), twoRows - kTabAllowance);
     form.Item(u"scl_行"_s).SetLargeChange(Globals().RowsPerPage);
-    for (const QString& name : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s,
-                                u"btn_はがき"_s, u"btn_宛名ラベル"_s, u"btn_終了"_s, u"お知らせ"_s})
+    for (const QString& name : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s, u"btn_はがき"_s,
+                                u"btn_宛名ラベル"_s, u"btn_終了"_s, u"お知らせ"_s})
         Raise(form.Item(name), twoRows);
     form.SetWindowHeight(form.WindowHeight() - twoRows);
 }
@@ -103,7 +103,8 @@ void PaintDetailRow(int row, int position) {
     Globals().ScreenPainting = true;
     form.Item(u"行No"_s, position).SetText(rows.Text(StaffText::行No, row));
     form.Item(u"chb_出力対象"_s, position).SetValue(rows.出力対象[index]);
-    for (const DetailItem& detail : DetailItems()) form.Item(detail.item, position).SetText(rows.Text(detail.field, row));
+    for (const DetailItem& detail : DetailItems())
+        form.Item(detail.item, position).SetText(rows.Text(detail.field, row));
     form.Item(u"担当者コード"_s, position).SetForeColor(CodeColor(rows.閲覧区分[index]));
     form.Item(u"暗証番号"_s, position).SetVisible(PinColumnShows());
     Globals().ScreenPainting = false;

@@ -55,8 +55,7 @@ const QList<SelectionItem>& SelectionItems() {
 }
 
 void PaintTexts(const QList<TextItem>& items) {
-    for (const TextItem& text : items)
-        Globals().MainForm->Item(text.item).SetText(Globals().Conditions.*(text.field));
+    for (const TextItem& text : items) Globals().MainForm->Item(text.item).SetText(Globals().Conditions.*(text.field));
 }
 
 void PaintKind(const KindDefinition& kind) {
@@ -87,9 +86,8 @@ void PaintHeadItems() {
     PaintTexts({{u"検索名称"_s, &C::SearchName}, {u"検索カナ"_s, &C::SearchKana}});
     PaintKind(kinds[0]);
     PaintKind(kinds[1]);
-    PaintTexts({{u"検索電話"_s, &C::SearchPhone},
-                {u"検索郵便番号"_s, &C::SearchZip},
-                {u"検索住所"_s, &C::SearchAddress}});
+    PaintTexts(
+        {{u"検索電話"_s, &C::SearchPhone}, {u"検索郵便番号"_s, &C::SearchZip}, {u"検索住所"_s, &C::SearchAddress}});
     PaintKind(kinds[2]);
     for (const SelectionItem& selection : SelectionItems()) PaintSelection(selection);
     Globals().ScreenPainting = false;

@@ -54,7 +54,7 @@ inline constexpr int kStaffTextCount = static_cast<int>(StaffText::退社日付)
 /// The result of a search: parallel arrays of a fixed size, so that no row access ever allocates. Rows past the
 /// last one hold empty values, and painting relies on that.
 struct StaffRowStore {
-    static constexpr int kRows = 32761;           ///< indices 0 to 32760
+    static constexpr int kRows = 32761;            ///< indices 0 to 32760
     static constexpr int kLastClearedRow = 32759;  ///< the one behind it only keeps the bound
 
     std::array<std::vector<QString>, kStaffTextCount> texts;

@@ -5,10 +5,10 @@
 
 #include "frame/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
+#include "inquiry/SelectionSource.h"
 #include "inquiry/StaffQuery.h"
 #include "screen/Control.h"
 #include "screen/Form.h"
-#include "selection/SelectionSource.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;

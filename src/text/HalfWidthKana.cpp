@@ -10,10 +10,12 @@ constexpr char16_t kVoicedMark = u'ﾞ';
 constexpr char16_t kSemiVoicedMark = u'ﾟ';
 
 QHash<QChar, QString> MakeTable() {
-    const QString full = u"アイウエオカキクケコサシスセソタチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワヲン"
-                         "ァィゥェォッャュョー・「」。、゛゜"_s;
-    const QString half = u"ｱｲｳｴｵｶｷｸｹｺｻｼｽｾｿﾀﾁﾂﾃﾄﾅﾆﾇﾈﾉﾊﾋﾌﾍﾎﾏﾐﾑﾒﾓﾔﾕﾖﾗﾘﾙﾚﾛﾜｦﾝ"
-                         "ｧｨｩｪｫｯｬｭｮｰ･｢｣｡､ﾞﾟ"_s;
+    const QString full =
+        u"アイウエオカキクケコサシスセソタチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワヲン"
+        "ァィゥェォッャュョー・「」。、゛゜"_s;
+    const QString half =
+        u"ｱｲｳｴｵｶｷｸｹｺｻｼｽｾｿﾀﾁﾂﾃﾄﾅﾆﾇﾈﾉﾊﾋﾌﾍﾎﾏﾐﾑﾒﾓﾔﾕﾖﾗﾘﾙﾚﾛﾜｦﾝ"
+        "ｧｨｩｪｫｯｬｭｮｰ･｢｣｡､ﾞﾟ"_s;
     QHash<QChar, QString> table;
     for (qsizetype i = 0; i < full.size(); ++i) table.insert(full[i], QString(half[i]));
     const QString voiced = u"ガギグゲゴザジズゼゾダヂヅデドバビブベボヴ"_s;

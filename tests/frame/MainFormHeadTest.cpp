@@ -4,7 +4,7 @@
 #include "frame/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

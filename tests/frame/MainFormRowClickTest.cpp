@@ -5,7 +5,7 @@
 #include "frame/MainFormFixture.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

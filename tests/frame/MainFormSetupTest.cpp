@@ -2,7 +2,7 @@
 
 #include "frame/MainFormFixture.h"
 #include "frame/ProgramGlobals.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "screen/modクライアント処理.h"
 

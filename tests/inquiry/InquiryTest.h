@@ -9,7 +9,7 @@
 #include "frame/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/HeadForm.h"
-#include "selection/SelectionSource.h"
+#include "inquiry/SelectionSource.h"
 #include "support/TestServices.h"
 
 /// The inquiry behind a head without a window, with the conditions of a start, eight rows and all offices.

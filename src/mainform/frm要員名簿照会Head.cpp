@@ -1,7 +1,7 @@
 #include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;

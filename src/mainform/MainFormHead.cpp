@@ -1,7 +1,7 @@
 #include <QRect>
 
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/MainFormPanels.h"
+#include "mainform/MainFormPanels.h"
 #include "screen/Button.h"
 #include "screen/ComboItem.h"
 #include "screen/Fonts.h"

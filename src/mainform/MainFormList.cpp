@@ -1,7 +1,7 @@
 #include <QRect>
 
 #include "inquiry/DetailList.h"
-#include "inquiry/MainFormPanels.h"
+#include "mainform/MainFormPanels.h"
 #include "screen/CheckItem.h"
 #include "screen/DisplayItem.h"
 #include "screen/Fonts.h"
@@ -45,22 +45,22 @@ struct RowLabel {
 constexpr int kLine1 = 2, kLine2 = 22, kLine3 = 42;
 
 constexpr RowItem kStaffItems[] = {
-    {u"xField", u"担当者コード", 1, kLine1, 52},      {u"xField", u"性別区分名", 92, kLine1, 42},
-    {u"xField", u"暗証番号", 138, kLine1, 113},       {u"xField", u"担当者名", 1, kLine2, 250},
+    {u"xField", u"担当者コード", 1, kLine1, 52}, {u"xField", u"性別区分名", 92, kLine1, 42},
+    {u"xField", u"暗証番号", 138, kLine1, 113},  {u"xField", u"担当者名", 1, kLine2, 250},
     {u"xKana", u"カナ", 1, kLine3, 250},
 };
 constexpr RowLabel kStaffLabels[] = {{u"itm_ttl_性別", u"性別", 56, kLine1, 34}};
 
 constexpr RowItem kOrganisationItems[] = {
-    {u"xField", u"所属事業所名", 1, kLine1, 222},     {u"xField", u"部門名", 1, kLine2, 222},
-    {u"xField", u"セクション名", 1, kLine3, 222},     {u"xField", u"役職名", 225, kLine1, 198},
-    {u"xField", u"在籍区分名", 287, kLine2, 136},     {u"xField", u"社員区分名", 287, kLine3, 136},
-    {u"xField", u"生年月日年号", 487, kLine1, 46},    {u"xField", u"生年月日年", 535, kLine1, 40},
-    {u"xField", u"生年月日月", 577, kLine1, 40},      {u"xField", u"生年月日日", 619, kLine1, 40},
-    {u"xField", u"入社日付年号", 487, kLine2, 46},    {u"xField", u"入社日付年", 535, kLine2, 40},
-    {u"xField", u"入社日付月", 577, kLine2, 40},      {u"xField", u"入社日付日", 619, kLine2, 40},
-    {u"xField", u"退社日付年号", 487, kLine3, 46},    {u"xField", u"退社日付年", 535, kLine3, 40},
-    {u"xField", u"退社日付月", 577, kLine3, 40},      {u"xField", u"退社日付日", 619, kLine3, 40},
+    {u"xField", u"所属事業所名", 1, kLine1, 222},  {u"xField", u"部門名", 1, kLine2, 222},
+    {u"xField", u"セクション名", 1, kLine3, 222},  {u"xField", u"役職名", 225, kLine1, 198},
+    {u"xField", u"在籍区分名", 287, kLine2, 136},  {u"xField", u"社員区分名", 287, kLine3, 136},
+    {u"xField", u"生年月日年号", 487, kLine1, 46}, {u"xField", u"生年月日年", 535, kLine1, 40},
+    {u"xField", u"生年月日月", 577, kLine1, 40},   {u"xField", u"生年月日日", 619, kLine1, 40},
+    {u"xField", u"入社日付年号", 487, kLine2, 46}, {u"xField", u"入社日付年", 535, kLine2, 40},
+    {u"xField", u"入社日付月", 577, kLine2, 40},   {u"xField", u"入社日付日", 619, kLine2, 40},
+    {u"xField", u"退社日付年号", 487, kLine3, 46}, {u"xField", u"退社日付年", 535, kLine3, 40},
+    {u"xField", u"退社日付月", 577, kLine3, 40},   {u"xField", u"退社日付日", 619, kLine3, 40},
 };
 constexpr RowLabel kOrganisationLabels[] = {
     {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},   {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
@@ -69,9 +69,9 @@ constexpr RowLabel kOrganisationLabels[] = {
 };
 
 constexpr RowItem kAddressItems[] = {
-    {u"xZip", u"郵便番号", 1, kLine1, 84},      {u"xField", u"住所A", 87, kLine1, 244},
-    {u"xField", u"住所B", 1, kLine2, 330},      {u"xField", u"住所C", 1, kLine3, 330},
-    {u"xTel", u"電話", 379, kLine1, 280},       {u"xTel", u"携帯電話", 379, kLine2, 280},
+    {u"xZip", u"郵便番号", 1, kLine1, 84},   {u"xField", u"住所A", 87, kLine1, 244},
+    {u"xField", u"住所B", 1, kLine2, 330},   {u"xField", u"住所C", 1, kLine3, 330},
+    {u"xTel", u"電話", 379, kLine1, 280},    {u"xTel", u"携帯電話", 379, kLine2, 280},
     {u"xField", u"EMAIL", 379, kLine3, 280},
 };
 constexpr RowLabel kAddressLabels[] = {

@@ -1,9 +1,9 @@
-#include "inquiry/frm要員名簿照会.h"
+#include "mainform/frm要員名簿照会.h"
 
 #include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
-#include "inquiry/MainFormPanels.h"
+#include "mainform/MainFormPanels.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"

@@ -1,7 +1,7 @@
 #include <QStringList>
 
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/MainFormPanels.h"
+#include "mainform/MainFormPanels.h"
 #include "screen/Button.h"
 #include "screen/Fonts.h"
 #include "screen/Form.h"
@@ -23,9 +23,12 @@ struct OutputLook {
     int x, width;
 };
 constexpr OutputLook kOutputs[] = {
-    {u"btn_印刷", u"印刷", 8, 116},          {u"btn_プレビュ", u"プレビュ", 128, 116},
-    {u"btn_テキスト出力", u"ﾃｷｽﾄ出力", 248, 116}, {u"btn_封筒", u"封筒", 384, 116},
-    {u"btn_はがき", u"はがき", 504, 116},    {u"btn_宛名ラベル", u"宛名ラベル", 624, 116},
+    {u"btn_印刷", u"印刷", 8, 116},
+    {u"btn_プレビュ", u"プレビュ", 128, 116},
+    {u"btn_テキスト出力", u"ﾃｷｽﾄ出力", 248, 116},
+    {u"btn_封筒", u"封筒", 384, 116},
+    {u"btn_はがき", u"はがき", 504, 116},
+    {u"btn_宛名ラベル", u"宛名ラベル", 624, 116},
     {u"btn_終了", u"終了", 888, 116},
 };
 
