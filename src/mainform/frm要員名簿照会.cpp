@@ -3,10 +3,10 @@
 #include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
-#include "mainform/MainFormPanels.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
+#include "mainform/MainFormPanels.h"
 #include "platform/Services.h"
 #include "screen/ScrollItem.h"
 #include "screen/modクライアント処理.h"
@@ -45,8 +45,7 @@ void FillClassList(const KindDefinition& kind, const QString& table) {
 
 }  // namespace
 
-frm要員名簿照会::frm要員名簿照会(std::function<void()> leave)
-    : Form(u"frm要員名簿照会"_s), leave_(std::move(leave)) {
+frm要員名簿照会::frm要員名簿照会(std::function<void()> leave) : Form(u"frm要員名簿照会"_s), leave_(std::move(leave)) {
     BuildTitlePanel(*this);
     BuildHeadPanel(*this);
     BuildListPanel(*this);
@@ -105,8 +104,7 @@ void frm要員名簿照会::FillConditionLists() {
     FillClassList(kinds[1], u"K社員区分"_s);
     Control& orders = Item(kinds[2].listItem);
     orders.ClearList();
-    for (const QString& order :
-         {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})
+    for (const QString& order : {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})
         orders.AddItem(order);
     Item(kinds[2].item).SetMinValue(0);
     // One more than the list has: the value 5 can be typed, shows no entry and sorts by nothing.
@@ -139,8 +137,8 @@ int frm要員名簿照会::ValidateHead() {
 
 void frm要員名簿照会::SetOutputButtons() {
     const bool rows = Globals().LastRow >= 0;
-    for (const QString& name : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s,
-                                u"btn_はがき"_s, u"btn_宛名ラベル"_s})
+    for (const QString& name :
+         {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s, u"btn_はがき"_s, u"btn_宛名ラベル"_s})
         Item(name).SetEnabled(rows);
 }
 
@@ -150,10 +148,22 @@ void frm要員名簿照会::FocusMissingRangeEnd(int missing) {
 
 void frm要員名簿照会::FocusHeadItemByName(const QString& name) {
     static const QStringList items = {
-        u"開始部門コード"_s, u"終了部門コード"_s, u"開始セクションコード"_s, u"終了セクションコード"_s,
-        u"開始役職コード"_s, u"終了役職コード"_s, u"開始担当者コード"_s,     u"終了担当者コード"_s,
-        u"検索名称"_s,       u"検索カナ"_s,       u"在籍区分"_s,             u"社員区分"_s,
-        u"検索電話"_s,       u"検索郵便番号"_s,   u"検索住所"_s,             u"表示順区分"_s,
+        u"開始部門コード"_s,
+        u"終了部門コード"_s,
+        u"開始セクションコード"_s,
+        u"終了セクションコード"_s,
+        u"開始役職コード"_s,
+        u"終了役職コード"_s,
+        u"開始担当者コード"_s,
+        u"終了担当者コード"_s,
+        u"検索名称"_s,
+        u"検索カナ"_s,
+        u"在籍区分"_s,
+        u"社員区分"_s,
+        u"検索電話"_s,
+        u"検索郵便番号"_s,
+        u"検索住所"_s,
+        u"表示順区分"_s,
     };
     // Most callers pass "btn_集計検索", which is none of these: their focus stays where it is.
     if (items.contains(name)) MoveFocus(Item(name));

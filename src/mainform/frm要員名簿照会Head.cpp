@@ -12,10 +12,13 @@ namespace {
 // place would suggest, and a missing staff end sends nobody back.
 int ReachOf(Range range) {
     switch (range) {
-        case Range::Department: return 0;
+        case Range::Department:
+            return 0;
         case Range::Section:
-        case Range::Position: return 1;
-        case Range::Staff: return 2;
+        case Range::Position:
+            return 1;
+        case Range::Staff:
+            return 2;
     }
     return 0;
 }

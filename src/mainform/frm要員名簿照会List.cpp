@@ -17,13 +17,13 @@ const QColor kRowInWork(255, 128, 128);
 // colour.
 const QStringList kPaintedPanels = {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s};
 
-const QStringList kTitles = {u"bak_dtl_head_行No"_s, u"baK_dtl_heada"_s,  u"baK_dtl_headb"_s, u"itm_ttl_行No"_s,
-                             u"itm_ttl_担当者"_s,    u"itm_ttl_所属"_s,   u"itm_ttl_役職"_s,  u"itm_ttl_日付"_s,
+const QStringList kTitles = {u"bak_dtl_head_行No"_s, u"baK_dtl_heada"_s, u"baK_dtl_headb"_s, u"itm_ttl_行No"_s,
+                             u"itm_ttl_担当者"_s,    u"itm_ttl_所属"_s,  u"itm_ttl_役職"_s,  u"itm_ttl_日付"_s,
                              u"itm_ttl_住所"_s,      u"itm_ttl_連絡先"_s};
 
-const QStringList kRowPanelsAndLabels = {u"bak_dtlb"_s,           u"bak_dtlc"_s,           u"bak_dtld"_s,
-                                         u"itm_ttl_性別"_s,       u"itm_ttl_在籍区分名"_s, u"itm_ttl_社員区分名"_s,
-                                         u"itm_ttl_電話"_s,       u"itm_ttl_携帯電話"_s,   u"itm_ttl_EMAIL"_s};
+const QStringList kRowPanelsAndLabels = {u"bak_dtlb"_s,     u"bak_dtlc"_s,           u"bak_dtld"_s,
+                                         u"itm_ttl_性別"_s, u"itm_ttl_在籍区分名"_s, u"itm_ttl_社員区分名"_s,
+                                         u"itm_ttl_電話"_s, u"itm_ttl_携帯電話"_s,   u"itm_ttl_EMAIL"_s};
 
 bool RowExists(int position) { return Globals().TopRow + position <= Globals().LastRow; }
 

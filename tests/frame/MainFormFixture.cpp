@@ -39,7 +39,8 @@ void MainFormTest::Type(const QString& item, const QString& text) {
     Click(item);
     QTest::keyClick(&Item(item).FocusWidget(), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&Item(item).FocusWidget(), Qt::Key_Delete);
-    for (const QChar sign : text) QTest::sendKeyEvent(QTest::Click, &Item(item).FocusWidget(), Qt::Key_unknown, sign, Qt::NoModifier);
+    for (const QChar sign : text)
+        QTest::sendKeyEvent(QTest::Click, &Item(item).FocusWidget(), Qt::Key_unknown, sign, Qt::NoModifier);
 }
 
 void MainFormTest::Enter(const QString& item, const QString& text) {

@@ -51,14 +51,25 @@ TEST_F(HeadTest, ReachOfTheFocusCheckDiffersFromItemToItem) {
         QList<int> sentBackBy;  // 1 department, 2 section, 3 position, 4 staff end missing
     };
     const QList<Row> rows = {
-        {u"検索名称"_s, {}},           {u"検索カナ"_s, {}},         {u"検索住所"_s, {}},
-        {u"検索電話"_s, {}},           {u"検索郵便番号"_s, {}},     {u"開始部門コード"_s, {}},
-        {u"終了部門コード"_s, {}},     {u"開始セクションコード"_s, {1}}, {u"終了セクションコード"_s, {1}},
-        {u"開始役職コード"_s, {1}},    {u"終了役職コード"_s, {1}},  {u"開始担当者コード"_s, {1, 2}},
-        {u"終了担当者コード"_s, {1, 2}}, {u"在籍区分"_s, {1, 2, 3}}, {u"社員区分"_s, {1, 2, 3}},
+        {u"検索名称"_s, {}},
+        {u"検索カナ"_s, {}},
+        {u"検索住所"_s, {}},
+        {u"検索電話"_s, {}},
+        {u"検索郵便番号"_s, {}},
+        {u"開始部門コード"_s, {}},
+        {u"終了部門コード"_s, {}},
+        {u"開始セクションコード"_s, {1}},
+        {u"終了セクションコード"_s, {1}},
+        {u"開始役職コード"_s, {1}},
+        {u"終了役職コード"_s, {1}},
+        {u"開始担当者コード"_s, {1, 2}},
+        {u"終了担当者コード"_s, {1, 2}},
+        {u"在籍区分"_s, {1, 2, 3}},
+        {u"社員区分"_s, {1, 2, 3}},
         {u"表示順区分"_s, {1, 2, 3}},
     };
-    const QStringList ends = {u"終了部門コード"_s, u"終了セクションコード"_s, u"終了役職コード"_s, u"終了担当者コード"_s};
+    const QStringList ends = {u"終了部門コード"_s, u"終了セクションコード"_s, u"終了役職コード"_s,
+                              u"終了担当者コード"_s};
     QString InquiryConditions::*const fields[] = {&InquiryConditions::DepartmentTo, &InquiryConditions::SectionTo,
                                                   &InquiryConditions::PositionTo, &InquiryConditions::StaffTo};
     Start();

@@ -15,8 +15,9 @@ namespace {
 
 /// Leaves the given number of staff, all of them in the list of a plain start.
 void KeepStaff(const SampleInstallation& installation, int count) {
-    installation.General().Execute(u"DELETE FROM M担当者 WHERE rowid NOT IN (SELECT rowid FROM M担当者 ORDER BY コード LIMIT "_s +
-                                QString::number(count) + u")"_s);
+    installation.General().Execute(
+        u"DELETE FROM M担当者 WHERE rowid NOT IN (SELECT rowid FROM M担当者 ORDER BY コード LIMIT "_s +
+        QString::number(count) + u")"_s);
     installation.General().Execute(u"UPDATE M担当者 SET 在籍区分 = '0', 社員区分 = '0', 性別区分 = '0'"_s);
 }
 
@@ -80,8 +81,8 @@ TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput)
     EXPECT_EQ(Column(u"行No"_s), QStringList(8, QString()));
     EXPECT_EQ(Item(u"chb_出力対象"_s, 0).Value(), 0);
     EXPECT_FALSE(Item(u"scl_行"_s).Enabled());
-    for (const QString& name : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s,
-                                u"btn_はがき"_s, u"btn_宛名ラベル"_s})
+    for (const QString& name :
+         {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s, u"btn_はがき"_s, u"btn_宛名ラベル"_s})
         EXPECT_FALSE(Item(name).Enabled()) << name.toStdString();
 }
 

@@ -68,8 +68,8 @@ TEST(Program, RowsOfTenStartCommandsEqualACountByHand) {
         {{u"000000999000999103000000"_s + u"99999"_s}, u" AND s.役職コード >= '10' AND s.役職コード <= '30'"_s},
         {{u"000000999000999009900100"_s + u"00200"_s}, u" AND s.コード >= '00100' AND s.コード <= '00200'"_s},
         {{u"000"_s + kOpen + Text(QString()) + Text(u"ｱ"_s)}, u" AND s.カナ LIKE '%ｱ%'"_s},
-        {{u"000"_s + kOpen + Text(QString()) + Text(QString()) + Text(QString()) + Text(QString()) +
-          Text(u"東京都"_s) + u"4"_s},
+        {{u"000"_s + kOpen + Text(QString()) + Text(QString()) + Text(QString()) + Text(QString()) + Text(u"東京都"_s) +
+          u"4"_s},
          u" AND (s.住所A LIKE '%東京都%' OR s.住所B LIKE '%東京都%' OR s.住所C LIKE '%東京都%')"_s},
     };
     for (const Case& c : cases) {

@@ -116,7 +116,8 @@ TEST_F(StartFailureTest, UnknownDialectAndNobodyKnownFailAtTheCompany) {
     EXPECT_TRUE(Globals().MainConnectionOpen);
     const QStringList history = History();
     ASSERT_EQ(history.size(), 3);
-    EXPECT_TRUE(history[1].startsWith(u"エラー "_s) && history[1].endsWith(u"SELECT * FROM Mユーザ WHERE ID = ''0001''"_s))
+    EXPECT_TRUE(history[1].startsWith(u"エラー "_s) &&
+                history[1].endsWith(u"SELECT * FROM Mユーザ WHERE ID = ''0001''"_s))
         << history[1].toStdString();
 }
 
