@@ -6,7 +6,6 @@ void LaunchStaffRegistration(int) {}
 
 void PrepareUserConfig() {}
 
-void OpenLookupWindow(const QString&) {}
 void OpenSelectionWindow(const QString&) {}
 
 void RunReportPrint() {}

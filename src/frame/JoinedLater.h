@@ -15,8 +15,6 @@ void LaunchStaffRegistration(int position);
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
-/// Opens the lookup window of a head item, whose answer goes into ListResultItem.
-void OpenLookupWindow(const QString& item);
 /// Opens the selection window behind a button of the head.
 void OpenSelectionWindow(const QString& button);
 

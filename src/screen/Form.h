@@ -90,6 +90,7 @@ class Form : public QWidget {
   private:
     void EnsureLoaded();
     void Present();
+    Form* OpenedFrom() const;
     void PlaceOverOwner();
     void EndModal();
     bool CanTakeFocus(const Control& control) const;
