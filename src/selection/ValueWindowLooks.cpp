@@ -42,6 +42,7 @@ void BuildRow(Form& form, const ValueWindowDefinition& definition, int row) {
               {kMargin, top, kNumberWidth, kHeight});
     auto* item = new InputItem(form, form, u"xField"_s, definition.item, row, design);
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
+    item->SetCaption(QString::number(row + 1));  // told by screen readers: all rows have one name
     item->setGeometry(kItemLeft, top, definition.itemWidth, kHeight);
 }
 

@@ -168,6 +168,7 @@ TEST_F(ValueWindowTest, RowsAreNumberedFromOneToTenAndTheCommandsAreCaptioned) {
     Open();
     for (int row = 0; row < 10; ++row) {
         EXPECT_EQ(window->Item(u"Lab_行No"_s, row).Caption(), QString::number(row + 1));
+        EXPECT_EQ(Row(row).Caption(), QString::number(row + 1));
         EXPECT_EQ(Row(row).MaxLength(), 30);
     }
     EXPECT_EQ(window->Find(item, 10), nullptr);
