@@ -6,6 +6,7 @@
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
+#include "screen/Form.h"
 #include "screen/SecondPress.h"
 
 using namespace Qt::StringLiterals;
@@ -61,6 +62,9 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(kSmallestColumn);
+    // A scroll area takes the input of its viewport in a filter of its own, which would run before the form's: clicks
+    // would work in a disabled form. Installed again, the form's filter is the first.
+    for (QWidget* view : {viewport(), header()->viewport()}) view->installEventFilter(&form);
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
         RaiseByUser([this, column] {
             if (ColumnClick) ColumnClick(column);

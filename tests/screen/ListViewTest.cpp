@@ -231,6 +231,7 @@ TEST_F(ListViewTest, ColumnsAreTwipsWideAndTheirBordersCanBeDragged) {
 
 TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere) {
     Fill({u"001"_s}, {u"総務部"_s});
+    ASSERT_TRUE(IsVisible(0));
     QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&list);
     ASSERT_NE(access, nullptr);
     EXPECT_EQ(access->text(QAccessible::Name), u"List部門"_s);
