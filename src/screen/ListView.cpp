@@ -3,8 +3,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QStyledItemDelegate>
 
 #include "platform/Services.h"
+#include "screen/Form.h"
 #include "screen/SecondPress.h"
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTypingPause = 1000;   // milliseconds after which typed signs begin a new word
+constexpr int kRowAir = 4;           // pixels
 constexpr int kSmallestColumn = 16;  // pixels: a column dragged shut could not be found again
 
 bool MovesAmongRows(int key) {
@@ -28,6 +31,18 @@ bool MovesAmongRows(int key) {
     }
 }
 
+/// Rows with some air between them, all of one height.
+class RowDelegate : public QStyledItemDelegate {
+  public:
+    explicit RowDelegate(ListView& list) : QStyledItemDelegate(&list), list_(list) {}
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), list_.RowHeight()};
+    }
+
+  private:
+    const ListView& list_;
+};
+
 }  // namespace
 
 ListView::ListView(Form& form, QWidget& parent, QString name)
@@ -35,6 +50,7 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     SetTabStop(true);
     setAccessibleName(Name());
     setModel(&rows_);
+    setItemDelegate(new RowDelegate(*this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);  // or each of a thousand rows is measured
@@ -46,6 +62,9 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(kSmallestColumn);
+    // A scroll area takes the input of its viewport in a filter of its own, which would run before the form's: clicks
+    // would work in a disabled form. Installed again, the form's filter is the first.
+    for (QWidget* view : {viewport(), header()->viewport()}) view->installEventFilter(&form);
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
         RaiseByUser([this, column] {
             if (ColumnClick) ColumnClick(column);
@@ -61,6 +80,8 @@ void ListView::AddColumn(const QString& title, int width) {
 void ListView::SetCheckBoxes(bool on) { rows_.SetCheckBoxes(on); }
 
 void ListView::SetMultiSelect(bool on) { setSelectionMode(on ? ExtendedSelection : SingleSelection); }
+
+int ListView::RowHeight() const { return fontMetrics().height() + kRowAir; }
 
 void ListView::ClearRows() {
     rows_.Clear();
@@ -119,6 +140,12 @@ void ListView::keyboardSearch(const QString& typed) {
     if (row >= 0) SelectRow(row);
 }
 
+void ListView::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    // Qt puts its caret onto the first row now, and the frame around it would look like a choice.
+    if (SelectedRow() < 0 && selectionMode() == SingleSelection) selectionModel()->clearCurrentIndex();
+}
+
 void ListView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
@@ -126,7 +153,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat() && KeyPress) RaiseByUser([this] { KeyPress(kKeyReturn); });
         return;
     }
-    // Qt's caret stands on the first row before anything is selected, and would step past it.
+    // Without a selected row Qt would begin behind the first one.
     if (SelectedRow() < 0 && selectionMode() == SingleSelection && MovesAmongRows(event->key())) {
         event->accept();
         SelectRow(event->key() == Qt::Key_End ? RowCount() - 1 : 0);

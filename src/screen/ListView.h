@@ -29,6 +29,7 @@ class ListView : public QTreeView, public Control {
     /// Sorted is taken back, SortKey and SortOrder stay.
     void ClearRows();
     void AddRows(QList<ListRow> rows);
+    int RowHeight() const;  ///< pixels
     int RowCount() const { return static_cast<int>(rows_.All().size()); }
     const ListRow& Row(int row) const { return rows_.All()[row]; }
     bool Checked(int row) const { return Row(row).checked; }
@@ -55,6 +56,7 @@ class ListView : public QTreeView, public Control {
     void keyboardSearch(const QString& typed) override;
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

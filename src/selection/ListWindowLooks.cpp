@@ -36,8 +36,7 @@ int ListWidth(const ListView& list, const ListWindowDefinition& definition) {
 
 /// Whole rows only, so that none is cut at the bottom.
 int ListHeight(const ListView& list, int visibleRows) {
-    const int row = list.fontMetrics().height() + 4;
-    return 2 * list.frameWidth() + list.header()->sizeHint().height() + visibleRows * row;
+    return 2 * list.frameWidth() + list.header()->sizeHint().height() + visibleRows * list.RowHeight();
 }
 
 }  // namespace

@@ -17,8 +17,8 @@ constexpr int kLines = 4;
 constexpr int kNoticeHeight = 24;
 constexpr int kVisibleRows = 18;
 constexpr int kSearchWidth = 92;
-constexpr int kColumn = 356;  // from one column to the next
-constexpr int kColumnWidth = 344;
+constexpr int kColumn = 352;  // from one column to the next
+constexpr int kColumnWidth = 340;
 constexpr int kItemLeft = kSearchWidth + 4;
 constexpr int kMasterCodeWidth = 44;
 
@@ -85,7 +85,7 @@ void MakeCommands(Form& form) {
     const struct {
         QString name, caption;
         int width;
-    } commands[] = {{u"btn_複合検索"_s, u"検索"_s, 130},
+    } commands[] = {{u"btn_複合検索"_s, u"検索"_s, 126},
                     {u"btn_否定検索"_s, u"否検索"_s, 104},
                     {u"btn_画面クリア"_s, u"条件ｸﾘｱ"_s, 104}};
     int left = Left(1);

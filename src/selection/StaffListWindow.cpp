@@ -112,6 +112,9 @@ void StaffListWindow::UpdateSearchButtons() {
 }
 
 void StaffListWindow::Search(int kind) {
+    // Esc hides the window without leaving the item that is being typed into. When the window comes up again, that
+    // item has not been accepted and shows what it would not be searched by.
+    for (const ItemSearch& search : ItemSearches()) Item(search.item).LostFocus();
     searchKind_ = kind;
     LoadStaffList();
     List().SetFocus();

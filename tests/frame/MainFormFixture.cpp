@@ -10,6 +10,11 @@
 using namespace Qt::StringLiterals;
 
 void MainFormTest::TearDown() {
+    // List windows that were only hidden stay loaded to the end of the program.
+    const std::vector<Form*> forms = LoadedForms();
+    for (Form* form : forms) {
+        if (form != Globals().MainForm) delete form;
+    }
     delete Globals().MainForm;
     Globals().MainForm = nullptr;
     // The windows that were opened from it live hidden to the end of the program.
@@ -26,34 +31,19 @@ void MainFormTest::Start(const QString& commandLine, int screenHeight) {
 
 Form& MainFormTest::MainForm() const { return *Globals().MainForm; }
 
+FormHands MainFormTest::Hands() const { return FormHands(MainForm()); }
+
 Control& MainFormTest::Item(const QString& name, int index) const { return MainForm().Item(name, index); }
 
-void MainFormTest::Click(const QString& item, int index) {
-    QTest::mouseClick(&Item(item, index).FocusWidget(), Qt::LeftButton);
-}
+void MainFormTest::Click(const QString& item, int index) { Hands().Click(item, index); }
 
-void MainFormTest::Press(Qt::Key key) {
-    Control* active = MainForm().ActiveControl();
-    QTest::keyClick(active == nullptr ? static_cast<QWidget*>(&MainForm()) : &active->FocusWidget(), key);
-}
+void MainFormTest::Press(Qt::Key key) { Hands().Press(key); }
 
-void MainFormTest::Type(const QString& item, const QString& text) {
-    Click(item);
-    QTest::keyClick(&Item(item).FocusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&Item(item).FocusWidget(), Qt::Key_Delete);
-    for (const QChar sign : text)
-        QTest::sendKeyEvent(QTest::Click, &Item(item).FocusWidget(), Qt::Key_unknown, sign, Qt::NoModifier);
-}
+void MainFormTest::Type(const QString& item, const QString& text) { Hands().Type(item, text); }
 
-void MainFormTest::Enter(const QString& item, const QString& text) {
-    Type(item, text);
-    Press(Qt::Key_Tab);
-}
+void MainFormTest::Enter(const QString& item, const QString& text) { Hands().Enter(item, text); }
 
-QString MainFormTest::Focused() const {
-    const Control* active = MainForm().ActiveControl();
-    return active == nullptr ? QString() : active->Name();
-}
+QString MainFormTest::Focused() const { return Hands().Focused(); }
 
 QStringList MainFormTest::Column(const QString& item) const {
     QStringList texts;

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+#include "support/FormHands.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
@@ -22,6 +23,7 @@ class MainFormTest : public ::testing::Test {
     void Start(const QString& commandLine = {}, int screenHeight = 1024);
 
     Form& MainForm() const;
+    FormHands Hands() const;
     Control& Item(const QString& name, int index = -1) const;
 
     /// Moves the focus to the item with the mouse, replaces its text by keys and leaves it with Tab.

@@ -1,0 +1,61 @@
+#include "selection/ListWindowFixture.h"
+
+#include <QApplication>
+
+#include "data/Connections.h"
+
+using namespace Qt::StringLiterals;
+
+ListWindowTest::ListWindowTest() {
+    ProgramGlobals& globals = Globals();
+    globals.ProgramId = u"要員名簿照会"_s;
+    globals.Environment.OperatingOfficeCode = globals.ScopeOfficeCode = u"000"_s;
+    OpenConfigConnection(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
+    globals.ConfigConnectionOpen = true;
+    globals.GeneralDatabase.db = u"A"_s;
+    globals.GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;
+    globals.GeneralDatabase.データソース名 = installation.General().Path();
+    OpenGeneralConnection();
+    globals.MainConnectionOpen = true;
+    UseMainForm(u"frm要員名簿照会"_s);
+}
+
+ListWindowTest::~ListWindowTest() {
+    const std::vector<Form*> forms = LoadedForms();
+    for (Form* form : forms) {
+        if (form != caller_.get()) delete form;
+    }
+    Globals().MainForm = nullptr;
+}
+
+void ListWindowTest::UseMainForm(const QString& name) {
+    Globals().MainForm = nullptr;
+    caller_ = std::make_unique<Form>(name);
+    caller_->resize(800, 600);
+    result_ = new InputItem(*caller_, *caller_, u"xField"_s, u"開始コード"_s, -1, {});
+    auto* next = new InputItem(*caller_, *caller_, u"xField"_s, u"終了コード"_s, -1, {});
+    next->move(0, 100);
+    Globals().MainForm = caller_.get();
+    Globals().ListResultItem = result_;
+    Globals().ListNextItem = next;
+    caller_->ShowModeless();
+    result_->SetFocus();
+}
+
+void ListWindowTest::Open(const QString& window, const QString& condition, const Works& works) {
+    const WindowDriver driver(works);
+    caller_->SetEnabled(false);
+    Globals().ListCondition = condition;
+    Globals().ListResultItem = result_;
+    Globals().ListNextItem = &caller_->Item(u"終了コード"_s);
+    ShowListWindow(window);
+}
+
+void ListWindowTest::AddStaff(int count) const {
+    installation.ClearStaff();
+    installation.General().Execute(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)"
+        u" INSERT INTO M担当者 (コード, 氏名, カナ, 性別区分, 在籍区分, 社員区分)"
+        u" SELECT printf('%05d', i), '氏名' || i, 'ｼﾒｲ' || i, '0', '0', '0' FROM n"_s.replace(u"%1"_s,
+                                                                                              QString::number(count)));
+}

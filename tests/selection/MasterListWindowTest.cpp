@@ -1,0 +1,204 @@
+#include "screen/ListView.h"
+#include "screen/modクライアント処理.h"
+#include "selection/ListWindowFixture.h"
+
+#include <QHeaderView>
+
+using namespace Qt::StringLiterals;
+
+class MasterListWindowTest : public ListWindowTest {
+  protected:
+    const QStringList kInOperation = {u"010"_s, u"020"_s, u"030"_s, u"040"_s, u"050"_s,
+                                      u"060"_s, u"070"_s, u"080"_s, u"090"_s, u"100"_s};
+    const QStringList kAll = kInOperation + QStringList{u"110"_s, u"120"_s};
+
+    /// Codes that a window shows at an opening.
+    QStringList Shown(const QString& window, const QString& condition = {}) {
+        QStringList codes;
+        Open(window, condition, {[&](const FormHands& hands) {
+                 codes = hands.Codes();
+                 GoBack(hands);
+             }});
+        return codes;
+    }
+};
+
+TEST_F(MasterListWindowTest, WindowsBearTheirTitlesListsCaptionsAndColumns) {
+    const QList<QStringList> windows = {{u"wnd部門一覧"_s, u"部門一覧"_s, u"List部門"_s},
+                                        {u"wndセクション一覧"_s, u"セクション一覧"_s, u"Listセクション"_s},
+                                        {u"wnd役職一覧"_s, u"役職一覧"_s, u"List役職"_s}};
+    for (const QStringList& window : windows) {
+        Open(window[0], {[&](const FormHands& hands) {
+                 EXPECT_EQ(hands.Window().Name(), window[0]);
+                 EXPECT_EQ(hands.Window().windowTitle(), window[1]);
+                 EXPECT_EQ(hands.Item(u"prg_ttl"_s).Caption(), window[1]);
+                 EXPECT_EQ(hands.List().Name(), window[2]);
+                 EXPECT_EQ(hands.Item(u"btn_戻る"_s).Caption(), u"戻る"_s);
+                 const QAbstractItemModel& model = *hands.List().model();
+                 ASSERT_EQ(model.columnCount(), 2);
+                 EXPECT_EQ(model.headerData(0, Qt::Horizontal).toString(), u"コード"_s);
+                 EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), u"名称"_s);
+                 EXPECT_EQ(hands.List().header()->sectionSize(0), 50);   // 750 twips
+                 EXPECT_EQ(hands.List().header()->sectionSize(1), 167);  // 2500 twips
+                 const bool status = window[0] != u"wnd役職一覧";
+                 for (const QString& item : {u"稼動状況区分"_s, u"稼動状況区分名称"_s, u"btn_画面クリア"_s})
+                     EXPECT_EQ(hands.Window().Find(item) != nullptr, status) << item.toStdString();
+                 if (status) {
+                     EXPECT_EQ(hands.Item(u"itm_ttl_稼動状況区分"_s).Caption(), u"稼動状況"_s);
+                     EXPECT_EQ(hands.Item(u"btn_画面クリア"_s).Caption(), u"条件ｸﾘｱ"_s);
+                 }
+                 GoBack(hands);
+             }});
+    }
+}
+
+TEST_F(MasterListWindowTest, NothingIsSelectedAfterTheLoadAndEnterDoesNothing) {
+    Open(u"wnd部門一覧"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.List().SelectedRow(), -1);
+             hands.List().SetFocus();
+             hands.Press(Qt::Key_Return);
+             EXPECT_TRUE(hands.Window().isVisible());
+             EXPECT_EQ(hands.List().Row(0).key, u"C010"_s);
+             GoBack(hands);
+         }});
+    EXPECT_EQ(Result().Text(), QString());
+}
+
+TEST_F(MasterListWindowTest, ShowsValueOneByDefaultAndAllAfterAllIsPickedAndTheButtonPressed) {
+    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+             EXPECT_EQ(hands.Codes(), kInOperation);
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 1);
+             EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"稼動"_s);
+             hands.Click(u"稼動状況区分"_s);
+             hands.TypeSigns(u"2"_s);
+             EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"全て"_s);
+             EXPECT_EQ(hands.Codes(), kInOperation) << "a changed status alone loads nothing";
+             hands.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(hands.Codes(), kAll);
+             EXPECT_EQ(hands.Focused(), u"List部門"_s);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, ClearButtonClearsNothing) {
+    Open(u"wndセクション一覧"_s, {[&](const FormHands& hands) {
+             hands.Click(u"稼動状況区分"_s);
+             hands.TypeSigns(u"0"_s);
+             hands.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 0);
+             EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"停止"_s);
+             EXPECT_EQ(hands.Codes(), (QStringList{u"111"_s, u"121"_s}));
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, NumberAndListOfTheStatusShowEachOtherAndReportThemselves) {
+    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+             hands.Click(u"稼動状況区分"_s);
+             EXPECT_EQ(Globals().ActiveItem, &hands.Item(u"稼動状況区分"_s));
+             hands.Press(Qt::Key_Tab);
+             EXPECT_EQ(Globals().ActiveItem, &hands.Item(u"稼動状況区分名称"_s));
+             hands.Press(Qt::Key_Down);
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 2);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, StartCodeRestrictsPositionsOnly) {
+    EXPECT_EQ(Shown(u"wnd部門一覧"_s, u"M部門.コード >= '050'"_s), kInOperation);
+    EXPECT_EQ(Shown(u"wndセクション一覧"_s, u"Mセクション.コード >= '050'"_s).first(), u"011"_s);
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s, u"M役職.コード >= '30'"_s), (QStringList{u"30"_s, u"40"_s, u"50"_s, u"90"_s}));
+}
+
+TEST_F(MasterListWindowTest, HiddenWindowShowsItsFirstListAgain) {
+    const QStringList first = Shown(u"wnd役職一覧"_s, u"M役職.コード >= '30'"_s);
+    EXPECT_TRUE(IsFormLoaded(u"wnd役職一覧"_s));
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s, u"M役職.コード >= '90'"_s), first);
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s), first);
+}
+
+TEST_F(MasterListWindowTest, StatusTermOfACallerIsTakenOutOfItsCondition) {
+    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '0' AND M部門.コード >= '5'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Codes(), (QStringList{u"110"_s, u"120"_s}));
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 0);
+             EXPECT_EQ(Globals().ListCondition, u"M部門.コード >= '5'"_s);
+             GoBack(hands);
+         }});
+    EXPECT_EQ(Globals().ListCondition, QString());
+}
+
+TEST_F(MasterListWindowTest, StatusTermsThatNobodyWritesGiveAnEmptyOrAFullListAndNoMessage) {
+    EXPECT_EQ(Shown(u"wnd部門一覧"_s, u"M部門.稼動状況区分 LIKE '%2%'"_s), kAll);
+    EXPECT_EQ(Shown(u"wndセクション一覧"_s, u"Mセクション.稼動状況区分 = '77"_s).size(), 2)
+        << "an unclosed value is no number, and 0 is a status";
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(MasterListWindowTest, StatusBeyondTheListShowsNoEntryAndFindsNothing) {
+    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '7'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Codes(), QStringList());
+             EXPECT_EQ(hands.Item(u"稼動状況区分名称"_s).ListIndex(), -1);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, ConditionThatNoCallerWritesLeavesThePositionsEmptyAndAnErrorInTheHistory) {
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s, u"そんな条件 は'ない"_s), QStringList());
+    EXPECT_TRUE(
+        History().last().endsWith(u"SELECT コード,名称 FROM M役職 WHERE そんな条件 は'ない ORDER BY M役職.コード"_s))
+        << History().last().toStdString();
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(MasterListWindowTest, OneStatusAloneMakesAllTheDefault) {
+    installation.General().Execute(u"DELETE FROM K稼動状況区分 WHERE 区分 = '1'"_s);
+    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).MaxValue(), 1);
+             EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"全て"_s);
+             EXPECT_EQ(hands.Codes(), kAll);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, MissingStatusTableLeavesAllAloneAndAValueWithoutAnEntry) {
+    installation.General().Execute(u"DROP TABLE K稼動状況区分"_s);
+    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+             EXPECT_EQ(hands.Item(u"稼動状況区分"_s).MaxValue(), 0);
+             EXPECT_EQ(hands.Item(u"稼動状況区分名称"_s).ListIndex(), -1);
+             EXPECT_EQ(hands.Codes(), kInOperation);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(MasterListWindowTest, MissingAndEmptyMastersGiveAnEmptyListThatEscLeaves) {
+    installation.General().Execute(u"DROP TABLE M部門; DELETE FROM M役職"_s);
+    for (const QString& window : {u"wnd部門一覧"_s, u"wnd役職一覧"_s}) {
+        Open(window, {[](const FormHands& hands) {
+                 EXPECT_EQ(hands.Codes(), QStringList());
+                 hands.List().SetFocus();
+                 hands.Press(Qt::Key_Return);
+                 hands.Press(Qt::Key_Down);
+                 hands.Press(Qt::Key_Return);
+                 hands.TypeSigns(u"1"_s);
+                 EXPECT_TRUE(hands.Window().isVisible());
+                 hands.Press(Qt::Key_Escape);
+             }});
+    }
+    EXPECT_TRUE(History().last().contains(u"SELECT コード,名称 FROM M部門"_s)) << History().last().toStdString();
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(MasterListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAsTheyAre) {
+    installation.General().Execute(
+        u"INSERT INTO M役職 (コード, 名称) VALUES ('A''', NULL), ('Ab', '%1')"_s.replace(u"%1"_s, QString(200, u'長')));
+    Open(u"wnd役職一覧"_s, {[](const FormHands& hands) {
+             const auto place = hands.Codes().indexOf(u"A'"_s);
+             ASSERT_GE(place, 0);
+             EXPECT_EQ(hands.Column(1).at(place), QString());
+             EXPECT_EQ(hands.Column(1).at(hands.Codes().indexOf(u"Ab"_s)), QString(200, u'長'));
+             hands.List().SetFocus();
+             hands.TypeSigns(u"ab"_s);
+             hands.Press(Qt::Key_Return);
+         }});
+    EXPECT_EQ(Result().Text(), u"Ab"_s);
+}

@@ -1,0 +1,426 @@
+#include "screen/ListView.h"
+#include "selection/ListWindowFixture.h"
+
+#include <QHeaderView>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kWindow = u"wnd担当者一覧"_s;
+
+}  // namespace
+
+class StaffListWindowTest : public ListWindowTest {
+  protected:
+    void OpenStaff(const Works& works) { Open(kWindow, works); }
+
+    void AddPerson(const QString& code, const QString& name, const QString& kana,
+                   const QString& department = {}) const {
+        installation.AddStaff(code, {{u"氏名"_s, name}, {u"カナ"_s, kana}, {u"部門コード"_s, department}});
+    }
+};
+
+TEST_F(StaffListWindowTest, BearsItsCaptionsLimitsAndColumns) {
+    OpenStaff({[](const FormHands& hands) {
+        const QList<QStringList> captions = {
+            {u"prg_ttl"_s, u"担当者一覧"_s},
+            {u"lab_コード"_s, u"以降"_s},
+            {u"btn_コード検索"_s, u"コード検索"_s},
+            {u"btn_名称検索"_s, u"名称検索"_s},
+            {u"btn_カナ検索"_s, u"カナ検索"_s},
+            {u"btn_部門コード検索"_s, u"部門検索"_s},
+            {u"btn_複合検索"_s, u"検索"_s},
+            {u"btn_セクションコード検索"_s, u"部署検索"_s},
+            {u"btn_否定検索"_s, u"否検索"_s},
+            {u"btn_画面クリア"_s, u"条件ｸﾘｱ"_s},
+            {u"btn_戻る"_s, u"戻る"_s},
+            {u"lab_注意"_s, u"一回の検索で1000件までを表示します。"_s},
+        };
+        for (const QStringList& caption : captions) EXPECT_EQ(hands.Item(caption[0]).Caption(), caption[1]);
+        EXPECT_EQ(hands.Window().windowTitle(), u"担当者一覧"_s);
+        const QList<std::pair<QString, int>> lengths = {{u"コード"_s, 5},       {u"名称"_s, 30},
+                                                        {u"カナ"_s, 20},        {u"部門コード"_s, 3},
+                                                        {u"部門名"_s, 20},      {u"セクションコード"_s, 3},
+                                                        {u"セクション名"_s, 20}};
+        for (const auto& [item, length] : lengths) EXPECT_EQ(hands.Item(item).MaxLength(), length);
+        EXPECT_EQ(hands.Item(u"コード"_s).MaxValue(), 99999);
+        EXPECT_EQ(hands.Item(u"部門コード"_s).MaxValue(), 999);
+        const QStringList titles = {u"コード"_s, u"氏名"_s, u"事業所"_s, u"部門"_s, u"セクション"_s};
+        const QList<int> widths = {50, 167, 153, 153, 153};
+        for (int column = 0; column < titles.size(); ++column) {
+            EXPECT_EQ(hands.List().model()->headerData(column, Qt::Horizontal).toString(), titles[column]);
+            EXPECT_EQ(hands.List().header()->sectionSize(column), widths[column]);
+        }
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, BeginsWithTheFirstEnrolmentClassAndAllEmployeesFromTheLowestCode) {
+    installation.ClearStaff();
+    installation.AddStaff(u"00002"_s, {{u"社員区分"_s, u"3"_s}});
+    installation.AddStaff(u"00001"_s);
+    installation.AddStaff(u"00003"_s, {{u"在籍区分"_s, u"1"_s}});
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
+        EXPECT_EQ(hands.Text(u"在籍区分名称"_s), u"在籍"_s);
+        EXPECT_EQ(hands.Text(u"社員区分名称"_s), u"全て"_s);
+        EXPECT_EQ(hands.List().SelectedRow(), -1);
+        hands.Click(u"在籍区分"_s);
+        hands.TypeSigns(u"2"_s);
+        EXPECT_EQ(hands.Text(u"在籍区分名称"_s), u"全て"_s);
+        EXPECT_EQ(hands.Codes().size(), 2) << "a class alone searches nothing";
+        hands.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s, u"00003"_s}));
+        EXPECT_EQ(hands.Focused(), u"List担当者"_s);
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, CellsOfMissingMastersAreEmpty) {
+    installation.ClearStaff();
+    installation.AddStaff(u"00001"_s, {{u"部門コード"_s, u"777"_s}, {u"事業所コード"_s, u"001"_s}});
+    OpenStaff({[](const FormHands& hands) {
+        const ListRow& row = hands.List().Row(0);
+        EXPECT_EQ(row.key, u"C00001"_s);
+        EXPECT_EQ(row.subItems, (QStringList{QString(), u"本社"_s, QString(), QString()}));
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, CallersCodeFillsItsItemAndIsUsedUp) {
+    Open(kWindow, u"M担当者.コード >= '00020'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
+             EXPECT_EQ(Globals().ListCondition, QString());
+             ASSERT_FALSE(hands.Codes().isEmpty());
+             EXPECT_GE(hands.Codes().first(), u"00020"_s);
+             EXPECT_TRUE(hands.Item(u"btn_コード検索"_s).Enabled());
+             GoBack(hands);
+         }});
+}
+
+TEST_F(StaffListWindowTest, CodeThatIsStillBeingTypedIsFormattedToFiveDigits) {
+    Open(kWindow, u"M担当者.コード >= '20'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
+             ASSERT_FALSE(hands.Codes().isEmpty());
+             GoBack(hands);
+         }});
+}
+
+TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
+             EXPECT_EQ(hands.Text(u"部門名"_s), u"総務部"_s);
+             EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
+             EXPECT_EQ(hands.Text(u"セクション名"_s), u"総務課"_s);
+             EXPECT_EQ(QSet<QString>(hands.Column(3).begin(), hands.Column(3).end()), QSet<QString>{u"総務部"_s});
+             GoBack(hands);
+         }});
+}
+
+TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearchesUntilTheyAreCleared) {
+    AddStaff(30);
+    Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormHands& hands) { GoBack(hands); }});
+    Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Codes().size(), 21) << "the earlier list";
+             EXPECT_EQ(hands.Text(u"コード"_s), u"00010"_s);
+             hands.Click(u"btn_コード検索"_s);
+             EXPECT_EQ(hands.Codes().first(), u"00025"_s);
+             EXPECT_EQ(Globals().ListCondition, u"M担当者.コード >= '00025'"_s);
+             hands.Enter(u"コード"_s, u"28"_s);
+             hands.Click(u"btn_複合検索"_s);
+             EXPECT_EQ(hands.Codes(), (QStringList{u"00028"_s, u"00029"_s, u"00030"_s}));
+             hands.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(Globals().ListCondition, QString());
+             EXPECT_EQ(hands.Codes().size(), 30);
+             GoBack(hands);
+         }});
+}
+
+TEST_F(StaffListWindowTest, ClearEmptiesTheTextsAndKeepsTheClasses) {
+    OpenStaff({[](const FormHands& hands) {
+        hands.Enter(u"コード"_s, u"3"_s);
+        hands.Enter(u"カナ"_s, u"ｱ"_s);
+        hands.Enter(u"名称"_s, u"山"_s);
+        hands.Enter(u"部門コード"_s, u"10"_s);
+        hands.Enter(u"セクションコード"_s, u"11"_s);
+        hands.Click(u"在籍区分"_s);
+        hands.TypeSigns(u"1"_s);
+        hands.Click(u"btn_画面クリア"_s);
+        for (const QString& item : {u"コード"_s, u"カナ"_s, u"名称"_s, u"部門コード"_s, u"部門名"_s,
+                                    u"セクションコード"_s, u"セクション名"_s})
+            EXPECT_EQ(hands.Text(item), QString()) << item.toStdString();
+        EXPECT_EQ(hands.Item(u"在籍区分"_s).Value(), 1);
+        EXPECT_EQ(hands.Focused(), u"List担当者"_s);
+        for (const QString& button : {u"btn_コード検索"_s, u"btn_カナ検索"_s, u"btn_名称検索"_s,
+                                      u"btn_部門コード検索"_s, u"btn_セクションコード検索"_s})
+            EXPECT_FALSE(hands.Item(button).Enabled()) << button.toStdString();
+        for (const QString& button : {u"btn_複合検索"_s, u"btn_否定検索"_s}) EXPECT_TRUE(hands.Item(button).Enabled());
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
+        hands.Click(u"名称"_s);
+        hands.TypeSigns(u" "_s);
+        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
+        hands.TypeSigns(u"山"_s);
+        EXPECT_TRUE(hands.Item(u"btn_名称検索"_s).Enabled());
+        hands.Press(Qt::Key_Backspace);
+        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFocusFirst) {
+    AddStaff(30);
+    OpenStaff({[](const FormHands& hands) {
+        hands.Type(u"コード"_s, u"27"_s);
+        EXPECT_EQ(hands.Text(u"コード"_s), u"27"_s);
+        hands.Click(u"btn_コード検索"_s);
+        EXPECT_EQ(hands.Text(u"コード"_s), u"00027"_s);
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00027"_s, u"00028"_s, u"00029"_s, u"00030"_s}));
+        GoBack(hands);
+    }});
+    EXPECT_TRUE(History().isEmpty());
+}
+
+TEST_F(StaffListWindowTest, TextThatWasBeingTypedWhenEscHidTheWindowIsSearchedLater) {
+    AddStaff(12);
+    OpenStaff({[](const FormHands& hands) {
+        hands.Type(u"名称"_s, u"氏名12"_s);
+        hands.Press(Qt::Key_Escape);
+    }});
+    OpenStaff({[](const FormHands& hands) {
+        ASSERT_EQ(hands.Text(u"名称"_s), u"氏名12"_s);
+        hands.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(hands.Codes(), QStringList{u"00012"_s});
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, EachSearchFindsByItsOwnItemAlone) {
+    installation.ClearStaff();
+    AddPerson(u"00001"_s, u"山田　太郎"_s, u"ﾔﾏﾀﾞ ﾀﾛｳ"_s, u"010"_s);
+    AddPerson(u"00002"_s, u"田中　花子"_s, u"ﾀﾅｶ ﾊﾅｺ"_s, u"020"_s);
+    AddPerson(u"00003"_s, u"青山　一郎"_s, u"ｱｵﾔﾏ ｲﾁﾛｳ"_s, u"020"_s);
+    OpenStaff({[](const FormHands& hands) {
+        hands.Enter(u"コード"_s, u"2"_s);
+        hands.Enter(u"カナ"_s, u"やま"_s);
+        hands.Enter(u"名称"_s, u"山"_s);
+        hands.Enter(u"部門コード"_s, u"20"_s);
+        const QList<std::pair<QString, QStringList>> searches = {
+            {u"btn_コード検索"_s, {u"00002"_s, u"00003"_s}},
+            {u"btn_カナ検索"_s, {u"00003"_s, u"00001"_s}},
+            {u"btn_名称検索"_s, {u"00001"_s, u"00003"_s}},
+            {u"btn_部門コード検索"_s, {u"00002"_s, u"00003"_s}},
+            {u"btn_複合検索"_s, {u"00003"_s}},
+            {u"btn_否定検索"_s, {}},
+        };
+        for (const auto& [button, codes] : searches) {
+            hands.Click(button);
+            EXPECT_EQ(hands.Codes(), codes) << button.toStdString();
+        }
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, NegativeSearchWithACodeListsTheCodesBelowAndNegatesTheEnrolment) {
+    installation.ClearStaff();
+    installation.AddStaff(u"00001"_s, {{u"在籍区分"_s, u"1"_s}});
+    installation.AddStaff(u"00002"_s);
+    installation.AddStaff(u"00009"_s, {{u"在籍区分"_s, u"1"_s}});
+    OpenStaff({[](const FormHands& hands) {
+        hands.Enter(u"コード"_s, u"5"_s);
+        hands.Click(u"btn_否定検索"_s);
+        EXPECT_EQ(hands.Codes(), QStringList{u"00001"_s});
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
+    installation.ClearStaff();
+    AddPerson(u"00001"_s, u"O'Brien"_s, u"ｵﾌﾞﾗｲｴﾝ"_s);
+    AddPerson(u"00002"_s, u"山田"_s, u"ﾔﾏﾀﾞ"_s);
+    OpenStaff({[](const FormHands& hands) {
+        const QList<std::pair<QString, int>> texts = {{u"O'B"_s, 1}, {u"'"_s, 1},     {u"''"_s, 0},    {u"%"_s, 2},
+                                                      {u"_"_s, 2},   {u"山%田"_s, 1}, {u"[山]田"_s, 1}};
+        for (const auto& [text, found] : texts) {
+            hands.Enter(u"名称"_s, text);
+            hands.Click(u"btn_名称検索"_s);
+            EXPECT_EQ(hands.Codes().size(), found) << text.toStdString();
+        }
+        GoBack(hands);
+    }});
+    EXPECT_TRUE(History().isEmpty()) << History().join(u'\n').toStdString();
+}
+
+TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWithoutAMessage) {
+    AddStaff(1000);
+    OpenStaff({[this](const FormHands& hands) {
+        ASSERT_TRUE(hands.Item(u"lab_注意"_s).Visible());
+        installation.General().Execute(u"DROP TABLE M担当者"_s);
+        hands.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(hands.Codes(), QStringList());
+        EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
+        GoBack(hands);
+    }});
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+    EXPECT_TRUE(History().last().contains(u"SELECT TOP 1000"_s));
+}
+
+TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandLookTheSame) {
+    for (const int staff : {999, 1000, 1001}) {
+        AddStaff(staff);
+        OpenStaff({[&](const FormHands& hands) {
+            hands.Click(u"btn_画面クリア"_s);
+            EXPECT_EQ(hands.Codes().size(), qMin(staff, 1000));
+            EXPECT_EQ(hands.Item(u"lab_注意"_s).Visible(), staff >= 1000) << staff;
+            GoBack(hands);
+        }});
+    }
+}
+
+TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
+    Globals().GeneralDatabase.db = u"X"_s;
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_EQ(hands.Codes(), QStringList());
+        GoBack(hands);
+    }});
+    EXPECT_TRUE(
+        History().last().endsWith(u"SELECT TOP 1000 M担当者.コード,M担当者.氏名,M事業所.名称 AS 事業所名,M部門.名称 AS "
+                                  u"部門名,Mセクション.名称 AS "
+                                  u"セクション名 WHERE M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s))
+        << History().last().toStdString();
+}
+
+TEST_F(StaffListWindowTest, CaretPassesOverTheNamesThatAreOnlyShown) {
+    OpenStaff({[](const FormHands& hands) {
+        Control* const next = Globals().ListNextItem;
+        hands.Click(u"名称"_s);
+        hands.Press(Qt::Key_Tab);
+        EXPECT_EQ(hands.Focused(), u"部門コード"_s);
+        hands.Press(Qt::Key_Tab);
+        EXPECT_EQ(hands.Focused(), u"セクションコード"_s);
+        hands.Press(Qt::Key_Backtab);
+        EXPECT_EQ(hands.Focused(), u"部門コード"_s);
+        hands.Click(u"部門名"_s);
+        EXPECT_EQ(hands.Focused(), u"セクションコード"_s);
+        hands.Click(u"セクション名"_s);
+        EXPECT_EQ(hands.Focused(), u"在籍区分"_s);
+        EXPECT_EQ(Globals().ListNextItem, next) << "the caller's";
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, ItemsWithAFocusHandlerReportThemselvesAndTheCodesDoNot) {
+    OpenStaff({[](const FormHands& hands) {
+        for (const QString& item :
+             {u"名称"_s, u"カナ"_s, u"在籍区分"_s, u"在籍区分名称"_s, u"社員区分"_s, u"社員区分名称"_s}) {
+            Globals().ActiveItem = nullptr;
+            hands.Item(item).SetFocus();
+            EXPECT_EQ(Globals().ActiveItem, &hands.Item(item)) << item.toStdString();
+        }
+        for (const QString& item : {u"コード"_s, u"部門コード"_s, u"セクションコード"_s}) {
+            Globals().ActiveItem = nullptr;
+            hands.Item(item).SetFocus();
+            EXPECT_EQ(Globals().ActiveItem, nullptr) << item.toStdString();
+        }
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, FirstCtrlOnlyReportsTheItemAndTheSecondOpensItsLookup) {
+    OpenStaff({[](const FormHands& hands) {
+                   hands.Click(u"名称"_s);
+                   hands.Press(Qt::Key_Tab);
+                   ASSERT_EQ(hands.Focused(), u"部門コード"_s);
+                   hands.Press(Qt::Key_Control);
+                   EXPECT_EQ(Globals().NestedListFlag, 0);
+                   EXPECT_EQ(Globals().ActiveItem, &hands.Item(u"部門コード"_s));
+                   hands.Press(Qt::Key_Control);
+                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"020"_s);
+                   GoBack(hands);
+               },
+               [](const FormHands& hands) {
+                   EXPECT_EQ(hands.Window().Name(), u"wnd部門一覧"_s);
+                   EXPECT_EQ(Globals().NestedListFlag, 1);
+                   hands.ClickRow(1);
+               }});
+}
+
+TEST_F(StaffListWindowTest, SecondDoubleClickOpensTheLookupOfSections) {
+    OpenStaff({[](const FormHands& hands) {
+                   hands.DoubleClick(u"セクションコード"_s);
+                   EXPECT_EQ(Globals().NestedListFlag, 0);
+                   hands.DoubleClick(u"セクションコード"_s);
+                   EXPECT_EQ(hands.Text(u"セクションコード"_s), u"012"_s);
+                   EXPECT_EQ(hands.Text(u"セクション名"_s), u"庶務課"_s);
+                   EXPECT_EQ(hands.Focused(), u"btn_セクションコード検索"_s);
+                   GoBack(hands);
+               },
+               [](const FormHands& hands) {
+                   EXPECT_EQ(hands.Window().Name(), u"wndセクション一覧"_s);
+                   hands.ClickRow(1);
+               }});
+}
+
+TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAndKeepsTheCaller) {
+    Control* const result = &Result();
+    Open(kWindow, u"M担当者.氏名 LIKE '%a%'"_s,
+         {[&](const FormHands& hands) {
+              Control* const next = Globals().ListNextItem;
+              hands.Item(u"部門コード"_s).SetFocus();
+              hands.Press(Qt::Key_Control);
+              hands.Press(Qt::Key_Control);
+              EXPECT_EQ(hands.Text(u"部門コード"_s), u"030"_s);
+              EXPECT_EQ(hands.Text(u"部門名"_s), u"経理部"_s);
+              EXPECT_EQ(hands.Focused(), u"btn_部門コード検索"_s);
+              EXPECT_TRUE(hands.Window().Enabled());
+              EXPECT_EQ(Globals().NestedListOwner, nullptr);
+              EXPECT_EQ(Globals().NestedListFlag, 0);
+              EXPECT_EQ(Globals().ListResultItem, result);
+              EXPECT_EQ(Globals().ListNextItem, next);
+              EXPECT_FALSE(Caller().Enabled());
+              hands.Press(Qt::Key_Return);
+              EXPECT_FALSE(hands.Codes().isEmpty());
+              EXPECT_EQ(QSet<QString>(hands.Column(3).begin(), hands.Column(3).end()), QSet<QString>{u"経理部"_s});
+              hands.ClickRow(0);
+          },
+          [&](const FormHands& hands) {
+              EXPECT_FALSE(Globals().NestedListOwner->Enabled());
+              EXPECT_EQ(Globals().ListCondition, QString());
+              hands.ClickRow(2);
+          }});
+    EXPECT_NE(Result().Text(), QString());
+    EXPECT_TRUE(Caller().Enabled());
+}
+
+TEST_F(StaffListWindowTest, EscInTheNestedLookupGoesBackToTheItemAndNoFurther) {
+    OpenStaff({[](const FormHands& hands) {
+                   hands.Type(u"部門コード"_s, u"7"_s);
+                   hands.Press(Qt::Key_Control);
+                   hands.Press(Qt::Key_Control);
+                   EXPECT_TRUE(hands.Window().isVisible());
+                   EXPECT_TRUE(hands.Window().Enabled());
+                   EXPECT_EQ(hands.Focused(), u"部門コード"_s);
+                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"7"_s) << "not accepted by that";
+                   GoBack(hands);
+               },
+               [](const FormHands& hands) { hands.Press(Qt::Key_Escape); }});
+}
+
+TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
+    installation.ClearStaff();
+    for (const QString& office : {u"000"_s, u"001"_s, u"002"_s})
+        installation.AddStaff(u"00"_s + office, {{u"事業所コード"_s, office}});
+    Globals().Environment.OperatingOfficeCode = u"001"_s;
+    Globals().ScopeOfficeCode = u"002"_s;
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00000"_s, u"00002"_s}));
+        GoBack(hands);
+    }});
+}

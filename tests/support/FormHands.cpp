@@ -1,0 +1,84 @@
+#include "support/FormHands.h"
+
+#include <QHeaderView>
+#include <QtTest/QTest>
+
+#include "platform/RuntimeError.h"
+#include "screen/Form.h"
+#include "screen/ListView.h"
+
+using namespace Qt::StringLiterals;
+
+Control& FormHands::Item(const QString& name, int index) const { return form_.Item(name, index); }
+
+QString FormHands::Text(const QString& name) const { return Item(name).Text(); }
+
+QString FormHands::Focused() const {
+    const Control* active = form_.ActiveControl();
+    return active == nullptr ? QString() : active->Name();
+}
+
+QWidget& FormHands::Receiver() const {
+    Control* active = form_.ActiveControl();
+    return active == nullptr ? static_cast<QWidget&>(form_) : active->FocusWidget();
+}
+
+void FormHands::Click(const QString& item, int index) const {
+    QTest::mouseClick(&Item(item, index).FocusWidget(), Qt::LeftButton);
+}
+
+void FormHands::DoubleClick(const QString& item) const {
+    Click(item);  // the press that begins it moves the focus
+    QTest::mouseDClick(&Item(item).FocusWidget(), Qt::LeftButton);
+}
+
+void FormHands::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+    QTest::keyClick(&Receiver(), key, modifiers);
+}
+
+void FormHands::TypeSigns(const QString& text) const {
+    for (const QChar sign : text) QTest::sendKeyEvent(QTest::Click, &Receiver(), Qt::Key_unknown, sign, Qt::NoModifier);
+}
+
+void FormHands::Type(const QString& item, const QString& text) const {
+    Click(item);
+    QWidget& widget = Item(item).FocusWidget();
+    // Not Ctrl+A: Ctrl alone opens a lookup in a code item.
+    QTest::keyClick(&widget, Qt::Key_Home);
+    QTest::keyClick(&widget, Qt::Key_End, Qt::ShiftModifier);
+    QTest::keyClick(&widget, Qt::Key_Delete);
+    for (const QChar sign : text) QTest::sendKeyEvent(QTest::Click, &widget, Qt::Key_unknown, sign, Qt::NoModifier);
+}
+
+void FormHands::Enter(const QString& item, const QString& text) const {
+    Type(item, text);
+    Press(Qt::Key_Tab);
+}
+
+ListView& FormHands::List() const {
+    for (Control* control : form_.Controls()) {
+        if (control->TypeName() == u"ListView") return static_cast<ListView&>(*control);
+    }
+    throw platform::RuntimeError(platform::kItemNotFound, u"ListView"_s);
+}
+
+QStringList FormHands::Column(int column) const {
+    QStringList texts;
+    const ListView& list = List();
+    for (int row = 0; row < list.RowCount(); ++row)
+        texts << (column == 0 ? list.Row(row).text : list.Row(row).subItems.at(column - 1));
+    return texts;
+}
+
+void FormHands::ClickRow(int row) const {
+    ListView& list = List();
+    const QModelIndex cell = list.model()->index(row, 0);
+    list.scrollTo(cell);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, list.visualRect(cell).center());
+}
+
+void FormHands::ClickTitle(int column) const {
+    const QHeaderView& header = *List().header();
+    const QPoint place(header.sectionViewportPosition(column) + header.sectionSize(column) / 2, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+}

@@ -1,0 +1,37 @@
+#include "support/WindowDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPointer>
+
+#include "screen/Form.h"
+
+WindowDriver::WindowDriver(QList<Work> works) : works_(std::move(works)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+    timer_.start(0);
+}
+
+WindowDriver::~WindowDriver() { EXPECT_TRUE(works_.isEmpty()) << works_.size() << " windows did not come up"; }
+
+void WindowDriver::Look() {
+    auto* window = dynamic_cast<Form*>(QApplication::activeModalWidget());
+    if (window == nullptr || atWork_.contains(window)) return;
+    ++opened_;
+    if (works_.isEmpty()) {
+        ADD_FAILURE() << "nobody expected " << window->Name().toStdString();
+        window->HideForm();
+        return;
+    }
+    Do(*window, works_.takeFirst());
+}
+
+void WindowDriver::Do(Form& window, const Work& work) {
+    const QPointer<Form> watched(&window);
+    atWork_ << &window;
+    work(FormHands(window));
+    atWork_.removeOne(&window);
+    if (watched == nullptr || !watched->isVisible()) return;
+    ADD_FAILURE() << "the work did not end " << watched->Name().toStdString();
+    watched->HideForm();
+}
