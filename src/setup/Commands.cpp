@@ -5,6 +5,7 @@
 #include "setup/Arguments.h"
 #include "setup/HistoryCommand.h"
 #include "setup/Installer.h"
+#include "setup/LinksCommand.h"
 #include "setup/PinSealing.h"
 #include "setup/SampleTrial.h"
 
@@ -27,6 +28,7 @@ const QString kUsage =
     u"      --run N               新しい方から N 番目の実行だけを表示する\n"
     u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
     u"      --follow              中断されるまで、追加される行を待って表示する\n"
+    u"  suite-setup links フォルダ [--user NAME]   プログラム間で受け取りを待っている連携情報を表示する\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
     u"  suite-setup --help                         この説明を表示する\n"
     u"\n"
@@ -70,6 +72,7 @@ struct Verb {
 constexpr Verb kVerbs[] = {
     {u"init", InitOptions, MakeFromArguments},
     {u"history", HistoryOptions, ShowHistory},
+    {u"links", LinksOptions, ShowLinks},
     {u"seal-pins", NoOptions, SealPins},
 };
 

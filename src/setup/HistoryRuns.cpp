@@ -13,13 +13,6 @@ namespace {
 
 constexpr int kCounterWidth = 4, kTimeWidth = 19, kOfficeWidth = 6, kStaffWidth = 6;
 
-/// yyyymmdd hhnnss as 2026/11/21 09:30:15; any other text as it is.
-QString ReadableTime(const QString& stamp) {
-    if (stamp.size() != 15) return stamp;
-    return stamp.left(4) + u'/' + stamp.mid(4, 2) + u'/' + stamp.mid(6, 2) + u' ' + stamp.mid(9, 2) + u':' +
-           stamp.mid(11, 2) + u':' + stamp.mid(13, 2);
-}
-
 QString Columns(const QString& counter, const QString& time, const QString& office, const QString& staff,
                 const QString& text) {
     return PadLeft(counter, kCounterWidth) + u"  "_s + PadRight(time, kTimeWidth) + u"  "_s +

@@ -47,4 +47,10 @@ QString OnOneLine(const QString& text) {
     return line;
 }
 
+QString ReadableTime(const QString& stamp) {
+    if (stamp.size() != 15) return stamp;
+    return stamp.left(4) + u'/' + stamp.mid(4, 2) + u'/' + stamp.mid(6, 2) + u' ' + stamp.mid(9, 2) + u':' +
+           stamp.mid(11, 2) + u':' + stamp.mid(13, 2);
+}
+
 }  // namespace setup

@@ -14,4 +14,7 @@ QString PadLeft(const QString& text, int width);
 /// The text on one line: line ends and other control characters become blanks.
 QString OnOneLine(const QString& text);
 
+/// A stamp yyyymmdd hhnnss as 2026/11/21 09:30:15; any other text as it is.
+QString ReadableTime(const QString& stamp);
+
 }  // namespace setup

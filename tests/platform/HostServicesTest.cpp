@@ -12,6 +12,7 @@
 #include <unistd.h>
 #include <csignal>
 
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
 
@@ -56,6 +57,36 @@ struct BoxReader {
         });
     }
 };
+
+/// A program that writes down how it was started: the number of its arguments, and each in brackets.
+class ProgramFile {
+  public:
+    explicit ProgramFile(const QString& name) : path_(folder_.filePath(name)) {
+        Write(path_, "#!/bin/sh\ncd \"${0%/*}\" && { echo $#; printf '[%s]\\n' \"$@\"; } > part && mv part told\n");
+        QFile::setPermissions(path_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    const QString& Path() const { return path_; }
+    QString InFolder(const QString& name) const { return folder_.filePath(name); }
+    QByteArray Told() const {
+        const QString told = folder_.filePath(u"told"_s);
+        return QTest::qWaitFor([&] { return QFile::exists(told); }, 10000) ? Content(told) : QByteArray();
+    }
+
+  private:
+    QTemporaryDir folder_;
+    QString path_;
+};
+
+/// Number of the failure to start it; 0 when it was started.
+long StartFailure(const QString& path, const QString& arguments = {}) {
+    try {
+        platform::HostProcessService().StartProgram(path, arguments);
+        return 0;
+    } catch (const platform::RuntimeError& error) {
+        EXPECT_TRUE(error.Description().contains(path)) << error.Description().toStdString();
+        return error.Number();
+    }
+}
 
 }  // namespace
 
@@ -137,4 +168,35 @@ TEST(TerminationRequest, ArrivesAsAnEvent) {
     ASSERT_EQ(kill(getpid(), SIGTERM), 0);
     EXPECT_FALSE(arrived);  // not inside the signal
     EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; }));
+}
+
+TEST(HostProcesses, StartedProgramGetsOneArgumentWithItsBlanks) {
+    const ProgramFile program(u"要員台帳更新"_s);
+    EXPECT_EQ(StartFailure(program.Path(), u"00012  "_s), 0);
+    EXPECT_EQ(program.Told(), "1\n[00012  ]\n");
+}
+
+TEST(HostProcesses, StartedProgramWithoutATailGetsNoArgument) {
+    const ProgramFile program(u"tool"_s);
+    EXPECT_EQ(StartFailure(program.Path()), 0);
+    EXPECT_EQ(program.Told(), "0\n[]\n");
+}
+
+TEST(HostProcesses, ProgramNamedExeIsTheFileOfThatNameOrElseTheOneWithout) {
+    const ProgramFile plain(u"tool"_s), exact(u"tool.exe"_s);
+    EXPECT_EQ(StartFailure(plain.InFolder(u"tool.exe"_s), u"plain"_s), 0);
+    EXPECT_EQ(plain.Told(), "1\n[plain]\n");
+    EXPECT_EQ(StartFailure(exact.InFolder(u"tool.exe"_s), u"exact"_s), 0);
+    EXPECT_EQ(exact.Told(), "1\n[exact]\n");
+}
+
+TEST(HostProcesses, WhatCannotBeStartedIsAFailure) {
+    const ProgramFile program(u"tool"_s);
+    EXPECT_EQ(StartFailure(program.InFolder(u"missing"_s)), platform::kFileNotFound);
+    EXPECT_EQ(StartFailure(program.InFolder(u""_s)), platform::kFileNotFound) << "a folder";
+    QFile::setPermissions(program.Path(), QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_EQ(StartFailure(program.Path()), platform::kFileNotFound) << "not executable";
+    Write(program.Path(), "neither a script nor a program");
+    QFile::setPermissions(program.Path(), QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(StartFailure(program.Path()), platform::kFileNotFound) << "of no known format";
 }

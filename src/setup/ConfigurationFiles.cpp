@@ -1,0 +1,56 @@
+#include "setup/ConfigurationFiles.h"
+
+#include <QDir>
+
+#include "setup/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+QString InstallKind(const QString& file) {
+    platform::Connection connection = OpenForReading(file);
+    platform::Recordset row;
+    row.Open(u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s, connection);
+    const QString kind = row.AtEOF() ? u""_s : row[u"インストール区分"].TextOr(u""_s);
+    row.Close();
+    return kind.trimmed();
+}
+
+QList<ConfigurationInUse> PrivateFiles(const QString& users, const QString& user) {
+    QList<ConfigurationInUse> files;
+    const QStringList names =
+        user.isEmpty() ? QDir(users).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name) : QStringList{user};
+    for (const QString& name : names) {
+        const QString file = ConfigurationFile(users + u'/' + name + u"/conf"_s);
+        if (!file.isEmpty()) files.append({file, name});
+    }
+    if (files.isEmpty() && !user.isEmpty()) throw Refusal(u"利用者 %1 の構成データベースがありません。"_s.arg(user));
+    return files;
+}
+
+}  // namespace
+
+platform::Connection OpenForReading(const QString& file) {
+    platform::Connection connection;
+    connection.ConnectionTimeout = 60;
+    connection.CursorLocation = platform::CursorLocation::Client;
+    connection.Mode = platform::ConnectMode::Read;
+    const QString provider = file.endsWith(u".mdb"_s) ? u"Microsoft.Jet.OLEDB.4.0"_s : u"Microsoft.ACE.OLEDB.12.0"_s;
+    connection.Open(u"Provider="_s + provider + u";User ID=;Password=;Data Source="_s + file + u';');
+    return connection;
+}
+
+QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const QString& user) {
+    const QString root = QDir::cleanPath(QDir(installation).absolutePath());
+    const QString common = ConfigurationFile(root + u"/conf"_s);
+    if (common.isEmpty()) throw Refusal(u"%1 にインストールがありません。"_s.arg(root));
+    if (user.contains(u'/') || user == u"."_s || user == u".."_s)
+        throw Refusal(u"利用者名 %1 は正しくありません。"_s.arg(user));
+    if (InstallKind(common) != u"1"_s) return {{common, QString()}};
+    return PrivateFiles(root + u"/users"_s, user);
+}
+
+}  // namespace setup
