@@ -14,7 +14,7 @@ bool LoadCompany() {
     const bool found = OpenRecordset(row, u"SELECT * FROM Mユーザ WHERE ID = '0001'"_s, false);
     if (found) {
         CompanyRecord& company = Globals().Company;
-        TakeCompany(row, company);
+        TakeColumns(row, CompanyColumns(), company);
         Globals().PinRequired = company.暗証番号有無;
     }
     row.Close();

@@ -2,10 +2,10 @@
 
 #include "access/ConditionLabels.h"
 #include "access/ProgramRights.h"
+#include "frame/FirstListPicture.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/StartCommand.h"
 #include "frame/StartUp.h"
-#include "frame/UnattendedRun.h"
 #include "frame/UserInformation.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"

@@ -3,17 +3,11 @@
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
-#include <QPixmap>
 #include <QTimer>
 
 #include <cstdio>
 
-#include "frame/ProgramGlobals.h"
-#include "screen/Form.h"
-
 namespace {
-
-QString PictureFile() { return qEnvironmentVariable("MEIBO_PICTURE"); }
 
 void Tell(const QWidget& window) {
     const auto* box = qobject_cast<const QMessageBox*>(&window);
@@ -42,18 +36,5 @@ class NobodyThere : public QObject {
 }  // namespace
 
 void TellAndCloseModalWindows(QApplication& application) {
-    if (!PictureFile().isEmpty()) application.installEventFilter(new NobodyThere(&application));
-}
-
-void TakeFirstListPicture(Form& form) {
-    const QString file = PictureFile();
-    if (file.isEmpty()) return;
-    // After everything that the show has put into the event queue, so that the picture is what a clerk sees.
-    QTimer::singleShot(0, &form, [&form, file] {
-        const QPixmap picture = form.grab();
-        std::printf("rows=%d\n", Globals().LastRow + 1);
-        std::fflush(stdout);
-        if (!picture.save(file, "PNG")) std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
-        form.close();
-    });
+    if (!qEnvironmentVariableIsEmpty("MEIBO_PICTURE")) application.installEventFilter(new NobodyThere(&application));
 }

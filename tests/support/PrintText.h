@@ -16,9 +16,6 @@ inline void PrintTo(const QString& text, std::ostream* out) {
         *out << '"' << text.toStdString() << '"';
 }
 inline void PrintTo(const QStringList& texts, std::ostream* out) {
-    if (texts.isEmpty())
-        *out << "[]";
-    else
-        *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
+    *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
 }
 inline void PrintTo(const QColor& color, std::ostream* out) { *out << color.name().toStdString(); }
