@@ -36,6 +36,8 @@ void MakeItem(Form& form, int line, const QString& type, const QString& name, co
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
     item->setGeometry(Place(kItemLeft, line, width));
     item->setReadOnly(displayOnly);
+    // Not white like the others: nobody is to try and type into it.
+    if (displayOnly) item->SetBackColor(form.palette().color(QPalette::Window));
 }
 
 void MakeButton(Form& form, int left, const QString& name, const QString& caption) {

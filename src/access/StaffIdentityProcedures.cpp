@@ -1,7 +1,6 @@
 #include "access/StaffIdentityProcedures.h"
 
-#include <array>
-
+#include "access/MasterColumns.h"
 #include "access/RightColumns.h"
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
@@ -11,33 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct TextColumn {
-    QStringView name;
-    QString StaffIdentity::*field;
+constexpr MasterColumn<StaffIdentity> kColumns[] = {
+    {u"コード", &StaffIdentity::LaunchingStaffCode},    {u"氏名", &StaffIdentity::StaffName},
+    {u"事業所コード", &StaffIdentity::OfficeCode},      {u"部門コード", &StaffIdentity::DepartmentCode},
+    {u"セクションコード", &StaffIdentity::SectionCode}, {u"役職コード", &StaffIdentity::PositionCode},
+    {u"社員区分", &StaffIdentity::StaffClass},          {u"アクセス権限", &StaffIdentity::AccessLevel},
 };
-
-constexpr std::array kTextColumns = {
-    TextColumn{u"コード", &StaffIdentity::LaunchingStaffCode},
-    TextColumn{u"氏名", &StaffIdentity::StaffName},
-    TextColumn{u"事業所コード", &StaffIdentity::OfficeCode},
-    TextColumn{u"部門コード", &StaffIdentity::DepartmentCode},
-    TextColumn{u"セクションコード", &StaffIdentity::SectionCode},
-    TextColumn{u"役職コード", &StaffIdentity::PositionCode},
-};
-
-void TakeText(const platform::Field& field, QString& target) {
-    if (!field.IsNull()) target = field.Text();
-}
-
-void TakeNumber(const platform::Field& field, int& target) {
-    if (!field.IsNull()) target = NumericValue(field.Text());
-}
 
 void TakeIdentity(const platform::Recordset& record) {
     StaffIdentity& staff = Globals().Staff;
-    for (const TextColumn& column : kTextColumns) TakeText(record[column.name], staff.*column.field);
-    TakeNumber(record[u"社員区分"], staff.StaffClass);
-    TakeNumber(record[u"アクセス権限"], staff.AccessLevel);
+    TakeColumns<StaffIdentity>(record, kColumns, staff);
     for (size_t i = 0; i < staff.ClassRights.size(); ++i) TakeText(record[kClassRightColumns[i]], staff.ClassRights[i]);
     for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
         TakeText(record[kOperationRightColumns[i]], staff.OperationRights[i]);

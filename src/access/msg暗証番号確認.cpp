@@ -27,7 +27,7 @@ QString StaffStatement(const QString& column, const QString& value) {
            u"' OR M担当者.事業所コード = '000')"_s;
 }
 
-/// Unlike at a start, a Null forbids nothing it did not forbid before: class rights count as "0".
+/// A Null allows here, while at a start it leaves the right as it was.
 void TakeRights(const platform::Recordset& record) {
     StaffIdentity& staff = Globals().Staff;
     staff.LoginId = record[u"ログインID"].TextOr(QString());

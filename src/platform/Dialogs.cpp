@@ -7,6 +7,13 @@
 namespace platform {
 namespace {
 
+/// The window that a box lies on. A hidden one is about to be deleted, such as a dialog that has just ended, and would
+/// take the box along.
+QWidget* Front() {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr && active->isVisible() ? active : nullptr;
+}
+
 QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title) {
     // A window whose title is empty bears the program's name.
     box.setWindowTitle(title.isEmpty() ? QStringLiteral(" ") : title);
@@ -19,13 +26,13 @@ QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title
 }  // namespace
 
 void WidgetDialogs::ShowMessage(const QString& text, const QString& title) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(Front());
     Prepare(box, text, title).addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     box.exec();
 }
 
 bool WidgetDialogs::Confirm(const QString& text, const QString& title) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(Front());
     Prepare(box, text, title).setIcon(QMessageBox::Question);
     const QPushButton* yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
     box.setEscapeButton(box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole));

@@ -1,164 +1,80 @@
 #include "setup/SampleNames.h"
 
+#include <QList>
+#include <vector>
+
 namespace setup {
 
 namespace {
 
-constexpr SampleName kFamilyNames[] = {
-    {u"佐藤", u"ｻﾄｳ", u"sato"},
-    {u"鈴木", u"ｽｽﾞｷ", u"suzuki"},
-    {u"高橋", u"ﾀｶﾊｼ", u"takahashi"},
-    {u"田中", u"ﾀﾅｶ", u"tanaka"},
-    {u"伊藤", u"ｲﾄｳ", u"ito"},
-    {u"渡辺", u"ﾜﾀﾅﾍﾞ", u"watanabe"},
-    {u"山本", u"ﾔﾏﾓﾄ", u"yamamoto"},
-    {u"中村", u"ﾅｶﾑﾗ", u"nakamura"},
-    {u"小林", u"ｺﾊﾞﾔｼ", u"kobayashi"},
-    {u"加藤", u"ｶﾄｳ", u"kato"},
-    {u"吉田", u"ﾖｼﾀﾞ", u"yoshida"},
-    {u"山田", u"ﾔﾏﾀﾞ", u"yamada"},
-    {u"佐々木", u"ｻｻｷ", u"sasaki"},
-    {u"山口", u"ﾔﾏｸﾞﾁ", u"yamaguchi"},
-    {u"松本", u"ﾏﾂﾓﾄ", u"matsumoto"},
-    {u"井上", u"ｲﾉｳｴ", u"inoue"},
-    {u"木村", u"ｷﾑﾗ", u"kimura"},
-    {u"林", u"ﾊﾔｼ", u"hayashi"},
-    {u"斎藤", u"ｻｲﾄｳ", u"saito"},
-    {u"清水", u"ｼﾐｽﾞ", u"shimizu"},
-    {u"山崎", u"ﾔﾏｻﾞｷ", u"yamazaki"},
-    {u"森", u"ﾓﾘ", u"mori"},
-    {u"池田", u"ｲｹﾀﾞ", u"ikeda"},
-    {u"橋本", u"ﾊｼﾓﾄ", u"hashimoto"},
-    {u"阿部", u"ｱﾍﾞ", u"abe"},
-    {u"石川", u"ｲｼｶﾜ", u"ishikawa"},
-    {u"山下", u"ﾔﾏｼﾀ", u"yamashita"},
-    {u"中島", u"ﾅｶｼﾞﾏ", u"nakajima"},
-    {u"石井", u"ｲｼｲ", u"ishii"},
-    {u"小川", u"ｵｶﾞﾜ", u"ogawa"},
-    {u"前田", u"ﾏｴﾀﾞ", u"maeda"},
-    {u"岡田", u"ｵｶﾀﾞ", u"okada"},
-    {u"長谷川", u"ﾊｾｶﾞﾜ", u"hasegawa"},
-    {u"藤田", u"ﾌｼﾞﾀ", u"fujita"},
-    {u"後藤", u"ｺﾞﾄｳ", u"goto"},
-    {u"近藤", u"ｺﾝﾄﾞｳ", u"kondo"},
-    {u"村上", u"ﾑﾗｶﾐ", u"murakami"},
-    {u"遠藤", u"ｴﾝﾄﾞｳ", u"endo"},
-    {u"青木", u"ｱｵｷ", u"aoki"},
-    {u"坂本", u"ｻｶﾓﾄ", u"sakamoto"},
-    {u"斉藤", u"ｻｲﾄｳ", u"saito"},
-    {u"福田", u"ﾌｸﾀﾞ", u"fukuda"},
-    {u"太田", u"ｵｵﾀ", u"ota"},
-    {u"西村", u"ﾆｼﾑﾗ", u"nishimura"},
-    {u"藤井", u"ﾌｼﾞｲ", u"fujii"},
-    {u"金子", u"ｶﾈｺ", u"kaneko"},
-    {u"岡本", u"ｵｶﾓﾄ", u"okamoto"},
-    {u"藤原", u"ﾌｼﾞﾜﾗ", u"fujiwara"},
-    {u"三浦", u"ﾐｳﾗ", u"miura"},
-    {u"中野", u"ﾅｶﾉ", u"nakano"},
-    {u"原田", u"ﾊﾗﾀﾞ", u"harada"},
-    {u"松田", u"ﾏﾂﾀﾞ", u"matsuda"},
-    {u"竹内", u"ﾀｹｳﾁ", u"takeuchi"},
-    {u"小野", u"ｵﾉ", u"ono"},
-    {u"田村", u"ﾀﾑﾗ", u"tamura"},
-    {u"中山", u"ﾅｶﾔﾏ", u"nakayama"},
-    {u"和田", u"ﾜﾀﾞ", u"wada"},
-    {u"石田", u"ｲｼﾀﾞ", u"ishida"},
-    {u"森田", u"ﾓﾘﾀ", u"morita"},
-    {u"上田", u"ｳｴﾀﾞ", u"ueda"},
-    {u"原", u"ﾊﾗ", u"hara"},
-    {u"内田", u"ｳﾁﾀﾞ", u"uchida"},
-    {u"柴田", u"ｼﾊﾞﾀ", u"shibata"},
-    {u"酒井", u"ｻｶｲ", u"sakai"},
-    {u"宮崎", u"ﾐﾔｻﾞｷ", u"miyazaki"},
-    {u"横山", u"ﾖｺﾔﾏ", u"yokoyama"},
-    {u"高木", u"ﾀｶｷﾞ", u"takagi"},
-    {u"安藤", u"ｱﾝﾄﾞｳ", u"ando"},
-    {u"宮本", u"ﾐﾔﾓﾄ", u"miyamoto"},
-    {u"大野", u"ｵｵﾉ", u"ono"},
-    {u"小島", u"ｺｼﾞﾏ", u"kojima"},
-    {u"谷口", u"ﾀﾆｸﾞﾁ", u"taniguchi"},
-    {u"今井", u"ｲﾏｲ", u"imai"},
-    {u"工藤", u"ｸﾄﾞｳ", u"kudo"},
-    {u"高田", u"ﾀｶﾀﾞ", u"takada"},
-    {u"増田", u"ﾏｽﾀﾞ", u"masuda"},
-    {u"丸山", u"ﾏﾙﾔﾏ", u"maruyama"},
-    {u"杉山", u"ｽｷﾞﾔﾏ", u"sugiyama"},
-    {u"村田", u"ﾑﾗﾀ", u"murata"},
-    {u"大塚", u"ｵｵﾂｶ", u"otsuka"},
-    {u"新井", u"ｱﾗｲ", u"arai"},
-    {u"小山", u"ｺﾔﾏ", u"koyama"},
-    {u"平野", u"ﾋﾗﾉ", u"hirano"},
-    {u"藤本", u"ﾌｼﾞﾓﾄ", u"fujimoto"},
-    {u"河野", u"ｺｳﾉ", u"kono"},
-    {u"上野", u"ｳｴﾉ", u"ueno"},
-    {u"野口", u"ﾉｸﾞﾁ", u"noguchi"},
-    {u"武田", u"ﾀｹﾀﾞ", u"takeda"},
-    {u"松井", u"ﾏﾂｲ", u"matsui"},
-    {u"千葉", u"ﾁﾊﾞ", u"chiba"},
-    {u"岩崎", u"ｲﾜｻｷ", u"iwasaki"},
-    {u"菅原", u"ｽｶﾞﾜﾗ", u"sugawara"},
-    {u"木下", u"ｷﾉｼﾀ", u"kinoshita"},
-    {u"久保", u"ｸﾎﾞ", u"kubo"},
-    {u"佐野", u"ｻﾉ", u"sano"},
-    {u"野村", u"ﾉﾑﾗ", u"nomura"},
-    {u"松尾", u"ﾏﾂｵ", u"matsuo"},
-    {u"市川", u"ｲﾁｶﾜ", u"ichikawa"},
-    {u"菊地", u"ｷｸﾁ", u"kikuchi"},
-    {u"渡邊", u"ﾜﾀﾅﾍﾞ", u"watanabe"},
-    {u"髙橋", u"ﾀｶﾊｼ", u"takahashi"},
-    {u"山﨑", u"ﾔﾏｻｷ", u"yamasaki"},
-    {u"渡部", u"ﾜﾀﾍﾞ", u"watabe"},
-    {u"服部", u"ﾊｯﾄﾘ", u"hattori"},
-    {u"東海林", u"ｼｮｳｼﾞ", u"shoji"},
-    {u"比嘉", u"ﾋｶﾞ", u"higa"},
-    {u"勅使河原", u"ﾃｼｶﾞﾜﾗ", u"teshigawara"},
-    {u"神戸", u"ｶﾝﾍﾞ", u"kambe"},
-    {u"北条", u"ﾎｳｼﾞｮｳ", u"hojo"},
-    {u"別府", u"ﾍﾞｯﾌﾟ", u"beppu"},
-};
+// Written, kana and latin, with a comma behind each name.
+constexpr QStringView kFamilyNames =
+    u"佐藤 ｻﾄｳ sato,鈴木 ｽｽﾞｷ suzuki,高橋 ﾀｶﾊｼ takahashi,田中 ﾀﾅｶ tanaka,伊藤 ｲﾄｳ ito,渡辺 ﾜﾀﾅﾍﾞ watanabe,"
+    u"山本 ﾔﾏﾓﾄ yamamoto,中村 ﾅｶﾑﾗ nakamura,小林 ｺﾊﾞﾔｼ kobayashi,加藤 ｶﾄｳ kato,吉田 ﾖｼﾀﾞ yoshida,"
+    u"山田 ﾔﾏﾀﾞ yamada,佐々木 ｻｻｷ sasaki,山口 ﾔﾏｸﾞﾁ yamaguchi,松本 ﾏﾂﾓﾄ matsumoto,井上 ｲﾉｳｴ inoue,"
+    u"木村 ｷﾑﾗ kimura,林 ﾊﾔｼ hayashi,斎藤 ｻｲﾄｳ saito,清水 ｼﾐｽﾞ shimizu,山崎 ﾔﾏｻﾞｷ yamazaki,森 ﾓﾘ mori,"
+    u"池田 ｲｹﾀﾞ ikeda,橋本 ﾊｼﾓﾄ hashimoto,阿部 ｱﾍﾞ abe,石川 ｲｼｶﾜ ishikawa,山下 ﾔﾏｼﾀ yamashita,"
+    u"中島 ﾅｶｼﾞﾏ nakajima,石井 ｲｼｲ ishii,小川 ｵｶﾞﾜ ogawa,前田 ﾏｴﾀﾞ maeda,岡田 ｵｶﾀﾞ okada,"
+    u"長谷川 ﾊｾｶﾞﾜ hasegawa,藤田 ﾌｼﾞﾀ fujita,後藤 ｺﾞﾄｳ goto,近藤 ｺﾝﾄﾞｳ kondo,村上 ﾑﾗｶﾐ murakami,"
+    u"遠藤 ｴﾝﾄﾞｳ endo,青木 ｱｵｷ aoki,坂本 ｻｶﾓﾄ sakamoto,斉藤 ｻｲﾄｳ saito,福田 ﾌｸﾀﾞ fukuda,太田 ｵｵﾀ ota,"
+    u"西村 ﾆｼﾑﾗ nishimura,藤井 ﾌｼﾞｲ fujii,金子 ｶﾈｺ kaneko,岡本 ｵｶﾓﾄ okamoto,藤原 ﾌｼﾞﾜﾗ fujiwara,"
+    u"三浦 ﾐｳﾗ miura,中野 ﾅｶﾉ nakano,原田 ﾊﾗﾀﾞ harada,松田 ﾏﾂﾀﾞ matsuda,竹内 ﾀｹｳﾁ takeuchi,小野 ｵﾉ ono,"
+    u"田村 ﾀﾑﾗ tamura,中山 ﾅｶﾔﾏ nakayama,和田 ﾜﾀﾞ wada,石田 ｲｼﾀﾞ ishida,森田 ﾓﾘﾀ morita,上田 ｳｴﾀﾞ ueda,"
+    u"原 ﾊﾗ hara,内田 ｳﾁﾀﾞ uchida,柴田 ｼﾊﾞﾀ shibata,酒井 ｻｶｲ sakai,宮崎 ﾐﾔｻﾞｷ miyazaki,横山 ﾖｺﾔﾏ yokoyama,"
+    u"高木 ﾀｶｷﾞ takagi,安藤 ｱﾝﾄﾞｳ ando,宮本 ﾐﾔﾓﾄ miyamoto,大野 ｵｵﾉ ono,小島 ｺｼﾞﾏ kojima,"
+    u"谷口 ﾀﾆｸﾞﾁ taniguchi,今井 ｲﾏｲ imai,工藤 ｸﾄﾞｳ kudo,高田 ﾀｶﾀﾞ takada,増田 ﾏｽﾀﾞ masuda,"
+    u"丸山 ﾏﾙﾔﾏ maruyama,杉山 ｽｷﾞﾔﾏ sugiyama,村田 ﾑﾗﾀ murata,大塚 ｵｵﾂｶ otsuka,新井 ｱﾗｲ arai,"
+    u"小山 ｺﾔﾏ koyama,平野 ﾋﾗﾉ hirano,藤本 ﾌｼﾞﾓﾄ fujimoto,河野 ｺｳﾉ kono,上野 ｳｴﾉ ueno,野口 ﾉｸﾞﾁ noguchi,"
+    u"武田 ﾀｹﾀﾞ takeda,松井 ﾏﾂｲ matsui,千葉 ﾁﾊﾞ chiba,岩崎 ｲﾜｻｷ iwasaki,菅原 ｽｶﾞﾜﾗ sugawara,"
+    u"木下 ｷﾉｼﾀ kinoshita,久保 ｸﾎﾞ kubo,佐野 ｻﾉ sano,野村 ﾉﾑﾗ nomura,松尾 ﾏﾂｵ matsuo,市川 ｲﾁｶﾜ ichikawa,"
+    u"菊地 ｷｸﾁ kikuchi,渡邊 ﾜﾀﾅﾍﾞ watanabe,髙橋 ﾀｶﾊｼ takahashi,山﨑 ﾔﾏｻｷ yamasaki,渡部 ﾜﾀﾍﾞ watabe,"
+    u"服部 ﾊｯﾄﾘ hattori,東海林 ｼｮｳｼﾞ shoji,比嘉 ﾋｶﾞ higa,勅使河原 ﾃｼｶﾞﾜﾗ teshigawara,神戸 ｶﾝﾍﾞ kambe,"
+    u"北条 ﾎｳｼﾞｮｳ hojo,別府 ﾍﾞｯﾌﾟ beppu,";
 
-constexpr SampleName kMaleNames[] = {
-    {u"翔太", u"ｼｮｳﾀ", u"shota"},    {u"大輔", u"ﾀﾞｲｽｹ", u"daisuke"},  {u"健太", u"ｹﾝﾀ", u"kenta"},
-    {u"拓也", u"ﾀｸﾔ", u"takuya"},    {u"誠", u"ﾏｺﾄ", u"makoto"},       {u"隆", u"ﾀｶｼ", u"takashi"},
-    {u"浩", u"ﾋﾛｼ", u"hiroshi"},     {u"修", u"ｵｻﾑ", u"osamu"},        {u"豊", u"ﾕﾀｶ", u"yutaka"},
-    {u"達也", u"ﾀﾂﾔ", u"tatsuya"},   {u"直樹", u"ﾅｵｷ", u"naoki"},      {u"和也", u"ｶｽﾞﾔ", u"kazuya"},
-    {u"哲也", u"ﾃﾂﾔ", u"tetsuya"},   {u"雄一", u"ﾕｳｲﾁ", u"yuichi"},    {u"健一", u"ｹﾝｲﾁ", u"kenichi"},
-    {u"秀樹", u"ﾋﾃﾞｷ", u"hideki"},   {u"剛", u"ﾂﾖｼ", u"tsuyoshi"},     {u"学", u"ﾏﾅﾌﾞ", u"manabu"},
-    {u"聡", u"ｻﾄｼ", u"satoshi"},     {u"淳", u"ｼﾞｭﾝ", u"jun"},         {u"亮", u"ﾘｮｳ", u"ryo"},
-    {u"大樹", u"ﾀﾞｲｷ", u"daiki"},    {u"悠斗", u"ﾕｳﾄ", u"yuto"},       {u"蓮", u"ﾚﾝ", u"ren"},
-    {u"陽斗", u"ﾊﾙﾄ", u"haruto"},    {u"一郎", u"ｲﾁﾛｳ", u"ichiro"},    {u"次郎", u"ｼﾞﾛｳ", u"jiro"},
-    {u"三郎", u"ｻﾌﾞﾛｳ", u"saburo"},  {u"正", u"ﾀﾀﾞｼ", u"tadashi"},     {u"茂", u"ｼｹﾞﾙ", u"shigeru"},
-    {u"清", u"ｷﾖｼ", u"kiyoshi"},     {u"勝", u"ﾏｻﾙ", u"masaru"},       {u"進", u"ｽｽﾑ", u"susumu"},
-    {u"実", u"ﾐﾉﾙ", u"minoru"},      {u"博之", u"ﾋﾛﾕｷ", u"hiroyuki"},  {u"智之", u"ﾄﾓﾕｷ", u"tomoyuki"},
-    {u"慎吾", u"ｼﾝｺﾞ", u"shingo"},   {u"純平", u"ｼﾞｭﾝﾍﾟｲ", u"jumpei"}, {u"幸治", u"ｺｳｼﾞ", u"koji"},
-    {u"義明", u"ﾖｼｱｷ", u"yoshiaki"}, {u"信夫", u"ﾉﾌﾞｵ", u"nobuo"},     {u"圭吾", u"ｹｲｺﾞ", u"keigo"},
-    {u"光男", u"ﾐﾂｵ", u"mitsuo"},    {u"俊介", u"ｼｭﾝｽｹ", u"shunsuke"}, {u"裕太", u"ﾕｳﾀ", u"yuta"},
-    {u"德男", u"ﾉﾘｵ", u"norio"},
-};
+constexpr QStringView kMaleNames =
+    u"翔太 ｼｮｳﾀ shota,大輔 ﾀﾞｲｽｹ daisuke,健太 ｹﾝﾀ kenta,拓也 ﾀｸﾔ takuya,誠 ﾏｺﾄ makoto,隆 ﾀｶｼ takashi,"
+    u"浩 ﾋﾛｼ hiroshi,修 ｵｻﾑ osamu,豊 ﾕﾀｶ yutaka,達也 ﾀﾂﾔ tatsuya,直樹 ﾅｵｷ naoki,和也 ｶｽﾞﾔ kazuya,"
+    u"哲也 ﾃﾂﾔ tetsuya,雄一 ﾕｳｲﾁ yuichi,健一 ｹﾝｲﾁ kenichi,秀樹 ﾋﾃﾞｷ hideki,剛 ﾂﾖｼ tsuyoshi,学 ﾏﾅﾌﾞ manabu,"
+    u"聡 ｻﾄｼ satoshi,淳 ｼﾞｭﾝ jun,亮 ﾘｮｳ ryo,大樹 ﾀﾞｲｷ daiki,悠斗 ﾕｳﾄ yuto,蓮 ﾚﾝ ren,陽斗 ﾊﾙﾄ haruto,"
+    u"一郎 ｲﾁﾛｳ ichiro,次郎 ｼﾞﾛｳ jiro,三郎 ｻﾌﾞﾛｳ saburo,正 ﾀﾀﾞｼ tadashi,茂 ｼｹﾞﾙ shigeru,清 ｷﾖｼ kiyoshi,"
+    u"勝 ﾏｻﾙ masaru,進 ｽｽﾑ susumu,実 ﾐﾉﾙ minoru,博之 ﾋﾛﾕｷ hiroyuki,智之 ﾄﾓﾕｷ tomoyuki,慎吾 ｼﾝｺﾞ shingo,"
+    u"純平 ｼﾞｭﾝﾍﾟｲ jumpei,幸治 ｺｳｼﾞ koji,義明 ﾖｼｱｷ yoshiaki,信夫 ﾉﾌﾞｵ nobuo,圭吾 ｹｲｺﾞ keigo,"
+    u"光男 ﾐﾂｵ mitsuo,俊介 ｼｭﾝｽｹ shunsuke,裕太 ﾕｳﾀ yuta,德男 ﾉﾘｵ norio,";
 
-constexpr SampleName kFemaleNames[] = {
-    {u"花子", u"ﾊﾅｺ", u"hanako"},    {u"美咲", u"ﾐｻｷ", u"misaki"},   {u"愛", u"ｱｲ", u"ai"},
-    {u"由美子", u"ﾕﾐｺ", u"yumiko"},  {u"陽子", u"ﾖｳｺ", u"yoko"},     {u"恵子", u"ｹｲｺ", u"keiko"},
-    {u"裕子", u"ﾕｳｺ", u"yuko"},      {u"久美子", u"ｸﾐｺ", u"kumiko"}, {u"真由美", u"ﾏﾕﾐ", u"mayumi"},
-    {u"智子", u"ﾄﾓｺ", u"tomoko"},    {u"香織", u"ｶｵﾘ", u"kaori"},    {u"彩", u"ｱﾔ", u"aya"},
-    {u"舞", u"ﾏｲ", u"mai"},          {u"麻衣", u"ﾏｲ", u"mai"},       {u"さくら", u"ｻｸﾗ", u"sakura"},
-    {u"葵", u"ｱｵｲ", u"aoi"},         {u"結衣", u"ﾕｲ", u"yui"},       {u"陽菜", u"ﾋﾅ", u"hina"},
-    {u"七海", u"ﾅﾅﾐ", u"nanami"},    {u"千尋", u"ﾁﾋﾛ", u"chihiro"},  {u"明美", u"ｱｹﾐ", u"akemi"},
-    {u"幸子", u"ｻﾁｺ", u"sachiko"},   {u"和子", u"ｶｽﾞｺ", u"kazuko"},  {u"節子", u"ｾﾂｺ", u"setsuko"},
-    {u"洋子", u"ﾖｳｺ", u"yoko"},      {u"京子", u"ｷｮｳｺ", u"kyoko"},   {u"早苗", u"ｻﾅｴ", u"sanae"},
-    {u"典子", u"ﾉﾘｺ", u"noriko"},    {u"直美", u"ﾅｵﾐ", u"naomi"},    {u"綾子", u"ｱﾔｺ", u"ayako"},
-    {u"千春", u"ﾁﾊﾙ", u"chiharu"},   {u"文子", u"ﾌﾐｺ", u"fumiko"},   {u"良子", u"ﾘｮｳｺ", u"ryoko"},
-    {u"純子", u"ｼﾞｭﾝｺ", u"junko"},   {u"友美", u"ﾄﾓﾐ", u"tomomi"},   {u"里奈", u"ﾘﾅ", u"rina"},
-    {u"美穂", u"ﾐﾎ", u"miho"},       {u"瞳", u"ﾋﾄﾐ", u"hitomi"},     {u"恵美", u"ｴﾐ", u"emi"},
-    {u"のぞみ", u"ﾉｿﾞﾐ", u"nozomi"}, {u"ゆかり", u"ﾕｶﾘ", u"yukari"}, {u"順子", u"ｼﾞｭﾝｺ", u"junko"},
-    {u"静江", u"ｼｽﾞｴ", u"shizue"},   {u"桃子", u"ﾓﾓｺ", u"momoko"},   {u"若葉", u"ﾜｶﾊﾞ", u"wakaba"},
-    {u"仁美", u"ﾋﾄﾐ", u"hitomi"},
-};
+constexpr QStringView kFemaleNames =
+    u"花子 ﾊﾅｺ hanako,美咲 ﾐｻｷ misaki,愛 ｱｲ ai,由美子 ﾕﾐｺ yumiko,陽子 ﾖｳｺ yoko,恵子 ｹｲｺ keiko,"
+    u"裕子 ﾕｳｺ yuko,久美子 ｸﾐｺ kumiko,真由美 ﾏﾕﾐ mayumi,智子 ﾄﾓｺ tomoko,香織 ｶｵﾘ kaori,彩 ｱﾔ aya,"
+    u"舞 ﾏｲ mai,麻衣 ﾏｲ mai,さくら ｻｸﾗ sakura,葵 ｱｵｲ aoi,結衣 ﾕｲ yui,陽菜 ﾋﾅ hina,七海 ﾅﾅﾐ nanami,"
+    u"千尋 ﾁﾋﾛ chihiro,明美 ｱｹﾐ akemi,幸子 ｻﾁｺ sachiko,和子 ｶｽﾞｺ kazuko,節子 ｾﾂｺ setsuko,洋子 ﾖｳｺ yoko,"
+    u"京子 ｷｮｳｺ kyoko,早苗 ｻﾅｴ sanae,典子 ﾉﾘｺ noriko,直美 ﾅｵﾐ naomi,綾子 ｱﾔｺ ayako,千春 ﾁﾊﾙ chiharu,"
+    u"文子 ﾌﾐｺ fumiko,良子 ﾘｮｳｺ ryoko,純子 ｼﾞｭﾝｺ junko,友美 ﾄﾓﾐ tomomi,里奈 ﾘﾅ rina,美穂 ﾐﾎ miho,"
+    u"瞳 ﾋﾄﾐ hitomi,恵美 ｴﾐ emi,のぞみ ﾉｿﾞﾐ nozomi,ゆかり ﾕｶﾘ yukari,順子 ｼﾞｭﾝｺ junko,静江 ｼｽﾞｴ shizue,"
+    u"桃子 ﾓﾓｺ momoko,若葉 ﾜｶﾊﾞ wakaba,仁美 ﾋﾄﾐ hitomi,";
+
+std::vector<SampleName> Read(QStringView table) {
+    std::vector<SampleName> names;
+    for (const QStringView name : table.split(u',', Qt::SkipEmptyParts)) {
+        const QList<QStringView> parts = name.split(u' ');
+        names.push_back({parts[0].toString(), parts[1].toString(), parts[2].toString()});
+    }
+    return names;
+}
 
 }  // namespace
 
-std::span<const SampleName> FamilyNames() { return kFamilyNames; }
-std::span<const SampleName> MaleNames() { return kMaleNames; }
-std::span<const SampleName> FemaleNames() { return kFemaleNames; }
+std::span<const SampleName> FamilyNames() {
+    static const std::vector<SampleName> names = Read(kFamilyNames);
+    return names;
+}
+
+std::span<const SampleName> MaleNames() {
+    static const std::vector<SampleName> names = Read(kMaleNames);
+    return names;
+}
+
+std::span<const SampleName> FemaleNames() {
+    static const std::vector<SampleName> names = Read(kFemaleNames);
+    return names;
+}
 
 }  // namespace setup

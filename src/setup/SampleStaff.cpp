@@ -77,10 +77,10 @@ Person MakePerson(int place, SampleRandom& random) {
 }
 
 void SetIdentity(TableWriter& row, const Person& person, SampleRandom& random) {
-    const QString code = StaffCode(person.place), latin = Text(person.family.latin);
+    const QString code = StaffCode(person.place), latin = person.family.latin;
     row.Set(u"コード"_s, code)
-        .Set(u"氏名"_s, Text(person.family.written) + u'　' + Text(person.given.written))
-        .Set(u"カナ"_s, Text(person.family.kana) + u' ' + Text(person.given.kana))
+        .Set(u"氏名"_s, person.family.written + u'　' + person.given.written)
+        .Set(u"カナ"_s, person.family.kana + u' ' + person.given.kana)
         .Set(u"性別区分"_s, person.woman ? u"1"_s : u"0"_s);
     QString pin;
     constexpr QStringView kPinLetters = u"ABCDEFGHJKLMNPQRSTUVWXYZ23456789";
@@ -91,8 +91,7 @@ void SetIdentity(TableWriter& row, const Person& person, SampleRandom& random) {
         row.Set(u"ログインID"_s, (random.Percent(20) ? latin.left(1).toUpper() + latin.mid(1) : latin) + code);
     const bool mail = person.birthYear >= 1950 && random.Percent(75);
     row.Set(u"EMAIL"_s,
-            mail ? Text(person.given.latin) + u'.' + latin + QString::number(person.place + 1) + u"@example.co.jp"_s
-                 : u""_s);
+            mail ? person.given.latin + u'.' + latin + QString::number(person.place + 1) + u"@example.co.jp"_s : u""_s);
 }
 
 QString Telephone(const SamplePlace& place, SampleRandom& random) {

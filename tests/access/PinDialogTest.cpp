@@ -189,6 +189,15 @@ TEST_F(PinDialog, SmallLettersMatchAPinOfCapitals) {
     }));
 }
 
+TEST_F(PinDialog, TabBehindThePinConfirmsLikeEnter) {
+    EXPECT_TRUE(Ask([](PinDialogDriver& user) {
+        EnterCode(user, u"00002"_s);
+        user.Type(u"PIN02"_s);
+        user.Press(Qt::Key_Tab);
+        EXPECT_FALSE(user.IsOpen());
+    }));
+}
+
 TEST_F(PinDialog, AStoredPinWithSmallLettersNeverMatches) {
     AddPerson(u"00003"_s, u"000"_s, u"pin03"_s);
     EXPECT_FALSE(Ask([this](PinDialogDriver& user) {

@@ -1,40 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include "support/SampleInstallation.h"
+#include "frame/RealProgram.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct ProgramRun {
-    int exitCode;
-    QString output;
-};
-
-/// The programs as they were built, in the installation's program folder.
-void CopyProgram(const SampleInstallation& installation) {
-    const QString target = installation.ProgramFolder() + u"/要員名簿照会"_s;
-    if (QFile::exists(target)) return;
-    ASSERT_TRUE(QFile::link(QStringLiteral(SUITE_PROGRAMS "/要員名簿照会"), target));
-}
-
-/// The real program, until its first list stands and its window has been closed.
-ProgramRun RunProgram(const SampleInstallation& installation, const QStringList& arguments) {
-    CopyProgram(installation);
-    QTemporaryDir folder;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-    environment.insert(u"MEIBO_PICTURE"_s, folder.filePath(u"window.png"_s));
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(installation.ProgramFolder() + u"/要員名簿照会"_s, arguments);
-    if (!process.waitForFinished(60000)) process.kill();
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput())};
-}
 
 // The rows that a plain LEFT JOIN finds; the class tables drop rows whose class they lack.
 const QString kCount =

@@ -14,24 +14,13 @@ using LengthNotice = InquiryTest;
 using Clearing = InquiryTest;
 
 /// Range bounds, texts and kinds as one line.
-QString Summary(const InquiryConditions& c) {
-    return QStringList{c.DepartmentFrom,
-                       c.DepartmentTo,
-                       c.SectionFrom,
-                       c.SectionTo,
-                       c.PositionFrom,
-                       c.PositionTo,
-                       c.StaffFrom,
-                       c.StaffTo,
-                       c.SearchName,
-                       c.SearchKana,
-                       c.SearchPhone,
-                       c.SearchZip,
-                       c.SearchAddress,
-                       QString::number(c.EnrolmentKind),
-                       QString::number(c.StaffClass),
-                       QString::number(c.DisplayOrder)}
-        .join(u'|');
+QString Summary(const InquiryConditions& conditions) {
+    const auto& [departmentFrom, departmentTo, sectionFrom, sectionTo, positionFrom, positionTo, staffFrom, staffTo,
+                 name, kana, phone, zip, address, enrolment, staffClass, order] = conditions;
+    QStringList parts = {departmentFrom, departmentTo, sectionFrom, sectionTo, positionFrom, positionTo, staffFrom};
+    parts << staffTo << name << kana << phone << zip << address;
+    for (const int kind : {enrolment, staffClass, order}) parts << QString::number(kind);
+    return parts.join(u'|');
 }
 
 void FillEverything() {

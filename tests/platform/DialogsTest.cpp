@@ -5,9 +5,37 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
+#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Asks and answers with the last button, once whatever waited to be deleted is gone.
+bool AskAndAnswer() {
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        box->buttons().last()->click();
+    });
+    return platform::WidgetDialogs().Confirm(u"印刷しますか?"_s, u"要員名簿照会"_s);
+}
+
+}  // namespace
+
+TEST(Dialogs, ABoxOutlivesTheWindowThatHasJustEndedAndIsStillTheActiveOne) {
+    const QPointer<QWidget> ended = new QWidget;
+    ended->show();
+    QApplication::setActiveWindow(ended);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(ended));
+    ended->hide();
+    QApplication::setActiveWindow(ended);
+    ended->deleteLater();
+    EXPECT_FALSE(AskAndAnswer());
+    EXPECT_TRUE(ended.isNull());
+}
 
 TEST(Dialogs, ACarriageReturnOfAMessageEndsALineAndABoxWithoutATitleBearsNoName) {
     QString shown, title;

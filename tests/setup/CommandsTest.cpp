@@ -11,48 +11,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct WrongArguments {
-    const char16_t* words;
-    const char16_t* message;
-};
-
-class WrongArgumentsTest : public testing::TestWithParam<WrongArguments> {};
+/// Wrong arguments, and what is said of them.
+const QString kWrongArguments = QStringLiteral(
+    uR"(-> コマンドを指定してください。
+destroy /nowhere -> コマンド destroy はありません。
+init -> インストール先のフォルダを指定してください。
+init a b -> 引数 b が余分です。
+init a --stuff -> オプション --stuff は使えません。
+init a --follow -> オプション --follow は使えません。
+init a --staff -> オプション --staff の値がありません。
+init a --staff --replace -> オプション --staff の値がありません。
+init a --replace=yes -> オプション --replace に値は付けられません。
+init a --staff 0 -> オプション --staff には 1 から 99999 までの整数を指定してください。
+init a --staff 100000 -> オプション --staff には 1 から 99999 までの整数を指定してください。
+init a --staff many -> オプション --staff には 1 から 99999 までの整数を指定してください。
+init a --kind xls -> オプション --kind には accdb、mdb のどれかを指定してください。
+init a --install-kind 2 -> オプション --install-kind には 0、1 のどれかを指定してください。
+seal-pins -> インストール先のフォルダを指定してください。
+seal-pins /nowhere -> /nowhere にインストールがありません。
+seal-pins a --pin -> オプション --pin は使えません。
+history /nowhere -> /nowhere にインストールがありません。
+history a --run 0 -> オプション --run には 1 から 2147483647 までの整数を指定してください。)");
 
 }  // namespace
 
-TEST_P(WrongArgumentsTest, AreRefusedWithAClearText) {
-    const ToolOutput output = RunTool(QString::fromUtf16(GetParam().words).split(u' ', Qt::SkipEmptyParts));
-    EXPECT_EQ(output.status, 2);
-    EXPECT_EQ(output.err.toStdString(), (u"suite-setup: "_s + QString::fromUtf16(GetParam().message) +
-                                         u"\n使い方は suite-setup --help で表示されます。\n"_s)
-                                            .toStdString());
-    EXPECT_EQ(output.out, QString());
+TEST(Commands, WrongArgumentsAreRefusedWithAClearText) {
+    for (const QString& line : kWrongArguments.split(u'\n')) {
+        const qsizetype arrow = line.indexOf(u"-> "_s);
+        const ToolOutput output = RunTool(line.left(arrow).split(u' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(output.status, 2) << line.toStdString();
+        EXPECT_EQ(output.err,
+                  u"suite-setup: "_s + line.mid(arrow + 3) + u"\n使い方は suite-setup --help で表示されます。\n"_s);
+        EXPECT_EQ(output.out, QString());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Commands, WrongArgumentsTest,
-    testing::Values(
-        WrongArguments{u"", u"コマンドを指定してください。"},
-        WrongArguments{u"destroy /nowhere", u"コマンド destroy はありません。"},
-        WrongArguments{u"init", u"インストール先のフォルダを指定してください。"},
-        WrongArguments{u"init a b", u"引数 b が余分です。"},
-        WrongArguments{u"init a --stuff", u"オプション --stuff は使えません。"},
-        WrongArguments{u"init a --follow", u"オプション --follow は使えません。"},
-        WrongArguments{u"init a --staff", u"オプション --staff の値がありません。"},
-        WrongArguments{u"init a --staff --replace", u"オプション --staff の値がありません。"},
-        WrongArguments{u"init a --replace=yes", u"オプション --replace に値は付けられません。"},
-        WrongArguments{u"init a --staff 0", u"オプション --staff には 1 から 99999 までの整数を指定してください。"},
-        WrongArguments{u"init a --staff 100000",
-                       u"オプション --staff には 1 から 99999 までの整数を指定してください。"},
-        WrongArguments{u"init a --staff many", u"オプション --staff には 1 から 99999 までの整数を指定してください。"},
-        WrongArguments{u"init a --kind xls", u"オプション --kind には accdb、mdb のどれかを指定してください。"},
-        WrongArguments{u"init a --install-kind 2", u"オプション --install-kind には 0、1 のどれかを指定してください。"},
-        WrongArguments{u"seal-pins", u"インストール先のフォルダを指定してください。"},
-        WrongArguments{u"seal-pins /nowhere", u"/nowhere にインストールがありません。"},
-        WrongArguments{u"seal-pins a --pin", u"オプション --pin は使えません。"},
-        WrongArguments{u"history /nowhere", u"/nowhere にインストールがありません。"},
-        WrongArguments{u"history a --run 0",
-                       u"オプション --run には 1 から 2147483647 までの整数を指定してください。"}));
 
 TEST(Commands, HelpNamesEveryVerb) {
     const ToolOutput output = RunTool({u"--help"_s});
