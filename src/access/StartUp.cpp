@@ -1,11 +1,11 @@
 #include "access/StartUp.h"
 
 #include "access/MainConnection.h"
+#include "access/ProgramLinks.h"
 #include "access/RunStart.h"
 #include "data/Environment.h"
 #include "data/PurgeOldData.h"
 #include "data/RunHistory.h"
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
