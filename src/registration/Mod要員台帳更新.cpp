@@ -20,13 +20,13 @@ bool Refuse(const QString& message) {
 }
 
 /// The steps that can refuse the start, in their order.
-bool StartIsPossible(StaffStore& store, const RegistrationCommand& command) {
+bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& command) {
     if (!InitializeData(RegistrationCommand::kLength)) return Refuse(u"データベースが使用できません。"_s);
     if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
     if (!command.office.isEmpty()) Globals().ScopeOfficeCode = command.office;
     if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
     if (command.staff.isEmpty()) return Refuse(u"担当者コードが指定されていません。"_s);
-    if (!store.Open()) return Refuse(u"データベースが使用できません。"_s);
+    if (!form.OpenStore()) return Refuse(u"データベースが使用できません。"_s);
     return true;
 }
 
@@ -47,12 +47,11 @@ void StartRegistration() {
     globals.ProgramId = globals.ReportName = u"要員台帳更新"_s;
     globals.MenuName = u"販路推進データ管理"_s;
     platform::Services().dialogs->defaultTitle = globals.ProgramId;
-    // Both live to the end of the process, which leaves without running destructors.
-    auto* store = new StaffStore;
-    auto* form = new frm要員台帳更新(*store, LeaveRegistration);
+    // Lives to the end of the process, which leaves without running destructors.
+    auto* form = new frm要員台帳更新(LeaveRegistration);
     globals.MainForm = form;
     const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());
-    if (!StartIsPossible(*store, command)) return;
+    if (!StartIsPossible(*form, command)) return;
     if (!form->Open(command.staff)) {
         Refuse(u"担当者コード %1 は登録されていません。"_s.arg(command.staff));
         return;

@@ -31,8 +31,7 @@ QString Notice(const QString& text, int bytes) {
 
 }  // namespace
 
-frm要員台帳更新::frm要員台帳更新(StaffStore& store, std::function<void()> leave)
-    : Form(u"frm要員台帳更新"_s), store_(store), leave_(std::move(leave)) {
+frm要員台帳更新::frm要員台帳更新(std::function<void()> leave) : Form(u"frm要員台帳更新"_s), leave_(std::move(leave)) {
     setWindowTitle(u"要員台帳更新"_s);
     BuildRegistrationForm(*this);
     WireItems();

@@ -11,9 +11,11 @@
 /// The one form of the registration program: a person, to be changed or deleted.
 class frm要員台帳更新 : public Form {
   public:
-    /// `store` is open when the first person is shown and outlives the form. `leave` ends the program.
-    frm要員台帳更新(StaffStore& store, std::function<void()> leave);
+    /// `leave` ends the program.
+    explicit frm要員台帳更新(std::function<void()> leave);
 
+    /// Opens the staff master for writing, before the first Open. False when it can't be.
+    bool OpenStore() { return store_.Open(); }
     /// Reads the person and the masters into the items and notes the look in the viewing log. False when there is no
     /// such person, or none can be read.
     bool Open(const QString& code);
@@ -36,7 +38,7 @@ class frm要員台帳更新 : public Form {
     void OfferToReadAgain();
     Control& ItemOf(size_t item) const { return Item(kStaffItems[item].column.toString()); }
 
-    StaffStore& store_;
+    StaffStore store_;
     std::function<void()> leave_;
     StaffMasters masters_;
     StaffRecord record_;  ///< as it was read

@@ -23,7 +23,7 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-const QStringList kPrograms{u"要員名簿照会"_s, u"suite-setup"_s};
+const QStringList kPrograms{u"要員名簿照会"_s, u"要員台帳更新"_s, u"suite-setup"_s};
 
 struct FolderRule {
     const char16_t* name;
