@@ -22,6 +22,14 @@ QString ProviderOf(int kind) {
 
 QString FieldText(const QString& name, const QString& value) { return name + u'=' + value + u';'; }
 
+void OpenAnew(platform::Connection& connection, platform::ConnectMode mode, const QString& connectionString) {
+    connection = platform::Connection();
+    ApplyConnectionSettings(connection);
+    connection.Mode = mode;
+    connection.Rules = SuiteTextRules();
+    connection.Open(connectionString);
+}
+
 }  // namespace
 
 QString ConfigConnectionString(int kind, const QString& path) {
@@ -80,9 +88,12 @@ void OpenGeneralConnection() {
     const std::optional<QString> connectionString = GeneralConnectionString(definition);
     if (definition.db == u"A"_s) globals.GeneralFilePath = TrimBlanks(definition.データソース名);
     if (!connectionString) return;
-    globals.MainConnection = platform::Connection();
-    ApplyConnectionSettings(globals.MainConnection);
-    globals.MainConnection.Mode = platform::ConnectMode::Read;
-    globals.MainConnection.Rules = SuiteTextRules();
-    globals.MainConnection.Open(*connectionString);
+    OpenAnew(globals.MainConnection, platform::ConnectMode::Read, *connectionString);
+}
+
+void OpenForWriting(platform::Connection& connection) {
+    const std::optional<QString> connectionString = GeneralConnectionString(Globals().GeneralDatabase);
+    if (!connectionString)
+        throw platform::DatabaseError(platform::kProviderNotFound, u"データベースの種類が定義されていません。"_s);
+    OpenAnew(connection, platform::ConnectMode::ReadWrite, *connectionString);
 }

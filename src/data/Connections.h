@@ -31,3 +31,7 @@ bool ReconnectConfigConnection();
 /// Opens the general database by its definition row, for reading only. Where the row names no known dialect nothing
 /// is opened and nothing said; the first query then fails by itself. Throws platform::DatabaseError.
 void OpenGeneralConnection();
+
+/// Opens the general database on a connection of the caller's own, for writing, by the same row. Throws
+/// platform::DatabaseError, kProviderNotFound where the row names no known dialect.
+void OpenForWriting(platform::Connection& connection);

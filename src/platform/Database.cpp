@@ -29,6 +29,22 @@ DatabaseSession& Connection::Session() const {
     return *session_;
 }
 
+Transaction::Transaction(Connection& connection) : connection_(&connection) { connection.Session().BeginTransaction(); }
+
+Transaction::~Transaction() {
+    if (!active_ || !connection_->IsOpen()) return;
+    try {
+        connection_->Session().RollBackTransaction();
+    } catch (const DatabaseError&) {
+        // The engine has taken everything back by itself, as it does when a commit fails or the server goes.
+    }
+}
+
+void Transaction::Commit() {
+    connection_->Session().CommitTransaction();
+    active_ = false;
+}
+
 ReadScope::ReadScope(Connection& connection) : connection_(&connection) {
     active_ = connection.IsOpen() && connection.Session().BeginReadScope();
 }

@@ -95,6 +95,23 @@ class Recordset {
     bool forwardOnly_ = true;
 };
 
+/// Makes the statements on a connection one: Commit keeps them all, and without it the end of the object takes them
+/// all back. Other writers wait meanwhile, so it must never stand while a message box is up.
+class Transaction {
+  public:
+    /// Throws DatabaseError when the connection is not open or other programs don't let it write in time.
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    /// Throws DatabaseError; nothing is kept then.
+    void Commit();
+
+  private:
+    Connection* connection_;
+    bool active_ = true;
+};
+
 /// While it lives, all statements on the connection see one snapshot, and the provider may remember the results
 /// of equal statements. Does nothing on a connection that is not open or already in a scope, or where the engine
 /// refuses the scope; it never throws. It keeps writers of other programs waiting, so it must never stand while a

@@ -23,15 +23,15 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-const QStringList kPrograms{u"要員名簿照会"_s, u"suite-setup"_s};
+const QStringList kPrograms{u"要員名簿照会"_s, u"要員台帳更新"_s, u"suite-setup"_s};
 
 struct FolderRule {
     const char16_t* name;
     mode_t mode;
 };
 
-// Users write to conf, report and users; files made there take over the folder's group.
-constexpr FolderRule kFolders[] = {{u"prgbin", 0755},  {u"data", 0755},   {u"conf", 02775},
+// Users write to data, conf, report and users; files made there take over the folder's group.
+constexpr FolderRule kFolders[] = {{u"prgbin", 0755},  {u"data", 02775},  {u"conf", 02775},
                                    {u"report", 02775}, {u"manual", 0755}, {u"users", 02775}};
 
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
@@ -87,7 +87,9 @@ platform::PinKey MakeKey(const QString& path) {
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
     const QString suffix = Suffix(request.kind);
     MakeFolders(root);
-    WriteGeneral(root + u"/data/gnrdb"_s + suffix, request, MakeKey(root + u"/conf/"_s + platform::PinKeyFileName()));
+    const QString general = root + u"/data/gnrdb"_s + suffix;
+    WriteGeneral(general, request, MakeKey(root + u"/conf/"_s + platform::PinKeyFileName()));
+    SetMode(general, 0664);
     const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
     WriteConfiguration(configuration,
                        {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind, !request.askPins});

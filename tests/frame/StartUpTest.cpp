@@ -1,13 +1,13 @@
-#include "frame/StartUp.h"
+#include "access/StartUp.h"
 
 #include <QDir>
 #include <QFile>
 
 #include "data/DataFixture.h"
 #include "data/RunHistory.h"
-#include "frame/MainConnection.h"
-#include "frame/RunStart.h"
-#include "frame/UserInformation.h"
+#include "access/MainConnection.h"
+#include "access/RunStart.h"
+#include "access/UserInformation.h"
 
 using namespace Qt::StringLiterals;
 

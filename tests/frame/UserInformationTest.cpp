@@ -1,4 +1,4 @@
-#include "frame/UserInformation.h"
+#include "access/UserInformation.h"
 
 #include "frame/MainFormFixture.h"
 #include "frame/Mod要員名簿照会.h"

@@ -377,5 +377,47 @@ TEST_P(DatabaseContract, UnknownProvidersAreRefused) {
     EXPECT_FALSE(other.IsOpen());
 }
 
+TEST_P(DatabaseContract, ATransactionKeepsAllOrNothing) {
+    const QString look = u"SELECT コード FROM M部門 ORDER BY コード"_s;
+    {
+        const Transaction forgotten(connection);
+        connection.Execute(u"DELETE FROM M部門 WHERE コード = '010'"_s);
+        connection.Execute(u"INSERT INTO M部門 (コード, 名称) VALUES ('030', '開発部')"_s);
+        EXPECT_EQ(Column(connection, look, u"コード"), QStringList({u"020"_s, u"030"_s}));
+    }
+    EXPECT_EQ(Column(connection, look, u"コード"), QStringList({u"010"_s, u"020"_s}));
+    Transaction kept(connection);
+    connection.Execute(u"DELETE FROM M部門 WHERE コード = '010'"_s);
+    kept.Commit();
+    Connection other;
+    Open(other, ConnectMode::Read);
+    EXPECT_EQ(Column(other, look, u"コード"), QStringList({u"020"_s}));
+}
+
+TEST_P(DatabaseContract, WhatATransactionHasWrittenNobodyElseChangesBeforeItsEnd) {
+    const QString change = u"UPDATE M部門 SET 名称 = '新' WHERE コード = '010'"_s;
+    {
+        const Transaction writing(connection);
+        connection.Execute(u"UPDATE M部門 SET 名称 = '古' WHERE コード = '010'"_s);
+        EXPECT_FALSE(engine->TryOutside(change));
+    }
+    EXPECT_TRUE(engine->TryOutside(change));
+}
+
+TEST_P(DatabaseContract, AFailedStatementLeavesTheTransactionToItsOwner) {
+    {
+        const Transaction writing(connection);
+        connection.Execute(u"DELETE FROM M部門"_s);
+        EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM M無い"_s); }), kStatementFailure);
+    }
+    EXPECT_EQ(Column(connection, u"SELECT コード FROM M部門 ORDER BY コード"_s, u"コード"),
+              QStringList({u"010"_s, u"020"_s}));
+}
+
+TEST_P(DatabaseContract, ATransactionOnAClosedConnectionIsRefused) {
+    Connection closed;
+    EXPECT_EQ(NumberOf([&] { const Transaction writing(closed); }), kObjectClosed);
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, DatabaseContract, testing::ValuesIn(AllEnginesBegin(), AllEnginesEnd()),
                          [](const auto& kind) { return kind.param.name; });

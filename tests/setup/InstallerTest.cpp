@@ -144,14 +144,28 @@ TEST_F(InstallerTest, ItsFirstPeopleDifferInTheirRights) {
 }
 
 TEST_F(InstallerTest, CopiesTheProgramsThatAreBuiltAndSkipsOthers) {
-    Write(u"built/要員名簿照会"_s, "program");
-    QFile::setPermissions(folder.filePath(u"built/要員名簿照会"_s),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+    const QStringList programs = {u"要員台帳更新"_s, u"要員名簿照会"_s};
+    for (const QString& program : programs) {
+        Write(u"built/"_s + program, "program");
+        QFile::setPermissions(folder.filePath(u"built/"_s + program), QFile::ReadOwner | QFile::WriteOwner |
+                                                                          QFile::ExeOwner | QFile::ReadOther |
+                                                                          QFile::ExeOther);
+    }
     Write(u"built/cmake.log"_s, "no program");
     request.programFolder = folder.filePath(u"built"_s);
     Make();
-    EXPECT_EQ(Entries(u"suite/prgbin"_s), QStringList{u"要員名簿照会"_s});
-    EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/prgbin/要員名簿照会"_s)).isExecutable());
+    EXPECT_EQ(Entries(u"suite/prgbin"_s), programs);
+    for (const QString& program : programs)
+        EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/prgbin/"_s + program)).isExecutable());
+}
+
+TEST_F(InstallerTest, EverybodyOfTheGroupMayWriteWhatTheProgramsWrite) {
+    Make();
+    // Beside each file its journal is made, so the folder counts as well.
+    for (const QString& place :
+         {u"data"_s, u"data/gnrdb.accdb"_s, u"conf"_s, u"conf/usrcnfg.accdb"_s, u"report"_s, u"report/repdb.accdb"_s})
+        EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/"_s + place)).permission(QFile::WriteGroup))
+            << place.toStdString();
 }
 
 TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {

@@ -33,6 +33,12 @@ class DatabaseSession {
     /// Runs one statement without rows. It ends a read scope that stands.
     virtual void Execute(const QString& sql) = 0;
 
+    /// Several statements as one. Begin keeps other writers out, or waits for them as long as a statement does, so that
+    /// what is read inside is still true when it is written on.
+    virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
+    virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
+    virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }
+
     /// False when a scope or a transaction stands already, or when the engine refuses.
     virtual bool BeginReadScope() noexcept = 0;
     virtual void EndReadScope() noexcept = 0;

@@ -123,6 +123,10 @@ void SqliteSession::Execute(const QString& sql) {
     if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
 }
 
+// A transaction that begins by reading is refused at its first write, without any waiting, when another program has
+// written meanwhile.
+void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
+
 // The engine fixes its snapshot with the first read and not with BEGIN.
 bool SqliteSession::BeginReadScope() noexcept {
     if (scope_ || sqlite3_get_autocommit(database_.get()) == 0) return false;

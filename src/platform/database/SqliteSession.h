@@ -17,6 +17,7 @@ class SqliteSession : public DatabaseSession {
 
     std::shared_ptr<ResultTable> Query(const QString& sql) override;
     void Execute(const QString& sql) override;
+    void BeginTransaction() override;
     bool BeginReadScope() noexcept override;
     void EndReadScope() noexcept override;
 

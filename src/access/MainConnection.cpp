@@ -1,4 +1,4 @@
-#include "frame/MainConnection.h"
+#include "access/MainConnection.h"
 
 #include "access/StaffIdentityProcedures.h"
 #include "data/Connections.h"

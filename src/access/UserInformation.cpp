@@ -1,4 +1,4 @@
-#include "frame/UserInformation.h"
+#include "access/UserInformation.h"
 
 #include "access/CompanyInformation.h"
 #include "frame/ProgramGlobals.h"

@@ -1,4 +1,4 @@
-#include "frame/RunStart.h"
+#include "access/RunStart.h"
 
 #include "access/StaffIdentityProcedures.h"
 #include "data/RunHistory.h"

@@ -1,12 +1,12 @@
-#include "frame/StartUp.h"
+#include "access/StartUp.h"
 
+#include "access/MainConnection.h"
 #include "access/ProgramLinks.h"
+#include "access/RunStart.h"
 #include "data/Environment.h"
 #include "data/PurgeOldData.h"
 #include "data/RunHistory.h"
-#include "frame/MainConnection.h"
 #include "frame/ProgramGlobals.h"
-#include "frame/RunStart.h"
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
@@ -43,10 +43,10 @@ void CloseAndRelease(bool open, platform::Connection& connection) {
 
 }  // namespace
 
-bool InitializeData() {
+bool InitializeData(int keyLength) {
     MeasureScreen();
     Globals().ProcCounter = 0;
-    const QString command = TrimBlanks(platform::Services().system->CommandLine());
+    const QString command = TrimBlanks(platform::Services().system->CommandLine()).leftJustified(keyLength, u' ');
     try {
         return OpenDataEnvironment(command);
     } catch (const platform::RuntimeError&) {

@@ -1,0 +1,61 @@
+#include "registration/Mod要員台帳更新.h"
+
+#include "access/CompanyInformation.h"
+#include "access/ProgramRights.h"
+#include "access/StartUp.h"
+#include "access/UserInformation.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+#include "registration/frm要員台帳更新.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Refuse(const QString& message) {
+    platform::Services().dialogs->ShowMessage(message);
+    LeaveRegistration();
+    return false;
+}
+
+/// The steps that can refuse the start, in their order.
+bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& command) {
+    if (!InitializeData(RegistrationCommand::kLength)) return Refuse(u"データベースが使用できません。"_s);
+    if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
+    if (!command.office.isEmpty()) Globals().ScopeOfficeCode = command.office;
+    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
+    if (command.staff.isEmpty()) return Refuse(u"担当者コードが指定されていません。"_s);
+    if (!form.OpenStore()) return Refuse(u"データベースが使用できません。"_s);
+    return true;
+}
+
+}  // namespace
+
+RegistrationCommand ParseRegistrationCommand(const QString& commandLine) {
+    const QString command = TrimBlanks(commandLine);
+    return {command.left(3), TrimBlanks(command.mid(3, 5))};
+}
+
+void LeaveRegistration() {
+    TerminateData();
+    platform::Services().processes->EndProcess(0);
+}
+
+void StartRegistration() {
+    ProgramGlobals& globals = Globals();
+    globals.ProgramId = globals.ReportName = u"要員台帳更新"_s;
+    globals.MenuName = u"販路推進データ管理"_s;
+    platform::Services().dialogs->defaultTitle = globals.ProgramId;
+    // Lives to the end of the process, which leaves without running destructors.
+    auto* form = new frm要員台帳更新(LeaveRegistration);
+    globals.MainForm = form;
+    const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());
+    if (!StartIsPossible(*form, command)) return;
+    if (!form->Open(command.staff)) {
+        Refuse(u"担当者コード %1 は登録されていません。"_s.arg(command.staff));
+        return;
+    }
+    ShowProgramTitle();
+    form->ShowModeless();
+}

@@ -1,0 +1,169 @@
+#include "registration/frm要員台帳更新.h"
+
+#include <QComboBox>
+
+#include "access/ProgramRights.h"
+#include "data/EraDates.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+#include "registration/RegistrationLooks.h"
+#include "registration/StaffChecks.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kChangeRight = 2, kDeleteRight = 3;
+
+bool MayDo(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
+
+/// "yyyymmdd hhnnss" as people write it, empty for none.
+QString StampForPeople(const QString& stamp) {
+    const QDateTime time = QDateTime::fromString(stamp, u"yyyyMMdd HHmmss"_s);
+    return time.isValid() ? time.toString(u"yyyy/MM/dd HH:mm:ss"_s) : stamp;
+}
+
+QString Notice(const QString& text, int bytes) {
+    const int over = OverflowCount(text, bytes);
+    return over > 0 ? QString::number(over) + u"文字オーバーです。"_s : QString();
+}
+
+}  // namespace
+
+frm要員台帳更新::frm要員台帳更新(std::function<void()> leave) : Form(u"frm要員台帳更新"_s), leave_(std::move(leave)) {
+    setWindowTitle(u"要員台帳更新"_s);
+    BuildRegistrationForm(*this);
+    WireItems();
+    Closing = EscapePressed = [this] { End(); };
+    Item(u"btn_保存"_s).Click = [this] { Save(); };
+    Item(u"btn_削除"_s).Click = [this] { Delete(); };
+    Item(u"btn_終了"_s).Click = [this] { End(); };
+}
+
+void frm要員台帳更新::WireItems() {
+    for (size_t i = 0; i < kStaffItemCount; ++i) {
+        Control& item = ItemOf(i);
+        Item(u"itm_ttl_"_s + item.Name()).Click = [&item] { item.SetFocus(); };
+        switch (kStaffItems[i].kind) {
+            case StaffItemKind::Code:
+                WireCode(i);
+                break;
+            case StaffItemKind::Date:
+                WireDate(i);
+                break;
+            default:
+                item.Change = [this, &item, bytes = kStaffItems[i].bytes] {
+                    Item(u"お知らせ"_s).SetCaption(Notice(item.Text(), bytes));
+                };
+        }
+    }
+}
+
+/// Code and list show one value: what is typed is sought in the list, what is chosen there is written as its code.
+void frm要員台帳更新::WireCode(size_t i) {
+    const StaffItem& design = kStaffItems[i];
+    Control &code = ItemOf(i), &list = Item(design.list.toString());
+    code.Change = [this, &code, &list, i] { list.SetListIndex(PlaceOfCode(masters_[i], code.Text())); };
+    code.LostFocus = [&code, mask = RepeatZero(design.bytes)] {
+        code.SetText(FormatCodeByMask(TrimBlanks(code.Text()), mask));
+    };
+    list.Click = [this, &code, &list, i] {
+        if (list.ListIndex() >= 0) code.SetText(masters_[i].at(list.ListIndex()).code);
+    };
+    code.DblClick = [&list] { static_cast<QComboBox&>(list.Widget()).showPopup(); };
+    code.KeyDown = [&code](int key) {
+        if (key == kKeyControl) code.DblClick();
+    };
+}
+
+void frm要員台帳更新::WireDate(size_t i) {
+    Control &date = ItemOf(i), &era = Item(date.Name() + u"年号"_s);
+    date.Change = [&date, &era] { era.SetCaption(IsDate(date.Text()) ? EraDateLong(date.Text()) : QString()); };
+}
+
+void frm要員台帳更新::FillLists() {
+    for (size_t i = 0; i < kStaffItemCount; ++i) {
+        if (kStaffItems[i].kind != StaffItemKind::Code) continue;
+        Control& list = Item(kStaffItems[i].list.toString());
+        list.ClearList();
+        for (const MasterEntry& entry : masters_[i]) list.AddItem(entry.name);
+        list.SetListIndex(-1);
+    }
+}
+
+bool frm要員台帳更新::Open(const QString& code) {
+    if (!store_.Load(code, record_)) return false;
+    masters_ = LoadStaffMasters();
+    FillLists();
+    ShowRecord();
+    store_.LogView(record_.担当者コード, ViewKind::Looked);
+    return true;
+}
+
+void frm要員台帳更新::ShowRecord() {
+    Item(u"担当者コード"_s).SetCaption(record_.担当者コード);
+    for (size_t i = 0; i < kStaffItemCount; ++i) {
+        ItemOf(i).SetText(record_.values[i]);
+        ItemOf(i).Change();  // also where the value is the one that stood there: its list and era may be new
+    }
+    for (const auto& [name, stamp] : {std::pair{u"登録日付"_s, record_.登録日付}, {u"更新日付"_s, record_.更新日付}})
+        Item(name).SetCaption(StampForPeople(stamp));
+    Item(u"お知らせ"_s).SetCaption(QString());
+    shown_ = Entered();
+}
+
+StaffValues frm要員台帳更新::Entered() const {
+    StaffValues values;
+    for (size_t i = 0; i < kStaffItemCount; ++i) values[i] = ItemOf(i).Text();
+    return values;
+}
+
+bool frm要員台帳更新::Object(const StaffValues& entered) {
+    const std::optional<Objection> objection = FindObjection(entered, shown_, masters_);
+    if (!objection) return false;
+    platform::Services().dialogs->ShowMessage(objection->message);
+    ItemOf(objection->item).SetFocus();
+    return true;
+}
+
+void frm要員台帳更新::Save() {
+    const StaffValues entered = Entered();
+    if (Object(entered) || !MayDo(kChangeRight)) return;
+    Conclude(store_.Save(record_, entered), u"データベースに問題が発生し修正できませんでした。"_s);
+}
+
+void frm要員台帳更新::Delete() {
+    const QString question = u"担当者コード %1 %2 を削除しますか?"_s.arg(record_.担当者コード, record_.values.front());
+    if (!MayDo(kDeleteRight) || !platform::Services().dialogs->Confirm(question)) return;
+    Conclude(store_.Delete(record_), u"データベースに問題が発生し削除できませんでした。"_s);
+}
+
+void frm要員台帳更新::Conclude(StoreOutcome outcome, const QString& failure) {
+    switch (outcome) {
+        case StoreOutcome::Done:
+            return leave_();
+        case StoreOutcome::Gone:
+            // There is nothing left to work on, and whoever started this program takes the row out of its list.
+            platform::Services().dialogs->ShowMessage(u"この担当者は他の端末で削除されています。"_s);
+            return leave_();
+        case StoreOutcome::Changed:
+            return OfferToReadAgain();
+        case StoreOutcome::Failed:
+            return platform::Services().dialogs->ShowMessage(failure);
+    }
+}
+
+/// What the clerk has typed is his to give up: with いいえ he can still copy it.
+void frm要員台帳更新::OfferToReadAgain() {
+    const bool wanted = platform::Services().dialogs->Confirm(
+        u"この担当者は他の端末で修正されています。入力を取り消して読み直しますか?"_s);
+    if (!wanted) return;
+    if (!Open(QString(record_.担当者コード))) Conclude(StoreOutcome::Gone, QString());
+}
+
+void frm要員台帳更新::End() {
+    const bool lost = Entered() != shown_;
+    if (lost && !platform::Services().dialogs->Confirm(u"修正が保存されていません。終了しますか?"_s)) return;
+    leave_();
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+class QCoreApplication;
+
+/// Japanese number and date forms, and Qt's own dialogs in Japanese, whatever the user's environment says.
+void SpeakJapanese(QCoreApplication& application);

@@ -1,0 +1,61 @@
+// The program itself, in a process of its own.
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+#include "registration/RegistrationFixture.h"
+#include "text/TimeStamp.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RegistrationProcess : public RegistrationTest {
+  protected:
+    RegistrationProcess() {
+        program = installation.ProgramFolder() + u"/要員台帳更新"_s;
+        EXPECT_TRUE(QFile::link(QStringLiteral(SUITE_PROGRAMS "/要員台帳更新"), program));
+        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        process.setProcessEnvironment(environment);
+    }
+    ~RegistrationProcess() override {
+        if (process.state() == QProcess::NotRunning) return;
+        process.kill();
+        process.waitForFinished();
+    }
+
+    /// Starts the program on a key and waits until `there`; then asks it to end.
+    void RunUntil(const QString& key, const std::function<bool()>& there) {
+        LeaveStartMessage(key, TimeStamp(QDateTime::currentDateTime()));
+        process.start(program, {key});
+        ASSERT_TRUE(QTest::qWaitFor(there, 30000));
+        process.terminate();
+        ASSERT_TRUE(process.waitForFinished(30000));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), 0);
+    }
+    void ExpectAnswer(const QString& key) const {
+        ASSERT_EQ(Messages().size(), 1);
+        EXPECT_EQ(Messages().first().mid(4, 2), (QStringList{u"99"_s, key}));
+        EXPECT_EQ(installation.HistoryTexts().last(), u"終了"_s);
+    }
+
+    QString program;
+    QProcess process;
+};
+
+}  // namespace
+
+TEST_F(RegistrationProcess, ATerminationRequestEndsTheRunAndAnswersTheStarter) {
+    RunUntil(u"00000007"_s, [this] { return ViewKinds() == QStringList{u"0"_s}; });
+    ExpectAnswer(u"00000007"_s);
+}
+
+TEST_F(RegistrationProcess, ATerminationRequestBehindAMessageBoxAnswersTheStarterToo) {
+    RunUntil(u"00099999"_s,
+             [this] { return installation.HistoryTexts().contains(u"開始 00099999"_s) && Messages().isEmpty(); });
+    ExpectAnswer(u"00099999"_s);
+}

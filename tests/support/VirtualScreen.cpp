@@ -1,0 +1,68 @@
+#include "support/VirtualScreen.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
+#include <algorithm>
+
+#include <sys/prctl.h>
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int kPatience = 60000;  // milliseconds
+}
+
+VirtualScreen::VirtualScreen() {
+    server_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    server_.start(u"Xvfb"_s,
+                  {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s, u"1152x864x24"_s});
+    // The server writes the number of its display when it is ready.
+    while (!server_.canReadLine())
+        if (!server_.waitForReadyRead(kPatience)) return;
+    display_ = u':' + QString::fromLatin1(server_.readLine()).trimmed();
+}
+
+VirtualScreen::~VirtualScreen() {
+    server_.terminate();
+    server_.waitForFinished();
+}
+
+bool VirtualScreen::Work(const QStringList& arguments, QString* output) const {
+    QProcess hand;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"DISPLAY"_s, display_);
+    hand.setProcessEnvironment(environment);
+    hand.start(u"xdotool"_s, arguments);
+    const bool done =
+        hand.waitForFinished(kPatience) && hand.exitStatus() == QProcess::NormalExit && hand.exitCode() == 0;
+    if (output != nullptr) *output = QString::fromLatin1(hand.readAllStandardOutput());
+    return done;
+}
+
+QStringList VirtualScreen::Windows() const {
+    QString found;
+    Work({u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"."_s}, &found);
+    return found.split(u'\n', Qt::SkipEmptyParts);
+}
+
+QString VirtualScreen::NewestOf(int windows) const {
+    const QDeadlineTimer end(kPatience);
+    QStringList found;
+    // Windows are numbered in the order of their making within a program.
+    for (; found.size() != windows; found = Windows()) {
+        if (end.hasExpired()) return {};
+        QThread::msleep(20);
+    }
+    std::sort(found.begin(), found.end(),
+              [](const QString& a, const QString& b) { return a.toLongLong() < b.toLongLong(); });
+    return found.last();
+}
+
+bool VirtualScreen::Press(const QString& window, const QStringList& keys) const {
+    return Work(QStringList{u"windowfocus"_s, u"--sync"_s, window, u"key"_s} + keys);
+}
+
+bool VirtualScreen::Type(const QString& window, const QString& text) const {
+    return Work({u"windowfocus"_s, u"--sync"_s, window, u"type"_s, text});
+}

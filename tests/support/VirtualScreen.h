@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// A screen of its own for the programs that a test starts, with somebody at its keyboard. Ends with the object, and
+/// with the test's process.
+class VirtualScreen {
+  public:
+    VirtualScreen();
+    ~VirtualScreen();
+
+    /// Name of the display, empty when no screen could be made.
+    const QString& Display() const { return display_; }
+
+    /// Waits until exactly so many windows show, and gives the one that came last; empty when they don't come.
+    QString NewestOf(int windows) const;
+    /// Presses keys in a window, by the names of the window system ("ctrl+a", "space").
+    bool Press(const QString& window, const QStringList& keys) const;
+    bool Type(const QString& window, const QString& text) const;
+
+  private:
+    QStringList Windows() const;
+    bool Work(const QStringList& arguments, QString* output = nullptr) const;
+
+    QProcess server_;
+    QString display_;
+};
