@@ -2,24 +2,37 @@
 
 namespace {
 
+constexpr MasterColumn<EstablishmentRecord> kCommonColumns[] = {
+    {u"名称", &EstablishmentRecord::名称},
+    {u"郵便番号", &EstablishmentRecord::郵便番号},
+    {u"住所A", &EstablishmentRecord::住所A},
+    {u"住所B", &EstablishmentRecord::住所B},
+    {u"住所C", &EstablishmentRecord::住所C},
+    {u"代表者名", &EstablishmentRecord::代表者名},
+    {u"電話", &EstablishmentRecord::電話},
+    {u"FAX", &EstablishmentRecord::FAX},
+    {u"HOMEPAGE", &EstablishmentRecord::HOMEPAGE},
+    {u"EMAIL", &EstablishmentRecord::EMAIL},
+    {u"銀行口座A", &EstablishmentRecord::銀行口座A},
+    {u"銀行口座B", &EstablishmentRecord::銀行口座B},
+    {u"銀行口座C", &EstablishmentRecord::銀行口座C},
+    {u"銀行口座D", &EstablishmentRecord::銀行口座D},
+    {u"総合振込ファイル", &EstablishmentRecord::総合振込ファイル},
+    {u"基本読込フォルダ", &EstablishmentRecord::基本読込フォルダ},
+    {u"帳票イメージフォルダ", &EstablishmentRecord::帳票イメージフォルダ},
+    {u"その他読込ファイル", &EstablishmentRecord::その他読込ファイル},
+    {u"本支店連携フォルダ", &EstablishmentRecord::本支店連携フォルダ},
+    {u"テキスト出力フォルダ", &EstablishmentRecord::テキスト出力フォルダ},
+    {u"BACKUPフォルダ", &EstablishmentRecord::BACKUPフォルダ},
+    {u"暗証番号有無", &EstablishmentRecord::暗証番号有無},
+    {u"特権暗証番号", PinField<EstablishmentRecord>{&EstablishmentRecord::特権暗証番号}},
+    {u"更新実行区分", &EstablishmentRecord::更新実行区分},
+};
+
 constexpr MasterColumn<CompanyRecord> kCompanyColumns[] = {
     {u"ID", &CompanyRecord::ID},
-    {u"名称", &CompanyRecord::名称},
-    {u"郵便番号", &CompanyRecord::郵便番号},
-    {u"住所A", &CompanyRecord::住所A},
-    {u"住所B", &CompanyRecord::住所B},
-    {u"住所C", &CompanyRecord::住所C},
-    {u"代表者名", &CompanyRecord::代表者名},
-    {u"電話", &CompanyRecord::電話},
-    {u"FAX", &CompanyRecord::FAX},
-    {u"HOMEPAGE", &CompanyRecord::HOMEPAGE},
-    {u"EMAIL", &CompanyRecord::EMAIL},
     {u"会社ロゴfile", &CompanyRecord::会社ロゴfile},
     {u"社印file", &CompanyRecord::社印file},
-    {u"銀行口座A", &CompanyRecord::銀行口座A},
-    {u"銀行口座B", &CompanyRecord::銀行口座B},
-    {u"銀行口座C", &CompanyRecord::銀行口座C},
-    {u"銀行口座D", &CompanyRecord::銀行口座D},
     {u"決算月", &CompanyRecord::決算月},
     {u"決算日", &CompanyRecord::決算日},
     {u"締日区分", &CompanyRecord::締日区分},
@@ -44,13 +57,6 @@ constexpr MasterColumn<CompanyRecord> kCompanyColumns[] = {
     {u"仕入先単価自動更新区分", &CompanyRecord::仕入先単価自動更新区分},
     {u"写真フォルダ", &CompanyRecord::写真フォルダ},
     {u"ドキュメントフォルダ", &CompanyRecord::ドキュメントフォルダ},
-    {u"総合振込ファイル", &CompanyRecord::総合振込ファイル},
-    {u"基本読込フォルダ", &CompanyRecord::基本読込フォルダ},
-    {u"帳票イメージフォルダ", &CompanyRecord::帳票イメージフォルダ},
-    {u"その他読込ファイル", &CompanyRecord::その他読込ファイル},
-    {u"本支店連携フォルダ", &CompanyRecord::本支店連携フォルダ},
-    {u"テキスト出力フォルダ", &CompanyRecord::テキスト出力フォルダ},
-    {u"BACKUPフォルダ", &CompanyRecord::BACKUPフォルダ},
     {u"明細保存月数", &CompanyRecord::明細保存月数},
     {u"統計保存年数", &CompanyRecord::統計保存年数},
     {u"整理実施可能日自", &CompanyRecord::整理実施可能日自},
@@ -59,44 +65,24 @@ constexpr MasterColumn<CompanyRecord> kCompanyColumns[] = {
     {u"明細整理実行日", &CompanyRecord::明細整理実行日},
     {u"統計整理実行日", &CompanyRecord::統計整理実行日},
     {u"伝票番号管理区分", &CompanyRecord::伝票番号管理区分},
-    {u"暗証番号有無", &CompanyRecord::暗証番号有無},
-    {u"特権暗証番号", PinField<CompanyRecord>{&CompanyRecord::特権暗証番号}},
-    {u"更新実行区分", &CompanyRecord::更新実行区分},
     {u"システム特権暗証番号", PinField<CompanyRecord>{&CompanyRecord::システム特権暗証番号}},
     {u"登録日付", &CompanyRecord::登録日付},
     {u"更新日付", &CompanyRecord::更新日付},
 };
 
 constexpr MasterColumn<OfficeRecord> kOfficeColumns[] = {
-    {u"名称", &OfficeRecord::名称},
-    {u"郵便番号", &OfficeRecord::郵便番号},
-    {u"住所A", &OfficeRecord::住所A},
-    {u"住所B", &OfficeRecord::住所B},
-    {u"住所C", &OfficeRecord::住所C},
-    {u"代表者名", &OfficeRecord::代表者名},
-    {u"電話", &OfficeRecord::電話},
-    {u"FAX", &OfficeRecord::FAX},
     {u"登録番号", &OfficeRecord::登録番号},
-    {u"HOMEPAGE", &OfficeRecord::HOMEPAGE},
-    {u"EMAIL", &OfficeRecord::EMAIL},
-    {u"銀行口座A", &OfficeRecord::銀行口座A},
-    {u"銀行口座B", &OfficeRecord::銀行口座B},
-    {u"銀行口座C", &OfficeRecord::銀行口座C},
-    {u"銀行口座D", &OfficeRecord::銀行口座D},
-    {u"総合振込ファイル", &OfficeRecord::総合振込ファイル},
-    {u"基本読込フォルダ", &OfficeRecord::基本読込フォルダ},
-    {u"帳票イメージフォルダ", &OfficeRecord::帳票イメージフォルダ},
-    {u"その他読込ファイル", &OfficeRecord::その他読込ファイル},
-    {u"本支店連携フォルダ", &OfficeRecord::本支店連携フォルダ},
-    {u"テキスト出力フォルダ", &OfficeRecord::テキスト出力フォルダ},
-    {u"BACKUPフォルダ", &OfficeRecord::BACKUPフォルダ},
     {u"地区コード", &OfficeRecord::地区コード},
-    {u"暗証番号有無", &OfficeRecord::暗証番号有無},
-    {u"特権暗証番号", PinField<OfficeRecord>{&OfficeRecord::特権暗証番号}},
-    {u"更新実行区分", &OfficeRecord::更新実行区分},
 };
 
 }  // namespace
 
-std::span<const MasterColumn<CompanyRecord>> CompanyColumns() { return kCompanyColumns; }
-std::span<const MasterColumn<OfficeRecord>> OfficeColumns() { return kOfficeColumns; }
+void TakeCompany(const platform::Recordset& row, CompanyRecord& target) {
+    TakeColumns<EstablishmentRecord>(row, kCommonColumns, target);
+    TakeColumns<CompanyRecord>(row, kCompanyColumns, target);
+}
+
+void TakeOffice(const platform::Recordset& row, OfficeRecord& target) {
+    TakeColumns<EstablishmentRecord>(row, kCommonColumns, target);
+    TakeColumns<OfficeRecord>(row, kOfficeColumns, target);
+}

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <span>
-
 #include "access/CompanyRecord.h"
 #include "access/MasterColumns.h"
 
-/// Columns of Mユーザ.
-std::span<const MasterColumn<CompanyRecord>> CompanyColumns();
-/// Columns of M事業所 but コード, which the operating office alone takes.
-std::span<const MasterColumn<OfficeRecord>> OfficeColumns();
+/// Fills the record from a row of Mユーザ. A Null leaves its field as it was; platform::DatabaseError when the row
+/// lacks a column.
+void TakeCompany(const platform::Recordset& row, CompanyRecord& target);
+/// The same from a row of M事業所, but for コード, which the operating office alone takes.
+void TakeOffice(const platform::Recordset& row, OfficeRecord& target);

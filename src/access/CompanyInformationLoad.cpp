@@ -14,7 +14,7 @@ bool LoadCompany() {
     const bool found = OpenRecordset(row, u"SELECT * FROM Mユーザ WHERE ID = '0001'"_s, false);
     if (found) {
         CompanyRecord& company = Globals().Company;
-        TakeColumns(row, CompanyColumns(), company);
+        TakeCompany(row, company);
         Globals().PinRequired = company.暗証番号有無;
     }
     row.Close();

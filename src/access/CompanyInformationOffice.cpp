@@ -13,26 +13,18 @@ namespace {
 
 const QString kWholeCompany = u"000"_s;
 
-struct OverridingColumn {
-    QString CompanyRecord::*company;
-    QString OfficeRecord::*office;
-};
-
-constexpr std::array kOverridingColumns = {
-    OverridingColumn{&CompanyRecord::総合振込ファイル, &OfficeRecord::総合振込ファイル},
-    OverridingColumn{&CompanyRecord::基本読込フォルダ, &OfficeRecord::基本読込フォルダ},
-    OverridingColumn{&CompanyRecord::帳票イメージフォルダ, &OfficeRecord::帳票イメージフォルダ},
-    OverridingColumn{&CompanyRecord::その他読込ファイル, &OfficeRecord::その他読込ファイル},
-    OverridingColumn{&CompanyRecord::本支店連携フォルダ, &OfficeRecord::本支店連携フォルダ},
-    OverridingColumn{&CompanyRecord::テキスト出力フォルダ, &OfficeRecord::テキスト出力フォルダ},
-    OverridingColumn{&CompanyRecord::BACKUPフォルダ, &OfficeRecord::BACKUPフォルダ},
+constexpr std::array<QString EstablishmentRecord::*, 7> kOverridingFolders = {
+    &EstablishmentRecord::総合振込ファイル,     &EstablishmentRecord::基本読込フォルダ,
+    &EstablishmentRecord::帳票イメージフォルダ, &EstablishmentRecord::その他読込ファイル,
+    &EstablishmentRecord::本支店連携フォルダ,   &EstablishmentRecord::テキスト出力フォルダ,
+    &EstablishmentRecord::BACKUPフォルダ,
 };
 
 void TakeOperatingOffice(const platform::Recordset& row) {
     ProgramGlobals& globals = Globals();
     TakeText(row[u"コード"], globals.Office.コード);
     globals.Environment.OperatingOfficeCode = globals.Office.コード;
-    TakeColumns(row, OfficeColumns(), globals.Office);
+    TakeOffice(row, globals.Office);
 }
 
 /// The two numbers count as they are, a Null as 0, so an office without a word waives the PIN; a folder counts only
@@ -41,9 +33,9 @@ void OverrideCompany() {
     ProgramGlobals& globals = Globals();
     globals.PinRequired = globals.Office.暗証番号有無;
     globals.Company.更新実行区分 = globals.Office.更新実行区分;
-    for (const OverridingColumn& column : kOverridingColumns) {
-        const QString& own = globals.Office.*column.office;
-        if (!own.isEmpty()) globals.Company.*column.company = own;
+    for (const auto folder : kOverridingFolders) {
+        const QString& own = globals.Office.*folder;
+        if (!own.isEmpty()) globals.Company.*folder = own;
     }
 }
 
@@ -76,6 +68,6 @@ void SetOperatingOffice(const QString& code) {
 
 void LoadOutputOffice(const QString& code) {
     platform::Recordset row;
-    if (OpenRecordset(row, OfficeStatement(code), false)) TakeColumns(row, OfficeColumns(), Globals().OutputOffice);
+    if (OpenRecordset(row, OfficeStatement(code), false)) TakeOffice(row, Globals().OutputOffice);
     CloseQuietly(row);
 }

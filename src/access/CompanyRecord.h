@@ -3,11 +3,22 @@
 #include <QString>
 #include <array>
 
+/// What a company and its offices both have. An office may override the company in the folders, in 暗証番号有無 and in
+/// 更新実行区分.
+struct EstablishmentRecord {
+    QString 名称, 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, HOMEPAGE, EMAIL;
+    QString 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D;
+    QString 総合振込ファイル, 基本読込フォルダ, 帳票イメージフォルダ, その他読込ファイル, 本支店連携フォルダ,
+        テキスト出力フォルダ, BACKUPフォルダ;
+    int 暗証番号有無 = 0;
+    QString 特権暗証番号;  ///< in clear; that of the operating office opens the PIN dialog for any staff code
+    int 更新実行区分 = 0;
+};
+
 /// The row '0001' of Mユーザ. A Null leaves its field empty or 0. After the office has been read, its folders and its
 /// 更新実行区分 stand here where it has its own.
-struct CompanyRecord {
-    QString ID, 名称, 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, HOMEPAGE, EMAIL;
-    QString 会社ロゴfile, 社印file, 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D;
+struct CompanyRecord : EstablishmentRecord {
+    QString ID, 会社ロゴfile, 社印file;
     int 決算月 = 0, 決算日 = 0, 締日区分 = 0, 締日 = 0, 決済方法 = 0, 決済月 = 0, 決済日 = 0;
     double 現金決済金額 = 0;
     int 手形サイト = 0, 売上金額丸め方法 = 0, 仕入金額丸め方法 = 0, 在庫評価方法 = 0;
@@ -15,26 +26,16 @@ struct CompanyRecord {
     int 在庫単価少数以下桁数 = 0, 在庫数量少数以下桁数 = 0, 重量少数以下桁数 = 0;
     int 得意先単価自動更新区分 = 0, 納品先単価自動更新区分 = 0, 仕入先単価自動更新区分 = 0;
     QString 写真フォルダ, ドキュメントフォルダ;
-    QString 総合振込ファイル, 基本読込フォルダ, 帳票イメージフォルダ, その他読込ファイル, 本支店連携フォルダ,
-        テキスト出力フォルダ, BACKUPフォルダ;
     int 明細保存月数 = 0, 統計保存年数 = 0, 整理実施可能日自 = 0, 整理実施可能日至 = 0, 整理実施可能時刻 = 0;
     QString 明細整理実行日, 統計整理実行日;
-    int 伝票番号管理区分 = 0, 暗証番号有無 = 0;
-    QString 特権暗証番号;  ///< in clear
-    int 更新実行区分 = 0;
+    int 伝票番号管理区分 = 0;
     QString システム特権暗証番号;  ///< in clear
     QString 登録日付, 更新日付;
 };
 
 /// A row of M事業所.
-struct OfficeRecord {
-    QString コード, 名称, 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, 登録番号, HOMEPAGE, EMAIL;
-    QString 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D;
-    QString 総合振込ファイル, 基本読込フォルダ, 帳票イメージフォルダ, その他読込ファイル, 本支店連携フォルダ,
-        テキスト出力フォルダ, BACKUPフォルダ, 地区コード;
-    int 暗証番号有無 = 0;
-    QString 特権暗証番号;  ///< in clear; opens the PIN dialog for any staff code
-    int 更新実行区分 = 0;
+struct OfficeRecord : EstablishmentRecord {
+    QString コード, 登録番号, 地区コード;
 };
 
 /// Partner systems by slot; the last two slots hold the same row. Loaded for the suite's common record, used by

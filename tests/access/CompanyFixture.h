@@ -67,3 +67,32 @@ inline QString AsText(double value) { return QString::number(value); }
 /// The field holds what was written into the column of its name.
 #define EXPECT_HOLDS(record, numbers, field) \
     EXPECT_EQ(AsText((record).field), (numbers)[QStringLiteral(#field)]) << #field
+
+/// What company and office have in common, whose PIN was stored through MarkingPins.
+inline void ExpectCommonColumns(const EstablishmentRecord& record, QHash<QString, QString> numbers) {
+    numbers[QStringLiteral("特権暗証番号")].prepend(QStringLiteral("clear:"));
+    EXPECT_HOLDS(record, numbers, 名称);
+    EXPECT_HOLDS(record, numbers, 郵便番号);
+    EXPECT_HOLDS(record, numbers, 住所A);
+    EXPECT_HOLDS(record, numbers, 住所B);
+    EXPECT_HOLDS(record, numbers, 住所C);
+    EXPECT_HOLDS(record, numbers, 代表者名);
+    EXPECT_HOLDS(record, numbers, 電話);
+    EXPECT_HOLDS(record, numbers, FAX);
+    EXPECT_HOLDS(record, numbers, HOMEPAGE);
+    EXPECT_HOLDS(record, numbers, EMAIL);
+    EXPECT_HOLDS(record, numbers, 銀行口座A);
+    EXPECT_HOLDS(record, numbers, 銀行口座B);
+    EXPECT_HOLDS(record, numbers, 銀行口座C);
+    EXPECT_HOLDS(record, numbers, 銀行口座D);
+    EXPECT_HOLDS(record, numbers, 総合振込ファイル);
+    EXPECT_HOLDS(record, numbers, 基本読込フォルダ);
+    EXPECT_HOLDS(record, numbers, 帳票イメージフォルダ);
+    EXPECT_HOLDS(record, numbers, その他読込ファイル);
+    EXPECT_HOLDS(record, numbers, 本支店連携フォルダ);
+    EXPECT_HOLDS(record, numbers, テキスト出力フォルダ);
+    EXPECT_HOLDS(record, numbers, BACKUPフォルダ);
+    EXPECT_HOLDS(record, numbers, 暗証番号有無);
+    EXPECT_HOLDS(record, numbers, 特権暗証番号);
+    EXPECT_HOLDS(record, numbers, 更新実行区分);
+}

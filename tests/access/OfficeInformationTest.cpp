@@ -9,39 +9,14 @@ using OfficeInformation = WithCompany;
 const QString kCorrection =
     u"出力終了 UPDATE 動作環境定義 SET  運用事業所コード = ''000'' WHERE 動作環境定義ID = ''001''"_s;
 
-void ExpectOffice(const OfficeRecord& o, QHash<QString, QString> n) {
-    n[u"特権暗証番号"_s] = u"clear:"_s + n[u"特権暗証番号"_s];
-    EXPECT_HOLDS(o, n, 名称);
-    EXPECT_HOLDS(o, n, 郵便番号);
-    EXPECT_HOLDS(o, n, 住所A);
-    EXPECT_HOLDS(o, n, 住所B);
-    EXPECT_HOLDS(o, n, 住所C);
-    EXPECT_HOLDS(o, n, 代表者名);
-    EXPECT_HOLDS(o, n, 電話);
-    EXPECT_HOLDS(o, n, FAX);
+void ExpectOffice(const OfficeRecord& o, const QHash<QString, QString>& n) {
+    ExpectCommonColumns(o, n);
     EXPECT_HOLDS(o, n, 登録番号);
-    EXPECT_HOLDS(o, n, HOMEPAGE);
-    EXPECT_HOLDS(o, n, EMAIL);
-    EXPECT_HOLDS(o, n, 銀行口座A);
-    EXPECT_HOLDS(o, n, 銀行口座B);
-    EXPECT_HOLDS(o, n, 銀行口座C);
-    EXPECT_HOLDS(o, n, 銀行口座D);
-    EXPECT_HOLDS(o, n, 総合振込ファイル);
-    EXPECT_HOLDS(o, n, 基本読込フォルダ);
-    EXPECT_HOLDS(o, n, 帳票イメージフォルダ);
-    EXPECT_HOLDS(o, n, その他読込ファイル);
-    EXPECT_HOLDS(o, n, 本支店連携フォルダ);
-    EXPECT_HOLDS(o, n, テキスト出力フォルダ);
-    EXPECT_HOLDS(o, n, BACKUPフォルダ);
     EXPECT_HOLDS(o, n, 地区コード);
-    EXPECT_HOLDS(o, n, 暗証番号有無);
-    EXPECT_HOLDS(o, n, 特権暗証番号);
-    EXPECT_HOLDS(o, n, 更新実行区分);
 }
 
-/// The folders in which an office may differ from its company, of either record.
-template <typename Record>
-QStringList Folders(const Record& r) {
+/// The folders in which an office may differ from its company.
+QStringList Folders(const EstablishmentRecord& r) {
     return {r.総合振込ファイル,   r.基本読込フォルダ,     r.帳票イメージフォルダ, r.その他読込ファイル,
             r.本支店連携フォルダ, r.テキスト出力フォルダ, r.BACKUPフォルダ};
 }

@@ -16,6 +16,9 @@ inline void PrintTo(const QString& text, std::ostream* out) {
         *out << '"' << text.toStdString() << '"';
 }
 inline void PrintTo(const QStringList& texts, std::ostream* out) {
-    *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
+    if (texts.isEmpty())
+        *out << "[]";
+    else
+        *out << "[\"" << texts.join(QStringLiteral("\", \"")).toStdString() << "\"]";
 }
 inline void PrintTo(const QColor& color, std::ostream* out) { *out << color.name().toStdString(); }
