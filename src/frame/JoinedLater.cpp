@@ -1,9 +1,5 @@
 #include "frame/JoinedLater.h"
 
-void ReceiveStartLink(const QString&, const QString&) {}
-void WriteEndLink(const QString&) {}
-void LaunchStaffRegistration(int) {}
-
 void PrepareUserConfig() {}
 
 void OpenSelectionWindow(const QString&) {}

@@ -24,6 +24,11 @@ std::vector<Form*>& Loaded() {
 
 const std::vector<Form*>& LoadedForms() { return Loaded(); }
 
+Form* LoadedForm(const QString& name) {
+    const auto form = std::find_if(Loaded().begin(), Loaded().end(), [&](const Form* f) { return f->Name() == name; });
+    return form == Loaded().end() ? nullptr : *form;
+}
+
 Form::Form(QString name) : name_(std::move(name)) {
     setObjectName(name_);
     Watch(*this);
