@@ -110,9 +110,10 @@ void Form::PlaceOverOwner() {
     const QWidget* owner = front != nullptr ? front : OpenedFrom();
     const bool beside = owner != nullptr && owner != this && owner->isVisible();
     const QPoint middle = beside ? owner->frameGeometry().center() : area.center();
-    const QPoint corner = middle - QPoint(width() / 2, (height() + kFrameHeight / kTwipsPerPixel) / 2);
-    const int right = qMax(area.left(), area.right() - width());
-    const int bottom = qMax(area.top(), area.bottom() - height());
+    const QSize framed = size() + QSize(kFrameWidth, kFrameHeight) / kTwipsPerPixel;
+    const QPoint corner = middle - QPoint(width() / 2, framed.height() / 2);
+    const int right = qMax(area.left(), area.right() - framed.width());
+    const int bottom = qMax(area.top(), area.bottom() - framed.height());
     move(qBound(area.left(), corner.x(), right), qBound(area.top(), corner.y(), bottom));
 }
 

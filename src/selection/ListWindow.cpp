@@ -2,7 +2,6 @@
 
 #include "frame/ProgramGlobals.h"
 #include "selection/ListWindowLooks.h"
-#include "selection/LookupReturn.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,7 +10,6 @@ ListWindow::ListWindow(ListWindowDefinition definition) : Form(definition.name),
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     BuildListFrame(*this, definition_);
     List().ColumnClick = [this](int column) { SortByColumn(column); };
-    if (definition_.use == ListUse::Lookup) WireLookup(*this);
     EscapePressed = Closing = [this] { Item(u"btn_戻る"_s).Click(); };
     Load = [this] { OnLoad(); };
 }

@@ -7,8 +7,8 @@
 
 /// What all list windows have in common: a title, a list, btn_戻る. Column titles sort, Esc and the close box run
 /// btn_戻る. It is loaded once, when it is shown first: Prepare, the columns, LoadList, nothing selected. Made with
-/// new. The classes derived build the rest and say what is queried; what a chosen row and btn_戻る do is wired by
-/// ListUse.
+/// new. The classes derived build the rest and say what is queried; what a chosen row and btn_戻る do is wired by who
+/// makes the window (LookupReturn).
 class ListWindow : public Form {
   public:
     explicit ListWindow(ListWindowDefinition definition);

@@ -10,11 +10,6 @@ struct ListColumn {
     QString field;
 };
 
-/// What the user can do with the rows of a list window.
-enum class ListUse {
-    Lookup,  ///< Enter or a click brings one code back to the caller
-};
-
 /// What tells the list windows apart.
 struct ListWindowDefinition {
     QString name;     ///< of the form
@@ -22,7 +17,6 @@ struct ListWindowDefinition {
     QString title;    ///< at the top of the window
     QString list;     ///< name of the list control
     QList<ListColumn> columns;
-    ListUse use = ListUse::Lookup;
     /// Lookups: in a program whose main form bears this word the window is unloaded when it closes, since that program
     /// changes the rows it shows. Elsewhere it is hidden and keeps them.
     QString unloadWord;

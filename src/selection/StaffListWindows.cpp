@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "selection/LookupReturn.h"
 #include "selection/StaffListWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -18,9 +19,7 @@ QList<ListColumn> Columns(int codeWidth) {
 
 const QList<StaffListDefinition>& Definitions() {
     static const QList<StaffListDefinition> definitions = {
-        {{u"wnd担当者一覧"_s, u"担当者一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(750), ListUse::Lookup,
-          u"要員台帳更新"_s},
-         0},
+        {{u"wnd担当者一覧"_s, u"担当者一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(750), u"要員台帳更新"_s}, 0},
     };
     return definitions;
 }
@@ -30,5 +29,8 @@ const QList<StaffListDefinition>& Definitions() {
 ListWindow* MakeStaffListWindow(const QString& name) {
     const auto& all = Definitions();
     const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
-    return found == all.end() ? nullptr : new StaffListWindow(*found);
+    if (found == all.end()) return nullptr;
+    auto* window = new StaffListWindow(*found);
+    WireLookup(*window);
+    return window;
 }

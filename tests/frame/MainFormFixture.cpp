@@ -10,11 +10,6 @@
 using namespace Qt::StringLiterals;
 
 void MainFormTest::TearDown() {
-    // List windows that were only hidden stay loaded to the end of the program.
-    const std::vector<Form*> forms = LoadedForms();
-    for (Form* form : forms) {
-        if (form != Globals().MainForm) delete form;
-    }
     delete Globals().MainForm;
     Globals().MainForm = nullptr;
     // The windows that were opened from it live hidden to the end of the program.

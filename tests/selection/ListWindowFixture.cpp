@@ -21,11 +21,10 @@ ListWindowTest::ListWindowTest() {
 }
 
 ListWindowTest::~ListWindowTest() {
-    const std::vector<Form*> forms = LoadedForms();
-    for (Form* form : forms) {
-        if (form != caller_.get()) delete form;
-    }
+    caller_.reset();
     Globals().MainForm = nullptr;
+    // The windows that were opened from it live hidden to the end of the program.
+    while (!LoadedForms().empty()) delete LoadedForms().back();
 }
 
 void ListWindowTest::UseMainForm(const QString& name) {

@@ -143,9 +143,9 @@ TEST_F(MasterListWindowTest, StatusBeyondTheListShowsNoEntryAndFindsNothing) {
 }
 
 TEST_F(MasterListWindowTest, ConditionThatNoCallerWritesLeavesThePositionsEmptyAndAnErrorInTheHistory) {
-    EXPECT_EQ(Shown(u"wnd役職一覧"_s, u"そんな条件 は'ない"_s), QStringList());
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s, u"そんな条件 は ない"_s), QStringList());
     EXPECT_TRUE(
-        History().last().endsWith(u"SELECT コード,名称 FROM M役職 WHERE そんな条件 は'ない ORDER BY M役職.コード"_s))
+        History().last().endsWith(u"SELECT コード,名称 FROM M役職 WHERE そんな条件 は ない ORDER BY M役職.コード"_s))
         << History().last().toStdString();
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }

@@ -2,13 +2,17 @@
 #include "selection/ListWindowFixture.h"
 
 #include <QHeaderView>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString kWindow = u"wnd担当者一覧"_s;
+
+QStringList Distinct(QStringList texts) {
+    texts.removeDuplicates();
+    return texts;
+}
 
 }  // namespace
 
@@ -114,7 +118,7 @@ TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
              EXPECT_EQ(hands.Text(u"部門名"_s), u"総務部"_s);
              EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
              EXPECT_EQ(hands.Text(u"セクション名"_s), u"総務課"_s);
-             EXPECT_EQ(QSet<QString>(hands.Column(3).begin(), hands.Column(3).end()), QSet<QString>{u"総務部"_s});
+             EXPECT_EQ(Distinct(hands.Column(3)), QStringList{u"総務部"_s});
              GoBack(hands);
          }});
 }
@@ -293,7 +297,7 @@ TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
     EXPECT_TRUE(
         History().last().endsWith(u"SELECT TOP 1000 M担当者.コード,M担当者.氏名,M事業所.名称 AS 事業所名,M部門.名称 AS "
                                   u"部門名,Mセクション.名称 AS "
-                                  u"セクション名 WHERE M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s))
+                                  u"セクション名 WHERE M担当者.在籍区分 = ''0'' ORDER BY M担当者.コード"_s))
         << History().last().toStdString();
 }
 
@@ -387,7 +391,7 @@ TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAn
               EXPECT_FALSE(Caller().Enabled());
               hands.Press(Qt::Key_Return);
               EXPECT_FALSE(hands.Codes().isEmpty());
-              EXPECT_EQ(QSet<QString>(hands.Column(3).begin(), hands.Column(3).end()), QSet<QString>{u"経理部"_s});
+              EXPECT_EQ(Distinct(hands.Column(3)), QStringList{u"経理部"_s});
               hands.ClickRow(0);
           },
           [&](const FormHands& hands) {

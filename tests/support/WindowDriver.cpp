@@ -7,14 +7,21 @@
 
 #include "screen/Form.h"
 
+namespace {
+constexpr int kPause = 5;  // milliseconds between two looks
+}
+
 WindowDriver::WindowDriver(QList<Work> works) : works_(std::move(works)) {
     QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+    timer_.setSingleShot(true);
     timer_.start(0);
 }
 
 WindowDriver::~WindowDriver() { EXPECT_TRUE(works_.isEmpty()) << works_.size() << " windows did not come up"; }
 
 void WindowDriver::Look() {
+    // A timer does not fire again while its own work is going on, and the work may open a further window.
+    timer_.start(kPause);
     auto* window = dynamic_cast<Form*>(QApplication::activeModalWidget());
     if (window == nullptr || atWork_.contains(window)) return;
     ++opened_;
