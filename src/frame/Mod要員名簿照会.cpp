@@ -2,11 +2,11 @@
 
 #include "access/ConditionLabels.h"
 #include "access/ProgramRights.h"
+#include "access/StartUp.h"
+#include "access/UserInformation.h"
 #include "frame/FirstListPicture.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/StartCommand.h"
-#include "access/StartUp.h"
-#include "access/UserInformation.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
 #include "mainform/frm要員名簿照会.h"

@@ -3,11 +3,11 @@
 #include <QDir>
 #include <QFile>
 
-#include "data/DataFixture.h"
-#include "data/RunHistory.h"
 #include "access/MainConnection.h"
 #include "access/RunStart.h"
 #include "access/UserInformation.h"
+#include "data/DataFixture.h"
+#include "data/RunHistory.h"
 
 using namespace Qt::StringLiterals;
 
