@@ -1,12 +1,58 @@
 #include "platform/ProcessService.h"
 
+#include <poll.h>
+
+#include <unistd.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QThread>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/ChildProcess.h"
+#include "platform/ProcessDescriptor.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
 namespace platform {
+namespace {
+
+/// An open process: the descriptor can't come to mean another process when the id is used again.
+struct OpenedProcess {
+    int descriptor = -1;
+    bool ended = false;
+    int exitCode = 0;
+};
+
+// Handles count from beyond every process id, so that an id is never mistaken for a handle.
+constexpr quint32 kFirstHandle = 0x40000001;
+
+QHash<quint32, OpenedProcess>& Handles() {
+    static QHash<quint32, OpenedProcess> handles;
+    return handles;
+}
+
+bool Look(OpenedProcess& process) {
+    process.ended = process.ended || HasEnded(process.descriptor, process.exitCode);
+    return process.ended;
+}
+
+QString ProgramFile(const QString& named) {
+    QString file = named;
+    file.replace(u'\\', u'/');
+    const QString suffix = u".exe"_s;
+    if (!QFileInfo(file).isFile() && file.endsWith(suffix, Qt::CaseInsensitive)) file.chop(suffix.size());
+    return file;
+}
+
+}  // namespace
 
 void HostProcessService::EndProcess(int exitCode) {
     std::fflush(nullptr);
@@ -15,8 +61,55 @@ void HostProcessService::EndProcess(int exitCode) {
 }
 
 bool HostProcessService::OpenDocument(const QString& path, const QString& workingFolder) {
-    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s);
     return !opener.isEmpty() && QProcess::startDetached(opener, {path}, workingFolder);
 }
+
+quint32 HostProcessService::StartProcess(const QString& program, const QStringList& arguments, StartWindow window) {
+    const QString file = ProgramFile(program);
+    // A bare name must not start whatever lies in the working folder.
+    const int child = QDir::isAbsolutePath(file) && QFileInfo(file).isFile()
+                          ? StartChild(file, arguments, window == StartWindow::Hidden)
+                          : 0;
+    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム %1 を起動できません。"_s.arg(program));
+    return static_cast<quint32>(child);
+}
+
+quint32 HostProcessService::OpenProcess(quint32 /*access*/, bool /*inherit*/, quint32 processId) {
+    const int descriptor = processId == 0 ? -1 : ::pidfd_open(static_cast<pid_t>(processId), 0);
+    if (descriptor < 0) return 0;
+    static quint32 next = kFirstHandle;
+    const quint32 handle = next++;
+    Handles().insert(handle, {descriptor, false, 0});
+    return handle;
+}
+
+bool HostProcessService::GetExitCodeProcess(quint32 handle, quint32& code) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    code = Look(*found) ? static_cast<quint32>(found->exitCode) : kStillActive;
+    return true;
+}
+
+bool HostProcessService::TerminateProcess(quint32 handle, quint32 /*exitCode*/) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    if (!found->ended) {
+        ::pidfd_send_signal(found->descriptor, SIGKILL, nullptr, 0);
+        pollfd gone{found->descriptor, POLLIN, 0};
+        ::poll(&gone, 1, -1);
+    }
+    return Look(*found);
+}
+
+bool HostProcessService::CloseHandle(quint32 handle) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    ::close(found->descriptor);
+    Handles().erase(found);
+    return true;
+}
+
+void HostProcessService::Sleep(int milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
 
 }  // namespace platform
