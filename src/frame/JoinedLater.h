@@ -5,13 +5,6 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
-void ReceiveStartLink(const QString& command, const QString& earliest);
-/// Tells the launching program that this one ends.
-void WriteEndLink(const QString& text);
-/// Opens the registration program on the staff member at the list's position and waits for its end.
-void LaunchStaffRegistration(int position);
-
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
@@ -21,8 +14,6 @@ void OpenLookupWindow(const QString& item);
 void OpenSelectionWindow(const QString& button);
 
 /// Outputs of the rows ticked in the list.
-void RunReportPrint();
-void RunReportPreview();
 void RunTextOutput();
 void RunEnvelopePrint();
 void RunPostcardPrint();

@@ -6,6 +6,7 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
+#include "output/ReportRunner.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"

@@ -9,7 +9,6 @@
 #include <QHash>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QThread>
 
 #include <csignal>
 #include <cstdio>
@@ -52,6 +51,15 @@ QString ProgramFile(const QString& named) {
     return file;
 }
 
+quint32 Start(const QString& program, const QStringList& arguments, bool hidden) {
+    const QString file = ProgramFile(program);
+    // A bare name must not start whatever lies in the working folder.
+    const bool there = QDir::isAbsolutePath(file) && QFileInfo(file).isFile();
+    const int child = there ? StartChild(file, arguments, hidden) : 0;
+    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム「%1」を起動できません。"_s.arg(file));
+    return static_cast<quint32>(child);
+}
+
 }  // namespace
 
 void HostProcessService::EndProcess(int exitCode) {
@@ -65,14 +73,12 @@ bool HostProcessService::OpenDocument(const QString& path, const QString& workin
     return !opener.isEmpty() && QProcess::startDetached(opener, {path}, workingFolder);
 }
 
-quint32 HostProcessService::StartProcess(const QString& program, const QStringList& arguments, StartWindow window) {
-    const QString file = ProgramFile(program);
-    // A bare name must not start whatever lies in the working folder.
-    const int child = QDir::isAbsolutePath(file) && QFileInfo(file).isFile()
-                          ? StartChild(file, arguments, window == StartWindow::Hidden)
-                          : 0;
-    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム %1 を起動できません。"_s.arg(program));
-    return static_cast<quint32>(child);
+void HostProcessService::StartProgram(const QString& path, const QString& arguments) {
+    Start(path, arguments.isEmpty() ? QStringList() : QStringList{arguments}, false);
+}
+
+quint32 HostProcessService::StartHidden(const QString& path, const QStringList& arguments) {
+    return Start(path, arguments, true);
 }
 
 quint32 HostProcessService::OpenProcess(quint32 /*access*/, bool /*inherit*/, quint32 processId) {
@@ -109,7 +115,5 @@ bool HostProcessService::CloseHandle(quint32 handle) {
     Handles().erase(found);
     return true;
 }
-
-void HostProcessService::Sleep(int milliseconds) { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
 
 }  // namespace platform

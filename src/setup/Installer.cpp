@@ -10,6 +10,7 @@
 #include "platform/SealedPins.h"
 #include "setup/ConfigurationStore.h"
 #include "setup/Manual.h"
+#include "setup/ReportHostInstallation.h"
 #include "setup/SampleLogs.h"
 #include "setup/SampleMasters.h"
 #include "setup/SampleStaff.h"
@@ -96,6 +97,7 @@ void FillInstallation(const QString& root, const QString& finalRoot, const Insta
     SetMode(report, 0664);
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
     CopyPrograms(request.programFolder, root + u"/prgbin"_s);
+    InstallReportHost(request.programFolder, root);
 }
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {

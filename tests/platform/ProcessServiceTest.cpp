@@ -44,16 +44,25 @@ const QByteArray kStay = "exec sleep 60";
 TEST_F(ProcessServiceTest, EachArgumentArrivesAsOneWithItsBlanks) {
     const QString program =
         Program("printf '%s|' \"$#\" \"$@\" > " + Target("new") + "; mv " + Target("new") + ' ' + Target("out"));
-    processes.StartProcess(program, {u"001  010 "_s, u"要員 名簿"_s, u""_s}, StartWindow::Normal);
+    processes.StartHidden(program, {u"001  010 "_s, u"要員 名簿"_s, u""_s});
     EXPECT_EQ(Written(u"out"_s), "3|001  010 |要員 名簿||");
+}
+
+TEST_F(ProcessServiceTest, CommandLineTailIsOneArgumentAndAnEmptyOneIsNone) {
+    const QString program = Program("printf '%s|' \"$#\" \"$@\" > $0.new; mv $0.new $0.out");
+    processes.StartProgram(program, u"001  010 "_s);
+    EXPECT_EQ(Written(u"program.out"_s), "1|001  010 |");
+    QFile::remove(program + u".out"_s);
+    processes.StartProgram(program, {});
+    EXPECT_EQ(Written(u"program.out"_s), "0|");
 }
 
 TEST_F(ProcessServiceTest, HiddenIsToldToTheProgramAlone) {
     const QString program = Program("echo \"[$MEIBO_START_HIDDEN]\" > $1.new; mv $1.new $1");
-    processes.StartProcess(program, {folder.filePath(u"hidden"_s)}, StartWindow::Hidden);
+    processes.StartHidden(program, {folder.filePath(u"hidden"_s)});
     EXPECT_EQ(Written(u"hidden"_s), "[1]\n");
     qputenv(kStartHiddenVariable, "1");  // a hidden program's own children are not hidden by that
-    processes.StartProcess(program, {folder.filePath(u"normal"_s)}, StartWindow::Normal);
+    processes.StartProgram(program, folder.filePath(u"normal"_s));
     qunsetenv(kStartHiddenVariable);
     EXPECT_EQ(Written(u"normal"_s), "[]\n");
 }
@@ -62,11 +71,11 @@ TEST_F(ProcessServiceTest, WhatCantBeStartedIsToldWithItsName) {
     WriteBytes(folder.filePath(u"plain"_s), "no program");
     for (const QString& name : {folder.filePath(u"missing"_s), folder.filePath(u"plain"_s), folder.path(), u"sh"_s}) {
         try {
-            processes.StartProcess(name, {}, StartWindow::Hidden);
+            processes.StartHidden(name, {});
             ADD_FAILURE() << "started " << name.toStdString();
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number(), kFileNotFound);
-            EXPECT_EQ(error.Description(), u"プログラム %1 を起動できません。"_s.arg(name));
+            EXPECT_EQ(error.Description(), u"プログラム「%1」を起動できません。"_s.arg(name));
         }
     }
 }
@@ -74,20 +83,20 @@ TEST_F(ProcessServiceTest, WhatCantBeStartedIsToldWithItsName) {
 TEST_F(ProcessServiceTest, NameIsTakenWithEitherSeparatorAndWithoutExe) {
     Program("touch " + Target("out"));
     QString name = folder.filePath(u"program.exe"_s);
-    processes.StartProcess(name.replace(u'/', u'\\'), {}, StartWindow::Normal);
+    processes.StartHidden(name.replace(u'/', u'\\'), {});
     EXPECT_EQ(Written(u"out"_s), "");
 }
 
 TEST_F(ProcessServiceTest, ProgramEndingInExeGoesBeforeTheNameWithoutIt) {
     Program("touch " + Target("wrong"));
     Program("touch " + Target("out"), u"program.exe"_s);
-    processes.StartProcess(folder.filePath(u"program.exe"_s), {}, StartWindow::Normal);
+    processes.StartHidden(folder.filePath(u"program.exe"_s), {});
     EXPECT_EQ(Written(u"out"_s), "");
     EXPECT_FALSE(QFile::exists(folder.filePath(u"wrong"_s)));
 }
 
 TEST_F(ProcessServiceTest, KilledProcessIsGoneAndReaped) {
-    const quint32 id = processes.StartProcess(Program(kStay), {}, StartWindow::Hidden);
+    const quint32 id = processes.StartHidden(Program(kStay), {});
     const quint32 handle = processes.OpenProcess(0x100001, false, id);
     ASSERT_NE(handle, 0U);
     quint32 code = 5;
@@ -102,7 +111,7 @@ TEST_F(ProcessServiceTest, KilledProcessIsGoneAndReaped) {
 }
 
 TEST_F(ProcessServiceTest, ProcessIdIsNoHandle) {
-    const quint32 id = processes.StartProcess(Program(kStay), {}, StartWindow::Hidden);
+    const quint32 id = processes.StartHidden(Program(kStay), {});
     const quint32 handle = processes.OpenProcess(0x100001, false, id);
     quint32 code = 5;
     EXPECT_FALSE(processes.GetExitCodeProcess(id, code));
@@ -114,15 +123,14 @@ TEST_F(ProcessServiceTest, ProcessIdIsNoHandle) {
 }
 
 TEST_F(ProcessServiceTest, EndedProcessKeepsItsCodeForItsHandleAndIsReapedByItself) {
-    const quint32 id = processes.StartProcess(Program("while [ ! -e " + Target("go") + " ]; do :; done; exit 3"), {},
-                                              StartWindow::Hidden);
+    const quint32 id = processes.StartHidden(Program("while [ ! -e " + Target("go") + " ]; do :; done; exit 3"), {});
     const quint32 handle = processes.OpenProcess(0x100001, false, id);
     WriteBytes(folder.filePath(u"go"_s), "");
     quint32 code = ProcessService::kStillActive;
     while (processes.GetExitCodeProcess(handle, code) && code == ProcessService::kStillActive) continue;
     EXPECT_EQ(code, 3U);
     processes.CloseHandle(handle);
-    const quint32 other = processes.StartProcess(Program("exit 0"), {}, StartWindow::Hidden);
+    const quint32 other = processes.StartHidden(Program("exit 0"), {});
     EXPECT_TRUE(QTest::qWaitFor([other] { return !Runs(other); }));
     EXPECT_EQ(processes.OpenProcess(0x100001, false, other), 0U);
 }

@@ -16,10 +16,8 @@ void FixedSystem::Write(const QString& name, QString& buffer) {
     buffer.replace(0, name.size() + 1, name + QChar(u'\0'));
 }
 
-quint32 RecordingProcesses::StartProcess(const QString& program, const QStringList& arguments,
-                                         platform::StartWindow window) {
-    const QString shown = window == platform::StartWindow::Hidden ? u"hidden"_s : u"normal"_s;
-    calls.append(u"start "_s + shown + u" "_s + program + u" | "_s + arguments.join(u" | "_s));
+quint32 RecordingProcesses::StartHidden(const QString& path, const QStringList& arguments) {
+    calls.append(u"start hidden "_s + path + u" | "_s + arguments.join(u" | "_s));
     if (startFails) throw platform::RuntimeError(platform::kFileNotFound, u"プログラムがありません。"_s);
     return nextProcessId;
 }
@@ -44,8 +42,6 @@ bool RecordingProcesses::CloseHandle(quint32 handle) {
     calls.append(u"close %1"_s.arg(handle));
     return true;
 }
-
-void RecordingProcesses::Sleep(int milliseconds) { calls.append(u"sleep %1"_s.arg(milliseconds)); }
 
 namespace {
 platform::ServiceSet StandIns() {
