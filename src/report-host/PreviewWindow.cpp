@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -177,7 +178,11 @@ void PreviewWindow::Print() {
 }
 
 void PreviewWindow::SavePdf() {
-    const std::optional<QString> file =
-        platform::Services().dialogs->ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
-    if (file) Work([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
+    platform::Dialogs& dialogs = *platform::Services().dialogs;
+    std::optional<QString> file = dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
+    if (!file) return;
+    if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
+    const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);
+    if (QFileInfo::exists(*file) && !dialogs.Confirm(question)) return;
+    Work([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
 }

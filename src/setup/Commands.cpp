@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "setup/Arguments.h"
+#include "setup/FormsCommand.h"
 #include "setup/HistoryCommand.h"
 #include "setup/Installer.h"
 #include "setup/PinSealing.h"
@@ -39,6 +40,12 @@ const QString kUsage =
     u"  suite-setup registry list [キー]           登録されている値を表示する（キーは HKLM または HKCU で始める）\n"
     u"  suite-setup registry get キー 名前         値を一つ表示する\n"
     u"  suite-setup registry set キー 名前 値      値を一つ書く（--number を付けると数値として）\n"
+    u"  suite-setup forms export フォルダ [帳票名]  帳票の定義を 帳票名.txt に書き出す（省略時はすべて）\n"
+    u"  suite-setup forms import フォルダ [帳票名]  帳票名.txt "
+    u"を取り込む（省略時は今ある帳票のうちファイルがあるもの）\n"
+    u"  suite-setup forms check フォルダ [帳票名]   帳票の定義の誤りを行番号と理由で表示する\n"
+    u"      --folder DIR          帳票名.txt を置くフォルダ（export と import、省略時は今のフォルダ）\n"
+    u"      --user NAME           利用者 NAME の帳票を扱う（省略時は共通の帳票）\n"
     u"  suite-setup --help                         この説明を表示する\n"
     u"\n"
     u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
@@ -84,9 +91,10 @@ QList<OptionRule> InitOptions() {
 QList<OptionRule> NoOptions() { return {}; }
 
 struct Verb {
-    const char16_t* name;
+    QStringView name;  ///< one word or two
     QList<OptionRule> (*options)();
     void (*run)(const Arguments&, const Console&);
+    int further = 0;  ///< words that may stand behind the installation
 };
 
 constexpr Verb kVerbs[] = {
@@ -94,16 +102,24 @@ constexpr Verb kVerbs[] = {
     {u"history", HistoryOptions, ShowHistory},
     {u"seal-pins", NoOptions, SealPins},
     {u"printer", PrinterOptions, ChoosePrinter},
+    {u"forms export", FormFileOptions, ExportForms, 1},
+    {u"forms import", FormFileOptions, ImportForms, 1},
+    {u"forms check", FormCheckOptions, CheckForms, 1},
 };
 
 void RunVerb(const QStringList& arguments, const Console& console) {
     if (arguments.isEmpty()) throw Refusal(u"コマンドを指定してください。"_s);
     // Works on the machine and the user, not on an installation.
     if (arguments.first() == u"registry"_s) return RunRegistryCommand(arguments.mid(1), console);
-    for (const Verb& verb : kVerbs)
-        if (arguments.first() == QStringView(verb.name))
-            return verb.run(ParseArguments(arguments.mid(1), verb.options()), console);
-    throw Refusal(u"コマンド %1 はありません。"_s.arg(arguments.first()));
+    QString asked = arguments.first();
+    for (const Verb& verb : kVerbs) {
+        const qsizetype words = verb.name.count(u' ') + 1;
+        if (words > 1 && verb.name.startsWith(arguments.first() + u' '))
+            asked = arguments.first(std::min(words, arguments.size())).join(u' ');
+        if (arguments.first(std::min(words, arguments.size())).join(u' ') == verb.name)
+            return verb.run(ParseArguments(arguments.mid(words), verb.options(), verb.further), console);
+    }
+    throw Refusal(u"コマンド %1 はありません。"_s.arg(asked));
 }
 
 }  // namespace

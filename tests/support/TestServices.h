@@ -42,6 +42,10 @@ class QueuedDialogs : public platform::Dialogs {
         shown.append({text, title, true});
         return answers.isEmpty() ? false : answers.takeFirst();
     }
+    /// What ShowSave was asked, and what it answers: first in first out, with none left it is cancelled.
+    QList<platform::SaveQuestion> saveQuestions;
+    QList<QString> saveAnswers;
+    std::optional<QString> ShowSave(const platform::SaveQuestion& question) override;
     QStringList Texts() const;
 };
 
