@@ -11,7 +11,6 @@ void OpenSelectionWindow(const QString&) {}
 
 void RunReportPrint() {}
 void RunReportPreview() {}
-void RunTextOutput() {}
 void RunEnvelopePrint() {}
 void RunPostcardPrint() {}
 void RunLabelPrint() {}

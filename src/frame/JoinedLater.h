@@ -23,7 +23,6 @@ void OpenSelectionWindow(const QString& button);
 /// Outputs of the rows ticked in the list.
 void RunReportPrint();
 void RunReportPreview();
-void RunTextOutput();
 void RunEnvelopePrint();
 void RunPostcardPrint();
 void RunLabelPrint();

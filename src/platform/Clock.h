@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <chrono>
 
 namespace platform {
 
@@ -9,6 +10,11 @@ class Clock {
   public:
     virtual ~Clock() = default;
     virtual QDateTime Now() const = 0;
+    /// Time since some moment of the past. It never jumps, whatever the time of day does.
+    virtual std::chrono::milliseconds Elapsed() const {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now().time_since_epoch());
+    }
 };
 
 class SystemClock : public Clock {

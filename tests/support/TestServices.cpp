@@ -8,6 +8,12 @@ QStringList QueuedDialogs::Texts() const {
     return texts;
 }
 
+std::optional<QString> QueuedDialogs::ShowSave(const platform::SaveQuestion& question) {
+    saveQuestions.append(question);
+    if (saveAnswers.isEmpty()) return std::nullopt;
+    return saveAnswers.takeFirst();
+}
+
 void FixedSystem::Write(const QString& name, QString& buffer) {
     if (name.isEmpty() || name.size() >= buffer.size()) return;
     buffer.replace(0, name.size() + 1, name + QChar(u'\0'));
