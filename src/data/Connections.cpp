@@ -24,9 +24,11 @@ QString FieldText(const QString& name, const QString& value) { return name + u'=
 
 }  // namespace
 
-QString ConfigConnectionString(int kind, const QString& path) {
+QString DesktopConnectionString(int kind, const QString& path) {
     return ProviderOf(kind) + u"User ID=;Password=;Data Source="_s + path;
 }
+
+QString ConfigConnectionString(int kind, const QString& path) { return DesktopConnectionString(kind, path); }
 
 QString UserConfigDataSource() {
     const InstallationLayout& layout = Globals().Layout;

@@ -5,7 +5,6 @@ void PrepareUserConfig() {}
 void OpenLookupWindow(const QString&) {}
 void OpenSelectionWindow(const QString&) {}
 
-void RunTextOutput() {}
 void RunEnvelopePrint() {}
 void RunPostcardPrint() {}
 void RunLabelPrint() {}

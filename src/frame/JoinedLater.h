@@ -14,7 +14,6 @@ void OpenLookupWindow(const QString& item);
 void OpenSelectionWindow(const QString& button);
 
 /// Outputs of the rows ticked in the list.
-void RunTextOutput();
 void RunEnvelopePrint();
 void RunPostcardPrint();
 void RunLabelPrint();

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QSize>
 #include <QString>
+#include <memory>
 
 #include "access/CompanyRecord.h"
 #include "access/StaffIdentity.h"
@@ -11,6 +12,7 @@
 #include "inquiry/StaffRowStore.h"
 #include "output/HostRun.h"
 #include "platform/Database.h"
+#include "platform/OutputFile.h"
 
 class Control;
 class Form;
@@ -54,8 +56,11 @@ struct ProgramGlobals {
     Control* ListResultItem = nullptr;
     Control* ListNextItem = nullptr;
 
-    QString TextOutputFileName;
-    QSize ScreenSize;  ///< pixels of the primary screen
+    platform::Connection ReportDatabase;                   ///< open while an output runs
+    platform::Recordset ReportRecordset;                   ///< the one recordset in use on it
+    QString TextOutputFileName;                            ///< the name chosen last, proposed the next time
+    std::unique_ptr<platform::OutputFile> TextOutputFile;  ///< open while the file is written
+    QSize ScreenSize;                                      ///< pixels of the primary screen
 
     QString OsUserName, ComputerName, UserId;
     double ProcCounter = 0;  ///< number of the last history row of this run

@@ -5,6 +5,7 @@
 
 #include "frame/Mod要員名簿照会.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/OutputFile.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
 #include "screen/Fonts.h"
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     application.setQuitOnLastWindowClosed(false);
     InstallTranslation(application);
     ApplySuiteLook(application);
+    platform::LetWritesPastALimitFail();
     platform::OnTerminationRequest([] { Globals().MainForm->close(); });
     Form::RunEvent(Main);
     // A failure that rose out of Main has been shown; without a window there is nothing to go on with.

@@ -23,6 +23,9 @@ class FixedClock : public platform::Clock {
         if (sleeping) return sleeping(milliseconds);
         QThread::msleep(1);
     }
+    std::chrono::milliseconds elapsed{0};
+    std::chrono::milliseconds step{0};  ///< by which every look at the elapsed time moves it on
+    std::chrono::milliseconds Elapsed() const override { return const_cast<FixedClock*>(this)->elapsed += step; }
 };
 
 /// Message boxes that nobody has to close: keeps what was shown, answers from a queue.

@@ -1,6 +1,7 @@
 #include "platform/database/SqliteSession.h"
 
 #include "platform/database/SqliteOpening.h"
+#include "platform/database/SqliteTarget.h"
 #include "platform/database/SqliteText.h"
 #include "platform/database/StatementAdapter.h"
 
@@ -121,6 +122,18 @@ void SqliteSession::Execute(const QString& sql) {
     int code = FirstStep(statement);
     while (code == SQLITE_ROW) code = sqlite3_step(statement.Handle());
     if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
+}
+
+UpdatableResult SqliteSession::QueryForUpdate(const QString& sql) {
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    auto target = std::make_shared<SqliteTarget>(database_.get(), statement.Handle());
+    return {ReadRows(statement), std::move(target)};
+}
+
+void SqliteSession::Insert(RecordTarget& target, const std::vector<WrittenField>& fields) {
+    EndReadScope();
+    static_cast<SqliteTarget&>(target).Insert(fields);
 }
 
 // The engine fixes its snapshot with the first read and not with BEGIN.
