@@ -34,7 +34,12 @@ inline constexpr long kHostGone = 462;
 /// Hosts reached by a socket whose name comes from the forms file.
 class LocalReportHostLink : public ReportHostLink {
   public:
+    /// `patience`: milliseconds that a host which listens already has to answer the bind.
+    explicit LocalReportHostLink(int patience = 10000) : patience_(patience) {}
     std::unique_ptr<ReportHost> Bind(const QString& formsFile) override;
+
+  private:
+    int patience_;
 };
 
 }  // namespace platform

@@ -99,11 +99,11 @@ class ReportRunnerTest : public WithConnections {
         ASSERT_EQ(registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder)), platform::kRegistryDone);
     }
     void Unregister() { QFile::remove(platform::MachineRegistryFile()); }
-    void TickOneRow() {
+    /// One row in the list, and its output mark.
+    void ListOneRow(qint16 mark) {
         StaffRowStore& rows = Globals().Rows;
-        rows.Resize(1);
-        rows.出力対象[0] = 1;
-        rows.コード[0] = u"00001"_s;
+        rows.Text(StaffText::担当者コード, 0) = u"00001"_s;
+        rows.出力対象[0] = mark;
         Globals().LastRow = 0;
     }
     static bool WaitDialogStands() {
@@ -226,19 +226,8 @@ TEST_F(ReportRunnerTest, HostIsReleasedAlsoAfterAFailure) {
     EXPECT_EQ(Globals().Host.HostProcessId, 4711U);
 }
 
-TEST_F(ReportRunnerTest, WaitDialogStandsDuringBuildAndHostOnly) {
-    TickOneRow();
-    bool stands = false;
-    hosts->opening = [&stands] { stands = WaitDialogStands(); };
-    RunReportPrint();
-    EXPECT_TRUE(stands);
-    EXPECT_FALSE(WaitDialogStands());
-    EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
-    EXPECT_EQ(installation.Report().Rows(u"SELECT コード FROM 要員名簿照会"_s), QList<QStringList>{{u"00001"_s}});
-}
-
 TEST_F(ReportRunnerTest, UnknownKindIsToldAndNothingElseHappens) {
-    TickOneRow();
+    ListOneRow(1);
     Globals().Layout.ReportDbKind = kNoFile;
     RunReportPrint();
     RunReportPreview();
@@ -248,8 +237,7 @@ TEST_F(ReportRunnerTest, UnknownKindIsToldAndNothingElseHappens) {
 }
 
 TEST_F(ReportRunnerTest, WithoutTickedRowsNoHostStarts) {
-    TickOneRow();
-    Globals().Rows.出力対象[0] = 0;
+    ListOneRow(0);
     RunReportPrint();
     RunReportPreview();
     EXPECT_EQ(Boxes(), QStringList({u"印刷情報が有りません"_s, u"印刷情報が有りません"_s}));

@@ -9,8 +9,7 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-constexpr int kBindPatience = 10000;  // milliseconds for a host that listens already to answer
-constexpr int kNoLimit = -1;          // a long report takes as long as it takes
+constexpr int kNoLimit = -1;  // a long report takes as long as it takes
 
 class SocketReportHost : public ReportHost {
   public:
@@ -49,7 +48,7 @@ class SocketReportHost : public ReportHost {
 
 std::unique_ptr<ReportHost> LocalReportHostLink::Bind(const QString& formsFile) {
     auto host = std::make_unique<SocketReportHost>(HostSocketPath(formsFile));
-    host->Ask({HostVerb::Bind, {}, 0}, kBindPatience);
+    host->Ask({HostVerb::Bind, {}, 0}, patience_);
     return host;
 }
 
