@@ -2,7 +2,6 @@
 
 void PrepareUserConfig() {}
 
-void OpenLookupWindow(const QString&) {}
 void OpenSelectionWindow(const QString&) {}
 
 void RunEnvelopePrint() {}

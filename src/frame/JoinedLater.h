@@ -8,9 +8,7 @@
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
-/// Opens the lookup window of a head item, whose answer goes into ListResultItem.
-void OpenLookupWindow(const QString& item);
-/// Opens the selection window behind a button of the head.
+/// Opens the window behind a range button of the head, in which rows of a master are picked one by one.
 void OpenSelectionWindow(const QString& button);
 
 /// Outputs of the rows ticked in the list.
