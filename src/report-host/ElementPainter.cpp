@@ -87,6 +87,7 @@ void ElementPainter::PaintDigitBoxes(QPainter& painter, const FormElement& eleme
 }
 
 void ElementPainter::PaintPicture(QPainter& painter, const FormElement& element, const QString& path) {
+    if (path.isEmpty()) return;
     const QImage& picture = Picture(path);
     if (picture.isNull()) return;
     const QSizeF size = QSizeF(picture.size()).scaled(element.place.size(), Qt::KeepAspectRatio);

@@ -16,7 +16,7 @@
 
 namespace report {
 
-/// A piece of a text: as it stands, or the name of a column or of a running value (頁, 総頁, 件数, 番号, 本日).
+/// A piece of a text: as it stands, or the name of a column or of a running value (TextPattern.h lists them).
 struct TextPiece {
     bool isField = false;
     QString text;

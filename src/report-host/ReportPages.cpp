@@ -80,7 +80,8 @@ QString ReportPages::Running(const QString& name) const {
     if (name == u"頁") return QString::number(page_ + 1);
     if (name == u"総頁") return QString::number(PageCount());
     if (name == u"件数") return QString::number(rows_.Count());
-    return name == u"番号" ? QString::number(row_ + 1) : today_;
+    if (name == u"番号") return QString::number(row_ + 1);
+    return name == u"改行" ? QString(u'\n') : today_;
 }
 
 FieldText ReportPages::FieldsOf(const QStringList& values, const QString& prefix) const {

@@ -18,6 +18,9 @@ constexpr int kDotsPerInch = 1200;
 }  // namespace
 
 void WritePdf(PreparedReport& report, const QString& file) {
+    // Putting a file in the place of a device would destroy the device.
+    const QFileInfo target(file);
+    if (target.exists() && !target.isFile()) throw ReportFailure(u"「%1」はファイルではありません。"_s.arg(file));
     // Under another name until it is whole: nobody must take half a report for a whole one.
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly)) Fail(out);
@@ -34,5 +37,6 @@ void WritePdf(PreparedReport& report, const QString& file) {
         report.PaintPage(painter, page);
     }
     painter.end();
-    if (!out.commit()) Fail(out);
+    // commit() alone overlooks what fails while its buffer is emptied.
+    if (!out.flush() || !out.commit()) Fail(out);
 }

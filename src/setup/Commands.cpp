@@ -44,6 +44,8 @@ const QString kUsage =
     u"  suite-setup forms import フォルダ [帳票名]  帳票名.txt "
     u"を取り込む（省略時は今ある帳票のうちファイルがあるもの）\n"
     u"  suite-setup forms check フォルダ [帳票名]   帳票の定義の誤りを行番号と理由で表示する\n"
+    u"  suite-setup forms pdf フォルダ 帳票名       今ある作業テーブルのデータで帳票を PDF にする\n"
+    u"      --out FILE            PDF のファイル（省略時は今のフォルダの 帳票名.pdf）\n"
     u"      --folder DIR          帳票名.txt を置くフォルダ（export と import、省略時は今のフォルダ）\n"
     u"      --user NAME           利用者 NAME の帳票を扱う（省略時は共通の帳票）\n"
     u"  suite-setup --help                         この説明を表示する\n"
@@ -105,6 +107,7 @@ constexpr Verb kVerbs[] = {
     {u"forms export", FormFileOptions, ExportForms, 1},
     {u"forms import", FormFileOptions, ImportForms, 1},
     {u"forms check", FormCheckOptions, CheckForms, 1},
+    {u"forms pdf", FormPdfOptions, MakeFormPdf, 1},
 };
 
 void RunVerb(const QStringList& arguments, const Console& console) {

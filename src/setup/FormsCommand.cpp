@@ -8,6 +8,7 @@
 #include "report-host/FormCheck.h"
 #include "report-host/FormOfReport.h"
 #include "report-host/FormsFile.h"
+#include "report-host/PreparedReport.h"
 #include "setup/Installer.h"
 
 using namespace Qt::StringLiterals;
@@ -16,7 +17,7 @@ namespace setup {
 
 namespace {
 
-const QString kFolder = u"--folder"_s, kUser = u"--user"_s;
+const QString kFolder = u"--folder"_s, kUser = u"--user"_s, kOut = u"--out"_s;
 constexpr long kFormsFailed = 1;
 
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kFormsFailed, description); }
@@ -49,7 +50,7 @@ QStringList AskedForms(const Arguments& arguments, const report::FormsFile& file
 void WriteText(const QString& path, const QString& text) {
     QSaveFile file(path);
     const QByteArray utf8 = text.toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(utf8) != utf8.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(utf8) != utf8.size() || !file.flush() || !file.commit())
         Fail(u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
 }
 
@@ -70,6 +71,7 @@ qsizetype TellMistakes(const report::FormsFile& file, const QString& name, const
 
 QList<OptionRule> FormFileOptions() { return {{kFolder, true}, {kUser, true}}; }
 QList<OptionRule> FormCheckOptions() { return {{kUser, true}}; }
+QList<OptionRule> FormPdfOptions() { return {{kOut, true}, {kUser, true}}; }
 
 void ExportForms(const Arguments& arguments, const Console& console) {
     const report::FormsFile file(FormsPath(arguments));
@@ -109,6 +111,19 @@ void CheckForms(const Arguments& arguments, const Console& console) {
         mistakes += found;
     }
     if (mistakes > 0) Fail(u"帳票の定義に誤りが %1 件あります。"_s.arg(mistakes));
+}
+
+void MakeFormPdf(const Arguments& arguments, const Console& console) {
+    const QString forms = FormsPath(arguments);
+    if (arguments.further.isEmpty()) throw Refusal(u"帳票の名前を指定してください。"_s);
+    const QString name = arguments.further.first(), pdf = arguments.options.value(kOut, name + u".pdf"_s);
+    try {
+        const std::unique_ptr<PreparedReport> prepared = PrepareReport(forms, name);
+        WritePdf(*prepared, pdf);
+        console.out << u"%1（%2 頁）\n"_s.arg(pdf).arg(prepared->PageCount());
+    } catch (const ReportFailure& failure) {
+        Fail(failure.Reason());
+    }
 }
 
 }  // namespace setup
