@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QDateTime>
+#include <QThread>
 #include <chrono>
 
 namespace platform {
 
-/// The time of day, so that a test can stand still.
+/// The time of day and its passing, so that a test can stand still.
 class Clock {
   public:
     virtual ~Clock() = default;
@@ -15,11 +16,14 @@ class Clock {
         return std::chrono::duration_cast<std::chrono::milliseconds>(
             std::chrono::steady_clock::now().time_since_epoch());
     }
+    /// Stands still without letting events through.
+    virtual void Sleep(int milliseconds) const = 0;
 };
 
 class SystemClock : public Clock {
   public:
     QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    void Sleep(int milliseconds) const override { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
 };
 
 }  // namespace platform

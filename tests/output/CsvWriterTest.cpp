@@ -210,9 +210,10 @@ TEST_F(Csv, AFullDiskRisesAndLeavesTheFileOpen) {
 }
 
 TEST_F(Csv, AFullDiskRisesInTheMiddleOfALongFile) {
-    Open(u"CREATE TABLE 表 (a TEXT);"
-         u"INSERT INTO 表 WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50)"
-         u" SELECT printf('%.*c', 90000, 'x') FROM n"_s);
+    Open(
+        u"CREATE TABLE 表 (a TEXT);"
+        u"INSERT INTO 表 WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50)"
+        u" SELECT printf('%.*c', 90000, 'x') FROM n"_s);
     {
         const FullDisk full(2000000);
         EXPECT_EQ(FailureOf([&] { WriteRecordsetAsCsv(records, Target()); }).number, 61);
