@@ -7,7 +7,7 @@
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
-#include "data/DataFixture.h"
+#include "output/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +67,7 @@ class RecordingRegistry : public platform::FileRegistry {
 };
 
 /// The list's print and preview over a recorded host, with one ticked row.
-class ReportRunnerTest : public WithConnections {
+class ReportRunnerTest : public OutputTest {
   protected:
     ReportRunnerTest() {
         ProgramGlobals& globals = Globals();
@@ -99,13 +99,6 @@ class ReportRunnerTest : public WithConnections {
         ASSERT_EQ(registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder)), platform::kRegistryDone);
     }
     void Unregister() { QFile::remove(platform::MachineRegistryFile()); }
-    /// One row in the list, and its output mark.
-    void ListOneRow(qint16 mark) {
-        StaffRowStore& rows = Globals().Rows;
-        rows.Text(StaffText::担当者コード, 0) = u"00001"_s;
-        rows.出力対象[0] = mark;
-        Globals().LastRow = 0;
-    }
     static bool WaitDialogStands() {
         for (const Form* form : LoadedForms())
             if (form->Name() == u"msgお待ち"_s) return true;
@@ -226,8 +219,20 @@ TEST_F(ReportRunnerTest, HostIsReleasedAlsoAfterAFailure) {
     EXPECT_EQ(Globals().Host.HostProcessId, 4711U);
 }
 
+TEST_F(ReportRunnerTest, WaitDialogStandsDuringTheHostsWorkAndTheDatabaseIsClosedAtTheEnd) {
+    AddRows(2);
+    bool stands = false;
+    hosts->opening = [&stands] { stands = WaitDialogStands(); };
+    RunReportPrint();
+    EXPECT_TRUE(stands);
+    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
+    EXPECT_EQ(WorkColumn(u"コード"_s), QStringList({u"00001"_s, u"00002"_s}));
+    EXPECT_EQ(History(), kPrintRows);
+}
+
 TEST_F(ReportRunnerTest, UnknownKindIsToldAndNothingElseHappens) {
-    ListOneRow(1);
+    AddRows(1);
     Globals().Layout.ReportDbKind = kNoFile;
     RunReportPrint();
     RunReportPreview();
@@ -237,7 +242,7 @@ TEST_F(ReportRunnerTest, UnknownKindIsToldAndNothingElseHappens) {
 }
 
 TEST_F(ReportRunnerTest, WithoutTickedRowsNoHostStarts) {
-    ListOneRow(0);
+    AddRow({}, false);
     RunReportPrint();
     RunReportPreview();
     EXPECT_EQ(Boxes(), QStringList({u"印刷情報が有りません"_s, u"印刷情報が有りません"_s}));

@@ -73,7 +73,8 @@ const QList<Extraction>& Extractions() {
         {u"((((((A.x >= '1'))))))"_s, u"1"_s, u"))))))"_s},
         // brackets
         {u"B.y = '2' AND (A.x >= '1')"_s, u"1"_s, u")"_s},
-        {u"B.y = '2' AND (A.x >= '1' OR A.x <= '5') AND C.z = '3'"_s, u"1"_s, u"B.y = '2' AND (A.x >= '1' OR A.x <= '5') OR A.x <= '5') AND C.z = '3'"_s},
+        {u"B.y = '2' AND (A.x >= '1' OR A.x <= '5') AND C.z = '3'"_s, u"1"_s,
+         u"B.y = '2' AND (A.x >= '1' OR A.x <= '5') OR A.x <= '5') AND C.z = '3'"_s},
         {u"B.y = '2' OR (A.x = '1')"_s, u"1"_s, u")"_s},
         {u"B.y = '2' AND (A.x >= '1'"_s, u"1"_s, u""_s},
         {u"(B.y = '2') AND A.x >= '1'"_s, u"1"_s, u"(B.y = '2')"_s},
