@@ -32,9 +32,11 @@ void OpenAnew(platform::Connection& connection, platform::ConnectMode mode, cons
 
 }  // namespace
 
-QString ConfigConnectionString(int kind, const QString& path) {
+QString DesktopConnectionString(int kind, const QString& path) {
     return ProviderOf(kind) + u"User ID=;Password=;Data Source="_s + path;
 }
+
+QString ConfigConnectionString(int kind, const QString& path) { return DesktopConnectionString(kind, path); }
 
 QString UserConfigDataSource() {
     const InstallationLayout& layout = Globals().Layout;

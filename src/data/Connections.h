@@ -6,6 +6,10 @@
 #include "data/EnvironmentDefinition.h"
 #include "platform/Database.h"
 
+/// A desktop database file's string, without an account. `path` goes behind "Data Source=" as it stands. Without a kind
+/// the string names no provider and cannot be opened.
+QString DesktopConnectionString(int kind, const QString& path);
+
 /// The configuration database's string. `path` goes behind "Data Source=" as it stands, with its ";" if it has one.
 /// Without a kind the string names no provider and cannot be opened.
 QString ConfigConnectionString(int kind, const QString& path);

@@ -12,9 +12,6 @@ void PrepareUserConfig();
 void OpenSelectionWindow(const QString& button);
 
 /// Outputs of the rows ticked in the list.
-void RunReportPrint();
-void RunReportPreview();
-void RunTextOutput();
 void RunEnvelopePrint();
 void RunPostcardPrint();
 void RunLabelPrint();

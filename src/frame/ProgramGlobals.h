@@ -3,13 +3,16 @@
 #include <QHash>
 #include <QSize>
 #include <QString>
+#include <memory>
 
 #include "access/CompanyRecord.h"
 #include "access/StaffIdentity.h"
 #include "data/EnvironmentDefinition.h"
 #include "inquiry/InquiryConditions.h"
 #include "inquiry/StaffRowStore.h"
+#include "output/HostRun.h"
 #include "platform/Database.h"
+#include "platform/OutputFile.h"
 
 class Control;
 class Form;
@@ -55,8 +58,11 @@ struct ProgramGlobals {
     Form* NestedListOwner = nullptr;  ///< the list window from which another one has been opened
     int NestedListFlag = 0;           ///< 1 while NestedListOwner is set
 
-    QString TextOutputFileName;
-    QSize ScreenSize;  ///< pixels of the primary screen
+    platform::Connection ReportDatabase;                   ///< open while an output runs
+    platform::Recordset ReportRecordset;                   ///< the one recordset in use on it
+    QString TextOutputFileName;                            ///< the name chosen last, proposed the next time
+    std::unique_ptr<platform::OutputFile> TextOutputFile;  ///< open while the file is written
+    QSize ScreenSize;                                      ///< pixels of the primary screen
 
     QString OsUserName, ComputerName, UserId;
     double ProcCounter = 0;  ///< number of the last history row of this run
@@ -67,6 +73,8 @@ struct ProgramGlobals {
     bool ConfigConnectionOpen = false;
     platform::Connection MainConnection;
     bool MainConnectionOpen = false;  ///< also True where the definition row names no known dialect
+
+    HostRun Host;
 
     QString LinkSenderId, LinkStartInfo, LinkEndInfo;
 

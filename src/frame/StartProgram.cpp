@@ -3,6 +3,7 @@
 #include "frame/Mod要員名簿照会.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/UnattendedRun.h"
+#include "platform/OutputFile.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
 #include "screen/Fonts.h"
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
     SpeakJapanese(application);
     ApplySuiteLook(application);
     TellAndCloseModalWindows(application);
+    platform::LetWritesPastALimitFail();
     platform::OnTerminationRequest([] { Globals().MainForm->close(); });
     Form::RunEvent(Main);
     // A failure that rose out of Main has been shown; without a window there is nothing to go on with.

@@ -60,6 +60,7 @@ class frm要員名簿照会 : public Form {
     void Search();
     void Clear();
     void Output(int operation, const QString& question, const std::function<void()>& action);
+    void OutputText();
     void LaunchRow(int position);
 
     /// The handler behind the guards: it does nothing while the screen is painted or a sibling is awaited.

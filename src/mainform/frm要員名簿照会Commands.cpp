@@ -1,3 +1,6 @@
+#include <QDir>
+#include <optional>
+
 #include "access/ProgramRights.h"
 #include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
@@ -6,6 +9,8 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
+#include "output/ReportRunner.h"
+#include "output/TextOutput.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
@@ -39,6 +44,22 @@ const QList<OutputButton>& OutputButtons() {
     return buttons;
 }
 
+/// From the dialog on everything that rises is trapped here without a word, and nothing is tidied up: after a failure
+/// in the middle of writing the form stays disabled and the wait dialog stays up.
+void AskAndOutputText() {
+    ProgramGlobals& globals = Globals();
+    const QString filter = u"テキスト ファイル (*.txt)|*.txt|CSV ファイル (*.csv)|*.csv"_s;
+    try {
+        const std::optional<QString> chosen =
+            platform::Services().dialogs->ShowSave({filter, 2, globals.TextOutputFileName});
+        if (!chosen) return;
+        globals.TextOutputFileName = *chosen;
+        RunTextOutput();
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
 bool Permitted(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
 
 }  // namespace
@@ -49,10 +70,7 @@ void frm要員名簿照会::WireCommands() {
     for (const OutputButton& output : OutputButtons())
         Item(output.button).Click =
             Guarded([this, output] { Output(output.operation, output.question, output.action); });
-    Item(u"btn_テキスト出力"_s).Click = Guarded([this] {
-        if (Permitted(kTextOutput)) RunTextOutput();
-        MoveFocus(*Globals().LastHeadItem);
-    });
+    Item(u"btn_テキスト出力"_s).Click = Guarded([this] { OutputText(); });
     for (const QString& name : SelectionButtons()) {
         Item(name).Click = Guarded([name] {
             if (!OpenValueWindow(name)) OpenSelectionWindow(name);
@@ -97,5 +115,15 @@ void frm要員名簿照会::Clear() {
 
 void frm要員名簿照会::Output(int operation, const QString& question, const std::function<void()>& action) {
     if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) action();
+    MoveFocus(*Globals().LastHeadItem);
+}
+
+// The file dialog may leave the working folder anywhere.
+void frm要員名簿照会::OutputText() {
+    if (Permitted(kTextOutput)) {
+        const QString programFolder = platform::Services().system->ApplicationFolder();
+        AskAndOutputText();
+        QDir::setCurrent(programFolder);
+    }
     MoveFocus(*Globals().LastHeadItem);
 }

@@ -17,6 +17,7 @@ void Connection::Open(const QString& connectionString) {
     request.commandTimeout = CommandTimeout;
     request.mode = Mode;
     request.rules = Rules;
+    request.scratch = Scratch;
     session_ = OpenSession(request);
 }
 
@@ -24,9 +25,9 @@ void Connection::Close() noexcept { session_.reset(); }
 
 void Connection::Execute(const QString& sql) { Session().Execute(sql); }
 
-DatabaseSession& Connection::Session() const {
+const std::shared_ptr<DatabaseSession>& Connection::SharedSession() const {
     if (session_ == nullptr) throw DatabaseError(kObjectClosed, QStringLiteral("接続が開いていません。"));
-    return *session_;
+    return session_;
 }
 
 Transaction::Transaction(Connection& connection) : connection_(&connection) { connection.Session().BeginTransaction(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 #include <memory>
@@ -10,6 +11,7 @@
 namespace platform {
 
 class DatabaseSession;
+class NewRecord;
 class ResultTable;
 
 /// One value of the current record. A view: it lives no longer than the record stays current.
@@ -22,6 +24,8 @@ class Field {
     QString Text() const;
     /// The value as text, or `fallback` for a Null.
     QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
+    /// The text as UTF-8, without a copy. A Null: as Text().
+    QByteArrayView Utf8() const;
     /// Declared type of the column in capitals ("TEXT", "CURRENCY"), empty for an expression.
     QString DeclaredType() const;
 
@@ -46,6 +50,7 @@ class Connection {
     platform::CursorLocation CursorLocation = platform::CursorLocation::Server;
     ConnectMode Mode = ConnectMode::ReadWrite;  ///< Read: the engine itself refuses every write
     TextRules Rules;
+    bool Scratch = false;  ///< what is written may be lost with the machine: nothing waits for the disk
 
     /// Opens an existing database; a missing file is an error and is never created. Header and schema are
     /// read here, so that garbage fails here and not at the first statement.
@@ -56,10 +61,12 @@ class Connection {
     void Execute(const QString& sql);
 
     /// The provider's side, for Recordset and ReadScope. Throws kObjectClosed when not open.
-    DatabaseSession& Session() const;
+    DatabaseSession& Session() const { return *SharedSession(); }
+    /// The same, for a recordset that has to notice that the connection is gone.
+    const std::shared_ptr<DatabaseSession>& SharedSession() const;
 
   private:
-    std::unique_ptr<DatabaseSession> session_;
+    std::shared_ptr<DatabaseSession> session_;
 };
 
 /// The rows of one SELECT. With a client-side cursor Open reads them all and ends the engine's statement, so an
@@ -72,11 +79,13 @@ class Recordset {
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    /// Runs the statement and stands on the first row. DatabaseError leaves the recordset unopened.
+    /// Runs the statement and stands on the first row. DatabaseError leaves the recordset unopened. With
+    /// LockType::Optimistic records can be added to the table that the columns come from.
     void Open(const QString& sql, Connection& connection, CursorType cursor = CursorType::ForwardOnly,
               LockType lock = LockType::ReadOnly);
     bool IsOpen() const noexcept { return table_ != nullptr; }
     /// DatabaseError kObjectClosed when the recordset never opened: a failed read stops a start-up that way.
+    /// kNotAllowedHere while a record is being added; the recordset then stays open.
     void Close();
 
     bool AtBOF() const;
@@ -85,12 +94,36 @@ class Recordset {
 
     /// A field of the current record, found by name without regard to letter case. kItemNotFound when there is
     /// no such column, kNoCurrentRecord at BOF or EOF. Where a column name occurs twice, the first one counts.
+    /// From AddNew on, and behind Update, the record that is added is the current one; the view then ends with the
+    /// next write.
     Field operator[](QStringView name) const;
+
+    /// Rows of the whole result, those already passed included.
+    int RecordCount() const;
+    /// The columns from 0 to FieldCount() - 1, also where there is no row.
+    int FieldCount() const;
+    const QString& FieldName(int column) const;
+    /// As Field::DeclaredType().
+    const QString& FieldType(int column) const;
+    /// The field in that place of the current record.
+    Field FieldAt(int column) const;
+
+    /// Begins a new record, all fields Null. One that is still being added is written first. kNotUpdatable where
+    /// the recordset was opened for reading only.
+    void AddNew();
+    /// Writes a field of the record that is being added; found as by operator[]. kNoCurrentRecord without AddNew.
+    void Write(QStringView name, const QString& value);
+    /// Writes the record to the table, by itself and at once: fields that nobody wrote get what the table gives by
+    /// itself, Null as a rule. A failure leaves the record as one that is still being added.
+    void Update();
 
   private:
     const ResultTable& OpenTable() const;
+    int ColumnOf(QStringView name) const;
+    NewRecord& RecordInWork() const;
 
     std::shared_ptr<ResultTable> table_;
+    std::unique_ptr<NewRecord> newRecord_;
     int row_ = 0;
     bool forwardOnly_ = true;
 };

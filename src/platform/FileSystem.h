@@ -1,11 +1,18 @@
 #pragma once
 
 #include <QString>
+#include <memory>
+
+#include "platform/OutputFile.h"
 
 namespace platform {
 
 /// Separator of folders on this platform, as it stands between the parts of every path the program builds.
 inline const QString kPathSeparator = QStringLiteral("/");
+
+/// A path that somebody else wrote down, with the separators of this platform. What exists as it is written is taken
+/// as it is written.
+QString NativePath(const QString& path);
 
 /// The few things that the program asks of files by name.
 class FileSystem {
@@ -15,12 +22,21 @@ class FileSystem {
     virtual bool FileExists(const QString& path) const = 0;
     /// Copies over whatever stands at the target. A failure leaves no half copy at the target; no message.
     virtual bool CopyFile(const QString& source, const QString& target) const = 0;
+    virtual bool FolderExists(const QString& path) const = 0;
+    /// Makes one folder in a folder that exists. RuntimeError with what stood in the way.
+    virtual void CreateFolder(const QString& path) const = 0;
+    /// Opens a file for output, for this program alone, and empties it; makes it where it is missing. Nothing where
+    /// that fails or somebody else holds a lock on it; an existing file is then left as it is.
+    virtual std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const = 0;
 };
 
 class HostFileSystem : public FileSystem {
   public:
     bool FileExists(const QString& path) const override;
     bool CopyFile(const QString& source, const QString& target) const override;
+    bool FolderExists(const QString& path) const override;
+    void CreateFolder(const QString& path) const override;
+    std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const override;
 };
 
 }  // namespace platform

@@ -1,5 +1,6 @@
 #include "platform/Database.h"
 #include "platform/database/DatabaseSession.h"
+#include "platform/database/NewRecord.h"
 #include "platform/database/ResultTable.h"
 
 namespace platform {
@@ -22,6 +23,11 @@ QString Field::Text() const {
     return table_->Text(row_, column_);
 }
 
+QByteArrayView Field::Utf8() const {
+    if (IsNull()) throw RuntimeError(kInvalidUseOfNull, QStringLiteral("Null の使い方が不正です。"));
+    return table_->Utf8(row_, column_);
+}
+
 QString Field::DeclaredType() const { return table_->Columns().DeclaredType(column_); }
 
 Recordset::Recordset() = default;
@@ -29,16 +35,26 @@ Recordset::~Recordset() = default;
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 
-void Recordset::Open(const QString& sql, Connection& connection, CursorType cursor, LockType /*lock*/) {
+void Recordset::Open(const QString& sql, Connection& connection, CursorType cursor, LockType lock) {
     table_.reset();
+    newRecord_.reset();
     row_ = 0;
     forwardOnly_ = cursor == CursorType::ForwardOnly;
-    table_ = connection.Session().Query(sql);
+    if (lock == LockType::ReadOnly) {
+        table_ = connection.Session().Query(sql);
+        return;
+    }
+    UpdatableResult result = connection.Session().QueryForUpdate(sql);
+    table_ = result.rows;
+    newRecord_ = std::make_unique<NewRecord>(connection.SharedSession(), std::move(result));
 }
 
 void Recordset::Close() {
     if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ != nullptr && newRecord_->InWork())
+        throw DatabaseError(kNotAllowedHere, QStringLiteral("追加中のレコードがあるため、この操作はできません。"));
     table_.reset();
+    newRecord_.reset();
 }
 
 const ResultTable& Recordset::OpenTable() const {
@@ -58,13 +74,48 @@ void Recordset::MoveNext() {
     if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
 }
 
-Field Recordset::operator[](QStringView name) const {
-    const ResultTable& table = OpenTable();
-    const int column = table.Columns().Find(name);
+int Recordset::ColumnOf(QStringView name) const {
+    const int column = OpenTable().Columns().Find(name);
     if (column < 0)
         throw DatabaseError(kItemNotFound, QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
+    return column;
+}
+
+Field Recordset::operator[](QStringView name) const { return FieldAt(ColumnOf(name)); }
+
+int Recordset::RecordCount() const { return OpenTable().RowCount(); }
+
+int Recordset::FieldCount() const { return OpenTable().Columns().Count(); }
+
+const QString& Recordset::FieldName(int column) const { return OpenTable().Columns().Name(column); }
+
+const QString& Recordset::FieldType(int column) const { return OpenTable().Columns().DeclaredType(column); }
+
+Field Recordset::FieldAt(int column) const {
+    const ResultTable& table = OpenTable();
+    if (newRecord_ != nullptr && newRecord_->Exists()) return {newRecord_->AsTable(), 0, column};
     if (row_ >= table.RowCount()) RaiseNoRecord();
     return {table, row_, column};
 }
+
+void Recordset::AddNew() {
+    if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ == nullptr)
+        throw DatabaseError(kNotUpdatable, QStringLiteral("このレコードセットには追加できません。"));
+    newRecord_->Begin();
+}
+
+NewRecord& Recordset::RecordInWork() const {
+    if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ == nullptr || !newRecord_->InWork()) RaiseNoRecord();
+    return *newRecord_;
+}
+
+void Recordset::Write(QStringView name, const QString& value) {
+    NewRecord& record = RecordInWork();
+    record.Write(ColumnOf(name), value);
+}
+
+void Recordset::Update() { RecordInWork().Store(); }
 
 }  // namespace platform

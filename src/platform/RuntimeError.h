@@ -39,6 +39,8 @@ class DatabaseError : public RuntimeError {
 inline constexpr long kObjectClosed = 3704;
 inline constexpr long kItemNotFound = 3265;
 inline constexpr long kNoCurrentRecord = 3021;
+inline constexpr long kNotAllowedHere = 3219;
+inline constexpr long kNotUpdatable = 3251;
 inline constexpr long kProviderNotFound = 3706;
 inline constexpr long kEngineFailure = -2147467259;     // anything an engine says without a number of its own here
 inline constexpr long kStatementFailure = -2147217900;  // the statement itself is wrong

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLocale>
 #include <QPointer>
 #include <QWindow>
 
@@ -14,7 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int kPaintPatience = 300;  // milliseconds
+constexpr auto kProgressAfter = 500ms;
+constexpr auto kProgressEvery = 100ms;
 
 QPointer<msgお待ち>& Dialog() {
     static QPointer<msgお待ち> dialog;
@@ -34,7 +39,7 @@ void PaintNow(QPointer<QWidget> window) {
 
 }  // namespace
 
-msgお待ち::msgお待ち() : Form(u"msgお待ち"_s) {
+msgお待ち::msgお待ち() : Form(u"msgお待ち"_s), shown_(platform::Services().clock->Elapsed()) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(u"要員名簿照会"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -47,8 +52,22 @@ msgお待ち::msgお待ち() : Form(u"msgお待ち"_s) {
     message->SetPlain();
     message->setAlignment(Qt::AlignCenter);
     message->setGeometry(8, 52, 324, 36);
-    setFixedSize(340, 104);
+    progress_ = new Label(*this, *this, u"lab_件数"_s, -1, QString());
+    progress_->setFont(SuiteFont(SuiteFace::PGothic, 10));
+    progress_->SetPlain();
+    progress_->setAlignment(Qt::AlignCenter);
+    progress_->setGeometry(8, 88, 324, 24);
+    setFixedSize(340, 120);
     Load = [this] { SetWindowTop(*this); };
+}
+
+void msgお待ち::ShowProgress(const QString& work, int done, int count) {
+    const auto now = platform::Services().clock->Elapsed();
+    if (now - shown_ <= kProgressAfter || now - painted_ < kProgressEvery) return;
+    painted_ = now;
+    const QLocale numbers(QLocale::Japanese, QLocale::Japan);
+    progress_->SetCaption(work + u' ' + numbers.toString(done) + u" / "_s + numbers.toString(count) + u" 件"_s);
+    progress_->repaint();
 }
 
 void SetWindowTop(QWidget& window) { window.raise(); }
@@ -58,6 +77,10 @@ void ShowWaitDialog() {
     Dialog()->ShowModeless();
     platform::LetEventsThrough();
     PaintNow(Dialog().data());
+}
+
+void PaintProgress(const QString& work, int done, int count) {
+    if (!Dialog().isNull()) Dialog()->ShowProgress(work, done, count);
 }
 
 void UnloadWaitDialog() {

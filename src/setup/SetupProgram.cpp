@@ -1,9 +1,11 @@
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QTextStream>
 #include <QThread>
 #include <atomic>
 #include <csignal>
 #include <cstdio>
+#include <memory>
+#include <string_view>
 
 #include "setup/Commands.h"
 
@@ -20,10 +22,21 @@ bool WaitForMore() {
     return !interrupted;
 }
 
+/// Making pages takes fonts, and those take a window system, if only one without a screen.
+bool MakesPages(int argc, char** argv) {
+    return argc > 2 && std::string_view(argv[1]) == "forms" && std::string_view(argv[2]) == "pdf";
+}
+
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
+    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     std::signal(SIGINT, Interrupt);
     std::signal(SIGTERM, Interrupt);
     QTextStream out(stdout), err(stderr);

@@ -112,20 +112,26 @@ int ByteLength932(QStringView text) {
 }
 
 Encoded932 Encode932(QStringView text) {
-    const std::vector<quint16>& forms = TheTables().forms;
     Encoded932 result;
-    result.bytes.reserve(text.size() * 2);
+    result.lost = AppendEncoded932(text, result.bytes);
+    return result;
+}
+
+int AppendEncoded932(QStringView text, QByteArray& bytes) {
+    const std::vector<quint16>& forms = TheTables().forms;
+    const qsizetype before = bytes.size();
+    bytes.resize(before + text.size() * 2);
+    char* const begin = bytes.data() + before;
+    char* end = begin;
+    int lost = 0;
     for (const QChar unit : text) {
         const quint16 form = forms[unit.unicode()];
-        if (form == kNoForm) {
-            result.bytes.append('?');
-            ++result.lost;
-            continue;
-        }
-        if (form >= 0x100) result.bytes.append(static_cast<char>(form >> 8));
-        result.bytes.append(static_cast<char>(form & 0xFF));
+        lost += form == kNoForm ? 1 : 0;
+        if (form >= 0x100 && form != kNoForm) *end++ = static_cast<char>(form >> 8);
+        *end++ = form == kNoForm ? '?' : static_cast<char>(form & 0xFF);
     }
-    return result;
+    bytes.resize(before + (end - begin));
+    return lost;
 }
 
 QString Decode932(QByteArrayView bytes) {

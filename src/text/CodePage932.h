@@ -19,6 +19,8 @@ struct Encoded932 {
     int lost = 0;  ///< UTF-16 units that became "?"
 };
 Encoded932 Encode932(QStringView text);
+/// The same behind what `bytes` holds already. Number of UTF-16 units that became "?".
+int AppendEncoded932(QStringView text, QByteArray& bytes);
 
 /// Bytes that are no character there become U+FFFD, one for each byte; so does a lead byte at the very end.
 QString Decode932(QByteArrayView bytes);

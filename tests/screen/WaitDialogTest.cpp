@@ -27,7 +27,8 @@ TEST_F(WaitDialog, SaysOneSentenceHasNoButtonsAndNoCloseBox) {
     ASSERT_NE(Shown(), nullptr);
     EXPECT_TRUE(Shown()->isVisible());
     EXPECT_EQ(Shown()->Item(u"lab_msg"_s).Caption(), u"しばらくお待ちください。"_s);
-    EXPECT_EQ(Shown()->Controls().size(), 2U);
+    EXPECT_EQ(Shown()->Item(u"lab_件数"_s).Caption(), QString());
+    EXPECT_EQ(Shown()->Controls().size(), 3U);
     EXPECT_FALSE(Shown()->windowFlags() & Qt::WindowCloseButtonHint);
     Shown()->close();
     EXPECT_TRUE(Shown()->isVisible());
@@ -66,6 +67,49 @@ TEST_F(WaitDialog, LiesOverTheMainFormAndTakesNeitherActivationNorFocus) {
     EXPECT_LT(distance.manhattanLength(), 60);
     EXPECT_EQ(form.Taken(), QString());
     EXPECT_EQ(form.ActiveControl(), &form.first);
+}
+
+namespace {
+/// Counts the paints of a widget.
+class Paints : public QObject {
+  public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+}  // namespace
+
+TEST_F(WaitDialog, ProgressIsPaintedAtOnceButOnlyAfterHalfASecondAndTenTimesASecond) {
+    using namespace std::chrono_literals;
+    ShowWaitDialog();
+    Control& line = Shown()->Item(u"lab_件数"_s);
+    Paints paints(line.Widget());
+    services.clock.elapsed += 500ms;
+    PaintProgress(u"データ作成"_s, 1, 12345);
+    EXPECT_EQ(line.Caption(), QString());
+    EXPECT_EQ(paints.count, 0);
+    services.clock.elapsed += 1ms;
+    PaintProgress(u"データ作成"_s, 1234, 12345);
+    EXPECT_EQ(line.Caption(), u"データ作成 1,234 / 12,345 件"_s);
+    EXPECT_EQ(paints.count, 1);
+    services.clock.elapsed += 99ms;
+    PaintProgress(u"データ作成"_s, 1300, 12345);
+    EXPECT_EQ(line.Caption(), u"データ作成 1,234 / 12,345 件"_s);
+    services.clock.elapsed += 1ms;
+    PaintProgress(u"データ作成"_s, 1400, 12345);
+    EXPECT_EQ(line.Caption(), u"データ作成 1,400 / 12,345 件"_s);
+    EXPECT_EQ(paints.count, 2);
+}
+
+TEST_F(WaitDialog, ProgressWithoutTheDialogIsNothing) {
+    services.clock.elapsed += std::chrono::seconds(5);
+    PaintProgress(u"データ作成"_s, 1, 2);
+    EXPECT_EQ(Shown(), nullptr);
+    ShowWaitDialog();
+    EXPECT_EQ(Shown()->Item(u"lab_件数"_s).Caption(), QString());
 }
 
 class Manual : public ScreenTest {};

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
 
 #include "data/Catalogue.h"
@@ -59,7 +60,8 @@ TEST_F(InstallerTest, MakesFoldersDatabasesAndManual) {
               (QStringList{u"conf"_s, u"data"_s, u"manual"_s, u"prgbin"_s, u"report"_s, u"users"_s}));
     EXPECT_EQ(Entries(u"suite/conf"_s), (QStringList{u"pin.key"_s, u"usrcnfg.accdb"_s}));
     EXPECT_EQ(Entries(u"suite/data"_s), QStringList{u"gnrdb.accdb"_s});
-    EXPECT_EQ(Entries(u"suite/report"_s), QStringList{u"repdb.accdb"_s});
+    EXPECT_EQ(Entries(u"suite/report"_s), (QStringList{u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+    EXPECT_FALSE(QImage(folder.filePath(u"suite/prgbin/空白.jpg"_s)).isNull());
     EXPECT_EQ(Bytes(folder.filePath(u"suite/manual/要員名簿照会.doc"_s)), setup::ManualDocument());
 }
 
@@ -79,7 +81,7 @@ TEST_F(InstallerTest, OlderKindHasItsSuffixAndProvider) {
     request.kind = kMdb;
     request.installKind = 1;
     const SampleFile configuration(Make() + u"/conf/usrcnfg.mdb"_s);
-    EXPECT_EQ(Entries(u"suite/report"_s), QStringList{u"repdb.mdb"_s});
+    EXPECT_EQ(Entries(u"suite/report"_s), (QStringList{u"repdb.mdb"_s, u"repfrmdb.mdb"_s}));
     EXPECT_EQ(configuration.Rows(u"SELECT プロバイダ名, データソース名 FROM データベース定義"_s),
               (QList<QStringList>{{u"Microsoft.Jet.OLEDB.4.0"_s, folder.filePath(u"suite/data/gnrdb.mdb"_s)}}));
     EXPECT_EQ(configuration.Value(u"SELECT インストール区分 FROM 動作環境定義"_s), u"1"_s);

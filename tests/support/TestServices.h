@@ -15,10 +15,15 @@
 class FixedClock : public platform::Clock {
   public:
     QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15));
-    mutable QList<int> sleeps;  ///< milliseconds asked for
+    mutable QList<int> sleeps;          ///< milliseconds asked for
+    std::function<void(int)> sleeping;  ///< what happens meanwhile, instead of the millisecond
     QDateTime Now() const override { return now; }
+    std::chrono::milliseconds elapsed{0};
+    std::chrono::milliseconds step{0};  ///< by which every look at the elapsed time moves it on
+    std::chrono::milliseconds Elapsed() const override { return const_cast<FixedClock*>(this)->elapsed += step; }
     void Sleep(int milliseconds) const override {
         sleeps.append(milliseconds);
+        if (sleeping) return sleeping(milliseconds);
         QThread::msleep(1);
     }
 };
@@ -40,6 +45,10 @@ class QueuedDialogs : public platform::Dialogs {
         shown.append({text, title, true});
         return answers.isEmpty() ? false : answers.takeFirst();
     }
+    /// What ShowSave was asked, and what it answers: first in first out, with none left it is cancelled.
+    QList<platform::SaveQuestion> saveQuestions;
+    QList<QString> saveAnswers;
+    std::optional<QString> ShowSave(const platform::SaveQuestion& question) override;
     QStringList Texts() const;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <memory>
+#include <vector>
 
 #include "platform/DatabaseTypes.h"
 #include "platform/RuntimeError.h"
@@ -20,6 +21,25 @@ struct ConnectionRequest {
     int commandTimeout = 30;     // seconds
     ConnectMode mode = ConnectMode::ReadWrite;
     TextRules rules;
+    bool scratch = false;
+};
+
+/// The way in which records of one table are written; made by a session and used by it alone.
+class RecordTarget {
+  public:
+    virtual ~RecordTarget() = default;
+};
+
+/// One field that somebody wrote: place in the result's columns, and value.
+struct WrittenField {
+    int column;
+    QString value;
+};
+
+/// Rows of a SELECT together with the table that they come from.
+struct UpdatableResult {
+    std::shared_ptr<ResultTable> rows;
+    std::shared_ptr<RecordTarget> target;
 };
 
 /// The provider's side of a connection: one open database. Statements arrive in the words of the suite; making
@@ -38,6 +58,13 @@ class DatabaseSession {
     virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
     virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
     virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }
+
+    /// A SELECT to whose table records are to be added. kNotUpdatable where its columns are not those of one table,
+    /// or the provider adds none.
+    virtual UpdatableResult QueryForUpdate(const QString& sql);
+    /// Adds one record to the target of a query of this session; columns that are not named get what the table
+    /// gives. It stands by itself and is in the table when this returns. It ends a read scope that stands.
+    virtual void Insert(RecordTarget& target, const std::vector<WrittenField>& fields);
 
     /// False when a scope or a transaction stands already, or when the engine refuses.
     virtual bool BeginReadScope() noexcept = 0;

@@ -75,11 +75,11 @@ int ReadSchema(sqlite3* database) { return RunPlain(database, "SELECT COUNT(*) F
     }
 }
 
-// Writers wait for the disk with every statement. A file that came here in WAL mode goes back to a journal of its
-// own, since WAL needs memory that machines on a network share don't have in common; if somebody else has it open
-// just now, the next opening tries again.
-void SetUpWriter(sqlite3* database) {
-    RunPlain(database, "PRAGMA synchronous=FULL");
+// Writers wait for the disk with every statement, unless the file is scratch. A file that came here in WAL mode goes
+// back to a journal of its own, since WAL needs memory that machines on a network share don't have in common; if
+// somebody else has it open just now, the next opening tries again.
+void SetUpWriter(sqlite3* database, bool scratch) {
+    RunPlain(database, scratch ? "PRAGMA synchronous=OFF" : "PRAGMA synchronous=FULL");
     SqliteStatement mode;
     sqlite3_stmt* raw = nullptr;
     sqlite3_prepare_v2(database, "PRAGMA journal_mode", -1, &raw, nullptr);
@@ -88,6 +88,7 @@ void SetUpWriter(sqlite3* database) {
     const bool wal = sqlite3_stricmp(reinterpret_cast<const char*>(sqlite3_column_text(raw, 0)), "wal") == 0;
     mode.reset();
     if (wal) RunPlain(database, "PRAGMA journal_mode=DELETE");
+    if (scratch) RunPlain(database, "PRAGMA journal_mode=MEMORY");
 }
 
 }  // namespace
@@ -123,7 +124,7 @@ SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
         code = ReadSchema(database.get());
     }
     if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);
-    if (!reader) SetUpWriter(database.get());
+    if (!reader) SetUpWriter(database.get(), request.scratch);
     WaitForLocks(database.get(), LockWaitMilliseconds(request.commandTimeout));
     return database;
 }

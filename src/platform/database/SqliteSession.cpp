@@ -1,6 +1,7 @@
 #include "platform/database/SqliteSession.h"
 
 #include "platform/database/SqliteOpening.h"
+#include "platform/database/SqliteTarget.h"
 #include "platform/database/SqliteText.h"
 #include "platform/database/StatementAdapter.h"
 
@@ -126,6 +127,18 @@ void SqliteSession::Execute(const QString& sql) {
 // A transaction that begins by reading is refused at its first write, without any waiting, when another program has
 // written meanwhile.
 void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
+
+UpdatableResult SqliteSession::QueryForUpdate(const QString& sql) {
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    auto target = std::make_shared<SqliteTarget>(database_.get(), statement.Handle());
+    return {ReadRows(statement), std::move(target)};
+}
+
+void SqliteSession::Insert(RecordTarget& target, const std::vector<WrittenField>& fields) {
+    EndReadScope();
+    static_cast<SqliteTarget&>(target).Insert(fields);
+}
 
 // The engine fixes its snapshot with the first read and not with BEGIN.
 bool SqliteSession::BeginReadScope() noexcept {

@@ -18,6 +18,8 @@ class SqliteSession : public DatabaseSession {
     std::shared_ptr<ResultTable> Query(const QString& sql) override;
     void Execute(const QString& sql) override;
     void BeginTransaction() override;
+    UpdatableResult QueryForUpdate(const QString& sql) override;
+    void Insert(RecordTarget& target, const std::vector<WrittenField>& fields) override;
     bool BeginReadScope() noexcept override;
     void EndReadScope() noexcept override;
 

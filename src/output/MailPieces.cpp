@@ -1,0 +1,202 @@
+#include "output/MailPieces.h"
+
+#include <QStringBuilder>
+#include <array>
+#include <utility>
+
+#include "access/CompanyInformation.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "output/ReportDatabase.h"
+#include "output/WorkTable.h"
+#include "platform/FileSystem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPerson = u"様"_s;
+
+/// Goes on with the next statement whatever this one runs into.
+template <typename Work>
+void Ignoring(Work work) {
+    try {
+        work();
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
+void WriteIgnoring(platform::Recordset& record, QStringView column, const QString& value) {
+    Ignoring([&] { record.Write(column, value); });
+}
+
+using Writer = void (*)(platform::Recordset& record, QStringView column, const QString& value);
+
+void WriteOrRaise(platform::Recordset& record, QStringView column, const QString& value) {
+    record.Write(column, value);
+}
+
+struct RowColumn {
+    QStringView column;
+    StaffText field;
+};
+
+constexpr std::array kAddress = {
+    RowColumn{u"郵便番号", StaffText::郵便番号},
+    RowColumn{u"住所A", StaffText::住所A},
+    RowColumn{u"住所B", StaffText::住所B},
+    RowColumn{u"住所C", StaffText::住所C},
+};
+
+/// The recipient's block; `side` stands before each column's name. Companies are addressed by 名称A and 御中; here it
+/// is always a person, so the honorific stands twice: in its own column and, behind a blank, with the name. Each form
+/// prints the one it needs.
+void WriteRecipient(platform::Recordset& record, const QString& side, int row, Writer write) {
+    const StaffRowStore& rows = Globals().Rows;
+    const QString name = side + u"名称B"_s;
+    write(record, side + u"コード"_s, rows.Text(StaffText::担当者コード, row));
+    write(record, side + u"名称A"_s, QString());
+    write(record, name, rows.Text(StaffText::担当者名, row));
+    for (const RowColumn& column : kAddress) write(record, QString(side % column.column), rows.Text(column.field, row));
+    write(record, side + u"御中"_s, kPerson);
+    if (write == &WriteIgnoring)
+        Ignoring([&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
+    else
+        record.Write(name, record[name].Text() + u' ' + kPerson);
+}
+
+struct OfficeColumn {
+    QStringView column;
+    QString OfficeRecord::*field;
+};
+
+constexpr std::array kSenderOffice = {
+    OfficeColumn{u"ユーザ郵便番号", &OfficeRecord::郵便番号}, OfficeColumn{u"ユーザ住所A", &OfficeRecord::住所A},
+    OfficeColumn{u"ユーザ住所B", &OfficeRecord::住所B},       OfficeColumn{u"ユーザ住所C", &OfficeRecord::住所C},
+    OfficeColumn{u"ユーザ電話", &OfficeRecord::電話},         OfficeColumn{u"ユーザFAX", &OfficeRecord::FAX},
+};
+
+constexpr std::array kSecondSender = {
+    OfficeColumn{u"事業所名称", &OfficeRecord::名称},   OfficeColumn{u"事業所郵便番号", &OfficeRecord::郵便番号},
+    OfficeColumn{u"事業所住所A", &OfficeRecord::住所A}, OfficeColumn{u"事業所住所B", &OfficeRecord::住所B},
+    OfficeColumn{u"事業所住所C", &OfficeRecord::住所C}, OfficeColumn{u"事業所電話", &OfficeRecord::電話},
+    OfficeColumn{u"事業所FAX", &OfficeRecord::FAX},
+};
+
+struct CompanyColumn {
+    QStringView column;
+    QString CompanyRecord::*field;
+};
+
+constexpr std::array kSenderCompany = {
+    CompanyColumn{u"ユーザ名称", &CompanyRecord::名称},   CompanyColumn{u"ユーザ郵便番号", &CompanyRecord::郵便番号},
+    CompanyColumn{u"ユーザ住所A", &CompanyRecord::住所A}, CompanyColumn{u"ユーザ住所B", &CompanyRecord::住所B},
+    CompanyColumn{u"ユーザ住所C", &CompanyRecord::住所C}, CompanyColumn{u"ユーザ電話", &CompanyRecord::電話},
+    CompanyColumn{u"ユーザFAX", &CompanyRecord::FAX},
+};
+
+template <typename Columns, typename Source>
+void WriteFrom(platform::Recordset& record, const Columns& columns, const Source& source) {
+    for (const auto& column : columns) WriteIgnoring(record, column.column, source.*column.field);
+}
+
+/// A blank picture where the company has no logo, so that the form's picture is never without a file.
+void WriteLogo(platform::Recordset& record) {
+    const ProgramGlobals& globals = Globals();
+    const QString column = u"ユーザ会社ロゴfile"_s, separator = platform::kPathSeparator;
+    WriteIgnoring(record, column, globals.Layout.ProgramFolder + separator + u"空白.jpg"_s);
+    if (globals.Company.会社ロゴfile.isEmpty()) return;
+    WriteIgnoring(record, column,
+                  globals.Company.写真フォルダ + separator + u"会社ロゴ"_s + separator + globals.Company.会社ロゴfile);
+}
+
+/// With two offices both stand on every envelope. With more, only somebody who works in a branch gets the second one.
+void WriteSecondSender(platform::Recordset& record) {
+    const ProgramGlobals& globals = Globals();
+    const QString& scope = globals.ScopeOfficeCode;
+    if (scope != u"000"_s && scope != u"001"_s && globals.OfficeCount >= 3) {
+        WriteFrom(record, kSecondSender, globals.Office);
+    } else if (globals.OfficeCount == 2) {
+        Ignoring([] { LoadOutputOffice(u"002"_s); });
+        WriteFrom(record, kSecondSender, globals.OutputOffice);
+    }
+}
+
+void WriteEnvelope(platform::Recordset& record, int row) {
+    WriteRecipient(record, QString(), row, &WriteIgnoring);
+    WriteIgnoring(record, u"ユーザ名称", Globals().Company.名称);
+    WriteLogo(record);
+    Ignoring([] { LoadOutputOffice(u"001"_s); });
+    WriteFrom(record, kSenderOffice, Globals().OutputOffice);
+    WriteSecondSender(record);
+}
+
+/// The sender is the company itself, unlike on an envelope, where it is the office "001" under the company's name.
+void WritePostcard(platform::Recordset& record, int row) {
+    WriteRecipient(record, QString(), row, &WriteIgnoring);
+    WriteFrom(record, kSenderCompany, Globals().Company);
+}
+
+bool BuildPieces(const QString& table, void (*writePiece)(platform::Recordset& record, int row)) {
+    platform::Recordset& record = Globals().ReportRecordset;
+    OpenEmptiedWorkTable(table);
+    ForEachMarkedRow([&record, writePiece](int row) {
+        Ignoring([&record] { record.AddNew(); });
+        writePiece(record, row);
+        Ignoring([&record] { record.Update(); });
+    });
+    bool holds = false;
+    Ignoring([&] { record.Close(); });
+    Ignoring([&] { holds = WorkTableHoldsRows(table); });
+    record = platform::Recordset();
+    return holds;
+}
+
+void NumberRecord(platform::Recordset& record, int number) {
+    record.Write(u"行番号", QString::number(number).rightJustified(6, u'0'));
+    record.Update();
+}
+
+constexpr int kRecordsOfSheet = 6;
+
+/// Number of records, the last one with its left label only where the count of labels is odd.
+int AddLabels(platform::Recordset& record) {
+    int counter = -1;
+    ForEachMarkedRow([&](int row) {
+        ++counter;
+        const bool left = counter % 2 == 0;
+        if (left) record.AddNew();
+        WriteRecipient(record, left ? u"A列"_s : u"B列"_s, row, &WriteOrRaise);
+        if (!left) NumberRecord(record, (counter + 1) / 2);
+    });
+    const bool halfFull = counter % 2 == 0;
+    const int count = (counter + (halfFull ? 2 : 1)) / 2;
+    if (halfFull) NumberRecord(record, count);
+    return count;
+}
+
+/// Up to one full sheet and no further: a list that is longer than a sheet is not filled up. Records without a label
+/// do not make a list, so nothing is added to none.
+void PadSheet(platform::Recordset& record, int count) {
+    if (count % kRecordsOfSheet == 0) return;
+    for (int number = count + 1; number <= kRecordsOfSheet; ++number) {
+        record.AddNew();
+        NumberRecord(record, number);
+    }
+}
+
+}  // namespace
+
+bool BuildEnvelopeData() { return BuildPieces(Globals().ReportName + u"封筒"_s, &WriteEnvelope); }
+
+bool BuildPostcardData() { return BuildPieces(Globals().ReportName + u"はがき"_s, &WritePostcard); }
+
+bool BuildLabelData() {
+    const QString table = Globals().ReportName + u"宛名ラベル"_s;
+    platform::Recordset& record = Globals().ReportRecordset;
+    OpenEmptiedWorkTable(table);
+    PadSheet(record, AddLabels(record));
+    CloseQuietly(record);
+    return WorkTableHoldsRows(table);
+}

@@ -1,0 +1,103 @@
+#include "output/ReportData.h"
+
+#include <array>
+
+#include "data/EraDates.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "output/ReportDatabase.h"
+#include "output/SelectionText.h"
+#include "output/WorkTable.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using enum StaffText;
+
+struct RowColumn {
+    QStringView column;
+    StaffText field;
+};
+
+constexpr auto kRowColumns = std::to_array<RowColumn>({
+    {u"コード", 担当者コード},
+    {u"氏名", 担当者名},
+    {u"カナ", カナ},
+    {u"性別区分名", 性別区分名},
+    {u"郵便番号", 郵便番号},
+    {u"住所A", 住所A},
+    {u"住所B", 住所B},
+    {u"住所C", 住所C},
+    {u"電話", 電話},
+    {u"携帯電話", 携帯電話},
+    {u"EMAIL", EMAIL},
+    {u"事業所名", 所属事業所名},
+    {u"部門名", 部門名},
+    {u"セクション名", セクション名},
+    {u"役職名", 役職名},
+    {u"在籍区分名", 在籍区分名},
+    {u"社員区分名", 社員区分名},
+    {u"生年月日", 生年月日},
+    {u"入社日付", 入社日付},
+    {u"退社日付", 退社日付},
+    {u"事業所コード", 事業所コード},
+    {u"部門コード", 部門コード},
+    {u"セクションコード", セクションコード},
+    {u"役職コード", 役職コード},
+});
+
+constexpr auto kShownDates = std::to_array<RowColumn>({
+    {u"表示生年月日", 生年月日},
+    {u"表示入社日付", 入社日付},
+    {u"表示退社日付", 退社日付},
+});
+
+constexpr auto kLastColumns = std::to_array<RowColumn>({
+    {u"担当者メモ", 担当者メモ},
+    {u"登録日付", 登録日付},
+    {u"更新日付", 更新日付},
+});
+
+/// A company of a single office has none to name.
+void WriteOffice(platform::Recordset& record) {
+    const ProgramGlobals& globals = Globals();
+    if (globals.OfficeCount <= 0) return;
+    record.Write(u"運用事業所コード", globals.Environment.OperatingOfficeCode);
+    record.Write(u"運用事業所名", globals.Office.名称);
+}
+
+/// An era of an empty date would read "年月日", so it stays unwritten.
+void WriteShownDate(platform::Recordset& record, const RowColumn& date, int row) {
+    const QString& stored = Globals().Rows.Text(date.field, row);
+    if (!stored.isEmpty()) record.Write(date.column, EraDateLong(stored));
+}
+
+void WriteRow(platform::Recordset& record, int row) {
+    const StaffRowStore& rows = Globals().Rows;
+    WriteOffice(record);
+    record.Write(u"選択条件", BuildSelectionText());
+    for (const RowColumn& column : kRowColumns) record.Write(column.column, rows.Text(column.field, row));
+    for (const RowColumn& date : kShownDates) WriteShownDate(record, date, row);
+    for (const RowColumn& column : kLastColumns) record.Write(column.column, rows.Text(column.field, row));
+}
+
+}  // namespace
+
+// The eras and the names of a selection are asked for again with every row; under one snapshot the answers are
+// remembered.
+bool BuildReportData() {
+    const QString table = Globals().ReportName;
+    platform::Recordset& record = Globals().ReportRecordset;
+    OpenEmptiedWorkTable(table);
+    {
+        const platform::ReadScope scope(Globals().MainConnection);
+        ForEachMarkedRow([&record](int row) {
+            record.AddNew();
+            WriteRow(record, row);
+            record.Update();
+        });
+    }
+    CloseQuietly(record);
+    return WorkTableHoldsRows(table);
+}

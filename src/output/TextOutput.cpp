@@ -1,0 +1,59 @@
+#include "output/TextOutput.h"
+
+#include "data/Recordsets.h"
+#include "data/RunHistory.h"
+#include "frame/ProgramGlobals.h"
+#include "output/CsvWriter.h"
+#include "output/ReportData.h"
+#include "output/ReportDatabase.h"
+#include "platform/Services.h"
+#include "screen/Form.h"
+#include "screen/msgお待ち.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kWord = u"テキスト出力"_s;
+const QString kLostWords = u"文字はシフトJISにないため「?」で出力しました。"_s;
+
+/// An earlier output's notice goes with the next one; what else stands there stays.
+void TellLost(const LostCharacters& lost) {
+    Control& notice = Globals().MainForm->Item(u"お知らせ"_s);
+    if (lost.characters > 0)
+        notice.SetCaption(FormatByMask(lost.lines, u"#,###,##0"_s) + u"行の"_s +
+                          FormatByMask(lost.characters, u"#,###,##0"_s) + kLostWords);
+    else if (notice.Caption().endsWith(kLostWords))
+        notice.SetCaption(QString());
+}
+
+}  // namespace
+
+void RunTextOutput() {
+    if (!OpenReportDatabase()) {
+        platform::Services().dialogs->ShowMessage(u"帳票が使用できません。"_s);
+        return;
+    }
+    ShowWaitDialog();
+    if (BuildReportData())
+        WriteWorkTableToText();
+    else
+        platform::Services().dialogs->ShowMessage(u"出力情報が有りません"_s);
+    UnloadWaitDialog();
+    CloseReportDatabase();
+}
+
+void WriteWorkTableToText() {
+    ProgramGlobals& globals = Globals();
+    globals.MainForm->SetEnabled(false);
+    RecordOutputStart(kWord);
+    LostCharacters lost;
+    if (OpenReportReadOnly(globals.ReportRecordset, u"SELECT * FROM "_s + globals.ReportName))
+        lost = WriteRecordsetAsCsv(globals.ReportRecordset, globals.TextOutputFileName);
+    CloseQuietly(globals.ReportRecordset);
+    globals.ReportRecordset = platform::Recordset();
+    RecordOutputEnd(kWord);
+    globals.MainForm->SetEnabled(true);
+    TellLost(lost);
+}

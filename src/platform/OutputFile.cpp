@@ -1,0 +1,91 @@
+#include "platform/OutputFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <utility>
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+namespace {
+
+constexpr qsizetype kPiece = 1 << 18;
+constexpr long kDiskFull = 61;
+constexpr long kWriteFailure = 57;
+
+[[noreturn]] void RaiseWriteFailure(int code) {
+    const bool full = code == ENOSPC || code == EDQUOT || code == EFBIG;
+    throw RuntimeError(full ? kDiskFull : kWriteFailure, QString::fromLocal8Bit(std::strerror(code)));
+}
+
+/// True when somebody else holds the lock. A file system without locks has nobody who does.
+bool HeldElsewhere(int result) { return result != 0 && (errno == EAGAIN || errno == EACCES || errno == EWOULDBLOCK); }
+
+/// Programs lock in two ways that don't know of each other.
+bool LockedByAnother(int descriptor) {
+    struct flock whole = {};
+    whole.l_type = F_WRLCK;
+    whole.l_whence = SEEK_SET;
+    return HeldElsewhere(::fcntl(descriptor, F_OFD_SETLK, &whole)) ||
+           HeldElsewhere(::flock(descriptor, LOCK_EX | LOCK_NB));
+}
+
+/// Only behind the lock: a file in use keeps what it holds. What is no plain file has nothing to be emptied of.
+bool Empty(int descriptor) {
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0) return false;
+    return !S_ISREG(status.st_mode) || ::ftruncate(descriptor, 0) == 0;
+}
+
+}  // namespace
+
+OutputFile::OutputFile(int descriptor) : descriptor_(descriptor) { pending_.reserve(2 * kPiece); }
+
+OutputFile::~OutputFile() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+std::unique_ptr<OutputFile> OutputFile::Open(const QString& path) {
+    // A pipe without a reader fails instead of waiting for one.
+    const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    const int descriptor = ::open(QFile::encodeName(path).constData(), flags, 0666);
+    if (descriptor < 0) return nullptr;
+    std::unique_ptr<OutputFile> file(new OutputFile(descriptor));
+    if (LockedByAnother(descriptor) || !Empty(descriptor)) return nullptr;
+    ::fcntl(descriptor, F_SETFL, O_WRONLY);
+    return file;
+}
+
+void OutputFile::Write(QByteArrayView bytes) {
+    pending_.append(bytes);
+    if (pending_.size() >= kPiece) WriteOut();
+}
+
+void OutputFile::WriteOut() {
+    qsizetype done = 0;
+    while (done < pending_.size()) {
+        const ssize_t written =
+            ::write(descriptor_, pending_.constData() + done, static_cast<size_t>(pending_.size() - done));
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) RaiseWriteFailure(errno);
+        done += written;
+    }
+    pending_.resize(0);
+}
+
+// On a share, a full disk may show at the close alone.
+void OutputFile::Close() {
+    WriteOut();
+    if (::close(std::exchange(descriptor_, -1)) != 0) RaiseWriteFailure(errno);
+}
+
+void LetWritesPastALimitFail() { std::signal(SIGXFSZ, SIG_IGN); }
+
+}  // namespace platform

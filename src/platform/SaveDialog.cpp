@@ -1,0 +1,60 @@
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QStringList>
+
+#include "platform/Dialogs.h"
+#include "platform/FileSystem.h"
+
+namespace platform {
+namespace {
+
+/// "text (*.txt)" and "*.txt" in turn become Qt's kinds, whose description carries the pattern.
+QStringList NameFilters(const QString& filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = u'(' + parts[i + 1] + u')';
+        filters << (parts[i].endsWith(pattern) ? parts[i] : parts[i] + u' ' + pattern);
+    }
+    return filters;
+}
+
+/// The folder of the proposed name, or the nearest one around it that exists.
+QString NearestFolder(const QString& path) {
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QDir(folder).exists()) folder = QFileInfo(folder).absolutePath();
+    return folder;
+}
+
+/// Where the folder is still to be made the whole path is proposed, so that the user sees where the file goes.
+void Propose(QFileDialog& dialog, const QString& fileName) {
+    const QString path = NativePath(fileName);
+    const QString folder = NearestFolder(path);
+    dialog.setDirectory(folder);
+    const bool here = QFileInfo(path).absolutePath() == folder;
+    if (auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+        edit->setText(here ? QFileInfo(path).fileName() : path);
+}
+
+}  // namespace
+
+// Qt's own dialog and not the desktop's: those ask before they overwrite, and some append a suffix.
+std::optional<QString> WidgetDialogs::ShowSave(const SaveQuestion& question) {
+    QFileDialog dialog(QApplication::activeWindow());
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    dialog.setWindowTitle(QStringLiteral("名前を付けて保存"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    const QStringList filters = NameFilters(question.Filter);
+    dialog.setNameFilters(filters);
+    if (question.FilterIndex >= 1 && question.FilterIndex <= filters.size())
+        dialog.selectNameFilter(filters[question.FilterIndex - 1]);
+    Propose(dialog, question.FileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return dialog.selectedFiles().first();
+}
+
+}  // namespace platform

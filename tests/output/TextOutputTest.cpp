@@ -1,0 +1,203 @@
+#include "output/TextOutput.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "output/OutputFixture.h"
+#include "screen/msgお待ち.h"
+#include "support/FileBytes.h"
+#include "support/FullDisk.h"
+
+using namespace Qt::StringLiterals;
+using enum StaffText;
+
+namespace {
+
+const QString kStart = u"出力開始 テキスト出力"_s, kEnd = u"出力終了 テキスト出力"_s;
+
+class TextOutput : public OutputTest {
+  protected:
+    TextOutput() {
+        Globals().TextOutputFileName = folder.filePath(u"a.csv"_s);
+        form.SetEnabled(true);
+    }
+    ~TextOutput() override { UnloadWaitDialog(); }
+
+    static bool WaitDialogStands() {
+        for (const Form* loaded : LoadedForms())
+            if (loaded->Name() == u"msgお待ち"_s) return true;
+        return false;
+    }
+    static QString Progress() {
+        for (const Form* loaded : LoadedForms())
+            if (loaded->Name() == u"msgお待ち"_s) return loaded->Item(u"lab_件数"_s).Caption();
+        return u"no dialog"_s;
+    }
+    QString Notice() const { return form.Plain(u"お知らせ"_s).text; }
+    QStringList OutputRows() const { return History().filter(u"出力"_s); }
+    void ExpectTidy() const {
+        EXPECT_TRUE(form.Enabled());
+        EXPECT_FALSE(WaitDialogStands());
+        EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
+        EXPECT_FALSE(Globals().ReportRecordset.IsOpen());
+    }
+
+    QTemporaryDir folder;
+};
+
+}  // namespace
+
+TEST_F(TextOutput, WritesTheMarkedRowsAndTellsTheHistory) {
+    AddRow({{担当者コード, u"00001"_s}, {担当者名, u"山田"_s}});
+    AddRow({{担当者コード, u"00002"_s}}, false);
+    RunTextOutput();
+    const QList<QByteArray> lines = ReadBytes(Globals().TextOutputFileName).split('\n');
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0].count(','), 32);
+    EXPECT_TRUE(lines[1].startsWith("\"\",\"\",\"\x95\x5C\x8E\xA6\x8F\x87\x81\x46"));  // 表示順：
+    EXPECT_TRUE(lines[1].contains("\"00001\",\"\x8E\x52\x93\x63\",\"\""));
+    EXPECT_EQ(OutputRows(), QStringList({kStart, kEnd}));
+    EXPECT_EQ(Notice(), QString());
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, WithoutAReportDatabaseSaysSoAndLeavesTheFileAlone) {
+    WriteBytes(Globals().TextOutputFileName, "old");
+    Globals().Layout.ReportDbKind = kNoFile;
+    AddRows(1);
+    RunTextOutput();
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{u"帳票が使用できません。"_s});
+    EXPECT_EQ(ReadBytes(Globals().TextOutputFileName), "old");
+    EXPECT_TRUE(OutputRows().isEmpty());
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, WithoutMarkedRowsSaysSoAndNeitherMakesNorEmptiesAFile) {
+    AddRow({}, false);
+    RunTextOutput();
+    EXPECT_FALSE(QFile::exists(Globals().TextOutputFileName));
+    WriteBytes(Globals().TextOutputFileName, "old");
+    RunTextOutput();
+    EXPECT_EQ(services.dialogs.Texts(), QStringList(2, u"出力情報が有りません"_s));
+    EXPECT_EQ(ReadBytes(Globals().TextOutputFileName), "old");
+    EXPECT_TRUE(OutputRows().isEmpty());
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, AFileInUseIsToldAndTheTableIsFilledAllTheSame) {
+    Globals().TextOutputFileName = folder.path();
+    AddRows(2);
+    RunTextOutput();
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{folder.path() + u"が使用中です。"_s});
+    EXPECT_EQ(WorkColumn(u"コード"_s).size(), 2);
+    EXPECT_EQ(OutputRows(), QStringList({kStart, kEnd}));
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, AFailureInTheMiddleOfWritingLeavesEverythingAsItStands) {
+    const FullDisk full;
+    AddRows(1);
+    EXPECT_EQ(FailureOf(RunTextOutput).number, 61);
+    EXPECT_FALSE(form.Enabled());
+    EXPECT_TRUE(WaitDialogStands());
+    EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
+    EXPECT_TRUE(Globals().ReportRecordset.IsOpen());
+    EXPECT_EQ(OutputRows(), QStringList{kStart});
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(TextOutput, AFailureInTheBuildLeavesTheWaitDialogAndAnEnabledForm) {
+    installation.Report().Execute(u"ALTER TABLE 要員名簿照会 DROP COLUMN EMAIL"_s);
+    AddRows(1);
+    EXPECT_EQ(FailureOf(RunTextOutput).number, platform::kItemNotFound);
+    EXPECT_TRUE(form.Enabled());
+    EXPECT_TRUE(WaitDialogStands());
+    EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
+    EXPECT_TRUE(OutputRows().isEmpty());
+    EXPECT_FALSE(QFile::exists(Globals().TextOutputFileName));
+}
+
+TEST_F(TextOutput, TheOutputAfterAFailedOneBeginsAnew) {
+    installation.Report().Execute(u"ALTER TABLE 要員名簿照会 DROP COLUMN EMAIL"_s);
+    AddRows(1);
+    EXPECT_EQ(FailureOf(RunTextOutput).number, platform::kItemNotFound);
+    installation.Report().Execute(u"ALTER TABLE 要員名簿照会 ADD COLUMN EMAIL TEXT"_s);
+    RunTextOutput();
+    EXPECT_TRUE(QFile::exists(Globals().TextOutputFileName));
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, AMissingReportDatabaseRisesBeforeAnythingIsShown) {
+    ASSERT_TRUE(QFile::remove(installation.Report().Path()));
+    AddRows(1);
+    EXPECT_NE(FailureOf(RunTextOutput).number, 0);
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, OnlyLostCharactersAreToldInTheNotice) {
+    AddRow({{担当者名, u"𠮷野"_s}, {住所A, u"鷗町"_s}});
+    AddRow({{担当者名, u"森鷗外"_s}});
+    AddRow({{担当者名, u"山田"_s}});
+    RunTextOutput();
+    EXPECT_EQ(Notice(), u"2行の4文字はシフトJISにないため「?」で出力しました。"_s);
+    EXPECT_EQ(OutputRows(), QStringList({kStart, kEnd}));
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(TextOutput, ANoticeOfLostCharactersGoesWithTheNextOutputAndAnyOtherStays) {
+    form.Plain(u"お知らせ"_s).text = u"3文字オーバーです。"_s;
+    AddRow({{担当者名, u"山田"_s}});
+    RunTextOutput();
+    EXPECT_EQ(Notice(), u"3文字オーバーです。"_s);
+    Globals().Rows.Text(担当者名, 0) = u"𠮷"_s;
+    RunTextOutput();
+    EXPECT_EQ(Notice(), u"1行の2文字はシフトJISにないため「?」で出力しました。"_s);
+    Globals().Rows.Text(担当者名, 0) = u"山田"_s;
+    RunTextOutput();
+    EXPECT_EQ(Notice(), QString());
+}
+
+TEST_F(TextOutput, NoEventIsLetThroughWhileTheTableIsFilledAndTheFileWritten) {
+    AddRows(3);
+    Globals().Flags.NameListGiven = true;
+    TellingSelection window(u"wnd担当者名複数指定"_s, QString());
+    int arrived = 0;
+    window.whenAsked = [&] {
+        QMetaObject::invokeMethod(
+            qApp, [&] { ++arrived; }, Qt::QueuedConnection);
+    };
+    services.clock.step = std::chrono::milliseconds(700);
+    RunTextOutput();
+    EXPECT_EQ(window.asked, 3);
+    EXPECT_EQ(arrived, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(arrived, 3);
+}
+
+TEST_F(TextOutput, ALongOutputShowsHowManyRowsAreDoneAndAShortOneNothing) {
+    AddRows(3);
+    Globals().Flags.NameListGiven = true;
+    TellingSelection window(u"wnd担当者名複数指定"_s, QString());
+    QStringList seen;
+    window.whenAsked = [&] { seen << Progress(); };
+    RunTextOutput();
+    EXPECT_EQ(seen, QStringList(3, QString()));
+    seen.clear();
+    services.clock.step = std::chrono::milliseconds(300);
+    RunTextOutput();
+    EXPECT_EQ(seen, QStringList({QString(), QString(), u"データ作成 2 / 3 件"_s}));
+    const FullDisk full;
+    EXPECT_EQ(FailureOf(RunTextOutput).number, 61);
+    EXPECT_EQ(Progress(), u"ファイル書込み 3 / 3 件"_s);
+}
+
+TEST_F(TextOutput, ColumnsBeyondTheProgramsOwnAreWrittenAsWell) {
+    installation.Report().Execute(u"ALTER TABLE 要員名簿照会 ADD COLUMN 支給額 CURRENCY"_s);
+    AddRows(1);
+    RunTextOutput();
+    const QList<QByteArray> lines = ReadBytes(Globals().TextOutputFileName).split('\n');
+    EXPECT_TRUE(lines[0].endsWith(",\"\x8E\x78\x8B\x8B\x8A\x7A\"\r"));
+    EXPECT_TRUE(lines[1].endsWith(",\"\", \r"));
+}

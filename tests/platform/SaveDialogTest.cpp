@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <functional>
+
+#include "platform/Dialogs.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kFilter = u"テキスト ファイル (*.txt)|*.txt|CSV ファイル (*.csv)|*.csv"_s;
+
+/// Works the save dialog that comes up, by keys.
+class SaveUser {
+  public:
+    explicit SaveUser(std::function<void(QFileDialog&, QLineEdit&)> work) : work_(std::move(work)) {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+        timer_.start(10);
+    }
+    bool used = false;
+
+    static void Accept(QLineEdit& name) { QTest::keyClick(&name, Qt::Key_Return); }
+    static void Replace(QLineEdit& name, const QString& text) {
+        QTest::keyClick(&name, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&name, text);
+    }
+
+  private:
+    void Look() {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        timer_.stop();
+        used = true;
+        work_(*dialog, *dialog->findChild<QLineEdit*>(u"fileNameEdit"_s));
+    }
+
+    QTimer timer_;
+    std::function<void(QFileDialog&, QLineEdit&)> work_;
+};
+
+class SaveDialog : public testing::Test {
+  protected:
+    std::optional<QString> Ask(const QString& name, std::function<void(QFileDialog&, QLineEdit&)> work) {
+        const SaveUser user(std::move(work));
+        const auto chosen = dialogs.ShowSave({kFilter, 2, name});
+        EXPECT_TRUE(user.used);
+        return chosen;
+    }
+    QTemporaryDir folder;
+    platform::WidgetDialogs dialogs;
+};
+
+}  // namespace
+
+TEST_F(SaveDialog, ProposesTheNameInItsFolderWithTheSecondKind) {
+    const QString path = folder.filePath(u"要員名簿照会.CSV"_s);
+    EXPECT_EQ(Ask(path,
+                  [&](QFileDialog& dialog, QLineEdit& name) {
+                      EXPECT_EQ(dialog.directory().path(), folder.path());
+                      EXPECT_EQ(name.text(), u"要員名簿照会.CSV"_s);
+                      EXPECT_EQ(dialog.nameFilters(),
+                                QStringList({u"テキスト ファイル (*.txt)"_s, u"CSV ファイル (*.csv)"_s}));
+                      EXPECT_EQ(dialog.selectedNameFilter(), u"CSV ファイル (*.csv)"_s);
+                      SaveUser::Accept(name);
+                  }),
+              path);
+}
+
+TEST_F(SaveDialog, CancelGivesNothing) {
+    EXPECT_EQ(Ask(folder.filePath(u"a.csv"_s),
+                  [](QFileDialog& dialog, QLineEdit&) { QTest::keyClick(&dialog, Qt::Key_Escape); }),
+              std::nullopt);
+}
+
+TEST_F(SaveDialog, AppendsNoSuffixAndAsksNothingAboutAnExistingFile) {
+    QFile existing(folder.filePath(u"old"_s));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    EXPECT_EQ(Ask(folder.filePath(u"a.csv"_s),
+                  [](QFileDialog&, QLineEdit& name) {
+                      SaveUser::Replace(name, u"old"_s);
+                      SaveUser::Accept(name);
+                  }),
+              folder.filePath(u"old"_s));
+}
+
+TEST_F(SaveDialog, AFolderStillToBeMadeIsProposedInFull) {
+    const QString path = folder.filePath(u"new/sub/a.csv"_s);
+    EXPECT_EQ(Ask(path,
+                  [&](QFileDialog& dialog, QLineEdit& name) {
+                      EXPECT_EQ(dialog.directory().path(), folder.path());
+                      EXPECT_EQ(name.text(), path);
+                      SaveUser::Accept(name);
+                  }),
+              path);
+}

@@ -1,0 +1,121 @@
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <csignal>
+
+#include "report-host/ReportFixture.h"
+
+using namespace Qt::StringLiterals;
+
+TEST_F(ReportTest, MissingFormIsTold) {
+    EXPECT_EQ(Failure(u"無い帳票"_s), u"帳票「無い帳票」が帳票ファイルにありません。"_s);
+}
+
+TEST_F(ReportTest, FormWithAMistakeIsToldByItsLine) {
+    SetForm(kList, u"用紙 A4\n明細 高さ=九"_s);
+    EXPECT_EQ(Failure(kList), u"帳票「要員名簿照会」の定義に誤りがあります。2 行目: 高さ「九」は数ではありません。"_s);
+}
+
+TEST_F(ReportTest, ColumnThatTheTableLacksIsToldByItsLine) {
+    AddLabels(1);
+    SetForm(kLabels, u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"[社名]\""_s);
+    EXPECT_EQ(Failure(kLabels),
+              u"帳票「要員名簿照会宛名ラベル」の定義に誤りがあります。3 行目: 表に列「社名」がありません。"_s);
+}
+
+TEST_F(ReportTest, EmptyWorkTableMakesNoPages) {
+    EXPECT_EQ(Failure(kLabels), u"帳票「要員名簿照会宛名ラベル」に印刷するデータがありません。"_s);
+}
+
+TEST_F(ReportTest, LinkThatIsMissingIsTold) {
+    installation.Forms().Execute(u"DELETE FROM リンクテーブル"_s);
+    EXPECT_EQ(Failure(kList), u"帳票「要員名簿照会」が使うリンクテーブル「要員名簿照会」がありません。"_s);
+}
+
+TEST_F(ReportTest, LinkThatPointsNowhereIsToldWithItsPath) {
+    installation.Forms().Execute(u"UPDATE リンクテーブル SET 接続 = ';DATABASE=/nowhere/repdb.accdb'"_s);
+    EXPECT_EQ(Failure(kList),
+              u"リンクテーブル「要員名簿照会」を読めません。データベース「/nowhere/repdb.accdb」が見つかりません。"_s);
+}
+
+TEST_F(ReportTest, LinkToATableThatIsNotThereIsTold) {
+    installation.Forms().Execute(u"UPDATE リンクテーブル SET 元テーブル = '別の表'"_s);
+    EXPECT_EQ(Failure(kList),
+              u"リンクテーブル「要員名簿照会」の接続先に表「別の表」がありません。"_s + installation.Report().Path());
+}
+
+TEST_F(ReportTest, MissingFormsFileIsTold) {
+    QFile::remove(FormsFile());
+    EXPECT_EQ(Failure(kList), u"帳票ファイルを使えません。データベース「%1」が見つかりません。"_s.arg(FormsFile()));
+}
+
+TEST_F(ReportTest, BrokenFormsFileIsTold) {
+    QFile file(FormsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(2000, 'x'));
+    file.close();
+    EXPECT_EQ(Failure(kList),
+              u"帳票ファイルを使えません。「%1」はデータベースのファイルではありません。"_s.arg(FormsFile()));
+}
+
+TEST_F(ReportTest, FileWithoutTheTablesOfFormsIsTold) {
+    installation.Forms().Execute(u"DROP TABLE 帳票"_s);
+    EXPECT_TRUE(Failure(kList).startsWith(u"帳票ファイルを使えません。"_s));
+}
+
+TEST_F(ReportTest, PdfThatCannotBeWrittenIsToldAndLeavesNothing) {
+    AddLabels(1);
+    const auto report = Prepare(kLabels);
+    try {
+        WritePdf(*report, folder.filePath(u"none/a.pdf"_s));
+        FAIL() << "no failure";
+    } catch (const ReportFailure& failure) {
+        EXPECT_TRUE(failure.Reason().startsWith(
+            u"PDF ファイル「%1」に書き込めません。"_s.arg(folder.filePath(u"none/a.pdf"_s))));
+    }
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST_F(ReportTest, WhatIsNoFileIsNeverReplacedByAPdf) {
+    AddLabels(1);
+    const auto report = Prepare(kLabels);
+    const QString pipe = folder.filePath(u"pipe"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString& target : {pipe, folder.path()}) {
+        try {
+            WritePdf(*report, target);
+            FAIL() << "no failure";
+        } catch (const ReportFailure& failure) {
+            EXPECT_EQ(failure.Reason(), u"「%1」はファイルではありません。"_s.arg(target));
+        }
+    }
+    EXPECT_FALSE(QFileInfo(pipe).isFile());
+}
+
+TEST_F(ReportTest, FullDiskInTheMiddleOfAPdfIsToldAndKeepsTheOldFile) {
+    AddLabels(13);
+    const auto report = Prepare(kLabels);
+    const QString path = folder.filePath(u"a.pdf"_s);
+    QFile old(path);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
+    old.close();
+    // A limit on the size of files stands for the full disk.
+    struct rlimit before;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const struct rlimit small { 4000, before.rlim_max };
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    QString reason;
+    try {
+        WritePdf(*report, path);
+    } catch (const ReportFailure& failure) {
+        reason = failure.Reason();
+    }
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_TRUE(reason.startsWith(u"PDF ファイル「%1」に書き込めません。"_s.arg(path))) << reason.toStdString();
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), "old");
+}
