@@ -1,5 +1,6 @@
 #include "frame/FirstListPicture.h"
 
+#include <QApplication>
 #include <QPixmap>
 #include <QTimer>
 
@@ -8,15 +9,36 @@
 #include "frame/ProgramGlobals.h"
 #include "screen/Form.h"
 
+namespace {
+
+void SavePicture(QWidget& window, const QString& file) {
+    const QPixmap picture = window.grab();
+    std::printf("rows=%d\n", Globals().LastRow + 1);
+    std::fflush(stdout);
+    if (!picture.save(file, "PNG")) std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
+}
+
+/// Opens the lookup of an item as Ctrl does, and saves the window that comes up while it waits for the user.
+void SaveLookup(Form& form, const QString& item, const QString& file) {
+    QTimer::singleShot(0, &form, [&form, file] {
+        QWidget* lookup = QApplication::activeModalWidget();
+        SavePicture(lookup == nullptr ? form : *lookup, file);
+        form.close();
+    });
+    form.Item(item).SetFocus();
+    form.Item(item).KeyDown(kKeyControl);
+}
+
+}  // namespace
+
 void TakeFirstListPicture(Form& form) {
     const QString file = qEnvironmentVariable("MEIBO_PICTURE");
+    const QString lookup = qEnvironmentVariable("MEIBO_PICTURE_LOOKUP");
     if (file.isEmpty()) return;
     // After everything that the show has put into the event queue, so that the picture is what a clerk sees.
-    QTimer::singleShot(0, &form, [&form, file] {
-        const QPixmap picture = form.grab();
-        std::printf("rows=%d\n", Globals().LastRow + 1);
-        std::fflush(stdout);
-        if (!picture.save(file, "PNG")) std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
+    QTimer::singleShot(0, &form, [&form, file, lookup] {
+        if (!lookup.isEmpty()) return Form::RunEvent([&] { SaveLookup(form, lookup, file); });
+        SavePicture(form, file);
         form.close();
     });
 }

@@ -5,19 +5,10 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Takes the message that a launching program left for this start, newer than `earliest` ("yyyymmdd hhnnss").
-void ReceiveStartLink(const QString& command, const QString& earliest);
-/// Tells the launching program that this one ends.
-void WriteEndLink(const QString& text);
-/// Opens the registration program on the staff member at the list's position and waits for its end.
-void LaunchStaffRegistration(int position);
-
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
-/// Opens the lookup window of a head item, whose answer goes into ListResultItem.
-void OpenLookupWindow(const QString& item);
-/// Opens the selection window behind a button of the head.
+/// Opens the window behind a range button of the head, in which rows of a master are picked one by one.
 void OpenSelectionWindow(const QString& button);
 
 /// Outputs of the rows ticked in the list.

@@ -52,6 +52,8 @@ struct ProgramGlobals {
     QString ListCondition;            ///< what a head item hands to a lookup window
     Control* ListResultItem = nullptr;
     Control* ListNextItem = nullptr;
+    Form* NestedListOwner = nullptr;  ///< the list window from which another one has been opened
+    int NestedListFlag = 0;           ///< 1 while NestedListOwner is set
 
     QString TextOutputFileName;
     QSize ScreenSize;  ///< pixels of the primary screen

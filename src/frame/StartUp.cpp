@@ -1,9 +1,9 @@
 #include "frame/StartUp.h"
 
+#include "access/ProgramLinks.h"
 #include "data/Environment.h"
 #include "data/PurgeOldData.h"
 #include "data/RunHistory.h"
-#include "frame/JoinedLater.h"
 #include "frame/MainConnection.h"
 #include "frame/ProgramGlobals.h"
 #include "frame/RunStart.h"

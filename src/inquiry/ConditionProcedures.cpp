@@ -1,7 +1,5 @@
 #include "inquiry/ConditionProcedures.h"
 
-#include <algorithm>
-
 #include "frame/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "screen/Control.h"
@@ -37,12 +35,6 @@ const std::array<QString, 9>& ConditionWindows() {
         u"wndセクション選択一覧"_s, u"wnd役職選択一覧"_s,           u"wnd担当者選択一覧"_s,
     };
     return windows;
-}
-
-void UnloadIfLoaded(const QString& name) {
-    const std::vector<Form*>& forms = LoadedForms();
-    const auto form = std::find_if(forms.begin(), forms.end(), [&](const Form* f) { return f->Name() == name; });
-    if (form != forms.end()) (*form)->UnloadForm();
 }
 
 /// Stores one bound. The other one follows when the two would cross.
@@ -98,7 +90,9 @@ void ResetConditions() { SetOpenConditions(Globals().MainForm->Item(u"社員区�
 
 void CloseConditionWindows() {
     ResetConditionFlags();
-    for (const QString& window : ConditionWindows()) UnloadIfLoaded(window);
+    for (const QString& window : ConditionWindows()) {
+        if (IsFormLoaded(window)) LoadedForm(window)->UnloadForm();
+    }
     ResetConditions();
     ResetRowStore();
 }

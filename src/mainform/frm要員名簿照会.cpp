@@ -1,7 +1,7 @@
 #include "mainform/frm要員名簿照会.h"
 
 #include "access/CompanyInformation.h"
-#include "data/Recordsets.h"
+#include "data/ClassLists.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
@@ -25,22 +25,6 @@ int FrameMargin() {
     if (!version) return 420;
     if (version->major == 6 && version->minor <= 1) return 420;
     return version->major == 6 && version->minor == 2 ? 440 : 380;
-}
-
-/// Fills a class list with the names of its table and "全て", which is the value behind the last row.
-void FillClassList(const KindDefinition& kind, const QString& table) {
-    Form& form = *Globals().MainForm;
-    Control& list = form.Item(kind.listItem);
-    int rows = 0;
-    list.ClearList();
-    platform::Recordset recordset;
-    if (OpenRecordset(recordset, u"SELECT * FROM "_s + table + u" ORDER BY 区分"_s, false)) {
-        for (; !recordset.AtEOF(); recordset.MoveNext(), ++rows) list.AddItem(recordset[u"名称"].TextOr(QString()));
-    }
-    CloseQuietly(recordset);
-    list.AddItem(u"全て"_s);
-    form.Item(kind.item).SetMinValue(0);
-    form.Item(kind.item).SetMaxValue(rows);
 }
 
 }  // namespace
@@ -100,8 +84,8 @@ void frm要員名簿照会::SetupForm() {
 
 void frm要員名簿照会::FillConditionLists() {
     const auto& kinds = KindDefinitions();
-    FillClassList(kinds[0], u"K在籍区分"_s);
-    FillClassList(kinds[1], u"K社員区分"_s);
+    FillClassList(Item(kinds[0].item), Item(kinds[0].listItem), u"K在籍区分"_s);
+    FillClassList(Item(kinds[1].item), Item(kinds[1].listItem), u"K社員区分"_s);
     Control& orders = Item(kinds[2].listItem);
     orders.ClearList();
     for (const QString& order : {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})

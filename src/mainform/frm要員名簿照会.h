@@ -8,8 +8,8 @@
 #include "screen/Form.h"
 
 /// The one main screen. Its looks are built by the functions in MainFormPanels.h; its handlers change the state and
-/// ask for a paint. The parts of the class lie in frm要員名簿照会.cpp (set-up and shared helpers), …Head.cpp, …List.cpp
-/// and …Commands.cpp.
+/// ask for a paint. The parts of the class lie in frm要員名簿照会.cpp (set-up and shared helpers), …Head.cpp,
+/// …Lookups.cpp, …List.cpp and …Commands.cpp.
 class frm要員名簿照会 : public Form {
   public:
     /// `leave` ends the process; it runs after the wheel hook is gone.
@@ -49,6 +49,8 @@ class frm要員名簿照会 : public Form {
     void WireKind(const KindDefinition& kind);
     /// GotFocus: sends the focus back to an empty range end among the first `reach` ranges.
     bool SendBack(int reach);
+    /// Opens the lookup window of a range item, with the condition that its range gives.
+    void OpenLookupOf(Control& item);
 
     void WireList();
     void WireRow(int position);

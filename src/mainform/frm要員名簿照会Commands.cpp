@@ -10,6 +10,7 @@
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
+#include "selection/ValueWindows.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +53,11 @@ void frm要員名簿照会::WireCommands() {
         if (Permitted(kTextOutput)) RunTextOutput();
         MoveFocus(*Globals().LastHeadItem);
     });
-    for (const QString& name : SelectionButtons()) Item(name).Click = Guarded([name] { OpenSelectionWindow(name); });
+    for (const QString& name : SelectionButtons()) {
+        Item(name).Click = Guarded([name] {
+            if (!OpenValueWindow(name)) OpenSelectionWindow(name);
+        });
+    }
     // Behind the last item of the head: tabbing onto it, or a key on it, validates the head and moves nothing.
     Control& headEnd = Item(u"ヘッド終了"_s);
     headEnd.GotFocus = Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); });

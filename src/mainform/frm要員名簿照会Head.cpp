@@ -1,4 +1,3 @@
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
@@ -59,10 +58,10 @@ void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool
         PaintHeadItems();  // always: the padded code, and a bound moved along, show at once
     });
     item.DblClick = Guarded([this, &item, range] {
-        if (!SendBack(ReachOf(range))) OpenLookupWindow(item.Name());
+        if (!SendBack(ReachOf(range))) OpenLookupOf(item);
     });
-    item.KeyDown = [&item](int key) {
-        if (key == kKeyControl) Guarded([&item] { OpenLookupWindow(item.Name()); })();
+    item.KeyDown = [this, &item](int key) {
+        if (key == kKeyControl) Guarded([this, &item] { OpenLookupOf(item); })();
     };
 }
 

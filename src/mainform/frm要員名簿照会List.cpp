@@ -1,7 +1,7 @@
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
+#include "inquiry/StaffRegistration.h"
 #include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
 

@@ -24,6 +24,7 @@ class RuntimeError : public std::exception {
     QByteArray what_;
 };
 
+inline constexpr long kFileNotFound = 53;
 inline constexpr long kInvalidUseOfNull = 94;
 inline constexpr long kPropertyNotSupported = 438;
 

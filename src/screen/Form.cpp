@@ -24,6 +24,11 @@ std::vector<Form*>& Loaded() {
 
 const std::vector<Form*>& LoadedForms() { return Loaded(); }
 
+Form* LoadedForm(const QString& name) {
+    const auto form = std::find_if(Loaded().begin(), Loaded().end(), [&](const Form* f) { return f->Name() == name; });
+    return form == Loaded().end() ? nullptr : *form;
+}
+
 Form::Form(QString name) : name_(std::move(name)) {
     setObjectName(name_);
     Watch(*this);
@@ -67,6 +72,12 @@ void Form::Unregister(Control& control) {
     std::erase(controls_, &control);
     byName_.remove({control.Name(), control.Index()});
     byWidget_.remove(&control.Widget());
+    // Windows go while the program goes on, and what it remembers of their items may be asked for later.
+    ProgramGlobals& globals = Globals();
+    for (Control** kept : {&globals.FirstHeadItem, &globals.LastHeadItem, &globals.ActiveItem, &globals.ListResultItem,
+                           &globals.ListNextItem}) {
+        if (*kept == &control) *kept = nullptr;
+    }
 }
 
 Control& Form::Item(const QString& name, int index) const {
@@ -84,13 +95,19 @@ void Form::EnsureLoaded() {
     if (Load) Load();
 }
 
+/// Who opened this window: the list window behind it, or else the main form.
+Form* Form::OpenedFrom() const {
+    Form* owner = Globals().NestedListOwner != nullptr ? Globals().NestedListOwner : Globals().MainForm;
+    return owner == this ? nullptr : owner;
+}
+
 /// In the middle of the window in front, or of the screen, and never with its title off the screen.
 void Form::PlaceOverOwner() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (screen == nullptr) return;
     const QRect area = screen->availableGeometry();
     const QWidget* front = QApplication::activeWindow();
-    const QWidget* owner = front != nullptr ? front : Globals().MainForm;
+    const QWidget* owner = front != nullptr ? front : OpenedFrom();
     const bool beside = owner != nullptr && owner != this && owner->isVisible();
     const QPoint middle = beside ? owner->frameGeometry().center() : area.center();
     const QPoint corner = middle - QPoint(width() / 2, (height() + kFrameHeight / kTwipsPerPixel) / 2);
@@ -103,10 +120,10 @@ void Form::Present() {
     EnsureLoaded();
     if (unloading_) return;
     if (!isVisible()) PlaceOverOwner();
-    const Form* mainForm = Globals().MainForm;
-    if (mainForm != nullptr && mainForm != this && mainForm->windowHandle() != nullptr) {
-        winId();  // makes the handle; without a window behind it, a dialog may come to lie under the main form
-        windowHandle()->setTransientParent(mainForm->windowHandle());
+    const Form* owner = OpenedFrom();
+    if (owner != nullptr && owner->windowHandle() != nullptr) {
+        winId();  // makes the handle; without a window behind it, a dialog may come to lie under its owner
+        windowHandle()->setTransientParent(owner->windowHandle());
     }
     show();
     if (activeControl_ == nullptr) MoveToNextStop(true);

@@ -90,6 +90,7 @@ class Form : public QWidget {
   private:
     void EnsureLoaded();
     void Present();
+    Form* OpenedFrom() const;
     void PlaceOverOwner();
     void EndModal();
     bool CanTakeFocus(const Control& control) const;
@@ -122,3 +123,5 @@ class Form : public QWidget {
 
 /// All loaded forms, for those who ask whether a window of some name is loaded.
 const std::vector<Form*>& LoadedForms();
+/// The loaded form of exactly this name, letter case included; nullptr when there is none.
+Form* LoadedForm(const QString& name);

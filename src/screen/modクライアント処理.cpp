@@ -54,9 +54,6 @@ void EnableFormControls() {
     SetAllEnabled(kWorkingTypes, true);
 }
 
-bool IsFormLoaded(const QString& name) {
-    const std::vector<Form*>& forms = LoadedForms();
-    return std::any_of(forms.begin(), forms.end(), [&name](const Form* form) { return form->Name() == name; });
-}
+bool IsFormLoaded(const QString& name) { return LoadedForm(name) != nullptr; }
 
 void ResetConditionFlags() { Globals().Flags = ConditionFlags(); }

@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 void MainFormTest::TearDown() {
     delete Globals().MainForm;
     Globals().MainForm = nullptr;
+    // The windows that were opened from it live hidden to the end of the program.
+    while (!LoadedForms().empty()) delete LoadedForms().back();
 }
 
 void MainFormTest::Start(const QString& commandLine, int screenHeight) {

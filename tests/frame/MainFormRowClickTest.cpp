@@ -7,6 +7,7 @@
 #include "inquiry/DetailList.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
+#include "support/LinkAnswers.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,8 @@ void LookMeanwhile(const std::function<void()>& look, const std::function<void()
 
 class RowClickTest : public MainFormTest {
   protected:
+    RowClickTest() { AnswerAtOnce(services, installation); }
+
     /// The panels of a row that were seen light red while the work ran: those of a row that is being launched.
     QStringList PanelsPainted(const std::function<void()>& work) {
         QStringList painted;

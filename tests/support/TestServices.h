@@ -4,14 +4,23 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QThread>
 
+#include <functional>
+
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
-/// A clock that stands where a test puts it.
+/// A clock that stands where a test puts it. Sleeping takes a millisecond, however long it was meant to be.
 class FixedClock : public platform::Clock {
   public:
     QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15));
+    mutable QList<int> sleeps;  ///< milliseconds asked for
     QDateTime Now() const override { return now; }
+    void Sleep(int milliseconds) const override {
+        sleeps.append(milliseconds);
+        QThread::msleep(1);
+    }
 };
 
 /// Message boxes that nobody has to close: keeps what was shown, answers from a queue.
@@ -55,7 +64,7 @@ class FixedSystem : public platform::SystemInformation {
     static void Write(const QString& name, QString& buffer);
 };
 
-/// Records what would have left the process.
+/// Records what would have left the process. A started program does what `started` says; without it there is none.
 class RecordingProcesses : public platform::ProcessService {
   public:
     QList<int> ends;
@@ -63,7 +72,17 @@ class RecordingProcesses : public platform::ProcessService {
         QString path, workingFolder;
     };
     QList<Document> documents;
+    struct Start {
+        QString path, arguments;
+    };
+    QList<Start> starts;
+    std::function<void(const Start&)> started;
     void EndProcess(int exitCode) override { ends.append(exitCode); }
+    void StartProgram(const QString& path, const QString& arguments) override {
+        starts.append({path, arguments});
+        if (!started) throw platform::RuntimeError(platform::kFileNotFound, QStringLiteral("no such program"));
+        started(starts.last());
+    }
     bool OpenDocument(const QString& path, const QString& workingFolder) override {
         documents.append({path, workingFolder});
         return true;

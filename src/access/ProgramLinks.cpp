@@ -1,0 +1,144 @@
+#include "access/ProgramLinks.h"
+
+#include "access/StaffIdentityProcedures.h"
+#include "data/Connections.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/Services.h"
+#include "screen/Form.h"
+#include "text/TimeStamp.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kStart = u"00"_s;
+const QString kEnd = u"99"_s;
+
+constexpr int kBeforeTheStart = 100;  // milliseconds between a start message and the start
+constexpr int kBetweenLooks = 20;     // milliseconds
+
+QString Present() { return TimeStamp(platform::Services().clock->Now()); }
+
+/// Between quotes of a statement. Blanks at the end stay, since they belong to a key.
+QString Quoted(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
+
+struct LinkMessage {
+    QString sentAt, sender, receiver, validUntil, kind, key, endText;
+};
+
+QString InsertStatement(const LinkMessage& message) {
+    const ProgramGlobals& globals = Globals();
+    const QStringList values = {Quoted(message.sentAt),
+                                Quoted(message.sender),
+                                Quoted(message.receiver),
+                                Quoted(message.validUntil),
+                                Quoted(message.kind),
+                                Quoted(message.key),
+                                Quoted(message.endText),
+                                Quoted(globals.Environment.OperatingOfficeCode),
+                                Quoted(globals.Staff.LaunchingStaffCode),
+                                Quoted(globals.UserId)};
+    return u"INSERT INTO プログラム連携情報 ("
+           u"発信日時,発信プログラムID,受信プログラムID,受信期限,連携区分,起動連携情報,終了連携情報,"
+           u"運用事業所コード,起動担当者コード,ユーザID)VALUES ("_s +
+           values.join(u", "_s) + u')';
+}
+
+/// Whoever looks at the channel next does so on a fresh connection.
+void Post(const LinkMessage& message) {
+    ExecuteConfigSql(InsertStatement(message));
+    ReconnectConfigConnection();
+}
+
+/// The statement that takes a message out. Without `key` all messages go that were sent in the same second between the
+/// same programs; the start message goes that way, and a second one with it.
+QString DeleteStatement(const platform::Recordset& message, const QString& kind, const QString& key = {}) {
+    const auto value = [&](QStringView column) { return Quoted(message[column].TextOr(QString())); };
+    const QString oneKey = key.isNull() ? QString() : u" AND 起動連携情報 = "_s + Quoted(key);
+    return u"DELETE FROM プログラム連携情報 WHERE 発信日時 = "_s + value(u"発信日時") + u" AND 発信プログラムID = "_s +
+           value(u"発信プログラムID") + u" AND 受信プログラムID = "_s + value(u"受信プログラムID") + oneKey +
+           u" AND 連携区分 = "_s + Quoted(kind);
+}
+
+void TakeStartMessage(const QString& commandLine, const QString& earliest) {
+    ProgramGlobals& globals = Globals();
+    platform::Recordset message;
+    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
+                        u" AND 受信プログラムID = "_s + Quoted(globals.ProgramId) + u" AND 起動連携情報 = "_s +
+                        Quoted(commandLine) + u" AND 連携区分 = "_s + Quoted(kStart);
+    if (OpenConfigRecordset(message, sql)) {
+        globals.LinkSenderId = message[u"発信プログラムID"].TextOr(QString());
+        globals.LinkStartInfo = message[u"起動連携情報"].Text();
+        ExecuteConfigSql(DeleteStatement(message, kStart));
+    }
+    message.Close();
+}
+
+}  // namespace
+
+void ReceiveStartLink(const QString& commandLine, const QString& earliest) {
+    Globals().LinkSenderId = QString();
+    try {
+        TakeStartMessage(commandLine, earliest);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
+void WriteEndLink(const QString& text) {
+    ProgramGlobals& globals = Globals();
+    try {
+        LoadLaunchStaffCode();
+    } catch (const platform::RuntimeError&) {
+        // Without the staff member the answer still has to go: the starter waits for it without an end.
+    }
+    globals.LinkEndInfo = text;
+    const QString now = Present();
+    Post({now, globals.LinkSenderId, globals.ProgramId, now, kEnd, globals.LinkStartInfo, globals.LinkEndInfo});
+}
+
+void SendStartLink(const QString& sender, const QString& receiver, const QString& key) {
+    LoadLaunchStaffCode();
+    const QString sentAt = Present();
+    const QString validUntil = Present();
+    Post({sentAt, sender, receiver, validUntil, kStart, key, QString()});
+}
+
+QString ReceiveEndLink(const QString& sender, const QString& receiver, const QString& key, const QString& earliest) {
+    platform::Recordset message;
+    QString found;
+    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
+                        u" AND 発信プログラムID = "_s + Quoted(sender) + u" AND 受信プログラムID = "_s +
+                        Quoted(receiver) + u" AND 起動連携情報 = "_s + Quoted(key) + u" AND 連携区分 = "_s +
+                        Quoted(kEnd);
+    if (OpenConfigRecordset(message, sql)) {
+        found = message[u"起動連携情報"].Text();
+        Globals().LinkEndInfo = message[u"終了連携情報"].TextOr(QString());
+        ExecuteConfigSql(DeleteStatement(message, kEnd, found));
+    }
+    CloseQuietly(message);
+    return found;
+}
+
+void SendLinkMessage(const QString& receiver, const QString& key) {
+    Globals().MainForm->SetEnabled(false);
+    SendStartLink(Globals().ProgramId, receiver, key);
+    ReconnectConfigConnection();
+    platform::LetEventsThrough();
+    platform::Services().clock->Sleep(kBeforeTheStart);
+}
+
+void WaitForLinkedProgram(const QString& sibling, const QString& key, const QString& earliest) {
+    ProgramGlobals& globals = Globals();
+    globals.LinkWaiting = true;
+    QString answered;
+    // Without a time limit: somebody may sit in front of the sibling all day.
+    while (answered.isEmpty()) {
+        if (ReconnectConfigConnection()) answered = ReceiveEndLink(globals.ProgramId, sibling, key, earliest);
+        platform::Services().clock->Sleep(kBetweenLooks);
+        platform::LetEventsThrough();
+    }
+    globals.LinkWaiting = false;
+    globals.MainForm->SetEnabled(true);
+}

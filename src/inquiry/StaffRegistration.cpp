@@ -1,0 +1,43 @@
+#include "inquiry/StaffRegistration.h"
+
+#include "access/ProgramLinks.h"
+#include "frame/ProgramGlobals.h"
+#include "inquiry/StaffQuery.h"
+#include "platform/Services.h"
+#include "text/TimeStamp.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kRegistration = u"要員台帳更新"_s;
+constexpr int kStaffCodeLength = 5;
+
+/// Office and exactly five characters of staff code; the sibling cuts them apart by position.
+QString KeyOf(const QString& staffCode) {
+    return Globals().ScopeOfficeCode + staffCode.left(kStaffCodeLength).leftJustified(kStaffCodeLength);
+}
+
+void Exchange(int row, const QString& key, const QString& earliest) {
+    SendLinkMessage(kRegistration, key);
+    platform::Services().processes->StartProgram(
+        Globals().Layout.ProgramFolder + platform::kPathSeparator + kRegistration + u".exe"_s, key);
+    WaitForLinkedProgram(kRegistration, key, earliest);
+    ReloadStaffRow(row);
+}
+
+}  // namespace
+
+void LaunchStaffRegistration(int position) {
+    const QString earliest = TimeStamp(platform::Services().clock->Now());
+    const int row = Globals().TopRow + position;
+    const QString code = Globals().Rows.Text(StaffText::担当者コード, row);
+    if (TrimBlanks(code).isEmpty()) return;
+    try {
+        Exchange(row, KeyOf(code), earliest);
+    } catch (const platform::RuntimeError&) {
+        // The form stays disabled: only the end of a wait enables it, and this program is then closed from outside.
+        platform::Services().dialogs->ShowMessage(u"情報登録プログラムが有りません"_s);
+    }
+}

@@ -1,0 +1,152 @@
+#include "screen/ListView.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPointer>
+
+#include "platform/Services.h"
+#include "screen/SecondPress.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTypingPause = 1000;   // milliseconds after which typed signs begin a new word
+constexpr int kSmallestColumn = 16;  // pixels: a column dragged shut could not be found again
+
+bool MovesAmongRows(int key) {
+    switch (key) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+ListView::ListView(Form& form, QWidget& parent, QString name)
+    : QTreeView(&parent), Control(form, *this, u"ListView"_s, std::move(name), -1) {
+    SetTabStop(true);
+    setAccessibleName(Name());
+    setModel(&rows_);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);  // or each of a thousand rows is measured
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    SetMultiSelect(false);
+    header()->setSectionsClickable(true);
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(kSmallestColumn);
+    connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        RaiseByUser([this, column] {
+            if (ColumnClick) ColumnClick(column);
+        });
+    });
+}
+
+void ListView::AddColumn(const QString& title, int width) {
+    rows_.AddColumn(title);
+    header()->resizeSection(header()->count() - 1, qRound(double(width) / kTwipsPerPixel));
+}
+
+void ListView::SetCheckBoxes(bool on) { rows_.SetCheckBoxes(on); }
+
+void ListView::SetMultiSelect(bool on) { setSelectionMode(on ? ExtendedSelection : SingleSelection); }
+
+void ListView::ClearRows() {
+    rows_.Clear();
+    sorted_ = false;
+    header()->setSortIndicatorShown(false);
+    pressedRow_ = -1;
+    typed_.clear();
+}
+
+void ListView::AddRows(QList<ListRow> rows) { rows_.Append(std::move(rows)); }
+
+int ListView::SelectedRow() const {
+    const QModelIndex current = currentIndex();
+    if (current.isValid() && selectionModel()->isRowSelected(current.row())) return current.row();
+    return -1;
+}
+
+void ListView::SelectRow(int row) {
+    const QModelIndex index = rows_.index(row, 0);
+    if (index.isValid()) {
+        setCurrentIndex(index);
+        scrollTo(index);
+    } else {
+        selectionModel()->clear();
+    }
+}
+
+bool ListView::Highlighted(int row) const { return selectionModel()->isRowSelected(row); }
+
+void ListView::SetSorted(bool sorted) {
+    sorted_ = sorted;
+    if (sorted) rows_.SortBy(sortKey_, sortOrder_);
+    header()->setSortIndicator(sortKey_, sortOrder_);
+    header()->setSortIndicatorShown(sorted);
+    if (SelectedRow() >= 0) scrollTo(currentIndex());
+}
+
+int ListView::FirstRowBeginningWith(const QString& beginning) const {
+    for (int row = 0; row < RowCount(); ++row) {
+        if (Row(row).text.startsWith(beginning, Qt::CaseInsensitive)) return row;
+    }
+    return -1;
+}
+
+void ListView::keyboardSearch(const QString& typed) {
+    const QDateTime now = platform::Services().clock->Now();
+    const bool paused = !lastTyped_.isValid() || lastTyped_.msecsTo(now) > kTypingPause;
+    lastTyped_ = now;
+    typed_ = paused ? typed : typed_ + typed;
+    int row = FirstRowBeginningWith(typed_);
+    if (row < 0 && typed_ != typed) {
+        // No such word: the last sign may begin another one.
+        typed_ = typed;
+        row = FirstRowBeginningWith(typed_);
+    }
+    if (row >= 0) SelectRow(row);
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        // A held key must not choose in a list to which the search has just moved the focus.
+        if (!event->isAutoRepeat() && KeyPress) RaiseByUser([this] { KeyPress(kKeyReturn); });
+        return;
+    }
+    // Qt's caret stands on the first row before anything is selected, and would step past it.
+    if (SelectedRow() < 0 && selectionMode() == SingleSelection && MovesAmongRows(event->key())) {
+        event->accept();
+        SelectRow(event->key() == Qt::Key_End ? RowCount() - 1 : 0);
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void ListView::mousePressEvent(QMouseEvent* event) {
+    QTreeView::mousePressEvent(event);
+    pressedRow_ = event->button() == Qt::LeftButton ? indexAt(event->position().toPoint()).row() : -1;
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeView::mouseReleaseEvent(event);
+    const int row = indexAt(event->position().toPoint()).row();
+    const bool clicked = event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_;
+    if (event->button() == Qt::LeftButton) pressedRow_ = -1;
+    if (!clicked) return;
+    const QPointer<QWidget> window(this->window());
+    RaiseByUser(Click);
+    if (window == nullptr || !window->isVisible()) SwallowSecondPress(*event);
+}

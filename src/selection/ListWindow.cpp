@@ -1,0 +1,58 @@
+#include "selection/ListWindow.h"
+
+#include "frame/ProgramGlobals.h"
+#include "selection/ListWindowLooks.h"
+#include "selection/LookupReturn.h"
+
+using namespace Qt::StringLiterals;
+
+ListWindow::ListWindow(ListWindowDefinition definition) : Form(definition.name), definition_(std::move(definition)) {
+    setWindowTitle(definition_.caption);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    BuildListFrame(*this, definition_);
+    List().ColumnClick = [this](int column) { SortByColumn(column); };
+    if (definition_.use == ListUse::Lookup) WireLookup(*this);
+    EscapePressed = Closing = [this] { Item(u"btn_戻る"_s).Click(); };
+    Load = [this] { OnLoad(); };
+}
+
+ListView& ListWindow::List() const { return static_cast<ListView&>(Item(definition_.list)); }
+
+void ListWindow::OnLoad() {
+    Prepare();
+    for (const ListColumn& column : definition_.columns) List().AddColumn(column.title, column.width);
+    LoadList();
+    List().SelectRow(-1);
+}
+
+void ListWindow::SortByColumn(int column) {
+    ListView& list = List();
+    if (list.SortKey() != column)
+        list.SetSortKey(column);
+    else
+        list.SetSortOrder(list.SortOrder() == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder);
+    list.SetSorted(true);
+}
+
+ListRow ListWindow::RowOf(const platform::Recordset& record) const {
+    ListRow row;
+    for (const ListColumn& column : definition_.columns) row.subItems << record[column.field].TextOr(QString());
+    row.text = row.subItems.takeFirst();
+    row.key = u'C' + row.text;
+    return row;
+}
+
+void ListWindow::ReportsItself(Control& item) {
+    item.GotFocus = [&item] { Globals().ActiveItem = &item; };
+}
+
+void ListWindow::PairClass(Control& number, Control& list, const std::function<void(int value)>& taken) {
+    number.Change = [&number, &list, taken] {
+        list.SetListIndex(number.Value());
+        taken(number.Value());
+    };
+    list.Click = [&number, &list] {
+        // No entry is shown for a value beyond the list, which keeps that value.
+        if (list.ListIndex() >= 0) number.SetValue(list.ListIndex());
+    };
+}

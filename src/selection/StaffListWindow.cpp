@@ -1,0 +1,127 @@
+#include "selection/StaffListWindow.h"
+
+#include "data/ClassLists.h"
+#include "data/Recordsets.h"
+#include "frame/ProgramGlobals.h"
+#include "selection/ConditionStrings.h"
+#include "selection/MasterNames.h"
+#include "selection/StaffListLooks.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRowLimit = 1000;
+const QString kCodeMask = u"00000"_s;
+
+/// Value of a column's term in ListCondition, which keeps the rest; empty without such a term.
+QString TakeCondition(const QString& column) {
+    QString& condition = Globals().ListCondition;
+    if (!condition.contains(column, Qt::CaseInsensitive)) return {};
+    return ExtractCondition(column, condition, condition);
+}
+
+struct ItemSearch {
+    QString button, item;
+};
+
+const QList<ItemSearch>& ItemSearches() {
+    static const QList<ItemSearch> searches = {
+        {u"btn_コード検索"_s, u"コード"_s},
+        {u"btn_カナ検索"_s, u"カナ"_s},
+        {u"btn_名称検索"_s, u"名称"_s},
+        {u"btn_部門コード検索"_s, u"部門コード"_s},
+        {u"btn_セクションコード検索"_s, u"セクションコード"_s},
+    };
+    return searches;
+}
+
+}  // namespace
+
+StaffListWindow::StaffListWindow(StaffListDefinition staff) : ListWindow(staff.window), staff_(std::move(staff)) {
+    BuildStaffItems(*this, Definition());
+    WireTexts();
+    WireClasses();
+    WireButtons();
+}
+
+void StaffListWindow::Prepare() {
+    FillClassList(Item(u"在籍区分"_s), Item(u"在籍区分名称"_s), u"K在籍区分"_s);
+    FillClassList(Item(u"社員区分"_s), Item(u"社員区分名称"_s), u"K社員区分"_s);
+    conditions_.allEnrolments = Item(u"在籍区分"_s).MaxValue();
+    conditions_.allEmployees = Item(u"社員区分"_s).MaxValue();
+    // One begins with those on the payroll, the other with everybody.
+    conditions_.enrolmentClass = 0;
+    conditions_.employeeClass = conditions_.allEmployees;
+    ReadConditionIntoItems();
+    ShowConditionItems();
+}
+
+void StaffListWindow::LoadList() {
+    searchKind_ = kCompositeSearch;
+    LoadStaffList();
+}
+
+void StaffListWindow::ReadConditionIntoItems() {
+    // A head item may hand over a code that is still being typed.
+    conditions_.code = FormatCodeByMask(TakeCondition(u"M担当者.コード"_s), kCodeMask);
+    conditions_.departmentCode = TakeCondition(u"M担当者.部門コード"_s);
+    conditions_.departmentName =
+        conditions_.departmentCode.isEmpty() ? QString() : LookUpDepartmentName(conditions_.departmentCode);
+    conditions_.sectionCode = TakeCondition(u"M担当者.セクションコード"_s);
+    conditions_.sectionName =
+        conditions_.sectionCode.isEmpty() ? QString() : LookUpSectionName(conditions_.sectionCode);
+    conditions_.name.clear();
+    conditions_.kana.clear();
+}
+
+void StaffListWindow::ShowConditionItems() {
+    Item(u"コード"_s).SetText(conditions_.code);
+    Item(u"カナ"_s).SetText(conditions_.kana);
+    Item(u"名称"_s).SetText(conditions_.name);
+    Item(u"部門コード"_s).SetText(conditions_.departmentCode);
+    Item(u"部門名"_s).SetText(conditions_.departmentName);
+    Item(u"セクションコード"_s).SetText(conditions_.sectionCode);
+    Item(u"セクション名"_s).SetText(conditions_.sectionName);
+    Item(u"在籍区分"_s).SetValue(conditions_.enrolmentClass);
+    Item(u"在籍区分名称"_s).SetListIndex(conditions_.enrolmentClass);
+    Item(u"社員区分"_s).SetValue(conditions_.employeeClass);
+    Item(u"社員区分名称"_s).SetListIndex(conditions_.employeeClass);
+}
+
+void StaffListWindow::LoadStaffList() {
+    List().ClearRows();
+    const QString sql = BuildStaffListQuery(searchKind_, conditions_);
+    int count = staff_.firstCount;
+    QList<ListRow> rows;
+    platform::Recordset record;
+    if (!sql.isEmpty() && OpenRecordset(record, sql, false)) {
+        for (; count < kRowLimit && !record.AtEOF(); record.MoveNext(), ++count) rows << RowOf(record);
+    }
+    CloseQuietly(record);
+    List().AddRows(std::move(rows));
+    Item(u"lab_注意"_s).SetVisible(count >= kRowLimit);
+    UpdateSearchButtons();
+}
+
+void StaffListWindow::UpdateSearchButtons() {
+    for (const ItemSearch& search : ItemSearches())
+        Item(search.button).SetEnabled(!TrimBlanks(Item(search.item).Text()).isEmpty());
+    Item(u"btn_複合検索"_s).SetEnabled(true);
+}
+
+void StaffListWindow::Search(int kind) {
+    searchKind_ = kind;
+    LoadStaffList();
+    List().SetFocus();
+}
+
+void StaffListWindow::ClearConditions() {
+    Globals().ListCondition.clear();
+    searchKind_ = kCompositeSearch;
+    ReadConditionIntoItems();
+    ShowConditionItems();
+    LoadStaffList();
+    List().SetFocus();
+}

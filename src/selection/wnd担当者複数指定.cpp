@@ -1,0 +1,79 @@
+#include "selection/wnd担当者複数指定.h"
+
+#include <algorithm>
+
+#include "frame/ProgramGlobals.h"
+#include "selection/SelectionWindow.h"
+#include "selection/ValueWindowLooks.h"
+#include "selection/ValueWindows.h"
+#include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
+
+wnd担当者複数指定::wnd担当者複数指定(const ValueWindowDefinition& definition)
+    : Form(definition.window), definition_(definition) {
+    BuildValueWindow(*this, definition_);
+    Item(u"btn_画面クリア"_s).Click = [this] { ClearEntries(); };
+    Control& back = Item(u"btn_戻る"_s);
+    back.Click = [this] { Leave(); };
+    EscapePressed = Closing = [&back] {
+        back.SetFocus();  // a text that an input method still holds goes into its row first
+        back.Click();
+    };
+    Load = [this] {
+        AnnounceSelection(Name(), *this);
+        ClearEntries();
+    };
+    Unload = [this] { WithdrawSelection(Name(), *this); };
+}
+
+wnd担当者複数指定::~wnd担当者複数指定() { WithdrawSelection(Name(), *this); }
+
+void wnd担当者複数指定::ClearEntries() {
+    for (int row = 0; row < kValueRows; ++row) Item(definition_.item, row).SetText(QString());
+    Item(u"chb_絞込み"_s).SetValue(0);
+}
+
+void wnd担当者複数指定::Leave() {
+    Globals().Flags.*definition_.flag = !Entries().isEmpty();
+    HideForm();
+    ReturnToHead();
+}
+
+bool wnd担当者複数指定::Narrowing() const { return Item(u"chb_絞込み"_s).Value() != 0; }
+
+QStringList wnd担当者複数指定::Entries() const {
+    QStringList entries;
+    for (int row = 0; row < kValueRows; ++row) {
+        const QString text = TrimBlanks(Item(definition_.item, row).Text());
+        if (!text.isEmpty()) entries << text;
+    }
+    return entries;
+}
+
+QString wnd担当者複数指定::BuildSelectionCondition(const QString& table, const QString& column) const {
+    QStringList terms;
+    for (const QString& entry : Entries())
+        terms << table + u'.' + column + u" LIKE '%"_s + QuoteSqlText(entry) + u"%'"_s;
+    if (terms.isEmpty()) return {};
+    return u'(' + terms.join(Narrowing() ? u" AND "_s : u" OR "_s) + u')';
+}
+
+QString wnd担当者複数指定::DescribeSelection() const {
+    const QStringList entries = Entries();
+    if (entries.isEmpty()) return {};
+    return u"検索"_s + definition_.item + (Narrowing() ? u"(絞込み)："_s : u"："_s) + entries.join(u',');
+}
+
+bool OpenValueWindow(const QString& button) {
+    const auto& all = ValueWindowDefinitions();
+    const auto definition = std::find_if(all.begin(), all.end(), [&](const auto& d) { return d.button == button; });
+    if (definition == all.end()) return false;
+    ProgramGlobals& globals = Globals();
+    globals.ListResultItem = &globals.MainForm->Item(button);
+    globals.ListNextItem = &globals.MainForm->Item(definition->nextItem);
+    Form* window = LoadedForm(definition->window);
+    if (window == nullptr) window = new wnd担当者複数指定(*definition);
+    window->ShowModal();
+    return true;
+}

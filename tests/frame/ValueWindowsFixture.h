@@ -1,0 +1,41 @@
+#pragma once
+
+#include "frame/MainFormFixture.h"
+#include "selection/ValueWindowDefinitions.h"
+#include "support/ModalUser.h"
+
+/// The main form with somebody at the windows of search values.
+class ValueWindowsTest : public MainFormTest {
+  protected:
+    static const ValueWindowDefinition& Names() { return ValueWindowDefinitions()[0]; }
+    static const ValueWindowDefinition& Kana() { return ValueWindowDefinitions()[1]; }
+    static const ValueWindowDefinition& Addresses() { return ValueWindowDefinitions()[2]; }
+    static const ValueWindowDefinition& Phones() { return ValueWindowDefinitions()[3]; }
+
+    /// Presses the window's button on the main form and lets somebody work the window until it is closed.
+    void Open(const ValueWindowDefinition& definition, const ModalUser::Work& work) {
+        ModalUser user(definition.window, work);
+        Click(definition.button);
+        EXPECT_EQ(user.Opened(), 1) << definition.window.toStdString();
+    }
+    /// Types the values from the first row on, checks 絞込み where asked to, and goes back.
+    void Give(const ValueWindowDefinition& definition, const QStringList& values, bool narrowing = false) {
+        Open(definition, [&](ModalUser& user) {
+            for (int row = 0; row < values.size(); ++row) {
+                user.Click(definition.item, row);
+                user.Type(values[row]);
+            }
+            if (narrowing) user.Click(QStringLiteral("chb_絞込み"));
+            user.Click(QStringLiteral("btn_戻る"));
+        });
+    }
+    static void GoBack(ModalUser& user) { user.Press(Qt::Key_Escape); }
+    static bool Given(const ValueWindowDefinition& definition);
+
+    /// Codes of the rows that the last search found, sorted.
+    static QStringList Found();
+    /// Codes of the staff on the payroll that meet a condition of the engine's own, sorted.
+    QStringList Staff(const QString& condition) const;
+    /// Searches by the button and tells how many rows エラー that has left in the history.
+    int FailuresOfSearch();
+};
