@@ -11,7 +11,7 @@ namespace report {
 namespace {
 
 constexpr char32_t kMissing = U'〓';
-constexpr qsizetype kMostRemembered = 5000;
+constexpr qsizetype kMostRemembered = 1000;
 // Middle of the type's square above the baseline, of the height that Japanese fonts give it.
 constexpr double kMiddle = 0.38;
 
@@ -102,10 +102,17 @@ FontFace* TypeCase::Load(const QString& family) {
     return font.get();
 }
 
-FontFace* TypeCase::FaceFor(char32_t character, SuiteFace face) {
-    const QString own = SuiteFont(face, 10).family();
-    for (const QString& family : QStringList{own} + kRareCharacters) {
-        FontFace* font = Load(family);
+const FontFace* TypeCase::OwnFont(SuiteFace face) {
+    const FontFace*& own = own_[static_cast<size_t>(face)];
+    if (!own) own = Load(SuiteFont(face, 10).family());
+    return own;
+}
+
+const FontFace* TypeCase::FaceFor(char32_t character, SuiteFace face) {
+    const FontFace* own = OwnFont(face);
+    if (own->GlyphOf(character) != 0) return own;
+    for (const QString& family : kRareCharacters) {
+        const FontFace* font = Load(family);
         if (font->GlyphOf(character) != 0) return font;
     }
     return nullptr;
@@ -135,7 +142,7 @@ std::shared_ptr<const ShapedText> TypeCase::ShapeNow(const QString& text, SuiteF
     for (const char32_t character : text.toUcs4()) {
         const FontFace* font = stretches.isEmpty() ? nullptr : stretches.last().face;
         const FontFace* own = IsJoiner(character) && font ? font : FaceFor(character, face);
-        if (!own) own = Load(SuiteFont(face, 10).family());
+        if (!own) own = OwnFont(face);
         if (own != font) stretches.append({own, at, at});
         at += QChar::fromUcs4(character).size();
         stretches.last().end = at;

@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <array>
 #include <memory>
 
 #include "screen/Fonts.h"
@@ -50,11 +51,14 @@ class TypeCase {
     bool HasJapanese();
 
   private:
-    FontFace* FaceFor(char32_t character, SuiteFace face);
+    /// The font of the face, or the first that stands in for it; none where no font has the character.
+    const FontFace* FaceFor(char32_t character, SuiteFace face);
+    const FontFace* OwnFont(SuiteFace face);
     FontFace* Load(const QString& family);
     std::shared_ptr<const ShapedText> ShapeNow(const QString& text, SuiteFace face, bool vertical);
 
     QHash<QString, std::shared_ptr<FontFace>> fonts_;
+    std::array<const FontFace*, 4> own_{};
     QHash<QString, std::shared_ptr<const ShapedText>> shaped_;
 };
 
