@@ -152,7 +152,7 @@ TEST_F(InstallerTest, CopiesTheProgramsThatAreBuiltAndSkipsOthers) {
     Write(u"built/cmake.log"_s, "no program");
     request.programFolder = folder.filePath(u"built"_s);
     Make();
-    EXPECT_EQ(Entries(u"suite/prgbin"_s), QStringList{u"要員名簿照会"_s});
+    EXPECT_EQ(Entries(u"suite/prgbin"_s), (QStringList{u"空白.jpg"_s, u"要員名簿照会"_s}));
     EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/prgbin/要員名簿照会"_s)).isExecutable());
 }
 
