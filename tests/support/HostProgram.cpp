@@ -1,5 +1,7 @@
 #include "support/HostProgram.h"
 
+#include <gtest/gtest.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -31,7 +33,7 @@ void HostProgram::WaitForDoor() const {
             return false;
         }
     };
-    QTest::qWaitFor(bound, 20000);
+    EXPECT_TRUE(QTest::qWaitFor(bound, 20000)) << "the host does not listen";
 }
 
 bool HostProgram::Ends(int patience) {
