@@ -41,7 +41,7 @@ class PreviewWindowTest : public ::testing::Test {
     bool Paints(int page) {
         return QTest::qWaitFor([this, page] { return report->painted == page; });
     }
-    PageView& View() const { return *window->findChild<PageView*>(); }
+    PageView& View() const { return static_cast<PageView&>(*window->findChild<QWidget*>(u"page"_s)); }
     QString StatusText() const { return window->statusBar()->currentMessage(); }
 
     TestServices services;

@@ -58,11 +58,11 @@ class PrintQueueTest : public ::testing::Test {
 class PutOutTest : public ::testing::Test {
   protected:
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
-    QStringList Left(const QString& folder) const {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    static QStringList Left(const QString& path) {
+        return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
-    void ToFolder(const QString& report, const QString& path) {
-        WriteOutputPlace(Forms(), report, {OutputPlace::Kind::Folder, path});
+    void ToFolder(const QString& name, const QString& path) const {
+        WriteOutputPlace(Forms(), name, {OutputPlace::Kind::Folder, path});
     }
 
     TestServices services;

@@ -88,7 +88,7 @@ QByteArray PrintService::Arrived(const QString& name) const {
     QByteArray pdf;
     const auto whole = [&] {
         if (!Idle(name)) pdf = ReadBytes(OutputOf(name));
-        return pdf.trimmed().endsWith("%%EOF");
+        return pdf.contains("%%EOF");  // the description's job end may stand behind it
     };
     return QTest::qWaitFor(whole, 30000) ? pdf : QByteArray();
 }
