@@ -115,12 +115,6 @@ TEST_F(PrintQueueTest, PaperThatThePrinterLacksIsToldAndNotReplaced) {
     EXPECT_TRUE(prints.Idle(u"office"_s));
 }
 
-TEST_F(PrintQueueTest, PostcardsGoToAPrinterOfAnyPaper) {
-    prints.AddPrinterOfAnyPaper(u"cards"_s);
-    EXPECT_EQ(ReasonToPrint(u"cards"_s, kPostcard), QString());
-    EXPECT_EQ(PageSize(prints.ArrivedFile(u"cards"_s)).section(u'.', 0, 0), u"283"_s);
-}
-
 TEST(PrintQueue, MissingPrintServiceIsTold) {
     const QByteArray before = qgetenv("CUPS_SERVER");
     qputenv("CUPS_SERVER", "/nowhere/socket");
