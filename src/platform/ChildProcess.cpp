@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/ProcessDescriptor.h"
-#include "platform/ProcessService.h"
+#include "platform/StartHidden.h"
 
 using namespace Qt::StringLiterals;
 

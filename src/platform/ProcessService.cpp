@@ -56,7 +56,7 @@ quint32 Start(const QString& program, const QStringList& arguments, bool hidden)
     // A bare name must not start whatever lies in the working folder.
     const bool there = QDir::isAbsolutePath(file) && QFileInfo(file).isFile();
     const int child = there ? StartChild(file, arguments, hidden) : 0;
-    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム「%1」を起動できません。"_s.arg(file));
+    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム「%1」を起動できません。"_s.arg(program));
     return static_cast<quint32>(child);
 }
 

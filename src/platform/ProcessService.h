@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "platform/StartHidden.h"
+
 namespace platform {
 
 /// Processes, this one included.
@@ -37,9 +39,6 @@ class ProcessService {
 
     static constexpr quint32 kStillActive = 259;
 };
-
-/// Set to "1" for programs that are started hidden: they put up no window before they are asked to.
-inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 class HostProcessService : public ProcessService {
   public:

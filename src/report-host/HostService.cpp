@@ -3,6 +3,7 @@
 #include <QLocalSocket>
 #include <QSocketNotifier>
 #include <exception>
+#include <utility>
 
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
@@ -35,7 +36,11 @@ HostService::HostService(HostDoor& door, QString formsFile, Maker make)
     patience_.start(kPatienceForCallers);
 }
 
-HostService::~HostService() = default;
+HostService::~HostService() {
+    Finished = nullptr;
+    // Their reports have files of their own to take away.
+    for (PreviewWindow* window : std::exchange(windows_, {})) delete window;
+}
 
 void HostService::TakeCallers() {
     for (int descriptor = door_.TakeCaller(); descriptor >= 0; descriptor = door_.TakeCaller()) {
@@ -83,7 +88,7 @@ void HostService::Answer(QLocalSocket& caller, const HostRequest& request) {
 
 void HostService::Carry(const HostRequest& request) {
     if (request.verb == HostVerb::OpenReport) OpenReport(request);
-    if (request.verb == HostVerb::Maximize && lastWindow_ != nullptr) lastWindow_->showMaximized();
+    if (request.verb == HostVerb::Maximize && !windows_.isEmpty()) windows_.last()->showMaximized();
     if (request.verb == HostVerb::Quit) quitting_ = true;
 }
 
@@ -94,14 +99,14 @@ void HostService::OpenReport(const HostRequest& request) {
     if (request.view == platform::kPrintReport) return PutOutReport(*report, request.report, formsFile_);
     auto* window = new PreviewWindow(std::move(report), request.report, formsFile_);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    ++windows_;
+    windows_.append(window);
     connect(window, &QObject::destroyed, this, [this, window] {
-        if (lastWindow_ == window) lastWindow_ = nullptr;
-        --windows_;
+        windows_.removeOne(window);
         LeaveWhenAlone();
     });
-    lastWindow_ = window;
     window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 /// A younger host has the forms file now. The windows of this one stay.
@@ -111,5 +116,5 @@ void HostService::StepAside() {
 }
 
 void HostService::LeaveWhenAlone() {
-    if (callers_ == 0 && windows_ == 0 && Finished) Finished();
+    if (callers_ == 0 && windows_.isEmpty() && Finished) Finished();
 }

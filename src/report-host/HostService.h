@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -44,6 +45,5 @@ class HostService : public QObject {
     QTimer patience_;
     int callers_ = 0;
     bool quitting_ = false;
-    PreviewWindow* lastWindow_ = nullptr;
-    int windows_ = 0;
+    QList<PreviewWindow*> windows_;  ///< in the order of their opening
 };

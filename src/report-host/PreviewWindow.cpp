@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QStandardPaths>
 #include <QStatusBar>
 #include <QToolBar>
 #include <algorithm>
@@ -109,6 +110,9 @@ void PreviewWindow::AddZoomField(QToolBar& bar) {
     for (const int percent : kPercents) zoomField_->addItem(u"%1%"_s.arg(percent));
     // Other zooms, reached by steps, stand in the closed box without being an entry.
     zoomField_->setPlaceholderText(u"100%"_s);
+    QPalette palette = zoomField_->palette();
+    palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::ButtonText));
+    zoomField_->setPalette(palette);
     zoomField_->setFocusPolicy(Qt::ClickFocus);
     connect(zoomField_, &QComboBox::activated, this, [this](int choice) { ChooseZoom(choice); });
     bar.addWidget(zoomField_);
@@ -179,7 +183,9 @@ void PreviewWindow::Print() {
 
 void PreviewWindow::SavePdf() {
     platform::Dialogs& dialogs = *platform::Services().dialogs;
-    std::optional<QString> file = dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    std::optional<QString> file =
+        dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, folder + u'/' + name_ + u".pdf"_s});
     if (!file) return;
     if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
     const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);

@@ -37,6 +37,7 @@ QString SystemWords() { return QString::fromUtf8(cupsLastErrorString()); }
 constexpr int kPatience = 30000;  // milliseconds for the printing system to answer the door
 
 Service Connect() {
+    cupsSetServer(nullptr);  // the library remembers; what environment and settings say now is what counts
     Service service(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kPatience, nullptr));
     if (service == nullptr) throw ReportFailure(u"印刷サービスに接続できません。"_s);
     return service;

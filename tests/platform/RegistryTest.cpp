@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <vector>
 
 #include "platform/registry/FileRegistry.h"
 #include "support/FileBytes.h"
@@ -195,8 +196,10 @@ TEST_F(RegistryTest, PlaceThatCantBeMadeIsDenied) {
 TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
     constexpr int kProcesses = 4, kValues = 25;
     Made(kOffice);
-    for (int process = 0; process < kProcesses; ++process)
-        if (fork() == 0) {
+    std::vector<pid_t> writers;
+    for (int process = 0; process < kProcesses; ++process) {
+        writers.push_back(fork());
+        if (writers.back() == 0) {
             FileRegistry own = Another();
             RegistryKey key;
             bool good = own.OpenKey(UserRoot(), kOffice, kRegistryAll, key) == kRegistryDone;
@@ -204,9 +207,10 @@ TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
                 good = good && own.SetNumber(key, u"%1-%2"_s.arg(process).arg(value), 1) == kRegistryDone;
             _exit(good ? 0 : 1);
         }
-    for (int process = 0; process < kProcesses; ++process) {
+    }
+    for (const pid_t writer : writers) {
         int status = -1;
-        wait(&status);
+        waitpid(writer, &status, 0);
         EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(ReadBytes(UserFile()).count("=1\n"), kProcesses * kValues);

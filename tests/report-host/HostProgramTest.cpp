@@ -55,15 +55,13 @@ class HostProgramTest : public ::testing::Test {
 
 TEST_F(HostProgramTest, PrintIsAnsweredWhenThePagesHaveBeenHandedOver) {
     HostProgram host(Forms());
-    host.WaitForDoor();
-    Bind()->OpenReport(kList, platform::kPrintReport);
+    host.Bind()->OpenReport(kList, platform::kPrintReport);
     EXPECT_EQ(Printed().size(), 1);
 }
 
 TEST_F(HostProgramTest, QuitEndsIt) {
     HostProgram host(Forms());
-    host.WaitForDoor();
-    Bind()->Quit();
+    host.Bind()->Quit();
     EXPECT_TRUE(host.Ends());
     EXPECT_EQ(host.ExitCode(), 0);
     EXPECT_EQ(Refusal([&] { Bind(); }), u"帳票ホストに接続できません。"_s);
@@ -71,8 +69,7 @@ TEST_F(HostProgramTest, QuitEndsIt) {
 
 TEST_F(HostProgramTest, FormThatIsMissingOrHasAMistakeIsToldInItsAnswer) {
     HostProgram host(Forms());
-    host.WaitForDoor();
-    const std::unique_ptr<ReportHost> bound = Bind();
+    const std::unique_ptr<ReportHost> bound = host.Bind();
     EXPECT_TRUE(Refusal([&] { bound->OpenReport(u"無い帳票"_s, platform::kPrintReport); }).contains(u"無い帳票"_s));
     EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, 1); }), u"帳票の表示方法 1 は使えません。"_s);
     bound->OpenReport(kList, platform::kPrintReport);
@@ -84,8 +81,7 @@ TEST_F(HostProgramTest, FormsFileThatIsMissingOrBrokenIsTold) {
     ASSERT_TRUE(QFile(broken).open(QIODevice::WriteOnly));
     for (const QString& forms : {u"/nowhere/repfrmdb.accdb"_s, broken}) {
         HostProgram host(forms);
-        host.WaitForDoor();
-        EXPECT_TRUE(Refusal([&] { Bind(forms)->OpenReport(kList, platform::kPrintReport); }).endsWith(u"。"_s));
+        EXPECT_TRUE(Refusal([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }).endsWith(u"。"_s));
     }
 }
 
@@ -95,8 +91,7 @@ TEST_F(HostProgramTest, PrinterThatRefusesIsToldInItsAnswer) {
     prints.Reject(u"office"_s);
     WriteOutputPlace(Forms(), {}, {OutputPlace::Kind::Printer, u"office"_s});
     HostProgram host(Forms());
-    host.WaitForDoor();
-    EXPECT_EQ(Refusal([&] { Bind()->OpenReport(kList, platform::kPrintReport); }),
+    EXPECT_EQ(Refusal([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }),
               u"プリンター「office」は印刷を受け付けていません。"_s);
 }
 
@@ -106,8 +101,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
     prints.MakeDefault(u"office"_s);
     WriteOutputPlace(Forms(), {}, {});
     HostProgram host(Forms());
-    host.WaitForDoor();
-    Bind()->OpenReport(kList, platform::kPrintReport);
+    host.Bind()->OpenReport(kList, platform::kPrintReport);
     QProcess text;
     text.start(u"pdftotext"_s, {prints.ArrivedFile(u"office"_s), u"-"_s});
     text.waitForFinished();
@@ -116,8 +110,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
 
 TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
     HostProgram host(Forms());
-    host.WaitForDoor();
-    const std::unique_ptr<ReportHost> bound = Bind();
+    const std::unique_ptr<ReportHost> bound = host.Bind();
     host.Freeze();  // it has the request and never comes to the answer
     std::thread death([&host] { host.KillNow(); });
     EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, platform::kPrintReport); }),
@@ -127,15 +120,14 @@ TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
 
 TEST_F(HostProgramTest, LeavesByItselfWhenItsCallerIsGoneAndNothingStands) {
     HostProgram host(Forms());
-    host.WaitForDoor();
+    host.Bind();
     EXPECT_TRUE(host.Ends());
 }
 
 TEST_F(HostProgramTest, PreviewStaysWhenItsCallerIsGone) {
     HostProgram host(Forms());
-    host.WaitForDoor();
     {
-        const std::unique_ptr<ReportHost> bound = Bind();
+        const std::unique_ptr<ReportHost> bound = host.Bind();
         bound->OpenReport(kList, platform::kPreviewReport);
         bound->Maximize();
     }

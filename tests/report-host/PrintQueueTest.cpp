@@ -58,11 +58,11 @@ class PrintQueueTest : public ::testing::Test {
 class PutOutTest : public ::testing::Test {
   protected:
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
-    QStringList Left(const QString& folder) const {
-        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    static QStringList Left(const QString& path) {
+        return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
-    void ToFolder(const QString& report, const QString& path) {
-        WriteOutputPlace(Forms(), report, {OutputPlace::Kind::Folder, path});
+    void ToFolder(const QString& name, const QString& path) const {
+        WriteOutputPlace(Forms(), name, {OutputPlace::Kind::Folder, path});
     }
 
     TestServices services;
@@ -113,12 +113,6 @@ TEST_F(PrintQueueTest, PaperThatThePrinterLacksIsToldAndNotReplaced) {
     prints.AddPrinter(u"office"_s);
     EXPECT_EQ(ReasonToPrint(u"office"_s, kPostcard), u"プリンター「office」には 100 × 148 mm の用紙がありません。"_s);
     EXPECT_TRUE(prints.Idle(u"office"_s));
-}
-
-TEST_F(PrintQueueTest, PostcardsGoToAPrinterOfAnyPaper) {
-    prints.AddPrinterOfAnyPaper(u"cards"_s);
-    EXPECT_EQ(ReasonToPrint(u"cards"_s, kPostcard), QString());
-    EXPECT_EQ(PageSize(prints.ArrivedFile(u"cards"_s)).section(u'.', 0, 0), u"283"_s);
 }
 
 TEST(PrintQueue, MissingPrintServiceIsTold) {

@@ -1,5 +1,7 @@
 #include "support/HostProgram.h"
 
+#include <gtest/gtest.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,7 +9,6 @@
 
 #include <csignal>
 
-#include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -22,16 +23,18 @@ HostProgram::HostProgram(const QString& formsFile) : formsFile_(formsFile) {
 
 HostProgram::~HostProgram() { Kill(); }
 
-void HostProgram::WaitForDoor() const {
-    const auto bound = [this] {
+std::unique_ptr<platform::ReportHost> HostProgram::Bind() const {
+    std::unique_ptr<platform::ReportHost> host;
+    const auto bound = [&] {
         try {
-            platform::LocalReportHostLink().Bind(formsFile_);
-            return true;
+            host = platform::LocalReportHostLink().Bind(formsFile_);
         } catch (const platform::RuntimeError&) {
             return false;
         }
+        return true;
     };
-    QTest::qWaitFor(bound, 20000);
+    EXPECT_TRUE(QTest::qWaitFor(bound, 20000)) << "the host does not listen";
+    return host;
 }
 
 bool HostProgram::Ends(int patience) {

@@ -2,7 +2,9 @@
 
 #include <QProcess>
 #include <QString>
-#include <QTemporaryDir>
+#include <memory>
+
+#include "platform/ReportHostLink.h"
 
 /// A report host of the test's own: a real process on a forms file, started as the suite starts it.
 class HostProgram {
@@ -13,8 +15,8 @@ class HostProgram {
     HostProgram(const HostProgram&) = delete;
     HostProgram& operator=(const HostProgram&) = delete;
 
-    /// Waits until it listens.
-    void WaitForDoor() const;
+    /// Binds it as soon as it listens. A host whose last caller has gone leaves, so this is also the first one.
+    std::unique_ptr<platform::ReportHost> Bind() const;
     bool Runs() const { return process_.state() != QProcess::NotRunning; }
     /// True when it ends by itself, with what it returns left in ExitCode.
     bool Ends(int patience = 20000);

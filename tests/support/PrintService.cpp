@@ -30,14 +30,6 @@ const QByteArray kFiles =
     "RequestRoot ROOT/spool\nStateDir ROOT/state\nTempDir ROOT/spool/tmp\nAccessLog ROOT/log/access\n"
     "ErrorLog ROOT/log/error\nPageLog ROOT/log/page\nFileDevice Yes\nPrintcap\nSystemGroup root\n";
 
-const QByteArray kAnyPaper =
-    "*VariablePaperSize: True\n*MaxMediaWidth: \"842\"\n*MaxMediaHeight: \"1191\"\n"
-    "*NonUIOrderDependency: 100 AnySetup *CustomPageSize\n"
-    "*CustomPageSize True: \"pop pop pop pop pop\"\n"
-    "*ParamCustomPageSize Width: 1 points 36 842\n*ParamCustomPageSize Height: 2 points 36 1191\n"
-    "*ParamCustomPageSize WidthOffset: 3 points 0 0\n*ParamCustomPageSize HeightOffset: 4 points 0 0\n"
-    "*ParamCustomPageSize Orientation: 5 int 0 0\n*HWMargins: 0 0 0 0\n";
-
 void Run(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.start(program, arguments);
@@ -74,10 +66,8 @@ PrintService::~PrintService() {
         qputenv("CUPS_SERVER", environmentBefore_);
 }
 
-void PrintService::Add(const QString& name, bool anyPaper) {
-    const QString description = folder_.filePath(name + u".ppd"_s);
-    WriteBytes(description, ReadBytes(kDescription) + (anyPaper ? kAnyPaper : QByteArray()));
-    Run(u"/usr/sbin/lpadmin"_s, {u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:"_s + OutputOf(name), u"-P"_s, description});
+void PrintService::AddPrinter(const QString& name) {
+    Run(u"/usr/sbin/lpadmin"_s, {u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:"_s + OutputOf(name), u"-P"_s, kDescription});
 }
 
 void PrintService::MakeDefault(const QString& name) { Run(u"/usr/sbin/lpadmin"_s, {u"-d"_s, name}); }
@@ -88,7 +78,7 @@ QByteArray PrintService::Arrived(const QString& name) const {
     QByteArray pdf;
     const auto whole = [&] {
         if (!Idle(name)) pdf = ReadBytes(OutputOf(name));
-        return pdf.trimmed().endsWith("%%EOF");
+        return pdf.contains("%%EOF");  // the description's job end may stand behind it
     };
     return QTest::qWaitFor(whole, 30000) ? pdf : QByteArray();
 }

@@ -15,9 +15,7 @@ class PrintService {
     PrintService& operator=(const PrintService&) = delete;
 
     /// A printer of the generic PDF description: it knows A4 but no postcards and no paper of free size.
-    void AddPrinter(const QString& name) { Add(name, false); }
-    /// The same with paper of any size up to A3.
-    void AddPrinterOfAnyPaper(const QString& name) { Add(name, true); }
+    void AddPrinter(const QString& name);
     void MakeDefault(const QString& name);
     /// From now on the printer refuses all jobs.
     void Reject(const QString& name);
@@ -30,7 +28,6 @@ class PrintService {
     bool Idle(const QString& name) const;
 
   private:
-    void Add(const QString& name, bool anyPaper);
     QString OutputOf(const QString& name) const { return folder_.filePath(name + QStringLiteral(".pdf")); }
 
     QTemporaryDir folder_;

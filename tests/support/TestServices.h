@@ -96,6 +96,17 @@ class RecordingProcesses : public platform::ProcessService {
         documents.append({path, workingFolder});
         return true;
     }
+
+    /// Every call that reaches for another process, in order, with its arguments as they came.
+    QStringList calls;
+    quint32 nextProcessId = 4711;
+    quint32 nextHandle = 77;
+    bool startFails = false;
+    quint32 StartHidden(const QString& path, const QStringList& arguments) override;
+    quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) override;
+    bool GetExitCodeProcess(quint32 handle, quint32& code) override;
+    bool TerminateProcess(quint32 handle, quint32 exitCode) override;
+    bool CloseHandle(quint32 handle) override;
 };
 
 /// For the length of a test: fixed clock, queued dialogs, described machine, recorded processes, fresh globals.
