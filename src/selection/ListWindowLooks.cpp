@@ -105,13 +105,15 @@ void PlaceBelowList(Form& form, const QStringList& buttons) {
 void AddListButtons(Form& form, const QList<ListButton>& buttons) {
     const QWidget& back = form.Item(kBack).Widget();
     const int line = back.y();
-    if (kListLeft + buttons.size() * kButtonPitch > back.x()) AddButtonLine(form, line);
+    const bool ownLine = kListLeft + buttons.size() * kButtonPitch > back.x();
+    if (ownLine) AddButtonLine(form, line);
     QStringList names;
     for (const ListButton& button : buttons) {
         MakeListButton(form, button.name, button.caption)
             .setGeometry(kListLeft + static_cast<int>(names.size()) * kButtonPitch, line, kButtonWidth, kButtonHeight);
         names << button.name;
     }
+    if (ownLine) form.Item(names.last()).Widget().move(back.x(), line);
     InsertStops(form, names, form.Item(kBack));
 }
 

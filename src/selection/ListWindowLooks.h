@@ -32,7 +32,7 @@ struct ListButton {
     QString name, caption;
 };
 /// Adds buttons to a window that is laid out: into the line below the list, or, where they find no room beside
-/// btn_戻る, into a line of their own above it. The Tab key stops on them before btn_戻る.
+/// btn_戻る, into a line of their own, the last one above btn_戻る. The Tab key stops on them before btn_戻る.
 void AddListButtons(Form& form, const QList<ListButton>& buttons);
 /// A class number with its title in front and its list behind, from `left` to `left + width`.
 void MakeClassItems(Form& form, const QString& name, const QString& title, int left, int line, int width);
