@@ -66,6 +66,8 @@ TEST_F(PickSearchTest, PicksWinOverTheRangeThatStandsInTheHead) {
 }
 
 TEST_F(PickSearchTest, ThreeDepartmentsAndTwoNarrowedKanaFindWhatAQueryPastTheAdapterFindsAndClearBringsEverybodyBack) {
+    for (const QString& department : {u"030"_s, u"040"_s, u"050"_s})
+        installation.AddStaff(u"99"_s + department, {{u"カナ"_s, u"ﾔﾏﾀﾞ ｲﾁﾛｳ"_s}, {u"部門コード"_s, department}});
     Start();
     const QStringList everybody = Found();
     Tick(Departments(), {u"010"_s, u"030"_s, u"050"_s});

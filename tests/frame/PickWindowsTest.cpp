@@ -356,7 +356,6 @@ TEST_F(PickWindowsTest, MarksGoWithTheirRowsWhenTheListIsSorted) {
         hands.ClickMarkOf(u"20"_s);
         hands.ClickMarkOf(u"90"_s);
         hands.ClickTitle(0);
-        hands.ClickTitle(0);
         EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"90"_s, u"20"_s}));
         GoBack(hands);
     });
