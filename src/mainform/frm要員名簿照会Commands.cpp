@@ -15,6 +15,7 @@
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
+#include "selection/PickWindows.h"
 #include "selection/ValueWindows.h"
 
 using namespace Qt::StringLiterals;

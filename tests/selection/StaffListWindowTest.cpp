@@ -124,7 +124,7 @@ TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
 }
 
 TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearchesUntilTheyAreCleared) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormHands& hands) { GoBack(hands); }});
     Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormHands& hands) {
              EXPECT_EQ(hands.Codes().size(), 21) << "the earlier list";
@@ -180,7 +180,7 @@ TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
 }
 
 TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFocusFirst) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     OpenStaff({[](const FormHands& hands) {
         hands.Type(u"コード"_s, u"27"_s);
         EXPECT_EQ(hands.Text(u"コード"_s), u"27"_s);
@@ -193,7 +193,7 @@ TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFoc
 }
 
 TEST_F(StaffListWindowTest, TextThatWasBeingTypedWhenEscHidTheWindowIsSearchedLater) {
-    AddStaff(12);
+    installation.ReplaceStaff(12);
     OpenStaff({[](const FormHands& hands) {
         hands.Type(u"名称"_s, u"氏名12"_s);
         hands.Press(Qt::Key_Escape);
@@ -263,7 +263,7 @@ TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
 }
 
 TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWithoutAMessage) {
-    AddStaff(1000);
+    installation.ReplaceStaff(1000);
     OpenStaff({[this](const FormHands& hands) {
         ASSERT_TRUE(hands.Item(u"lab_注意"_s).Visible());
         installation.General().Execute(u"DROP TABLE M担当者"_s);
@@ -278,7 +278,7 @@ TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWitho
 
 TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandLookTheSame) {
     for (const int staff : {999, 1000, 1001}) {
-        AddStaff(staff);
+        installation.ReplaceStaff(staff);
         OpenStaff({[&](const FormHands& hands) {
             hands.Click(u"btn_画面クリア"_s);
             EXPECT_EQ(hands.Codes().size(), qMin(staff, 1000));
