@@ -163,6 +163,13 @@ QList<CatalogueLine> ReportLines() {
     };
 }
 
+QList<CatalogueLine> FormsLines() {
+    return {
+        {Store::Forms, u"帳票", u"名称 定義"_s, u"名称"_s, {}},
+        {Store::Forms, u"リンクテーブル", u"名称 元テーブル 接続 属性"_s, u"名称"_s, {}},
+    };
+}
+
 TableDefinition TableOf(const CatalogueLine& line) {
     TableDefinition table{line.store, QString::fromUtf16(line.name), {}, line.key.split(u' ', Qt::SkipEmptyParts), {}};
     for (const QString& name : line.columns.split(u' ', Qt::SkipEmptyParts)) table.columns.append({name, u"TEXT"_s});
@@ -175,7 +182,7 @@ TableDefinition TableOf(const CatalogueLine& line) {
 const QList<TableDefinition>& SuiteTables() {
     static const QList<TableDefinition> tables = [] {
         QList<TableDefinition> made;
-        for (const CatalogueLine& line : GeneralLines() + ConfigurationLines() + ReportLines())
+        for (const CatalogueLine& line : GeneralLines() + ConfigurationLines() + ReportLines() + FormsLines())
             made.append(TableOf(line));
         return made;
     }();

@@ -10,7 +10,7 @@
 // here, and whoever opens a database learns from here which columns hold words.
 
 /// The database file that a table lies in.
-enum class Store { General, Configuration, Report };
+enum class Store { General, Configuration, Report, Forms };
 
 struct ColumnDefinition {
     QString name;

@@ -3,9 +3,3 @@
 void PrepareUserConfig() {}
 
 void OpenSelectionWindow(const QString&) {}
-
-void RunReportPrint() {}
-void RunReportPreview() {}
-void RunEnvelopePrint() {}
-void RunPostcardPrint() {}
-void RunLabelPrint() {}

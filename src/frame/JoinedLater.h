@@ -10,10 +10,3 @@ void PrepareUserConfig();
 
 /// Opens the window behind a range button of the head, in which rows of a master are picked one by one.
 void OpenSelectionWindow(const QString& button);
-
-/// Outputs of the rows ticked in the list.
-void RunReportPrint();
-void RunReportPreview();
-void RunEnvelopePrint();
-void RunPostcardPrint();
-void RunLabelPrint();

@@ -10,6 +10,7 @@
 #include "data/EnvironmentDefinition.h"
 #include "inquiry/InquiryConditions.h"
 #include "inquiry/StaffRowStore.h"
+#include "output/HostRun.h"
 #include "platform/Database.h"
 #include "platform/OutputFile.h"
 
@@ -72,6 +73,8 @@ struct ProgramGlobals {
     bool ConfigConnectionOpen = false;
     platform::Connection MainConnection;
     bool MainConnectionOpen = false;  ///< also True where the definition row names no known dialect
+
+    HostRun Host;
 
     QString LinkSenderId, LinkStartInfo, LinkEndInfo;
 

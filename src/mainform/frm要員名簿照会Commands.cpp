@@ -9,6 +9,8 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
+#include "output/MailPrint.h"
+#include "output/ReportRunner.h"
 #include "output/TextOutput.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"

@@ -11,13 +11,13 @@ class Clock {
   public:
     virtual ~Clock() = default;
     virtual QDateTime Now() const = 0;
+    /// Stands still without letting events through.
+    virtual void Sleep(int milliseconds) const = 0;
     /// Time since some moment of the past. It never jumps, whatever the time of day does.
     virtual std::chrono::milliseconds Elapsed() const {
         return std::chrono::duration_cast<std::chrono::milliseconds>(
             std::chrono::steady_clock::now().time_since_epoch());
     }
-    /// Stands still without letting events through.
-    virtual void Sleep(int milliseconds) const = 0;
 };
 
 class SystemClock : public Clock {

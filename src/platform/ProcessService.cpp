@@ -1,22 +1,63 @@
 #include "platform/ProcessService.h"
 
+#include <poll.h>
+
+#include <unistd.h>
+
+#include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QProcess>
 #include <QStandardPaths>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/ChildProcess.h"
+#include "platform/ProcessDescriptor.h"
 #include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
 
 namespace platform {
 namespace {
 
-/// The file that a program name of the suite means on this platform.
-QString ProgramFile(const QString& path) {
-    const QLatin1StringView suffix(".exe");
-    const bool plain = path.endsWith(suffix, Qt::CaseInsensitive) && !QFileInfo(path).isFile();
-    return plain ? path.chopped(suffix.size()) : path;
+/// An open process: the descriptor can't come to mean another process when the id is used again.
+struct OpenedProcess {
+    int descriptor = -1;
+    bool ended = false;
+    int exitCode = 0;
+};
+
+// Handles count from beyond every process id, so that an id is never mistaken for a handle.
+constexpr quint32 kFirstHandle = 0x40000001;
+
+QHash<quint32, OpenedProcess>& Handles() {
+    static QHash<quint32, OpenedProcess> handles;
+    return handles;
+}
+
+bool Look(OpenedProcess& process) {
+    process.ended = process.ended || HasEnded(process.descriptor, process.exitCode);
+    return process.ended;
+}
+
+QString ProgramFile(const QString& named) {
+    QString file = named;
+    file.replace(u'\\', u'/');
+    const QString suffix = u".exe"_s;
+    if (!QFileInfo(file).isFile() && file.endsWith(suffix, Qt::CaseInsensitive)) file.chop(suffix.size());
+    return file;
+}
+
+quint32 Start(const QString& program, const QStringList& arguments, bool hidden) {
+    const QString file = ProgramFile(program);
+    // A bare name must not start whatever lies in the working folder.
+    const bool there = QDir::isAbsolutePath(file) && QFileInfo(file).isFile();
+    const int child = there ? StartChild(file, arguments, hidden) : 0;
+    if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム「%1」を起動できません。"_s.arg(file));
+    return static_cast<quint32>(child);
 }
 
 }  // namespace
@@ -27,16 +68,52 @@ void HostProcessService::EndProcess(int exitCode) {
     std::_Exit(exitCode);
 }
 
-void HostProcessService::StartProgram(const QString& path, const QString& arguments) {
-    const QString program = ProgramFile(path);
-    const QStringList words = arguments.isEmpty() ? QStringList() : QStringList{arguments};
-    if (!QProcess::startDetached(program, words))
-        throw RuntimeError(kFileNotFound, QStringLiteral("プログラム「%1」を起動できません。").arg(program));
+bool HostProcessService::OpenDocument(const QString& path, const QString& workingFolder) {
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s);
+    return !opener.isEmpty() && QProcess::startDetached(opener, {path}, workingFolder);
 }
 
-bool HostProcessService::OpenDocument(const QString& path, const QString& workingFolder) {
-    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
-    return !opener.isEmpty() && QProcess::startDetached(opener, {path}, workingFolder);
+void HostProcessService::StartProgram(const QString& path, const QString& arguments) {
+    Start(path, arguments.isEmpty() ? QStringList() : QStringList{arguments}, false);
+}
+
+quint32 HostProcessService::StartHidden(const QString& path, const QStringList& arguments) {
+    return Start(path, arguments, true);
+}
+
+quint32 HostProcessService::OpenProcess(quint32 /*access*/, bool /*inherit*/, quint32 processId) {
+    const int descriptor = processId == 0 ? -1 : ::pidfd_open(static_cast<pid_t>(processId), 0);
+    if (descriptor < 0) return 0;
+    static quint32 next = kFirstHandle;
+    const quint32 handle = next++;
+    Handles().insert(handle, {descriptor, false, 0});
+    return handle;
+}
+
+bool HostProcessService::GetExitCodeProcess(quint32 handle, quint32& code) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    code = Look(*found) ? static_cast<quint32>(found->exitCode) : kStillActive;
+    return true;
+}
+
+bool HostProcessService::TerminateProcess(quint32 handle, quint32 /*exitCode*/) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    if (!found->ended) {
+        ::pidfd_send_signal(found->descriptor, SIGKILL, nullptr, 0);
+        pollfd gone{found->descriptor, POLLIN, 0};
+        ::poll(&gone, 1, -1);
+    }
+    return Look(*found);
+}
+
+bool HostProcessService::CloseHandle(quint32 handle) {
+    const auto found = Handles().find(handle);
+    if (found == Handles().end()) return false;
+    ::close(found->descriptor);
+    Handles().erase(found);
+    return true;
 }
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace platform {
 
@@ -18,13 +19,38 @@ class ProcessService {
     virtual void StartProgram(const QString& path, const QString& arguments) = 0;
     /// Opens a document with the program that the desktop has for it. False when there is none; never a message.
     virtual bool OpenDocument(const QString& path, const QString& workingFolder) = 0;
+
+    /// Starts a program that puts up no window before it is asked to, and gives its process id. The path is taken like
+    /// that of StartProgram, with either separator; each argument arrives as one, blanks included. Throws RuntimeError
+    /// kFileNotFound when it cannot be started.
+    virtual quint32 StartHidden(const QString& path, const QStringList& arguments) = 0;
+    /// A handle on a running process; 0 when there is none of that id. `access` is what the handle is good for on
+    /// systems that ask.
+    virtual quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) = 0;
+    /// kStillActive, or what the ended process left. False, and `code` untouched, for anything that is no handle: a
+    /// process id is none.
+    virtual bool GetExitCodeProcess(quint32 handle, quint32& code) = 0;
+    /// Ends the process at once; it has no say in it, and on this platform none in the exit code either. Returns when
+    /// it is gone. False for anything that is no handle.
+    virtual bool TerminateProcess(quint32 handle, quint32 exitCode) = 0;
+    virtual bool CloseHandle(quint32 handle) = 0;
+
+    static constexpr quint32 kStillActive = 259;
 };
+
+/// Set to "1" for programs that are started hidden: they put up no window before they are asked to.
+inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 class HostProcessService : public ProcessService {
   public:
     void EndProcess(int exitCode) override;
     void StartProgram(const QString& path, const QString& arguments) override;
     bool OpenDocument(const QString& path, const QString& workingFolder) override;
+    quint32 StartHidden(const QString& path, const QStringList& arguments) override;
+    quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) override;
+    bool GetExitCodeProcess(quint32 handle, quint32& code) override;
+    bool TerminateProcess(quint32 handle, quint32 exitCode) override;
+    bool CloseHandle(quint32 handle) override;
 };
 
 }  // namespace platform

@@ -8,7 +8,10 @@
 #include "platform/FileSystem.h"
 #include "platform/PinCipherObject.h"
 #include "platform/ProcessService.h"
+#include "platform/Registry.h"
+#include "platform/ReportHostLink.h"
 #include "platform/SystemInformation.h"
+#include "platform/registry/FileRegistry.h"
 
 namespace platform {
 
@@ -20,6 +23,8 @@ struct ServiceSet {
     std::unique_ptr<FileSystem> files = std::make_unique<HostFileSystem>();
     std::unique_ptr<Dialogs> dialogs = std::make_unique<WidgetDialogs>();
     std::unique_ptr<ProcessService> processes = std::make_unique<HostProcessService>();
+    std::unique_ptr<Registry> registry = std::make_unique<FileRegistry>();
+    std::unique_ptr<ReportHostLink> reportHosts = std::make_unique<LocalReportHostLink>();
     std::unique_ptr<PinCipherObject> pins = std::make_unique<UnsealedPins>();
 };
 

@@ -18,13 +18,17 @@ const OptionRule& RuleFor(const QString& name, const QList<OptionRule>& rules) {
 
 }  // namespace
 
-Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules) {
+Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further) {
     Arguments arguments;
     for (qsizetype i = 0; i < words.size(); ++i) {
         const QString& word = words[i];
         if (!word.startsWith(u"--"_s)) {
-            if (!arguments.installation.isEmpty()) throw Refusal(u"引数 %1 が余分です。"_s.arg(word));
-            arguments.installation = word;
+            if (arguments.installation.isEmpty())
+                arguments.installation = word;
+            else if (arguments.further.size() < further)
+                arguments.further.append(word);
+            else
+                throw Refusal(u"引数 %1 が余分です。"_s.arg(word));
             continue;
         }
         const qsizetype equals = word.indexOf(u'=');

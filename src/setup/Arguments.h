@@ -15,6 +15,7 @@ struct OptionRule {
 /// What stands behind a verb on the command line.
 struct Arguments {
     QString installation;
+    QStringList further;  ///< words behind it, of a verb that takes some
     QHash<QString, QString> options;
 
     bool Has(const QString& option) const { return options.contains(option); }
@@ -24,8 +25,8 @@ struct Arguments {
     QString Choice(const QString& option, const QStringList& words) const;
 };
 
-/// Exactly one word is the installation; options may stand anywhere, their value in the next word or behind "=".
-/// Throws Refusal.
-Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules);
+/// The first word is the installation, and at most `further` may follow; options may stand anywhere, their value in the
+/// next word or behind "=". Throws Refusal.
+Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further = 0);
 
 }  // namespace setup

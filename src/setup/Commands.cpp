@@ -3,9 +3,13 @@
 #include <limits>
 
 #include "setup/Arguments.h"
+#include "setup/FormsCommand.h"
 #include "setup/HistoryCommand.h"
 #include "setup/Installer.h"
 #include "setup/PinSealing.h"
+#include "setup/PrinterCommand.h"
+#include "setup/RegistryCommand.h"
+#include "setup/ReportHostInstallation.h"
 #include "setup/SampleTrial.h"
 
 using namespace Qt::StringLiterals;
@@ -28,6 +32,20 @@ const QString kUsage =
     u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
     u"      --follow              中断されるまで、追加される行を待って表示する\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
+    u"  suite-setup printer フォルダ [オプション]  帳票の出力先を表示する、または決める\n"
+    u"      --to-printer NAME     プリンター NAME に印刷する\n"
+    u"      --to-folder DIR       印刷せず、PDF をフォルダ DIR に置く\n"
+    u"      --to-default          通常使うプリンターに印刷する（初めはこの状態）\n"
+    u"      --report NAME         帳票 NAME だけの出力先にする\n"
+    u"  suite-setup registry list [キー]           登録されている値を表示する（キーは HKLM または HKCU で始める）\n"
+    u"  suite-setup registry get キー 名前         値を一つ表示する\n"
+    u"  suite-setup registry set キー 名前 値      値を一つ書く（--number を付けると数値として）\n"
+    u"  suite-setup forms export フォルダ [帳票名]  帳票の定義を 帳票名.txt に書き出す（省略時はすべて）\n"
+    u"  suite-setup forms import フォルダ [帳票名]  帳票名.txt "
+    u"を取り込む（省略時は今ある帳票のうちファイルがあるもの）\n"
+    u"  suite-setup forms check フォルダ [帳票名]   帳票の定義の誤りを行番号と理由で表示する\n"
+    u"      --folder DIR          帳票名.txt を置くフォルダ（export と import、省略時は今のフォルダ）\n"
+    u"      --user NAME           利用者 NAME の帳票を扱う（省略時は共通の帳票）\n"
     u"  suite-setup --help                         この説明を表示する\n"
     u"\n"
     u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
@@ -37,6 +55,16 @@ void ShowTrialPeople(const QString& root, FileKind kind, const Console& console)
     console.out << u"起動すると暗証番号を尋ねます。次の要員で試せます。\n"_s;
     for (const QString& line : TrialPeople(general, root + u"/conf/"_s + platform::PinKeyFileName()))
         console.out << u"  "_s << line << u'\n';
+}
+
+/// Only the administrator of a machine may register a host there; the installation is whole without.
+void RegisterHostOrTell(const QString& root, const Console& console) {
+    try {
+        RegisterReportHost(root);
+    } catch (const platform::RuntimeError& error) {
+        console.err << error.Description() << u"印刷するには、管理者が次を実行してください。\n"_s
+                    << u"  suite-setup registry set '%1' Path '%2'\n"_s.arg(ReportHostKey(), ReportHostFolder(root));
+    }
 }
 
 void MakeFromArguments(const Arguments& arguments, const Console& console) {
@@ -51,6 +79,7 @@ void MakeFromArguments(const Arguments& arguments, const Console& console) {
     request.replace = arguments.Has(u"--replace"_s);
     const QString root = MakeInstallation(request);
     console.out << u"%1 に要員 %2 名のインストールを作りました。\n"_s.arg(root).arg(request.staff);
+    RegisterHostOrTell(root, console);
     if (request.askPins) ShowTrialPeople(root, request.kind, console);
 }
 
@@ -62,23 +91,35 @@ QList<OptionRule> InitOptions() {
 QList<OptionRule> NoOptions() { return {}; }
 
 struct Verb {
-    const char16_t* name;
+    QStringView name;  ///< one word or two
     QList<OptionRule> (*options)();
     void (*run)(const Arguments&, const Console&);
+    int further = 0;  ///< words that may stand behind the installation
 };
 
 constexpr Verb kVerbs[] = {
     {u"init", InitOptions, MakeFromArguments},
     {u"history", HistoryOptions, ShowHistory},
     {u"seal-pins", NoOptions, SealPins},
+    {u"printer", PrinterOptions, ChoosePrinter},
+    {u"forms export", FormFileOptions, ExportForms, 1},
+    {u"forms import", FormFileOptions, ImportForms, 1},
+    {u"forms check", FormCheckOptions, CheckForms, 1},
 };
 
 void RunVerb(const QStringList& arguments, const Console& console) {
     if (arguments.isEmpty()) throw Refusal(u"コマンドを指定してください。"_s);
-    for (const Verb& verb : kVerbs)
-        if (arguments.first() == QStringView(verb.name))
-            return verb.run(ParseArguments(arguments.mid(1), verb.options()), console);
-    throw Refusal(u"コマンド %1 はありません。"_s.arg(arguments.first()));
+    // Works on the machine and the user, not on an installation.
+    if (arguments.first() == u"registry"_s) return RunRegistryCommand(arguments.mid(1), console);
+    QString asked = arguments.first();
+    for (const Verb& verb : kVerbs) {
+        const qsizetype words = verb.name.count(u' ') + 1;
+        if (words > 1 && verb.name.startsWith(arguments.first() + u' '))
+            asked = arguments.first(std::min(words, arguments.size())).join(u' ');
+        if (arguments.first(std::min(words, arguments.size())).join(u' ') == verb.name)
+            return verb.run(ParseArguments(arguments.mid(words), verb.options(), verb.further), console);
+    }
+    throw Refusal(u"コマンド %1 はありません。"_s.arg(asked));
 }
 
 }  // namespace

@@ -5,11 +5,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QTemporaryDir>
 
 #include "platform/SealedPins.h"
 #include "setup/ConfigurationStore.h"
+#include "setup/FormsStore.h"
 #include "setup/Manual.h"
+#include "setup/ReportHostInstallation.h"
 #include "setup/SampleLogs.h"
 #include "setup/SampleMasters.h"
 #include "setup/SampleStaff.h"
@@ -68,6 +71,13 @@ void WriteManual(const QString& path) {
         Fail(u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
 }
 
+/// Envelopes of a company without a logo show this picture.
+void WriteBlankPicture(const QString& path) {
+    QImage blank(8, 8, QImage::Format_RGB32);
+    blank.fill(Qt::white);
+    if (!blank.save(path, "JPG")) Fail(u"%1 に書き込めません。"_s.arg(path));
+}
+
 void CopyPrograms(const QString& from, const QString& to) {
     for (const QString& program : kPrograms) {
         const QString source = from + u'/' + program, target = to + u'/' + program;
@@ -91,11 +101,14 @@ void FillInstallation(const QString& root, const QString& finalRoot, const Insta
     const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
     WriteConfiguration(configuration,
                        {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind, !request.askPins});
+    const QString forms = root + u"/report/repfrmdb"_s + suffix;
     StoreWriter(report, Store::Report).Commit();
-    SetMode(configuration, 0664);
-    SetMode(report, 0664);
+    WriteStandardForms(forms, finalRoot + u"/report/repdb"_s + suffix);
+    for (const QString& file : {configuration, report, forms}) SetMode(file, 0664);
+    WriteBlankPicture(root + u"/prgbin/空白.jpg"_s);
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
     CopyPrograms(request.programFolder, root + u"/prgbin"_s);
+    InstallReportHost(request.programFolder, root);
 }
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {

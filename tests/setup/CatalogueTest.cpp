@@ -10,6 +10,7 @@ namespace {
 
 const SampleFile& FileOf(const SampleInstallation& installation, Store store) {
     if (store == Store::General) return installation.General();
+    if (store == Store::Forms) return installation.Forms();
     return store == Store::Configuration ? installation.Configuration() : installation.Report();
 }
 
@@ -32,7 +33,7 @@ class CatalogueTable : public testing::TestWithParam<ExpectedTable> {};
 
 TEST(Catalogue, EveryTableAndColumnExistsInAFreshInstallation) {
     const SampleInstallation installation({.staff = 1});
-    ASSERT_EQ(SuiteTables().size(), 28);
+    ASSERT_EQ(SuiteTables().size(), 30);
     for (const TableDefinition& table : SuiteTables()) {
         QList<QStringList> expected;
         for (const ColumnDefinition& column : table.columns) expected.append(QStringList{column.name, column.type});
@@ -96,7 +97,9 @@ INSTANTIATE_TEST_SUITE_P(
         ExpectedTable{Store::Report, u"要員名簿照会", u"選択条件 表示退社日付 更新日付", 33},
         ExpectedTable{Store::Report, u"要員名簿照会封筒", u"御中 ユーザ会社ロゴfile ユーザFAX 事業所FAX", 23},
         ExpectedTable{Store::Report, u"要員名簿照会はがき", u"御中 ユーザ名称 ユーザFAX", 15},
-        ExpectedTable{Store::Report, u"要員名簿照会宛名ラベル", u"行番号 A列コード B列御中", 17}));
+        ExpectedTable{Store::Report, u"要員名簿照会宛名ラベル", u"行番号 A列コード B列御中", 17},
+        ExpectedTable{Store::Forms, u"帳票", u"名称 定義", 2},
+        ExpectedTable{Store::Forms, u"リンクテーブル", u"名称 元テーブル 接続 属性", 4}));
 
 TEST(Catalogue, UnknownTableIsAnError) {
     EXPECT_THROW(SuiteTable(Store::Report, u"M担当者"_s), platform::DatabaseError);

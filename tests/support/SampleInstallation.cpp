@@ -99,7 +99,9 @@ SampleInstallation::SampleInstallation(const SampleOptions& options) : root_(fol
     general_ = SampleFile(root_ + u"/data/gnrdb"_s + suffix);
     configuration_ = SampleFile(root_ + u"/conf/usrcnfg"_s + suffix);
     report_ = SampleFile(root_ + u"/report/repdb"_s + suffix);
+    forms_ = SampleFile(root_ + u"/report/repfrmdb"_s + suffix);
     SetDefinition(u"データソース名"_s, general_.Path());
+    forms_.Execute(u"UPDATE リンクテーブル SET 接続 = "_s + SqlLiteral(u";DATABASE="_s + report_.Path()));
 }
 
 void SampleInstallation::SetDefinition(const QString& column, const QString& value) const {

@@ -47,6 +47,7 @@ class SampleInstallation {
     const SampleFile& General() const { return general_; }
     const SampleFile& Configuration() const { return configuration_; }
     const SampleFile& Report() const { return report_; }
+    const SampleFile& Forms() const { return forms_; }
 
     /// A column of the row 'GNR' of データベース定義, Null for a null QString.
     void SetDefinition(const QString& column, const QString& value) const;
@@ -62,7 +63,7 @@ class SampleInstallation {
   private:
     QTemporaryDir folder_;
     QString root_;
-    SampleFile general_, configuration_, report_;
+    SampleFile general_, configuration_, report_, forms_;
 };
 
 /// A text as an SQL literal; NULL for a null QString.

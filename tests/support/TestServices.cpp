@@ -1,6 +1,9 @@
 #include "support/TestServices.h"
 
 #include "frame/ProgramGlobals.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
 
 QStringList QueuedDialogs::Texts() const {
     QStringList texts;
@@ -17,6 +20,33 @@ std::optional<QString> QueuedDialogs::ShowSave(const platform::SaveQuestion& que
 void FixedSystem::Write(const QString& name, QString& buffer) {
     if (name.isEmpty() || name.size() >= buffer.size()) return;
     buffer.replace(0, name.size() + 1, name + QChar(u'\0'));
+}
+
+quint32 RecordingProcesses::StartHidden(const QString& path, const QStringList& arguments) {
+    calls.append(u"start hidden "_s + path + u" | "_s + arguments.join(u" | "_s));
+    if (startFails) throw platform::RuntimeError(platform::kFileNotFound, u"プログラムがありません。"_s);
+    return nextProcessId;
+}
+
+quint32 RecordingProcesses::OpenProcess(quint32 access, bool inherit, quint32 processId) {
+    calls.append(u"open 0x%1 %2 %3"_s.arg(access, 0, 16).arg(inherit).arg(processId));
+    return nextHandle;
+}
+
+bool RecordingProcesses::GetExitCodeProcess(quint32 handle, quint32& code) {
+    calls.append(u"exit code of %1"_s.arg(handle));
+    if (handle == nextHandle) code = kStillActive;
+    return handle == nextHandle;
+}
+
+bool RecordingProcesses::TerminateProcess(quint32 handle, quint32 exitCode) {
+    calls.append(u"kill %1 with %2"_s.arg(handle).arg(exitCode));
+    return true;
+}
+
+bool RecordingProcesses::CloseHandle(quint32 handle) {
+    calls.append(u"close %1"_s.arg(handle));
+    return true;
 }
 
 namespace {

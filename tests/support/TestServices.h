@@ -15,15 +15,17 @@
 class FixedClock : public platform::Clock {
   public:
     QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15));
-    mutable QList<int> sleeps;  ///< milliseconds asked for
+    mutable QList<int> sleeps;          ///< milliseconds asked for
+    std::function<void(int)> sleeping;  ///< what happens meanwhile, instead of the millisecond
     QDateTime Now() const override { return now; }
+    void Sleep(int milliseconds) const override {
+        sleeps.append(milliseconds);
+        if (sleeping) return sleeping(milliseconds);
+        QThread::msleep(1);
+    }
     std::chrono::milliseconds elapsed{0};
     std::chrono::milliseconds step{0};  ///< by which every look at the elapsed time moves it on
     std::chrono::milliseconds Elapsed() const override { return const_cast<FixedClock*>(this)->elapsed += step; }
-    void Sleep(int milliseconds) const override {
-        sleeps.append(milliseconds);
-        QThread::msleep(1);
-    }
 };
 
 /// Message boxes that nobody has to close: keeps what was shown, answers from a queue.
@@ -94,6 +96,17 @@ class RecordingProcesses : public platform::ProcessService {
         documents.append({path, workingFolder});
         return true;
     }
+
+    /// Every call that reaches for another process, in order, with its arguments as they came.
+    QStringList calls;
+    quint32 nextProcessId = 4711;
+    quint32 nextHandle = 77;
+    bool startFails = false;
+    quint32 StartHidden(const QString& path, const QStringList& arguments) override;
+    quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) override;
+    bool GetExitCodeProcess(quint32 handle, quint32& code) override;
+    bool TerminateProcess(quint32 handle, quint32 exitCode) override;
+    bool CloseHandle(quint32 handle) override;
 };
 
 /// For the length of a test: fixed clock, queued dialogs, described machine, recorded processes, fresh globals.

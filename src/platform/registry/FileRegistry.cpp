@@ -1,0 +1,201 @@
+#include "platform/registry/FileRegistry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include "platform/registry/RegistryLock.h"
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+namespace {
+
+constexpr quint32 kMayWriteValues = 0x2;
+constexpr quint32 kMayMakeKeys = 0x4;
+
+QString Below(const RegistryKey& parent, const QString& subkey) {
+    if (subkey.isEmpty()) return parent.path;
+    return parent.path.isEmpty() ? subkey : parent.path + u'\\' + subkey;
+}
+
+/// False for names that the file can't hold: lines would no longer be lines.
+bool IsUsableName(const QString& name) {
+    return !name.contains(u'\n') && !name.contains(u'\r') && !name.contains(QChar(u'\0'));
+}
+
+long Load(const QString& path, RegistryContent& content) {
+    QFile file(path);
+    if (!file.exists()) return kRegistryDone;
+    if (!file.open(QIODevice::ReadOnly)) return kRegistryDenied;
+    std::optional<RegistryContent> read = ParseRegistry(file.readAll());
+    if (!read || file.error() != QFileDevice::NoError) return kRegistryDamaged;
+    content = *std::move(read);
+    return kRegistryDone;
+}
+
+long Store(const QString& path, const RegistryContent& content) {
+    QSaveFile file(path);
+    const QByteArray text = RegistryText(content);
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit() ? kRegistryDone
+                                                                                               : kRegistryDenied;
+}
+
+bool MayWrite(const QString& path) {
+    const QFileInfo file(path);
+    if (file.exists()) return file.isWritable();
+    QString folder = file.path();
+    while (!QFileInfo::exists(folder)) folder = QFileInfo(folder).path();
+    return QFileInfo(folder).isWritable();
+}
+
+/// Text and NUL over the beginning of the buffer. The length comes in as room and goes out as need.
+long HandOut(const QString& text, QString& buffer, int& length) {
+    const qsizetype room = qMin<qsizetype>(length, buffer.size());
+    length = static_cast<int>(text.size()) + 1;
+    if (length > room) return kRegistryMoreData;
+    buffer.replace(0, length, text + QChar(u'\0'));
+    return kRegistryDone;
+}
+
+QString FileByEnvironment(const char* variable, const QString& otherwise) {
+    const QString named = qEnvironmentVariable(variable);
+    return named.isEmpty() ? otherwise : named;
+}
+
+}  // namespace
+
+QString MachineRegistryFile() { return FileByEnvironment("MEIBO_MACHINE_REGISTRY", u"/etc/youin-meibo/registry"_s); }
+
+QString UserRegistryFile() {
+    return FileByEnvironment(
+        "MEIBO_USER_REGISTRY",
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/youin-meibo/registry"_s);
+}
+
+FileRegistry::FileRegistry() : FileRegistry(MachineRegistryFile(), UserRegistryFile()) {}
+
+FileRegistry::FileRegistry(QString machineFile, QString userFile)
+    : machineFile_(std::move(machineFile)), userFile_(std::move(userFile)) {}
+
+const QString& FileRegistry::FileOf(RegistryRoot root) const {
+    return root == RegistryRoot::LocalMachine ? machineFile_ : userFile_;
+}
+
+long FileRegistry::Read(const RegistryKey& key, RegistryContent& content) const {
+    return key.open ? Load(FileOf(key.root), content) : kRegistryClosed;
+}
+
+long FileRegistry::Write(const RegistryKey& key, const std::function<long(RegistryContent&)>& change) const {
+    const QString& file = FileOf(key.root);
+    if (!QDir().mkpath(QFileInfo(file).path())) return kRegistryDenied;
+    const RegistryLock lock(file);
+    if (lock.Status() != kRegistryDone) return lock.Status();
+    RegistryContent content;
+    const long read = Load(file, content);
+    if (read != kRegistryDone) return read;
+    const long changed = change(content);
+    return changed == kRegistryDone ? Store(file, content) : changed;
+}
+
+long FileRegistry::OpenKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) {
+    RegistryContent content;
+    const long read = Read(parent, content);
+    if (read != kRegistryDone) return read;
+    const QString path = Below(parent, subkey);
+    if (!path.isEmpty() && content.Find(path) == nullptr) return kRegistryNotFound;
+    if ((access & (kMayWriteValues | kMayMakeKeys)) != 0 && !MayWrite(FileOf(parent.root))) return kRegistryDenied;
+    key = {parent.root, path, access, true};
+    return kRegistryDone;
+}
+
+long FileRegistry::CreateKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) {
+    const long opened = OpenKey(parent, subkey, access, key);
+    if (opened != kRegistryNotFound) return opened;
+    if ((parent.access & kMayMakeKeys) == 0 || !IsUsableName(subkey)) return kRegistryDenied;
+    const QString path = Below(parent, subkey);
+    const long made = Write(parent, [&](RegistryContent& content) {
+        content.Make(path);
+        return kRegistryDone;
+    });
+    if (made == kRegistryDone) key = {parent.root, path, access, true};
+    return made;
+}
+
+long FileRegistry::CloseKey(RegistryKey& key) {
+    if (!key.open) return kRegistryClosed;
+    key.open = key.path.isEmpty();
+    return kRegistryDone;
+}
+
+long FileRegistry::EnumKey(const RegistryKey& key, int index, QString& buffer, int& length) {
+    RegistryContent content;
+    const long read = Read(key, content);
+    if (read != kRegistryDone) return read;
+    const QString prefix = key.path.isEmpty() ? QString() : FoldedName(key.path) + u'\\';
+    for (auto found = content.keys.lower_bound(prefix); found != content.keys.end() && found->first.startsWith(prefix);
+         ++found) {
+        if (found->first.indexOf(u'\\', prefix.size()) >= 0 || index-- > 0) continue;
+        const QString& path = found->second.path;
+        const long status = HandOut(path.sliced(path.lastIndexOf(u'\\') + 1), buffer, length);
+        --length;
+        return status;
+    }
+    return kRegistryNoMoreItems;
+}
+
+long FileRegistry::ReadValue(const RegistryKey& key, const QString& name, std::variant<QString, quint32>& data) const {
+    RegistryContent content;
+    const long read = Read(key, content);
+    if (read != kRegistryDone) return read;
+    const RegistryContent::Key* found = content.Find(key.path);
+    if (found == nullptr) return kRegistryNotFound;
+    const auto value = found->values.find(FoldedName(name));
+    if (value == found->values.end()) return kRegistryNotFound;
+    data = value->second.data;
+    return kRegistryDone;
+}
+
+long FileRegistry::QueryText(const RegistryKey& key, const QString& name, QString& buffer, int& length) {
+    std::variant<QString, quint32> data;
+    const long status = ReadValue(key, name, data);
+    if (status != kRegistryDone) return status;
+    const auto* text = std::get_if<QString>(&data);
+    return text == nullptr ? kRegistryOtherType : HandOut(*text, buffer, length);
+}
+
+long FileRegistry::QueryNumber(const RegistryKey& key, const QString& name, quint32& number) {
+    std::variant<QString, quint32> data;
+    const long status = ReadValue(key, name, data);
+    if (status != kRegistryDone) return status;
+    const auto* found = std::get_if<quint32>(&data);
+    if (found == nullptr) return kRegistryOtherType;
+    number = *found;
+    return kRegistryDone;
+}
+
+long FileRegistry::SetValue(const RegistryKey& key, const QString& name, std::variant<QString, quint32> data) const {
+    if (!key.open) return kRegistryClosed;
+    if ((key.access & kMayWriteValues) == 0) return kRegistryDenied;
+    return Write(key, [&](RegistryContent& content) {
+        // Another program may have taken the key away meanwhile.
+        RegistryContent::Key* found = content.Find(key.path);
+        if (found == nullptr) return kRegistryNotFound;
+        RegistryContent::Value& value = found->values[FoldedName(name)];
+        if (value.name.isEmpty()) value.name = name;
+        value.data = std::move(data);
+        return kRegistryDone;
+    });
+}
+
+long FileRegistry::SetText(const RegistryKey& key, const QString& name, const QString& text, qsizetype bytes) {
+    return SetValue(key, name, text.first(qBound<qsizetype>(0, bytes / 2, text.size())));
+}
+
+long FileRegistry::SetNumber(const RegistryKey& key, const QString& name, quint32 number) {
+    return SetValue(key, name, number);
+}
+
+}  // namespace platform

@@ -1,0 +1,85 @@
+#include "platform/report-host/HostMessages.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+namespace {
+
+const QString kVerb = u"verb"_s, kReport = u"report"_s, kView = u"view"_s, kNumber = u"number"_s, kText = u"text"_s;
+
+struct VerbName {
+    HostVerb verb;
+    QString name;
+};
+
+const VerbName kVerbNames[] = {{HostVerb::Bind, u"Bind"_s},
+                               {HostVerb::OpenReport, u"OpenReport"_s},
+                               {HostVerb::Maximize, u"Maximize"_s},
+                               {HostVerb::Quit, u"Quit"_s},
+                               {HostVerb::StepAside, u"StepAside"_s}};
+
+QByteArray Line(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n'; }
+
+constexpr mode_t kOwnerOnly = 0700;
+constexpr qsizetype kLongestFolder = 60;  // a socket's path holds 107 bytes
+
+bool IsOwnFolder(const QByteArray& folder) {
+    struct stat found = {};
+    return ::lstat(folder.constData(), &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == ::getuid() &&
+           (found.st_mode & 0777) == kOwnerOnly;
+}
+
+/// A folder for sockets that nobody else can put anything into.
+QByteArray SocketFolder() {
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    if (!runtime.isEmpty() && runtime.size() <= kLongestFolder && IsOwnFolder(runtime)) return runtime;
+    const QByteArray folder = "/tmp/youin-meibo-" + QByteArray::number(::getuid());
+    ::mkdir(folder.constData(), kOwnerOnly);
+    // Where somebody else has made it, a folder that is not there: nothing can be bound and the failure is told.
+    return IsOwnFolder(folder) ? folder : folder + "/nobody";
+}
+
+}  // namespace
+
+QByteArray LineOf(const HostRequest& request) {
+    for (const VerbName& known : kVerbNames)
+        if (known.verb == request.verb)
+            return Line({{kVerb, known.name}, {kReport, request.report}, {kView, request.view}});
+    return {};
+}
+
+QByteArray LineOf(const HostAnswer& answer) {
+    return Line({{kNumber, static_cast<qint64>(answer.number)}, {kText, answer.description}});
+}
+
+std::optional<HostRequest> ParseRequest(const QByteArray& line) {
+    const QJsonObject object = QJsonDocument::fromJson(line).object();
+    for (const VerbName& known : kVerbNames)
+        if (object.value(kVerb).toString() == known.name)
+            return HostRequest{known.verb, object.value(kReport).toString(), object.value(kView).toInt(-1)};
+    return std::nullopt;
+}
+
+std::optional<HostAnswer> ParseAnswer(const QByteArray& line) {
+    const QJsonObject object = QJsonDocument::fromJson(line).object();
+    if (!object.value(kNumber).isDouble()) return std::nullopt;
+    return HostAnswer{static_cast<long>(object.value(kNumber).toInteger()), object.value(kText).toString()};
+}
+
+QString HostSocketPath(const QString& formsFile) {
+    const QFileInfo file(formsFile);
+    const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
+    const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().first(24);
+    return QFile::decodeName(SocketFolder()) + u"/host-"_s + QString::fromLatin1(name);
+}
+
+}  // namespace platform

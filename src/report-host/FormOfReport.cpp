@@ -1,0 +1,44 @@
+#include "report-host/FormOfReport.h"
+
+#include "platform/database/SqliteOpening.h"
+#include "report-host/FormCheck.h"
+#include "report-host/SqliteRows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace report {
+
+QString TableOfForm(const FormDefinition& form, const QString& report) {
+    return form.table.isEmpty() ? report : form.table;
+}
+
+platform::SqliteDatabase OpenLinked(const LinkedTable& link) {
+    platform::ConnectionRequest request;
+    request.dataSource = link.DatabaseFile();
+    request.mode = platform::ConnectMode::Read;
+    return platform::OpenSqliteFile(request);
+}
+
+QList<FormMistake> MistakesOf(const FormsFile& file, const QString& report, const QString& text) {
+    ParsedForm parsed = ParseForm(text);
+    const QString table = TableOfForm(parsed.form, report);
+    const std::optional<LinkedTable> link = file.Link(table);
+    if (!link) {
+        parsed.mistakes.append({0, u"リンクテーブル「%1」がありません。"_s.arg(table)});
+        return parsed.mistakes;
+    }
+    try {
+        const platform::SqliteDatabase source = OpenLinked(*link);
+        const QStringList existing = ColumnsOf(source.get(), link->source);
+        if (existing.isEmpty())
+            parsed.mistakes.append(
+                {0, u"リンクテーブル「%1」の接続先に表「%2」がありません。"_s.arg(table, link->source)});
+        else
+            NeededColumns(parsed.form, existing, parsed.mistakes);
+    } catch (const platform::DatabaseError& error) {
+        parsed.mistakes.append({0, u"リンクテーブル「%1」を読めません。%2"_s.arg(table, error.Description())});
+    }
+    return parsed.mistakes;
+}
+
+}  // namespace report

@@ -1,0 +1,62 @@
+#include "report-host/FormsFile.h"
+
+#include "platform/database/SqliteOpening.h"
+#include "report-host/SqliteRows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace report {
+
+namespace {
+
+const QString kDatabaseField = u";DATABASE="_s;
+
+}  // namespace
+
+QString LinkedTable::DatabaseFile() const {
+    const qsizetype at = connect.indexOf(kDatabaseField, 0, Qt::CaseInsensitive);
+    return at < 0 ? QString() : connect.mid(at + kDatabaseField.size()).section(u';', 0, 0);
+}
+
+QString ConnectTextOf(const QString& databaseFile) { return kDatabaseField + databaseFile; }
+
+FormsFile::FormsFile(const QString& path, platform::ConnectMode mode) {
+    platform::ConnectionRequest request;
+    request.dataSource = path;
+    request.mode = mode;
+    database_ = platform::OpenSqliteFile(request);
+}
+
+QStringList FormsFile::Names() const {
+    QStringList names;
+    const auto statement = PrepareStatement(database_.get(), u"SELECT 名称 FROM 帳票 ORDER BY rowid"_s);
+    EachRow(database_.get(), statement.get(), [&] { names.append(TextOf(statement.get(), 0)); });
+    return names;
+}
+
+std::optional<QString> FormsFile::Form(const QString& name) const {
+    std::optional<QString> form;
+    const auto statement = PrepareStatement(database_.get(), u"SELECT 定義 FROM 帳票 WHERE 名称 = ?"_s, {name});
+    EachRow(database_.get(), statement.get(), [&] { form = TextOf(statement.get(), 0); });
+    return form;
+}
+
+void FormsFile::StoreForm(const QString& name, const QString& text) {
+    const auto statement = PrepareStatement(
+        database_.get(),
+        u"INSERT INTO 帳票 (名称, 定義) VALUES (?, ?) ON CONFLICT (名称) DO UPDATE SET 定義 = excluded.定義"_s,
+        {name, text});
+    EachRow(database_.get(), statement.get(), [] {});
+}
+
+std::optional<LinkedTable> FormsFile::Link(const QString& name) const {
+    std::optional<LinkedTable> link;
+    const auto statement = PrepareStatement(
+        database_.get(), u"SELECT 名称, 元テーブル, 接続 FROM リンクテーブル WHERE 名称 = ?"_s, {name});
+    EachRow(database_.get(), statement.get(), [&] {
+        link = LinkedTable{TextOf(statement.get(), 0), TextOf(statement.get(), 1), TextOf(statement.get(), 2)};
+    });
+    return link;
+}
+
+}  // namespace report

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+/// Where programs find a host: the socket of its forms file. It is opened before anything else is made, even the
+/// application object, since a program gives a host it has started no more than 400 ms to be found.
+///
+/// The host that was started last has the door: it takes it over from an older one, which is told to step aside.
+class HostDoor {
+  public:
+    /// Opens the door. `IsOpen` tells whether that went well.
+    explicit HostDoor(const QString& formsFile);
+    ~HostDoor() { Close(); }
+    HostDoor(const HostDoor&) = delete;
+    HostDoor& operator=(const HostDoor&) = delete;
+
+    bool IsOpen() const { return socket_ >= 0; }
+    /// The listening socket, to be watched for callers.
+    int Socket() const { return socket_; }
+    /// Descriptor of the next caller; -1 when nobody waits.
+    int TakeCaller() const;
+    /// Nobody finds this host any more. The name goes too, unless another host has taken it over.
+    void Close();
+
+  private:
+    bool Listen();
+    bool TakeName();
+    bool HasName() const;
+
+    QByteArray name_;
+    int socket_ = -1;
+    quint64 inode_ = 0;  ///< of the name as this host made it
+};

@@ -1,0 +1,115 @@
+#include "report-host/HostService.h"
+
+#include <QLocalSocket>
+#include <QSocketNotifier>
+#include <exception>
+
+#include "platform/ReportHostLink.h"
+#include "platform/RuntimeError.h"
+#include "report-host/HostDoor.h"
+#include "report-host/PreparedReport.h"
+#include "report-host/PreviewWindow.h"
+#include "report-host/PutOut.h"
+
+using namespace Qt::StringLiterals;
+using platform::HostAnswer;
+using platform::HostRequest;
+using platform::HostVerb;
+
+namespace {
+
+constexpr qint64 kLongestRequest = 1 << 16;
+constexpr long kReportFailed = 2501;
+constexpr long kNotUnderstood = 5;
+
+}  // namespace
+
+HostService::HostService(HostDoor& door, QString formsFile, Maker make)
+    : door_(door),
+      formsFile_(std::move(formsFile)),
+      make_(std::move(make)),
+      knocking_(new QSocketNotifier(door.Socket(), QSocketNotifier::Read, this)) {
+    connect(knocking_, &QSocketNotifier::activated, this, [this] { TakeCallers(); });
+    patience_.setSingleShot(true);
+    connect(&patience_, &QTimer::timeout, this, [this] { LeaveWhenAlone(); });
+    patience_.start(kPatienceForCallers);
+}
+
+HostService::~HostService() = default;
+
+void HostService::TakeCallers() {
+    for (int descriptor = door_.TakeCaller(); descriptor >= 0; descriptor = door_.TakeCaller()) {
+        auto* caller = new QLocalSocket(this);
+        ++callers_;
+        connect(caller, &QLocalSocket::readyRead, this, [this, caller] { ReadRequests(*caller); });
+        connect(caller, &QLocalSocket::disconnected, this, [this, caller] {
+            caller->deleteLater();
+            --callers_;
+            LeaveWhenAlone();
+        });
+        caller->setSocketDescriptor(descriptor);
+    }
+}
+
+void HostService::ReadRequests(QLocalSocket& caller) {
+    while (caller.canReadLine()) {
+        const std::optional<HostRequest> request = platform::ParseRequest(caller.readLine(kLongestRequest));
+        if (request)
+            Answer(caller, *request);
+        else
+            caller.write(LineOf(HostAnswer{kNotUnderstood, u"帳票ホストへの要求が正しくありません。"_s}));
+    }
+    if (caller.bytesAvailable() > kLongestRequest) caller.abort();
+}
+
+void HostService::Answer(QLocalSocket& caller, const HostRequest& request) {
+    if (request.verb == HostVerb::StepAside) return StepAside();
+    HostAnswer answer;
+    try {
+        Carry(request);
+    } catch (const ReportFailure& failure) {
+        answer = {kReportFailed, failure.Reason()};
+    } catch (const platform::RuntimeError& error) {
+        answer = {error.Number(), error.Description()};
+    } catch (const std::exception& error) {
+        answer = {kReportFailed, u"帳票を作成できません。（%1）"_s.arg(QString::fromUtf8(error.what()))};
+    }
+    caller.write(LineOf(answer));
+    if (quitting_) {
+        caller.waitForBytesWritten(1000);
+        Finished();
+    }
+}
+
+void HostService::Carry(const HostRequest& request) {
+    if (request.verb == HostVerb::OpenReport) OpenReport(request);
+    if (request.verb == HostVerb::Maximize && lastWindow_ != nullptr) lastWindow_->showMaximized();
+    if (request.verb == HostVerb::Quit) quitting_ = true;
+}
+
+void HostService::OpenReport(const HostRequest& request) {
+    if (request.view != platform::kPrintReport && request.view != platform::kPreviewReport)
+        throw ReportFailure(u"帳票の表示方法 %1 は使えません。"_s.arg(request.view));
+    std::unique_ptr<PreparedReport> report = make_(formsFile_, request.report);
+    if (request.view == platform::kPrintReport) return PutOutReport(*report, request.report, formsFile_);
+    auto* window = new PreviewWindow(std::move(report), request.report, formsFile_);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    ++windows_;
+    connect(window, &QObject::destroyed, this, [this, window] {
+        if (lastWindow_ == window) lastWindow_ = nullptr;
+        --windows_;
+        LeaveWhenAlone();
+    });
+    lastWindow_ = window;
+    window->show();
+}
+
+/// A younger host has the forms file now. The windows of this one stay.
+void HostService::StepAside() {
+    knocking_->setEnabled(false);
+    door_.Close();
+}
+
+void HostService::LeaveWhenAlone() {
+    if (callers_ == 0 && windows_ == 0 && Finished) Finished();
+}

@@ -1,0 +1,82 @@
+#include "report-host/PageView.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <exception>
+
+#include "report-host/PreparedReport.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kDotsPerMillimetre = 96.0 / 25.4;
+constexpr int kMargin = 12;  // around the sheet
+constexpr int kShadow = 3;
+
+QString ReasonOf(const std::exception& error) {
+    const auto* failure = dynamic_cast<const ReportFailure*>(&error);
+    return failure != nullptr ? failure->Reason() : QString::fromUtf8(error.what());
+}
+
+}  // namespace
+
+PageView::PageView(PreparedReport& report) : report_(report) {
+    setObjectName(u"page"_s);
+    setAccessibleName(u"ページ"_s);
+}
+
+void PageView::ShowPage(int page) {
+    page_ = page;
+    shown_ = QPixmap();
+    update();
+}
+
+void PageView::SetZoom(double zoom) {
+    zoom_ = zoom;
+    shown_ = QPixmap();
+    resize(sizeHint());
+    updateGeometry();
+    update();
+}
+
+double PageView::ZoomToFit(QSize room, bool wholePage) const {
+    const QSizeF sheet = report_.PageMillimetres() * kDotsPerMillimetre;
+    const double across = (room.width() - 2 * kMargin) / sheet.width();
+    const double down = (room.height() - 2 * kMargin) / sheet.height();
+    return qMax(0.05, wholePage ? qMin(across, down) : across);
+}
+
+QSize PageView::sizeHint() const {
+    return (report_.PageMillimetres() * kDotsPerMillimetre * zoom_).toSize() + QSize(2 * kMargin, 2 * kMargin);
+}
+
+QPixmap PageView::Render(qreal dots) const {
+    QPixmap sheet((report_.PageMillimetres() * kDotsPerMillimetre * zoom_ * dots).toSize());
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    painter.save();
+    painter.scale(kDotsPerMillimetre * zoom_ * dots, kDotsPerMillimetre * zoom_ * dots);
+    QString reason;
+    try {
+        report_.PaintPage(painter, page_);
+    } catch (const std::exception& error) {
+        reason = ReasonOf(error);
+    }
+    painter.restore();
+    if (!reason.isEmpty())
+        painter.drawText(sheet.rect(), Qt::AlignCenter | Qt::TextWordWrap,
+                         u"このページを表示できません。\n"_s + reason);
+    painter.end();
+    sheet.setDevicePixelRatio(dots);
+    return sheet;
+}
+
+void PageView::paintEvent(QPaintEvent* /*event*/) {
+    if (shown_.isNull()) shown_ = Render(devicePixelRatioF());
+    QPainter painter(this);
+    const QRectF sheet(QPointF(kMargin, kMargin), shown_.deviceIndependentSize());
+    painter.fillRect(sheet.translated(kShadow, kShadow), QColor(0x60, 0x60, 0x60));
+    painter.drawPixmap(sheet.topLeft(), shown_);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+#include <QWidget>
+
+class PreparedReport;
+
+/// One page of a report as it will be printed, on its sheet, at some zoom. A page that can't be painted shows why.
+class PageView : public QWidget {
+  public:
+    explicit PageView(PreparedReport& report);
+
+    int Page() const { return page_; }
+    void ShowPage(int page);
+    /// 1 is the size on paper, at 96 dots an inch.
+    double Zoom() const { return zoom_; }
+    void SetZoom(double zoom);
+    /// The zoom at which the sheet fills a window's inside; without its height where only the width counts.
+    double ZoomToFit(QSize room, bool wholePage) const;
+
+    QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPixmap Render(qreal dots) const;
+
+    PreparedReport& report_;
+    int page_ = 0;
+    double zoom_ = 1;
+    QPixmap shown_;  ///< the page at this zoom; null when it has to be painted anew
+};

@@ -1,0 +1,188 @@
+#include "report-host/PreviewWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QToolBar>
+#include <algorithm>
+
+#include "platform/Services.h"
+#include "report-host/PageView.h"
+#include "report-host/PreparedReport.h"
+#include "report-host/PutOut.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kSmallest = 0.1, kLargest = 8.0, kStep = 1.25;
+constexpr int kMessageTime = 8000;  // milliseconds in the status line
+
+// The first two follow the window's size, the others stand.
+const QStringList kFits{u"ページ全体"_s, u"ページの幅"_s};
+constexpr int kPercents[] = {25, 50, 75, 100, 150, 200, 400};
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile)
+    : report_(std::move(report)), name_(std::move(name)), formsFile_(std::move(formsFile)) {
+    setObjectName(u"preview"_s);
+    setWindowTitle(name_ + u" - プレビュ"_s);
+    MakeView();
+    MakeToolBar();
+    statusBar();
+    resize(980, 760);
+    TurnTo(0);
+}
+
+PreviewWindow::~PreviewWindow() {
+    // The view paints from the report.
+    delete area_;
+}
+
+void PreviewWindow::MakeView() {
+    view_ = new PageView(*report_);
+    area_ = new QScrollArea;
+    area_->setObjectName(u"area"_s);
+    area_->setAlignment(Qt::AlignCenter);
+    area_->setBackgroundRole(QPalette::Mid);
+    area_->setWidget(view_);
+    setCentralWidget(area_);
+}
+
+QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QString& caption,
+                                  const QList<QKeySequence>& keys, const std::function<void()>& work) {
+    QAction* action = bar.addAction(caption);
+    action->setObjectName(name);
+    action->setShortcuts(keys);
+    if (!keys.isEmpty())
+        action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
+    connect(action, &QAction::triggered, this, work);
+    return action;
+}
+
+void PreviewWindow::MakeToolBar() {
+    QToolBar& bar = *addToolBar(u"操作"_s);
+    bar.setMovable(false);
+    bar.setContextMenuPolicy(Qt::PreventContextMenu);
+    AddAction(bar, u"print"_s, u"印刷"_s, {QKeySequence::Print}, [this] { Print(); });
+    AddAction(bar, u"save"_s, u"PDFに保存"_s, {QKeySequence::Save}, [this] { SavePdf(); });
+    bar.addSeparator();
+    first_ = AddAction(bar, u"first"_s, u"先頭"_s, {Qt::Key_Home}, [this] { TurnTo(0); });
+    previous_ = AddAction(bar, u"previous"_s, u"前ページ"_s, {Qt::Key_PageUp}, [this] { TurnTo(view_->Page() - 1); });
+    AddPageField(bar);
+    next_ = AddAction(bar, u"next"_s, u"次ページ"_s, {Qt::Key_PageDown}, [this] { TurnTo(view_->Page() + 1); });
+    last_ = AddAction(bar, u"last"_s, u"最後"_s, {Qt::Key_End}, [this] { TurnTo(report_->PageCount() - 1); });
+    bar.addSeparator();
+    AddAction(bar, u"smaller"_s, u"縮小"_s, {QKeySequence::ZoomOut}, [this] { ZoomBy(1 / kStep); });
+    AddZoomField(bar);
+    AddAction(bar, u"larger"_s, u"拡大"_s, {QKeySequence::ZoomIn, QKeySequence(u"Ctrl+;"_s)},
+              [this] { ZoomBy(kStep); });
+    bar.addSeparator();
+    AddAction(bar, u"close"_s, u"閉じる"_s, {Qt::Key_Escape, QKeySequence::Close}, [this] { close(); });
+}
+
+void PreviewWindow::AddPageField(QToolBar& bar) {
+    pageField_ = new QSpinBox;
+    pageField_->setObjectName(u"pageField"_s);
+    pageField_->setAccessibleName(u"ページ"_s);
+    pageField_->setRange(1, qMax(1, report_->PageCount()));
+    pageField_->setSuffix(u" / %1 ページ"_s.arg(report_->PageCount()));
+    pageField_->setKeyboardTracking(false);
+    pageField_->setAlignment(Qt::AlignRight);
+    pageField_->setFocusPolicy(Qt::ClickFocus);
+    connect(pageField_, &QSpinBox::valueChanged, this, [this](int page) { TurnTo(page - 1); });
+    bar.addWidget(pageField_);
+}
+
+void PreviewWindow::AddZoomField(QToolBar& bar) {
+    zoomField_ = new QComboBox;
+    zoomField_->setObjectName(u"zoomField"_s);
+    zoomField_->setAccessibleName(u"倍率"_s);
+    zoomField_->addItems(kFits);
+    for (const int percent : kPercents) zoomField_->addItem(u"%1%"_s.arg(percent));
+    // Other zooms, reached by steps, stand in the closed box without being an entry.
+    zoomField_->setPlaceholderText(u"100%"_s);
+    zoomField_->setFocusPolicy(Qt::ClickFocus);
+    connect(zoomField_, &QComboBox::activated, this, [this](int choice) { ChooseZoom(choice); });
+    bar.addWidget(zoomField_);
+}
+
+void PreviewWindow::TurnTo(int page) {
+    const int last = qMax(0, report_->PageCount() - 1);
+    const int wanted = std::clamp(page, 0, last);
+    view_->ShowPage(wanted);
+    area_->verticalScrollBar()->setValue(0);
+    pageField_->setValue(wanted + 1);
+    first_->setEnabled(wanted > 0);
+    previous_->setEnabled(wanted > 0);
+    next_->setEnabled(wanted < last);
+    last_->setEnabled(wanted < last);
+}
+
+void PreviewWindow::SetZoom(double zoom) { view_->SetZoom(std::clamp(zoom, kSmallest, kLargest)); }
+
+void PreviewWindow::ZoomBy(double factor) {
+    fit_ = Fit::None;
+    SetZoom(view_->Zoom() * factor);
+    const QString percent = u"%1%"_s.arg(qRound(view_->Zoom() * 100));
+    zoomField_->setPlaceholderText(percent);
+    zoomField_->setCurrentIndex(zoomField_->findText(percent));
+}
+
+void PreviewWindow::ChooseZoom(int choice) {
+    const int fits = static_cast<int>(kFits.size());
+    fit_ = choice == 0 ? Fit::Page : choice == 1 ? Fit::Width : Fit::None;
+    if (choice >= fits) SetZoom(kPercents[choice - fits] / 100.0);
+    ApplyFit();
+}
+
+void PreviewWindow::ApplyFit() {
+    if (fit_ == Fit::None) return;
+    QSize room = area_->maximumViewportSize();
+    // The bar that comes with a page taller than the window takes its width from it.
+    if (fit_ == Fit::Width) room.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
+    SetZoom(view_->ZoomToFit(room, fit_ == Fit::Page));
+}
+
+void PreviewWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    // The bars around the page get their room first.
+    QMetaObject::invokeMethod(
+        this, [this] { ApplyFit(); }, Qt::QueuedConnection);
+}
+
+void PreviewWindow::Work(const std::function<void()>& work, const QString& done) {
+    QString reason;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    try {
+        work();
+    } catch (const ReportFailure& failure) {
+        reason = failure.Reason();
+    }
+    QApplication::restoreOverrideCursor();
+    if (reason.isEmpty())
+        statusBar()->showMessage(done, kMessageTime);
+    else
+        platform::Services().dialogs->ShowMessage(reason);
+}
+
+void PreviewWindow::Print() {
+    Work([this] { PutOutReport(*report_, name_, formsFile_); }, u"印刷に出しました。"_s);
+}
+
+void PreviewWindow::SavePdf() {
+    platform::Dialogs& dialogs = *platform::Services().dialogs;
+    std::optional<QString> file = dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
+    if (!file) return;
+    if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
+    const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);
+    if (QFileInfo::exists(*file) && !dialogs.Confirm(question)) return;
+    Work([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+#include <functional>
+#include <memory>
+
+class PageView;
+class PreparedReport;
+class QAction;
+class QComboBox;
+class QLabel;
+class QScrollArea;
+class QSpinBox;
+class QToolBar;
+
+/// A report on the screen: pages to turn, zoom, print and save as PDF.
+class PreviewWindow : public QMainWindow {
+  public:
+    PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile);
+    ~PreviewWindow() override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    enum class Fit { None, Page, Width };
+
+    void MakeView();
+    void MakeToolBar();
+    QAction* AddAction(QToolBar& bar, const QString& name, const QString& caption, const QList<QKeySequence>& keys,
+                       const std::function<void()>& work);
+    void AddPageField(QToolBar& bar);
+    void AddZoomField(QToolBar& bar);
+    void TurnTo(int page);
+    void ZoomBy(double factor);
+    void SetZoom(double zoom);
+    void ChooseZoom(int choice);
+    void ApplyFit();
+    void Print();
+    void SavePdf();
+    /// Runs work that may fail with ReportFailure: waiting cursor, then `done` in the status line or the reason in a
+    /// box.
+    void Work(const std::function<void()>& work, const QString& done);
+
+    std::unique_ptr<PreparedReport> report_;
+    QString name_, formsFile_;
+    Fit fit_ = Fit::Page;
+    PageView* view_ = nullptr;
+    QScrollArea* area_ = nullptr;
+    QSpinBox* pageField_ = nullptr;
+    QComboBox* zoomField_ = nullptr;
+    QAction *first_ = nullptr, *previous_ = nullptr, *next_ = nullptr, *last_ = nullptr;
+};

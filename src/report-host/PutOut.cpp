@@ -1,0 +1,60 @@
+#include "report-host/PutOut.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSizeF>
+#include <QTemporaryDir>
+
+#include "platform/Services.h"
+#include "report-host/OutputPlace.h"
+#include "report-host/PreparedReport.h"
+#include "report-host/PrintQueue.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A name that says what and when, and that no file has yet.
+QString FreeName(const QDir& folder, const QString& report) {
+    const QString stamp = platform::Services().clock->Now().toString(u"yyyyMMdd-hhmmss"_s);
+    for (int number = 1;; ++number) {
+        const QString ending = number == 1 ? QString() : u"-%1"_s.arg(number);
+        const QString name = folder.filePath(report + u'-' + stamp + ending + u".pdf"_s);
+        if (!QFileInfo::exists(name)) return name;
+    }
+}
+
+void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
+    if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
+    const QString target = FreeName(QDir(folder), name);
+    // Whoever watches the folder must never take half a file.
+    const QString growing = QFileInfo(target).path() + u"/."_s + QFileInfo(target).fileName() + u".part"_s;
+    try {
+        WritePdf(report, growing);
+    } catch (...) {
+        QFile::remove(growing);
+        throw;
+    }
+    if (QFile::rename(growing, target)) return;
+    QFile::remove(growing);
+    throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
+}
+
+void Print(PreparedReport& report, const QString& name, const QString& printer) {
+    const QTemporaryDir folder;
+    const QString pdf = folder.filePath(u"report.pdf"_s);
+    if (!folder.isValid()) throw ReportFailure(u"作業用のフォルダを作成できません。"_s);
+    WritePdf(report, pdf);
+    HandToPrinter(pdf, printer, name, report.PageMillimetres());
+}
+
+}  // namespace
+
+void PutOutReport(PreparedReport& report, const QString& name, const QString& formsFile) {
+    const OutputPlace place = ReadOutputPlace(formsFile, name);
+    if (place.kind == OutputPlace::Kind::Folder)
+        LeaveInFolder(report, name, place.name);
+    else
+        Print(report, name, place.name);
+}

@@ -1,0 +1,146 @@
+#include "report-host/TextFit.h"
+
+#include <QTextBoundaryFinder>
+#include <algorithm>
+
+#include "report-host/VerticalText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace report {
+
+namespace {
+
+constexpr double kSlack = 1e-6;
+constexpr double kSmallerStep = 0.97;
+
+bool IsOfNumber(QChar c) {
+    static constexpr QStringView kSigns = u"0123456789０１２３４５６７８９〇一二三四五六七八九-－";
+    return kSigns.contains(c);
+}
+
+/// The last boundary behind `begin` up to which the text is no longer than `limit`; `begin` if there is none. Numbers
+/// of houses are kept whole where asked.
+qsizetype LastWithin(QTextBoundaryFinder& places, const ShapedText& shaped, qsizetype begin, double limit,
+                     bool wholeNumbers) {
+    const QString text = places.string();
+    qsizetype end = begin, next = begin;
+    places.setPosition(begin);
+    while ((next = places.toNextBoundary()) > 0 && shaped.lengthUpTo[next] <= limit) {
+        const bool inNumber =
+            wholeNumbers && next < text.size() && IsOfNumber(text[next - 1]) && IsOfNumber(text[next]);
+        if (!inNumber) end = next;
+    }
+    return end;
+}
+
+class Fitter {
+  public:
+    Fitter(TypeCase& types, const TextStyle& style, double length, double depth)
+        : types_(types),
+          style_(style),
+          length_(length),
+          depth_(depth),
+          size_(std::min(style.points * kMillimetresPerPoint, depth)),
+          least_(std::min(style.leastPoints * kMillimetresPerPoint, size_)) {}
+
+    FittedText Fit(const QString& text) {
+        if (style_.fitting == Fitting::Wrap) return Wrap(text);
+        const QString line = OneLine(text);
+        const auto shaped = Shape(line);
+        const double natural = shaped->length;
+        if (natural * size_ <= length_ + kSlack) return {size_, 1, {shaped}};
+        if (style_.fitting == Fitting::Cut) return {size_, 1, {Cut(line, size_)}};
+        const double stretch =
+            style_.fitting == Fitting::Condense ? std::max(kNarrowest, length_ / (natural * size_)) : 1;
+        const double size = std::min(size_, length_ / (natural * stretch));
+        if (size >= least_) return {size, stretch, {shaped}};
+        return {least_, stretch, {Cut(line, least_ * stretch)}};
+    }
+
+  private:
+    std::shared_ptr<const ShapedText> Shape(const QString& text) {
+        return types_.Shape(text, style_.face, style_.vertical);
+    }
+
+    static QString OneLine(QString text) {
+        text.remove(u'\r');
+        return text.replace(u'\n', u' ');
+    }
+
+    /// The longest beginning of whole characters that leaves room for the sign, and the sign.
+    std::shared_ptr<const ShapedText> Cut(const QString& line, double size) {
+        const QString sign = u"…"_s;
+        const double room = length_ / size - Shape(sign)->length;
+        const auto whole = Shape(line);
+        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, line);
+        qsizetype end = 0, next = 0;
+        while ((next = characters.toNextBoundary()) > 0 && whole->lengthUpTo[next] <= room + kSlack) end = next;
+        return Shape(line.left(end) + sign);
+    }
+
+    FittedText Wrap(const QString& text) {
+        for (double size = size_; size > least_; size = std::max(least_, size * kSmallerStep)) {
+            const QStringList lines = Lines(text, size);
+            if (lines.size() <= LinesAt(size)) return Shaped(lines, size);
+        }
+        QStringList lines = Lines(text, least_);
+        const qsizetype most = LinesAt(least_);
+        if (lines.size() <= most) return Shaped(lines, least_);
+        const QString rest = lines.mid(most - 1).join(QString());
+        FittedText fitted = Shaped(lines.first(most - 1), least_);
+        fitted.lines.append(Cut(rest, least_));
+        return fitted;
+    }
+
+    FittedText Shaped(const QStringList& lines, double size) {
+        FittedText fitted{size, 1, {}};
+        for (const QString& line : lines) fitted.lines.append(Shape(line));
+        return fitted;
+    }
+
+    qsizetype LinesAt(double size) const {
+        return std::max(1, 1 + static_cast<int>((depth_ - size + kSlack) / (size * style_.lineStep)));
+    }
+
+    QStringList Lines(const QString& text, double size) {
+        QStringList lines;
+        for (const QString& paragraph : QString(text).remove(u'\r').split(u'\n')) BreakInto(lines, paragraph, size);
+        return lines;
+    }
+
+    /// Breaks where a Japanese line may end; a word longer than a line is broken anywhere.
+    void BreakInto(QStringList& lines, const QString& paragraph, double size) {
+        const auto shaped = Shape(paragraph);
+        const double room = length_ / size + kSlack;
+        QTextBoundaryFinder words(QTextBoundaryFinder::Line, paragraph);
+        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, paragraph);
+        qsizetype begin = 0;
+        while (begin < paragraph.size() && shaped->length - shaped->lengthUpTo[begin] > room) {
+            const double limit = shaped->lengthUpTo[begin] + room;
+            qsizetype end = LastWithin(words, *shaped, begin, limit, true);
+            if (end == begin) end = LastWithin(characters, *shaped, begin, limit, false);
+            if (end == begin) {
+                characters.setPosition(begin);
+                end = characters.toNextBoundary();
+            }
+            lines.append(paragraph.mid(begin, end - begin));
+            begin = end;
+        }
+        lines.append(paragraph.mid(begin));
+    }
+
+    TypeCase& types_;
+    const TextStyle& style_;
+    double length_, depth_, size_, least_;
+};
+
+}  // namespace
+
+FittedText FitText(TypeCase& types, const QString& text, const TextStyle& style, double length, double depth) {
+    QString written = style.kanjiNumerals ? ToKanjiNumerals(text) : text;
+    if (style.vertical) written = ToVerticalText(written);
+    return Fitter(types, style, length, depth).Fit(types.Printable(written, style.face));
+}
+
+}  // namespace report

@@ -1,0 +1,38 @@
+#include <QFileInfo>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+#include "report-host/PreparedReport.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+
+[[noreturn]] void Fail(const QSaveFile& out) {
+    throw ReportFailure(u"PDF ファイル「%1」に書き込めません。%2"_s.arg(out.fileName(), out.errorString()));
+}
+
+}  // namespace
+
+void WritePdf(PreparedReport& report, const QString& file) {
+    // Under another name until it is whole: nobody must take half a report for a whole one.
+    QSaveFile out(file);
+    if (!out.open(QIODevice::WriteOnly)) Fail(out);
+    QPdfWriter writer(&out);
+    writer.setResolution(kDotsPerInch);
+    writer.setTitle(QFileInfo(file).completeBaseName());
+    writer.setPageSize(QPageSize(report.PageMillimetres(), QPageSize::Millimeter, u"form"_s, QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF());
+    QPainter painter;
+    if (!painter.begin(&writer)) Fail(out);
+    painter.scale(kDotsPerInch / 25.4, kDotsPerInch / 25.4);
+    for (int page = 0; page < report.PageCount(); ++page) {
+        if (page > 0) writer.newPage();
+        report.PaintPage(painter, page);
+    }
+    painter.end();
+    if (!out.commit()) Fail(out);
+}

@@ -1,0 +1,78 @@
+#include "setup/PrinterCommand.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "report-host/OutputPlace.h"
+#include "report-host/PreparedReport.h"
+#include "setup/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+const QString kReport = u"--report"_s, kPrinter = u"--to-printer"_s, kFolder = u"--to-folder"_s,
+              kDefault = u"--to-default"_s;
+
+/// The common forms file first, then the users' copies.
+QStringList FormsFiles(const QString& root) {
+    QStringList folders{root + u"/report"_s};
+    const QDir users(root + u"/users"_s);
+    for (const QString& user : users.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        folders.append(users.filePath(user) + u"/report"_s);
+    QStringList files;
+    for (const QString& folder : folders)
+        for (const QString& name : {u"/repfrmdb.accdb"_s, u"/repfrmdb.mdb"_s})
+            if (QFileInfo(folder + name).isFile()) files.append(folder + name);
+    return files;
+}
+
+OutputPlace PlaceFrom(const Arguments& arguments) {
+    if (arguments.Has(kPrinter)) return {OutputPlace::Kind::Printer, arguments.options.value(kPrinter)};
+    if (!arguments.Has(kFolder)) return {};
+    const QFileInfo folder(arguments.options.value(kFolder));
+    if (!folder.isDir()) throw Refusal(u"フォルダ %1 がありません。"_s.arg(folder.filePath()));
+    return {OutputPlace::Kind::Folder, folder.absoluteFilePath()};
+}
+
+QString Words(const OutputPlace& place) {
+    switch (place.kind) {
+        case OutputPlace::Kind::Printer:
+            return u"プリンター "_s + place.name;
+        case OutputPlace::Kind::Folder:
+            return u"フォルダ "_s + place.name;
+        default:
+            return u"通常使うプリンター"_s;
+    }
+}
+
+void Show(const QString& file, const QString& report, const Console& console) {
+    try {
+        console.out << file << u": "_s << Words(ReadOutputPlace(file, report)) << u'\n';
+    } catch (const ReportFailure& failure) {
+        throw platform::RuntimeError(kWorkFailed, failure.Reason());
+    }
+}
+
+}  // namespace
+
+QList<OptionRule> PrinterOptions() { return {{kReport, true}, {kPrinter, true}, {kFolder, true}, {kDefault, false}}; }
+
+void ChoosePrinter(const Arguments& arguments, const Console& console) {
+    const QString root = QDir::cleanPath(QFileInfo(arguments.installation).absoluteFilePath());
+    const QStringList files = FormsFiles(root);
+    if (files.isEmpty()) throw Refusal(u"%1 に帳票ファイルがありません。"_s.arg(root));
+    const int choices = arguments.Has(kPrinter) + arguments.Has(kFolder) + arguments.Has(kDefault);
+    if (choices > 1) throw Refusal(u"出力先は一つだけ指定してください。"_s);
+    const QString report = arguments.options.value(kReport);
+    const OutputPlace place = PlaceFrom(arguments);
+    for (const QString& file : files) {
+        if (choices == 1) WriteOutputPlace(file, report, place);
+        Show(file, report, console);
+    }
+}
+
+}  // namespace setup

@@ -1,0 +1,48 @@
+#include "setup/ReportHostInstallation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "platform/RuntimeError.h"
+#include "platform/Services.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
+
+QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + u"MSACCESS.EXE"_s; }
+
+}  // namespace
+
+QString ReportHostFolder(const QString& root) { return root + u"/host/OFFICE16/"_s; }
+
+QString ReportHostKey() { return u"HKLM\\"_s + kHostKey; }
+
+void InstallReportHost(const QString& programFolder, const QString& root) {
+    const QString source = programFolder + u"/report-host"_s, target = HostProgramFile(root);
+    if (programFolder.isEmpty() || !QFileInfo(source).isFile()) return;
+    if (!QDir().mkpath(ReportHostFolder(root)) || !QFile::copy(source, target))
+        throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
+}
+
+bool RegisterReportHost(const QString& root) {
+    if (!QFileInfo(HostProgramFile(root)).isFile()) return false;
+    platform::Registry& registry = *platform::Services().registry;
+    platform::RegistryKey key;
+    const QString folder = ReportHostFolder(root);
+    long status = registry.CreateKey(platform::MachineRoot(), kHostKey, platform::kRegistryAll, key);
+    if (status == platform::kRegistryDone)
+        status = registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder));
+    registry.CloseKey(key);
+    if (status != platform::kRegistryDone)
+        throw platform::RuntimeError(kWorkFailed, u"帳票ホストを登録できません。（状態 %1）"_s.arg(status));
+    return true;
+}
+
+}  // namespace setup

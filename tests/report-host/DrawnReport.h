@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPainter>
+#include <QSizeF>
+#include <functional>
+#include <memory>
+
+#include "report-host/PreparedReport.h"
+
+/// A report that draws nothing but the number of each page, on paper of any size.
+class DrawnReport : public PreparedReport {
+  public:
+    explicit DrawnReport(int pages, QSizeF paper = QSizeF(210, 297)) : pages_(pages), paper_(paper) {}
+
+    int PageCount() const override { return pages_; }
+    QSizeF PageMillimetres() const override { return paper_; }
+    void PaintPage(QPainter& painter, int page) override {
+        if (Fails && Fails(page)) throw ReportFailure(QStringLiteral("作業ファイルを読めません。"));
+        painted = page;
+        painter.fillRect(QRectF(10, 10 + 5 * page, 20, 3), Qt::black);
+    }
+
+    std::function<bool(int page)> Fails;
+    int painted = -1;  ///< page painted last
+
+  private:
+    int pages_;
+    QSizeF paper_;
+};

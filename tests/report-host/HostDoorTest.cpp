@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include "platform/RuntimeError.h"
+#include "platform/report-host/HostMessages.h"
+#include "report-host/DrawnReport.h"
+#include "report-host/HostDoor.h"
+#include "report-host/HostService.h"
+
+using namespace Qt::StringLiterals;
+using platform::HostAnswer;
+using platform::HostVerb;
+
+namespace {
+
+/// Hosts inside the test, and a caller who talks to them without waiting.
+class HostDoorTest : public ::testing::Test {
+  protected:
+    struct Host {
+        explicit Host(const QString& forms)
+            : door(forms), service(door, forms, [](auto&, auto&) { return std::make_unique<DrawnReport>(1); }) {
+            service.Finished = [this] { finished = true; };
+        }
+        HostDoor door;
+        HostService service;
+        bool finished = false;
+    };
+
+    QString Forms() const { return folder.filePath(u"repfrmdb.accdb"_s); }
+    QString Name() const { return platform::HostSocketPath(Forms()); }
+
+    HostAnswer Ask(QLocalSocket& caller, const QByteArray& line) {
+        caller.write(line);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return caller.canReadLine(); }));
+        return platform::ParseAnswer(caller.readLine()).value_or(HostAnswer{-1, {}});
+    }
+    HostAnswer Ask(QLocalSocket& caller, HostVerb verb) { return Ask(caller, LineOf({verb, {}, 0})); }
+
+    QTemporaryDir folder;
+};
+
+}  // namespace
+
+TEST_F(HostDoorTest, CallerIsAcceptedBeforeAnyEventRuns) {
+    const HostDoor door(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostDoorTest, OneFileHasOneNameHoweverItsPathIsWritten) {
+    ASSERT_TRUE(QFile(Forms()).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link(folder.path(), folder.filePath(u"link"_s)));
+    EXPECT_EQ(platform::HostSocketPath(folder.filePath(u"link/../link/repfrmdb.accdb"_s)), Name());
+    EXPECT_NE(platform::HostSocketPath(folder.filePath(u"other.accdb"_s)), Name());
+    EXPECT_LE(platform::HostSocketPath(folder.filePath(QString(3000, u'長'))).toUtf8().size(), 100);
+}
+
+TEST_F(HostDoorTest, YoungerHostTakesOverAndTheOlderStopsListening) {
+    Host older(Forms());
+    QLocalSocket before;
+    before.connectToServer(Name());
+    ASSERT_EQ(Ask(before, HostVerb::Bind).number, 0);
+    Host younger(Forms());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !older.door.IsOpen(); }));
+    EXPECT_EQ(Ask(before, HostVerb::Bind).number, 0);  // whoever is bound stays bound
+    EXPECT_FALSE(older.finished);
+    QLocalSocket after;
+    after.connectToServer(Name());
+    EXPECT_EQ(Ask(after, HostVerb::Quit).number, 0);
+    EXPECT_TRUE(younger.finished);
+    EXPECT_FALSE(older.finished);
+    EXPECT_TRUE(QFile::exists(Name()));
+}
+
+TEST_F(HostDoorTest, OlderHostLeavesTheYoungerOnesName) {
+    auto older = std::make_unique<HostDoor>(Forms());
+    const HostDoor younger(Forms());
+    older.reset();
+    EXPECT_TRUE(QFile::exists(Name()));
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostDoorTest, NameOfAKilledHostIsTakenOver) {
+    {
+        QFile left(Name());  // nothing listens behind it
+        ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    }
+    const HostDoor door(Forms());
+    EXPECT_TRUE(door.IsOpen());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostDoorTest, ClosedDoorLeavesNoName) {
+    {
+        const HostDoor door(Forms());
+        EXPECT_TRUE(QFile::exists(Name()));
+    }
+    EXPECT_FALSE(QFile::exists(Name()));
+}
+
+TEST_F(HostDoorTest, LineThatIsNoRequestIsAnsweredAndTheNextOneServed) {
+    Host host(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(Ask(caller, "{\"verb\":\"Dance\"}\n").description, u"帳票ホストへの要求が正しくありません。"_s);
+    EXPECT_EQ(Ask(caller, "garbage\n").number, 5);
+    EXPECT_EQ(Ask(caller, HostVerb::Bind).number, 0);
+}
+
+TEST_F(HostDoorTest, CallerWithoutEndIsDropped) {
+    Host host(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    caller.write(QByteArray(200000, 'x'));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return caller.state() == QLocalSocket::UnconnectedState; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
+}
+
+TEST_F(HostDoorTest, LastCallerGoneFinishesAHostWithoutWindow) {
+    Host host(Forms());
+    auto first = std::make_unique<QLocalSocket>();
+    QLocalSocket second;
+    first->connectToServer(Name());
+    second.connectToServer(Name());
+    ASSERT_EQ(Ask(*first, HostVerb::Bind).number, 0);
+    ASSERT_EQ(Ask(second, HostVerb::Bind).number, 0);
+    first.reset();
+    ASSERT_EQ(Ask(second, HostVerb::Maximize).number, 0);
+    EXPECT_FALSE(host.finished);
+    second.disconnectFromServer();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
+}

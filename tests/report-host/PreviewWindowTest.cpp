@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QScrollArea>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QToolBar>
+#include <QToolButton>
+#include <QtTest/QTest>
+
+#include "report-host/DrawnReport.h"
+#include "report-host/OutputPlace.h"
+#include "report-host/PageView.h"
+#include "report-host/PreviewWindow.h"
+#include "support/FileBytes.h"
+#include "support/SampleInstallation.h"
+#include "support/TestServices.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PreviewWindowTest : public ::testing::Test {
+  protected:
+    void Show(int pages) {
+        auto made = std::make_unique<DrawnReport>(pages);
+        report = made.get();
+        window = std::make_unique<PreviewWindow>(std::move(made), u"要員名簿照会"_s, forms);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return report->painted == 0; }));
+    }
+    void Press(const QString& action) {
+        auto* bar = window->findChild<QToolBar*>();
+        QWidget* button = bar->widgetForAction(window->findChild<QAction*>(action));
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    bool Enabled(const QString& action) const { return window->findChild<QAction*>(action)->isEnabled(); }
+    bool Paints(int page) {
+        return QTest::qWaitFor([this, page] { return report->painted == page; });
+    }
+    PageView& View() const { return *window->findChild<PageView*>(); }
+    QString StatusText() const { return window->statusBar()->currentMessage(); }
+
+    TestServices services;
+    QTemporaryDir folder;
+    QString forms = u"/nowhere/repfrmdb.accdb"_s;
+    std::unique_ptr<PreviewWindow> window;
+    DrawnReport* report = nullptr;
+};
+
+}  // namespace
+
+TEST_F(PreviewWindowTest, ButtonsTurnThePagesAndStopAtTheEnds) {
+    Show(3);
+    EXPECT_FALSE(Enabled(u"previous"_s));
+    Press(u"next"_s);
+    EXPECT_TRUE(Paints(1));
+    Press(u"last"_s);
+    EXPECT_TRUE(Paints(2));
+    EXPECT_FALSE(Enabled(u"next"_s));
+    Press(u"previous"_s);
+    EXPECT_TRUE(Paints(1));
+    Press(u"first"_s);
+    EXPECT_TRUE(Paints(0));
+}
+
+TEST_F(PreviewWindowTest, KeysTurnThePages) {
+    Show(3);
+    QTest::keyClick(window.get(), Qt::Key_PageDown);
+    EXPECT_TRUE(Paints(1));
+    QTest::keyClick(window.get(), Qt::Key_End);
+    EXPECT_TRUE(Paints(2));
+    QTest::keyClick(window.get(), Qt::Key_PageDown);
+    QTest::keyClick(window.get(), Qt::Key_PageUp);
+    EXPECT_TRUE(Paints(1));
+    QTest::keyClick(window.get(), Qt::Key_Home);
+    EXPECT_TRUE(Paints(0));
+}
+
+TEST_F(PreviewWindowTest, PageFieldSaysHowManyThereAreAndGoesToOne) {
+    Show(12);
+    auto* field = window->findChild<QSpinBox*>(u"pageField"_s);
+    EXPECT_EQ(field->text(), u"1 / 12 ページ"_s);
+    QTest::mouseClick(field, Qt::LeftButton);
+    field->selectAll();
+    QTest::keyClicks(field, u"7"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_TRUE(Paints(6));
+    EXPECT_EQ(field->text(), u"7 / 12 ページ"_s);
+}
+
+TEST_F(PreviewWindowTest, WholePageFollowsTheWindowUntilAZoomIsChosen) {
+    Show(1);
+    const double before = View().Zoom();
+    window->resize(600, 500);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return View().Zoom() < before; }));
+    Press(u"larger"_s);
+    const double chosen = View().Zoom();
+    window->resize(900, 800);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(View().Zoom(), chosen);
+    Press(u"smaller"_s);
+    EXPECT_LT(View().Zoom(), chosen);
+}
+
+TEST_F(PreviewWindowTest, ChosenPercentIsTheSizeOnPaper) {
+    Show(1);
+    auto* zoom = window->findChild<QComboBox*>(u"zoomField"_s);
+    zoom->setCurrentIndex(zoom->findText(u"100%"_s));
+    Q_EMIT zoom->activated(zoom->currentIndex());
+    EXPECT_EQ(View().Zoom(), 1.0);
+    EXPECT_EQ(View().sizeHint().width() - 24, qRound(210 * 96 / 25.4));
+}
+
+TEST_F(PreviewWindowTest, PageThatFailsSaysWhyAndTheWindowGoesOn) {
+    Show(2);
+    report->Fails = [](int page) { return page == 1; };
+    Press(u"next"_s);
+    QCoreApplication::processEvents();
+    const QImage broken = View().grab().toImage();
+    report->Fails = nullptr;
+    Press(u"previous"_s);
+    Press(u"next"_s);
+    EXPECT_TRUE(Paints(1));
+    EXPECT_NE(View().grab().toImage(), broken);
+    EXPECT_EQ(services.dialogs.shown.size(), 0);
+}
+
+TEST_F(PreviewWindowTest, SaveWritesAllPagesUnderTheNameWithItsSuffix) {
+    Show(2);
+    services.dialogs.saveAnswers = {folder.filePath(u"名簿"_s)};
+    Press(u"save"_s);
+    EXPECT_EQ(services.dialogs.saveQuestions.value(0).FileName, u"要員名簿照会.pdf"_s);
+    EXPECT_TRUE(ReadBytes(folder.filePath(u"名簿.pdf"_s)).startsWith("%PDF"));
+    EXPECT_EQ(StatusText(), u"「%1」に保存しました。"_s.arg(folder.filePath(u"名簿.pdf"_s)));
+}
+
+TEST_F(PreviewWindowTest, CancelledSaveWritesNothing) {
+    Show(1);
+    Press(u"save"_s);
+    EXPECT_EQ(services.dialogs.saveQuestions.size(), 1);
+    EXPECT_EQ(StatusText(), QString());
+}
+
+TEST_F(PreviewWindowTest, ExistingFileIsOverwrittenOnlyOnYes) {
+    const QString file = folder.filePath(u"a.pdf"_s);
+    WriteBytes(file, "mine");
+    Show(1);
+    services.dialogs.saveAnswers = {file, file};
+    services.dialogs.answers = {false, true};
+    Press(u"save"_s);
+    EXPECT_EQ(ReadBytes(file), "mine");
+    Press(u"save"_s);
+    EXPECT_TRUE(ReadBytes(file).startsWith("%PDF"));
+    EXPECT_EQ(services.dialogs.Texts().value(0), u"%1 は既にあります。\n上書きしますか?"_s.arg(file));
+}
+
+TEST_F(PreviewWindowTest, SaveThatFailsIsTold) {
+    Show(1);
+    services.dialogs.saveAnswers = {u"/nowhere/a.pdf"_s};
+    Press(u"save"_s);
+    ASSERT_EQ(services.dialogs.shown.size(), 1);
+    EXPECT_TRUE(services.dialogs.shown[0].text.contains(u"/nowhere/a.pdf"_s));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PreviewWindowTest, PrintGoesWhereTheReportsGoOrTellsWhyNot) {
+    Show(2);
+    Press(u"print"_s);
+    ASSERT_EQ(services.dialogs.shown.size(), 1);
+    EXPECT_TRUE(services.dialogs.shown[0].text.startsWith(u"出力先を読めません。"_s));
+    const SampleInstallation installation;
+    forms = installation.ReportFolder() + u"/repfrmdb.accdb"_s;
+    WriteOutputPlace(forms, {}, {OutputPlace::Kind::Folder, folder.path()});
+    Show(2);
+    Press(u"print"_s);
+    EXPECT_EQ(services.dialogs.shown.size(), 1);
+    EXPECT_EQ(StatusText(), u"印刷に出しました。"_s);
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)));
+}
+
+TEST_F(PreviewWindowTest, EscapeCloses) {
+    Show(1);
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+}

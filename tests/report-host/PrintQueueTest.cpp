@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "report-host/DrawnReport.h"
+#include "report-host/OutputPlace.h"
+#include "report-host/PrintQueue.h"
+#include "report-host/PutOut.h"
+#include "support/FileBytes.h"
+#include "support/PrintService.h"
+#include "support/SampleInstallation.h"
+#include "support/TestServices.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The reason for which work fails; empty when it goes well.
+template <typename Work>
+QString Reason(Work work) {
+    try {
+        work();
+    } catch (const ReportFailure& failure) {
+        return failure.Reason();
+    }
+    return {};
+}
+
+constexpr QSizeF kA4(210, 297), kA4Across(297, 210), kPostcard(100, 148);
+
+class PrintQueueTest : public ::testing::Test {
+  protected:
+    /// One page on the paper, as a file.
+    QString Pdf(QSizeF paper) {
+        const QString file = folder.filePath(u"made.pdf"_s);
+        DrawnReport report(1, paper);
+        WritePdf(report, file);
+        return file;
+    }
+    QString ReasonToPrint(const QString& printer, QSizeF paper = kA4) {
+        return Reason([&] { HandToPrinter(Pdf(paper), printer, u"要員名簿照会"_s, paper); });
+    }
+    static QString PageSize(const QString& pdf) {
+        QProcess info;
+        info.start(u"pdfinfo"_s, {pdf});
+        info.waitForFinished();
+        for (const QString& line : QString::fromUtf8(info.readAllStandardOutput()).split(u'\n'))
+            if (line.startsWith(u"Page size:"_s)) return line.sliced(10).trimmed();
+        return {};
+    }
+
+    QTemporaryDir folder;
+    PrintService prints;
+};
+
+class PutOutTest : public ::testing::Test {
+  protected:
+    QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
+    QStringList Left(const QString& folder) const {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+    void ToFolder(const QString& report, const QString& path) {
+        WriteOutputPlace(Forms(), report, {OutputPlace::Kind::Folder, path});
+    }
+
+    TestServices services;
+    SampleInstallation installation;
+    QTemporaryDir folder;
+    DrawnReport report{2};
+};
+
+}  // namespace
+
+TEST_F(PrintQueueTest, PagesArriveAtThePrinterNamedOnItsPaper) {
+    prints.AddPrinter(u"office"_s);
+    EXPECT_EQ(ReasonToPrint(u"office"_s), QString());
+    EXPECT_TRUE(PageSize(prints.ArrivedFile(u"office"_s)).contains(u"(A4)"_s));
+}
+
+TEST_F(PrintQueueTest, PageAcrossIsPrintedOnPaperThatLiesUpright) {
+    prints.AddPrinter(u"office"_s);
+    EXPECT_EQ(ReasonToPrint(u"office"_s, kA4Across), QString());
+    EXPECT_TRUE(PageSize(prints.ArrivedFile(u"office"_s)).contains(u"(A4)"_s));
+}
+
+TEST_F(PrintQueueTest, WithoutANameTheDefaultPrinterPrints) {
+    prints.AddPrinter(u"other"_s);
+    prints.AddPrinter(u"office"_s);
+    EXPECT_EQ(ReasonToPrint({}), u"通常使うプリンターが決められていません。"_s);
+    prints.MakeDefault(u"office"_s);
+    EXPECT_EQ(ReasonToPrint({}), QString());
+    EXPECT_FALSE(prints.Arrived(u"office"_s).isEmpty());
+    EXPECT_TRUE(prints.Idle(u"other"_s));
+}
+
+TEST_F(PrintQueueTest, UnknownPrinterIsNoDefaultOne) {
+    prints.AddPrinter(u"office"_s);
+    prints.MakeDefault(u"office"_s);
+    EXPECT_EQ(ReasonToPrint(u"gone"_s), u"プリンター「gone」はありません。"_s);
+    EXPECT_TRUE(prints.Idle(u"office"_s));
+}
+
+TEST_F(PrintQueueTest, PrinterThatRefusesIsTold) {
+    prints.AddPrinter(u"office"_s);
+    prints.Reject(u"office"_s);
+    EXPECT_EQ(ReasonToPrint(u"office"_s), u"プリンター「office」は印刷を受け付けていません。"_s);
+    EXPECT_TRUE(prints.Idle(u"office"_s));
+}
+
+TEST_F(PrintQueueTest, PaperThatThePrinterLacksIsToldAndNotReplaced) {
+    prints.AddPrinter(u"office"_s);
+    EXPECT_EQ(ReasonToPrint(u"office"_s, kPostcard), u"プリンター「office」には 100 × 148 mm の用紙がありません。"_s);
+    EXPECT_TRUE(prints.Idle(u"office"_s));
+}
+
+TEST_F(PrintQueueTest, PostcardsGoToAPrinterOfAnyPaper) {
+    prints.AddPrinterOfAnyPaper(u"cards"_s);
+    EXPECT_EQ(ReasonToPrint(u"cards"_s, kPostcard), QString());
+    EXPECT_EQ(PageSize(prints.ArrivedFile(u"cards"_s)).section(u'.', 0, 0), u"283"_s);
+}
+
+TEST(PrintQueue, MissingPrintServiceIsTold) {
+    const QByteArray before = qgetenv("CUPS_SERVER");
+    qputenv("CUPS_SERVER", "/nowhere/socket");
+    EXPECT_EQ(Reason([] { HandToPrinter(u"/nowhere.pdf"_s, u"office"_s, u"t"_s, kA4); }),
+              u"印刷サービスに接続できません。"_s);
+    qputenv("CUPS_SERVER", before);
+    if (before.isNull()) qunsetenv("CUPS_SERVER");
+}
+
+TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
+    ToFolder({}, folder.path());
+    PutOutReport(report, u"要員名簿照会"_s, Forms());
+    PutOutReport(report, u"要員名簿照会"_s, Forms());
+    EXPECT_EQ(Left(folder.path()),
+              QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
+    EXPECT_TRUE(ReadBytes(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).startsWith("%PDF"));
+}
+
+TEST_F(PutOutTest, FailureLeavesNothingInTheFolder) {
+    ToFolder({}, folder.path());
+    report.Fails = [](int page) { return page == 1; };
+    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }), u"作業ファイルを読めません。"_s);
+    EXPECT_EQ(Left(folder.path()), QStringList());
+}
+
+TEST_F(PutOutTest, MissingFolderIsTold) {
+    ToFolder({}, folder.filePath(u"gone"_s));
+    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }),
+              u"出力先のフォルダ「%1」がありません。"_s.arg(folder.filePath(u"gone"_s)));
+}
+
+TEST_F(PutOutTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
+    ToFolder({}, folder.path());
+    WriteOutputPlace(Forms(), u"要員名簿照会はがき"_s, {OutputPlace::Kind::Printer, u"it's cards"_s});
+    const OutputPlace cards = ReadOutputPlace(Forms(), u"要員名簿照会はがき"_s);
+    EXPECT_EQ(cards.kind, OutputPlace::Kind::Printer);
+    EXPECT_EQ(cards.name, u"it's cards"_s);
+    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).name, folder.path());
+    WriteOutputPlace(Forms(), {}, {});
+    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).kind, OutputPlace::Kind::DefaultPrinter);
+}
+
+TEST_F(PutOutTest, UnknownKindOfPlaceIsTold) {
+    ToFolder({}, folder.path());
+    SampleFile(Forms()).Execute(u"UPDATE 出力先 SET 種類 = 'FAX'"_s);
+    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }), u"出力先の種類「FAX」は使えません。"_s);
+}
+
+TEST_F(PutOutTest, MissingFormsFileIsTold) {
+    EXPECT_TRUE(Reason([&] {
+                    PutOutReport(report, u"r"_s, u"/nowhere/repfrmdb.accdb"_s);
+                }).startsWith(u"出力先を読めません。"_s));
+}

@@ -1,0 +1,60 @@
+#include "support/HostProgram.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest/QTest>
+
+#include <csignal>
+
+#include "platform/ReportHostLink.h"
+#include "platform/RuntimeError.h"
+
+using namespace Qt::StringLiterals;
+
+HostProgram::HostProgram(const QString& formsFile) : formsFile_(formsFile) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"MEIBO_START_HIDDEN"_s, u"1"_s);
+    process_.setProcessEnvironment(environment);
+    process_.start(QStringLiteral(SUITE_PROGRAMS "/report-host"), {formsFile, u"/runtime"_s});
+    process_.waitForStarted();
+}
+
+HostProgram::~HostProgram() { Kill(); }
+
+void HostProgram::WaitForDoor() const {
+    const auto bound = [this] {
+        try {
+            platform::LocalReportHostLink().Bind(formsFile_);
+            return true;
+        } catch (const platform::RuntimeError&) {
+            return false;
+        }
+    };
+    (void)QTest::qWaitFor(bound, 20000);
+}
+
+bool HostProgram::Ends(int patience) {
+    // Not waitForFinished: events of the test must go on meanwhile.
+    return QTest::qWaitFor([this] { return !Runs(); }, patience);
+}
+
+void HostProgram::Kill() {
+    process_.kill();
+    process_.waitForFinished();
+}
+
+void HostProgram::Freeze() const { ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP); }
+
+void HostProgram::KillNow() const { ::kill(static_cast<pid_t>(process_.processId()), SIGKILL); }
+
+QList<qint64> ProcessesOf(const QString& program) {
+    const QString wanted = QFileInfo(program).canonicalFilePath();
+    QList<qint64> found;
+    for (const QString& entry : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
+        bool isNumber = false;
+        const qint64 id = entry.toLongLong(&isNumber);
+        if (isNumber && QFile::symLinkTarget(u"/proc/"_s + entry + u"/exe"_s) == wanted) found.append(id);
+    }
+    return found;
+}

@@ -1,0 +1,104 @@
+#include "support/PrintService.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtTest/QTest>
+
+#include <stdexcept>
+
+#include "support/FileBytes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kDescription = u"/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd"_s;
+
+const QByteArray kScheduler =
+    "Listen ROOT/socket\n"
+    "LogLevel warn\n"
+    "DefaultAuthType None\n"
+    "Browsing Off\n"
+    "WebInterface No\n"
+    "<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
+    "<Policy default>\n<Limit All>\nOrder deny,allow\n</Limit>\n</Policy>\n";
+
+// Device files may only be named where the scheduler is told so.
+const QByteArray kFiles =
+    "ServerRoot ROOT/etc\nDataDir /usr/share/cups\nServerBin /usr/lib/cups\nCacheDir ROOT/cache\n"
+    "RequestRoot ROOT/spool\nStateDir ROOT/state\nTempDir ROOT/spool/tmp\nAccessLog ROOT/log/access\n"
+    "ErrorLog ROOT/log/error\nPageLog ROOT/log/page\nFileDevice Yes\nPrintcap\nSystemGroup root\n";
+
+const QByteArray kAnyPaper =
+    "*VariablePaperSize: True\n*MaxMediaWidth: \"842\"\n*MaxMediaHeight: \"1191\"\n"
+    "*NonUIOrderDependency: 100 AnySetup *CustomPageSize\n"
+    "*CustomPageSize True: \"pop pop pop pop pop\"\n"
+    "*ParamCustomPageSize Width: 1 points 36 842\n*ParamCustomPageSize Height: 2 points 36 1191\n"
+    "*ParamCustomPageSize WidthOffset: 3 points 0 0\n*ParamCustomPageSize HeightOffset: 4 points 0 0\n"
+    "*ParamCustomPageSize Orientation: 5 int 0 0\n*HWMargins: 0 0 0 0\n";
+
+void Run(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        throw std::runtime_error(program.toStdString() + ": " + process.readAllStandardError().toStdString());
+}
+
+}  // namespace
+
+// Not in the tests' usual folder, which may lie under /dev: the scheduler takes what lies there for devices.
+PrintService::PrintService() : folder_(u"/tmp/cups-XXXXXX"_s), environmentBefore_(qgetenv("CUPS_SERVER")) {
+    const QByteArray root = folder_.path().toUtf8();
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
+    for (const QString& name : {u"etc/ppd"_s, u"cache"_s, u"spool/tmp"_s, u"state"_s, u"log"_s})
+        QDir(folder_.path()).mkpath(name);
+    WriteBytes(folder_.filePath(u"etc/cupsd.conf"_s), QByteArray(kScheduler).replace("ROOT", root));
+    WriteBytes(folder_.filePath(u"etc/cups-files.conf"_s), QByteArray(kFiles).replace("ROOT", root));
+    qputenv("CUPS_SERVER", root + "/socket");
+    scheduler_.setStandardErrorFile(folder_.filePath(u"log/out"_s));
+    scheduler_.start(u"/usr/sbin/cupsd"_s, {u"-f"_s, u"-c"_s, folder_.filePath(u"etc/cupsd.conf"_s), u"-s"_s,
+                                            folder_.filePath(u"etc/cups-files.conf"_s)});
+    if (!QTest::qWaitFor([this] { return QFileInfo::exists(folder_.filePath(u"socket"_s)); }, 20000))
+        throw std::runtime_error("the printing system does not start: " +
+                                 ReadBytes(folder_.filePath(u"log/out"_s)).toStdString());
+}
+
+PrintService::~PrintService() {
+    scheduler_.terminate();
+    if (!scheduler_.waitForFinished(10000)) scheduler_.kill();
+    scheduler_.waitForFinished();
+    if (environmentBefore_.isEmpty())
+        qunsetenv("CUPS_SERVER");
+    else
+        qputenv("CUPS_SERVER", environmentBefore_);
+}
+
+void PrintService::Add(const QString& name, bool anyPaper) {
+    const QString description = folder_.filePath(name + u".ppd"_s);
+    WriteBytes(description, ReadBytes(kDescription) + (anyPaper ? kAnyPaper : QByteArray()));
+    Run(u"/usr/sbin/lpadmin"_s, {u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:"_s + OutputOf(name), u"-P"_s, description});
+}
+
+void PrintService::MakeDefault(const QString& name) { Run(u"/usr/sbin/lpadmin"_s, {u"-d"_s, name}); }
+
+void PrintService::Reject(const QString& name) { Run(u"/usr/sbin/cupsreject"_s, {name}); }
+
+QByteArray PrintService::Arrived(const QString& name) const {
+    QByteArray pdf;
+    const auto whole = [&] {
+        if (!Idle(name)) pdf = ReadBytes(OutputOf(name));
+        return pdf.trimmed().endsWith("%%EOF");
+    };
+    return QTest::qWaitFor(whole, 30000) ? pdf : QByteArray();
+}
+
+QString PrintService::ArrivedFile(const QString& name) const {
+    // Before the PDF stands the description's own job header.
+    const QByteArray arrived = Arrived(name);
+    const QString file = folder_.filePath(name + u"-arrived.pdf"_s);
+    WriteBytes(file, arrived.mid(arrived.indexOf("%PDF")));
+    return file;
+}
+
+bool PrintService::Idle(const QString& name) const { return !QFileInfo::exists(OutputOf(name)); }
