@@ -3,6 +3,7 @@
 #include "frame/PickWindowsFixture.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/SelectionSource.h"
+#include "screen/Form.h"
 #include "screen/ListView.h"
 #include "screen/modクライアント処理.h"
 
