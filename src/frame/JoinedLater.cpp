@@ -2,6 +2,3 @@
 
 void PrepareUserConfig() {}
 
-void RunEnvelopePrint() {}
-void RunPostcardPrint() {}
-void RunLabelPrint() {}

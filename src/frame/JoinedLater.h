@@ -8,7 +8,3 @@
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
-/// Outputs of the rows ticked in the list.
-void RunEnvelopePrint();
-void RunPostcardPrint();
-void RunLabelPrint();
