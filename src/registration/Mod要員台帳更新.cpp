@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kNoDatabase = u"データベースが使用できません。"_s;
+
 bool Refuse(const QString& message) {
     platform::Services().dialogs->ShowMessage(message);
     LeaveRegistration();
@@ -21,20 +23,29 @@ bool Refuse(const QString& message) {
 
 /// The steps that can refuse the start, in their order.
 bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& command) {
-    if (!InitializeData(RegistrationCommand::kLength)) return Refuse(u"データベースが使用できません。"_s);
+    if (!InitializeData(RegistrationCommand::kLength)) return Refuse(kNoDatabase);
     if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
     if (!command.office.isEmpty()) Globals().ScopeOfficeCode = command.office;
     if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
     if (command.staff.isEmpty()) return Refuse(u"担当者コードが指定されていません。"_s);
-    if (!form.OpenStore()) return Refuse(u"データベースが使用できません。"_s);
+    if (!form.OpenStore()) return Refuse(kNoDatabase);
     return true;
+}
+
+/// A person that cannot be read just now is not told to be missing: the clerk would enter the same person again.
+bool OpenPerson(frm要員台帳更新& form, const QString& code) {
+    const StoreOutcome outcome = form.Open(code);
+    if (outcome == StoreOutcome::Done) return true;
+    return Refuse(outcome == StoreOutcome::Gone ? u"担当者コード %1 は登録されていません。"_s.arg(code) : kNoDatabase);
 }
 
 }  // namespace
 
 RegistrationCommand ParseRegistrationCommand(const QString& commandLine) {
     const QString command = TrimBlanks(commandLine);
-    return {command.left(3), TrimBlanks(command.mid(3, 5))};
+    QString staff = command.mid(3, 5);
+    while (staff.endsWith(u' ')) staff.chop(1);
+    return {command.left(3), staff};
 }
 
 void LeaveRegistration() {
@@ -52,10 +63,7 @@ void StartRegistration() {
     globals.MainForm = form;
     const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());
     if (!StartIsPossible(*form, command)) return;
-    if (!form->Open(command.staff)) {
-        Refuse(u"担当者コード %1 は登録されていません。"_s.arg(command.staff));
-        return;
-    }
+    if (!OpenPerson(*form, command.staff)) return;
     ShowProgramTitle();
     form->ShowModeless();
 }

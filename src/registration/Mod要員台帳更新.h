@@ -3,7 +3,7 @@
 #include <QString>
 
 /// Who is to be registered, from the command line: three characters of office and up to five of staff code, whose
-/// blanks at the end a command line loses.
+/// blanks at the end a command line loses; a blank in front is part of the code.
 struct RegistrationCommand {
     static constexpr int kLength = 8;
     QString office;

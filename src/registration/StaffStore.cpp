@@ -73,12 +73,12 @@ bool StaffStore::Read(const QString& code, StaffRecord& record) {
     return found;
 }
 
-bool StaffStore::Load(const QString& code, StaffRecord& record) {
+StoreOutcome StaffStore::Load(const QString& code, StaffRecord& record) {
     try {
-        return Read(code, record);
+        return Read(code, record) ? StoreOutcome::Done : StoreOutcome::Gone;
     } catch (const platform::DatabaseError& error) {
         RecordRunError(error.Description() + statement_);
-        return false;
+        return StoreOutcome::Failed;
     }
 }
 

@@ -5,11 +5,11 @@
 #include "platform/Database.h"
 #include "registration/StaffItems.h"
 
-/// What became of a save or a deletion.
+/// What became of a read, a save or a deletion.
 enum class StoreOutcome {
     Done,
     Changed,  ///< somebody else has saved the person since it was read; nothing was written
-    Gone,     ///< somebody else has deleted the person; nothing was written
+    Gone,     ///< there is no such person, or not any longer; nothing was written
     Failed,   ///< the database refused; nothing was written, and the run history has its words
 };
 
@@ -23,8 +23,8 @@ class StaffStore {
     /// False when the general database can't be opened, with a row DB_OPEN ERROR.
     bool Open();
 
-    /// False when there is no such person, or the read failed.
-    bool Load(const QString& code, StaffRecord& record);
+    /// Reads a person. Gone when there is none with that code.
+    StoreOutcome Load(const QString& code, StaffRecord& record);
     /// Writes all items with the present time as 更新日付, and the log's row of a save, as one. Empty values are
     /// written as empty texts: other programs read 住所B without asking for a Null.
     StoreOutcome Save(const StaffRecord& before, const StaffValues& entered);

@@ -92,13 +92,14 @@ void frm要員台帳更新::FillLists() {
     }
 }
 
-bool frm要員台帳更新::Open(const QString& code) {
-    if (!store_.Load(code, record_)) return false;
+StoreOutcome frm要員台帳更新::Open(const QString& code) {
+    const StoreOutcome outcome = store_.Load(code, record_);
+    if (outcome != StoreOutcome::Done) return outcome;
     masters_ = LoadStaffMasters();
     FillLists();
     ShowRecord();
     store_.LogView(record_.担当者コード, ViewKind::Looked);
-    return true;
+    return outcome;
 }
 
 void frm要員台帳更新::ShowRecord() {
@@ -159,7 +160,8 @@ void frm要員台帳更新::OfferToReadAgain() {
     const bool wanted = platform::Services().dialogs->Confirm(
         u"この担当者は他の端末で修正されています。入力を取り消して読み直しますか?"_s);
     if (!wanted) return;
-    if (!Open(QString(record_.担当者コード))) Conclude(StoreOutcome::Gone, QString());
+    const StoreOutcome outcome = Open(QString(record_.担当者コード));
+    if (outcome != StoreOutcome::Done) Conclude(outcome, u"データベースに問題が発生し読み込めませんでした。"_s);
 }
 
 void frm要員台帳更新::End() {

@@ -16,9 +16,9 @@ class frm要員台帳更新 : public Form {
 
     /// Opens the staff master for writing, before the first Open. False when it can't be.
     bool OpenStore() { return store_.Open(); }
-    /// Reads the person and the masters into the items and notes the look in the viewing log. False when there is no
-    /// such person, or none can be read.
-    bool Open(const QString& code);
+    /// Reads the person and the masters into the items and notes the look in the viewing log. Otherwise than Done the
+    /// form stays as it is.
+    StoreOutcome Open(const QString& code);
 
     /// Checks, writes and ends the program. Whatever stands against it is told, and the form stays as it is.
     void Save();

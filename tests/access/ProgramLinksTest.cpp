@@ -216,6 +216,23 @@ TEST_F(ProgramLinks, FailedStatementLeavesARowAndNothingElse) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
+TEST_F(ProgramLinks, DeletionOfAStartMessageNamesFourColumnsAndThatOfAReplyItsKeyBesides) {
+    installation.Configuration().Execute(
+        u"CREATE TRIGGER 拒否 BEFORE DELETE ON プログラム連携情報 BEGIN SELECT RAISE(ABORT, '拒否'); END"_s);
+    AddStart(kNow);
+    ReceiveStartLink(kKey, kNow);
+    Add({.sentAt = kNow, .key = kKey});
+    EXPECT_EQ(Reply(), kKey) << "a reply that cannot be deleted is one all the same";
+    EXPECT_EQ(Globals().LinkStartInfo, kKey);
+    EXPECT_EQ(History(),
+              (QStringList{u"エラー 拒否DELETE FROM プログラム連携情報 WHERE 発信日時 = ''20261121 093015'' AND "
+                           u"発信プログラムID = ''販路推進'' AND 受信プログラムID = ''要員名簿照会'' AND "
+                           u"連携区分 = ''00''"_s,
+                           u"エラー 拒否DELETE FROM プログラム連携情報 WHERE 発信日時 = ''20261121 093015'' AND "
+                           u"発信プログラムID = ''要員名簿照会'' AND 受信プログラムID = ''要員台帳更新'' AND "
+                           u"起動連携情報 = ''00000012'' AND 連携区分 = ''99''"_s}));
+}
+
 TEST_F(ProgramLinks, EveryMessageWrittenIsFollowedByAFreshConnection) {
     for (const auto& write : {+[] { SendStartLink(kThis, kSibling, kKey); }, +[] { WriteEndLink({}); }}) {
         // Lives as long as its connection.

@@ -181,6 +181,32 @@ TEST_F(RegistrationForm, AChangeByAnotherProgramIsOfferedToBeReadAgain) {
     EXPECT_EQ(Stored(u"氏名"_s) + Stored(u"電話"_s), u"田中06-5555-0200"_s);
 }
 
+TEST_F(RegistrationForm, AFailureToReadAgainIsToldAndKeepsWhatWasTyped) {
+    Start();
+    Enter(u"氏名"_s, u"田中"_s);
+    ChangeElsewhere();
+    services.dialogs.answers = {true};
+    services.dialogs.whileAsked = [this] { installation.General().Execute(u"ALTER TABLE M担当者 RENAME TO 別"_s); };
+    Click(u"btn_保存"_s);
+    EXPECT_EQ(services.dialogs.Texts(),
+              (QStringList{kChangedElsewhere, u"データベースに問題が発生し読み込めませんでした。"_s}));
+    EXPECT_FALSE(HasEnded());
+    EXPECT_EQ(Text(u"氏名"_s), u"田中"_s);
+}
+
+TEST_F(RegistrationForm, APersonDeletedWhileTheQuestionIsUpEndsTheProgram) {
+    Start();
+    ChangeElsewhere();
+    services.dialogs.answers = {true};
+    services.dialogs.whileAsked = [this] {
+        installation.General().Execute(u"DELETE FROM M担当者 WHERE コード = '00007'"_s);
+    };
+    Click(u"btn_保存"_s);
+    EXPECT_EQ(services.dialogs.Texts(),
+              (QStringList{kChangedElsewhere, u"この担当者は他の端末で削除されています。"_s}));
+    EXPECT_TRUE(HasEnded());
+}
+
 TEST_F(RegistrationForm, ADeletionByAnotherProgramIsToldAndEndsTheProgram) {
     Start();
     installation.General().Execute(u"DELETE FROM M担当者 WHERE コード = '00007'"_s);

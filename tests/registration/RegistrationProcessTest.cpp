@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "registration/RegistrationFixture.h"
+#include "support/VirtualScreen.h"
 #include "text/TimeStamp.h"
 
 using namespace Qt::StringLiterals;
@@ -17,9 +18,7 @@ class RegistrationProcess : public RegistrationTest {
         program = installation.ProgramFolder() + u"/要員台帳更新"_s;
         EXPECT_TRUE(QFile::link(QStringLiteral(SUITE_PROGRAMS "/要員台帳更新"), program));
         process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        process.setProcessEnvironment(environment);
+        RunOn(u"offscreen"_s);
     }
     ~RegistrationProcess() override {
         if (process.state() == QProcess::NotRunning) return;
@@ -27,6 +26,12 @@ class RegistrationProcess : public RegistrationTest {
         process.waitForFinished();
     }
 
+    void RunOn(const QString& platformName, const QString& display = {}) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, platformName);
+        if (!display.isEmpty()) environment.insert(u"DISPLAY"_s, display);
+        process.setProcessEnvironment(environment);
+    }
     /// Starts the program on a key and waits until `there`; then asks it to end.
     void RunUntil(const QString& key, const std::function<bool()>& there) {
         LeaveStartMessage(key, TimeStamp(QDateTime::currentDateTime()));
@@ -58,4 +63,17 @@ TEST_F(RegistrationProcess, ATerminationRequestBehindAMessageBoxAnswersTheStarte
     RunUntil(u"00099999"_s,
              [this] { return installation.HistoryTexts().contains(u"開始 00099999"_s) && Messages().isEmpty(); });
     ExpectAnswer(u"00099999"_s);
+}
+
+TEST_F(RegistrationProcess, ARefusedStartIsShownAndAnswersTheStarterOnceTheBoxIsGone) {
+    installation.General().Execute(u"DROP TABLE Mユーザ"_s);
+    const VirtualScreen screen;
+    ASSERT_FALSE(screen.Display().isEmpty());
+    RunOn(u"xcb"_s, screen.Display());
+    LeaveStartMessage(u"00000007"_s, TimeStamp(QDateTime::currentDateTime()));
+    process.start(program, {u"00000007"_s});
+    ASSERT_TRUE(screen.Press(screen.NewestOf(1), {u"Return"_s}));
+    ASSERT_TRUE(process.waitForFinished(30000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    ExpectAnswer(u"00000007"_s);
 }

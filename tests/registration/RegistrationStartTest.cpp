@@ -26,6 +26,7 @@ TEST(RegistrationCommand, IsThreeCharactersOfOfficeAndUpToFiveOfStaffCode) {
     };
     for (const Case& c : {Case{u"00000007"_s, u"000"_s, u"00007"_s}, Case{u"  00112  "_s, u"001"_s, u"12"_s},
                           Case{u"0010'1"_s, u"001"_s, u"0'1"_s}, Case{u"001000079"_s, u"001"_s, u"00007"_s},
+                          Case{u"000 7"_s, u"000"_s, u" 7"_s}, Case{u"00012  9"_s, u"000"_s, u"12  9"_s},
                           Case{u"001"_s, u"001"_s, u""_s}, Case{u""_s, u""_s, u""_s}}) {
         const RegistrationCommand command = ParseRegistrationCommand(c.line);
         EXPECT_EQ(command.office, c.office);
@@ -73,6 +74,15 @@ TEST_F(RegistrationStart, BlanksThatTheCommandLineLosesAreFilledInAgainToFindThe
     EXPECT_EQ(Messages(), EndMessage(u"0007A   "_s));
 }
 
+TEST_F(RegistrationStart, ACodeWithABlankInFrontIsAPersonLikeAnyOther) {
+    installation.General().Execute(u"UPDATE M担当者 SET コード = ' 7' WHERE コード = '00007'"_s);
+    LeaveStartMessage(u"000 7   "_s);
+    Start(u"000 7"_s);
+    EXPECT_EQ(Caption(u"担当者コード"_s), u" 7"_s);
+    Window().close();
+    EXPECT_EQ(Messages(), EndMessage(u"000 7   "_s));
+}
+
 TEST_F(RegistrationStart, AMessageOlderThanAMinuteStaysAndIsNotAnswered) {
     LeaveStartMessage(u"00000007"_s, u"20261121 092914"_s);
     Start();
@@ -90,6 +100,14 @@ TEST_F(RegistrationStart, WithoutAMessageNoneIsWritten) {
 TEST_F(RegistrationStart, AnUnknownStaffCodeIsRefusedAndAnswered) {
     EXPECT_EQ(RefusalOf(u"00099999"_s), u"担当者コード 99999 は登録されていません。"_s);
     EXPECT_EQ(ViewKinds(), QStringList());
+}
+
+TEST_F(RegistrationStart, APersonWhoCannotBeReadIsNotSaidToBeMissing) {
+    // Reading this one row overflows; everybody else's can be read.
+    installation.General().Execute(
+        u"ALTER TABLE M担当者 RENAME TO 別; CREATE VIEW M担当者 AS SELECT * FROM 別"
+        u" WHERE abs(-9223372036854775807 - (コード = '00007')) > 0"_s);
+    EXPECT_EQ(RefusalOf(u"00000007"_s), u"データベースが使用できません。"_s);
 }
 
 TEST_F(RegistrationStart, AMissingStaffCodeIsRefusedAndAnswered) {

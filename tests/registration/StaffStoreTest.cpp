@@ -18,7 +18,7 @@ class StaffStoreTest : public WithConnections {
         }
         Run(u"DELETE FROM T閲覧; INSERT INTO M担当者 (%1) VALUES (%2)"_s.arg(columns, values));
         EXPECT_TRUE(store.Open());
-        EXPECT_TRUE(store.Load(u"00007"_s, before));
+        EXPECT_EQ(store.Load(u"00007"_s, before), StoreOutcome::Done);
         for (size_t i = 0; i < kStaffItemCount; ++i) entered[i] = u"新%1'"_s.arg(i);
     }
 
@@ -60,7 +60,7 @@ TEST_F(StaffStoreTest, SavesEveryItemTheStampAndTheLogEntryAndNothingElse) {
 
 TEST_F(StaffStoreTest, NullsBecomeEmptyTextsSinceReadersDoNotAskForThem) {
     Run(u"UPDATE M担当者 SET 住所A = NULL, 住所B = NULL, 退社日付 = NULL WHERE コード = '00007'"_s);
-    ASSERT_TRUE(store.Load(u"00007"_s, before));
+    ASSERT_EQ(store.Load(u"00007"_s, before), StoreOutcome::Done);
     entered = before.values;
     EXPECT_EQ(store.Save(before, entered), StoreOutcome::Done);
     for (const QString& column : {u"住所A"_s, u"住所B"_s, u"退社日付"_s}) {
@@ -102,7 +102,7 @@ TEST_F(StaffStoreTest, ADeletionByAnotherProgramIsNoticed) {
     EXPECT_EQ(store.Save(before, entered), StoreOutcome::Gone);
     EXPECT_EQ(store.Delete(before), StoreOutcome::Gone);
     EXPECT_EQ(Views(), QList<QStringList>());
-    EXPECT_FALSE(store.Load(u"00007"_s, before));
+    EXPECT_EQ(store.Load(u"00007"_s, before), StoreOutcome::Gone);
 }
 
 TEST_F(StaffStoreTest, ASaveWhoseLogEntryFailsWritesNothingAtAll) {
@@ -113,6 +113,13 @@ TEST_F(StaffStoreTest, ASaveWhoseLogEntryFailsWritesNothingAtAll) {
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().startsWith(u"エラー "_s));
     EXPECT_TRUE(History().first().contains(u"INSERT INTO T閲覧 ("_s)) << History().first().toStdString();
+}
+
+TEST_F(StaffStoreTest, AFailedReadIsNotTakenForAMissingPerson) {
+    Run(u"DROP TABLE M担当者"_s);
+    EXPECT_EQ(store.Load(u"00007"_s, before), StoreOutcome::Failed);
+    EXPECT_EQ(before.担当者コード, u"00007"_s) << "what was read before stays";
+    EXPECT_EQ(History(), QStringList{u"エラー no such table: M担当者SELECT * FROM M担当者 WHERE コード = ''00007''"_s});
 }
 
 TEST_F(StaffStoreTest, AFailedLookLeavesItsStatementInTheHistory) {
@@ -145,7 +152,7 @@ TEST_F(StaffStoreTest, AFailedDeletionDeletesNothing) {
 
 TEST_F(StaffStoreTest, ACodeWithQuotesIsAPersonLikeAnyOther) {
     Run(u"UPDATE M担当者 SET コード = '0''1' WHERE コード = '00007'"_s);
-    ASSERT_TRUE(store.Load(u"0'1"_s, before));
+    ASSERT_EQ(store.Load(u"0'1"_s, before), StoreOutcome::Done);
     EXPECT_EQ(store.Save(before, entered), StoreOutcome::Done);
     EXPECT_EQ(Views().first().at(5), u"0'1"_s);
 }

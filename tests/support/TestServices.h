@@ -36,13 +36,15 @@ class QueuedDialogs : public platform::Dialogs {
         bool question;
     };
     QList<Box> shown;
-    QList<bool> answers;  ///< for Confirm, first in first out; with none left the answer is いいえ
+    QList<bool> answers;               ///< for Confirm, first in first out; with none left the answer is いいえ
+    std::function<void()> whileAsked;  ///< what happens elsewhere while a question of Confirm is up
 
     using Dialogs::Confirm;
     using Dialogs::ShowMessage;
     void ShowMessage(const QString& text, const QString& title) override { shown.append({text, title, false}); }
     bool Confirm(const QString& text, const QString& title) override {
         shown.append({text, title, true});
+        if (whileAsked) whileAsked();
         return answers.isEmpty() ? false : answers.takeFirst();
     }
     /// What ShowSave was asked, and what it answers: first in first out, with none left it is cancelled.
