@@ -2,8 +2,3 @@
 
 void PrepareUserConfig() {}
 
-void OpenSelectionWindow(const QString&) {}
-
-void RunEnvelopePrint() {}
-void RunPostcardPrint() {}
-void RunLabelPrint() {}

@@ -8,10 +8,3 @@
 /// Makes the user's own copies of configuration and report files where they are missing.
 void PrepareUserConfig();
 
-/// Opens the window behind a range button of the head, in which rows of a master are picked one by one.
-void OpenSelectionWindow(const QString& button);
-
-/// Outputs of the rows ticked in the list.
-void RunEnvelopePrint();
-void RunPostcardPrint();
-void RunLabelPrint();

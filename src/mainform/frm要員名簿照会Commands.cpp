@@ -2,19 +2,20 @@
 #include <optional>
 
 #include "access/ProgramRights.h"
-#include "frame/JoinedLater.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
+#include "output/MailPrint.h"
 #include "output/ReportRunner.h"
 #include "output/TextOutput.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
+#include "selection/PickWindows.h"
 #include "selection/ValueWindows.h"
 
 using namespace Qt::StringLiterals;

@@ -2,10 +2,10 @@
 
 #include "data/RunHistory.h"
 #include "frame/ProgramGlobals.h"
+#include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
 #include "platform/Services.h"
-#include "screen/msgお待ち.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -108,18 +108,8 @@ void BringOutOnHost(const HostUse& use, const QString& report) {
 }
 
 void RunReport(void (*bringOut)(const QString&)) {
-    platform::Dialogs& dialogs = *platform::Services().dialogs;
-    if (!OpenReportDatabase()) {
-        dialogs.ShowMessage(u"帳票が使用できません。"_s);
-        return;
-    }
-    ShowWaitDialog();
-    if (BuildReportData())
-        bringOut(Globals().ReportName);
-    else
-        dialogs.ShowMessage(u"印刷情報が有りません"_s);
-    UnloadWaitDialog();
-    CloseReportDatabase();
+    RunOutput(
+        BuildReportData, [bringOut] { bringOut(Globals().ReportName); }, u"印刷情報が有りません"_s);
 }
 
 }  // namespace

@@ -4,11 +4,10 @@
 #include "data/RunHistory.h"
 #include "frame/ProgramGlobals.h"
 #include "output/CsvWriter.h"
+#include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
-#include "platform/Services.h"
 #include "screen/Form.h"
-#include "screen/msgお待ち.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -30,19 +29,7 @@ void TellLost(const LostCharacters& lost) {
 
 }  // namespace
 
-void RunTextOutput() {
-    if (!OpenReportDatabase()) {
-        platform::Services().dialogs->ShowMessage(u"帳票が使用できません。"_s);
-        return;
-    }
-    ShowWaitDialog();
-    if (BuildReportData())
-        WriteWorkTableToText();
-    else
-        platform::Services().dialogs->ShowMessage(u"出力情報が有りません"_s);
-    UnloadWaitDialog();
-    CloseReportDatabase();
-}
+void RunTextOutput() { RunOutput(BuildReportData, WriteWorkTableToText, u"出力情報が有りません"_s); }
 
 void WriteWorkTableToText() {
     ProgramGlobals& globals = Globals();

@@ -12,6 +12,7 @@ class ListRows : public QAbstractTableModel {
 
     void AddColumn(const QString& title);
     void SetCheckBoxes(bool on) { checkBoxes_ = on; }
+    bool CheckBoxes() const { return checkBoxes_; }
 
     void Clear();
     void Append(QList<ListRow> rows);

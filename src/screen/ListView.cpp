@@ -153,6 +153,11 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat() && KeyPress) RaiseByUser([this] { KeyPress(kKeyReturn); });
         return;
     }
+    if (event->key() == Qt::Key_Space && rows_.CheckBoxes()) {
+        event->accept();
+        if (!event->isAutoRepeat()) TakeSpace(*event);
+        return;
+    }
     // Without a selected row Qt would begin behind the first one.
     if (SelectedRow() < 0 && selectionMode() == SingleSelection && MovesAmongRows(event->key())) {
         event->accept();
@@ -160,6 +165,16 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QTreeView::keyPressEvent(event);
+}
+
+/// Qt toggles the mark only while its caret stands in the first column, and with Ctrl, which highlights, as well.
+void ListView::TakeSpace(const QKeyEvent& event) {
+    const QModelIndex caret = currentIndex();
+    if (!caret.isValid()) return;
+    if (event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::ShiftModifier))
+        selectionModel()->select(caret, selectionCommand(caret, &event));
+    else
+        SetChecked(caret.row(), !Checked(caret.row()));
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {

@@ -20,7 +20,7 @@ class ListView : public QTreeView, public Control {
 
     /// A further column on the right; width in twips.
     void AddColumn(const QString& title, int width);
-    /// A check mark in front of each row, toggled by a click on it or by Space.
+    /// A check mark in front of each row, toggled by a click on it or, in the row with the caret, by Space.
     void SetCheckBoxes(bool on);
     /// Several rows can be highlighted, with Ctrl and Shift.
     void SetMultiSelect(bool on);
@@ -62,6 +62,7 @@ class ListView : public QTreeView, public Control {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    void TakeSpace(const QKeyEvent& event);
     int FirstRowBeginningWith(const QString& beginning) const;
 
     ListRows rows_;

@@ -23,6 +23,7 @@ constexpr int kLine = 30;    // from one line of the head to the next
 constexpr int kHeight = 26;  // of an item
 constexpr int kButtonHeight = 32;
 constexpr int kButtonWidth = 108;
+constexpr int kButtonPitch = kButtonWidth + 4;  // from one button to the next
 constexpr int kGap = 8;
 
 const QString kTitle = u"prg_ttl"_s;
@@ -32,6 +33,25 @@ int ListWidth(const ListView& list, const ListWindowDefinition& definition) {
     int width = 2 * list.frameWidth() + list.verticalScrollBar()->sizeHint().width();
     for (const ListColumn& column : definition.columns) width += qRound(double(column.width) / kTwipsPerPixel);
     return width;
+}
+
+/// Moves what stands at that height down by a line, and makes the window as much higher.
+void AddButtonLine(Form& form, int top) {
+    constexpr int kPitch = kButtonHeight + kGap;
+    for (const Control* control : form.Controls()) {
+        QWidget& widget = control->Widget();
+        if (widget.y() == top) widget.move(widget.x(), top + kPitch);
+    }
+    form.setFixedSize(form.width(), form.height() + kPitch);
+}
+
+/// Gives controls the stops of the Tab key before another one.
+void InsertStops(Form& form, const QStringList& names, const Control& before) {
+    const int first = before.TabIndex();
+    for (Control* control : form.Controls()) {
+        if (control->TabIndex() >= first) control->SetTabIndex(control->TabIndex() + static_cast<int>(names.size()));
+    }
+    for (int i = 0; i < names.size(); ++i) form.Item(names[i]).SetTabIndex(first + i);
 }
 
 /// Whole rows only, so that none is cut at the bottom.
@@ -78,8 +98,23 @@ void PlaceBelowList(Form& form, const QStringList& buttons) {
     int left = kListLeft;
     for (const QString& name : buttons) {
         form.Item(name).Widget().setGeometry(left, form.Item(kBack).Widget().y(), kButtonWidth, kButtonHeight);
-        left += kButtonWidth + 4;
+        left += kButtonPitch;
     }
+}
+
+void AddListButtons(Form& form, const QList<ListButton>& buttons) {
+    const QWidget& back = form.Item(kBack).Widget();
+    const int line = back.y();
+    const bool ownLine = kListLeft + buttons.size() * kButtonPitch > back.x();
+    if (ownLine) AddButtonLine(form, line);
+    QStringList names;
+    for (const ListButton& button : buttons) {
+        MakeListButton(form, button.name, button.caption)
+            .setGeometry(kListLeft + static_cast<int>(names.size()) * kButtonPitch, line, kButtonWidth, kButtonHeight);
+        names << button.name;
+    }
+    if (ownLine) form.Item(names.last()).Widget().move(back.x(), line);
+    InsertStops(form, names, form.Item(kBack));
 }
 
 void MakeClassItems(Form& form, const QString& name, const QString& title, int left, int line, int width) {

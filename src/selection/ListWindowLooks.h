@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -27,6 +28,12 @@ inline constexpr int kListLeft = 10;
 Button& MakeListButton(Form& form, const QString& name, const QString& caption);
 /// Puts buttons into the line below the list, from the left.
 void PlaceBelowList(Form& form, const QStringList& buttons);
+struct ListButton {
+    QString name, caption;
+};
+/// Adds buttons to a window that is laid out: into the line below the list, or, where they find no room beside
+/// btn_戻る, into a line of their own, the last one above btn_戻る. The Tab key stops on them before btn_戻る.
+void AddListButtons(Form& form, const QList<ListButton>& buttons);
 /// A class number with its title in front and its list behind, from `left` to `left + width`.
 void MakeClassItems(Form& form, const QString& name, const QString& title, int left, int line, int width);
 /// Numbers the stops of the Tab key in the order given; what is not named comes behind.

@@ -4,6 +4,7 @@
 
 #include "selection/LookupReturn.h"
 #include "selection/MasterListWindow.h"
+#include "selection/PickReturn.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,20 @@ const QList<MasterListDefinition>& Definitions() {
         {{u"wnd役職一覧"_s, u"役職一覧"_s, u"役職一覧"_s, u"List役職"_s, Columns(750, 2500), u"職位台帳更新"_s},
          u"M役職"_s,
          false},
+        {{u"wnd部門選択一覧"_s, u"部門選択一覧"_s, u"部門一覧"_s, u"List部門"_s, Columns(1000, 2300), {}},
+         u"M部門"_s,
+         true},
+        {{u"wndセクション選択一覧"_s,
+          u"セクション選択一覧"_s,
+          u"セクション一覧"_s,
+          u"Listセクション"_s,
+          Columns(1000, 2300),
+          {}},
+         u"Mセクション"_s,
+         true},
+        {{u"wnd役職選択一覧"_s, u"役職選択一覧"_s, u"役職一覧"_s, u"List役職"_s, Columns(750, 2500), {}},
+         u"M役職"_s,
+         false},
     };
     return definitions;
 }
@@ -36,6 +51,6 @@ ListWindow* MakeMasterListWindow(const QString& name) {
     const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
     if (found == all.end()) return nullptr;
     auto* window = new MasterListWindow(*found);
-    WireLookup(*window);
+    if (!WirePicks(*window)) WireLookup(*window);
     return window;
 }

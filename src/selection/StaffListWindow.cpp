@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRowLimit = 1000;
+constexpr int kMarkAllLimit = 50;  // more rows than one looks through are only marked by hand
 const QString kCodeMask = u"00000"_s;
 
 /// Value of a column's term in ListCondition, which keeps the rest; empty without such a term.
@@ -109,6 +110,8 @@ void StaffListWindow::UpdateSearchButtons() {
     for (const ItemSearch& search : ItemSearches())
         Item(search.button).SetEnabled(!TrimBlanks(Item(search.item).Text()).isEmpty());
     Item(u"btn_複合検索"_s).SetEnabled(true);
+    if (Control* all = Find(u"btn_全て選択"_s))
+        all->SetEnabled(List().RowCount() >= 1 && List().RowCount() <= kMarkAllLimit);
 }
 
 void StaffListWindow::Search(int kind) {

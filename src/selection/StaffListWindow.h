@@ -23,7 +23,8 @@ class StaffListWindow : public ListWindow {
     void ReadConditionIntoItems();
     /// Writes all conditions into their items.
     void ShowConditionItems();
-    /// A search by one item can be pressed while the item holds something.
+    /// A search by one item can be pressed while the item holds something; btn_全て選択, where the window has it, with
+    /// 1 to 50 rows in the list.
     void UpdateSearchButtons();
 
   protected:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "selection/LookupReturn.h"
+#include "selection/PickReturn.h"
 #include "selection/StaffListWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,7 @@ QList<ListColumn> Columns(int codeWidth) {
 const QList<StaffListDefinition>& Definitions() {
     static const QList<StaffListDefinition> definitions = {
         {{u"wnd担当者一覧"_s, u"担当者一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(750), u"要員台帳更新"_s}, 0},
+        {{u"wnd担当者選択一覧"_s, u"担当者選択一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(1050), {}}, -1},
     };
     return definitions;
 }
@@ -31,6 +33,6 @@ ListWindow* MakeStaffListWindow(const QString& name) {
     const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
     if (found == all.end()) return nullptr;
     auto* window = new StaffListWindow(*found);
-    WireLookup(*window);
+    if (!WirePicks(*window)) WireLookup(*window);
     return window;
 }

@@ -189,6 +189,20 @@ TEST_F(TextOutputButton, LostCharactersAreToldInTheNoticeOfTheForm) {
     EXPECT_TRUE(ReadBytes(Target()).contains("\x90\x58\x81\x40?\x8A\x4F"));
 }
 
+TEST_F(TextOutputButton, MailButtonsFillTheirOwnTablesOnceTheirPrintIsConfirmed) {
+    Start();
+    for (const QString& word : {u"封筒"_s, u"はがき"_s, u"宛名ラベル"_s}) {
+        const QString count = u"SELECT COUNT(*) FROM 要員名簿照会"_s + word;
+        Click(u"btn_"_s + word);
+        EXPECT_EQ(installation.Report().Value(count), u"0"_s);
+        services.dialogs.answers = {true};
+        Click(u"btn_"_s + word);
+        EXPECT_NE(installation.Report().Value(count), u"0"_s) << word.toStdString();
+    }
+    EXPECT_EQ(services.dialogs.Texts().count(u"印刷しますか?"_s), 6);
+    EXPECT_EQ(History().filter(u"出力終了 印刷"_s).size(), 3);
+}
+
 TEST_F(TextOutputButton, TheFileIsReadBackBySpreadsheetsAsTheSameCells) {
     const QString office = QStandardPaths::findExecutable(u"soffice"_s);
     if (office.isEmpty()) GTEST_SKIP() << "LibreOffice is not installed";

@@ -1,7 +1,7 @@
 #include <QFile>
 
+#include "access/StartUp.h"
 #include "data/DataFixture.h"
-#include "frame/StartUp.h"
 #include "support/LinkAnswers.h"
 #include "text/TimeStamp.h"
 

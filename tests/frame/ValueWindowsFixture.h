@@ -1,11 +1,11 @@
 #pragma once
 
-#include "frame/MainFormFixture.h"
+#include "frame/SelectionFixture.h"
 #include "selection/ValueWindowDefinitions.h"
 #include "support/ModalUser.h"
 
 /// The main form with somebody at the windows of search values.
-class ValueWindowsTest : public MainFormTest {
+class ValueWindowsTest : public SelectionTest {
   protected:
     static const ValueWindowDefinition& Names() { return ValueWindowDefinitions()[0]; }
     static const ValueWindowDefinition& Kana() { return ValueWindowDefinitions()[1]; }
@@ -31,11 +31,4 @@ class ValueWindowsTest : public MainFormTest {
     }
     static void GoBack(ModalUser& user) { user.Press(Qt::Key_Escape); }
     static bool Given(const ValueWindowDefinition& definition);
-
-    /// Codes of the rows that the last search found, sorted.
-    static QStringList Found();
-    /// Codes of the staff on the payroll that meet a condition of the engine's own, sorted.
-    QStringList Staff(const QString& condition) const;
-    /// Searches by the button and tells how many rows エラー that has left in the history.
-    int FailuresOfSearch();
 };

@@ -10,11 +10,6 @@ namespace {
 
 using ValueSearchTest = ValueWindowsTest;
 
-const QString kHead =
-    u"SELECT M担当者.*, M事業所.名称 as 事業所名, M部門.名称 as 部門名, Mセクション.名称 as セクション名, M役職.名称 as 役職名, K性別区分.名称 as 性別区分名, K在籍区分.名称 as 在籍区分名, K社員区分.名称 as 社員区分名 FROM K社員区分 INNER JOIN (K在籍区分 INNER JOIN (K性別区分 INNER JOIN (M役職 RIGHT JOIN (Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M事業所 RIGHT JOIN M担当者 ON M事業所.コード = M担当者.事業所コード ) ON M部門.コード = M担当者.部門コード ) ON Mセクション.コード = M担当者.セクションコード) ON M役職.コード = M担当者.役職コード) ON K性別区分.区分 = M担当者.性別区分) ON K在籍区分.区分 = M担当者.在籍区分) ON K社員区分.区分 = M担当者.社員区分  WHERE M担当者.コード <> '' AND M担当者.在籍区分 = '0'"_s;
-const QString kOrder =
-    u" ORDER BY M担当者.事業所コード, M担当者.部門コード, M担当者.セクションコード, M担当者.役職コード, M担当者.コード"_s;
-
 /// A search by one window, and a condition of the engine's own that finds the same people.
 struct Search {
     size_t window;
@@ -79,7 +74,7 @@ TEST_F(ValueSearchTest, StatementHoldsTheConditionOfEachWindowWholeAndTheHistory
     Start();
     for (const Search& search : Searches()) {
         Give(ValueWindowDefinitions()[search.window], search.values, search.narrowing);
-        QString statement = kHead + search.condition + kOrder;
+        QString statement = Statement({}, search.condition);
         EXPECT_EQ(BuildStaffStatement(), statement);
         EXPECT_EQ(FailuresOfSearch(), 0);
         EXPECT_EQ(History().last(), u"出力終了 "_s + statement.replace(u"'"_s, u"''"_s));
@@ -106,14 +101,14 @@ TEST_F(ValueSearchTest, AllFiveWindowsTogetherJoinInTheOrderOfTheStatement) {
     Give(Addresses(), {u"東"_s});
     Give(Kana(), {u"ﾔ"_s});
     Give(Names(), {u"山"_s, u"川"_s});
-    EXPECT_EQ(BuildStaffStatement(),
-              kHead +
+    EXPECT_EQ(
+        BuildStaffStatement(),
+        Statement({},
                   u" AND (M担当者.氏名 LIKE '%山%' OR M担当者.氏名 LIKE '%川%')"
                   u" AND (M担当者.カナ LIKE '%ﾔ%')"
                   u" AND ((M担当者.住所A LIKE '%東%') OR (M担当者.住所B LIKE '%東%') OR (M担当者.住所C LIKE '%東%'))"
                   u" AND (M担当者.電話 LIKE '%0%' AND M担当者.電話 LIKE '%3%')"
-                  u" AND (M担当者.郵便番号 LIKE '%1%')"_s +
-                  kOrder);
+                  u" AND (M担当者.郵便番号 LIKE '%1%')"_s));
     EXPECT_EQ(FailuresOfSearch(), 0);
 }
 
@@ -122,7 +117,7 @@ TEST_F(ValueSearchTest, ValuesWinOverTheTextThatStandsInTheSingleItem) {
     Enter(u"検索名称"_s, u"佐藤"_s);
     Give(Names(), {u"山"_s});
     EXPECT_EQ(Item(u"検索名称"_s).Text(), u"佐藤"_s);
-    EXPECT_EQ(BuildStaffStatement(), kHead + u" AND (M担当者.氏名 LIKE '%山%')"_s + kOrder);
+    EXPECT_EQ(BuildStaffStatement(), Statement({}, u" AND (M担当者.氏名 LIKE '%山%')"_s));
 }
 
 TEST_F(ValueSearchTest, EmptyRowsGiveTheSearchBackToTheSingleItem) {
@@ -137,7 +132,7 @@ TEST_F(ValueSearchTest, EmptyRowsGiveTheSearchBackToTheSingleItem) {
     EXPECT_FALSE(Given(Names()));
     EXPECT_TRUE(Item(u"検索名称"_s).Enabled());
     EXPECT_EQ(Focused(), u"検索名称"_s);
-    EXPECT_EQ(BuildStaffStatement(), kHead + u" AND M担当者.氏名 LIKE '%佐藤%'"_s + kOrder);
+    EXPECT_EQ(BuildStaffStatement(), Statement({}, u" AND M担当者.氏名 LIKE '%佐藤%'"_s));
 }
 
 TEST_F(ValueSearchTest, NarrowedAddressesMustLieInOneColumnAndNotAcross) {

@@ -49,12 +49,3 @@ void ListWindowTest::Open(const QString& window, const QString& condition, const
     Globals().ListNextItem = &caller_->Item(u"終了コード"_s);
     ShowListWindow(window);
 }
-
-void ListWindowTest::AddStaff(int count) const {
-    installation.ClearStaff();
-    installation.General().Execute(
-        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)"
-        u" INSERT INTO M担当者 (コード, 氏名, カナ, 性別区分, 在籍区分, 社員区分)"
-        u" SELECT printf('%05d', i), '氏名' || i, 'ｼﾒｲ' || i, '0', '0', '0' FROM n"_s.replace(u"%1"_s,
-                                                                                              QString::number(count)));
-}

@@ -31,8 +31,6 @@ class ListWindowTest : public ::testing::Test {
     Form& Caller() const { return *caller_; }
     /// Statements and failures that the run history tells of, oldest first.
     QStringList History() const { return installation.HistoryTexts(); }
-    /// So many staff with codes from 00001, all on the payroll.
-    void AddStaff(int count) const;
 
     static void GoBack(const FormHands& hands) { hands.Click(QStringLiteral("btn_戻る")); }
 

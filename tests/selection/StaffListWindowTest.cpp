@@ -127,7 +127,7 @@ TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
 }
 
 TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearchesUntilTheyAreCleared) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormHands& hands) { GoBack(hands); }});
     Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormHands& hands) {
              EXPECT_EQ(hands.Codes().size(), 21) << "the earlier list";
@@ -183,7 +183,7 @@ TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
 }
 
 TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFocusFirst) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     OpenStaff({[](const FormHands& hands) {
         hands.Type(u"コード"_s, u"27"_s);
         EXPECT_EQ(hands.Text(u"コード"_s), u"27"_s);
@@ -196,7 +196,7 @@ TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFoc
 }
 
 TEST_F(StaffListWindowTest, TextThatWasBeingTypedWhenEscHidTheWindowIsSearchedLater) {
-    AddStaff(12);
+    installation.ReplaceStaff(12);
     OpenStaff({[](const FormHands& hands) {
         hands.Type(u"名称"_s, u"氏名12"_s);
         hands.Press(Qt::Key_Escape);
@@ -266,7 +266,7 @@ TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
 }
 
 TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWithoutAMessage) {
-    AddStaff(1000);
+    installation.ReplaceStaff(1000);
     OpenStaff({[this](const FormHands& hands) {
         ASSERT_TRUE(hands.Item(u"lab_注意"_s).Visible());
         installation.General().Execute(u"DROP TABLE M担当者"_s);
@@ -281,7 +281,7 @@ TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWitho
 
 TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandLookTheSame) {
     for (const int staff : {999, 1000, 1001}) {
-        AddStaff(staff);
+        installation.ReplaceStaff(staff);
         OpenStaff({[&](const FormHands& hands) {
             hands.Click(u"btn_画面クリア"_s);
             EXPECT_EQ(hands.Codes().size(), qMin(staff, 1000));
@@ -292,7 +292,7 @@ TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandL
 }
 
 TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHas) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     // A count that begins at 990 has ten rows to go; the engine's own limit is far from the thirty.
     auto* window =
         new StaffListWindow({{u"wnd数え"_s, {}, {}, u"List担当者"_s, {{u"コード"_s, 750, u"コード"_s}}, {}}, 990});
@@ -303,7 +303,7 @@ TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHa
 }
 
 TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilItIsCleared) {
-    AddStaff(3);
+    installation.ReplaceStaff(3);
     Open(kWindow, u"そんな条件 は ない"_s, {[](const FormHands& hands) {
              EXPECT_EQ(hands.Codes(), QStringList());
              EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
@@ -318,7 +318,7 @@ TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilIt
 }
 
 TEST_F(StaffListWindowTest, CallersTermIsTakenWhateverItsLetterCase) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormHands& hands) {
              EXPECT_EQ(hands.Text(u"コード"_s), u"00029"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
@@ -357,7 +357,7 @@ TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChos
 }
 
 TEST_F(StaffListWindowTest, PastedTextKeepsToSignsAndLengthsOfItsItemAndIsSearched) {
-    AddStaff(30);
+    installation.ReplaceStaff(30);
     OpenStaff({[](const FormHands& hands) {
         const auto paste = [&](const QString& item, const QString& text) {
             QGuiApplication::clipboard()->setText(text);

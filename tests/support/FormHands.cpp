@@ -1,6 +1,8 @@
 #include "support/FormHands.h"
 
 #include <QHeaderView>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 #include <QtTest/QTest>
 
 #include "platform/RuntimeError.h"
@@ -70,11 +72,38 @@ QStringList FormHands::Column(int column) const {
     return texts;
 }
 
-void FormHands::ClickRow(int row) const {
+void FormHands::ClickRow(int row, Qt::KeyboardModifiers modifiers) const {
+    const QRect cell = CellOf(row);
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, modifiers, cell.center());
+}
+
+void FormHands::ClickMark(int row) const {
+    ListView& list = List();
+    QStyleOptionViewItem option;
+    option.initFrom(&list);
+    option.rect = CellOf(row);
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    const QRect mark = list.style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, &list);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, mark.center());
+}
+
+void FormHands::ClickMarkOf(const QString& code) const { ClickMark(static_cast<int>(Codes().indexOf(code))); }
+
+QStringList FormHands::MarkedCodes() const {
+    QStringList codes;
+    const ListView& list = List();
+    for (int row = 0; row < list.RowCount(); ++row) {
+        if (list.Checked(row)) codes << list.Row(row).text;
+    }
+    return codes;
+}
+
+/// Scrolled into view first.
+QRect FormHands::CellOf(int row) const {
     ListView& list = List();
     const QModelIndex cell = list.model()->index(row, 0);
     list.scrollTo(cell);
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, list.visualRect(cell).center());
+    return list.visualRect(cell);
 }
 
 void FormHands::ClickTitle(int column) const {

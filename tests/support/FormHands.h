@@ -35,11 +35,18 @@ class FormHands {
     /// Texts of a list column from top to bottom, counted from 0.
     QStringList Column(int column) const;
     QStringList Codes() const { return Column(0); }
-    void ClickRow(int row) const;
+    /// Clicks the code of a row: with Ctrl or Shift to highlight several.
+    void ClickRow(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    /// Clicks the check mark of a row.
+    void ClickMark(int row) const;
+    void ClickMarkOf(const QString& code) const;
+    /// Codes of the rows with a check mark, from top to bottom.
+    QStringList MarkedCodes() const;
     void ClickTitle(int column) const;
 
   private:
     QWidget& Receiver() const;
+    QRect CellOf(int row) const;
 
     Form& form_;
 };

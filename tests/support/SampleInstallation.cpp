@@ -116,6 +116,15 @@ void SampleInstallation::SetEnvironment(const QString& column, const QString& va
 
 void SampleInstallation::ClearStaff() const { general_.Execute(u"DELETE FROM M担当者"_s); }
 
+void SampleInstallation::ReplaceStaff(int count) const {
+    ClearStaff();
+    general_.Execute(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)"
+        u" INSERT INTO M担当者 (コード, 氏名, カナ, 性別区分, 在籍区分, 社員区分)"
+        u" SELECT printf('%05d', i), '氏名' || i, 'ｼﾒｲ' || i, '0', '0', '0' FROM n"_s.replace(u"%1"_s,
+                                                                                              QString::number(count)));
+}
+
 void SampleInstallation::AddStaff(const QString& code, const QHash<QString, QString>& columns) const {
     QHash<QString, QString> row{{u"コード"_s, code},     {u"性別区分"_s, u"0"_s},       {u"在籍区分"_s, u"0"_s},
                                 {u"社員区分"_s, u"0"_s}, {u"住所A"_s, u"東京都港区"_s}, {u"住所B"_s, u"新橋１－１"_s},

@@ -55,6 +55,8 @@ class SampleInstallation {
     void SetEnvironment(const QString& column, const QString& value) const;
     /// Takes all staff away, for tests that bring their own.
     void ClearStaff() const;
+    /// In place of all staff: so many with codes from 00001, all on the payroll.
+    void ReplaceStaff(int count) const;
     /// One row of M担当者: of class 0 throughout, with a filled address, everything else Null unless it is given.
     void AddStaff(const QString& code, const QHash<QString, QString>& columns = {}) const;
     /// Rows of the run history as written, 摘要 only, oldest first.
