@@ -2,6 +2,8 @@
 #include "access/RightsFixture.h"
 #include "screen/InputItem.h"
 
+#include <QtTest/QTest>
+
 using namespace Qt::StringLiterals;
 
 namespace {

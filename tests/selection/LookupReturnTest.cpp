@@ -75,6 +75,17 @@ TEST_F(LookupReturnTest, NextItemThatCannotTakeTheFocusIsPassedBy) {
     EXPECT_EQ(Caller().ActiveControl(), third);
 }
 
+TEST_F(LookupReturnTest, EscLooksForNoOtherNextItem) {
+    auto* third = new InputItem(Caller(), Caller(), u"xField"_s, u"三番目"_s, -1, {});
+    third->move(0, 200);
+    third->show();
+    Control& next = Caller().Item(u"終了コード"_s);
+    next.SetEnabled(false);
+    Open(u"wnd役職一覧"_s, {[](const FormHands& hands) { hands.Press(Qt::Key_Escape); }});
+    EXPECT_EQ(Globals().ListNextItem, &next);
+    EXPECT_EQ(Caller().ActiveControl(), &Result());
+}
+
 TEST_F(LookupReturnTest, OnlyUnderTheProgramOfItsMasterIsAWindowUnloaded) {
     const QList<QStringList> windows = {{u"wnd担当者一覧"_s, u"frm要員台帳更新"_s},
                                         {u"wndセクション一覧"_s, u"frm班台帳更新"_s},

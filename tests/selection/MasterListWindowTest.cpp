@@ -188,6 +188,15 @@ TEST_F(MasterListWindowTest, MissingAndEmptyMastersGiveAnEmptyListThatEscLeaves)
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
+TEST_F(MasterListWindowTest, MasterOfMoreThanAThousandRowsIsShownWhole) {
+    installation.General().Execute(
+        u"DELETE FROM M部門; WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1001)"
+        u" INSERT INTO M部門 (コード, 名称, 稼動状況区分) SELECT printf('%04d', i), '部門' || i, '1' FROM n"_s);
+    const QStringList codes = Shown(u"wnd部門一覧"_s);
+    EXPECT_EQ(codes.size(), 1001);
+    EXPECT_EQ(codes.last(), u"1001"_s);
+}
+
 TEST_F(MasterListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAsTheyAre) {
     installation.General().Execute(
         u"INSERT INTO M役職 (コード, 名称) VALUES ('A''', NULL), ('Ab', '%1')"_s.replace(u"%1"_s, QString(200, u'長')));

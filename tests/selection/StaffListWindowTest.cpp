@@ -1,6 +1,9 @@
 #include "screen/ListView.h"
 #include "selection/ListWindowFixture.h"
+#include "selection/StaffListWindow.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 
 using namespace Qt::StringLiterals;
@@ -286,6 +289,94 @@ TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandL
             GoBack(hands);
         }});
     }
+}
+
+TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHas) {
+    installation.ReplaceStaff(30);
+    // A count that begins at 990 has ten rows to go; the engine's own limit is far from the thirty.
+    auto* window =
+        new StaffListWindow({{u"wnd数え"_s, {}, {}, u"List担当者"_s, {{u"コード"_s, 750, u"コード"_s}}, {}}, 990});
+    window->ShowModeless();
+    EXPECT_EQ(window->List().RowCount(), 10);
+    EXPECT_EQ(window->List().Row(9).text, u"00010"_s);
+    EXPECT_TRUE(window->Item(u"lab_注意"_s).Visible());
+}
+
+TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilItIsCleared) {
+    installation.ReplaceStaff(3);
+    Open(kWindow, u"そんな条件 は ない"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Codes(), QStringList());
+             EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
+             EXPECT_EQ(Globals().ListCondition, u"そんな条件 は ない"_s);
+             hands.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(hands.Codes().size(), 3);
+             GoBack(hands);
+         }});
+    EXPECT_EQ(History().size(), 1);
+    EXPECT_TRUE(History().last().contains(u" WHERE (そんな条件 は ない) AND "_s)) << History().last().toStdString();
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(StaffListWindowTest, CallersTermIsTakenWhateverItsLetterCase) {
+    installation.ReplaceStaff(30);
+    Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Text(u"コード"_s), u"00029"_s);
+             EXPECT_EQ(Globals().ListCondition, QString());
+             EXPECT_EQ(hands.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
+             GoBack(hands);
+         }});
+}
+
+TEST_F(StaffListWindowTest, MissingAndEmptyClassTablesLeaveAllAloneAndNarrowNothing) {
+    installation.ClearStaff();
+    installation.AddStaff(u"00001"_s);
+    installation.AddStaff(u"00002"_s, {{u"在籍区分"_s, u"1"_s}});
+    installation.General().Execute(u"DROP TABLE K在籍区分; DELETE FROM K社員区分"_s);
+    OpenStaff({[](const FormHands& hands) {
+        for (const QString& item : {u"在籍区分"_s, u"社員区分"_s}) {
+            EXPECT_EQ(hands.Item(item).MaxValue(), 0);
+            EXPECT_EQ(hands.Text(item + u"名称"_s), u"全て"_s);
+        }
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
+        GoBack(hands);
+    }});
+}
+
+TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChosenAsTheyAre) {
+    installation.ClearStaff();
+    installation.General().Execute(
+        u"INSERT INTO M担当者 (コード, 氏名, 在籍区分, 社員区分)"
+        u" VALUES ('A0001', NULL, '0', '0'), ('Ab''01', '%1', '0', '0')"_s.replace(u"%1"_s, QString(200, u'長')));
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_EQ(hands.Codes(), (QStringList{u"A0001"_s, u"Ab'01"_s}));
+        EXPECT_EQ(hands.Column(1), (QStringList{QString(), QString(200, u'長')}));
+        EXPECT_EQ(hands.List().Row(1).key, u"CAb'01"_s);
+        hands.ClickRow(1);
+    }});
+    EXPECT_EQ(Result().Text(), u"Ab'01"_s);
+}
+
+TEST_F(StaffListWindowTest, PastedTextKeepsToSignsAndLengthsOfItsItemAndIsSearched) {
+    installation.ReplaceStaff(30);
+    OpenStaff({[](const FormHands& hands) {
+        const auto paste = [&](const QString& item, const QString& text) {
+            QGuiApplication::clipboard()->setText(text);
+            hands.Click(item);
+            hands.Press(Qt::Key_Insert, Qt::ShiftModifier);
+        };
+        paste(u"部門コード"_s, u"1' OR '2' = '345"_s);
+        EXPECT_EQ(hands.Text(u"部門コード"_s), u"123"_s);
+        paste(u"名称"_s, QString(200, u'山'));
+        EXPECT_EQ(hands.Text(u"名称"_s), QString(30, u'山'));
+        paste(u"カナ"_s, QString(200, u'ﾔ'));
+        EXPECT_EQ(hands.Text(u"カナ"_s), QString(20, u'ﾔ'));
+        paste(u"コード"_s, u"2'9x"_s);
+        EXPECT_EQ(hands.Text(u"コード"_s), u"29"_s);
+        hands.Click(u"btn_コード検索"_s);
+        EXPECT_EQ(hands.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
+        GoBack(hands);
+    }});
+    EXPECT_TRUE(History().isEmpty()) << History().join(u'\n').toStdString();
 }
 
 TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {

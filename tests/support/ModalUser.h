@@ -2,13 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QTest>
 #include <QTimer>
 #include <functional>
 
 #include "screen/Form.h"
+#include "support/FormHands.h"
 
-/// Somebody at a modal window: works each one of that name as it appears, while the code under test waits for its end.
+/// Somebody at the modal windows of one name: does the same work at each as it appears, while the code under test waits
+/// for its end. Where several windows come up one after the other, each with a work of its own, see WindowDriver.
 /// A window that the work leaves open fails the test and is taken away.
 class ModalUser {
   public:
@@ -27,33 +28,21 @@ class ModalUser {
     Form& Dialog() const { return *dialog_; }
     bool IsOpen() const { return Find() != nullptr; }
 
-    Control& Item(const QString& name, int index = -1) const { return dialog_->Item(name, index); }
+    FormHands Hands() const { return FormHands(*dialog_); }
+    Control& Item(const QString& name, int index = -1) const { return Hands().Item(name, index); }
     QString Text(const QString& name, int index = -1) const { return Item(name, index).Text(); }
-    /// Name of the item that has the focus, empty for none.
-    QString Focused() const {
-        const Control* active = dialog_->ActiveControl();
-        return active == nullptr ? QString() : active->Name();
-    }
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-        QTest::keyClick(Receiver(), key, modifiers);
-    }
-    void Type(const QString& text) const {
-        for (const QChar sign : text)
-            QTest::sendKeyEvent(QTest::Click, Receiver(), Qt::Key_unknown, sign, Qt::NoModifier);
-    }
+    QString Focused() const { return Hands().Focused(); }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const { Hands().Press(key, modifiers); }
+    void Type(const QString& text) const { Hands().TypeSigns(text); }
     void Click(const QString& name, int index = -1) const {
         ASSERT_TRUE(IsOpen());
-        QTest::mouseClick(&Item(name, index).FocusWidget(), Qt::LeftButton);
+        Hands().Click(name, index);
     }
 
   private:
     Form* Find() const {
         Form* form = LoadedForm(name_);
         return form != nullptr && form->isVisible() ? form : nullptr;
-    }
-    QWidget* Receiver() const {
-        Control* active = dialog_->ActiveControl();
-        return active == nullptr ? static_cast<QWidget*>(dialog_) : &active->FocusWidget();
     }
     void Look() {
         dialog_ = Find();
