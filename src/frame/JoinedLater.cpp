@@ -1,7 +1,5 @@
 #include "frame/JoinedLater.h"
 
-void PrepareUserConfig() {}
-
 void OpenSelectionWindow(const QString&) {}
 
 void RunEnvelopePrint() {}

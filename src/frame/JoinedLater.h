@@ -5,9 +5,6 @@
 // What belongs to rooms that are not built yet. Each procedure does nothing and answers success, so that the program
 // runs without it; whoever builds the room takes its procedures out of here.
 
-/// Makes the user's own copies of configuration and report files where they are missing.
-void PrepareUserConfig();
-
 /// Opens the window behind a range button of the head, in which rows of a master are picked one by one.
 void OpenSelectionWindow(const QString& button);
 
