@@ -5,7 +5,8 @@
 
 #include "data/Connections.h"
 #include "data/DefinitionRows.h"
-#include "frame/JoinedLater.h"
+#include "data/FileCopies.h"
+#include "data/UserConfiguration.h"
 #include "frame/ProgramGlobals.h"
 #include "platform/Services.h"
 
@@ -145,12 +146,6 @@ QString ReadComputerName() { return ReadName(&platform::SystemInformation::ReadC
 QString CutAtNull(const QString& text) {
     const qsizetype found = text.indexOf(QChar(u'\0'));
     return found > 0 ? text.first(found) : QString();
-}
-
-bool FileExistsCheck(const QString& path) { return platform::Services().files->FileExists(path); }
-
-bool CopyFileOver(const QString& source, const QString& target) {
-    return platform::Services().files->CopyFile(source, target);
 }
 
 // The common file alone can say whether a private one exists, so it is read first; the private one, once in use,

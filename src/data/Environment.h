@@ -12,10 +12,6 @@ QString ReadComputerName();
 /// The text before the first NUL; empty when the NUL stands first or there is none.
 QString CutAtNull(const QString& text);
 
-bool FileExistsCheck(const QString& path);
-/// Copies over whatever stands at the target. A failure gives False and no message.
-bool CopyFileOver(const QString& source, const QString& target);
-
 /// Finds the installation around the running program, reads its definition rows and leaves the configuration
 /// connection open on the file in use. The value of ConfigConnectionOpen; False, and no message, where there is no
 /// installation, no configuration file or no usable user name. A configuration file that cannot be opened is told

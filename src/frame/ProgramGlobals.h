@@ -75,6 +75,7 @@ struct ProgramGlobals {
     bool MainConnectionOpen = false;  ///< also True where the definition row names no known dialect
 
     HostRun Host;
+    QString DiscoveredHostFolder;  ///< found while the host was trusted; a run of the host reads the registry anew
 
     QString LinkSenderId, LinkStartInfo, LinkEndInfo;
 

@@ -54,6 +54,8 @@ bool HostFileSystem::CopyFile(const QString& source, const QString& target) cons
     return from.error() == QFileDevice::NoError && to.commit();
 }
 
+bool HostFileSystem::RemoveFile(const QString& path) const { return QFile::remove(path) || !FileExists(path); }
+
 bool HostFileSystem::FolderExists(const QString& path) const { return QFileInfo(NativePath(path)).isDir(); }
 
 void HostFileSystem::CreateFolder(const QString& path) const {

@@ -22,6 +22,8 @@ class FileSystem {
     virtual bool FileExists(const QString& path) const = 0;
     /// Copies over whatever stands at the target. A failure leaves no half copy at the target; no message.
     virtual bool CopyFile(const QString& source, const QString& target) const = 0;
+    /// False where it is still there.
+    virtual bool RemoveFile(const QString& path) const = 0;
     virtual bool FolderExists(const QString& path) const = 0;
     /// Makes one folder in a folder that exists. RuntimeError with what stood in the way.
     virtual void CreateFolder(const QString& path) const = 0;
@@ -34,6 +36,7 @@ class HostFileSystem : public FileSystem {
   public:
     bool FileExists(const QString& path) const override;
     bool CopyFile(const QString& source, const QString& target) const override;
+    bool RemoveFile(const QString& path) const override;
     bool FolderExists(const QString& path) const override;
     void CreateFolder(const QString& path) const override;
     std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const override;

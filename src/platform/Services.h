@@ -6,6 +6,7 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
+#include "platform/LinkedTables.h"
 #include "platform/PinCipherObject.h"
 #include "platform/ProcessService.h"
 #include "platform/Registry.h"
@@ -25,6 +26,7 @@ struct ServiceSet {
     std::unique_ptr<ProcessService> processes = std::make_unique<HostProcessService>();
     std::unique_ptr<Registry> registry = std::make_unique<FileRegistry>();
     std::unique_ptr<ReportHostLink> reportHosts = std::make_unique<LocalReportHostLink>();
+    std::unique_ptr<TableEngine> tableEngine = std::make_unique<SuiteTableEngine>();
     std::unique_ptr<PinCipherObject> pins = std::make_unique<UnsealedPins>();
 };
 

@@ -1,5 +1,6 @@
 #include "report-host/FormsFile.h"
 
+#include "platform/LinkedTables.h"
 #include "platform/database/SqliteOpening.h"
 #include "report-host/SqliteRows.h"
 
@@ -7,18 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace report {
 
-namespace {
-
-const QString kDatabaseField = u";DATABASE="_s;
-
-}  // namespace
-
-QString LinkedTable::DatabaseFile() const {
-    const qsizetype at = connect.indexOf(kDatabaseField, 0, Qt::CaseInsensitive);
-    return at < 0 ? QString() : connect.mid(at + kDatabaseField.size()).section(u';', 0, 0);
-}
-
-QString ConnectTextOf(const QString& databaseFile) { return kDatabaseField + databaseFile; }
+QString LinkedTable::DatabaseFile() const { return platform::DatabaseOfConnectText(connect); }
 
 FormsFile::FormsFile(const QString& path, platform::ConnectMode mode) {
     platform::ConnectionRequest request;

@@ -20,12 +20,6 @@ struct LinkedTable {
     QString DatabaseFile() const;
 };
 
-/// What 属性 says of every linked table.
-inline constexpr int kLinkedTableAttribute = 0x40000000;
-
-/// The connect text of a database file.
-QString ConnectTextOf(const QString& databaseFile);
-
 /// The file with the report forms, table 帳票 (名称, 定義), and their linked tables, table リンクテーブル (名称,
 /// 元テーブル, 接続, 属性). All members throw platform::DatabaseError, with a Japanese description where the file can't
 /// be opened.

@@ -3,10 +3,12 @@
 #include <limits>
 
 #include "setup/Arguments.h"
+#include "setup/CheckCommand.h"
 #include "setup/FormsCommand.h"
 #include "setup/HistoryCommand.h"
 #include "setup/Installer.h"
 #include "setup/LinksCommand.h"
+#include "setup/MoveCommand.h"
 #include "setup/PinSealing.h"
 #include "setup/PrinterCommand.h"
 #include "setup/RegistryCommand.h"
@@ -33,6 +35,8 @@ const QString kUsage =
     u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
     u"      --follow              中断されるまで、追加される行を待って表示する\n"
     u"  suite-setup links フォルダ [--user NAME]   プログラム間で受け取りを待っている連携情報を表示する\n"
+    u"  suite-setup check フォルダ [--user NAME]   足りないもの、読めないもの、リンクや信頼の誤りを表示する\n"
+    u"  suite-setup move フォルダ                  複写や移動をしたインストールに自分のファイルを使わせる\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
     u"  suite-setup printer フォルダ [オプション]  帳票の出力先を表示する、または決める\n"
     u"      --to-printer NAME     プリンター NAME に印刷する\n"
@@ -105,6 +109,8 @@ constexpr Verb kVerbs[] = {
     {u"init", InitOptions, MakeFromArguments},
     {u"history", HistoryOptions, ShowHistory},
     {u"links", LinksOptions, ShowLinks},
+    {u"check", CheckOptions, CheckInstallation},
+    {u"move", NoOptions, MoveInstallation},
     {u"seal-pins", NoOptions, SealPins},
     {u"printer", PrinterOptions, ChoosePrinter},
     {u"forms export", FormFileOptions, ExportForms, 1},

@@ -1,6 +1,6 @@
 #include "setup/FormsStore.h"
 
-#include "report-host/FormsFile.h"
+#include "platform/LinkedTables.h"
 #include "report-host/StandardForms.h"
 #include "setup/StoreWriter.h"
 
@@ -16,8 +16,8 @@ void WriteStandardForms(const QString& path, const QString& reportDatabase) {
             forms.Set(u"名称"_s, name).Set(u"定義"_s, report::StandardForm(name)).Add();
             links.Set(u"名称"_s, name)
                 .Set(u"元テーブル"_s, name)
-                .Set(u"接続"_s, report::ConnectTextOf(reportDatabase))
-                .Set(u"属性"_s, QString::number(report::kLinkedTableAttribute))
+                .Set(u"接続"_s, platform::ConnectTextOf(reportDatabase))
+                .Set(u"属性"_s, QString::number(platform::kLinkedTable))
                 .Add();
         }
     }

@@ -2,6 +2,7 @@
 
 #include "data/DataFixture.h"
 #include "data/Environment.h"
+#include "data/FileCopies.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,0 @@
-#include "frame/JoinedLater.h"
-
-void PrepareUserConfig() {}
-

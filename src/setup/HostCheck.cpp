@@ -1,0 +1,74 @@
+#include "setup/HostCheck.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <optional>
+
+#include "data/ReportHostTrust.h"
+#include "data/TrustedLocations.h"
+#include "platform/Services.h"
+#include "platform/registry/RegistryFile.h"
+#include "setup/ReportHostInstallation.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+std::optional<QString> RegisteredFolder() {
+    platform::Registry& registry = *platform::Services().registry;
+    platform::RegistryKey key;
+    const QString path = ReportHostKey().section(u'\\', 1);
+    if (registry.OpenKey(platform::MachineRoot(), path, platform::kRegistryRead, key) != platform::kRegistryDone)
+        return std::nullopt;
+    std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
+    registry.CloseKey(key);
+    return folder;
+}
+
+bool Holds(const platform::RegistryContent::Key& key, const QString& folder) {
+    const auto path = key.values.find(platform::FoldedName(u"Path"_s));
+    if (path == key.values.end()) return false;
+    const auto* text = std::get_if<QString>(&path->second.data);
+    return text != nullptr && text->contains(folder + platform::kPathSeparator, Qt::CaseInsensitive);
+}
+
+bool Trusts(const platform::RegistryContent& content, const QString& version, const QString& folder) {
+    const QString below = platform::FoldedName(TrustedLocationsKey(version)) + u'\\';
+    for (const auto& [name, key] : content.keys)
+        if (name.startsWith(below) && Holds(key, folder)) return true;
+    return false;
+}
+
+}  // namespace
+
+QStringList HostFaults(const UserAccess& user) {
+    const std::optional<QString> folder = RegisteredFolder();
+    if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
+    const QString program = *folder + u"MSACCESS.EXE"_s;
+    if (!QFileInfo(program).isFile()) return {u"登録されている帳票ホスト %1 がありません。"_s.arg(program)};
+    if (!user.MayRun(program)) return {u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program)};
+    if (!IsKnownHost(*folder))
+        return {u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。"_s.arg(*folder)};
+    return {};
+}
+
+QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
+    const QString version = TrustVersionOf(RegisteredFolder().value_or(QString()));
+    if (version.isEmpty()) return {};
+    QFile file(user.RegistryFile());
+    std::optional<platform::RegistryContent> content = platform::RegistryContent();
+    if (file.exists()) {
+        if (!file.open(QIODevice::ReadOnly)) return {u"レジストリ %1 を読めません。"_s.arg(file.fileName())};
+        content = platform::ParseRegistry(file.readAll());
+    }
+    if (!content) return {u"レジストリ %1 が壊れています。"_s.arg(file.fileName())};
+    if (Trusts(*content, version, reportFolder)) return {};
+    return {
+        u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
+        u"    suite-setup registry set 'HKCU\\%2\\Location' Path '%1/'"_s.arg(reportFolder,
+                                                                              TrustedLocationsKey(version))};
+}
+
+}  // namespace setup

@@ -1,0 +1,96 @@
+#include "setup/MoveCommand.h"
+
+#include <QFileInfo>
+
+#include "platform/LinkedTables.h"
+#include "platform/Services.h"
+#include "setup/ConfigurationFiles.h"
+#include "setup/InstallationUsers.h"
+#include "setup/Installer.h"
+#include "setup/ReportHostInstallation.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+/// One move: what it says, and the files that stayed outside.
+struct Move {
+    QString root;
+    const Console& console;
+    int changes = 0;
+    QStringList outside;
+
+    void Tell(const QString& file, const QString& from, const QString& to) {
+        ++changes;
+        console.out << u"%1: %2 → %3\n"_s.arg(file, from, to);
+    }
+};
+
+QString FileName(QString path) { return path.replace(u'\\', u'/').section(u'/', -1); }
+
+platform::Connection OpenForWriting(const QString& file) {
+    platform::Connection connection;
+    connection.CursorLocation = platform::CursorLocation::Client;
+    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
+    return connection;
+}
+
+void MoveDefinition(Move& move, const QString& file) {
+    platform::Connection connection = OpenForWriting(file);
+    platform::Recordset row;
+    row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
+    if (row.AtEOF()) return;
+    const QString dialect = row[u"db"].TextOr(u""_s), source = row[u"データソース名"].TextOr(u""_s);
+    row.Close();
+    if (dialect != u"A"_s) {
+        move.console.out << u"%1: サーバーのデータベース %2 はそのままです。\n"_s.arg(file, source);
+        return;
+    }
+    const QString own = move.root + u"/data/"_s + FileName(source);
+    if (source == own) return;
+    if (!QFileInfo(own).isFile()) {
+        move.outside.append(source);
+        return;
+    }
+    QString quoted = own;
+    connection.Execute(u"UPDATE データベース定義 SET データソース名 = '"_s + quoted.replace(u'\'', u"''"_s) +
+                       u"' WHERE 情報種類 = 'GNR'"_s);
+    move.Tell(file, source, own);
+}
+
+void MoveLinks(Move& move, const QString& formsFile, const QString& workTables) {
+    const auto file = platform::Services().tableEngine->OpenDatabase(formsFile);
+    for (platform::TableDef& table : file->TableDefs()) {
+        const QString old = platform::DatabaseOfConnectText(table.Connect);
+        if (table.Attributes != platform::kLinkedTable || old == workTables) continue;
+        table.Connect = platform::ConnectTextOf(workTables);
+        file->RefreshLink(table);
+        move.Tell(formsFile + u" の "_s + table.Name, old, workTables);
+    }
+}
+
+void MovePlaces(Move& move, const FilePlaces& places) {
+    const QString configuration = ConfigurationFile(places.conf);
+    if (!configuration.isEmpty()) MoveDefinition(move, configuration);
+    for (const QString& forms : FormsFilesIn(places.report)) MoveLinks(move, forms, WorkTablesIn(places.report));
+}
+
+}  // namespace
+
+void MoveInstallation(const Arguments& arguments, const Console& console) {
+    Move move{InstallationRoot(arguments.installation), console, 0, {}};
+    MovePlaces(move, CommonPlaces(move.root));
+    for (const FilePlaces& places : AllPrivatePlaces(move.root)) MovePlaces(move, places);
+    if (!move.outside.isEmpty()) {
+        move.outside.removeDuplicates();
+        throw platform::RuntimeError(kWorkFailed, u"一般データベース %1 は %2 の外にあり、変更していません。"_s.arg(
+                                                      move.outside.join(u'、'), move.root));
+    }
+    if (move.changes == 0) console.out << u"変更するところはありませんでした。\n"_s;
+}
+
+}  // namespace setup

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace setup {
+
+/// What a user of this machine may do with files, by their modes.
+class UserAccess {
+  public:
+    /// The user of that name; where the machine knows none, and with an empty name, whoever runs this.
+    explicit UserAccess(const QString& user);
+
+    bool MayRead(const QString& path) const { return May(path, 4); }
+    bool MayWrite(const QString& path) const { return May(path, 2); }
+    bool MayRun(const QString& path) const { return May(path, 5); }
+    /// The user's part of the registry.
+    QString RegistryFile() const;
+
+  private:
+    bool May(const QString& path, unsigned wanted) const;
+    bool Has(const QString& path, unsigned wanted) const;
+
+    bool self_ = true;
+    uid_t id_ = 0;
+    std::vector<gid_t> groups_;
+    QString home_;
+};
+
+}  // namespace setup

@@ -1,0 +1,269 @@
+#include "data/UserConfiguration.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "data/Connections.h"
+#include "data/Environment.h"
+#include "frame/ProgramGlobals.h"
+#include "platform/OutputFile.h"
+#include "platform/RuntimeError.h"
+#include "screen/Form.h"
+#include "support/FileBytes.h"
+#include "support/SampleInstallation.h"
+#include "support/StandInRegistry.h"
+#include "support/TestServices.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLinks = u"SELECT 接続 FROM リンクテーブル ORDER BY rowid"_s;
+
+bool WaitDialogStands() {
+    for (const Form* form : LoadedForms())
+        if (form->Name() == u"msgお待ち"_s) return true;
+    return false;
+}
+
+/// Tells the copies in their order, those during which the wait dialog stands with a star behind.
+class WatchedFiles : public platform::HostFileSystem {
+  public:
+    QStringList& copies;
+    QString diskFullAt;     ///< no room is left while this file is copied
+    QString noFolderBelow;  ///< no folder can be made in this one
+    explicit WatchedFiles(QStringList& watched) : copies(watched) {}
+
+    bool CopyFile(const QString& source, const QString& target) const override {
+        const QString name = QFileInfo(target).fileName();
+        copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
+        return name == diskFullAt ? CopyOnFullDisk(source, target) : HostFileSystem::CopyFile(source, target);
+    }
+    void CreateFolder(const QString& path) const override {
+        if (!noFolderBelow.isEmpty() && path.startsWith(noFolderBelow))
+            throw platform::RuntimeError(70, u"書き込む権限がありません。"_s);
+        HostFileSystem::CreateFolder(path);
+    }
+
+  private:
+    bool CopyOnFullDisk(const QString& source, const QString& target) const {
+        platform::LetWritesPastALimitFail();
+        rlimit kept = {};
+        getrlimit(RLIMIT_FSIZE, &kept);
+        const rlimit tight{static_cast<rlim_t>(QFileInfo(source).size() / 2), kept.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &tight);
+        const bool copied = HostFileSystem::CopyFile(source, target);
+        setrlimit(RLIMIT_FSIZE, &kept);
+        return copied;
+    }
+};
+
+/// A user without anything of his own in an installation with private copies.
+class UserConfiguration : public testing::Test {
+  protected:
+    explicit UserConfiguration(bool mdb = false)
+        : installation({.staff = 1, .mdb = mdb, .installKind = 1}), kind(mdb ? kMdb : kAccdb) {
+        services.system.applicationFolder = installation.ProgramFolder();
+        registry.GiveHost(u"/opt/host/OFFICE16/"_s);
+        auto watched = std::make_unique<WatchedFiles>(copies);
+        files = watched.get();
+        platform::Services().files = std::move(watched);
+        InstallationLayout& layout = Globals().Layout;
+        layout.CommonConfFolder = installation.ConfFolder();
+        layout.CommonReportFolder = installation.ReportFolder();
+        layout.UserConfFolder = Own(u"conf"_s);
+        layout.UserReportFolder = Own(u"report"_s);
+        layout.ConfigDbKind = layout.ReportDbKind = kind;
+    }
+
+    QString Own(const QString& path) const { return installation.UserFolder(u"tester"_s) + u'/' + path; }
+    QStringList OwnFiles(const QString& folder) const {
+        return QDir(Own(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    /// Connect texts in a forms file of the user; each one only once.
+    QStringList LinksOf(const QString& file) const {
+        QStringList links;
+        for (const QStringList& row : SampleFile(Own(u"report/"_s + file)).Rows(kLinks)) links.append(row.first());
+        links.removeDuplicates();
+        return links;
+    }
+    QString OwnLink(const QString& file = u"repdb.accdb"_s) const { return u";DATABASE="_s + Own(u"report/"_s + file); }
+
+    TestServices services;
+    SampleInstallation installation;
+    StandInRegistry& registry = UseStandInRegistry();
+    QStringList copies;
+    WatchedFiles* files = nullptr;
+    int kind;
+};
+
+class OlderUserConfiguration : public UserConfiguration {
+  protected:
+    OlderUserConfiguration() : UserConfiguration(true) {}
+};
+
+}  // namespace
+
+TEST_F(UserConfiguration, FirstStartMakesCopiesLinkedToTheUsersOwnTablesUnderTheWaitDialog) {
+    ASSERT_TRUE(LoadEnvironment());
+    EXPECT_EQ(copies, QStringList({u"usrcnfg.accdb"_s, u"repdb.accdb*"_s, u"repfrmdb.accdb*"_s}));
+    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
+    EXPECT_EQ(installation.Forms().Value(kLinks), u";DATABASE="_s + installation.Report().Path());
+    EXPECT_EQ(registry.Text(LocationsOf(u"16.0"_s) + u"\\Location0"_s, u"Path"_s), Own(u"report/"_s));
+    EXPECT_EQ(Globals().ProcCounter, 0);
+    EXPECT_EQ(services.dialogs.Texts(), QStringList());
+}
+
+TEST_F(UserConfiguration, SecondStartCopiesNothingShowsNoDialogAndAsksForNoHost) {
+    PrepareUserConfig();
+    copies.clear();
+    registry.reads = 0;
+    WriteBytes(Own(u"report/repfrmdb.accdb"_s), "the user's own");
+    PrepareUserConfig();
+    EXPECT_EQ(copies, QStringList());
+    EXPECT_EQ(registry.reads, 0);
+    EXPECT_EQ(ReadBytes(Own(u"report/repfrmdb.accdb"_s)), "the user's own");
+}
+
+TEST_F(UserConfiguration, LostConfigurationComesBackAlone) {
+    PrepareUserConfig();
+    copies.clear();
+    ASSERT_TRUE(QFile::remove(Own(u"conf/usrcnfg.accdb"_s)));
+    PrepareUserConfig();
+    EXPECT_EQ(copies, QStringList{u"usrcnfg.accdb"_s});
+}
+
+TEST_F(UserConfiguration, WithoutAHostTheLinksStayOnTheCommonTables) {
+    registry.GiveHost(u"/opt/host/"_s);
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{u";DATABASE="_s + installation.Report().Path()});
+}
+
+TEST_F(UserConfiguration, WithoutKindsNothingIsHandled) {
+    Globals().Layout.ConfigDbKind = Globals().Layout.ReportDbKind = kNoFile;
+    PrepareUserConfig();
+    EXPECT_EQ(copies, QStringList());
+    EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
+}
+
+TEST_F(OlderUserConfiguration, MissingSecondFormsFileOnlyPassesThroughTheHandler) {
+    PrepareUserConfig();
+    EXPECT_EQ(copies, QStringList({u"usrcnfg.mdb"_s, u"repdb.mdb*"_s, u"repfrmdb.mdb*"_s, u"repfrmdb.accdb*"_s}));
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.mdb"_s, u"repfrmdb.mdb"_s}));
+    EXPECT_EQ(LinksOf(u"repfrmdb.mdb"_s), QStringList{OwnLink(u"repdb.mdb"_s)});
+    EXPECT_EQ(Globals().ProcCounter, 1);
+    EXPECT_EQ(Globals().Layout.ReportDbKind, kMdb);
+}
+
+TEST_F(OlderUserConfiguration, BothFormsFilesAreLinkedToTheOneWorkFile) {
+    ASSERT_TRUE(QFile::copy(installation.Forms().Path(), installation.ReportFolder() + u"/repfrmdb.accdb"_s));
+    PrepareUserConfig();
+    EXPECT_EQ(LinksOf(u"repfrmdb.mdb"_s), QStringList{OwnLink(u"repdb.mdb"_s)});
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink(u"repdb.mdb"_s)});
+    EXPECT_EQ(Globals().ProcCounter, 0);
+}
+
+TEST_F(UserConfiguration, ErrorRowIsLostWithoutAConnectionAndUsesUpItsNumber) {
+    ASSERT_TRUE(QFile::remove(installation.Forms().Path()));
+    ASSERT_TRUE(LoadEnvironment());
+    // The copy, and the opening for the links.
+    EXPECT_EQ(Globals().ProcCounter, 2);
+    EXPECT_EQ(installation.HistoryTexts(), QStringList());
+    EXPECT_EQ(SampleFile(Own(u"conf/usrcnfg.accdb"_s)).Rows(u"SELECT 摘要 FROM プログラム稼動履歴"_s).size(), 0);
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList{u"repdb.accdb"_s});
+    EXPECT_EQ(services.dialogs.Texts(), QStringList());
+}
+
+TEST_F(UserConfiguration, ErrorRowNamesBothFolders) {
+    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.CommonConfFolder = u"/nowhere"_s;
+    OpenConfigConnection(ConfigConnectionString(kind, installation.Configuration().Path()));
+    PrepareUserConfig();
+    EXPECT_EQ(installation.HistoryTexts(),
+              QStringList{u"エラー ファイル usrcnfg.accdb を複写できません。 User ConfF="_s + Own(u"conf"_s) +
+                          u" User Report ="_s + Own(u"report"_s)});
+}
+
+TEST_F(UserConfiguration, MissingCommonConfigurationDoesNotKeepTheReportFilesBack) {
+    ASSERT_TRUE(QFile::remove(installation.Configuration().Path()));
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList());
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
+    EXPECT_EQ(Globals().ProcCounter, 1);
+}
+
+TEST_F(UserConfiguration, FormsFileWithoutLinkedTablesIsLeftAsItIs) {
+    installation.Forms().Execute(u"DROP TABLE リンクテーブル"_s);
+    PrepareUserConfig();
+    EXPECT_EQ(ReadBytes(Own(u"report/repfrmdb.accdb"_s)), ReadBytes(installation.Forms().Path()));
+    EXPECT_EQ(Globals().ProcCounter, 0);
+}
+
+TEST_F(UserConfiguration, OnlyTablesThatAreExactlyLinkedArePointedElsewhere) {
+    installation.Forms().Execute(
+        u"UPDATE リンクテーブル SET 属性 = '1610612736', 接続 = ';DATABASE=/other'"
+        u" WHERE rowid = (SELECT MAX(rowid) FROM リンクテーブル)"_s);
+    PrepareUserConfig();
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList({OwnLink(), u";DATABASE=/other"_s}));
+}
+
+TEST_F(UserConfiguration, LinkThatCantBeRefreshedStaysAndTheOthersGoOn) {
+    const QString common = u";DATABASE="_s + installation.Report().Path();
+    installation.Forms().Execute(
+        u"UPDATE リンクテーブル SET 元テーブル = 'なし' WHERE rowid = (SELECT MIN(rowid) FROM リンクテーブル)"_s);
+    PrepareUserConfig();
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList({common, OwnLink()}));
+    EXPECT_EQ(Globals().ProcCounter, 1);
+}
+
+TEST_F(UserConfiguration, WithoutRightToMakeTheFolderTheUserIsToldAndTheStartEnds) {
+    files->noFolderBelow = installation.UserFolder(u"tester"_s);
+    EXPECT_THROW(LoadEnvironment(), platform::RuntimeError);
+    const QStringList texts = services.dialogs.Texts();
+    ASSERT_EQ(texts.size(), 2);
+    EXPECT_TRUE(texts.first().startsWith(u"DIREXISTCHK ERROR70 書き込む権限がありません。"_s));
+    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
+}
+
+class FullDiskAtCopy : public UserConfiguration, public testing::WithParamInterface<const char16_t*> {};
+
+TEST_P(FullDiskAtCopy, LeavesNoHalfFileAndTheNextStartMakesItGood) {
+    files->diskFullAt = QString::fromUtf16(GetParam());
+    PrepareUserConfig();
+    EXPECT_FALSE((OwnFiles(u"conf"_s) + OwnFiles(u"report"_s)).contains(files->diskFullAt));
+    EXPECT_GE(Globals().ProcCounter, 1);
+    files->diskFullAt.clear();
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
+    EXPECT_EQ(ReadBytes(Own(u"conf/usrcnfg.accdb"_s)), ReadBytes(installation.Configuration().Path()));
+}
+INSTANTIATE_TEST_SUITE_P(Each, FullDiskAtCopy, testing::Values(u"usrcnfg.accdb", u"repdb.accdb", u"repfrmdb.accdb"));
+
+class UserNames : public UserConfiguration, public testing::WithParamInterface<const char16_t*> {};
+
+TEST_P(UserNames, BecomeTheFolderAsTheyAre) {
+    services.system.userName = QString::fromUtf16(GetParam());
+    ASSERT_TRUE(LoadEnvironment());
+    const QString own = installation.UserFolder(services.system.userName) + u"/report/"_s;
+    EXPECT_EQ(SampleFile(own + u"repfrmdb.accdb"_s).Value(kLinks), u";DATABASE="_s + own + u"repdb.accdb"_s);
+    EXPECT_EQ(Globals().ProcCounter, 0);
+}
+INSTANTIATE_TEST_SUITE_P(Odd, UserNames, testing::Values(u"Taro Yamada", u"山田　太郎", u"o'hara", u"..x"));
+
+TEST_F(UserConfiguration, UserNameThatLeadsElsewhereMakesNothing) {
+    services.system.userName = u".."_s;
+    EXPECT_FALSE(LoadEnvironment());
+    EXPECT_EQ(copies, QStringList());
+    EXPECT_EQ(QDir(installation.Root() + u"/users"_s).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList());
+}
