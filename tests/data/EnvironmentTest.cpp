@@ -1,6 +1,7 @@
 #include "data/Environment.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include "data/DataFixture.h"
@@ -162,12 +163,15 @@ TEST_F(Environment, TheConnectionThatStaysIsOnTheFileInUse) {
               QList<QStringList>{{u"000"_s}});
 }
 
-TEST_F(Environment, AMissingPrivateFileFailsTheSecondOpening) {
+TEST_F(Environment, APrivateFileThatCannotBeMadeFailsTheSecondOpening) {
     Set(u"インストール区分 = '1'"_s);
+    const QString folder = QFileInfo(PrivateConfig()).path();
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(folder).path()));
+    QFile inTheWay(folder);
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
     EXPECT_THROW(LoadEnvironment(), platform::DatabaseError);
     EXPECT_TRUE(Globals().ConfigConnectionOpen);
     EXPECT_FALSE(QFile::exists(PrivateConfig()));
-    EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
 TEST_F(Environment, AnyOtherInstallKindSetsNoFolderAndFailsTheSecondOpening) {
