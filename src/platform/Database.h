@@ -26,7 +26,8 @@ class Field {
     QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
     /// The text as UTF-8, without a copy. A Null: as Text().
     QByteArrayView Utf8() const;
-    /// Declared type of the column in capitals ("TEXT", "CURRENCY"), empty for an expression.
+    /// Declared type of the column in capitals ("TEXT", "CURRENCY"). Of an expression it is empty in a desktop file and
+    /// the type of its values on a server.
     QString DeclaredType() const;
 
   private:

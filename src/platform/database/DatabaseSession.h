@@ -14,7 +14,7 @@ namespace platform {
 struct ConnectionRequest {
     QString provider;
     QString dataSource;
-    QString initialCatalog;
+    QString initialCatalog;  // null where there was no such field
     QString userId;
     QString password;
     int connectionTimeout = 15;  // seconds
@@ -53,8 +53,8 @@ class DatabaseSession {
     /// Runs one statement without rows. It ends a read scope that stands.
     virtual void Execute(const QString& sql) = 0;
 
-    /// Several statements as one. Begin keeps other writers out, or waits for them as long as a statement does, so that
-    /// what is read inside is still true when it is written on.
+    /// Several statements as one. A desktop file is kept for this writer from the beginning, a row of a server from the
+    /// first write to it: what is read behind that is still true when it is written on.
     virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
     virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
     virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }
