@@ -48,6 +48,9 @@ class DatabaseSession {
   public:
     virtual ~DatabaseSession() = default;
 
+    /// The engine behind a server's driver, as that calls it ("PostgreSQL"); empty for a desktop file.
+    virtual QString EngineName() const { return {}; }
+
     /// Runs one SELECT and reads all of its rows. Whoever holds the table alone may have it forget rows.
     virtual std::shared_ptr<ResultTable> Query(const QString& sql) = 0;
     /// Runs one statement without rows. It ends a read scope that stands.

@@ -11,6 +11,13 @@ const QString kSavepoint = QStringLiteral("suite_statement");
 
 [[noreturn]] void Refuse(const QString& text) { throw DatabaseError(kStatementFailure, text); }
 
+// PostgreSQL's bodies of functions stand between two equal words like $name$.
+qsizetype EndOfDollarQuote(const QString& sql, const TokenSpan& mark) {
+    const QStringView word = QStringView(sql).sliced(mark.begin, mark.end - mark.begin);
+    const qsizetype close = word.endsWith(u'$') && word.size() > 1 ? sql.indexOf(word, mark.end) : -1;
+    return close < 0 ? mark.end : close + word.size();
+}
+
 // The driver would run several statements at once, and ask for the value of a "?".
 void CheckSingle(const QString& sql) {
     bool closed = false, empty = true;
@@ -21,6 +28,11 @@ void CheckSingle(const QString& sql) {
         if (token.kind == TokenKind::Broken) Refuse(QStringLiteral("SQL 文の引用符または括弧が閉じていません。"));
         if (token.kind == TokenKind::Parameter && sql[token.begin] == u'?')
             Refuse(QStringLiteral("必要なパラメーターの値が指定されていません。"));
+        if (token.kind == TokenKind::Parameter && sql[token.begin] == u'$') {
+            from = EndOfDollarQuote(sql, token);
+            empty = false;
+            continue;
+        }
         const bool semicolon = token.kind == TokenKind::Sign && sql[token.begin] == u';';
         if (closed && !semicolon) Refuse(QStringLiteral("SQL 文は 1 つだけ指定してください。"));
         closed = closed || (semicolon && !empty);
@@ -44,7 +56,8 @@ std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& reques
 OdbcSession::OdbcSession(const ConnectionRequest& request)
     : rules_(request.rules),
       connection_(OdbcConnectionText(request), request.connectionTimeout),
-      engine_(EngineOf(connection_.Information(SQL_DBMS_NAME))),
+      reportedName_(connection_.Information(SQL_DBMS_NAME)),
+      engine_(EngineOf(reportedName_)),
       readOnly_(request.mode == ConnectMode::Read) {
     StartSession(request);
 }

@@ -19,6 +19,7 @@ class OdbcSession : public DatabaseSession {
     explicit OdbcSession(const ConnectionRequest& request);
     ~OdbcSession() override;
 
+    QString EngineName() const override { return reportedName_; }
     std::shared_ptr<ResultTable> Query(const QString& sql) override;
     void Execute(const QString& sql) override;
     void BeginTransaction() override;
@@ -40,6 +41,7 @@ class OdbcSession : public DatabaseSession {
 
     TextRules rules_;
     OdbcConnection connection_;
+    QString reportedName_;
     const ServerEngine& engine_;
     bool readOnly_;
     bool scope_ = false;
