@@ -31,8 +31,7 @@ class ServerDatabase::Link {
         SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
         SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
         Check(SQL_HANDLE_DBC, connection_,
-              SQLDriverConnectW(connection_, nullptr, Units(text), static_cast<SQLSMALLINT>(text.size()), nullptr, 0,
-                                nullptr, SQL_DRIVER_NOPROMPT));
+              SQLDriverConnectW(connection_, nullptr, Units(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
     }
     ~Link() {
         SQLDisconnect(connection_);
@@ -47,7 +46,7 @@ class ServerDatabase::Link {
         SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
         const std::unique_ptr<void, void (*)(SQLHANDLE)> end(
             statement, [](SQLHANDLE handle) { SQLFreeHandle(SQL_HANDLE_STMT, handle); });
-        const SQLRETURN result = SQLExecDirectW(statement, Units(sql), static_cast<SQLINTEGER>(sql.size()));
+        const SQLRETURN result = SQLExecDirectW(statement, Units(sql), SQL_NTS);
         if (result != SQL_NO_DATA) Check(SQL_HANDLE_STMT, statement, result);
         SQLSMALLINT columns = 0;
         SQLNumResultCols(statement, &columns);

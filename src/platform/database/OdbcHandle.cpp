@@ -50,10 +50,10 @@ QList<Diagnosis> Diagnoses(SQLSMALLINT type, SQLHANDLE handle) {
         const SQLRETURN result =
             SQLGetDiagRecW(type, handle, record, state.data(), &code, text.data(), text.size(), &size);
         if (!SQL_SUCCEEDED(result)) return found;
-        const qsizetype units = std::min<qsizetype>(size, static_cast<qsizetype>(text.size()) - 1);
+        // Up to its end mark: MariaDB's driver tells a greater length where the text is not all ASCII.
+        text.back() = 0;
         found.append({QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()), 5),
-                      WithoutComponents(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()), units)),
-                      code});
+                      WithoutComponents(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()))), code});
     }
 }
 
@@ -96,8 +96,8 @@ OdbcConnection::OdbcConnection(const QString& text, int loginSeconds)
     : environment_(MakeEnvironment()), handle_(SQL_HANDLE_ENV, environment_.Get()) {
     // A driver that knows no time-out says so, and connects all the same.
     SQLSetConnectAttr(handle_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsValue(static_cast<SQLULEN>(loginSeconds)), 0);
-    handle_.Check(SQLDriverConnectW(handle_.Get(), nullptr, OdbcText(text), static_cast<SQLSMALLINT>(text.size()),
-                                    nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+    handle_.Check(
+        SQLDriverConnectW(handle_.Get(), nullptr, OdbcText(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
 }
 
 OdbcConnection::~OdbcConnection() { SQLDisconnect(handle_.Get()); }
@@ -112,7 +112,8 @@ QString OdbcConnection::Information(SQLUSMALLINT which) const {
 OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
     OdbcStatement statement(SQL_HANDLE_DBC, handle_.Get());
     if (scrollable) SQLSetStmtAttr(statement.Get(), SQL_ATTR_CURSOR_TYPE, AsValue(SQL_CURSOR_STATIC), 0);
-    const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), static_cast<SQLINTEGER>(sql.size()));
+    // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
+    const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
     if (result != SQL_NO_DATA) statement.Check(result);
     return statement;
 }
