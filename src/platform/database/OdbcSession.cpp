@@ -58,7 +58,8 @@ OdbcSession::OdbcSession(const ConnectionRequest& request)
       connection_(OdbcConnectionText(request), request.connectionTimeout),
       reportedName_(connection_.Information(SQL_DBMS_NAME)),
       engine_(EngineOf(reportedName_)),
-      readOnly_(request.mode == ConnectMode::Read) {
+      readOnly_(request.mode == ConnectMode::Read),
+      copies_(request.rules, [this](const QString& sql) { return Read(sql); }) {
     StartSession(request);
 }
 
@@ -119,15 +120,16 @@ std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql) {
 std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
     if (!scope_) return Read(sql);
     if (auto known = memory_.Find(sql)) return known;
+    lifted_.Lift(sql);
+    if (auto copied = copies_.Find(sql, lifted_)) return copied;
     auto rows = Read(sql);
-    memory_.Keep(sql, rows, UseOf(sql));
+    memory_.Keep(sql, rows, UseOf(lifted_.Text()));
     return rows;
 }
 
 // Statements that differ in their values alone count as one.
-const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& sql) {
-    lifted_.Lift(sql);
-    std::shared_ptr<StatementUse>& use = uses_[lifted_.Text()];
+const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
+    std::shared_ptr<StatementUse>& use = uses_[lifted];
     if (use == nullptr) use = std::make_shared<StatementUse>();
     return use;
 }
@@ -185,6 +187,7 @@ void OdbcSession::EndReadScope() noexcept {
     if (!scope_) return;
     scope_ = false;
     memory_.Forget();
+    copies_.Forget();
     try {
         RunInOwnWords(QStringLiteral("ROLLBACK"));
     } catch (const DatabaseError&) {

@@ -5,6 +5,7 @@
 
 #include "platform/database/DatabaseSession.h"
 #include "platform/database/LiteralLift.h"
+#include "platform/database/LookupCopies.h"
 #include "platform/database/OdbcHandle.h"
 #include "platform/database/ReadMemory.h"
 #include "platform/database/ServerEngine.h"
@@ -32,7 +33,7 @@ class OdbcSession : public DatabaseSession {
     void StartSession(const ConnectionRequest& request);
     std::shared_ptr<ResultTable> Read(const QString& sql);
     AdaptedStatement InEngineWords(const QString& sql) const;
-    const std::shared_ptr<StatementUse>& UseOf(const QString& sql);
+    const std::shared_ptr<StatementUse>& UseOf(const QString& lifted);
     void RunInOwnWords(const QString& sql) const;
     void Guarded(const std::function<void()>& work);
     void Recover(bool savepoint) noexcept;
@@ -49,6 +50,7 @@ class OdbcSession : public DatabaseSession {
     LiftedStatement lifted_;
     QHash<QString, std::shared_ptr<StatementUse>> uses_;
     ReadMemory memory_;
+    LookupCopies copies_;
 };
 
 /// For every provider that is none of a desktop file.
