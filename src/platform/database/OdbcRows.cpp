@@ -10,13 +10,19 @@ namespace {
 constexpr SQLLEN kFirstUnits = 64;                       // room for a text, in units, until a longer one comes
 constexpr SQLLEN kMostBytes = SQLLEN{16} * 1024 * 1024;  // of one column's block
 
+// The lengths that MariaDB's driver tells of names are wrong for many kanji; the end mark is right.
+template <size_t N>
+QString UpToEndMark(const std::array<SQLWCHAR, N>& name) {
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()));
+}
+
 QString DeclaredTypeOf(const OdbcStatement& statement, SQLUSMALLINT column, SQLSMALLINT type, SQLULEN size) {
     std::array<SQLWCHAR, 128> name{};
     SQLSMALLINT bytes = 0;
     const SQLRETURN result =
         SQLColAttributeW(statement.Get(), column, SQL_DESC_TYPE_NAME, name.data(), sizeof name, &bytes, nullptr);
     if (!SQL_SUCCEEDED(result)) return {};
-    const QString text = QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()), bytes / 2);
+    const QString text = UpToEndMark(name);
     const bool sized = type == SQL_CHAR || type == SQL_VARCHAR || type == SQL_WCHAR || type == SQL_WVARCHAR;
     return sized ? text + u'(' + QString::number(size) + u')' : text;
 }
@@ -29,8 +35,7 @@ std::shared_ptr<ColumnSet> DescribeColumns(const OdbcStatement& statement, SQLSM
         SQLULEN size = 0;
         statement.Check(SQLDescribeColW(statement.Get(), column, name.data(), name.size(), &units, &type, &size,
                                         &digits, &nullable));
-        columns->Add(QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()), units),
-                     DeclaredTypeOf(statement, column, type, size));
+        columns->Add(UpToEndMark(name), DeclaredTypeOf(statement, column, type, size));
     }
     return columns;
 }
