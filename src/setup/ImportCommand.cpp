@@ -4,7 +4,6 @@
 #include "setup/GeneralDatabase.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
-#include "setup/JetFile.h"
 #include "setup/TableCopy.h"
 
 using namespace Qt::StringLiterals;
@@ -19,7 +18,7 @@ qsizetype Find(const QStringList& names, const QString& name) {
     return -1;
 }
 
-void RefuseMissingTables(const JetFile& file, const QString& path, const QList<TableDefinition>& tables) {
+void RefuseMissingTables(const ForeignTables& file, const QString& path, const QList<TableDefinition>& tables) {
     QStringList missing;
     for (const TableDefinition& table : tables)
         if (Find(file.Tables(), table.name) < 0) missing.append(table.name);
@@ -40,7 +39,7 @@ void TellDifferences(const TableDefinition& table, const QStringList& columns, c
 
 QString Literal(QString value) { return value.isNull() ? u"NULL"_s : u'\'' + value.replace(u'\'', u"''"_s) + u'\''; }
 
-void ImportTable(const JetFile& file, platform::Connection& general, const TableDefinition& table,
+void ImportTable(const ForeignTables& file, platform::Connection& general, const TableDefinition& table,
                  const Console& console) {
     const QString name = file.Tables()[Find(file.Tables(), table.name)];
     const QStringList columns = file.Columns(name);
@@ -66,17 +65,21 @@ void ImportTable(const JetFile& file, platform::Connection& general, const Table
 
 }  // namespace
 
+void ImportTables(const ForeignTables& tables, const QString& origin, platform::Connection& general,
+                  const Console& console) {
+    const QList<TableDefinition> wanted = TablesOf(Store::General);
+    RefuseMissingTables(tables, origin, wanted);
+    platform::Transaction whole(general);
+    for (const TableDefinition& table : wanted) ImportTable(tables, general, table, console);
+    whole.Commit();
+}
+
 void ImportGeneral(const Arguments& arguments, const Console& console) {
     if (arguments.further.isEmpty()) throw Refusal(u"取り込むファイルを指定してください。"_s);
     const QString path = arguments.further.first();
     platform::Connection general;
     OpenGeneralFile(general, InstallationRoot(arguments.installation), platform::ConnectMode::ReadWrite);
-    const JetFile file(path);
-    const QList<TableDefinition> tables = TablesOf(Store::General);
-    RefuseMissingTables(file, path, tables);
-    platform::Transaction whole(general);
-    for (const TableDefinition& table : tables) ImportTable(file, general, table, console);
-    whole.Commit();
+    ImportTables(JetFile(path), path, general, console);
 }
 
 }  // namespace setup

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/Database.h"
 #include "setup/Arguments.h"
 #include "setup/Console.h"
+#include "setup/JetFile.h"
 
 namespace setup {
 

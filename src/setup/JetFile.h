@@ -8,23 +8,32 @@
 
 namespace setup {
 
-/// A Jet or ACE database file, read by the mdbtools library; never written.
-class JetFile {
+/// Tables that another program has made, to be read.
+class ForeignTables {
+  public:
+    virtual ~ForeignTables() = default;
+    /// The tables that people see, as they are spelled.
+    virtual QStringList Tables() const = 0;
+    /// Columns of one of them, in their order.
+    virtual QStringList Columns(const QString& table) const = 0;
+    /// Every row, with its values in the order of the columns; a Null is a null QString. Throws platform::RuntimeError.
+    virtual void ReadRows(const QString& table, const std::function<void(const QStringList&)>& take) const = 0;
+};
+
+/// A Jet or ACE database file, read by the mdbtools library; never written. Texts come from UTF-16, or from code page
+/// 932 in the oldest format; dates read yyyymmdd, with hhnnss behind a blank where they have a time; numbers are digits.
+/// A text that is longer than a megabyte is a failure.
+class JetFile : public ForeignTables {
   public:
     /// Throws platform::RuntimeError where the file can't be read or has another format.
     explicit JetFile(const QString& path);
-    ~JetFile();
+    ~JetFile() override;
     JetFile(const JetFile&) = delete;
     JetFile& operator=(const JetFile&) = delete;
 
-    /// The tables that people see, as they are spelled.
-    const QStringList& Tables() const { return tables_; }
-    /// Columns of one of them, in their order.
-    QStringList Columns(const QString& table) const;
-    /// Every row, with its values in the order of the columns; a Null is a null QString. Texts come from UTF-16, or
-    /// from code page 932 in the oldest format; dates read yyyymmdd, with hhnnss behind a blank where they have a time;
-    /// numbers as digits. Throws platform::RuntimeError for a text that is longer than a megabyte.
-    void ReadRows(const QString& table, const std::function<void(const QStringList&)>& take) const;
+    QStringList Tables() const override { return tables_; }
+    QStringList Columns(const QString& table) const override;
+    void ReadRows(const QString& table, const std::function<void(const QStringList&)>& take) const override;
 
   private:
     class Handle;

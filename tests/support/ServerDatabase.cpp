@@ -63,9 +63,9 @@ class ServerDatabase::Link {
         for (SQLUSMALLINT column = 1; column <= columns; ++column) {
             SQLLEN bytes = 0;
             SQLGetData(statement, column, SQL_C_WCHAR, cell.data(), sizeof cell, &bytes);
-            row.append(bytes == SQL_NULL_DATA
-                           ? QString()
-                           : u""_s + QString::fromUtf16(reinterpret_cast<const char16_t*>(cell.data()), bytes / 2));
+            // Up to the end mark: one of the drivers tells a length that is too short.
+            const QString text = QString::fromUtf16(reinterpret_cast<const char16_t*>(cell.data()));
+            row.append(bytes == SQL_NULL_DATA ? QString() : u""_s + text);
         }
         return row;
     }

@@ -1,7 +1,7 @@
 #include "platform/database/PatternText.h"
 
 #include <QHash>
-#include <functional>
+#include <algorithm>
 #include <vector>
 
 #include "platform/database/TextFolding.h"
@@ -129,6 +129,23 @@ QString StoredCharacter(char32_t folded) {
     return QStringLiteral("(?:") + alone + u'|' + pair + u')';
 }
 
+// Characters beyond the basic plane fold to themselves: those of the ranges, or all others.
+std::vector<LikePattern::Range> BeyondBasicPlane(std::vector<LikePattern::Range> ranges, bool other) {
+    constexpr char32_t kFirst = 0x10000, kLast = 0x10FFFF;
+    std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<LikePattern::Range> found;
+    char32_t next = kFirst;
+    for (const auto& [first, last] : ranges) {
+        if (last < kFirst) continue;
+        const char32_t begin = std::max(first, kFirst);
+        if (!other) found.push_back({begin, last});
+        if (other && begin > next) found.push_back({next, begin - 1});
+        next = std::max(next, static_cast<char32_t>(last + 1));
+    }
+    if (other && next <= kLast) found.push_back({next, kLast});
+    return found;
+}
+
 // All stored characters that the list takes, by what has to be seen behind or before them.
 QString StoredList(const LikePattern& pattern, const Element& element) {
     const std::vector<LikePattern::Range> ranges = RangesOf(pattern, element);
@@ -151,7 +168,7 @@ QString StoredList(const LikePattern& pattern, const Element& element) {
                 plain.push_back({unit, unit});
         }
     }
-    if (other) plain.push_back({0x10000, 0x10FFFF});
+    for (const LikePattern::Range& range : BeyondBasicPlane(ranges, other)) plain.push_back(range);
     for (const char32_t mark : {kVoicingMark, kSemiVoicingMark}) {
         if (listed(mark)) special += u'|' + StoredCharacter(mark);
         for (const QChar kana : VoiceableKana(mark)) {

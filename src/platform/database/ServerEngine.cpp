@@ -9,7 +9,7 @@ constexpr size_t kLongestChain = 200;  // engines differ in the depth that they 
 
 EngineDifferences WithoutSpecialities() {
     EngineDifferences differences;
-    differences.topIsLimit = differences.bracketsAreQuotes = true;
+    differences.topIsLimit = differences.bracketsAreQuotes = differences.signsAreJoins = true;
     differences.longestChain = kLongestChain;
     return differences;
 }

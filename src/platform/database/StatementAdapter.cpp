@@ -9,6 +9,7 @@
 #include "platform/database/JoinRewrite.h"
 #include "platform/database/LikeRewrite.h"
 #include "platform/database/OrderRewrite.h"
+#include "platform/database/SignJoins.h"
 #include "platform/database/StatementTree.h"
 
 namespace platform {
@@ -32,6 +33,7 @@ class Adapter {
     void Adapt(Level& level, bool condition) const {
         AdaptGroups(level, condition);
         if (engine_.topIsLimit) MoveTop(level);
+        if (engine_.signsAreJoins) RewriteSignJoins(level);
         if (engine_.rightJoinsAreSlow) RewriteRightJoins(level);
         if (engine_.like != LikeWriting::Own) RewriteLike(level, engine_);
         AdaptOrder(level, engine_, rules_);
@@ -87,8 +89,10 @@ class Adapter {
         return begin + 4;  // function and bracket, "=", function and bracket
     }
 
+    // Into the brackets as well: some of them have come around names on the way.
     void Requote(Level& level) const {
         for (Piece& piece : level) {
+            if (piece.group) Requote(piece.inside);
             const bool quoted = !piece.group && piece.token.kind == TokenKind::Quoted && piece.token.text[0] == u'"';
             if (piece.group || (piece.token.kind != TokenKind::Bracket && !(quoted && engine_.namesAreLowerCase)))
                 continue;

@@ -27,6 +27,7 @@ struct EngineDifferences {
 
     bool namesAreLowerCase = false;  ///< names in quotes or brackets count as the plain ones, which lose their capitals
     bool nullsSortLast = false;      ///< ORDER BY has to say that Nulls come first, and last where it descends
+    bool signsAreJoins = false;      ///< "x.a(+) = y.b" in a WHERE becomes a LEFT JOIN
     LikeWriting like = LikeWriting::Own;
     QString foldingFunction = {};    ///< for LikeWriting::FoldedText
     QString orderFunction = {};      ///< around columns sorted as text, in place of a collation
