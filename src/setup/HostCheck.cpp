@@ -7,7 +7,7 @@
 #include "data/ReportHostTrust.h"
 #include "data/TrustedLocations.h"
 #include "platform/Services.h"
-#include "platform/registry/RegistryFile.h"
+#include "platform/registry/FileRegistry.h"
 #include "setup/ReportHostInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -41,9 +41,20 @@ bool Trusts(const platform::RegistryContent& content, const QString& version, co
     return false;
 }
 
+/// A name that no location has, so that the advice takes nobody's place.
+QString FreeLocation(const platform::RegistryContent& content, const QString& version) {
+    for (int number = 0;; ++number) {
+        const QString key = TrustedLocationsKey(version) + u"\\Location%1"_s.arg(number);
+        if (content.Find(key) == nullptr) return key;
+    }
+}
+
 }  // namespace
 
 QStringList HostFaults(const UserAccess& user) {
+    const QString registry = platform::MachineRegistryFile();
+    if (QFileInfo::exists(registry) && !user.MayRead(registry))
+        return {u"レジストリ %1 を読む権限がありません。"_s.arg(registry)};
     const std::optional<QString> folder = RegisteredFolder();
     if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
     const QString program = *folder + u"MSACCESS.EXE"_s;
@@ -67,8 +78,7 @@ QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
     if (Trusts(*content, version, reportFolder)) return {};
     return {
         u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
-        u"    suite-setup registry set 'HKCU\\%2\\Location' Path '%1/'"_s.arg(reportFolder,
-                                                                              TrustedLocationsKey(version))};
+        u"    suite-setup registry set 'HKCU\\%2' Path '%1/'"_s.arg(reportFolder, FreeLocation(*content, version))};
 }
 
 }  // namespace setup

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -93,6 +94,17 @@ platform::PinKey MakeKey(const QString& path) {
     return key;
 }
 
+/// What users only read and run, whatever the umask of whoever makes the installation.
+void LetEverybodyUse(const QString& folder) {
+    if (!QFileInfo(folder).isDir()) return;
+    SetMode(folder, 0755);
+    QDirIterator inside(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (inside.hasNext()) {
+        const QFileInfo entry(inside.next());
+        SetMode(entry.filePath(), entry.isDir() || entry.isExecutable() ? 0755 : 0644);
+    }
+}
+
 /// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
     const QString suffix = Suffix(request.kind);
@@ -111,6 +123,7 @@ void FillInstallation(const QString& root, const QString& finalRoot, const Insta
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
     CopyPrograms(request.programFolder, root + u"/prgbin"_s);
     InstallReportHost(request.programFolder, root);
+    for (const QString& folder : {u"/prgbin"_s, u"/manual"_s, u"/host"_s}) LetEverybodyUse(root + folder);
 }
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {
