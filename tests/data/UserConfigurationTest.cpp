@@ -124,6 +124,14 @@ TEST_F(UserConfiguration, FirstStartMakesCopiesLinkedToTheUsersOwnTablesUnderThe
     EXPECT_EQ(services.dialogs.Texts(), QStringList());
 }
 
+TEST_F(UserConfiguration, HostIsPreparedBeforeAnyOfItsFilesIsTouched) {
+    QStringList writesBefore;
+    files->meanwhile = [&] { writesBefore.append(QString::number(registry.writes.size())); };
+    PrepareUserConfig();
+    // Path and AllowSubfolder, once the configuration has been copied.
+    EXPECT_EQ(writesBefore, QStringList({u"0"_s, u"2"_s, u"2"_s}));
+}
+
 TEST_F(UserConfiguration, SecondStartCopiesNothingShowsNoDialogAndAsksForNoHost) {
     PrepareUserConfig();
     copies.clear();

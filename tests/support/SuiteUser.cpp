@@ -61,7 +61,8 @@ SuiteUser::SuiteUser(const SharedSuite& suite, Who who)
       home_(suite.Place(who == Who::Nobody ? u"nobody"_s : u"runner"_s)),
       name_(NameOf(who == Who::Nobody ? kNobody : getuid())) {
     own_ = suite.Root() + u"/users/"_s + name_;
-    for (const QString& folder : {home_, PrinterFolder()}) MakeFolderOf(who == Who::Nobody ? kNobody : getuid(), folder);
+    for (const QString& folder : {home_, PrinterFolder()})
+        MakeFolderOf(who == Who::Nobody ? kNobody : getuid(), folder);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const QString& variable : {u"HOME"_s, u"TMPDIR"_s, u"XDG_RUNTIME_DIR"_s}) environment.insert(variable, home_);
     environment.insert(u"MEIBO_MACHINE_REGISTRY"_s, suite.MachineRegistry());
@@ -97,7 +98,11 @@ bool SuiteUser::ListStands() const {
 void SuiteUser::StartProgram(const QString& startCommand) {
     const QStringList command = Command({program_, startCommand});
     process_.start(command.first(), command.mid(1));
-    if (!process_.waitForStarted() || !QTest::qWaitFor([this] { return ListStands(); }, kPatience))
+    if (!process_.waitForStarted()) throw std::runtime_error("cannot start " + command.first().toStdString());
+}
+
+void SuiteUser::AwaitList() {
+    if (!QTest::qWaitFor([this] { return ListStands(); }, kPatience))
         throw std::runtime_error("the program shows no list to " + name_.toStdString());
     WriteOutputPlace(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputPlace::Kind::Folder, PrinterFolder()});
 }

@@ -33,8 +33,11 @@ class SuiteUser {
     SuiteUser(const SharedSuite& suite, Who who);
     ~SuiteUser();
 
-    /// Starts the program and waits for its first list.
+    // Each work throws std::runtime_error where it can't be done.
+
     void StartProgram(const QString& startCommand);
+    /// Waits for the program's first list, and has the user's pages go to their own folder.
+    void AwaitList();
     /// Clicks a place of the program's window.
     void Click(const QPoint& place);
     /// Says はい to the question that comes up.
