@@ -74,8 +74,8 @@ TEST_F(TwoUsers, OfOneInstallationPrintTheirOwnRowsFromTheirOwnCopies) {
     nobody.StartProgram(StartCommand(u"00003"_s, u"00006"_s));
     runner.AwaitList();
     nobody.AwaitList();
-    Print(runner);
-    Print(nobody);
+    ASSERT_NO_FATAL_FAILURE(Print(runner));
+    ASSERT_NO_FATAL_FAILURE(Print(nobody));
 
     const QStringList first{u"要員00001"_s, u"要員00002"_s};
     const QStringList others{u"要員00003"_s, u"要員00004"_s, u"要員00005"_s, u"要員00006"_s};

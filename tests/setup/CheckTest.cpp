@@ -141,6 +141,18 @@ TEST_F(SuiteSetupCheck, TellsAMissingHost) {
     ExpectFault(u"登録されている帳票ホスト /nowhere/OFFICE16/MSACCESS.EXE がありません。\n"_s);
 }
 
+TEST_F(SuiteSetupCheck, TellsAHostThatIsNotRegistered) {
+    UseStandInRegistry();
+    ExpectFault(u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。\n"_s);
+}
+
+TEST_F(SuiteSetupCheck, TellsAHostWithoutAVersionWord) {
+    const QString folder = installation.Root() + u"/host/"_s;
+    ASSERT_TRUE(QFile::copy(folder + u"OFFICE16/MSACCESS.EXE"_s, folder + u"MSACCESS.EXE"_s));
+    registry.GiveHost(folder);
+    ExpectFault(u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。\n"_s.arg(folder));
+}
+
 TEST_F(SuiteSetupCheck, TellsAUserWithoutFiles) {
     const ToolOutput output = Check({u"--user"_s, u"somebody"_s});
     EXPECT_EQ(output.status, 1);
