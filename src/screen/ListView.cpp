@@ -62,6 +62,10 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(kSmallestColumn);
+    // The strip of titles goes on behind the last column, where the form's colour would show otherwise.
+    QPalette titles;
+    titles.setColor(QPalette::Window, palette().color(QPalette::Button));
+    header()->setPalette(titles);
     // A scroll area takes the input of its viewport in a filter of its own, which would run before the form's: clicks
     // would work in a disabled form. Installed again, the form's filter is the first.
     for (QWidget* view : {viewport(), header()->viewport()}) view->installEventFilter(&form);

@@ -229,6 +229,14 @@ TEST_F(ListViewTest, ColumnsAreTwipsWideAndTheirBordersCanBeDragged) {
     EXPECT_FALSE(header.sectionsMovable());
 }
 
+TEST_F(ListViewTest, StripOfTitlesGoesOnBehindTheLastColumnWhateverTheFormsColour) {
+    QPalette colours = form.palette();
+    colours.setColor(QPalette::Window, Qt::red);
+    form.setPalette(colours);
+    const QImage strip = list.header()->viewport()->grab().toImage();
+    EXPECT_EQ(strip.pixelColor(strip.width() - 2, strip.height() / 2), list.palette().color(QPalette::Button));
+}
+
 TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere) {
     Fill({u"001"_s}, {u"総務部"_s});
     ASSERT_TRUE(IsVisible(0));
