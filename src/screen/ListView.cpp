@@ -2,7 +2,6 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
@@ -192,7 +191,6 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_;
     if (event->button() == Qt::LeftButton) pressedRow_ = -1;
     if (!clicked) return;
-    const QPointer<QWidget> window(this->window());
+    const SecondPressGuard guard(*this, *event);
     RaiseByUser(Click);
-    if (window == nullptr || !window->isVisible()) SwallowSecondPress(*event);
 }

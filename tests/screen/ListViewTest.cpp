@@ -8,6 +8,7 @@
 #include <QtTest/QTest>
 #include <utility>
 
+#include "screen/Button.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
@@ -287,6 +288,20 @@ TEST_F(SecondPressTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
         ClickAt(behind.panel, behind.panel.mapToGlobal(QPointF(5, 5)), 1200);
         EXPECT_EQ(std::exchange(events, {}), QStringList{u"behind"_s}) << "the third press is the user's own";
     }
+}
+
+TEST_F(SecondPressTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindowBehindAsWell) {
+    Button button(form, form, u"btn_戻る"_s, u"戻る"_s);
+    button.setGeometry(10, 100, 80, 30);
+    button.show();
+    button.Click = [this] { form.HideForm(); };
+    place = button.mapToGlobal(QPointF(20, 10));
+    ClickAt(button, place, 1000);
+    ASSERT_FALSE(form.isVisible());
+    ClickAt(behind.panel, place, 1150);
+    EXPECT_TRUE(events.isEmpty());
+    ClickAt(behind.panel, behind.panel.mapToGlobal(QPointF(5, 5)), 1200);
+    EXPECT_EQ(events, QStringList{u"behind"_s});
 }
 
 TEST_F(SecondPressTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
