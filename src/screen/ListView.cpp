@@ -2,6 +2,8 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
@@ -42,6 +44,25 @@ class RowDelegate : public QStyledItemDelegate {
     const ListView& list_;
 };
 
+/// Column titles whose strip goes on behind the last one, where Qt would let the form's colour show.
+class Titles : public QHeaderView {
+  public:
+    explicit Titles(QWidget& list) : QHeaderView(Qt::Horizontal, &list) {}
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QHeaderView::paintEvent(event);
+        QStyleOptionHeader rest;
+        initStyleOption(&rest);
+        rest.rect = viewport()->rect();
+        rest.rect.setLeft(length() - offset());
+        rest.position = QStyleOptionHeader::End;
+        if (!rest.rect.isValid()) return;
+        QPainter painter(viewport());
+        style()->drawControl(QStyle::CE_HeaderSection, &rest, &painter, this);
+    }
+};
+
 }  // namespace
 
 ListView::ListView(Form& form, QWidget& parent, QString name)
@@ -57,14 +78,11 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollMode(ScrollPerPixel);
     SetMultiSelect(false);
+    setHeader(new Titles(*this));
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(kSmallestColumn);
-    // The strip of titles goes on behind the last column, where the form's colour would show otherwise.
-    QPalette titles;
-    titles.setColor(QPalette::Window, palette().color(QPalette::Button));
-    header()->setPalette(titles);
     // A scroll area takes the input of its viewport in a filter of its own, which would run before the form's: clicks
     // would work in a disabled form. Installed again, the form's filter is the first.
     for (QWidget* view : {viewport(), header()->viewport()}) view->installEventFilter(&form);

@@ -235,7 +235,12 @@ TEST_F(ListViewTest, StripOfTitlesGoesOnBehindTheLastColumnWhateverTheFormsColou
     colours.setColor(QPalette::Window, Qt::red);
     form.setPalette(colours);
     const QImage strip = list.header()->viewport()->grab().toImage();
-    EXPECT_EQ(strip.pixelColor(strip.width() - 2, strip.height() / 2), list.palette().color(QPalette::Button));
+    const int inLastColumn = list.header()->length() - 20;
+    for (int y = 0; y < strip.height(); ++y) {
+        const QColor behind = strip.pixelColor(strip.width() - 2, y), title = strip.pixelColor(inLastColumn, y);
+        EXPECT_NEAR(behind.green(), title.green(), 2) << y;
+        EXPECT_NEAR(behind.red(), title.red(), 2) << y;
+    }
 }
 
 TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere) {
