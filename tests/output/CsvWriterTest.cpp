@@ -13,6 +13,7 @@
 #include "platform/OutputFile.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "support/WithoutFileRights.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
@@ -224,15 +225,10 @@ TEST_F(Csv, AFullDiskRisesInTheMiddleOfALongFile) {
 
 TEST_F(Csv, ATargetThatMayOnlyBeReadIsInUse) {
     WriteBytes(Target(), "old");
-    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
     ASSERT_EQ(chmod(QFile::encodeName(Target()).constData(), 0444), 0);
     Open(u"CREATE TABLE 表 (a TEXT)"_s);
-    constexpr uid_t kNobody = 65534;
-    const uid_t kept = geteuid();
-    // The superuser may write everything.
-    ASSERT_EQ(seteuid(kept == 0 ? kNobody : kept), 0);
+    const WithoutFileRights held;
     WriteRecordsetAsCsv(records, Target());
-    ASSERT_EQ(seteuid(kept), 0);
     EXPECT_EQ(services.dialogs.Texts(), QStringList{Target() + u"が使用中です。"_s});
     EXPECT_EQ(ReadBytes(Target()), "old");
 }
