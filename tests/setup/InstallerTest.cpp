@@ -254,5 +254,6 @@ TEST(Manual, IsPlainRtfForTheOldSuffix) {
     EXPECT_TRUE(document.endsWith("}\n"));
     EXPECT_EQ(document.count('{'), document.count('}'));
     for (const char byte : document) ASSERT_LT(static_cast<unsigned char>(byte), 0x80);
-    EXPECT_TRUE(document.contains("\\u-30335?\\u21729?"));  // 要員
+    EXPECT_TRUE(document.contains("\\u-30335?\\u21729?"));                    // 要員
+    EXPECT_TRUE(document.contains("\\u20840?\\u12390?\\u-28552?\\u25246?"));  // 全て選択
 }
