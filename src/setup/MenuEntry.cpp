@@ -50,7 +50,7 @@ QByteArray MenuEntry(const QString& root) {
     const QString program = root + u"/prgbin/要員名簿照会"_s;
     const QStringList lines{u"[Desktop Entry]"_s,
                             u"Type=Application"_s,
-                            u"Version=1.5"_s,
+                            u"Version=1.4"_s,
                             u"Name="_s + Value(u"要員名簿照会（%1）"_s.arg(QFileInfo(root).fileName())),
                             u"Comment="_s + Value(u"%1 の要員名簿を照会します"_s.arg(root)),
                             u"TryExec="_s + Value(program),
