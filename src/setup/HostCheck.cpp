@@ -16,17 +16,6 @@ namespace setup {
 
 namespace {
 
-std::optional<QString> RegisteredFolder() {
-    platform::Registry& registry = *platform::Services().registry;
-    platform::RegistryKey key;
-    const QString path = ReportHostKey().section(u'\\', 1);
-    if (registry.OpenKey(platform::MachineRoot(), path, platform::kRegistryRead, key) != platform::kRegistryDone)
-        return std::nullopt;
-    std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
-    registry.CloseKey(key);
-    return folder;
-}
-
 bool Holds(const platform::RegistryContent::Key& key, const QString& folder) {
     const auto path = key.values.find(platform::FoldedName(u"Path"_s));
     if (path == key.values.end()) return false;
@@ -55,9 +44,9 @@ QStringList HostFaults(const UserAccess& user) {
     const QString registry = platform::MachineRegistryFile();
     if (QFileInfo::exists(registry) && !user.MayRead(registry))
         return {u"レジストリ %1 を読む権限がありません。"_s.arg(registry)};
-    const std::optional<QString> folder = RegisteredFolder();
+    const std::optional<QString> folder = RegisteredHostFolder();
     if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
-    const QString program = *folder + u"MSACCESS.EXE"_s;
+    const QString program = *folder + kHostProgramName;
     if (!QFileInfo(program).isFile()) return {u"登録されている帳票ホスト %1 がありません。"_s.arg(program)};
     if (!user.MayRun(program)) return {u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program)};
     if (!IsKnownHost(*folder))
@@ -66,7 +55,7 @@ QStringList HostFaults(const UserAccess& user) {
 }
 
 QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
-    const QString version = TrustVersionOf(RegisteredFolder().value_or(QString()));
+    const QString version = TrustVersionOf(RegisteredHostFolder().value_or(QString()));
     if (version.isEmpty()) return {};
     QFile file(user.RegistryFile());
     std::optional<platform::RegistryContent> content = platform::RegistryContent();

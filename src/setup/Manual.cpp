@@ -1,13 +1,17 @@
 #include "setup/Manual.h"
 
+#include <QFile>
 #include <QList>
-#include <QString>
+
+#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
 namespace setup {
 
 namespace {
+
+constexpr long kWorkFailed = 1;
 
 enum class Style { Title, Heading, Text, Item };
 
@@ -100,6 +104,13 @@ QByteArray ManualDocument() {
     for (const Paragraph& paragraph : kParagraphs)
         rtf += Opening(paragraph.style) + Escaped(QString::fromUtf16(paragraph.text)) + "\\par\n";
     return rtf + "}\n";
+}
+
+void WriteManual(const QString& path) {
+    QFile file(path);
+    const QByteArray document = ManualDocument();
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.flush())
+        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
 }
 
 }  // namespace setup
