@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QStringList>
@@ -10,6 +11,16 @@
 
 namespace platform {
 namespace {
+
+constexpr QSize kSize(800, 520);  // so wide that kind and date of a file stand uncut
+
+/// Qt's Japanese texts lack this one.
+class FileKinds : public QFileIconProvider {
+  public:
+    QString type(const QFileInfo& file) const override {
+        return file.isDir() ? QStringLiteral("フォルダー") : QFileIconProvider::type(file);
+    }
+};
 
 /// "text (*.txt)" and "*.txt" in turn become Qt's kinds, whose description carries the pattern.
 QStringList NameFilters(const QString& filter) {
@@ -43,8 +54,11 @@ void Propose(QFileDialog& dialog, const QString& fileName) {
 
 // Qt's own dialog and not the desktop's: those ask before they overwrite, and some append a suffix.
 std::optional<QString> WidgetDialogs::ShowSave(const SaveQuestion& question) {
+    FileKinds kinds;
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    dialog.setIconProvider(&kinds);
+    dialog.resize(kSize);
     dialog.setWindowTitle(QStringLiteral("名前を付けて保存"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -74,6 +75,17 @@ TEST_F(SaveDialog, ProposesTheNameInItsFolderWithTheSecondKind) {
                       SaveUser::Accept(name);
                   }),
               path);
+}
+
+TEST_F(SaveDialog, ShowsFilesInJapaneseWithUncutColumns) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"控え"_s));
+    Ask(folder.filePath(u"a.csv"_s), [](QFileDialog& dialog, QLineEdit&) {
+        const auto* files = dialog.findChild<QTreeView*>(u"treeView"_s);
+        const auto cell = [&](int column) { return files->model()->index(0, column, files->rootIndex()); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cell(2).data().toString() == u"フォルダー"_s; }));
+        EXPECT_GE(files->columnWidth(2), files->fontMetrics().horizontalAdvance(u"フォルダー"_s));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
 }
 
 TEST_F(SaveDialog, CancelGivesNothing) {
