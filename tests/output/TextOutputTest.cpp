@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 
 #include "output/OutputFixture.h"
 #include "platform/OutputFile.h"
@@ -17,6 +18,17 @@ using enum StaffText;
 namespace {
 
 const QString kStart = u"出力開始 テキスト出力"_s, kEnd = u"出力終了 テキスト出力"_s;
+
+/// Message boxes that look around while they are up.
+class WatchingDialogs : public QueuedDialogs {
+  public:
+    explicit WatchingDialogs(std::function<void(const QString& text)> look) : look_(std::move(look)) {}
+    using QueuedDialogs::ShowMessage;
+    void ShowMessage(const QString& text, const QString& /*title*/) override { look_(text); }
+
+  private:
+    std::function<void(const QString& text)> look_;
+};
 
 class TextOutput : public OutputTest {
   protected:
@@ -127,6 +139,21 @@ TEST_F(TextOutput, AFileInUseIsToldAndTheTableIsFilledAllTheSame) {
     EXPECT_EQ(ReadBytes(Globals().TextOutputFileName), "");
     EXPECT_EQ(WorkColumn(u"コード"_s).size(), 2);
     EXPECT_EQ(OutputRows(), QStringList({kStart, kEnd}));
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, MessagesStandWhileTheWaitDialogIsUpAndTheDatabaseOpen) {
+    QStringList told;
+    platform::Services().dialogs = std::make_unique<WatchingDialogs>([&](const QString& text) {
+        EXPECT_TRUE(WaitDialogStands());
+        EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
+        told << text + (form.Enabled() ? u" enabled"_s : u" disabled"_s);
+    });
+    Globals().TextOutputFileName = folder.path();
+    RunTextOutput();
+    AddRows(1);
+    RunTextOutput();
+    EXPECT_EQ(told, QStringList({u"出力情報が有りません enabled"_s, folder.path() + u"が使用中です。 disabled"_s}));
     ExpectTidy();
 }
 
