@@ -3,8 +3,10 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QStringList>
+#include <QTreeView>
 
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
@@ -12,7 +14,8 @@
 namespace platform {
 namespace {
 
-constexpr QSize kSize(800, 520);  // so wide that kind and date of a file stand uncut
+constexpr QSize kSize(800, 520);
+constexpr int kDateColumn = 3;
 
 /// Qt's Japanese texts lack this one.
 class FileKinds : public QFileIconProvider {
@@ -31,6 +34,13 @@ QStringList NameFilters(const QString& filter) {
         filters << (parts[i].endsWith(pattern) ? parts[i] : parts[i] + u' ' + pattern);
     }
     return filters;
+}
+
+/// By itself the dialog comes up too narrow for its columns, and cuts the dates.
+void MakeRoomForColumns(QFileDialog& dialog) {
+    dialog.resize(kSize);
+    if (const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
+        files->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
 }
 
 /// The folder of the proposed name, or the nearest one around it that exists.
@@ -58,7 +68,7 @@ std::optional<QString> WidgetDialogs::ShowSave(const SaveQuestion& question) {
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setIconProvider(&kinds);
-    dialog.resize(kSize);
+    MakeRoomForColumns(dialog);
     dialog.setWindowTitle(QStringLiteral("名前を付けて保存"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

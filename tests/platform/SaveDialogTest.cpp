@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
@@ -83,7 +84,11 @@ TEST_F(SaveDialog, ShowsFilesInJapaneseWithUncutColumns) {
         const auto* files = dialog.findChild<QTreeView*>(u"treeView"_s);
         const auto cell = [&](int column) { return files->model()->index(0, column, files->rootIndex()); };
         EXPECT_TRUE(QTest::qWaitFor([&] { return cell(2).data().toString() == u"フォルダー"_s; }));
-        EXPECT_GE(files->columnWidth(2), files->fontMetrics().horizontalAdvance(u"フォルダー"_s));
+        const auto uncut = [&](int column) {
+            return files->columnWidth(column) > files->fontMetrics().horizontalAdvance(cell(column).data().toString());
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return uncut(2) && uncut(3); }));
+        EXPECT_EQ(files->horizontalScrollBar()->maximum(), 0);
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
 }
