@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kSmallest = 0.1, kLargest = 8.0, kStep = 1.25;
+constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
 constexpr int kMessageTime = 8000;  // milliseconds in the status line
 constexpr int kManagerTime = 500;   // milliseconds that a window manager has to enlarge a window
 constexpr QSize kUsualSize(980, 720);
