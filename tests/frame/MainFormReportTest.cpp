@@ -7,6 +7,7 @@
 #include "frame/ProgramGlobals.h"
 #include "report-host/OutputPlace.h"
 #include "screen/Form.h"
+#include "setup/ProgramFiles.h"
 #include "setup/ReportHostInstallation.h"
 #include "support/FileBytes.h"
 #include "support/HostProgram.h"
@@ -24,7 +25,7 @@ class MainFormReportTest : public MainFormTest {
             waitDialogStood = WaitDialogStands();
             QThread::msleep(static_cast<unsigned long>(milliseconds));
         };
-        setup::InstallReportHost(QStringLiteral(SUITE_PROGRAMS), installation.Root());
+        setup::InstallPrograms(QStringLiteral(SUITE_PROGRAMS), installation.Root());
         setup::RegisterReportHost(installation.Root());
         WriteOutputPlace(installation.ReportFolder() + u"/repfrmdb.accdb"_s, {},
                          {OutputPlace::Kind::Folder, printer.path()});

@@ -13,6 +13,7 @@
 #include "platform/OutputFile.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "support/WithoutFileRights.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
@@ -96,6 +97,11 @@ TEST_F(Csv, CurrencyStandsUnquotedInItsNumberForm) {
               " 1000000000000000 ,\"x\", 0 \r\n");
 }
 
+TEST_F(Csv, CurrencyThatRoundsToNothingHasNoSign) {
+    EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY); INSERT INTO 表 VALUES (-0.00001, -0.00004)"_s),
+              "\"a\",\"b\"\r\n 0 , 0 \r\n");
+}
+
 TEST_F(Csv, ANullOfCurrencyIsACommaAloneAndInTheLastFieldOneBlank) {
     EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY); INSERT INTO 表 VALUES (NULL, NULL), (1, NULL)"_s),
               "\"a\",\"b\"\r\n, \r\n 1 , \r\n");
@@ -142,6 +148,14 @@ TEST_F(Csv, MissingFoldersAreMadeAlsoWithBlanksInTheirNames) {
     WriteRecordsetAsCsv(records, path);
     EXPECT_EQ(ReadBytes(path), "\"a\"\r\n");
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(Csv, ARelativePathLiesInTheWorkingFolder) {
+    QDir::setCurrent(folder.path());
+    Open(u"CREATE TABLE 表 (a TEXT)"_s);
+    WriteRecordsetAsCsv(records, u"a b.csv"_s);
+    QDir::setCurrent(QDir::rootPath());
+    EXPECT_EQ(ReadBytes(folder.filePath(u"a b.csv"_s)), "\"a\"\r\n");
 }
 
 TEST_F(Csv, EveryPathThatCannotBeOpenedIsInUse) {
@@ -224,15 +238,10 @@ TEST_F(Csv, AFullDiskRisesInTheMiddleOfALongFile) {
 
 TEST_F(Csv, ATargetThatMayOnlyBeReadIsInUse) {
     WriteBytes(Target(), "old");
-    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
     ASSERT_EQ(chmod(QFile::encodeName(Target()).constData(), 0444), 0);
     Open(u"CREATE TABLE 表 (a TEXT)"_s);
-    constexpr uid_t kNobody = 65534;
-    const uid_t kept = geteuid();
-    // The superuser may write everything.
-    ASSERT_EQ(seteuid(kept == 0 ? kNobody : kept), 0);
+    const WithoutFileRights held;
     WriteRecordsetAsCsv(records, Target());
-    ASSERT_EQ(seteuid(kept), 0);
     EXPECT_EQ(services.dialogs.Texts(), QStringList{Target() + u"が使用中です。"_s});
     EXPECT_EQ(ReadBytes(Target()), "old");
 }

@@ -77,3 +77,8 @@ bool VirtualScreen::Press(const QString& window, const QStringList& keys) const 
 bool VirtualScreen::Type(const QString& window, const QString& text) const {
     return Work({u"windowfocus"_s, u"--sync"_s, window, u"type"_s, text});
 }
+
+bool VirtualScreen::Click(const QString& window, const QPoint& place) const {
+    return Work({u"windowfocus"_s, u"--sync"_s, window, u"mousemove"_s, u"--window"_s, window,
+                 QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPoint>
 #include <QProcess>
 #include <QSize>
 #include <QString>
@@ -23,6 +24,8 @@ class VirtualScreen {
     /// Presses keys in a window, by the names of the window system ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;
+    /// Clicks a place of a window, in pixels from its upper left corner.
+    bool Click(const QString& window, const QPoint& place) const;
 
   private:
     QStringList Windows() const;

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cstdint>
+
+/// While it lives, the modes of files hold for this thread even when the superuser runs the tests. Becoming another
+/// user instead would not do: that one may not even reach the folder of the tests.
+class WithoutFileRights {
+  public:
+    WithoutFileRights() {
+        syscall(SYS_capget, &header_, kept_);
+        constexpr std::uint32_t kOverFiles = (1U << CAP_DAC_OVERRIDE) | (1U << CAP_DAC_READ_SEARCH);
+        __user_cap_data_struct given[_LINUX_CAPABILITY_U32S_3] = {kept_[0], kept_[1]};
+        given[0].effective &= ~kOverFiles;
+        syscall(SYS_capset, &header_, given);
+    }
+    ~WithoutFileRights() { syscall(SYS_capset, &header_, kept_); }
+    WithoutFileRights(const WithoutFileRights&) = delete;
+    WithoutFileRights& operator=(const WithoutFileRights&) = delete;
+
+  private:
+    __user_cap_header_struct header_ = {_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct kept_[_LINUX_CAPABILITY_U32S_3] = {};
+};
