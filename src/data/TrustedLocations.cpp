@@ -11,9 +11,11 @@ namespace {
 constexpr int kBuffer = 256;
 constexpr qsizetype kLocationWord = 8;  // letters of "Location", before the number
 
-QString LocationName(int number) { return u"Location"_s + (number == 0 ? QString() : QString::number(number)); }
+QString LocationName(qint64 number) { return u"Location"_s + (number == 0 ? QString() : QString::number(number)); }
 
-int NumberIn(const QString& name) { return NumericValue(QStringView(name).sliced(qMin(kLocationWord, name.size()))); }
+qint64 NumberIn(const QString& name) {
+    return NumericValue(QStringView(name).sliced(qMin(kLocationWord, name.size())));
+}
 
 /// The name of one location; nothing past the last one.
 std::optional<QString> NameAt(const RegistryKey& locations, int index) {
@@ -63,7 +65,7 @@ std::optional<QString> ReadRegistryText(const RegistryKey& key, const QString& n
 
 QString NewLocationName(const LocationNames& names) {
     if (names.smallest.isEmpty()) return u"Location0"_s;
-    const int lowest = NumberIn(names.smallest);
+    const qint64 lowest = NumberIn(names.smallest);
     return LocationName(lowest > 0 ? lowest - 1 : NumberIn(names.largest) + 1);
 }
 

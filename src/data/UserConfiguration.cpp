@@ -44,9 +44,14 @@ QString ConfigurationName(int kind) {
     }
 }
 
+/// What a killed program left unfinished in a file that has gone since: the engine would undo it in the fresh copy.
+void RemoveJournal(const QString& database) { platform::Services().files->RemoveFile(database + u"-journal"_s); }
+
 void Copy(const QString& from, const QString& to, const QString& name) {
     Carry([&] {
-        if (!CopyFileOver(from + kPathSeparator + name, to + kPathSeparator + name))
+        const QString target = to + kPathSeparator + name;
+        RemoveJournal(target);
+        if (!CopyFileOver(from + kPathSeparator + name, target))
             throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を複写できません。"_s.arg(name));
     });
 }

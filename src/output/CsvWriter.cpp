@@ -20,10 +20,11 @@ QString PlainDecimals(const QString& value) {
     const double amount = value.toDouble(&number);
     if (!number) return value;
     QString text = asStored ? value : QString::number(amount, 'f', 4);
-    if (!text.contains(u'.')) return text;
-    while (text.endsWith(u'0')) text.chop(1);
-    if (text.endsWith(u'.')) text.chop(1);
-    return text;
+    if (text.contains(u'.')) {
+        while (text.endsWith(u'0')) text.chop(1);
+        if (text.endsWith(u'.')) text.chop(1);
+    }
+    return text == u"-0"_s ? u"0"_s : text;
 }
 
 /// The sign, or a blank in its place, and one blank behind.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 #include <memory>
@@ -24,8 +23,6 @@ class Field {
     QString Text() const;
     /// The value as text, or `fallback` for a Null.
     QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
-    /// The text as UTF-8, without a copy. A Null: as Text().
-    QByteArrayView Utf8() const;
     /// Declared type of the column in capitals ("TEXT", "CURRENCY"). Of an expression it is empty in a desktop file and
     /// the type of its values on a server.
     QString DeclaredType() const;

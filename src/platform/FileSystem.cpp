@@ -54,7 +54,7 @@ bool HostFileSystem::CopyFile(const QString& source, const QString& target) cons
     return from.error() == QFileDevice::NoError && to.commit();
 }
 
-bool HostFileSystem::RemoveFile(const QString& path) const { return QFile::remove(path) || !FileExists(path); }
+bool HostFileSystem::RemoveFile(const QString& path) const { return QFile::remove(path) || !QFileInfo::exists(path); }
 
 bool HostFileSystem::FolderExists(const QString& path) const { return QFileInfo(NativePath(path)).isDir(); }
 

@@ -22,7 +22,7 @@ class FileSystem {
     virtual bool FileExists(const QString& path) const = 0;
     /// Copies over whatever stands at the target. A failure leaves no half copy at the target; no message.
     virtual bool CopyFile(const QString& source, const QString& target) const = 0;
-    /// False where it is still there.
+    /// True when it is gone, also where there was none.
     virtual bool RemoveFile(const QString& path) const = 0;
     virtual bool FolderExists(const QString& path) const = 0;
     /// Makes one folder in a folder that exists. RuntimeError with what stood in the way.

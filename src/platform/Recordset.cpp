@@ -23,11 +23,6 @@ QString Field::Text() const {
     return table_->Text(row_, column_);
 }
 
-QByteArrayView Field::Utf8() const {
-    if (IsNull()) throw RuntimeError(kInvalidUseOfNull, QStringLiteral("Null の使い方が不正です。"));
-    return table_->Utf8(row_, column_);
-}
-
 QString Field::DeclaredType() const { return table_->Columns().DeclaredType(column_); }
 
 Recordset::Recordset() = default;

@@ -1,15 +1,29 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QStringList>
+#include <QTreeView>
 
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 
 namespace platform {
 namespace {
+
+constexpr QSize kSize(800, 520);
+constexpr int kDateColumn = 3;
+
+/// Qt's Japanese texts lack this one.
+class FileKinds : public QFileIconProvider {
+  public:
+    QString type(const QFileInfo& file) const override {
+        return file.isDir() ? QStringLiteral("フォルダー") : QFileIconProvider::type(file);
+    }
+};
 
 /// "text (*.txt)" and "*.txt" in turn become Qt's kinds, whose description carries the pattern.
 QStringList NameFilters(const QString& filter) {
@@ -20,6 +34,13 @@ QStringList NameFilters(const QString& filter) {
         filters << (parts[i].endsWith(pattern) ? parts[i] : parts[i] + u' ' + pattern);
     }
     return filters;
+}
+
+/// By itself the dialog comes up too narrow for its columns, and cuts the dates.
+void MakeRoomForColumns(QFileDialog& dialog) {
+    dialog.resize(kSize);
+    if (const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
+        files->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
 }
 
 /// The folder of the proposed name, or the nearest one around it that exists.
@@ -43,8 +64,11 @@ void Propose(QFileDialog& dialog, const QString& fileName) {
 
 // Qt's own dialog and not the desktop's: those ask before they overwrite, and some append a suffix.
 std::optional<QString> WidgetDialogs::ShowSave(const SaveQuestion& question) {
+    FileKinds kinds;
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    dialog.setIconProvider(&kinds);
+    MakeRoomForColumns(dialog);
     dialog.setWindowTitle(QStringLiteral("名前を付けて保存"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

@@ -27,18 +27,17 @@ QString FreeName(const QDir& folder, const QString& report) {
 
 void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
     if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
-    const QString target = FreeName(QDir(folder), name);
-    // Whoever watches the folder must never take half a file.
-    const QString growing = QFileInfo(target).path() + u"/."_s + QFileInfo(target).fileName() + u".part"_s;
-    try {
-        WritePdf(report, growing);
-    } catch (...) {
-        QFile::remove(growing);
-        throw;
+    // Whoever watches the folder must never take half a file, and several users may print into it at the same moment.
+    const QTemporaryDir own(folder + u"/.XXXXXX"_s);
+    if (!own.isValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
+    const QString growing = own.filePath(u"report.pdf"_s);
+    WritePdf(report, growing);
+    for (;;) {
+        const QString target = FreeName(QDir(folder), name);
+        if (QFile::rename(growing, target)) return;
+        // Somebody else may have taken the name meanwhile.
+        if (!QFileInfo::exists(target)) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
     }
-    if (QFile::rename(growing, target)) return;
-    QFile::remove(growing);
-    throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
 }
 
 void Print(PreparedReport& report, const QString& name, const QString& printer) {

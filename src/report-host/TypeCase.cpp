@@ -12,8 +12,6 @@ namespace {
 
 constexpr char32_t kMissing = U'〓';
 constexpr qsizetype kMostRemembered = 1000;
-// Middle of the type's square above the baseline, of the height that Japanese fonts give it.
-constexpr double kMiddle = 0.38;
 
 // Has names' rare characters, such as the second form of 吉.
 const QStringList kRareCharacters{u"HanaMinA"_s, u"HanaMinB"_s};

@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "screen/SecondPress.h"
+
 using namespace Qt::StringLiterals;
 
 Button::Button(Form& form, QWidget& parent, QString name, const QString& caption)
@@ -56,5 +58,6 @@ void Button::keyReleaseEvent(QKeyEvent* event) {
 
 void Button::mouseReleaseEvent(QMouseEvent* event) {
     const QScopedValueRollback<bool> byInput(byInput_, true);
+    const SecondPressGuard guard(*this, *event);
     QPushButton::mouseReleaseEvent(event);
 }

@@ -5,7 +5,8 @@
 #include "screen/Control.h"
 
 /// SSCommand: Button(form, parent, name, caption). The caption may have several lines. Pressed by mouse, Space or
-/// Enter while it has the focus; never a default button of its window. Raises Click.
+/// Enter while it has the focus; never a default button of its window. Raises Click. A click whose handler takes the
+/// window away keeps the second press of a double click from whatever lies behind.
 class Button : public QPushButton, public Control {
   public:
     Button(Form& form, QWidget& parent, QString name, const QString& caption);

@@ -36,14 +36,14 @@ void InputItem::SetText(const QString& text) {
 }
 
 QString InputItem::Bounded(const QString& text, int present) const {
-    const QString kept = Admitted(text, design_.classes);
+    const bool toKana = design_.imeMode == ImeMode::HalfKatakana;
+    const QString kept = Admitted(toKana ? ToHalfWidthKana(text) : text, design_.classes);
     return design_.maxLength > 0 ? CutToRoom(kept, design_.maxLength - present) : kept;
 }
 
-void InputItem::Insert(const QString& text, bool composed) {
-    const bool toKana = composed && design_.imeMode == ImeMode::HalfKatakana;
+void InputItem::Insert(const QString& text, bool /*composed*/) {
     const auto present = this->text().size() - selectedText().size();
-    const QString wanted = Bounded(toKana ? ToHalfWidthKana(text) : text, static_cast<int>(present));
+    const QString wanted = Bounded(text, static_cast<int>(present));
     if (!wanted.isEmpty()) insert(wanted);
 }
 

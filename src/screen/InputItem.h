@@ -4,8 +4,9 @@
 #include "screen/ItemDesign.h"
 
 /// xField or xPass: InputItem(form, parent, typeName, name, index, design). Typing and pasting obey the design's
-/// length and character classes; what the program writes is taken as it stands, however long. Raises Change at each
-/// change of Text; text that an input method is still composing is not Text yet. xPass shows dots.
+/// length and character classes, and kana become half-width where the input method's mode says so, by whatever way they
+/// come in; what the program writes is taken as it stands, however long. Raises Change at each change of Text; text
+/// that an input method is still composing is not Text yet. xPass shows dots.
 class InputItem : public EditItem {
   public:
     InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design);
@@ -21,6 +22,7 @@ class InputItem : public EditItem {
 
   private:
     void ApplyImeMode();
+    /// What the design takes of a text beside so many characters that are there already.
     QString Bounded(const QString& text, int present) const;
     void TakeOver();
 

@@ -2,7 +2,8 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QPainter>
+#include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
@@ -43,6 +44,25 @@ class RowDelegate : public QStyledItemDelegate {
     const ListView& list_;
 };
 
+/// Column titles whose strip goes on behind the last one, where Qt would let the form's colour show.
+class Titles : public QHeaderView {
+  public:
+    explicit Titles(QWidget& list) : QHeaderView(Qt::Horizontal, &list) {}
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QHeaderView::paintEvent(event);
+        QStyleOptionHeader rest;
+        initStyleOption(&rest);
+        rest.rect = viewport()->rect();
+        rest.rect.setLeft(length() - offset());
+        rest.position = QStyleOptionHeader::End;
+        if (!rest.rect.isValid()) return;
+        QPainter painter(viewport());
+        style()->drawControl(QStyle::CE_HeaderSection, &rest, &painter, this);
+    }
+};
+
 }  // namespace
 
 ListView::ListView(Form& form, QWidget& parent, QString name)
@@ -58,6 +78,7 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollMode(ScrollPerPixel);
     SetMultiSelect(false);
+    setHeader(new Titles(*this));
     header()->setSectionsClickable(true);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
@@ -188,7 +209,6 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_;
     if (event->button() == Qt::LeftButton) pressedRow_ = -1;
     if (!clicked) return;
-    const QPointer<QWidget> window(this->window());
+    const SecondPressGuard guard(*this, *event);
     RaiseByUser(Click);
-    if (window == nullptr || !window->isVisible()) SwallowSecondPress(*event);
 }

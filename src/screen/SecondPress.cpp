@@ -47,7 +47,7 @@ class SecondPress : public QObject {
 
 }  // namespace
 
-void SwallowSecondPress(const QMouseEvent& click) {
+SecondPressGuard::~SecondPressGuard() {
     static SecondPress second;
-    second.Await(click);
+    if (window_ == nullptr || !window_->isVisible()) second.Await(click_);
 }

@@ -2,15 +2,15 @@
 
 #include <QFileInfo>
 
-#include "platform/LinkedTables.h"
-#include "platform/Services.h"
+#include "platform/SealedPins.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
+#include "setup/FileCheck.h"
 #include "setup/GeneralDatabase.h"
 #include "setup/HostCheck.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
-#include "setup/UserAccess.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,54 +19,8 @@ namespace setup {
 namespace {
 
 constexpr long kWorkFailed = 1;
+constexpr int kSharedFiles = 0, kPrivateCopies = 1;
 const QString kUser = u"--user"_s;
-
-/// What has been found for one user, told at once.
-class Findings {
-  public:
-    explicit Findings(QTextStream& out) : out_(out) {}
-    void Add(const QString& fault) {
-        ++count_;
-        out_ << u"・"_s << fault << u'\n';
-    }
-    void Add(const QStringList& faults) {
-        for (const QString& fault : faults) Add(fault);
-    }
-    int Count() const { return count_; }
-
-  private:
-    QTextStream& out_;
-    int count_ = 0;
-};
-
-/// True when the file is there and may be read; otherwise that is a finding.
-bool CheckFile(Findings& findings, const UserAccess& user, const QString& path, const QString& what) {
-    if (!QFileInfo(path).isFile())
-        findings.Add(u"%1 %2 がありません。"_s.arg(what, path));
-    else if (!user.MayRead(path))
-        findings.Add(u"%1 %2 を読む権限がありません。"_s.arg(what, path));
-    else
-        return true;
-    return false;
-}
-
-/// Opens the file as the programs do, for what is wrong inside.
-bool CheckDatabase(Findings& findings, const UserAccess& user, const QString& path, const QString& what) {
-    if (!CheckFile(findings, user, path, what)) return false;
-    try {
-        OpenForReading(path);
-        return true;
-    } catch (const platform::RuntimeError& error) {
-        findings.Add(u"%1 %2 を開けません。%3"_s.arg(what, path, error.Description()));
-        return false;
-    }
-}
-
-/// A database that its user writes as well.
-void CheckOwnDatabase(Findings& findings, const UserAccess& user, const QString& path, const QString& what) {
-    if (CheckDatabase(findings, user, path, what) && !user.MayWrite(path))
-        findings.Add(u"%1 %2 に書き込む権限がありません。"_s.arg(what, path));
-}
 
 QString Value(const QString& file, const QString& statement, QStringView column) {
     platform::Connection connection = OpenForReading(file);
@@ -86,6 +40,11 @@ void CheckServer(Findings& findings, const QString& configuration) {
     }
 }
 
+QString CommonConfiguration(const QString& root) {
+    const QString found = ConfigurationFile(CommonPlaces(root).conf);
+    return found.isEmpty() ? CommonPlaces(root).conf + u"/usrcnfg.accdb"_s : found;
+}
+
 void CheckGeneral(Findings& findings, const UserAccess& user, const QString& configuration) {
     const QString statement = u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s;
     const QString dialect = Value(configuration, statement, u"db");
@@ -97,66 +56,59 @@ void CheckGeneral(Findings& findings, const UserAccess& user, const QString& con
         CheckDatabase(findings, user, Value(configuration, statement, u"データソース名"), u"一般データベース"_s);
 }
 
-void CheckLinks(Findings& findings, const QString& formsFile, const QString& workTables) {
-    try {
-        const auto file = platform::Services().tableEngine->OpenDatabase(formsFile);
-        for (const platform::TableDef& table : file->TableDefs()) {
-            const QString linked = platform::DatabaseOfConnectText(table.Connect);
-            if (table.Attributes == platform::kLinkedTable && linked != workTables)
-                findings.Add(u"帳票ファイル %1 のテーブル %2 が %4 ではなく %3 にリンクしています。"_s.arg(
-                    formsFile, table.Name, linked, workTables));
-        }
-    } catch (const platform::RuntimeError& error) {
-        findings.Add(u"帳票ファイル %1 を開けません。%2"_s.arg(formsFile, error.Description()));
+void CheckPrograms(Findings& findings, const UserAccess& user, const QString& root) {
+    for (const QString& folder : {u"/prgbin"_s, u"/data"_s, u"/conf"_s, u"/report"_s, u"/manual"_s})
+        if (!QFileInfo(root + folder).isDir()) findings.Add(u"フォルダ %1 がありません。"_s.arg(root + folder));
+    for (const QString& program : {u"要員名簿照会"_s, u"要員台帳更新"_s})
+        CheckProgram(findings, user, root + u"/prgbin/"_s + program, u"プログラム"_s);
+    findings.Add(HostFaults(user));
+    const QString key = CommonPlaces(root).conf + u'/' + platform::PinKeyFileName();
+    // A site without sealed PINs has none.
+    if (QFileInfo::exists(key)) CheckFile(findings, user, key, u"暗証番号の鍵ファイル"_s);
+}
+
+/// The install kind as the programs read it; a column without a number counts as shared files.
+int InstallKind(Findings& findings, const QString& configuration) {
+    const int kind =
+        NumericValue(Value(configuration, u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s,
+                           u"インストール区分"));
+    if (kind != kSharedFiles && kind != kPrivateCopies)
+        findings.Add(u"%1 のインストール区分が 0 でも 1 でもありません。"_s.arg(configuration));
+    return kind;
+}
+
+/// Install kind of a configuration that can be read; the shared files' one without.
+int CheckCommon(Findings& findings, const UserAccess& user, const QString& root) {
+    CheckPrograms(findings, user, root);
+    const QString configuration = CommonConfiguration(root), what = u"構成データベース"_s;
+    int kind = kSharedFiles;
+    if (CheckDatabase(findings, user, configuration, what)) {
+        CheckGeneral(findings, user, configuration);
+        kind = InstallKind(findings, configuration);
+        if (kind == kSharedFiles) CheckWritable(findings, user, configuration, what);
     }
+    CheckReportFiles(findings, user, WorkTablesIn(CommonPlaces(root).report), kind == kSharedFiles);
+    return kind;
 }
 
-void CheckReports(Findings& findings, const UserAccess& user, const FilePlaces& places) {
-    const QString workTables = WorkTablesIn(places.report);
-    CheckOwnDatabase(findings, user, workTables, u"帳票データベース"_s);
-    const QString suffix = workTables.section(u'.', -1);
-    const QString forms = places.report + u"/repfrmdb."_s + suffix;
-    CheckFile(findings, user, forms, u"帳票ファイル"_s);
-    for (const QString& file : FormsFilesIn(places.report)) CheckLinks(findings, file, workTables);
-}
-
-void CheckPrivate(Findings& findings, const FilePlaces& places) {
+/// Private copies are of the same generation as the common files, whatever else lies there.
+void CheckPrivate(Findings& findings, const QString& root, const FilePlaces& places) {
     const UserAccess user(places.user);
-    const QString configuration = ConfigurationFile(places.conf);
-    CheckOwnDatabase(findings, user, configuration.isEmpty() ? places.conf + u"/usrcnfg.accdb"_s : configuration,
-                     u"構成データベース"_s);
-    CheckReports(findings, user, places);
+    const auto own = [](const QString& folder, const QString& common) {
+        return folder + u'/' + QFileInfo(common).fileName();
+    };
+    const QString configuration = own(places.conf, CommonConfiguration(root)), what = u"構成データベース"_s;
+    if (CheckDatabase(findings, user, configuration, what)) CheckWritable(findings, user, configuration, what);
+    CheckReportFiles(findings, user, own(places.report, WorkTablesIn(CommonPlaces(root).report)), true);
     findings.Add(TrustFaults(user, places.report));
 }
 
-void CheckPrivates(Findings& findings, const QString& root, const QString& name, const Console& console) {
-    const QList<FilePlaces> places = name.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, name)};
-    for (const FilePlaces& place : places) {
-        console.out << u"利用者 %1\n"_s.arg(place.user);
-        if (QFileInfo(root + u"/users/"_s + place.user).isDir())
-            CheckPrivate(findings, place);
-        else
-            findings.Add(u"この利用者のファイルがまだありません。最初の起動で作られます。"_s);
-    }
-}
-
-/// Install kind of a configuration that can be read; empty without one.
-QString CheckCommon(Findings& findings, const UserAccess& user, const QString& root) {
-    for (const QString& folder : {u"/prgbin"_s, u"/data"_s, u"/conf"_s, u"/report"_s, u"/manual"_s})
-        if (!QFileInfo(root + folder).isDir()) findings.Add(u"フォルダ %1 がありません。"_s.arg(root + folder));
-    const QString program = root + u"/prgbin/要員名簿照会"_s;
-    if (CheckFile(findings, user, program, u"プログラム"_s) && !user.MayRun(program))
-        findings.Add(u"プログラム %1 を起動する権限がありません。"_s.arg(program));
-    findings.Add(HostFaults(user));
-    const QString found = ConfigurationFile(root + u"/conf"_s);
-    const QString file = found.isEmpty() ? root + u"/conf/usrcnfg.accdb"_s : found;
-    if (!CheckDatabase(findings, user, file, u"構成データベース"_s)) return {};
-    CheckGeneral(findings, user, file);
-    const QString kind =
-        Value(file, u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s, u"インストール区分");
-    if (kind != u"0"_s && kind != u"1"_s)
-        findings.Add(u"%1 のインストール区分が 0 でも 1 でもありません。"_s.arg(file));
-    return kind;
+void CheckUser(Findings& findings, const QString& root, const FilePlaces& places) {
+    const QString users = root + u"/users"_s;
+    if (QFileInfo(users + u'/' + places.user).isDir()) return CheckPrivate(findings, root, places);
+    findings.Add(u"この利用者のファイルがまだありません。最初の起動で作られます。"_s);
+    if (!UserAccess(places.user).MayMakeFilesIn(users))
+        findings.Add(u"フォルダ %1 に書き込む権限がないので、作れません。"_s.arg(users));
 }
 
 }  // namespace
@@ -169,9 +121,13 @@ void CheckInstallation(const Arguments& arguments, const Console& console) {
         throw Refusal(u"利用者名 %1 は正しくありません。"_s.arg(name));
     Findings findings(console.out);
     const UserAccess user(name);
-    const QString kind = CheckCommon(findings, user, root);
-    CheckReports(findings, user, CommonPlaces(root));
-    if (kind == u"1"_s) CheckPrivates(findings, root, name, console);
+    if (!user.IsKnown())
+        console.out << u"利用者 %1 はこのコンピューターにいないので、実行者の権限で調べます。\n"_s.arg(name);
+    if (CheckCommon(findings, user, root) == kPrivateCopies)
+        for (const FilePlaces& places : name.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, name)}) {
+            console.out << u"利用者 %1\n"_s.arg(places.user);
+            CheckUser(findings, root, places);
+        }
     console.out.flush();
     if (findings.Count() > 0)
         throw platform::RuntimeError(kWorkFailed, u"問題が %1 件あります。"_s.arg(findings.Count()));

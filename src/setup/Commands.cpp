@@ -1,5 +1,6 @@
 #include "setup/Commands.h"
 
+#include <QFileInfo>
 #include <limits>
 
 #include "setup/Arguments.h"
@@ -16,6 +17,7 @@
 #include "setup/ReportHostInstallation.h"
 #include "setup/SampleTrial.h"
 #include "setup/ServerCommands.h"
+#include "setup/UpgradeCommand.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +34,7 @@ const QString kUsage =
     u"      --install-kind 0|1    0: 構成を全員で共有する  1: 利用者ごとに持つ（省略時は 0）\n"
     u"      --pin                 暗証番号を尋ねる会社にして、権限の異なる要員を表示する\n"
     u"      --replace             既にあるインストールを作り直す（中のデータは失われる）\n"
+    u"      --menu                インストールをデスクトップのメニューに登録する\n"
     u"  suite-setup history フォルダ [オプション]  稼動履歴を古い順に表示する\n"
     u"      --run N               新しい方から N 番目の実行だけを表示する\n"
     u"      --user NAME           利用者 NAME の履歴だけを表示する\n"
@@ -39,6 +42,8 @@ const QString kUsage =
     u"  suite-setup links フォルダ [--user NAME]   プログラム間で受け取りを待っている連携情報を表示する\n"
     u"  suite-setup check フォルダ [--user NAME]   足りないもの、読めないもの、リンクや信頼の誤りを表示する\n"
     u"  suite-setup move フォルダ                  複写や移動をしたインストールに自分のファイルを使わせる\n"
+    u"  suite-setup upgrade フォルダ [--menu]      "
+    u"プログラムを新しい版にし、増えたテーブルや列を加える（データはそのまま）\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
     u"  suite-setup server-init --odbc 接続文字列 [--from フォルダ]\n"
     u"                                             サーバーに一般データベースの表を作り、インストールから複写する\n"
@@ -79,6 +84,8 @@ void RegisterHostOrTell(const QString& root, const Console& console) {
     try {
         RegisterReportHost(root);
     } catch (const platform::RuntimeError& error) {
+        // Any host serves all installations of the machine.
+        if (QFileInfo(RegisteredHostFolder().value_or(QString()) + kHostProgramName).isFile()) return;
         console.err << error.Description() << u"印刷するには、管理者が次を実行してください。\n"_s
                     << u"  suite-setup registry set '%1' Path '%2'\n"_s.arg(ReportHostKey(), ReportHostFolder(root));
     }
@@ -97,12 +104,13 @@ void MakeFromArguments(const Arguments& arguments, const Console& console) {
     const QString root = MakeInstallation(request);
     console.out << u"%1 に要員 %2 名のインストールを作りました。\n"_s.arg(root).arg(request.staff);
     RegisterHostOrTell(root, console);
+    if (arguments.Has(kMenuOption)) EnterInMenu(root, console);
     if (request.askPins) ShowTrialPeople(root, request.kind, console);
 }
 
 QList<OptionRule> InitOptions() {
-    return {{u"--staff"_s, true},        {u"--seed"_s, true}, {u"--kind"_s, true},
-            {u"--install-kind"_s, true}, {u"--pin"_s, false}, {u"--replace"_s, false}};
+    return {{u"--staff"_s, true}, {u"--seed"_s, true},     {u"--kind"_s, true}, {u"--install-kind"_s, true},
+            {u"--pin"_s, false},  {u"--replace"_s, false}, {kMenuOption, false}};
 }
 
 QList<OptionRule> NoOptions() { return {}; }
@@ -120,6 +128,7 @@ constexpr Verb kVerbs[] = {
     {u"links", LinksOptions, ShowLinks},
     {u"check", CheckOptions, CheckInstallation},
     {u"move", NoOptions, MoveInstallation},
+    {u"upgrade", UpgradeOptions, UpgradeInstallation},
     {u"seal-pins", NoOptions, SealPins},
     {u"server-init", ServerInitOptions, InitServer, -1},
     {u"use-server", UseServerOptions, UseServer},

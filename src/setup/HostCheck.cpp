@@ -7,7 +7,7 @@
 #include "data/ReportHostTrust.h"
 #include "data/TrustedLocations.h"
 #include "platform/Services.h"
-#include "platform/registry/RegistryFile.h"
+#include "platform/registry/FileRegistry.h"
 #include "setup/ReportHostInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -15,17 +15,6 @@ using namespace Qt::StringLiterals;
 namespace setup {
 
 namespace {
-
-std::optional<QString> RegisteredFolder() {
-    platform::Registry& registry = *platform::Services().registry;
-    platform::RegistryKey key;
-    const QString path = ReportHostKey().section(u'\\', 1);
-    if (registry.OpenKey(platform::MachineRoot(), path, platform::kRegistryRead, key) != platform::kRegistryDone)
-        return std::nullopt;
-    std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
-    registry.CloseKey(key);
-    return folder;
-}
 
 bool Holds(const platform::RegistryContent::Key& key, const QString& folder) {
     const auto path = key.values.find(platform::FoldedName(u"Path"_s));
@@ -41,12 +30,23 @@ bool Trusts(const platform::RegistryContent& content, const QString& version, co
     return false;
 }
 
+/// A name that no location has, so that the advice takes nobody's place.
+QString FreeLocation(const platform::RegistryContent& content, const QString& version) {
+    for (int number = 0;; ++number) {
+        const QString key = TrustedLocationsKey(version) + u"\\Location%1"_s.arg(number);
+        if (content.Find(key) == nullptr) return key;
+    }
+}
+
 }  // namespace
 
 QStringList HostFaults(const UserAccess& user) {
-    const std::optional<QString> folder = RegisteredFolder();
+    const QString registry = platform::MachineRegistryFile();
+    if (QFileInfo::exists(registry) && !user.MayRead(registry))
+        return {u"レジストリ %1 を読む権限がありません。"_s.arg(registry)};
+    const std::optional<QString> folder = RegisteredHostFolder();
     if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
-    const QString program = *folder + u"MSACCESS.EXE"_s;
+    const QString program = *folder + kHostProgramName;
     if (!QFileInfo(program).isFile()) return {u"登録されている帳票ホスト %1 がありません。"_s.arg(program)};
     if (!user.MayRun(program)) return {u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program)};
     if (!IsKnownHost(*folder))
@@ -55,7 +55,7 @@ QStringList HostFaults(const UserAccess& user) {
 }
 
 QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
-    const QString version = TrustVersionOf(RegisteredFolder().value_or(QString()));
+    const QString version = TrustVersionOf(RegisteredHostFolder().value_or(QString()));
     if (version.isEmpty()) return {};
     QFile file(user.RegistryFile());
     std::optional<platform::RegistryContent> content = platform::RegistryContent();
@@ -67,8 +67,7 @@ QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
     if (Trusts(*content, version, reportFolder)) return {};
     return {
         u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
-        u"    suite-setup registry set 'HKCU\\%2\\Location' Path '%1/'"_s.arg(reportFolder,
-                                                                              TrustedLocationsKey(version))};
+        u"    suite-setup registry set 'HKCU\\%2' Path '%1/'"_s.arg(reportFolder, FreeLocation(*content, version))};
 }
 
 }  // namespace setup

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -12,7 +13,7 @@
 #include "setup/ConfigurationStore.h"
 #include "setup/FormsStore.h"
 #include "setup/Manual.h"
-#include "setup/ReportHostInstallation.h"
+#include "setup/ProgramFiles.h"
 #include "setup/SampleLogs.h"
 #include "setup/SampleMasters.h"
 #include "setup/SampleStaff.h"
@@ -25,8 +26,6 @@ namespace setup {
 namespace {
 
 constexpr long kWorkFailed = 1;
-
-const QStringList kPrograms{u"要員名簿照会"_s, u"要員台帳更新"_s, u"suite-setup"_s};
 
 struct FolderRule {
     const char16_t* name;
@@ -64,13 +63,6 @@ void WriteGeneral(const QString& path, const InstallationRequest& request, const
     store.Commit();
 }
 
-void WriteManual(const QString& path) {
-    QFile file(path);
-    const QByteArray document = ManualDocument();
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.flush())
-        Fail(u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
-}
-
 /// Envelopes of a company without a logo show this picture.
 void WriteBlankPicture(const QString& path) {
     QImage blank(8, 8, QImage::Format_RGB32);
@@ -78,19 +70,22 @@ void WriteBlankPicture(const QString& path) {
     if (!blank.save(path, "JPG")) Fail(u"%1 に書き込めません。"_s.arg(path));
 }
 
-void CopyPrograms(const QString& from, const QString& to) {
-    for (const QString& program : kPrograms) {
-        const QString source = from + u'/' + program, target = to + u'/' + program;
-        if (from.isEmpty() || !QFileInfo(source).isFile()) continue;
-        if (!QFile::copy(source, target)) Fail(u"%1 を %2 に複写できません。"_s.arg(source, target));
-    }
-}
-
 /// Always by chance, whatever the seed: whoever knows the seed must not know the key.
 platform::PinKey MakeKey(const QString& path) {
     const platform::PinKey key;
     if (!key.Write(path)) Fail(u"鍵ファイル %1 を作成できません。"_s.arg(path));
     return key;
+}
+
+/// What users only read and run, whatever the umask of whoever makes the installation.
+void LetEverybodyUse(const QString& folder) {
+    if (!QFileInfo(folder).isDir()) return;
+    SetMode(folder, 0755);
+    QDirIterator inside(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (inside.hasNext()) {
+        const QFileInfo entry(inside.next());
+        SetMode(entry.filePath(), entry.isDir() || entry.isExecutable() ? 0755 : 0644);
+    }
 }
 
 /// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
@@ -109,8 +104,8 @@ void FillInstallation(const QString& root, const QString& finalRoot, const Insta
     for (const QString& file : {configuration, report, forms}) SetMode(file, 0664);
     WriteBlankPicture(root + u"/prgbin/空白.jpg"_s);
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
-    CopyPrograms(request.programFolder, root + u"/prgbin"_s);
-    InstallReportHost(request.programFolder, root);
+    InstallPrograms(request.programFolder, root);
+    for (const QString& folder : {u"/prgbin"_s, u"/manual"_s, u"/host"_s}) LetEverybodyUse(root + folder);
 }
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {

@@ -1,13 +1,17 @@
 #include "setup/Manual.h"
 
+#include <QFile>
 #include <QList>
-#include <QString>
+
+#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 
 namespace setup {
 
 namespace {
+
+constexpr long kWorkFailed = 1;
 
 enum class Style { Title, Heading, Text, Item };
 
@@ -37,6 +41,11 @@ constexpr Paragraph kParagraphs[] = {
      u"「絞込み」にチェックを付けるとすべての行に当てはまる社員を検索します。指定中はボタンが緑色になり、"
      u"その項目は入力できません。すべての行を空にして戻るか、「画面ｸﾘｱ」を押すと元に戻ります。"},
     {Style::Item, u"電話番号は「電話複数指定」から検索します。"},
+    {Style::Item,
+     u"「部門コード範囲」などのボタンでは、範囲の代わりに、一覧の行にチェックを付けて一件ずつ選びます。チェックは"
+     u"クリックかスペースキーで付き、Shift や Ctrl で選んだ複数の行には「複数選択」でまとめて付きます。"
+     u"「選択ｸﾘｱ」ですべて外れます。担当者の一覧が５０件までのときは「全て選択」も使えます。一覧を検索し直すと"
+     u"チェックは外れます。指定中はボタンが緑色になり、範囲は入力できません。"},
     {Style::Item, u"在籍区分と社員区分は番号で入力するか、右の一覧から選びます。「全て」を選ぶと条件になりません。"},
     {Style::Item, u"表示順区分で、担当者コード、所属コード、名称、カナ、郵便番号のいずれかの順を選びます。"},
     {Style::Heading, u"２　検索と画面ｸﾘｱ"},
@@ -50,12 +59,23 @@ constexpr Paragraph kParagraphs[] = {
     {Style::Item,
      u"要員台帳更新では、内容を直して「保存」を押すと書き込んで閉じます。コードの項目で Ctrl を押すと名称の"
      u"一覧が開きます。日付は西暦の 8 桁で入力し、右に年号が表示されます。"},
-    {Style::Heading, u"４　困ったとき"},
+    {Style::Heading, u"４　テキスト出力"},
+    {Style::Item,
+     u"「ﾃｷｽﾄ出力」を押して保存先を選ぶと、一覧の社員を表計算ソフトで開けるファイル（CSV）に書き出します。同じ名前の"
+     u"ファイルは、確認なしに置き換えられます。"},
+    {Style::Item, u"ファイルの文字はシフトJISです。シフトJISにない文字は「?」になり、その数が画面の下に表示されます。"},
+    {Style::Item,
+     u"「……が使用中です。」と表示されたときは、そのファイルを表計算ソフトで開いたままにしていないか、保存先に"
+     u"書き込めるかを確かめてください。"},
+    {Style::Heading, u"５　困ったとき"},
     {Style::Item,
      u"「データベースが使用できません。」と表示されて終了するときは、ネットワークの接続を確かめてから、"
      u"管理者に連絡してください。"},
     {Style::Item,
      u"探している社員が表示されないときは、在籍区分を「全て」にし、範囲を初期値に戻して検索してください。"},
+    {Style::Item,
+     u"テキスト出力の途中で「しばらくお待ちください。」が消えず、操作できなくなったときは、保存先の空き容量を確かめ、"
+     u"要員名簿照会の画面を右上の×で閉じて、起動し直してください。"},
     {Style::Item, u"動作の記録は管理者が履歴で確かめることができます。日時を控えておいてください。"},
 };
 
@@ -95,6 +115,13 @@ QByteArray ManualDocument() {
     for (const Paragraph& paragraph : kParagraphs)
         rtf += Opening(paragraph.style) + Escaped(QString::fromUtf16(paragraph.text)) + "\\par\n";
     return rtf + "}\n";
+}
+
+void WriteManual(const QString& path) {
+    QFile file(path);
+    const QByteArray document = ManualDocument();
+    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.flush())
+        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
 }
 
 }  // namespace setup

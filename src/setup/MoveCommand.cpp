@@ -17,12 +17,12 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-/// One move: what it says, and the files that stayed outside.
+/// One move: what it says, the general databases that stayed outside, and what could not be done.
 struct Move {
     QString root;
     const Console& console;
     int changes = 0;
-    QStringList outside;
+    QStringList outside, failures;
 
     void Tell(const QString& file, const QString& from, const QString& to) {
         ++changes;
@@ -73,23 +73,33 @@ void MoveLinks(Move& move, const QString& formsFile, const QString& workTables) 
     }
 }
 
+/// A file that can't be changed must not keep the others on the original.
+template <typename Step>
+void Try(Move& move, const QString& file, Step step) {
+    try {
+        step();
+    } catch (const platform::RuntimeError& error) {
+        move.failures.append(u"%1 を変更できません。%2"_s.arg(file, error.Description()));
+    }
+}
+
 void MovePlaces(Move& move, const FilePlaces& places) {
     const QString configuration = ConfigurationFile(places.conf);
-    if (!configuration.isEmpty()) MoveDefinition(move, configuration);
-    for (const QString& forms : FormsFilesIn(places.report)) MoveLinks(move, forms, WorkTablesIn(places.report));
+    if (!configuration.isEmpty()) Try(move, configuration, [&] { MoveDefinition(move, configuration); });
+    for (const QString& forms : FormsFilesIn(places.report))
+        Try(move, forms, [&] { MoveLinks(move, forms, WorkTablesIn(places.report)); });
 }
 
 }  // namespace
 
 void MoveInstallation(const Arguments& arguments, const Console& console) {
-    Move move{InstallationRoot(arguments.installation), console, 0, {}};
+    Move move{InstallationRoot(arguments.installation), console, 0, {}, {}};
     MovePlaces(move, CommonPlaces(move.root));
     for (const FilePlaces& places : AllPrivatePlaces(move.root)) MovePlaces(move, places);
-    if (!move.outside.isEmpty()) {
-        move.outside.removeDuplicates();
-        throw platform::RuntimeError(kWorkFailed, u"一般データベース %1 は %2 の外にあり、変更していません。"_s.arg(
-                                                      move.outside.join(u'、'), move.root));
-    }
+    move.outside.removeDuplicates();
+    for (const QString& file : move.outside)
+        move.failures.append(u"一般データベース %1 は %2 の外にあり、変更していません。"_s.arg(file, move.root));
+    if (!move.failures.isEmpty()) throw platform::RuntimeError(kWorkFailed, move.failures.join(u'\n'));
     if (move.changes == 0) console.out << u"変更するところはありませんでした。\n"_s;
 }
 

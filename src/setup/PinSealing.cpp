@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "platform/SealedPins.h"
-#include "platform/database/SqliteOpening.h"
 #include "setup/Installer.h"
 #include "setup/PinColumns.h"
+#include "setup/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 using platform::PinKey;
@@ -24,56 +24,25 @@ struct StoredPin {
     QString text;
 };
 
-SqliteDatabase Open(const QString& file, platform::ConnectMode mode) {
-    platform::ConnectionRequest request;
-    request.dataSource = file;
-    request.mode = mode;
-    return platform::OpenSqliteFile(request);
-}
-
-void Run(sqlite3* database, const char* sql) {
-    if (platform::RunPlain(database, sql) != SQLITE_OK) throw platform::SqliteFailure(database);
-}
-
-SqliteStatement Prepare(sqlite3* database, const QString& sql) {
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr) != SQLITE_OK)
-        throw platform::SqliteFailure(database);
-    return SqliteStatement(statement);
-}
-
-QString TextOf(sqlite3_stmt* row, int column) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, column)),
-                             sqlite3_column_bytes(row, column));
-}
-
-/// Step to the next row; false at the end.
-bool Next(sqlite3* database, sqlite3_stmt* statement) {
-    const int result = sqlite3_step(statement);
-    if (result != SQLITE_ROW && result != SQLITE_DONE) throw platform::SqliteFailure(database);
-    return result == SQLITE_ROW;
-}
-
 QList<StoredPin> StoredPins(sqlite3* database, const PinColumn& place) {
     const SqliteStatement rows =
-        Prepare(database, u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
+        PrepareSql(database, u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
     QList<StoredPin> pins;
-    while (Next(database, rows.get())) pins.append({sqlite3_column_int64(rows.get(), 0), TextOf(rows.get(), 1)});
+    while (NextRow(database, rows.get())) pins.append({sqlite3_column_int64(rows.get(), 0), ColumnText(rows.get(), 1)});
     return pins;
 }
 
 void SealColumn(sqlite3* database, const PinColumn& place, const PinKey& key, SealedCount& count) {
     const SqliteStatement update =
-        Prepare(database, u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
+        PrepareSql(database, u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
     for (const StoredPin& pin : StoredPins(database, place)) {
         if (platform::IsSealedPin(pin.text)) {
             ++(platform::OpenPin(pin.text, key) ? count.before : count.unopenable);
             continue;
         }
-        const QByteArray sealed = platform::SealPin(pin.text, key).toUtf8();
-        sqlite3_bind_text(update.get(), 1, sealed.constData(), static_cast<int>(sealed.size()), SQLITE_TRANSIENT);
+        BindText(update.get(), 1, platform::SealPin(pin.text, key));
         sqlite3_bind_int64(update.get(), 2, pin.row);
-        Next(database, update.get());
+        NextRow(database, update.get());
         sqlite3_reset(update.get());
         ++count.sealed;
     }
@@ -90,23 +59,23 @@ void MakeKey(const QString& keyFile) {
 
 /// Path of the general database by the row that the programs open it by.
 QString GeneralFile(const QString& configuration) {
-    const SqliteDatabase database = Open(configuration, platform::ConnectMode::Read);
+    const SqliteDatabase database = OpenSqlite(configuration, platform::ConnectMode::Read);
     const SqliteStatement row =
-        Prepare(database.get(), u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s);
-    const bool found = Next(database.get(), row.get());
-    if (!found || TextOf(row.get(), 0) != u"A"_s)
+        PrepareSql(database.get(), u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s);
+    const bool found = NextRow(database.get(), row.get());
+    if (!found || ColumnText(row.get(), 0) != u"A"_s)
         throw Refusal(u"一般データベースがファイルではないので、暗証番号を封じられません。"_s);
-    return platform::SqlitePath(TextOf(row.get(), 1).trimmed());
+    return platform::SqlitePath(ColumnText(row.get(), 1).trimmed());
 }
 
 }  // namespace
 
 SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile) {
-    const SqliteDatabase database = Open(generalFile, platform::ConnectMode::ReadWrite);
+    const SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
     // Otherwise the clear texts would stay readable in the free places of the file.
-    Run(database.get(), "PRAGMA secure_delete = ON");
+    RunSql(database.get(), u"PRAGMA secure_delete = ON"_s);
     // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
-    Run(database.get(), "BEGIN IMMEDIATE");
+    RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
     const bool newKey = !QFile::exists(keyFile);
     auto forgetKey = qScopeGuard([&] {
         if (newKey) QFile::remove(keyFile);
@@ -115,7 +84,7 @@ SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile) {
     const PinKey key = KeyOf(keyFile);
     SealedCount count;
     for (const PinColumn& place : kPinColumns) SealColumn(database.get(), place, key, count);
-    Run(database.get(), "COMMIT");
+    RunSql(database.get(), u"COMMIT"_s);
     forgetKey.dismiss();
     return count;
 }

@@ -5,6 +5,7 @@
 
 #include "report-host/OutputPlace.h"
 #include "report-host/PreparedReport.h"
+#include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 
 using namespace Qt::StringLiterals;
@@ -19,14 +20,8 @@ const QString kReport = u"--report"_s, kPrinter = u"--to-printer"_s, kFolder = u
 
 /// The common forms file first, then the users' copies.
 QStringList FormsFiles(const QString& root) {
-    QStringList folders{root + u"/report"_s};
-    const QDir users(root + u"/users"_s);
-    for (const QString& user : users.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        folders.append(users.filePath(user) + u"/report"_s);
-    QStringList files;
-    for (const QString& folder : folders)
-        for (const QString& name : {u"/repfrmdb.accdb"_s, u"/repfrmdb.mdb"_s})
-            if (QFileInfo(folder + name).isFile()) files.append(folder + name);
+    QStringList files = FormsFilesIn(CommonPlaces(root).report);
+    for (const FilePlaces& places : AllPrivatePlaces(root)) files += FormsFilesIn(places.report);
     return files;
 }
 

@@ -1,9 +1,8 @@
 #include "setup/ReportHostInstallation.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
+#include "data/TrustedLocations.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
@@ -16,7 +15,7 @@ namespace {
 constexpr long kWorkFailed = 1;
 const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
 
-QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + u"MSACCESS.EXE"_s; }
+QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + kHostProgramName; }
 
 }  // namespace
 
@@ -24,11 +23,14 @@ QString ReportHostFolder(const QString& root) { return root + u"/host/OFFICE16/"
 
 QString ReportHostKey() { return u"HKLM\\"_s + kHostKey; }
 
-void InstallReportHost(const QString& programFolder, const QString& root) {
-    const QString source = programFolder + u"/report-host"_s, target = HostProgramFile(root);
-    if (programFolder.isEmpty() || !QFileInfo(source).isFile()) return;
-    if (!QDir().mkpath(ReportHostFolder(root)) || !QFile::copy(source, target))
-        throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
+std::optional<QString> RegisteredHostFolder() {
+    platform::Registry& registry = *platform::Services().registry;
+    platform::RegistryKey key;
+    if (registry.OpenKey(platform::MachineRoot(), kHostKey, platform::kRegistryRead, key) != platform::kRegistryDone)
+        return std::nullopt;
+    std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
+    registry.CloseKey(key);
+    return folder;
 }
 
 bool RegisterReportHost(const QString& root) {

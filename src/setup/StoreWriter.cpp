@@ -5,34 +5,11 @@
 #include <QFile>
 
 #include "setup/PinColumns.h"
+#include "setup/TableStatements.h"
 
 using namespace Qt::StringLiterals;
 
 namespace setup {
-
-namespace {
-
-QString Quoted(const QString& name) { return u'"' + name + u'"'; }
-
-QString QuotedList(const QStringList& names) {
-    QStringList quoted;
-    for (const QString& name : names) quoted.append(Quoted(name));
-    return quoted.join(u", "_s);
-}
-
-QString CreateStatement(const TableDefinition& table) {
-    QStringList parts;
-    for (const ColumnDefinition& column : table.columns) parts.append(Quoted(column.name) + u' ' + column.type);
-    if (!table.key.isEmpty()) parts.append(u"PRIMARY KEY ("_s + QuotedList(table.key) + u')');
-    return u"CREATE TABLE "_s + Quoted(table.name) + u" ("_s + parts.join(u", "_s) + u')';
-}
-
-QString IndexStatement(const TableDefinition& table, int number) {
-    return u"CREATE INDEX "_s + Quoted(table.name + u"_索引"_s + QString::number(number + 1)) + u" ON "_s +
-           Quoted(table.name) + u" ("_s + QuotedList(table.indexes[number]) + u')';
-}
-
-}  // namespace
 
 StoreWriter::StoreWriter(const QString& path, Store store) : store_(store) {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
@@ -42,7 +19,7 @@ StoreWriter::StoreWriter(const QString& path, Store store) : store_(store) {
         Execute(u"PRAGMA journal_mode = DELETE"_s);
         Execute(u"BEGIN IMMEDIATE"_s);
         for (const TableDefinition& table : SuiteTables())
-            if (table.store == store) Execute(CreateStatement(table));
+            if (table.store == store) Execute(CreateTableStatement(table));
     } catch (...) {
         sqlite3_close(database_);
         throw;
@@ -54,7 +31,7 @@ StoreWriter::~StoreWriter() { sqlite3_close(database_); }
 void StoreWriter::Commit() {
     for (const TableDefinition& table : SuiteTables()) {
         if (table.store != store_) continue;
-        for (int number = 0; number < table.indexes.size(); ++number) Execute(IndexStatement(table, number));
+        for (int number = 0; number < table.indexes.size(); ++number) Execute(CreateIndexStatement(table, number));
     }
     Execute(u"COMMIT"_s);
 }
@@ -82,7 +59,7 @@ TableWriter::TableWriter(StoreWriter& store, const QString& table) : store_(stor
     }
     for (const PinColumn& pin : kPinColumns)
         if (store.KeyOfPins() && table == pin.table) pins_.append(parameters_.value(pin.column.toString()));
-    statement_ = store.Prepare(u"INSERT INTO "_s + Quoted(table) + u" ("_s + QuotedList(names) + u") VALUES ("_s +
+    statement_ = store.Prepare(u"INSERT INTO "_s + QuotedName(table) + u" ("_s + QuotedNames(names) + u") VALUES ("_s +
                                places.join(u", "_s) + u')');
 }
 

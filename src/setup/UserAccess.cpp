@@ -23,6 +23,7 @@ constexpr unsigned kThrough = 1;  // to pass a folder on the way to what is in i
 UserAccess::UserAccess(const QString& user) : id_(getuid()) {
     const QByteArray name = QFile::encodeName(user);
     const passwd* entry = user.isEmpty() ? nullptr : getpwnam(name.constData());
+    known_ = user.isEmpty() || entry != nullptr;
     if (entry == nullptr) return;
     self_ = entry->pw_uid == id_;
     id_ = entry->pw_uid;

@@ -93,6 +93,7 @@ const NameCase kNameCases[] = {
     {"WithoutDigitsCountsAsZero", {u"Location"_s, u"Location1"_s}, u"Location2"_s},
     {"TwelveAloneGivesEleven", {u"Location12"_s}, u"Location11"_s},
     {"OtherNamesCountByTheirNinthSign", {u"AllowFoo5x"_s}, u"Location4"_s},
+    {"HighestNumberGivesTheNextOne", {u"Location0"_s, u"Location2147483647"_s}, u"Location2147483648"_s},
     {"ShortNameIsZero", {u"abc"_s}, u"Location1"_s},
 };
 

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <functional>
+
 #include "data/Connections.h"
 #include "data/Environment.h"
 #include "frame/ProgramGlobals.h"
@@ -33,12 +35,14 @@ bool WaitDialogStands() {
 class WatchedFiles : public platform::HostFileSystem {
   public:
     QStringList& copies;
-    QString diskFullAt;     ///< no room is left while this file is copied
-    QString noFolderBelow;  ///< no folder can be made in this one
+    QString diskFullAt;                       ///< no room is left while this file is copied
+    QString noFolderBelow;                    ///< no folder can be made in this one
+    std::function<void()> meanwhile = [] {};  ///< what events do during a copy
     explicit WatchedFiles(QStringList& watched) : copies(watched) {}
 
     bool CopyFile(const QString& source, const QString& target) const override {
         const QString name = QFileInfo(target).fileName();
+        meanwhile();
         copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
         return name == diskFullAt ? CopyOnFullDisk(source, target) : HostFileSystem::CopyFile(source, target);
     }
@@ -118,6 +122,14 @@ TEST_F(UserConfiguration, FirstStartMakesCopiesLinkedToTheUsersOwnTablesUnderThe
     EXPECT_EQ(registry.Text(LocationsOf(u"16.0"_s) + u"\\Location0"_s, u"Path"_s), Own(u"report/"_s));
     EXPECT_EQ(Globals().ProcCounter, 0);
     EXPECT_EQ(services.dialogs.Texts(), QStringList());
+}
+
+TEST_F(UserConfiguration, HostIsPreparedBeforeAnyOfItsFilesIsTouched) {
+    QStringList writesBefore;
+    files->meanwhile = [&] { writesBefore.append(QString::number(registry.writes.size())); };
+    PrepareUserConfig();
+    // Path and AllowSubfolder, once the configuration has been copied.
+    EXPECT_EQ(writesBefore, QStringList({u"0"_s, u"2"_s, u"2"_s}));
 }
 
 TEST_F(UserConfiguration, SecondStartCopiesNothingShowsNoDialogAndAsksForNoHost) {
@@ -231,6 +243,25 @@ TEST_F(UserConfiguration, WithoutRightToMakeTheFolderTheUserIsToldAndTheStartEnd
     EXPECT_TRUE(texts.first().startsWith(u"DIREXISTCHK ERROR70 書き込む権限がありません。"_s));
     EXPECT_FALSE(WaitDialogStands());
     EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
+}
+
+TEST_F(UserConfiguration, JournalOfALostFileIsNotUndoneInItsFreshCopy) {
+    PrepareUserConfig();
+    for (const QString& lost : {u"conf/usrcnfg.accdb"_s, u"report/repdb.accdb"_s}) {
+        ASSERT_TRUE(QFile::remove(Own(lost)));
+        WriteBytes(Own(lost + u"-journal"_s), "what a killed program has left");
+    }
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+}
+
+TEST_F(OlderUserConfiguration, KindStandsAtTheEndWhateverEventsDidDuringTheCopy) {
+    files->meanwhile = [this] {
+        if (!copies.isEmpty()) Globals().Layout.ReportDbKind = kAccdb;
+    };
+    PrepareUserConfig();
+    EXPECT_EQ(Globals().Layout.ReportDbKind, kMdb);
 }
 
 class FullDiskAtCopy : public UserConfiguration, public testing::WithParamInterface<const char16_t*> {};

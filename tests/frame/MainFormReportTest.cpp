@@ -7,6 +7,7 @@
 #include "frame/ProgramGlobals.h"
 #include "report-host/OutputPlace.h"
 #include "screen/Form.h"
+#include "setup/ProgramFiles.h"
 #include "setup/ReportHostInstallation.h"
 #include "support/FileBytes.h"
 #include "support/HostProgram.h"
@@ -24,7 +25,7 @@ class MainFormReportTest : public MainFormTest {
             waitDialogStood = WaitDialogStands();
             QThread::msleep(static_cast<unsigned long>(milliseconds));
         };
-        setup::InstallReportHost(QStringLiteral(SUITE_PROGRAMS), installation.Root());
+        setup::InstallPrograms(QStringLiteral(SUITE_PROGRAMS), installation.Root());
         setup::RegisterReportHost(installation.Root());
         WriteOutputPlace(installation.ReportFolder() + u"/repfrmdb.accdb"_s, {},
                          {OutputPlace::Kind::Folder, printer.path()});
@@ -65,6 +66,17 @@ TEST_F(MainFormReportTest, PrintButtonBringsOutTheTickedRowsAndNoHostIsLeft) {
     EXPECT_EQ(History().mid(before), QStringList({u"出力開始 印刷"_s, u"出力終了 印刷"_s}));
     EXPECT_TRUE(waitDialogStood);
     EXPECT_FALSE(WaitDialogStands());
+}
+
+TEST_F(MainFormReportTest, MailButtonsBringOutTheirPiecesAndNoHostIsLeft) {
+    Start();
+    for (const QString& piece : {u"封筒"_s, u"はがき"_s, u"宛名ラベル"_s}) {
+        Order(u"btn_"_s + piece);
+        EXPECT_EQ(Printed().filter(u"要員名簿照会"_s + piece + u'-').size(), 1) << piece.toStdString();
+        EXPECT_EQ(Hosts(), QList<qint64>());
+    }
+    EXPECT_EQ(Printed().size(), 3);
+    EXPECT_EQ(Boxes(), QStringList({u"印刷しますか?"_s, u"印刷しますか?"_s, u"印刷しますか?"_s}));
 }
 
 TEST_F(MainFormReportTest, NoStartsNothing) {
@@ -115,11 +127,12 @@ TEST_F(MainFormReportTest, MissingHostIsToldByThePrintAndNotByThePreview) {
 
 TEST_F(MainFormReportTest, HostThatNeverListensIsToldAndNotKilled) {
     ASSERT_TRUE(QFile::remove(HostFile()));
-    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, HostFile()));  // refuses its arguments and ends at once
+    ASSERT_TRUE(QFile::copy(QStringLiteral(TEST_PROGRAMS "/deaf-host"), HostFile()));
     Start();
     Order(u"btn_印刷"_s);
     EXPECT_EQ(Boxes().last(), u"帳票ホストに接続できません。"_s);
     EXPECT_EQ(Printed(), QStringList());
+    EXPECT_EQ(Hosts().size(), 1);
 }
 
 TEST_F(MainFormReportTest, ReportThatFailsIsToldInTheHostsWords) {

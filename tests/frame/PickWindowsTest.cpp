@@ -64,6 +64,25 @@ TEST_F(PickWindowsTest, WindowsBearTheirTitlesButtonsAndColumns) {
     }
 }
 
+TEST_F(PickWindowsTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
+    using Counts = QHash<QString, int>;
+    const Counts status = {
+        {u"xNum"_s, 1}, {u"ComboBox"_s, 1}, {u"SSCommand"_s, 4}, {u"SSPanel"_s, 2}, {u"ListView"_s, 1}};
+    const Counts positions = {{u"SSCommand"_s, 3}, {u"SSPanel"_s, 1}, {u"ListView"_s, 1}};
+    const Counts staff = {{u"xField"_s, 7},     {u"xNum"_s, 2},    {u"ComboBox"_s, 2}, {u"xLabel"_s, 2},
+                          {u"SSCommand"_s, 12}, {u"SSPanel"_s, 3}, {u"ListView"_s, 1}};
+    const QList<Counts> expected = {status, status, positions, staff};
+    Start();
+    for (int i = 0; i < expected.size(); ++i) {
+        Open(PickDefinitions()[static_cast<size_t>(i)], [&](const FormHands& hands) {
+            Counts count;
+            for (const Control* control : hands.Window().Controls()) ++count[control->TypeName()];
+            EXPECT_EQ(count, expected[i]);
+            GoBack(hands);
+        });
+    }
+}
+
 TEST_F(PickWindowsTest, OpeningDisablesTheMainFormEmptiesTheConditionAndNamesButtonAndStartItem) {
     Start();
     for (const PickDefinition& window : PickDefinitions()) {

@@ -97,6 +97,11 @@ TEST_F(Csv, CurrencyStandsUnquotedInItsNumberForm) {
               " 1000000000000000 ,\"x\", 0 \r\n");
 }
 
+TEST_F(Csv, CurrencyThatRoundsToNothingHasNoSign) {
+    EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY); INSERT INTO 表 VALUES (-0.00001, -0.00004)"_s),
+              "\"a\",\"b\"\r\n 0 , 0 \r\n");
+}
+
 TEST_F(Csv, ANullOfCurrencyIsACommaAloneAndInTheLastFieldOneBlank) {
     EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY); INSERT INTO 表 VALUES (NULL, NULL), (1, NULL)"_s),
               "\"a\",\"b\"\r\n, \r\n 1 , \r\n");
@@ -143,6 +148,14 @@ TEST_F(Csv, MissingFoldersAreMadeAlsoWithBlanksInTheirNames) {
     WriteRecordsetAsCsv(records, path);
     EXPECT_EQ(ReadBytes(path), "\"a\"\r\n");
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(Csv, ARelativePathLiesInTheWorkingFolder) {
+    QDir::setCurrent(folder.path());
+    Open(u"CREATE TABLE 表 (a TEXT)"_s);
+    WriteRecordsetAsCsv(records, u"a b.csv"_s);
+    QDir::setCurrent(QDir::rootPath());
+    EXPECT_EQ(ReadBytes(folder.filePath(u"a b.csv"_s)), "\"a\"\r\n");
 }
 
 TEST_F(Csv, EveryPathThatCannotBeOpenedIsInUse) {

@@ -61,13 +61,20 @@ TEST_F(ReportDatabase, AMissingFileRisesAndIsNotMade) {
 }
 
 TEST_F(ReportDatabase, ATruncatedFileRises) {
-    for (const qsizetype bytes : {0, 300, 6000}) {
-        WriteBytes(File(), ReadBytes(File()).first(bytes));
-        EXPECT_NE(FailureOf(OpenReportDatabase).number, 0) << bytes;
-        EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
-        TearDown();
-        WriteBytes(File(), ReadBytes(File()) + QByteArray(8000, 'x'));
-    }
+    const QByteArray whole = ReadBytes(File());
+    const auto failure = [&](qsizetype bytes) {
+        WriteBytes(File(), whole.first(bytes));
+        const QString description = FailureOf(OpenReportDatabase).description;
+        EXPECT_FALSE(Globals().ReportDatabase.IsOpen()) << bytes;
+        return description;
+    };
+    const QString name = u"データベース「"_s + File();
+    EXPECT_EQ(failure(0), name + u"」は空のファイルです (0 バイト)。"_s);
+    EXPECT_EQ(failure(300), name + u"」は途中で切れています。"_s);
+    EXPECT_EQ(failure(6000), name + u"」は壊れているか、途中で切れています。"_s);
+    EXPECT_EQ(failure(whole.size() - 4096), name + u"」は壊れているか、途中で切れています。"_s);
+    WriteBytes(File(), whole);
+    EXPECT_TRUE(OpenReportDatabase());
 }
 
 TEST_F(ReportDatabase, ClosingIgnoresWhatIsNotOpen) {

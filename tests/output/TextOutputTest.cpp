@@ -3,11 +3,14 @@
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
+#include <functional>
 
 #include "output/OutputFixture.h"
+#include "platform/OutputFile.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
 using enum StaffText;
@@ -15,6 +18,17 @@ using enum StaffText;
 namespace {
 
 const QString kStart = u"出力開始 テキスト出力"_s, kEnd = u"出力終了 テキスト出力"_s;
+
+/// Message boxes that look around while they are up.
+class WatchingDialogs : public QueuedDialogs {
+  public:
+    explicit WatchingDialogs(std::function<void(const QString& text)> look) : look_(std::move(look)) {}
+    using QueuedDialogs::ShowMessage;
+    void ShowMessage(const QString& text, const QString& /*title*/) override { look_(text); }
+
+  private:
+    std::function<void(const QString& text)> look_;
+};
 
 class TextOutput : public OutputTest {
   protected:
@@ -63,6 +77,36 @@ TEST_F(TextOutput, WritesTheMarkedRowsAndTellsTheHistory) {
     ExpectTidy();
 }
 
+TEST_F(TextOutput, TheFileIsTheWholeWorkTableByteByByte) {
+    AddEras();
+    Globals().Conditions.DepartmentTo = u"020"_s;
+    AddRow({{担当者コード, u"00001"_s},
+            {担当者名, u"髙﨑　德"_s},
+            {カナ, u"ﾀｶｻｷ"_s},
+            {住所A, u"東京都 港区～芝1－2 "_s},
+            {生年月日, u"19650403"_s},
+            {担当者メモ, u"a,\"b\"\r\nc"_s + QChar(u'\0')}});
+    Globals().OfficeCount = 1;
+    Globals().Environment.OperatingOfficeCode = u"001"_s;
+    Globals().Office.名称 = u"本社"_s;
+    AddRow({{担当者コード, u"00002"_s}, {退社日付, u"20200331"_s}});
+    RunTextOutput();
+    const QString names =
+        u"運用事業所コード 運用事業所名 選択条件 コード 氏名 カナ 性別区分名 郵便番号 住所A 住所B 住所C 電話 携帯電話"
+        u" EMAIL 事業所名 部門名 セクション名 役職名 在籍区分名 社員区分名 生年月日 入社日付 退社日付 事業所コード"
+        u" 部門コード セクションコード 役職コード 表示生年月日 表示入社日付 表示退社日付 担当者メモ 登録日付 更新日付"_s;
+    const QString head = u"\"001\",\"本社\",\"部門コード範囲:000～020  表示順：所属コード順\","_s;
+    const QString written =
+        u'"' + names.split(u' ').join(u"\",\""_s) + u"\"\r\n"_s + head +
+        u"\"00001\",\"髙﨑　德\",\"ﾀｶｻｷ\",\"\",\"\",\"東京都 港区～芝1－2 \",\"\",\"\",\"\",\"\","_s +
+        u"\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"19650403\",\"\",\"\",\"\",\"\",\"\",\"\",\"昭和40年04月03日\","_s +
+        u"\"\",\"\",\"a,\"b\"\r\nc"_s + QChar(u'\0') + u"\",\"\",\"\"\r\n"_s + head +
+        u"\"00002\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\","_s +
+        u"\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"20200331\",\"\",\"\",\"\",\"\",\"\",\"\","_s +
+        u"\"平成32年03月31日\",\"\",\"\",\"\"\r\n"_s;
+    EXPECT_EQ(ReadBytes(Globals().TextOutputFileName), Encode932(written).bytes);
+}
+
 TEST_F(TextOutput, WithoutAReportDatabaseSaysSoAndLeavesTheFileAlone) {
     WriteBytes(Globals().TextOutputFileName, "old");
     Globals().Layout.ReportDbKind = kNoFile;
@@ -87,12 +131,29 @@ TEST_F(TextOutput, WithoutMarkedRowsSaysSoAndNeitherMakesNorEmptiesAFile) {
 }
 
 TEST_F(TextOutput, AFileInUseIsToldAndTheTableIsFilledAllTheSame) {
-    Globals().TextOutputFileName = folder.path();
+    const auto other = platform::OutputFile::Open(Globals().TextOutputFileName);
+    ASSERT_NE(other, nullptr);
     AddRows(2);
     RunTextOutput();
-    EXPECT_EQ(services.dialogs.Texts(), QStringList{folder.path() + u"が使用中です。"_s});
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{Globals().TextOutputFileName + u"が使用中です。"_s});
+    EXPECT_EQ(ReadBytes(Globals().TextOutputFileName), "");
     EXPECT_EQ(WorkColumn(u"コード"_s).size(), 2);
     EXPECT_EQ(OutputRows(), QStringList({kStart, kEnd}));
+    ExpectTidy();
+}
+
+TEST_F(TextOutput, MessagesStandWhileTheWaitDialogIsUpAndTheDatabaseOpen) {
+    QStringList told;
+    platform::Services().dialogs = std::make_unique<WatchingDialogs>([&](const QString& text) {
+        EXPECT_TRUE(WaitDialogStands());
+        EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
+        told << text + (form.Enabled() ? u" enabled"_s : u" disabled"_s);
+    });
+    Globals().TextOutputFileName = folder.path();
+    RunTextOutput();
+    AddRows(1);
+    RunTextOutput();
+    EXPECT_EQ(told, QStringList({u"出力情報が有りません enabled"_s, folder.path() + u"が使用中です。 disabled"_s}));
     ExpectTidy();
 }
 

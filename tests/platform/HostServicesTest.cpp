@@ -15,6 +15,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
+#include "support/WithoutFileRights.h"
 
 using namespace Qt::StringLiterals;
 
@@ -116,6 +117,31 @@ TEST(HostFileSystem, CopyToItselfOfAnEmptyFileIsEmpty) {
     Write(folder.filePath(u"empty"_s), "");
     EXPECT_TRUE(platform::HostFileSystem().CopyFile(folder.filePath(u"empty"_s), folder.filePath(u"copy"_s)));
     EXPECT_TRUE(QFile::exists(folder.filePath(u"copy"_s)));
+}
+
+TEST(HostFileSystem, RemovedFileIsGoneAndAMissingOneIsNoFailure) {
+    QTemporaryDir folder;
+    const platform::HostFileSystem files;
+    const QString path = folder.filePath(u"a"_s);
+    Write(path, "x");
+    EXPECT_TRUE(files.RemoveFile(path));
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_TRUE(files.RemoveFile(path));
+}
+
+TEST(HostFileSystem, WhatMayNotBeRemovedOrIsAFolderStays) {
+    QTemporaryDir folder;
+    const platform::HostFileSystem files;
+    const QString path = folder.filePath(u"a"_s);
+    Write(path, "x");
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    {
+        const WithoutFileRights asAnybody;
+        EXPECT_FALSE(files.RemoveFile(path));
+    }
+    EXPECT_TRUE(QFile::exists(path));
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_FALSE(files.RemoveFile(folder.path()));
 }
 
 TEST(HostSystemInformation, ArgumentsAreJoinedBySingleBlanksAndKeepTheirOwn) {

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace platform;
@@ -63,6 +64,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{u"[_]"_s, u"a"_s, false}, Case{u"[[]"_s, u"["_s, true}, Case{u"[a-]"_s, u"-"_s, true},
                     Case{u"[-a]"_s, u"-"_s, true}, Case{u"a[]b"_s, u"ab"_s, true}, Case{u"[!]"_s, u"!"_s, true},
                     Case{u"[^a]"_s, u"^"_s, true}, Case{u"a]"_s, u"a]"_s, true}, Case{u"[！ａ]"_s, u"b"_s, true}));
+
+// The first text that a thread compares has no room of its own yet.
+TEST(LikePattern, AnyCharactersTwiceMatchAnEmptyTextFromTheFirstOneOn) {
+    bool matches = false;
+    std::thread([&] { matches = LikePattern::Compile("%%")->Matches(""); }).join();
+    EXPECT_TRUE(matches);
+}
 
 TEST(LikePattern, ListThatIsNotClosedIsRefused) {
     EXPECT_FALSE(LikePattern::Compile("%[ab%").has_value());

@@ -6,8 +6,10 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeView>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -74,6 +76,21 @@ TEST_F(SaveDialog, ProposesTheNameInItsFolderWithTheSecondKind) {
                       SaveUser::Accept(name);
                   }),
               path);
+}
+
+TEST_F(SaveDialog, ShowsFilesInJapaneseWithUncutColumns) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"控え"_s));
+    Ask(folder.filePath(u"a.csv"_s), [](QFileDialog& dialog, QLineEdit&) {
+        const auto* files = dialog.findChild<QTreeView*>(u"treeView"_s);
+        const auto cell = [&](int column) { return files->model()->index(0, column, files->rootIndex()); };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return cell(2).data().toString() == u"フォルダー"_s; }));
+        const auto uncut = [&](int column) {
+            return files->columnWidth(column) > files->fontMetrics().horizontalAdvance(cell(column).data().toString());
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] { return uncut(2) && uncut(3); }));
+        EXPECT_EQ(files->horizontalScrollBar()->maximum(), 0);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
 }
 
 TEST_F(SaveDialog, CancelGivesNothing) {

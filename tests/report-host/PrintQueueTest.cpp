@@ -4,8 +4,11 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include "report-host/DrawnReport.h"
 #include "report-host/OutputPlace.h"
+#include "report-host/PdfFile.h"
 #include "report-host/PrintQueue.h"
 #include "report-host/PutOut.h"
 #include "support/FileBytes.h"
@@ -131,6 +134,28 @@ TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
     EXPECT_EQ(Left(folder.path()),
               QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
     EXPECT_TRUE(ReadBytes(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).startsWith("%PDF"));
+}
+
+TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
+    ToFolder({}, folder.path());
+    DrawnReport others(3);
+    report.Fails = [&](int page) {
+        if (page == 1) PutOutReport(others, u"要員名簿照会"_s, Forms());
+        return false;
+    };
+    PutOutReport(report, u"要員名簿照会"_s, Forms());
+    ASSERT_EQ(Left(folder.path()),
+              QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
+    EXPECT_EQ(PdfFile(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).Pages(), 3);
+    EXPECT_EQ(PdfFile(folder.filePath(u"要員名簿照会-20261121-093015-2.pdf"_s)).Pages(), 2);
+}
+
+TEST_F(PutOutTest, PagesInAFolderCanBeReadByEverybody) {
+    ToFolder({}, folder.path());
+    const mode_t kept = ::umask(022);
+    PutOutReport(report, u"r"_s, Forms());
+    ::umask(kept);
+    EXPECT_TRUE(QFile::permissions(folder.filePath(Left(folder.path()).value(0))).testFlag(QFile::ReadOther));
 }
 
 TEST_F(PutOutTest, FailureLeavesNothingInTheFolder) {

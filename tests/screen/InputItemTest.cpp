@@ -158,12 +158,24 @@ TEST_F(InputItemTest, CommittedTextObeysTheLimitAndTheNextCompositionGoesOn) {
     EXPECT_EQ(item.Text(), u"あいう"_s);
 }
 
-TEST_F(InputItemTest, CommittedKanaBecomeHalfWidthWhereTheModeSaysSo) {
+TEST_F(InputItemTest, KanaBecomeHalfWidthWhereTheModeSaysSoByWhateverWayTheyCome) {
     InputItem& item = Make(Design(20, CharacterClass::All, ImeMode::HalfKatakana));
     Commit(item, u"がっこうパーティ漢"_s);
     EXPECT_EQ(item.Text(), u"ｶﾞｯｺｳﾊﾟｰﾃｨ漢"_s);
-    Paste(item, u"あ"_s);  // only what is typed is converted
-    EXPECT_EQ(item.Text(), u"ｶﾞｯｺｳﾊﾟｰﾃｨ漢あ"_s);
+    Paste(item, u"あﾔやヤ"_s);
+    EXPECT_EQ(item.Text(), u"ｶﾞｯｺｳﾊﾟｰﾃｨ漢ｱﾔﾔﾔ"_s);
+    item.setText(u"ばば"_s);  // as a screen reader does
+    EXPECT_EQ(item.Text(), u"ﾊﾞﾊﾞ"_s);
+    item.SetText(u"ヤマダ"_s);
+    EXPECT_EQ(item.Text(), u"ヤマダ"_s) << "what the program writes stays as it is";
+}
+
+TEST_F(InputItemTest, PastedKanaAreCountedAsTheHalfWidthSignsThatTheyBecome) {
+    InputItem& item = Make(Design(5, CharacterClass::Kana, ImeMode::HalfKatakana));
+    Paste(item, u"ヤマダ"_s);
+    EXPECT_EQ(item.Text(), u"ﾔﾏﾀﾞ"_s);
+    Paste(item, u"バス"_s);
+    EXPECT_EQ(item.Text(), u"ﾔﾏﾀﾞﾊ"_s);
 }
 
 TEST_F(InputItemTest, ImeModesAreHints) {

@@ -8,6 +8,7 @@
 #include <QtTest/QTest>
 #include <utility>
 
+#include "screen/Button.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
@@ -229,6 +230,19 @@ TEST_F(ListViewTest, ColumnsAreTwipsWideAndTheirBordersCanBeDragged) {
     EXPECT_FALSE(header.sectionsMovable());
 }
 
+TEST_F(ListViewTest, StripOfTitlesGoesOnBehindTheLastColumnWhateverTheFormsColour) {
+    QPalette colours = form.palette();
+    colours.setColor(QPalette::Window, Qt::red);
+    form.setPalette(colours);
+    const QImage strip = list.header()->viewport()->grab().toImage();
+    const int inLastColumn = list.header()->length() - 20;
+    for (int y = 0; y < strip.height(); ++y) {
+        const QColor behind = strip.pixelColor(strip.width() - 2, y), title = strip.pixelColor(inLastColumn, y);
+        EXPECT_NEAR(behind.green(), title.green(), 2) << y;
+        EXPECT_NEAR(behind.red(), title.red(), 2) << y;
+    }
+}
+
 TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere) {
     Fill({u"001"_s}, {u"総務部"_s});
     ASSERT_TRUE(IsVisible(0));
@@ -257,6 +271,10 @@ class SecondPressTest : public ListViewTest {
         place = list.viewport()->mapToGlobal(QPointF(PlaceOf(0)));
     }
 
+    /// A panel takes no click that lies beside it.
+    void PutPanelUnderPlace() {
+        behind.panel.move(behind.panel.mapFromGlobal(place.toPoint()) + behind.panel.pos() - QPoint(5, 5));
+    }
     static void Send(QWidget& widget, QEvent::Type type, QPointF place, quint64 time) {
         const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
         QMouseEvent event(type, widget.mapFromGlobal(place), place, Qt::LeftButton, held, Qt::NoModifier);
@@ -270,15 +288,31 @@ class SecondPressTest : public ListViewTest {
 };
 
 TEST_F(SecondPressTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
+    PutPanelUnderPlace();
     for (const QEvent::Type press : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
         form.ShowModeless();
         ClickAt(*list.viewport(), place, 1000);
         ASSERT_FALSE(form.isVisible());
         ClickAt(behind.panel, place, 1150, press);
         EXPECT_TRUE(events.isEmpty());
-        ClickAt(behind.panel, behind.panel.mapToGlobal(QPointF(5, 5)), 1200);
+        ClickAt(behind.panel, place, 1200);
         EXPECT_EQ(std::exchange(events, {}), QStringList{u"behind"_s}) << "the third press is the user's own";
     }
+}
+
+TEST_F(SecondPressTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindowBehindAsWell) {
+    Button button(form, form, u"btn_戻る"_s, u"戻る"_s);
+    button.setGeometry(10, 100, 80, 30);
+    button.show();
+    button.Click = [this] { form.HideForm(); };
+    place = button.mapToGlobal(QPointF(20, 10));
+    PutPanelUnderPlace();
+    ClickAt(button, place, 1000);
+    ASSERT_FALSE(form.isVisible());
+    ClickAt(behind.panel, place, 1150);
+    EXPECT_TRUE(events.isEmpty());
+    ClickAt(behind.panel, place, 1200);
+    EXPECT_EQ(events, QStringList{u"behind"_s}) << "the third press is the user's own";
 }
 
 TEST_F(SecondPressTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
@@ -288,7 +322,7 @@ TEST_F(SecondPressTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
     ClickAt(behind.panel, inside, 1100);
     EXPECT_EQ(std::exchange(events, {}), QStringList{u"behind"_s}) << "elsewhere";
     form.ShowModeless();
-    behind.panel.move(behind.panel.mapFromGlobal(place.toPoint()) + behind.panel.pos() - QPoint(5, 5));
+    PutPanelUnderPlace();
     ClickAt(*list.viewport(), place, 5000);
     ClickAt(behind.panel, place, 5000 + static_cast<quint64>(interval) + 50);
     EXPECT_EQ(events, QStringList{u"behind"_s}) << "later";

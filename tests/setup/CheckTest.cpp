@@ -8,11 +8,14 @@
 
 #include "data/UserConfiguration.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/registry/FileRegistry.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/StandInRegistry.h"
+#include "support/SuiteUser.h"
 #include "support/TestServices.h"
+#include "support/WithoutFileRights.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,12 +25,14 @@ namespace {
 class SuiteSetupCheck : public testing::Test {
   protected:
     SuiteSetupCheck() {
-        for (const QString& program : {u"prgbin/要員名簿照会"_s, u"host/OFFICE16/MSACCESS.EXE"_s}) {
+        for (const QString& program :
+             {u"prgbin/要員名簿照会"_s, u"prgbin/要員台帳更新"_s, u"host/OFFICE16/MSACCESS.EXE"_s}) {
             const QString file = installation.Root() + u'/' + program;
             QDir().mkpath(QFileInfo(file).path());
             WriteBytes(file, "#!/bin/true\n");
             QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
         }
+        QFile::remove(platform::MachineRegistryFile());  // of an earlier test; the one in use is the stand-in
         kept = qgetenv("MEIBO_USER_REGISTRY");
         qputenv("MEIBO_USER_REGISTRY", registry.UserFile().toUtf8());
         registry.GiveHost(installation.Root() + u"/host/OFFICE16/"_s);
@@ -72,6 +77,18 @@ TEST_F(SuiteSetupCheck, TellsAMissingFormsFile) {
     ExpectFault(u"帳票ファイル %1/repfrmdb.accdb がありません。\n"_s.arg(Report()));
 }
 
+TEST_F(SuiteSetupCheck, TellsAMissingProgram) {
+    const QString program = installation.ProgramFolder() + u"/要員台帳更新"_s;
+    QFile::remove(program);
+    ExpectFault(u"プログラム %1 がありません。\n"_s.arg(program));
+}
+
+TEST_F(SuiteSetupCheck, TellsAProgramThatCantBeStarted) {
+    const QString program = installation.ProgramFolder() + u"/要員名簿照会"_s;
+    QFile::setPermissions(program, QFile::ReadOwner);
+    ExpectFault(u"プログラム %1 を起動する権限がありません。\n"_s.arg(program));
+}
+
 TEST_F(SuiteSetupCheck, TellsABrokenConfiguration) {
     const QString file = installation.UserFolder(u"tester"_s) + u"/conf/usrcnfg.accdb"_s;
     WriteBytes(file, "");
@@ -91,7 +108,32 @@ TEST_F(SuiteSetupCheck, TellsATableThatIsLinkedElsewhere) {
 
 TEST_F(SuiteSetupCheck, TellsAFolderThatIsNotTrusted) {
     registry.Give(LocationsOf(u"16.0"_s) + u"\\Location0"_s, u"Path"_s, u"/elsewhere/"_s);
-    ExpectFault(u"帳票ホストがフォルダ %1 を信頼していません。"_s.arg(Report()));
+    ExpectFault(
+        u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
+        u"    suite-setup registry set 'HKCU\\%2\\Location1' Path '%1/'\n"_s.arg(Report(), LocationsOf(u"16.0"_s)));
+}
+
+TEST_F(SuiteSetupCheck, ItsAdviceOnTrustHelpsAndTakesNobodysPlace) {
+    const QString locations = LocationsOf(u"16.0"_s);
+    registry.Give(locations + u"\\Location0"_s, u"Path"_s, u"/elsewhere/"_s);
+    const QStringList words = Check().out.section(u"suite-setup "_s, 1, 1).section(u'\n', 0, 0).split(u' ');
+    ASSERT_EQ(words.size(), 6) << "Trusted Locations has a blank";
+    const QString key = words[2] + u' ' + words[3];
+    EXPECT_EQ(RunTool({words[0], words[1], key.chopped(1).sliced(1), words[4], words[5].chopped(1).sliced(1)}).status,
+              0);
+    EXPECT_EQ(Check().status, 0);
+    EXPECT_EQ(registry.Text(locations + u"\\Location0"_s, u"Path"_s), u"/elsewhere/"_s);
+}
+
+TEST_F(SuiteSetupCheck, TellsABrokenRegistry) {
+    WriteBytes(registry.UserFile(), "[Software\n");
+    ExpectFault(u"レジストリ %1 が壊れています。\n"_s.arg(registry.UserFile()));
+}
+
+TEST_F(SuiteSetupCheck, TellsARegistryThatCantBeRead) {
+    QFile::setPermissions(registry.UserFile(), {});
+    const WithoutFileRights asAnybody;
+    ExpectFault(u"レジストリ %1 を読めません。\n"_s.arg(registry.UserFile()));
 }
 
 TEST_F(SuiteSetupCheck, TellsAMissingHost) {
@@ -99,10 +141,83 @@ TEST_F(SuiteSetupCheck, TellsAMissingHost) {
     ExpectFault(u"登録されている帳票ホスト /nowhere/OFFICE16/MSACCESS.EXE がありません。\n"_s);
 }
 
+TEST_F(SuiteSetupCheck, TellsAHostThatIsNotRegistered) {
+    UseStandInRegistry();
+    ExpectFault(u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。\n"_s);
+}
+
+TEST_F(SuiteSetupCheck, TellsAHostWithoutAVersionWord) {
+    const QString folder = installation.Root() + u"/host/"_s;
+    ASSERT_TRUE(QFile::copy(folder + u"OFFICE16/MSACCESS.EXE"_s, folder + u"MSACCESS.EXE"_s));
+    registry.GiveHost(folder);
+    ExpectFault(u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。\n"_s.arg(folder));
+}
+
 TEST_F(SuiteSetupCheck, TellsAUserWithoutFiles) {
     const ToolOutput output = Check({u"--user"_s, u"somebody"_s});
     EXPECT_EQ(output.status, 1);
-    EXPECT_EQ(output.out, u"利用者 somebody\n・この利用者のファイルがまだありません。最初の起動で作られます。\n"_s);
+    EXPECT_EQ(
+        output.out,
+        u"利用者 somebody はこのコンピューターにいないので、実行者の権限で調べます。\n利用者 somebody\n・この利用者のファイルがまだありません。最初の起動で作られます。\n"_s);
+}
+
+TEST_F(SuiteSetupCheck, PrivateCopiesOfTheOtherGenerationDontCount) {
+    const QString own = installation.UserFolder(u"tester"_s) + u"/conf/usrcnfg"_s;
+    ASSERT_TRUE(QFile::rename(own + u".accdb"_s, own + u".mdb"_s));
+    ExpectFault(u"構成データベース %1.accdb がありません。\n"_s.arg(own));
+}
+
+TEST_F(SuiteSetupCheck, SharedFilesAreCheckedWithoutPrivateCopiesAndTrust) {
+    QDir(installation.UserFolder(u"tester"_s)).removeRecursively();
+    for (const QString& kind : {u"0"_s, QString()}) {
+        installation.SetEnvironment(u"インストール区分"_s, kind);
+        const ToolOutput output = Check();
+        EXPECT_EQ(output.status, 0);
+        EXPECT_EQ(output.out, u"問題はありません。\n"_s);
+    }
+    QFile::remove(installation.Forms().Path());
+    const ToolOutput output = Check();
+    EXPECT_EQ(output.status, 1);
+    EXPECT_EQ(output.out, u"・帳票ファイル %1 がありません。\n"_s.arg(installation.Forms().Path()));
+}
+
+TEST_F(SuiteSetupCheck, TellsAnInstallKindThatNoProgramKnows) {
+    installation.SetEnvironment(u"インストール区分"_s, u"2"_s);
+    const ToolOutput output = Check();
+    EXPECT_EQ(output.status, 1);
+    EXPECT_EQ(output.out,
+              u"・%1 のインストール区分が 0 でも 1 でもありません。\n"_s.arg(installation.Configuration().Path()));
+}
+
+TEST_F(SuiteSetupCheck, AnotherUserOfTheMachineIsToldWhatMayNotBeRead) {
+    const SharedSuite suite(1);
+    registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
+    const auto check = [&] { return RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}); };
+    const QString key = u"・暗証番号の鍵ファイル %1/conf/pin.key を読む権限がありません。\n"_s.arg(suite.Root());
+    const QString notYet = u"利用者 nobody\n・この利用者のファイルがまだありません。最初の起動で作られます。\n"_s;
+    EXPECT_EQ(check().out, key + notYet);
+    QFile::setPermissions(suite.Root() + u"/users"_s, QFile::Permissions(0x7755));
+    EXPECT_EQ(check().out,
+              key + notYet + u"・フォルダ %1/users に書き込む権限がないので、作れません。\n"_s.arg(suite.Root()));
+}
+
+TEST_F(SuiteSetupCheck, AnotherUserIsToldThatTheMachinesRegistryCantBeRead) {
+    WriteBytes(platform::MachineRegistryFile(), "");  // in the folder of the tests, which is theirs alone
+    const QString out = Check({u"--user"_s, u"nobody"_s}).out;
+    QFile::remove(platform::MachineRegistryFile());
+    EXPECT_TRUE(out.contains(u"・レジストリ %1 を読む権限がありません。\n"_s.arg(platform::MachineRegistryFile())))
+        << out.toStdString();
+}
+
+TEST_F(SuiteSetupCheck, AnotherUserIsToldWhichSharedFilesMayNotBeWritten) {
+    const SharedSuite suite(1);
+    registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
+    SampleFile(suite.Root() + u"/conf/usrcnfg.accdb"_s).Execute(u"UPDATE 動作環境定義 SET インストール区分 = '0'"_s);
+    QFile::setPermissions(suite.Root() + u"/report/repdb.accdb"_s, QFile::Permissions(0x6666));
+    EXPECT_EQ(RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}).out,
+              (u"・暗証番号の鍵ファイル %1/conf/pin.key を読む権限がありません。\n"
+               u"・構成データベース %1/conf/usrcnfg.accdb に書き込む権限がありません。\n"
+               u"・帳票データベースのフォルダ %1/report に書き込む権限がありません。\n"_s.arg(suite.Root())));
 }
 
 TEST_F(SuiteSetupCheck, RefusesAFolderWithoutInstallationAndAUserElsewhere) {
@@ -131,4 +246,29 @@ TEST_F(SuiteSetupCheck, MoveTellsAGeneralDatabaseElsewhereAndFails) {
     EXPECT_TRUE(output.err.contains(u"一般データベース /elsewhere/staff.accdb は"_s)) << output.err.toStdString();
     EXPECT_EQ(installation.Configuration().Value(u"SELECT データソース名 FROM データベース定義"_s),
               u"/elsewhere/staff.accdb"_s);
+}
+
+TEST_F(SuiteSetupCheck, MoveLeavesADatabaseOnAServerAsItIs) {
+    installation.SetDefinition(u"db"_s, u"S"_s);
+    installation.SetDefinition(u"データソース名"_s, u"staffserver"_s);
+    QDir(installation.UserFolder(u"tester"_s)).removeRecursively();
+    const ToolOutput output = RunTool({u"move"_s, installation.Root()});
+    EXPECT_EQ(output.status, 0);
+    EXPECT_EQ(output.out,
+              u"%1: サーバーのデータベース staffserver はそのままです。\n"
+              u"変更するところはありませんでした。\n"_s.arg(installation.Configuration().Path()));
+    EXPECT_EQ(installation.Configuration().Value(u"SELECT データソース名 FROM データベース定義"_s), u"staffserver"_s);
+}
+
+TEST_F(SuiteSetupCheck, MoveGoesOnBehindAFileThatCantBeChangedAndFails) {
+    const QString broken = installation.UserFolder(u"a"_s) + u"/report"_s;
+    ASSERT_TRUE(QDir().mkpath(broken));
+    WriteBytes(broken + u"/repfrmdb.accdb"_s, "no database");
+    SampleFile(Report() + u"/repfrmdb.accdb"_s).Execute(u"UPDATE リンクテーブル SET 接続 = ';DATABASE=/original'"_s);
+    const ToolOutput output = RunTool({u"move"_s, installation.Root()});
+    EXPECT_EQ(output.status, 1);
+    EXPECT_TRUE(output.err.startsWith(u"suite-setup: %1/repfrmdb.accdb を変更できません。"_s.arg(broken)))
+        << output.err.toStdString();
+    EXPECT_EQ(SampleFile(Report() + u"/repfrmdb.accdb"_s).Rows(u"SELECT DISTINCT 接続 FROM リンクテーブル"_s),
+              QList<QStringList>{{u";DATABASE="_s + Report() + u"/repdb.accdb"_s}});
 }

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include "data/Catalogue.h"
 #include "setup/Manual.h"
 #include "support/SampleInstallation.h"
@@ -170,6 +172,21 @@ TEST_F(InstallerTest, EverybodyOfTheGroupMayWriteWhatTheProgramsWrite) {
             << place.toStdString();
 }
 
+TEST_F(InstallerTest, EverybodyMayRunTheProgramsWhateverTheUmaskOfTheAdministrator) {
+    request.programFolder = QStringLiteral(SUITE_PROGRAMS);
+    const mode_t kept = ::umask(077);
+    Make();
+    ::umask(kept);
+    const auto others = [this](const QString& path) {
+        return QFile::permissions(folder.filePath(u"suite/"_s + path)) & (QFile::ReadOther | QFile::ExeOther);
+    };
+    for (const QString& path : {u"prgbin"_s, u"prgbin/要員名簿照会"_s, u"prgbin/要員台帳更新"_s, u"manual"_s, u"host"_s,
+                                u"host/OFFICE16"_s, u"host/OFFICE16/MSACCESS.EXE"_s})
+        EXPECT_EQ(others(path), QFile::ReadOther | QFile::ExeOther) << path.toStdString();
+    for (const QString& path : {u"prgbin/空白.jpg"_s, u"manual/要員名簿照会.doc"_s})
+        EXPECT_EQ(others(path), QFile::ReadOther) << path.toStdString();
+}
+
 TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {
     const QString root = Make();
     const QByteArray before = Bytes(root + u"/data/gnrdb.accdb"_s);
@@ -237,5 +254,6 @@ TEST(Manual, IsPlainRtfForTheOldSuffix) {
     EXPECT_TRUE(document.endsWith("}\n"));
     EXPECT_EQ(document.count('{'), document.count('}'));
     for (const char byte : document) ASSERT_LT(static_cast<unsigned char>(byte), 0x80);
-    EXPECT_TRUE(document.contains("\\u-30335?\\u21729?"));  // 要員
+    EXPECT_TRUE(document.contains("\\u-30335?\\u21729?"));                    // 要員
+    EXPECT_TRUE(document.contains("\\u20840?\\u12390?\\u-28552?\\u25246?"));  // 全て選択
 }

@@ -90,11 +90,15 @@ bool LikePattern::FitsAt(const Segment& segment, const char32_t* text) const {
     return true;
 }
 
-// The first place in [from, to) where the segment fits whole; null when there is none.
-const char32_t* LikePattern::Find(const Segment& segment, const char32_t* from, const char32_t* to) const {
-    for (; to - from >= static_cast<std::ptrdiff_t>(segment.count); ++from)
-        if (FitsAt(segment, from)) return from;
-    return nullptr;
+// Moves `from` behind the first place in [from, to) where the segment fits whole. An empty text may have no address at
+// all, and an empty segment fits there too.
+bool LikePattern::Find(const Segment& segment, const char32_t*& from, const char32_t* to) const {
+    for (; to - from >= static_cast<std::ptrdiff_t>(segment.count); ++from) {
+        if (!FitsAt(segment, from)) continue;
+        from += segment.count;
+        return true;
+    }
+    return false;
 }
 
 // The first and the last segment are bound to the ends. For those between, the first place is always as good as
@@ -113,11 +117,8 @@ bool LikePattern::Matches(QByteArrayView utf8) const {
     if (!FitsAt(head, from) || !FitsAt(tail, to - tail.count)) return false;
     from += head.count;
     to -= tail.count;
-    for (size_t i = 1; i + 1 < segments_.size(); ++i) {
-        from = Find(segments_[i], from, to);
-        if (from == nullptr) return false;
-        from += segments_[i].count;
-    }
+    for (size_t i = 1; i + 1 < segments_.size(); ++i)
+        if (!Find(segments_[i], from, to)) return false;
     return true;
 }
 

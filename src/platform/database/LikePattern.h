@@ -38,7 +38,7 @@ class LikePattern {
     class Reader;
     bool Fits(const Element& element, char32_t character) const;
     bool FitsAt(const Segment& segment, const char32_t* text) const;
-    const char32_t* Find(const Segment& segment, const char32_t* from, const char32_t* to) const;
+    bool Find(const Segment& segment, const char32_t*& from, const char32_t* to) const;
 
     std::vector<Element> elements_;
     std::vector<Range> ranges_;

@@ -1,0 +1,132 @@
+#include "setup/UpgradeCommand.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <functional>
+
+#include "setup/ConfigurationFiles.h"
+#include "setup/InstallationUsers.h"
+#include "setup/Installer.h"
+#include "setup/Manual.h"
+#include "setup/MenuEntry.h"
+#include "setup/ProgramFiles.h"
+#include "setup/SchemaRenewal.h"
+#include "setup/SqliteFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+const QString kMenuOption = u"--menu"_s;
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+/// One upgrade and what it says.
+struct Upgrade {
+    QString root;
+    const Console& console;
+    bool changed = false;
+
+    void Tell(const QString& line) {
+        changed = true;
+        console.out << line << u'\n';
+    }
+};
+
+using Renewal = std::function<QStringList(sqlite3*)>;
+
+/// Runs the renewal in one transaction, so that a file is never left half done.
+void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
+    try {
+        const platform::SqliteDatabase database = OpenSqlite(file, platform::ConnectMode::ReadWrite);
+        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
+        const QStringList added = renewal(database.get());
+        RunSql(database.get(), u"COMMIT"_s);
+        for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
+    } catch (const platform::DatabaseError& error) {
+        throw platform::RuntimeError(kWorkFailed, u"%1 を更新できません。%2"_s.arg(file, error.Description()));
+    }
+}
+
+Renewal Schema(Store store) {
+    return [store](sqlite3* database) { return RenewSchema(database, store); };
+}
+
+void RenewPlaces(Upgrade& upgrade, const FilePlaces& places) {
+    if (const QString file = ConfigurationFile(places.conf); !file.isEmpty())
+        RenewFile(upgrade, file, Schema(Store::Configuration));
+    const QString workTables = WorkTablesIn(places.report);
+    if (QFileInfo(workTables).isFile()) RenewFile(upgrade, workTables, Schema(Store::Report));
+    for (const QString& forms : FormsFilesIn(places.report))
+        RenewFile(upgrade, forms, [&](sqlite3* database) {
+            return RenewSchema(database, Store::Forms) + AddMissingForms(database, workTables);
+        });
+}
+
+/// The general database lies where the definition says; on a server it has its own way.
+void RenewGeneral(Upgrade& upgrade, const QString& configuration) {
+    platform::Connection connection = OpenForReading(configuration);
+    platform::Recordset row;
+    row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
+    if (row.AtEOF()) return;
+    const QString dialect = row[u"db"].TextOr(u""_s).trimmed(), source = row[u"データソース名"].TextOr(u""_s).trimmed();
+    row.Close();
+    if (dialect != u"A"_s)
+        upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。\n"_s;
+    else
+        RenewFile(upgrade, platform::SqlitePath(source), Schema(Store::General));
+}
+
+void RenewPrograms(Upgrade& upgrade) {
+    for (const QString& file : InstallPrograms(upgrade.console.programFolder, upgrade.root))
+        upgrade.Tell(u"%1 を新しくしました。"_s.arg(file));
+}
+
+/// A manual that differs may be the site's own, and is not written over.
+void RenewManual(Upgrade& upgrade) {
+    const QString manual = upgrade.root + u"/manual/要員名簿照会.doc"_s;
+    QFile present(manual);
+    if (!present.exists()) {
+        WriteManual(manual);
+        return upgrade.Tell(u"%1 を作りました。"_s.arg(manual));
+    }
+    if (!present.open(QIODevice::ReadOnly) || present.readAll() == ManualDocument()) return;
+    const QString beside = manual + u".new"_s;
+    WriteManual(beside);
+    upgrade.console.out << u"%1 は変更されているので、新しい版を %2 に置きました。\n"_s.arg(manual, beside);
+}
+
+void CheckUpgrade(const QString& root, const QString& programFolder) {
+    if (ConfigurationFile(root + u"/conf"_s).isEmpty())
+        throw Refusal(u"%1 に構成データベースがありません。"_s.arg(root));
+    // Its own programs are what shall be renewed.
+    if (QFileInfo(programFolder).canonicalFilePath() == QFileInfo(root + u"/prgbin"_s).canonicalFilePath())
+        throw Refusal(u"新しい版の suite-setup で実行してください。これはこのインストール自身のものです。"_s);
+    if (!HoldsPrograms(programFolder)) throw Refusal(u"%1 に新しいプログラムが揃っていません。"_s.arg(programFolder));
+}
+
+}  // namespace
+
+void EnterInMenu(const QString& root, const Console& console) {
+    console.out << u"%1 をメニューに登録しました。\n"_s.arg(WriteMenuEntry(root));
+}
+
+QList<OptionRule> UpgradeOptions() { return {{kMenuOption, false}}; }
+
+void UpgradeInstallation(const Arguments& arguments, const Console& console) {
+    Upgrade upgrade{InstallationRoot(arguments.installation), console};
+    CheckUpgrade(upgrade.root, console.programFolder);
+    const FilePlaces common = CommonPlaces(upgrade.root);
+    // The tables first: old programs get on with new columns, new programs not without them.
+    RenewGeneral(upgrade, ConfigurationFile(common.conf));
+    RenewPlaces(upgrade, common);
+    for (const FilePlaces& places : AllPrivatePlaces(upgrade.root)) RenewPlaces(upgrade, places);
+    RenewPrograms(upgrade);
+    RenewManual(upgrade);
+    if (arguments.Has(kMenuOption)) EnterInMenu(upgrade.root, console);
+    if (!upgrade.changed) console.out << u"このインストールは新しい版になっています。\n"_s;
+}
+
+}  // namespace setup

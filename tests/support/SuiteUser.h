@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QPoint>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+#include "support/SampleInstallation.h"
+#include "support/VirtualScreen.h"
+
+/// An installation with private copies as an administrator makes it, programs and report host included, in a folder
+/// that every user of the machine can reach.
+class SharedSuite {
+  public:
+    /// Throws std::runtime_error with the tool's words where it can't be made.
+    explicit SharedSuite(int staff);
+
+    QString Root() const { return Place(QStringLiteral("suite")); }
+    QString Place(const QString& name) const { return folder_.filePath(name); }
+    QString MachineRegistry() const { return Place(QStringLiteral("machine")); }
+    SampleFile General() const { return SampleFile(Root() + QStringLiteral("/data/gnrdb.accdb")); }
+
+  private:
+    QTemporaryDir folder_;
+};
+
+/// Somebody who works with the suite: a user of the machine at a screen of their own, with their own part of the
+/// registry and their own folder for printed pages. The program ends with the object.
+class SuiteUser {
+  public:
+    enum class Who { Runner, Nobody };
+    /// Whoever runs the test, or the user "nobody".
+    SuiteUser(const SharedSuite& suite, Who who);
+    ~SuiteUser();
+
+    // Each work throws std::runtime_error where it can't be done.
+
+    void StartProgram(const QString& startCommand);
+    /// Waits for the program's first list, and has the user's pages go to their own folder.
+    void AwaitList();
+    /// Clicks a place of the program's window.
+    void Click(const QPoint& place);
+    /// Says はい to the question that comes up.
+    void SayYes();
+    /// Closes the program in order.
+    void EndProgram();
+
+    QString Name() const { return name_; }
+    /// A file of the user's private copies, "report/repdb.accdb".
+    SampleFile Own(const QString& file) const { return SampleFile(own_ + u'/' + file); }
+    QString RegistryFile() const { return home_ + QStringLiteral("/registry"); }
+    /// Pages printed so far, as paths of PDFs; waits for the first.
+    QStringList Printed() const;
+
+  private:
+    QString PrinterFolder() const { return home_ + QStringLiteral("/printed"); }
+    QStringList Command(const QStringList& program) const;
+    bool ListStands() const;
+
+    Who who_;
+    QString program_, home_, own_, name_;
+    VirtualScreen screen_;
+    QProcess process_;
+};
