@@ -17,16 +17,15 @@ class ByDataSource : public OnServer {
   protected:
     ByDataSource() : kept_(qgetenv("ODBCINI")) {
         const QString file = installation.Root() + u"/odbc.ini"_s;
-        WriteBytes(file,
-                   u"[meibo]\nDriver = %1\nServer = 127.0.0.1\nServername = 127.0.0.1\nPort = %2\nDatabase = %3\n"_s
-                       .arg(ServerDatabase::Provider(), ServerDatabase::Server().section(u':', -1), server.Name())
-                       .toUtf8());
+        WriteBytes(file, u"[%3]\nDriver = %1\nServer = 127.0.0.1\nServername = 127.0.0.1\nPort = %2\nDatabase = %3\n"_s
+                             .arg(ServerDatabase::Provider(), ServerDatabase::Server().section(u':', -1), server.Name())
+                             .toUtf8());
         qputenv("ODBCINI", file.toUtf8());
     }
     ~ByDataSource() override { qputenv("ODBCINI", kept_); }
 
     QString OdbcString() const {
-        return u"DSN=meibo;UID=%1;PWD=%2"_s.arg(ServerDatabase::User(), ServerDatabase::Password());
+        return u"DSN=%1;UID=%2;PWD=%3"_s.arg(server.Name(), ServerDatabase::User(), ServerDatabase::Password());
     }
 
   private:
