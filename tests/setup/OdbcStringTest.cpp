@@ -9,6 +9,8 @@ using setup::DefinitionOf;
 
 namespace {
 
+const QString kBraced = u"{p}}{ w};"_s;
+
 QString RefusalOf(const QString& text) {
     try {
         DefinitionOf(text);
