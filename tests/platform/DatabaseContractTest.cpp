@@ -414,6 +414,29 @@ TEST_P(DatabaseContract, AFailedStatementLeavesTheTransactionToItsOwner) {
               QStringList({u"010"_s, u"020"_s}));
 }
 
+TEST_P(DatabaseContract, AFailedStatementSpoilsNothingThatIsCommittedBehindIt) {
+    Transaction writing(connection);
+    connection.Execute(u"DELETE FROM M部門 WHERE コード = '010'"_s);
+    EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM M無い"_s); }), kStatementFailure);
+    EXPECT_EQ(Column(connection, u"SELECT コード FROM M部門"_s, u"コード"), QStringList({u"020"_s}));
+    connection.Execute(u"INSERT INTO M部門 (コード, 名称) VALUES ('030', '開発部')"_s);
+    writing.Commit();
+    Connection other;
+    Open(other, ConnectMode::Read);
+    EXPECT_EQ(Column(other, u"SELECT コード FROM M部門 ORDER BY コード"_s, u"コード"),
+              QStringList({u"020"_s, u"030"_s}));
+}
+
+TEST_P(DatabaseContract, AFailedReadInsideAScopeLetsTheNextOnesThrough) {
+    ReadScope scope(connection);
+    Recordset rows;
+    EXPECT_EQ(NumberOf([&] { rows.Open(u"SELECT 無い列 FROM M部門"_s, connection); }), kStatementFailure);
+    EXPECT_EQ(Codes(u""_s).size(), 4);
+    scope.End();
+    connection.Execute(u"DELETE FROM M部門"_s);
+    EXPECT_EQ(Column(connection, u"SELECT コード FROM M部門"_s, u"コード"), QStringList());
+}
+
 TEST_P(DatabaseContract, ATransactionOnAClosedConnectionIsRefused) {
     Connection closed;
     EXPECT_EQ(NumberOf([&] { const Transaction writing(closed); }), kObjectClosed);

@@ -24,7 +24,7 @@ QString RefusalOf(const QString& text) {
 
 TEST(OdbcString, ADriverGivesTheDialectOfServerAndDatabase) {
     const GeneralDatabaseDefinition row = DefinitionOf(
-        u" driver = PostgreSQL Unicode ;SERVER=db.example;Port=5433;Database=suite;Uid=me;Pwd={p}}{ w};"_s);
+        u" driver = PostgreSQL Unicode ;SERVER=db.example;Port=5433;Database=suite;Uid=me;Pwd="_s + kBraced);
     EXPECT_EQ(row.db, u"S"_s);
     EXPECT_EQ(row.プロバイダ名, u"PostgreSQL Unicode"_s);
     EXPECT_EQ(row.サーバー名, u"db.example:5433"_s);
