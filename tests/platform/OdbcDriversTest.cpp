@@ -47,7 +47,7 @@ class OdbcDrivers : public testing::Test {
 };
 
 const QString kPostgres = u"Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=30000000};"_s;
-const QString kMariaDb = u"CHARSET=utf8mb4;CONN_TIMEOUT=60;READ_TIMEOUT=30000;WRITE_TIMEOUT=30000;"_s;
+const QString kMariaDb = u"CHARSET=utf8mb4;CONN_TIMEOUT=60;READ_TIMEOUT=30005;WRITE_TIMEOUT=30005;"_s;
 
 }  // namespace
 

@@ -124,19 +124,20 @@ QString ByServer(const ConnectionRequest& request, OdbcKind kind, const QString&
     return text + OdbcField(QStringLiteral("Database"), request.initialCatalog);
 }
 
+constexpr int kGrace = 5;  // seconds in which a server that still lives ends a statement by itself
+
 // What the provider asks of a driver whatever the site has set up. The driver of PostgreSQL shall not put savepoints
 // around statements: that is the session's business; and a network that has died, or a server that no longer takes
 // anything, is noticed within the statement's time-out.
 QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
-    const QString connect = QString::number(request.connectionTimeout);
-    const QString command = QString::number(request.commandTimeout);
     switch (kind) {
         case OdbcKind::PostgreSql:
             return QStringLiteral("Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=%1};")
                 .arg(request.commandTimeout * qint64{1000});
         case OdbcKind::MariaDb:
             return QStringLiteral("CHARSET=utf8mb4;CONN_TIMEOUT=%1;READ_TIMEOUT=%2;WRITE_TIMEOUT=%2;")
-                .arg(connect, command);
+                .arg(request.connectionTimeout)
+                .arg(request.commandTimeout + kGrace);
         default:
             return {};
     }
