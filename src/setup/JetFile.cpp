@@ -15,6 +15,7 @@ namespace setup {
 namespace {
 
 constexpr size_t kLongestText = size_t{1024} * 1024;
+const QString kMidnight = u" 000000"_s;
 constexpr int kOffsetMask = 0x1FFF;  // the bits above are marks
 
 [[noreturn]] void Fail(const QString& text) { throw platform::RuntimeError(1, text); }
@@ -70,7 +71,9 @@ class RowReader {
         if (length + 1 >= kLongestText)
             Fail(u"表 %1 の列 %2 に 1 MB を超える値があります。"_s.arg(
                 QString::fromUtf8(table_->name), QString::fromUtf8(ColumnAt(table_, column)->name)));
-        return u""_s + QString::fromUtf8(cells_[column].data(), static_cast<qsizetype>(length));
+        QString text = u""_s + QString::fromUtf8(cells_[column].data(), static_cast<qsizetype>(length));
+        if (ColumnAt(table_, column)->col_type == MDB_DATETIME && text.endsWith(kMidnight)) text.chop(kMidnight.size());
+        return text;
     }
 
     MdbTableDef* table_;

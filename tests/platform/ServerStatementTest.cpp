@@ -4,6 +4,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/database/ServerEngine.h"
+#include "platform/database/StatementAdapter.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;

@@ -95,7 +95,7 @@ class Agreement : public OnServer {
     }
 
     /// Equal rows, and rows with equal keys at the same places. `keys` are columns of the result.
-    void Compare(const QString& sql, const QStringList& keys) {
+    void ExpectSameRows(const QString& sql, const QStringList& keys) {
         SCOPED_TRACE(sql.toStdString());
         const QList<Row> expected = RowsOf(file, sql);
         const QList<Row> found = RowsOf(Globals().MainConnection, sql);
@@ -124,7 +124,7 @@ class Agreement : public OnServer {
     }
 
     /// The staff statement with the present conditions in each of its orders.
-    void CompareInAllOrders() {
+    void ExpectSameInAllOrders() {
         const QList<QStringList> keys = {
             {u"コード"_s},
             {u"事業所コード"_s, u"部門コード"_s, u"セクションコード"_s, u"役職コード"_s, u"コード"_s},
@@ -133,7 +133,7 @@ class Agreement : public OnServer {
             {u"郵便番号"_s, u"氏名"_s}};
         for (int order = 0; order < keys.size(); ++order) {
             Globals().Conditions.DisplayOrder = order;
-            Compare(BuildStaffStatement(), keys[order]);
+            ExpectSameRows(BuildStaffStatement(), keys[order]);
         }
     }
 
@@ -143,9 +143,9 @@ class Agreement : public OnServer {
 }  // namespace
 
 TEST_F(Agreement, EveryOrderOfTheStaffListIsTheSame) {
-    CompareInAllOrders();
+    ExpectSameInAllOrders();
     Globals().Conditions.EnrolmentKind = 9;
-    CompareInAllOrders();
+    ExpectSameInAllOrders();
 }
 
 TEST_F(Agreement, EveryPieceOfANameFindsTheSamePeople) {
@@ -159,8 +159,8 @@ TEST_F(Agreement, EveryPieceOfANameFindsTheSamePeople) {
         QString quoted = piece;
         quoted.replace(u'\'', u"''"_s);
         for (const QString& pattern : {u"%"_s + quoted + u'%', quoted, quoted + u'%', u"%"_s + quoted}) {
-            Compare(u"SELECT コード FROM M担当者 WHERE 氏名 LIKE '"_s + pattern + u"'"_s, {});
-            Compare(u"SELECT コード FROM M担当者 WHERE M担当者.カナ NOT LIKE '"_s + pattern + u"'"_s, {});
+            ExpectSameRows(u"SELECT コード FROM M担当者 WHERE 氏名 LIKE '"_s + pattern + u"'"_s, {});
+            ExpectSameRows(u"SELECT コード FROM M担当者 WHERE M担当者.カナ NOT LIKE '"_s + pattern + u"'"_s, {});
         }
     }
 }
@@ -184,11 +184,11 @@ TEST_F(Agreement, EveryConditionOfTheInquiryFindsTheSamePeople) {
     for (const auto& change : changes) {
         conditions = all;
         change(conditions);
-        CompareInAllOrders();
+        ExpectSameInAllOrders();
     }
     conditions = all;
     Globals().ScopeOfficeCode = u"001"_s;
-    CompareInAllOrders();
+    ExpectSameInAllOrders();
 }
 
 TEST_F(Agreement, EveryStaffListGivesTheSameRows) {
@@ -205,27 +205,27 @@ TEST_F(Agreement, EveryStaffListGivesTheSameRows) {
         QStringList keys = {u"コード"_s};
         if (kind == kNameSearch) keys = {u"氏名"_s};
         if (kind == kKanaSearch) keys.clear();  // the list does not show what it is sorted by
-        Compare(BuildStaffListQuery(kind, conditions), keys);
+        ExpectSameRows(BuildStaffListQuery(kind, conditions), keys);
     }
 }
 
 TEST_F(Agreement, EverySmallLookUpGivesTheSameRow) {
     for (const QString& date : {u"19650403"_s, u"19890107"_s, u"19890108"_s, u"20260101"_s, u""_s, u"1"_s, u"abc"_s})
-        Compare(u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s + date + u"' ORDER BY 開始日付 DESC"_s,
-                {u"開始日付"_s});
+        ExpectSameRows(u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s + date + u"' ORDER BY 開始日付 DESC"_s,
+                       {u"開始日付"_s});
     for (const QString& table : {u"K在籍区分"_s, u"K社員区分"_s, u"K性別区分"_s, u"K稼動状況区分"_s})
-        Compare(u"SELECT * FROM "_s + table + u" ORDER BY 区分"_s, {u"区分"_s});
-    Compare(u"SELECT COUNT(*) AS 事業所件数 FROM M事業所 WHERE コード <> '000'"_s, {});
-    Compare(u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, {});
-    Compare(u"SELECT * FROM T閲覧"_s, {});
+        ExpectSameRows(u"SELECT * FROM "_s + table + u" ORDER BY 区分"_s, {u"区分"_s});
+    ExpectSameRows(u"SELECT COUNT(*) AS 事業所件数 FROM M事業所 WHERE コード <> '000'"_s, {});
+    ExpectSameRows(u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, {});
+    ExpectSameRows(u"SELECT * FROM T閲覧"_s, {});
 }
 
 TEST_F(Agreement, NullsComeFirstAndLastWhereTheOrderDescends) {
-    Compare(u"SELECT コード, 事業所コード FROM M担当者 ORDER BY 事業所コード, コード"_s,
-            {u"事業所コード"_s, u"コード"_s});
-    Compare(u"SELECT コード, 事業所コード FROM M担当者 ORDER BY 事業所コード DESC, コード DESC"_s,
-            {u"事業所コード"_s, u"コード"_s});
-    Compare(u"SELECT TOP 7 カナ, 氏名 FROM M担当者 ORDER BY カナ"_s, {u"カナ"_s});
+    ExpectSameRows(u"SELECT コード, 事業所コード FROM M担当者 ORDER BY 事業所コード, コード"_s,
+                   {u"事業所コード"_s, u"コード"_s});
+    ExpectSameRows(u"SELECT コード, 事業所コード FROM M担当者 ORDER BY 事業所コード DESC, コード DESC"_s,
+                   {u"事業所コード"_s, u"コード"_s});
+    ExpectSameRows(u"SELECT TOP 7 カナ, 氏名 FROM M担当者 ORDER BY カナ"_s, {u"カナ"_s});
 }
 
 TEST_F(Agreement, LookUpsInsideAScopeAreThoseOfTheServer) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database/StatementAdapter.h"
+#include "platform/database/EngineDifferences.h"
 #include "platform/database/StatementTree.h"
 
 namespace platform {

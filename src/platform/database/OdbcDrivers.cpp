@@ -96,6 +96,9 @@ QStringList DriversOf(const QString& provider) {
 
 QString InstalledDriver(const QString& provider) {
     const QStringList wanted = DriversOf(provider);
+    if (wanted.isEmpty())
+        throw DatabaseError(kProviderNotFound,
+                            QStringLiteral("プロバイダー「%1」にはデータソース名が必要です。").arg(provider));
     const QStringList installed = InstalledOdbcDrivers();
     for (const QString& driver : wanted)
         for (const QString& name : installed)
@@ -129,8 +132,8 @@ QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
     const QString command = QString::number(request.commandTimeout);
     switch (kind) {
         case OdbcKind::PostgreSql:
-            return QStringLiteral("Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=%1000};")
-                .arg(command);
+            return QStringLiteral("Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=%1};")
+                .arg(request.commandTimeout * qint64{1000});
         case OdbcKind::MariaDb:
             return QStringLiteral("CHARSET=utf8mb4;CONN_TIMEOUT=%1;READ_TIMEOUT=%2;WRITE_TIMEOUT=%2;")
                 .arg(connect, command);

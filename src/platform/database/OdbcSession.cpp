@@ -2,6 +2,7 @@
 
 #include "platform/database/OdbcDrivers.h"
 #include "platform/database/SortedRows.h"
+#include "platform/database/StatementAdapter.h"
 #include "platform/database/StatementTokens.h"
 
 namespace platform {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/database/StatementAdapter.h"
+#include "platform/DatabaseTypes.h"
+#include "platform/database/EngineDifferences.h"
 #include "platform/database/StatementTree.h"
 
 namespace platform {

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 #include "platform/database/DatabaseSession.h"
+#include "platform/database/EngineDifferences.h"
 #include "platform/database/OdbcRows.h"
-#include "platform/database/StatementAdapter.h"
 
 namespace platform {
 

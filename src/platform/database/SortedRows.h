@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "platform/database/EngineDifferences.h"
 #include "platform/database/ResultTable.h"
-#include "platform/database/StatementAdapter.h"
 
 namespace platform {
 
