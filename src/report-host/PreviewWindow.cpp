@@ -51,6 +51,7 @@ void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
+    area_->setAccessibleName(u"プレビュ"_s);
     area_->setAlignment(Qt::AlignCenter);
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
@@ -65,6 +66,8 @@ QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QStr
     if (!keys.isEmpty())
         action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
     connect(action, &QAction::triggered, this, work);
+    // Qt leaves the buttons of a tool bar to the mouse.
+    bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -97,7 +100,7 @@ void PreviewWindow::AddPageField(QToolBar& bar) {
     pageField_->setSuffix(u" / %1 ページ"_s.arg(report_->PageCount()));
     pageField_->setKeyboardTracking(false);
     pageField_->setAlignment(Qt::AlignRight);
-    pageField_->setFocusPolicy(Qt::ClickFocus);
+    pageField_->setFocusPolicy(Qt::StrongFocus);
     connect(pageField_, &QSpinBox::valueChanged, this, [this](int page) { TurnTo(page - 1); });
     bar.addWidget(pageField_);
 }
@@ -113,7 +116,7 @@ void PreviewWindow::AddZoomField(QToolBar& bar) {
     QPalette palette = zoomField_->palette();
     palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::ButtonText));
     zoomField_->setPalette(palette);
-    zoomField_->setFocusPolicy(Qt::ClickFocus);
+    zoomField_->setFocusPolicy(Qt::StrongFocus);
     connect(zoomField_, &QComboBox::activated, this, [this](int choice) { ChooseZoom(choice); });
     bar.addWidget(zoomField_);
 }

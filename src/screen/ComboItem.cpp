@@ -3,10 +3,13 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include "screen/ComboAccess.h"
+
 using namespace Qt::StringLiterals;
 
 ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     : QComboBox(&parent), Control(form, *this, u"ComboBox"_s, std::move(name), -1) {
+    InstallComboAccess();
     SetTabStop(true);
     setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);

@@ -6,7 +6,7 @@
 
 /// ComboBox: ComboItem(form, parent, name). A list to choose from, nothing to type. Raises Click when the user
 /// chooses an entry and when the program writes another ListIndex. A ListIndex beyond the list shows no entry and
-/// raises nothing.
+/// raises nothing. Assistive tools are told its name, and the entry shown as its description.
 class ComboItem : public QComboBox, public Control {
   public:
     ComboItem(Form& form, QWidget& parent, QString name);
