@@ -17,6 +17,7 @@
 #include "report-host/PageView.h"
 #include "report-host/PreparedReport.h"
 #include "report-host/PutOut.h"
+#include "screen/ComboAccess.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,11 +52,12 @@ void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
-    area_->setAccessibleName(u"プレビュ"_s);
+    area_->setFocusPolicy(Qt::NoFocus);  // the page has it, and can be named
     area_->setAlignment(Qt::AlignCenter);
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
     setCentralWidget(area_);
+    view_->setFocus();
 }
 
 QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QString& caption,
@@ -106,6 +108,7 @@ void PreviewWindow::AddPageField(QToolBar& bar) {
 }
 
 void PreviewWindow::AddZoomField(QToolBar& bar) {
+    InstallComboAccess();
     zoomField_ = new QComboBox;
     zoomField_->setObjectName(u"zoomField"_s);
     zoomField_->setAccessibleName(u"倍率"_s);

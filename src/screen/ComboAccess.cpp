@@ -2,20 +2,18 @@
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
-
-#include "screen/ComboItem.h"
-#include "screen/Form.h"
+#include <QComboBox>
 
 namespace {
 
-/// The name is the control's, the entry shown is value and description; the only child is the list that drops down.
+/// The only child is the list that drops down.
 class ComboAccess : public QAccessibleWidget {
   public:
-    explicit ComboAccess(ComboItem& combo) : QAccessibleWidget(&combo, QAccessible::ComboBox), combo_(combo) {}
+    explicit ComboAccess(QComboBox& combo) : QAccessibleWidget(&combo, QAccessible::ComboBox), combo_(combo) {}
 
     QString text(QAccessible::Text kind) const override {
-        const bool entry = kind == QAccessible::Value || kind == QAccessible::Description;
-        return entry ? combo_.currentText() : QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Value && kind != QAccessible::Description) return QAccessibleWidget::text(kind);
+        return combo_.currentIndex() < 0 ? combo_.placeholderText() : combo_.currentText();
     }
 
     QAccessible::State state() const override {
@@ -43,17 +41,18 @@ class ComboAccess : public QAccessibleWidget {
         if (action != showMenuAction() && action != pressAction()) return QAccessibleWidget::doAction(action);
         if (combo_.view()->isVisible())
             combo_.hidePopup();
-        else if (combo_.Owner().TakesInput(combo_))
+        else
             combo_.showPopup();
     }
 
   private:
-    ComboItem& combo_;
+    QComboBox& combo_;
 };
 
 QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
-    auto* combo = dynamic_cast<ComboItem*>(object);
-    return combo == nullptr ? nullptr : new ComboAccess(*combo);
+    auto* combo = qobject_cast<QComboBox*>(object);
+    const bool named = combo != nullptr && !combo->isEditable() && !combo->accessibleName().isEmpty();
+    return named ? new ComboAccess(*combo) : nullptr;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QWheelEvent>
 
 #include "screen/ComboAccess.h"
+#include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +40,10 @@ void ComboItem::AddItem(const QString& text) {
     const int shown = currentIndex();
     addItem(text);
     setCurrentIndex(shown);
+}
+
+void ComboItem::showPopup() {
+    if (Owner().TakesInput(*this)) QComboBox::showPopup();
 }
 
 void ComboItem::wheelEvent(QWheelEvent* event) { event->ignore(); }

@@ -20,6 +20,9 @@ class ComboItem : public QComboBox, public Control {
     /// Adds an entry at the end; the one that is shown stays, also where there is none.
     void AddItem(const QString& text) override;
 
+    /// Not in a form that takes no input: a screen reader asks past the form.
+    void showPopup() override;
+
   protected:
     bool EnterMovesOn() const override { return true; }
     void wheelEvent(QWheelEvent* event) override;

@@ -52,7 +52,8 @@ class InquiryCase(unittest.TestCase):
     @classmethod
     def reach_main_window(cls):
         cls.main = cls.open(TITLE)
-        wait_for("the first list", lambda: tree.items(cls.main, "担当者コード"))
+        cls.rows = tree.Rows(cls.main)
+        wait_for("the first list", lambda: cls.rows.texts("担当者コード")[0])
 
     @classmethod
     def open(cls, title):
@@ -89,9 +90,14 @@ class InquiryCase(unittest.TestCase):
 
         return wait_for(f"a focus after {key} on {before and before.name}", moved)
 
+    def focused(self, window):
+        """What has the focus in the window in front."""
+        last = self.watch.last
+        return last if last is not None and tree.has_focus(last) else tree.focused(window)
+
     def go_to(self, window, name):
         """Tabs to the stop with that name."""
-        node = tree.focused(window)
+        node = self.focused(window)
         for _ in range(MOST_STOPS):
             if node is not None and node.name == name:
                 return node
@@ -122,7 +128,7 @@ class InquiryCase(unittest.TestCase):
 
     def walk(self, window, key):
         """The stops from the one in focus until it comes round again."""
-        first = tree.focused(window)
+        first = self.focused(window)
         stops, node = [], first
         for _ in range(MOST_STOPS):
             stops.append(tree.stop(node))

@@ -31,7 +31,7 @@ class MainForm(InquiryCase):
 
     def assert_first_row(self, row):
         for item, text in row.items():
-            self.assertEqual(tree.items(self.main, item)[0], text, item)
+            self.assertEqual(self.rows.texts(item)[0], text, item)
 
     def search(self, name):
         self.enter(self.main, "検索名称", name)
@@ -44,10 +44,10 @@ class MainForm(InquiryCase):
 
     def test_first_row_is_read_item_by_item_and_as_a_line(self):
         self.assert_first_row(FIRST)
-        rows = tree.all_named(self.main, "bak_dtla")
-        self.assertEqual(len(rows), 8)
-        self.assertRegex(rows[0].description, "^00001 性別 男 .*原　光男 ﾊﾗ ﾐﾂｵ$")
-        self.assertTrue(tree.all_named(self.main, "bak_dtlb")[0].description.startswith("全社 部長 生年月日"))
+        lines = self.rows.lines("bak_dtla")
+        self.assertEqual(len(lines), 8)
+        self.assertRegex(lines[0], "^00001 性別 男 .*原　光男 ﾊﾗ ﾐﾂｵ$")
+        self.assertTrue(self.rows.lines("bak_dtlb")[0].startswith("全社 部長 生年月日 "))
 
     def test_search_by_name_changes_the_rows_that_are_read(self):
         self.search("takeda")
@@ -55,11 +55,11 @@ class MainForm(InquiryCase):
         found = wait_for("the one row", lambda: self.codes(1))
         self.assertEqual(found, ["00014"])
         self.assert_first_row(FOUND)
-        self.assertEqual(tree.all_named(self.main, "bak_dtla")[1].description, "性別")
+        self.assertEqual(self.rows.lines("bak_dtla")[1], "性別")
 
     def codes(self, count):
         """The codes in the list, as soon as there are so many."""
-        found = [code for code in tree.items(self.main, "担当者コード") if code]
+        found = [code for code in self.rows.texts("担当者コード") if code]
         return found if len(found) == count else None
 
     def search_all(self):
@@ -69,7 +69,7 @@ class MainForm(InquiryCase):
     def test_outputs_are_no_stops_without_rows(self):
         self.search("nobody")
         self.addCleanup(self.search_all)
-        wait_for("the empty list", lambda: not any(tree.items(self.main, "担当者コード")))
+        wait_for("the empty list", lambda: not any(self.rows.texts("担当者コード")))
         wait_for("the focus after the search", lambda: tree.focused(self.main))
         self.go_to(self.main, "検索名称")
         self.assert_chain(self.main, HEAD + LIST_PAGES + END)

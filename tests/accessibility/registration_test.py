@@ -1,9 +1,7 @@
 """The registration program, as a click on a row opens it."""
 
-import tree
 from case import InquiryCase
 from desk import wait_for
-from sample import STAFF
 
 STOPS = [
     "氏名", "カナ", "性別区分", "郵便番号", "住所A", "住所B", "住所C", "電話", "携帯電話", "EMAIL",
@@ -15,8 +13,7 @@ TITLE = "要員台帳更新"
 
 class Registration(InquiryCase):
     def open_first_row(self):
-        name = next(node for node in tree.nodes(self.main) if node.description == "担当者名")
-        self.screen.click(name)
+        self.screen.click(self.rows.item("担当者名"))
         return self.open(TITLE)
 
     def finish(self, form):
@@ -35,4 +32,4 @@ class Registration(InquiryCase):
         self.enter(form, "氏名", "Takeda Ren")
         self.go_to(form, "btn_保存")
         self.screen.key("space")
-        wait_for("the changed row", lambda: tree.items(self.main, "担当者名")[0] == "Takeda Ren")
+        wait_for("the changed row", lambda: self.rows.texts("担当者名")[0] == "Takeda Ren")

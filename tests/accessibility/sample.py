@@ -15,7 +15,7 @@ class Sample:
     def __init__(self, *options):
         self.root = tempfile.mkdtemp(dir=os.environ["ACCESSIBILITY_WORK"]) + "/site"
         command = [os.environ["SUITE_SETUP"], "init", self.root, "--staff", "60", "--seed", "1", *options]
-        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+        self.told = subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
     def program(self, name):
         return f"{self.root}/prgbin/{name}"

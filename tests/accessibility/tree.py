@@ -70,20 +70,34 @@ def named(window, name, role=None):
     return next((node for node in found if role is None or node.getRoleName() == role), None)
 
 
-def all_named(window, name):
-    return [node for node in nodes(window) if node.name == name]
-
-
 def cells(window, columns):
     """The rows of a window's list, each with the texts of its cells."""
     texts = [node.name for node in nodes(window) if node.getRole() == pyatspi.ROLE_TABLE_CELL]
     return [tuple(texts[first : first + columns]) for first in range(0, len(texts), columns)]
 
 
-def items(window, name):
-    """The texts of the rows' items of that name, row by row."""
-    labels = (node for node in nodes(window) if node.getRole() == pyatspi.ROLE_LABEL)
-    return [node.name for node in labels if node.description == name and shows(node)]
+class Rows:
+    """The rows of the main window, whose items stay the same from the first list to the end."""
+
+    def __init__(self, window):
+        self.labels, self.panels = {}, {}
+        for node in nodes(window):
+            if node.getRole() == pyatspi.ROLE_LABEL:
+                self.labels.setdefault(node.description, []).append(node)
+            elif node.getRole() == pyatspi.ROLE_PANEL:
+                self.panels.setdefault(node.name, []).append(node)
+
+    def item(self, name):
+        """The node of an item in the first row."""
+        return self.labels[name][0]
+
+    def texts(self, name):
+        """The texts of an item, row by row, where it shows."""
+        return [node.name for node in self.labels[name] if shows(node)]
+
+    def lines(self, panel):
+        """What is read of a part of the rows, row by row."""
+        return [node.description for node in self.panels[panel] if shows(node)]
 
 
 def text_of(node):
