@@ -5,11 +5,13 @@
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 
@@ -23,8 +25,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kSmallest = 0.1, kLargest = 8.0, kStep = 1.25;
+constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
 constexpr int kMessageTime = 8000;  // milliseconds in the status line
+constexpr int kManagerTime = 500;   // milliseconds that a window manager has to enlarge a window
+constexpr QSize kUsualSize(980, 720);
 
 // The first two follow the window's size, the others stand.
 const QStringList kFits{u"ページ全体"_s, u"ページの幅"_s};
@@ -39,13 +43,22 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString nam
     MakeView();
     MakeToolBar();
     statusBar();
-    resize(980, 760);
+    resize(kUsualSize.boundedTo(screen()->availableSize()));
     TurnTo(0);
 }
 
 PreviewWindow::~PreviewWindow() {
     // The view paints from the report.
     delete area_;
+}
+
+void PreviewWindow::FillScreen() {
+    showMaximized();
+    // Where no window manager runs, nobody enlarges the window. Under one, a frame is all that may be missing.
+    QTimer::singleShot(kManagerTime, this, [this] {
+        const QRect room = screen()->availableGeometry();
+        if (isMaximized() && width() < room.width()) setGeometry(room);
+    });
 }
 
 void PreviewWindow::MakeView() {

@@ -160,6 +160,17 @@ TEST_F(PreviewWindowTest, ChosenPercentIsTheSizeOnPaper) {
     EXPECT_EQ(View().sizeHint().width() - 24, qRound(210 * 96 / 25.4));
 }
 
+TEST_F(PreviewWindowTest, StepsEndAtTheLargestAndTheSmallestZoom) {
+    Show(1);
+    auto* zoom = window->findChild<QComboBox*>(u"zoomField"_s);
+    for (int step = 0; step < 20; ++step) Press(u"larger"_s);
+    EXPECT_EQ(View().Zoom(), 4.0);
+    EXPECT_EQ(zoom->currentText(), u"400%"_s);
+    for (int step = 0; step < 20; ++step) Press(u"smaller"_s);
+    EXPECT_EQ(View().Zoom(), 0.1);
+    EXPECT_EQ(zoom->placeholderText(), u"10%"_s);
+}
+
 TEST_F(PreviewWindowTest, PageThatFailsSaysWhyAndTheWindowGoesOn) {
     Show(2);
     report->Fails = [](int page) { return page == 1; };
