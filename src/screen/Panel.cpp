@@ -5,7 +5,8 @@
 #include <tuple>
 #include <vector>
 
-/// What can be seen on the panel, line by line. Put together only when a tool asks, so that writing a row costs nothing.
+/// What can be seen on the panel, line by line. Put together only when a tool asks, so that writing a row costs
+/// nothing.
 QString Panel::TextsOnIt() const {
     std::vector<const FlatItem*> items;
     for (const QObject* child : children()) {

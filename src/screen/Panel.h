@@ -2,8 +2,8 @@
 
 #include "screen/FlatItem.h"
 
-/// SSPanel: Panel(form, parent, name, index, caption). Holds other controls or shows its caption in the middle. Assistive
-/// tools are told the caption, or else the texts on the panel: that is how they read a row of the list.
+/// SSPanel: Panel(form, parent, name, index, caption). Holds other controls or shows its caption in the middle.
+/// Assistive tools are told the caption, or else the texts on the panel: that is how they read a row of the list.
 class Panel : public FlatItem {
   public:
     Panel(Form& form, QWidget& parent, QString name, int index, const QString& caption)

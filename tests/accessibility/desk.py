@@ -50,24 +50,27 @@ class Screen:
         return done.stdout.strip() if done.returncode == 0 else None
 
     def key(self, *names):
+        """Presses keys one after the other, by the names of the window system ("shift+Tab")."""
         self.work("key", *names)
 
     def type(self, text):
+        """Types a text of signs that are on every keyboard: others are put onto a key for a moment, and get lost."""
         self.work("type", "--delay", "0", text)
 
     def click(self, node):
         """Clicks into the middle of what a node takes of the screen."""
         place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-        self.work(
-            "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2), "click", "1"
-        )
+        middle = place.x + place.width // 2, place.y + place.height // 2
+        self.work("mousemove", *map(str, middle), "click", "1")
 
     def focus(self, title):
         """The keyboard goes to the window with that title, as soon as it is there."""
-        numbers = wait_for(
-            f"a window {title}", lambda: self.work("search", "--onlyvisible", "--name", f"^{title}$")
-        )
-        wait_for(f"the keyboard in {title}", lambda: self.work("windowfocus", "--sync", numbers.split()[-1]) is not None)
+
+        def given():
+            found = self.work("search", "--onlyvisible", "--name", f"^{title}$")
+            return found and self.work("windowfocus", "--sync", found.split()[-1]) is not None
+
+        wait_for(f"the keyboard in a window {title}", given)
 
 
 class FocusWatch:
@@ -86,7 +89,7 @@ class FocusWatch:
 
 
 def programs():
-    """The programs on the bus, asked anew."""
+    """The programs on the bus. All that they are asked, they are asked anew: not all changes are reported."""
     desktop = pyatspi.Registry.getDesktop(0)
     desktop.clear_cache()
     found = [desktop.getChildAtIndex(place) for place in range(desktop.childCount)]
