@@ -21,15 +21,17 @@ struct ReportFiles {
     QStringList forms;  ///< the later ones only where the common folder has them
 };
 
-/// The one trap: the failure is written down, and the next step is done.
+/// The one trap: the failure is written down, and the next step is done. Number of the failure, 0 for none.
 template <typename Step>
-void Carry(Step step) {
+long Carry(Step step) {
     try {
         step();
+        return 0;
     } catch (const platform::RuntimeError& error) {
         const InstallationLayout& layout = Globals().Layout;
         RecordRunError(error.Description() + u" User ConfF="_s + layout.UserConfFolder + u" User Report ="_s +
                        layout.UserReportFolder);
+        return error.Number();
     }
 }
 
@@ -45,15 +47,15 @@ QString ConfigurationName(int kind) {
 }
 
 /// What a killed program left unfinished in a file that has gone since: the engine would undo it in the fresh copy.
-void RemoveJournal(const QString& database) { platform::Services().files->RemoveFile(database + u"-journal"_s); }
+bool RemoveJournal(const QString& database) { return platform::Services().files->RemoveFile(database + u"-journal"_s); }
 
-void Copy(const QString& from, const QString& to, const QString& name) {
-    Carry([&] {
-        const QString target = to + kPathSeparator + name;
-        RemoveJournal(target);
-        if (!CopyFileOver(from + kPathSeparator + name, target))
-            throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を複写できません。"_s.arg(name));
-    });
+/// True when the copy is there.
+bool Copy(const QString& from, const QString& to, const QString& name) {
+    return Carry([&] {
+               const QString target = to + kPathSeparator + name;
+               if (!RemoveJournal(target) || !CopyFileOver(from + kPathSeparator + name, target))
+                   throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を複写できません。"_s.arg(name));
+           }) == 0;
 }
 
 void PrepareConfiguration() {
@@ -65,48 +67,59 @@ void PrepareConfiguration() {
     if (!FileExistsCheck(own)) Copy(layout.CommonConfFolder, layout.UserConfFolder, name);
 }
 
-void Relink(const QString& formsFile, const QString& workTables) {
-    Carry([&] {
+/// False when another start might do better. A table that is missing will be missing then as well.
+bool Relink(const QString& formsFile, const QString& workTables) {
+    bool whole = true;
+    const long failure = Carry([&] {
         const auto file = platform::Services().tableEngine->OpenDatabase(formsFile);
         for (platform::TableDef& table : file->TableDefs()) {
             if (table.Attributes != platform::kLinkedTable) continue;
             table.Connect = platform::ConnectTextOf(workTables);
-            Carry([&] { file->RefreshLink(table); });
+            const long refused = Carry([&] { file->RefreshLink(table); });
+            whole = whole && (refused == 0 || refused == platform::kNoSuchTable);
         }
     });
+    return failure == 0 && whole;
 }
 
-/// The work tables alone tell the next start that all is there, so they must not stay where the copy of a forms file
-/// broke off. A file that the common folder doesn't have either is no reason to try again.
-void TakeBackUnfinished(const ReportFiles& files) {
-    const InstallationLayout& layout = Globals().Layout;
-    const QString own = layout.UserReportFolder + kPathSeparator;
-    for (const QString& name : files.forms)
-        if (FileExistsCheck(layout.CommonReportFolder + kPathSeparator + name) && !FileExistsCheck(own + name))
-            platform::Services().files->RemoveFile(own + files.workTables);
-}
-
-/// The host's settings are made before any of its files is touched.
-void CopyReportFiles(const ReportFiles& files) {
+/// The host's settings are made before any of its files is touched. False when something is left for the next start to
+/// do; a file that the common folder doesn't have either is not.
+bool CopyReportFiles(const ReportFiles& files) {
     const InstallationLayout& layout = Globals().Layout;
     bool hostIsThere = false;
     Carry([&] { hostIsThere = PrepareReportHost(); });
     const QString own = layout.UserReportFolder + kPathSeparator;
-    Copy(layout.CommonReportFolder, layout.UserReportFolder, files.workTables);
-    for (const QString& name : files.forms) Copy(layout.CommonReportFolder, layout.UserReportFolder, name);
+    const auto common = [&](const QString& name) {
+        return FileExistsCheck(layout.CommonReportFolder + kPathSeparator + name);
+    };
+    bool whole = Copy(layout.CommonReportFolder, layout.UserReportFolder, files.workTables);
     for (const QString& name : files.forms)
-        if (hostIsThere && (name == files.forms.first() || FileExistsCheck(own + name)))
-            Relink(own + name, own + files.workTables);
-    TakeBackUnfinished(files);
+        if (!Copy(layout.CommonReportFolder, layout.UserReportFolder, name) && common(name)) whole = false;
+    for (const QString& name : files.forms)
+        if (hostIsThere && (name == files.forms.first() || FileExistsCheck(own + name)) &&
+            !Relink(own + name, own + files.workTables) && common(name))
+            whole = false;
+    return whole;
 }
 
-/// The work tables alone tell whether a user has report files, and they are the first to be copied.
+/// Without the mark nothing is copied: a copy that then broke off would pass for a whole one.
+bool SetMark(const QString& mark) {
+    return Carry([&] {
+               if (platform::Services().files->OpenForOutput(mark) == nullptr)
+                   throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を作成できません。"_s.arg(mark));
+           }) == 0;
+}
+
+/// The work tables tell whether a user has report files, and they are the first to be copied. So a mark beside them
+/// stands until the last one is there and linked, whatever ends the program meanwhile; where a start finds it, all is
+/// copied anew.
 void PrepareReportFiles(const ReportFiles& files) {
     const QString workTables = Globals().Layout.UserReportFolder + kPathSeparator + files.workTables;
+    const QString mark = workTables + u"-unfinished"_s;
     Carry([&] { EnsureFolderPath(workTables); });
-    if (FileExistsCheck(workTables)) return;
+    if (FileExistsCheck(workTables) && !FileExistsCheck(mark)) return;
     ShowWaitDialog();
-    CopyReportFiles(files);
+    if (SetMark(mark) && CopyReportFiles(files)) platform::Services().files->RemoveFile(mark);
     UnloadWaitDialog();
 }
 

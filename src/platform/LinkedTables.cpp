@@ -12,7 +12,6 @@ namespace {
 
 const QString kDatabaseField = u";DATABASE="_s;
 const QString kLinks = u"リンクテーブル"_s;
-constexpr long kNoSuchTable = 3011;
 constexpr int kTimeout = 60;
 
 Connection OpenFile(const QString& path, ConnectMode mode) {

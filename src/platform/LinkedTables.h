@@ -8,6 +8,8 @@ namespace platform {
 
 /// What Attributes says of a table that lies in another file.
 inline constexpr long kLinkedTable = 0x40000000;
+/// Number of the error that tells of a link to a table that its file does not have.
+inline constexpr long kNoSuchTable = 3011;
 
 /// A table as a database file describes it.
 struct TableDef {

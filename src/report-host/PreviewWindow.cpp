@@ -19,6 +19,7 @@
 #include "report-host/PageView.h"
 #include "report-host/PreparedReport.h"
 #include "report-host/PutOut.h"
+#include "screen/ComboAccess.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,10 +65,12 @@ void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
+    area_->setFocusPolicy(Qt::NoFocus);  // the page has it, and can be named
     area_->setAlignment(Qt::AlignCenter);
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
     setCentralWidget(area_);
+    view_->setFocus();
 }
 
 QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QString& caption,
@@ -78,6 +81,8 @@ QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QStr
     if (!keys.isEmpty())
         action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
     connect(action, &QAction::triggered, this, work);
+    // Qt leaves the buttons of a tool bar to the mouse.
+    bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -110,12 +115,13 @@ void PreviewWindow::AddPageField(QToolBar& bar) {
     pageField_->setSuffix(u" / %1 ページ"_s.arg(report_->PageCount()));
     pageField_->setKeyboardTracking(false);
     pageField_->setAlignment(Qt::AlignRight);
-    pageField_->setFocusPolicy(Qt::ClickFocus);
+    pageField_->setFocusPolicy(Qt::StrongFocus);
     connect(pageField_, &QSpinBox::valueChanged, this, [this](int page) { TurnTo(page - 1); });
     bar.addWidget(pageField_);
 }
 
 void PreviewWindow::AddZoomField(QToolBar& bar) {
+    InstallComboAccess();
     zoomField_ = new QComboBox;
     zoomField_->setObjectName(u"zoomField"_s);
     zoomField_->setAccessibleName(u"倍率"_s);
@@ -126,7 +132,7 @@ void PreviewWindow::AddZoomField(QToolBar& bar) {
     QPalette palette = zoomField_->palette();
     palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::ButtonText));
     zoomField_->setPalette(palette);
-    zoomField_->setFocusPolicy(Qt::ClickFocus);
+    zoomField_->setFocusPolicy(Qt::StrongFocus);
     connect(zoomField_, &QComboBox::activated, this, [this](int choice) { ChooseZoom(choice); });
     bar.addWidget(zoomField_);
 }

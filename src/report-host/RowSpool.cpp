@@ -48,7 +48,9 @@ void RowSpool::Copy(sqlite3* source, const QString& select) {
         PrepareStatement(spool_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
     platform::RunPlain(spool_.get(), "BEGIN");
     EachRow(source, from.get(), [&] {
-        for (int i = 0; i < width; ++i) sqlite3_bind_value(to.get(), i + 1, sqlite3_column_value(from.get(), i));
+        for (int i = 0; i < width; ++i)
+            if (sqlite3_bind_value(to.get(), i + 1, sqlite3_column_value(from.get(), i)) != SQLITE_OK)
+                throw platform::SqliteFailure(spool_.get());
         EachRow(spool_.get(), to.get(), [] {});
         sqlite3_reset(to.get());
         ++count_;

@@ -33,7 +33,9 @@ void EachRow(sqlite3* database, sqlite3_stmt* statement, const std::function<voi
 }
 
 QString TextOf(sqlite3_stmt* statement, int column) {
+    const bool null = sqlite3_column_type(statement, column) == SQLITE_NULL;
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    if (text == nullptr && !null) throw platform::SqliteFailure(sqlite3_db_handle(statement));
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
 }
 

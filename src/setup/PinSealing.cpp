@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QScopeGuard>
 #include <optional>
 
 #include "platform/SealedPins.h"
@@ -68,25 +67,56 @@ QString GeneralFile(const QString& configuration) {
     return platform::SqlitePath(ColumnText(row.get(), 1).trimmed());
 }
 
+/// In one transaction. `newKey` tells whether the key file was made for it.
+SealedCount SealAll(sqlite3* database, const QString& keyFile, bool& newKey) {
+    // Otherwise the clear texts would stay readable in the free places of the file.
+    RunSql(database, u"PRAGMA secure_delete = ON"_s);
+    // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
+    RunSql(database, u"BEGIN IMMEDIATE"_s);
+    if (!QFile::exists(keyFile)) {
+        MakeKey(keyFile);
+        newKey = true;
+    }
+    const PinKey key = KeyOf(keyFile);
+    SealedCount count;
+    for (const PinColumn& place : kPinColumns) SealColumn(database, place, key, count);
+    RunSql(database, u"COMMIT"_s);
+    return count;
+}
+
+bool AnyOpens(sqlite3* database, const PinKey& key) {
+    for (const PinColumn& place : kPinColumns)
+        for (const StoredPin& pin : StoredPins(database, place))
+            if (platform::OpenPin(pin.text, key)) return true;
+    return false;
+}
+
+/// A COMMIT that told a failure may stand all the same, where the disk did it and its answer got lost; and another
+/// sealing may have found the key meanwhile. So the key goes only when it is certain that no PIN needs it.
+void ForgetUnusedKey(const QString& generalFile, const QString& keyFile) {
+    try {
+        const SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
+        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
+        if (!AnyOpens(database.get(), KeyOf(keyFile))) QFile::remove(keyFile);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
 }  // namespace
 
 SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile) {
-    const SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
-    // Otherwise the clear texts would stay readable in the free places of the file.
-    RunSql(database.get(), u"PRAGMA secure_delete = ON"_s);
-    // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
-    RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
-    const bool newKey = !QFile::exists(keyFile);
-    auto forgetKey = qScopeGuard([&] {
-        if (newKey) QFile::remove(keyFile);
-    });
-    if (newKey) MakeKey(keyFile);
-    const PinKey key = KeyOf(keyFile);
-    SealedCount count;
-    for (const PinColumn& place : kPinColumns) SealColumn(database.get(), place, key, count);
-    RunSql(database.get(), u"COMMIT"_s);
-    forgetKey.dismiss();
-    return count;
+    SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
+    bool newKey = false;
+    try {
+        return SealAll(database.get(), keyFile, newKey);
+    } catch (const platform::RuntimeError&) {
+        const bool stillLocked = sqlite3_get_autocommit(database.get()) == 0;
+        if (newKey && stillLocked) QFile::remove(keyFile);
+        database.reset();
+        if (newKey && !stillLocked) ForgetUnusedKey(generalFile, keyFile);
+        throw;
+    }
 }
 
 void SealPins(const Arguments& arguments, const Console& console) {

@@ -15,7 +15,8 @@ struct SealedCount {
 };
 
 /// Seals every PIN of a general database that stands in it in the clear, in one transaction, and makes the key file
-/// where there is none. After a failure nothing is changed and no new key file is left. Throws
+/// where there is none. After a failure nothing is changed and no new key file is left; only where the disk leaves it
+/// uncertain whether PINs are sealed under it, the key file stays, and the next sealing goes on with it. Throws
 /// platform::RuntimeError.
 SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile);
 

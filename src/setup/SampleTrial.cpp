@@ -3,7 +3,7 @@
 #include <array>
 
 #include "platform/SealedPins.h"
-#include "platform/database/SqliteOpening.h"
+#include "setup/SqliteFile.h"
 #include "setup/TextTable.h"
 
 using namespace Qt::StringLiterals;
@@ -32,11 +32,6 @@ constexpr const char16_t* kOperationRights[] = {u"操作許可", u"入力許可"
 
 QString Line(const QString& code, const QString& login, const QString& pin, const QString& remark) {
     return PadRight(code, 8) + PadRight(login, 20) + PadRight(pin, 10) + remark;
-}
-
-QString TextOf(sqlite3_stmt* row, int column) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, column)),
-                             sqlite3_column_bytes(row, column));
 }
 
 }  // namespace
@@ -69,9 +64,9 @@ QStringList TrialPeople(const QString& generalFile, const QString& keyFile) {
     const platform::SqliteStatement rows(raw);
     sqlite3_bind_int(raw, 1, static_cast<int>(kPeople.size()));
     QStringList lines{Line(u"コード"_s, u"ログインID"_s, u"暗証番号"_s, u"権限"_s)};
-    for (size_t place = 0; sqlite3_step(raw) == SQLITE_ROW; ++place) {
-        const std::optional<QString> pin = key ? platform::OpenPin(TextOf(raw, 2), *key) : std::nullopt;
-        lines << Line(TextOf(raw, 0), TextOf(raw, 1), pin.value_or(QString()),
+    for (size_t place = 0; NextRow(database.get(), raw); ++place) {
+        const std::optional<QString> pin = key ? platform::OpenPin(ColumnText(raw, 2), *key) : std::nullopt;
+        lines << Line(ColumnText(raw, 0), ColumnText(raw, 1), pin.value_or(QString()),
                       QString::fromUtf16(kPeople[place].remark));
     }
     return lines;

@@ -27,13 +27,18 @@ bool NextRow(sqlite3* database, sqlite3_stmt* statement) {
 }
 
 QString ColumnText(sqlite3_stmt* row, int column) {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row, column)),
-                             sqlite3_column_bytes(row, column));
+    const bool null = sqlite3_column_type(row, column) == SQLITE_NULL;
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+    if (text == nullptr && !null) throw platform::SqliteFailure(sqlite3_db_handle(row));
+    return QString::fromUtf8(text, sqlite3_column_bytes(row, column));
 }
 
 void BindText(sqlite3_stmt* statement, int index, const QString& text) {
     const QByteArray utf8 = text.toUtf8();
-    sqlite3_bind_text(statement, index, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+    // Where the engine has no memory for the text, a Null would stand in its place.
+    if (sqlite3_bind_text(statement, index, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT) !=
+        SQLITE_OK)
+        throw platform::SqliteFailure(sqlite3_db_handle(statement));
 }
 
 }  // namespace setup

@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <functional>
+#include <stdexcept>
 
 #include "data/Connections.h"
 #include "data/Environment.h"
@@ -14,6 +15,7 @@
 #include "platform/OutputFile.h"
 #include "platform/RuntimeError.h"
 #include "screen/Form.h"
+#include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/StandInRegistry.h"
@@ -38,6 +40,8 @@ class WatchedFiles : public platform::HostFileSystem {
     QString diskFullAt;                       ///< no room is left while this file is copied
     QString noFolderBelow;                    ///< no folder can be made in this one
     std::function<void()> meanwhile = [] {};  ///< what events do during a copy
+    QString unremovable;                      ///< name of a file that stays
+    bool noOutput = false;                    ///< no file can be made
     explicit WatchedFiles(QStringList& watched) : copies(watched) {}
 
     bool CopyFile(const QString& source, const QString& target) const override {
@@ -45,6 +49,12 @@ class WatchedFiles : public platform::HostFileSystem {
         meanwhile();
         copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
         return name == diskFullAt ? CopyOnFullDisk(source, target) : HostFileSystem::CopyFile(source, target);
+    }
+    bool RemoveFile(const QString& path) const override {
+        return QFileInfo(path).fileName() != unremovable && HostFileSystem::RemoveFile(path);
+    }
+    std::unique_ptr<platform::OutputFile> OpenForOutput(const QString& path) const override {
+        return noOutput ? nullptr : HostFileSystem::OpenForOutput(path);
     }
     void CreateFolder(const QString& path) const override {
         if (!noFolderBelow.isEmpty() && path.startsWith(noFolderBelow))
@@ -62,6 +72,13 @@ class WatchedFiles : public platform::HostFileSystem {
         const bool copied = HostFileSystem::CopyFile(source, target);
         setrlimit(RLIMIT_FSIZE, &kept);
         return copied;
+    }
+};
+
+class BrokenTableEngine : public platform::TableEngine {
+  public:
+    std::unique_ptr<platform::TableFile> OpenDatabase(const QString&) override {
+        throw platform::DatabaseError(platform::kEngineFailure, u"disk I/O error"_s);
     }
 };
 
@@ -254,6 +271,48 @@ TEST_F(UserConfiguration, JournalOfALostFileIsNotUndoneInItsFreshCopy) {
     PrepareUserConfig();
     EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+}
+
+TEST_F(UserConfiguration, StartThatWasEndedBeforeTheFormsWereThereIsDoneAnewByTheNextOne) {
+    files->meanwhile = [this] {
+        if (copies.size() == 2) throw std::runtime_error("the machine is switched off");
+    };
+    EXPECT_THROW(PrepareUserConfig(), std::runtime_error);
+    UnloadWaitDialog();
+    files->meanwhile = [] {};
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
+    copies.clear();
+    PrepareUserConfig();
+    EXPECT_EQ(copies, QStringList());
+}
+
+TEST_F(UserConfiguration, LinksThatTheDiskRefusedAreMadeByTheNextStart) {
+    platform::Services().tableEngine = std::make_unique<BrokenTableEngine>();
+    PrepareUserConfig();
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{u";DATABASE="_s + installation.Report().Path()});
+    platform::Services().tableEngine = std::make_unique<platform::SuiteTableEngine>();
+    PrepareUserConfig();
+    EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
+}
+
+TEST_F(UserConfiguration, NothingIsCopiedBesideAJournalThatCantBeRemoved) {
+    ASSERT_TRUE(QDir().mkpath(Own(u"conf"_s)));
+    WriteBytes(Own(u"conf/usrcnfg.accdb-journal"_s), "what a killed program has left");
+    files->unremovable = u"usrcnfg.accdb-journal"_s;
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb-journal"_s});
+    files->unremovable.clear();
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
+}
+
+TEST_F(UserConfiguration, WithoutRoomForTheMarkNoReportFileIsCopied) {
+    files->noOutput = true;
+    PrepareUserConfig();
+    EXPECT_EQ(OwnFiles(u"report"_s), QStringList());
+    EXPECT_EQ(Globals().ProcCounter, 1);
 }
 
 TEST_F(OlderUserConfiguration, KindStandsAtTheEndWhateverEventsDidDuringTheCopy) {

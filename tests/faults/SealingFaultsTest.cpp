@@ -1,0 +1,68 @@
+#include "faults/FaultFixture.h"
+#include "setup/PinSealing.h"
+#include "support/SamplePins.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A site whose PINs stand in the clear, without a key.
+class SealingUnderFaults : public FaultTest {
+  protected:
+    SealingUnderFaults() {
+        QFile::remove(KeyFile());
+        installation.General().Execute(
+            u"UPDATE M担当者 SET 暗証番号 = 'STAFF1';"
+            u"UPDATE Mユーザ SET 特権暗証番号 = 'COMPANY1', システム特権暗証番号 = 'SYSTEM99';"
+            u"UPDATE M事業所 SET 特権暗証番号 = NULL; UPDATE M事業所 SET 特権暗証番号 = 'OFFICE01' WHERE コード = '001'"_s);
+        KeepAsBeginning();
+        clear_ = Stored();
+    }
+
+    QString KeyFile() const { return installation.ConfFolder() + u"/pin.key"_s; }
+    QStringList Stored() const {
+        QStringList texts;
+        for (const QStringList& row : installation.General().Rows(
+                 u"SELECT 暗証番号 FROM M担当者 UNION ALL SELECT 特権暗証番号 FROM Mユーザ"
+                 u" UNION ALL SELECT システム特権暗証番号 FROM Mユーザ UNION ALL SELECT 特権暗証番号 FROM M事業所"_s))
+            texts << row.first();
+        return texts;
+    }
+    /// Every PIN as somebody reads it who holds the key file.
+    QStringList Opened() const {
+        const SamplePins pins(installation.Root());
+        QStringList opened;
+        for (const QString& stored : Stored()) opened << (stored.isNull() ? stored : pins.Opened(stored));
+        return opened;
+    }
+
+    void Work() override { count_ = setup::SealStoredPins(installation.General().Path(), KeyFile()); }
+    /// Sealed or not, no PIN is lost, and none is sealed under a key that has gone.
+    void CheckBehindFault(bool untold) override {
+        const bool sealed = platform::IsSealedPin(Stored().first());
+        EXPECT_TRUE(sealed || !untold);
+        EXPECT_TRUE(!sealed || QFile::exists(KeyFile()));
+        EXPECT_TRUE(sealed || keyMayStay_ || !QFile::exists(KeyFile()));
+        EXPECT_EQ(sealed ? Opened() : Stored(), clear_);
+    }
+    void CheckBehindNextWork() override {
+        EXPECT_EQ(Opened(), clear_);
+        EXPECT_EQ(count_.sealed + count_.before, 5);
+        EXPECT_EQ(count_.unopenable, 0);
+    }
+
+    bool keyMayStay_ = false;  ///< the disk never tells whether it is needed
+    QStringList clear_;
+    setup::SealedCount count_;
+};
+
+}  // namespace
+
+TEST_F(SealingUnderFaults, NoPinIsLostAfterOneFaultOfTheDisk) { FailOnce(); }
+
+TEST_F(SealingUnderFaults, NoPinIsLostOnABrokenDisk) {
+    keyMayStay_ = true;
+    FailFromThenOn("gnrdb");
+}
+
+TEST_F(SealingUnderFaults, NoPinIsLostWhenMemoryRanOut) { RunOutOfMemory(); }

@@ -1,0 +1,64 @@
+#include "faults/FaultFixture.h"
+#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A search by name, as the first one behind a start: with the eras of each row's dates and the viewing log.
+class SearchUnderFaults : public FaultTest {
+  protected:
+    SearchUnderFaults() {
+        installation.General().Execute(
+            u"INSERT INTO T閲覧 (担当者コード, 閲覧情報, 伝票事業所コード, 伝票番号基準日付, 伝票No, キー項目, "
+            u"閲覧日付,"
+            u" 閲覧時刻, 閲覧区分) VALUES ('00001', '要員台帳更新', '', '', '', '00002', '20261001', '101500', 1)"_s);
+        Globals().Conditions.SearchName = u"子"_s;
+        Globals().Conditions.DisplayOrder = 1;
+        KeepAsBeginning();
+        Work();
+        found_ = List();
+        EndProgram();
+    }
+
+    void Work() override {
+        for (int row = 0; row < 5; ++row) ClearRow(row);
+        Globals().LastRow = -1;
+        OpenConnections();
+        RunStaffSearch();
+    }
+    void CheckBehindFault(bool untold) override {
+        if (untold) CheckBehindNextWork();
+    }
+    void CheckBehindNextWork() override { EXPECT_EQ(List(), found_); }
+
+    static QList<QStringList> List() {
+        const ProgramGlobals& globals = Globals();
+        QList<QStringList> rows;
+        for (int row = 0; row <= globals.LastRow; ++row) {
+            QStringList cells{QString::number(globals.Rows.閲覧区分[static_cast<size_t>(row)])};
+            for (int field = 0; field < kStaffTextCount; ++field)
+                cells << globals.Rows.Text(static_cast<StaffText>(field), row);
+            rows << cells;
+        }
+        return rows;
+    }
+
+    QList<QStringList> found_;
+};
+
+}  // namespace
+
+TEST_F(SearchUnderFaults, FindsEverybodyWithoutOne) {
+    ASSERT_EQ(found_.size(), 1);
+    EXPECT_EQ(found_.first().first(), u"1"_s);
+    EXPECT_TRUE(found_.first().contains(u"佐藤　花子"_s));
+    EXPECT_TRUE(found_.first().contains(u"昭和"_s));
+}
+
+TEST_F(SearchUnderFaults, OneFaultOfTheDiskIsToldOrDoesNoHarm) { FailOnce(); }
+
+TEST_F(SearchUnderFaults, BrokenDiskIsToldAndTheNextSearchFindsEverybody) { FailFromThenOn("gnrdb"); }
+
+TEST_F(SearchUnderFaults, LackOfMemoryIsToldAndNoCellComesOutEmpty) { RunOutOfMemory(); }
