@@ -30,11 +30,8 @@ constexpr auto kDiskFaults = std::to_array<DiskFault>({
 Fault OnDisk(const DiskFault& fault, FaultyDisk::Lasting lasting, const QByteArray& part, bool mute) {
     const bool once = lasting == FaultyDisk::Lasting::Once;
     return {QString::fromLatin1(fault.name) + (once ? u" once"_s : u" from then on, "_s + QString::fromLatin1(part)),
-            [=](int point) { FaultyDisk::Arm(fault, point, lasting, part); }, &FaultyDisk::Disarm, mute};
+            [=](int point) { FaultyDisk::Arm(fault, point, lasting, part); }, &FaultyDisk::Disarm, mute, 300};
 }
-
-/// Every point up to some hundred, then wider and wider steps through the thousands.
-int StepBehind(int point) { return point <= 300 ? 1 : 1 + point / 40; }
 
 /// Before any database is opened, since the engine asks for its memory from then on.
 class FaultyMachine : public testing::Environment {
@@ -150,7 +147,7 @@ void FaultTest::TryPoint(const Fault& fault, int point, bool& fallen) {
 
 void FaultTest::Try(const Fault& fault) {
     bool fallen = true;
-    for (int point = 1; fallen; point += StepBehind(point)) {
+    for (int point = 1; fallen; point += point <= fault.everyPointUpTo ? 1 : 1 + point / 40) {
         TryPoint(fault, point, fallen);
         tried += fallen ? 1 : 0;
         if (HasFailure()) {
@@ -181,7 +178,7 @@ void FaultTest::FailFromThenOn(const QByteArray& part) {
     TellTried();
 }
 
-void FaultTest::RunOutOfMemory() {
-    Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm});
+void FaultTest::RunOutOfMemory(int everyPointUpTo) {
+    Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm, false, everyPointUpTo});
     TellTried();
 }

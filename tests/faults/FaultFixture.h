@@ -15,6 +15,7 @@ struct Fault {
     std::function<bool()> disarm;  ///< true when the fault has fallen
     /// The history can take no row either, so what failed may stay untold.
     bool mute = false;
+    int everyPointUpTo = 300;  ///< then wider and wider steps
 };
 
 /// What a piece of work told of itself, in whatever way.
@@ -46,7 +47,8 @@ class FaultTest : public OutputTest {
     void FailOnce();
     /// The disk of one file fails in each way from a point on; then there is no disk any more at all.
     void FailFromThenOn(const QByteArray& part);
-    void RunOutOfMemory();
+    /// Every allocation up to the point fails in its turn, and then one in ever more of the thousands.
+    void RunOutOfMemory(int everyPointUpTo = 300);
     void Try(const Fault& fault);
     void TellTried() const;
 

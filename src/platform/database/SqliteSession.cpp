@@ -17,7 +17,7 @@ QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
 
 // Through the value itself, which is safe since one thread alone uses a connection, and costs a third of asking the
 // statement for text and length of each column.
-void AppendCell(sqlite3* database, ResultTable& result, sqlite3_value* value) {
+void AppendCell(ResultTable& result, sqlite3_value* value) {
     switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             result.AppendNull();
@@ -27,10 +27,7 @@ void AppendCell(sqlite3* database, ResultTable& result, sqlite3_value* value) {
             break;
         default: {
             const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-            const int size = sqlite3_value_bytes(value);
-            // Without memory there is no text; an empty blob has none either.
-            if (text == nullptr && sqlite3_errcode(database) == SQLITE_NOMEM) throw SqliteFailure(database);
-            result.AppendText({text, text == nullptr ? 0 : size});
+            result.AppendText({text, text == nullptr ? 0 : sqlite3_value_bytes(value)});
         }
     }
 }
@@ -99,7 +96,7 @@ std::shared_ptr<ResultTable> SqliteSession::ReadRows(PreparedStatement& statemen
     for (; code == SQLITE_ROW; code = sqlite3_step(statement.Handle())) {
         result->BeginRow();
         for (int column = 0; column < columns; ++column)
-            AppendCell(database_.get(), *result, sqlite3_column_value(statement.Handle(), column));
+            AppendCell(*result, sqlite3_column_value(statement.Handle(), column));
     }
     if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
     return result;
