@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <algorithm>
 #include <iostream>
 
 #include "inquiry/RowStoreProcedures.h"
@@ -30,7 +31,7 @@ constexpr auto kDiskFaults = std::to_array<DiskFault>({
 Fault OnDisk(const DiskFault& fault, FaultyDisk::Lasting lasting, const QByteArray& part, bool mute) {
     const bool once = lasting == FaultyDisk::Lasting::Once;
     return {QString::fromLatin1(fault.name) + (once ? u" once"_s : u" from then on, "_s + QString::fromLatin1(part)),
-            [=](int point) { FaultyDisk::Arm(fault, point, lasting, part); }, &FaultyDisk::Disarm, mute, 300};
+            [=](int point) { FaultyDisk::Arm(fault, point, lasting, part); }, &FaultyDisk::Disarm, mute, 0};
 }
 
 /// Before any database is opened, since the engine asks for its memory from then on.
@@ -145,9 +146,15 @@ void FaultTest::TryPoint(const Fault& fault, int point, bool& fallen) {
     CheckBehindNextWork();
 }
 
+int FaultTest::NextPoint(const Fault& fault, int point) {
+    constexpr int kFirst = 250, kLast = 150;
+    const int last = fault.points - kLast;
+    return fault.points == 0 || point < kFirst || point >= last ? point + 1 : std::min(point + 1 + point / 30, last);
+}
+
 void FaultTest::Try(const Fault& fault) {
     bool fallen = true;
-    for (int point = 1; fallen; point += point <= fault.everyPointUpTo ? 1 : 1 + point / 40) {
+    for (int point = 1; fallen; point = NextPoint(fault, point)) {
         TryPoint(fault, point, fallen);
         tried += fallen ? 1 : 0;
         if (HasFailure()) {
@@ -178,7 +185,11 @@ void FaultTest::FailFromThenOn(const QByteArray& part) {
     TellTried();
 }
 
-void FaultTest::RunOutOfMemory(int everyPointUpTo) {
-    Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm, false, everyPointUpTo});
+void FaultTest::RunOutOfMemory() {
+    BackToBeginning();
+    FailingMemory::Count();
+    RunWork();
+    EndProgram();
+    Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm, false, FailingMemory::Counted()});
     TellTried();
 }

@@ -65,4 +65,4 @@ TEST_F(SealingUnderFaults, NoPinIsLostOnABrokenDisk) {
     FailFromThenOn("gnrdb");
 }
 
-TEST_F(SealingUnderFaults, NoPinIsLostWhenMemoryRanOut) { RunOutOfMemory(1500); }
+TEST_F(SealingUnderFaults, NoPinIsLostWhenMemoryRanOut) { RunOutOfMemory(); }

@@ -128,6 +128,10 @@ void SqliteSession::Execute(const QString& sql) {
 // written meanwhile.
 void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
 
+void SqliteSession::RollBackTransaction() {
+    if (!LeaveTransaction()) throw SqliteFailure(database_.get());
+}
+
 UpdatableResult SqliteSession::QueryForUpdate(const QString& sql) {
     PreparedStatement& statement = Prepare(sql);
     BindLiterals(statement);
@@ -154,6 +158,15 @@ void SqliteSession::EndReadScope() noexcept {
     scope_ = false;
     memory_.Forget();
     RunPlain(database_.get(), "COMMIT");
+    LeaveTransaction();
+}
+
+// One that stayed, for want of memory to end it, would lock everybody out for as long as this program runs.
+bool SqliteSession::LeaveTransaction() noexcept {
+    constexpr int kTries = 3;
+    for (int i = 0; i < kTries && sqlite3_get_autocommit(database_.get()) == 0; ++i)
+        RunPlain(database_.get(), "ROLLBACK");
+    return sqlite3_get_autocommit(database_.get()) != 0;
 }
 
 }  // namespace platform
