@@ -15,6 +15,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <thread>
@@ -125,8 +126,10 @@ double Median(std::vector<double> values) {
 
 void Print(const char* when, const Figures& figures) {
     const double host = Median(figures.hostTimes), bare = Median(figures.bareTimes);
-    std::printf("%s: bound at the first try after %d ms in %d of %d starts\n", when, kAllowance, figures.boundAtOnce,
-                kStarts);
+    double load = 0;  // of the last minute, by this program and all others
+    ::getloadavg(&load, 1);
+    std::printf("%s (load of the machine %.1f): bound at the first try after %d ms in %d of %d starts\n", when, load,
+                kAllowance, figures.boundAtOnce, kStarts);
     std::printf("  to the first connection: host %.1f ms (worst %.1f), bare listener %.1f ms, ratio %.2f\n", host,
                 *std::max_element(figures.hostTimes.begin(), figures.hostTimes.end()), bare, host / bare);
 }

@@ -23,7 +23,8 @@ class Field {
     QString Text() const;
     /// The value as text, or `fallback` for a Null.
     QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
-    /// Declared type of the column in capitals ("TEXT", "CURRENCY"), empty for an expression.
+    /// Declared type of the column in capitals ("TEXT", "CURRENCY"). Of an expression it is empty in a desktop file and
+    /// the type of its values on a server.
     QString DeclaredType() const;
 
   private:

@@ -45,6 +45,7 @@ inline constexpr long kProviderNotFound = 3706;
 inline constexpr long kEngineFailure = -2147467259;     // anything an engine says without a number of its own here
 inline constexpr long kStatementFailure = -2147217900;  // the statement itself is wrong
 inline constexpr long kIntegrityViolation = -2147217873;
+inline constexpr long kLoginFailed = -2147217843;       // the server does not know the user or the password
 inline constexpr long kPermissionDenied = -2147217911;  // a write to what is only to be read
 
 }  // namespace platform

@@ -29,7 +29,7 @@ void OnTerminationRequest(std::function<void()> handler) {
     struct sigaction action = {};
     action.sa_handler = WriteSignal;
     action.sa_flags = SA_RESTART;
-    ::sigaction(SIGTERM, &action, nullptr);
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) ::sigaction(signal, &action, nullptr);
 }
 
 }  // namespace platform

@@ -88,7 +88,7 @@ void HostService::Answer(QLocalSocket& caller, const HostRequest& request) {
 
 void HostService::Carry(const HostRequest& request) {
     if (request.verb == HostVerb::OpenReport) OpenReport(request);
-    if (request.verb == HostVerb::Maximize && !windows_.isEmpty()) windows_.last()->showMaximized();
+    if (request.verb == HostVerb::Maximize && !windows_.isEmpty()) windows_.last()->FillScreen();
     if (request.verb == HostVerb::Quit) quitting_ = true;
 }
 

@@ -22,14 +22,20 @@ QString ReasonOf(const std::exception& error) {
 }  // namespace
 
 PageView::PageView(PreparedReport& report) : report_(report) {
+    InstallSpokenTextAccess();
     setObjectName(u"page"_s);
-    setAccessibleName(u"ページ"_s);
+    setFocusPolicy(Qt::StrongFocus);
 }
+
+QString PageView::SpokenName() const { return u"プレビュ"_s; }
+QString PageView::SpokenDescription() const { return u"%1 / %2 ページ"_s.arg(page_ + 1).arg(report_.PageCount()); }
 
 void PageView::ShowPage(int page) {
     page_ = page;
     shown_ = QPixmap();
     update();
+    QAccessibleEvent turned(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&turned);
 }
 
 void PageView::SetZoom(double zoom) {

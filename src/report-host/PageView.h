@@ -4,10 +4,13 @@
 #include <QString>
 #include <QWidget>
 
+#include "screen/SpokenText.h"
+
 class PreparedReport;
 
 /// One page of a report as it will be printed, on its sheet, at some zoom. A page that can't be painted shows why.
-class PageView : public QWidget {
+/// Takes the focus; keys are left to what scrolls it. Assistive tools are told which page it is.
+class PageView : public QWidget, public SpokenText {
   public:
     explicit PageView(PreparedReport& report);
 
@@ -20,6 +23,10 @@ class PageView : public QWidget {
     double ZoomToFit(QSize room, bool wholePage) const;
 
     QSize sizeHint() const override;
+
+    QAccessible::Role SpokenRole() const override { return QAccessible::Graphic; }
+    QString SpokenName() const override;
+    QString SpokenDescription() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

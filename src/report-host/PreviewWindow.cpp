@@ -5,11 +5,13 @@
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 
@@ -17,13 +19,16 @@
 #include "report-host/PageView.h"
 #include "report-host/PreparedReport.h"
 #include "report-host/PutOut.h"
+#include "screen/ComboAccess.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kSmallest = 0.1, kLargest = 8.0, kStep = 1.25;
+constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
 constexpr int kMessageTime = 8000;  // milliseconds in the status line
+constexpr int kManagerTime = 500;   // milliseconds that a window manager has to enlarge a window
+constexpr QSize kUsualSize(980, 720);
 
 // The first two follow the window's size, the others stand.
 const QStringList kFits{u"ページ全体"_s, u"ページの幅"_s};
@@ -38,7 +43,7 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString nam
     MakeView();
     MakeToolBar();
     statusBar();
-    resize(980, 760);
+    resize(kUsualSize.boundedTo(screen()->availableSize()));
     TurnTo(0);
 }
 
@@ -47,14 +52,25 @@ PreviewWindow::~PreviewWindow() {
     delete area_;
 }
 
+void PreviewWindow::FillScreen() {
+    showMaximized();
+    // Where no window manager runs, nobody enlarges the window. Under one, a frame is all that may be missing.
+    QTimer::singleShot(kManagerTime, this, [this] {
+        const QRect room = screen()->availableGeometry();
+        if (isMaximized() && width() < room.width()) setGeometry(room);
+    });
+}
+
 void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
+    area_->setFocusPolicy(Qt::NoFocus);  // the page has it, and can be named
     area_->setAlignment(Qt::AlignCenter);
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
     setCentralWidget(area_);
+    view_->setFocus();
 }
 
 QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QString& caption,
@@ -65,6 +81,8 @@ QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QStr
     if (!keys.isEmpty())
         action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
     connect(action, &QAction::triggered, this, work);
+    // Qt leaves the buttons of a tool bar to the mouse.
+    bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
 
@@ -97,12 +115,13 @@ void PreviewWindow::AddPageField(QToolBar& bar) {
     pageField_->setSuffix(u" / %1 ページ"_s.arg(report_->PageCount()));
     pageField_->setKeyboardTracking(false);
     pageField_->setAlignment(Qt::AlignRight);
-    pageField_->setFocusPolicy(Qt::ClickFocus);
+    pageField_->setFocusPolicy(Qt::StrongFocus);
     connect(pageField_, &QSpinBox::valueChanged, this, [this](int page) { TurnTo(page - 1); });
     bar.addWidget(pageField_);
 }
 
 void PreviewWindow::AddZoomField(QToolBar& bar) {
+    InstallComboAccess();
     zoomField_ = new QComboBox;
     zoomField_->setObjectName(u"zoomField"_s);
     zoomField_->setAccessibleName(u"倍率"_s);
@@ -113,7 +132,7 @@ void PreviewWindow::AddZoomField(QToolBar& bar) {
     QPalette palette = zoomField_->palette();
     palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::ButtonText));
     zoomField_->setPalette(palette);
-    zoomField_->setFocusPolicy(Qt::ClickFocus);
+    zoomField_->setFocusPolicy(Qt::StrongFocus);
     connect(zoomField_, &QComboBox::activated, this, [this](int choice) { ChooseZoom(choice); });
     bar.addWidget(zoomField_);
 }

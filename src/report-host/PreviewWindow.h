@@ -20,6 +20,9 @@ class PreviewWindow : public QMainWindow {
     PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile);
     ~PreviewWindow() override;
 
+    /// Shows it as large as the screen, also where no window manager runs.
+    void FillScreen();
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
 

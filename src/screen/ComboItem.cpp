@@ -3,10 +3,14 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include "screen/ComboAccess.h"
+#include "screen/Form.h"
+
 using namespace Qt::StringLiterals;
 
 ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     : QComboBox(&parent), Control(form, *this, u"ComboBox"_s, std::move(name), -1) {
+    InstallComboAccess();
     SetTabStop(true);
     setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
@@ -36,6 +40,10 @@ void ComboItem::AddItem(const QString& text) {
     const int shown = currentIndex();
     addItem(text);
     setCurrentIndex(shown);
+}
+
+void ComboItem::showPopup() {
+    if (Owner().TakesInput(*this)) QComboBox::showPopup();
 }
 
 void ComboItem::wheelEvent(QWheelEvent* event) { event->ignore(); }

@@ -6,7 +6,7 @@
 
 /// ComboBox: ComboItem(form, parent, name). A list to choose from, nothing to type. Raises Click when the user
 /// chooses an entry and when the program writes another ListIndex. A ListIndex beyond the list shows no entry and
-/// raises nothing.
+/// raises nothing. Assistive tools are told its name, and the entry shown as its description.
 class ComboItem : public QComboBox, public Control {
   public:
     ComboItem(Form& form, QWidget& parent, QString name);
@@ -19,6 +19,9 @@ class ComboItem : public QComboBox, public Control {
     void ClearList() override;
     /// Adds an entry at the end; the one that is shown stays, also where there is none.
     void AddItem(const QString& text) override;
+
+    /// Not in a form that takes no input: a screen reader asks past the form.
+    void showPopup() override;
 
   protected:
     bool EnterMovesOn() const override { return true; }

@@ -23,7 +23,7 @@ Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rule
     for (qsizetype i = 0; i < words.size(); ++i) {
         const QString& word = words[i];
         if (!word.startsWith(u"--"_s)) {
-            if (arguments.installation.isEmpty())
+            if (arguments.installation.isEmpty() && further >= 0)
                 arguments.installation = word;
             else if (arguments.further.size() < further)
                 arguments.further.append(word);
@@ -42,7 +42,8 @@ Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rule
             throw Refusal(u"オプション %1 の値がありません。"_s.arg(name));
         arguments.options.insert(name, equals < 0 ? words[i] : word.mid(equals + 1));
     }
-    if (arguments.installation.isEmpty()) throw Refusal(u"インストール先のフォルダを指定してください。"_s);
+    if (arguments.installation.isEmpty() && further >= 0)
+        throw Refusal(u"インストール先のフォルダを指定してください。"_s);
     return arguments;
 }
 

@@ -25,8 +25,8 @@ struct Arguments {
     QString Choice(const QString& option, const QStringList& words) const;
 };
 
-/// The first word is the installation, and at most `further` may follow; options may stand anywhere, their value in the
-/// next word or behind "=". Throws Refusal.
+/// The first word is the installation, and at most `further` may follow; with `further` below 0 there are options
+/// alone. These may stand anywhere, their value in the next word or behind "=". Throws Refusal.
 Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further = 0);
 
 }  // namespace setup

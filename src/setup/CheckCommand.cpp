@@ -3,8 +3,10 @@
 #include <QFileInfo>
 
 #include "platform/SealedPins.h"
+#include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
 #include "setup/FileCheck.h"
+#include "setup/GeneralDatabase.h"
 #include "setup/HostCheck.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
@@ -27,6 +29,17 @@ QString Value(const QString& file, const QString& statement, QStringView column)
     return row.AtEOF() ? QString() : row[column].TextOr(u""_s);
 }
 
+void CheckServer(Findings& findings, const QString& configuration) {
+    try {
+        platform::Connection server;
+        OpenDefined(server, ReadDefinition(configuration), platform::ConnectMode::Read);
+        for (const QString& missing : MissingIn(server, server.Session().EngineName()))
+            findings.Add(u"一般データベースに%1 がありません。"_s.arg(missing));
+    } catch (const platform::RuntimeError& error) {
+        findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(error.Description()));
+    }
+}
+
 QString CommonConfiguration(const QString& root) {
     const QString found = ConfigurationFile(CommonPlaces(root).conf);
     return found.isEmpty() ? CommonPlaces(root).conf + u"/usrcnfg.accdb"_s : found;
@@ -37,6 +50,8 @@ void CheckGeneral(Findings& findings, const UserAccess& user, const QString& con
     const QString dialect = Value(configuration, statement, u"db");
     if (dialect.isNull())
         findings.Add(u"%1 に一般データベースの定義がありません。"_s.arg(configuration));
+    else if (dialect == u"S"_s || dialect == u"O"_s)
+        CheckServer(findings, configuration);
     else if (dialect == u"A"_s)
         CheckDatabase(findings, user, Value(configuration, statement, u"データソース名"), u"一般データベース"_s);
 }

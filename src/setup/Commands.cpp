@@ -7,6 +7,7 @@
 #include "setup/CheckCommand.h"
 #include "setup/FormsCommand.h"
 #include "setup/HistoryCommand.h"
+#include "setup/ImportCommand.h"
 #include "setup/Installer.h"
 #include "setup/LinksCommand.h"
 #include "setup/MoveCommand.h"
@@ -15,6 +16,7 @@
 #include "setup/RegistryCommand.h"
 #include "setup/ReportHostInstallation.h"
 #include "setup/SampleTrial.h"
+#include "setup/ServerCommands.h"
 #include "setup/UpgradeCommand.h"
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,13 @@ const QString kUsage =
     u"  suite-setup upgrade フォルダ [--menu]      "
     u"プログラムを新しい版にし、増えたテーブルや列を加える（データはそのまま）\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
+    u"  suite-setup server-init --odbc 接続文字列 [--from フォルダ]\n"
+    u"                                             サーバーに一般データベースの表を作り、インストールから複写する\n"
+    u"  suite-setup use-server フォルダ --odbc 接続文字列\n"
+    u"                                             インストールの一般データベースをサーバーのものにする\n"
+    u"      接続文字列            Driver=名前;Server=名前;Port=番号;Database=名前;UID=名前;PWD=パスワード\n"
+    u"                            または DSN=名前;UID=名前;PWD=パスワード\n"
+    u"  suite-setup import フォルダ FILE           .mdb または .accdb の一般データベースを取り込む\n"
     u"  suite-setup printer フォルダ [オプション]  帳票の出力先を表示する、または決める\n"
     u"      --to-printer NAME     プリンター NAME に印刷する\n"
     u"      --to-folder DIR       印刷せず、PDF をフォルダ DIR に置く\n"
@@ -110,7 +119,7 @@ struct Verb {
     QStringView name;  ///< one word or two
     QList<OptionRule> (*options)();
     void (*run)(const Arguments&, const Console&);
-    int further = 0;  ///< words that may stand behind the installation
+    int further = 0;  ///< words that may stand behind the installation; below 0 there is none
 };
 
 constexpr Verb kVerbs[] = {
@@ -121,6 +130,9 @@ constexpr Verb kVerbs[] = {
     {u"move", NoOptions, MoveInstallation},
     {u"upgrade", UpgradeOptions, UpgradeInstallation},
     {u"seal-pins", NoOptions, SealPins},
+    {u"server-init", ServerInitOptions, InitServer, -1},
+    {u"use-server", UseServerOptions, UseServer},
+    {u"import", NoOptions, ImportGeneral, 1},
     {u"printer", PrinterOptions, ChoosePrinter},
     {u"forms export", FormFileOptions, ExportForms, 1},
     {u"forms import", FormFileOptions, ImportForms, 1},

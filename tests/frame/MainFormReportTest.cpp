@@ -68,6 +68,17 @@ TEST_F(MainFormReportTest, PrintButtonBringsOutTheTickedRowsAndNoHostIsLeft) {
     EXPECT_FALSE(WaitDialogStands());
 }
 
+TEST_F(MainFormReportTest, MailButtonsBringOutTheirPiecesAndNoHostIsLeft) {
+    Start();
+    for (const QString& piece : {u"封筒"_s, u"はがき"_s, u"宛名ラベル"_s}) {
+        Order(u"btn_"_s + piece);
+        EXPECT_EQ(Printed().filter(u"要員名簿照会"_s + piece + u'-').size(), 1) << piece.toStdString();
+        EXPECT_EQ(Hosts(), QList<qint64>());
+    }
+    EXPECT_EQ(Printed().size(), 3);
+    EXPECT_EQ(Boxes(), QStringList({u"印刷しますか?"_s, u"印刷しますか?"_s, u"印刷しますか?"_s}));
+}
+
 TEST_F(MainFormReportTest, NoStartsNothing) {
     Start();
     Click(u"btn_印刷"_s);
@@ -116,11 +127,12 @@ TEST_F(MainFormReportTest, MissingHostIsToldByThePrintAndNotByThePreview) {
 
 TEST_F(MainFormReportTest, HostThatNeverListensIsToldAndNotKilled) {
     ASSERT_TRUE(QFile::remove(HostFile()));
-    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, HostFile()));  // refuses its arguments and ends at once
+    ASSERT_TRUE(QFile::copy(QStringLiteral(TEST_PROGRAMS "/deaf-host"), HostFile()));
     Start();
     Order(u"btn_印刷"_s);
     EXPECT_EQ(Boxes().last(), u"帳票ホストに接続できません。"_s);
     EXPECT_EQ(Printed(), QStringList());
+    EXPECT_EQ(Hosts().size(), 1);
 }
 
 TEST_F(MainFormReportTest, ReportThatFailsIsToldInTheHostsWords) {

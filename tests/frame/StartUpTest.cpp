@@ -170,6 +170,16 @@ TEST_F(StartUp, AnUnknownProviderIsRefused) {
     ExpectGeneralRefused();
 }
 
+TEST_F(StartUp, ADriverThatIsNotInstalledIsNamedInTheHistory) {
+    SetGeneral(u"db = 'S', プロバイダ名 = 'NoSuch ODBC Driver', サーバー名 = 'localhost', データベース名 = 'suite'"_s);
+    EXPECT_FALSE(InitializeData());
+    TerminateData();
+    ASSERT_EQ(History().size(), 3);
+    EXPECT_EQ(History()[1],
+              u"エラー DB_OPEN ERROR3706 プロバイダー「NoSuch ODBC Driver」の ODBC ドライバー「NoSuch ODBC Driver」が"
+              u"インストールされていません。"_s);
+}
+
 TEST_F(StartUp, NothingIsWrittenToTheGeneralDatabase) {
     const QByteArray before = ReadBytes(installation.General().Path());
     const QStringList filesBefore = QDir(installation.Root() + u"/data"_s).entryList(QDir::Files);

@@ -60,7 +60,7 @@ TEST_F(OtherPrograms, CanWriteWhileTheLimitMessageIsUp) {
 
 TEST_F(OtherPrograms, CanWriteWhileASearchLoads) {
     database.AddManyStaff(20'000);
-    database.General(u"PRAGMA busy_timeout = 5000"_s);
+    if (ServerDatabase::Engine().isEmpty()) database.General(u"PRAGMA busy_timeout = 5000"_s);
     std::unique_ptr<QThread> writer(
         QThread::create([this] { database.General(u"UPDATE M担当者 SET 氏名 = '書けた' WHERE コード = '00001'"_s); }));
     const WhenEventsPass start([&] { writer->start(); });

@@ -6,6 +6,7 @@
 
 #include "data/Catalogue.h"
 #include "data/Connections.h"
+#include "data/ServerSchema.h"
 #include "frame/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
@@ -57,7 +58,6 @@ QString Literal(const QString& value) {
 }
 
 const QString kMasters =
-    u"BEGIN;"
     u"INSERT INTO K在籍区分 VALUES ('0', '在籍'), ('1', '退職');"
     u"INSERT INTO K社員区分 VALUES ('0', '正社員'), ('1', '契約社員'), ('2', 'パート'), ('3', '派遣');"
     u"INSERT INTO K性別区分 VALUES ('0', '男'), ('1', '女');"
@@ -66,8 +66,7 @@ const QString kMasters =
     u"INSERT INTO M事業所 (コード, 名称) VALUES ('000', '全社'), ('001', '東京本社'), ('002', '大阪支店');"
     u"INSERT INTO M部門 (コード, 名称) VALUES ('010', '総務部'), ('020', '営業部');"
     u"INSERT INTO Mセクション (コード, 名称) VALUES ('001', '一課'), ('002', '二課');"
-    u"INSERT INTO M役職 (コード, 名称) VALUES ('10', '部長'), ('50', '係員');"
-    u"COMMIT"_s;
+    u"INSERT INTO M役職 (コード, 名称) VALUES ('10', '部長'), ('50', '係員')"_s;
 
 // %1 is the number of staff. The cells are as long as real ones.
 const QString kManyStaff =
@@ -98,7 +97,34 @@ const QString kManyStaff =
 StaffDatabase::StaffDatabase()
     : general_(Make(GeneralPath(), Store::General)),
       configuration_(Make(folder_.filePath(u"usrcnfg.accdb"_s), Store::Configuration)) {
+    if (!ServerDatabase::Engine().isEmpty()) MakeServerTables();
     General(kMasters);
+}
+
+void StaffDatabase::MakeServerTables() {
+    server_ = std::make_unique<ServerDatabase>();
+    const ServerSchema schema = ServerSchemaOf(ServerDatabase::Engine(), TablesOf(Store::General));
+    // The functions are there already.
+    for (const QString& statement : schema.tables)
+        if (statement.startsWith(u"CREATE TABLE"_s)) server_->Run(statement);
+    for (const QString& statement : schema.indexes) server_->Run(statement);
+}
+
+/// What was made in the file goes to the server.
+void StaffDatabase::CopyToServer() {
+    constexpr qsizetype kRowsInStatement = 500;
+    for (const QString& table : {u"M担当者"_s, u"T閲覧"_s}) {
+        const QList<QStringList> rows = Read(general_, u"SELECT * FROM "_s + table);
+        for (qsizetype i = 0; i < rows.size(); i += kRowsInStatement) {
+            QStringList texts;
+            for (const QStringList& row : rows.mid(i, kRowsInStatement)) {
+                QStringList values;
+                for (const QString& value : row) values << (value == u"(null)"_s ? u"NULL"_s : Literal(value));
+                texts << u'(' + values.join(u',') + u')';
+            }
+            server_->Run(u"INSERT INTO "_s + table + u" VALUES "_s + texts.join(u','));
+        }
+    }
 }
 
 StaffDatabase::~StaffDatabase() {
@@ -106,11 +132,18 @@ StaffDatabase::~StaffDatabase() {
     sqlite3_close(configuration_);
 }
 
-void StaffDatabase::General(const QString& sql) { Run(general_, sql); }
+void StaffDatabase::General(const QString& sql) {
+    if (server_ != nullptr)
+        server_->Run(sql);
+    else
+        Run(general_, sql);
+}
 
 void StaffDatabase::Configuration(const QString& sql) { Run(configuration_, sql); }
 
-QList<QStringList> StaffDatabase::GeneralRows(const QString& sql) const { return Read(general_, sql); }
+QList<QStringList> StaffDatabase::GeneralRows(const QString& sql) const {
+    return server_ != nullptr ? server_->Rows(sql) : Read(general_, sql);
+}
 
 QStringList StaffDatabase::History() const {
     QStringList texts;
@@ -139,7 +172,10 @@ void StaffDatabase::AddStaff(const QString& code, const Row& row) {
         General(u"UPDATE M担当者 SET "_s + column + u" = "_s + Literal(value) + u" WHERE コード = '"_s + code + u'\'');
 }
 
-void StaffDatabase::AddManyStaff(int count) { General(QString(kManyStaff).replace(u"%1"_s, QString::number(count))); }
+void StaffDatabase::AddManyStaff(int count) {
+    Run(general_, QString(kManyStaff).replace(u"%1"_s, QString::number(count)));
+    if (server_ != nullptr) CopyToServer();
+}
 
 void StaffDatabase::OpenConnections() const {
     ProgramGlobals& globals = Globals();
@@ -148,6 +184,14 @@ void StaffDatabase::OpenConnections() const {
     globals.GeneralDatabase.db = u"A"_s;
     globals.GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;
     globals.GeneralDatabase.データソース名 = GeneralPath();
+    if (server_ != nullptr) {
+        globals.GeneralDatabase.db = u"S"_s;
+        globals.GeneralDatabase.プロバイダ名 = ServerDatabase::Provider();
+        globals.GeneralDatabase.サーバー名 = ServerDatabase::Server();
+        globals.GeneralDatabase.データベース名 = server_->Name();
+        globals.GeneralDatabase.ユーザーID = ServerDatabase::User();
+        globals.GeneralDatabase.パスワード = ServerDatabase::Password();
+    }
     OpenGeneralConnection();
     globals.MainConnectionOpen = true;
 }

@@ -4,13 +4,17 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <memory>
 #include <utility>
+
+#include "support/ServerDatabase.h"
 
 struct sqlite3;
 
 /// A general and a configuration database in a temporary folder: all tables of the suite, the classes, eras and a
 /// few masters, and no staff. Staff rows are what a test is about, so it writes its own. Worked through the engine's
-/// C API, past everything that a test may want to try.
+/// C API, past everything that a test may want to try. Where the run is to test a server, the general database lies
+/// there.
 class StaffDatabase {
   public:
     /// A row as pairs of column and value; a value without text (QString()) is a Null.
@@ -41,7 +45,11 @@ class StaffDatabase {
     QString GeneralPath() const;
 
   private:
+    void MakeServerTables();
+    void CopyToServer();
+
     QTemporaryDir folder_;
     sqlite3* general_ = nullptr;
     sqlite3* configuration_ = nullptr;
+    std::unique_ptr<ServerDatabase> server_;
 };

@@ -154,6 +154,14 @@ TEST_F(MailPieces, TheSendersOfficeIsReadAnewAndTheLastOneReadStays) {
     EXPECT_EQ(Globals().OutputOffice.名称, u"支店"_s);
 }
 
+TEST_F(MailPieces, EachOfTwoOfficesIsReadForEveryEnvelope) {
+    AddRows(3);
+    Globals().OfficeCount = 2;
+    EXPECT_TRUE(BuildEnvelopeData());
+    EXPECT_EQ(WorkColumn(u"ユーザ住所A"_s, kEnvelopes), QStringList({u"A1"_s, u"A1"_s, u"A1"_s}));
+    EXPECT_EQ(WorkColumn(u"事業所住所A"_s, kEnvelopes), QStringList({u"A2"_s, u"A2"_s, u"A2"_s}));
+}
+
 TEST_F(MailPieces, AMissingColumnIsLeftOutAndTheRestGoesOn) {
     AddRows(2);
     for (const QString& table : {kEnvelopes, kPostcards})

@@ -188,12 +188,15 @@ TEST(WidgetDialogs, QuestionIsAnsweredInJapanese) {
     }
 }
 
-TEST(TerminationRequest, ArrivesAsAnEvent) {
+TEST(TerminationRequest, ArrivesAsAnEventFromSystemSessionAndTerminal) {
     bool arrived = false;
     platform::OnTerminationRequest([&arrived] { arrived = true; });
-    ASSERT_EQ(kill(getpid(), SIGTERM), 0);
-    EXPECT_FALSE(arrived);  // not inside the signal
-    EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; }));
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        arrived = false;
+        ASSERT_EQ(kill(getpid(), signal), 0);
+        EXPECT_FALSE(arrived);  // not inside the signal
+        EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; })) << signal;
+    }
 }
 
 TEST(HostProcesses, StartedProgramGetsOneArgumentWithItsBlanks) {

@@ -46,6 +46,13 @@ TEST_F(SqliteSession, ALiteralThatIsNoValueStaysWhereItIs) {
               QStringList({u"A"_s}));
 }
 
+TEST_F(SqliteSession, ALiteralMayHeadAColumnAndAnExpressionHasNoType) {
+    Recordset rows;
+    rows.Open(u"SELECT 1 + 1 AS '式' FROM 印 WHERE 値 = 'b'"_s, connection);
+    EXPECT_EQ(rows[u"式"].Text(), u"2"_s);
+    EXPECT_EQ(rows[u"式"].DeclaredType(), u""_s);
+}
+
 TEST_F(SqliteSession, LikeTakesAnEscape) {
     connection.Execute(u"INSERT INTO 印 VALUES ('5%'), ('50')"_s);
     EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印 WHERE 値 LIKE '5\\%' ESCAPE '\\'"_s, u"値"),

@@ -14,6 +14,8 @@ class TestEngine {
     virtual QString ConnectionString() const = 0;
     /// Runs statements that the engine understands; fails the test on an error.
     virtual void Run(const QString& statements) = 0;
+    /// A type of the engine's for amounts of money, in capitals.
+    virtual QString MoneyType() const = 0;
     /// One statement of another program that waits for no lock. False when the engine refuses it.
     virtual bool TryOutside(const QString& statement) = 0;
 };
@@ -24,6 +26,6 @@ struct EngineKind {
 };
 inline void PrintTo(const EngineKind& kind, std::ostream* out) { *out << kind.name; }
 
-/// The engines that this machine has.
+/// The engine of this run: the desktop files, or the server that MEIBO_TEST_ENGINE names.
 const EngineKind* AllEnginesBegin();
 const EngineKind* AllEnginesEnd();

@@ -10,10 +10,12 @@
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "report-host/OutputPlace.h"
+#include "report-host/PdfFile.h"
 #include "report-host/PreparedReport.h"
 #include "support/HostProgram.h"
 #include "support/PrintService.h"
 #include "support/SampleInstallation.h"
+#include "support/VirtualScreen.h"
 
 using namespace Qt::StringLiterals;
 using platform::ReportHost;
@@ -135,4 +137,40 @@ TEST_F(HostProgramTest, PreviewStaysWhenItsCallerIsGone) {
     EXPECT_TRUE(host.Runs());
     Bind()->Quit();
     EXPECT_TRUE(host.Ends());
+}
+
+TEST_F(HostProgramTest, MaximisedPreviewFillsAScreenWithoutWindowManager) {
+    const VirtualScreen screen;
+    ASSERT_FALSE(screen.Display().isEmpty());
+    HostProgram host(Forms(), screen.Display());
+    const std::unique_ptr<ReportHost> bound = host.Bind();
+    bound->OpenReport(kList, platform::kPreviewReport);
+    const QString window = screen.NewestOf(1);
+    EXPECT_NE(screen.SizeOf(window), QSize(1152, 864));
+    bound->Maximize();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen.SizeOf(window) == QSize(1152, 864); }, 20000));
+}
+
+// One way through the printing system for each: what arrives is whole, on its own paper and not turned or scaled.
+TEST_F(HostProgramTest, MailPiecesArriveAtThePrinterOnTheirOwnPaper) {
+    PrintService prints;
+    prints.AddMailPrinter(u"tray"_s);
+    WriteOutputPlace(Forms(), {}, {OutputPlace::Kind::Printer, u"tray"_s});
+    HostProgram host(Forms());
+    const std::unique_ptr<ReportHost> bound = host.Bind();
+    for (const auto& [piece, page] : {std::pair{u"封筒"_s, QSizeF(120, 235)}, {u"はがき"_s, QSizeF(100, 148)}}) {
+        installation.Report().Execute(
+            u"INSERT INTO 要員名簿照会%1 (コード, 名称B, 郵便番号) VALUES ('00001', '山田　太郎 様', '530-0001')"_s.arg(
+                piece));
+        bound->OpenReport(kList + piece, platform::kPrintReport);
+        const PdfFile arrived(prints.ArrivedFile(u"tray"_s));
+        ASSERT_EQ(arrived.Pages(), 1) << piece.toStdString();
+        const QImage sheet = arrived.Picture(0);
+        EXPECT_NEAR(sheet.width(), page.width() * PdfFile::kDotsPerMillimetre, 5) << piece.toStdString();
+        EXPECT_NEAR(sheet.height(), page.height() * PdfFile::kDotsPerMillimetre, 5) << piece.toStdString();
+        const QRectF lastBox(page.width() - 13.7, 12, 5.7, 8);
+        EXPECT_NEAR(InkWithin(sheet, lastBox).center().x(), lastBox.center().x(), 0.5) << piece.toStdString();
+        EXPECT_NEAR(InkWithin(sheet, lastBox).center().y(), lastBox.center().y(), 0.5) << piece.toStdString();
+        prints.Clear(u"tray"_s);
+    }
 }

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QComboBox>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -107,6 +109,48 @@ TEST_F(PreviewWindowTest, WholePageFollowsTheWindowUntilAZoomIsChosen) {
     EXPECT_LT(View().Zoom(), chosen);
 }
 
+TEST_F(PreviewWindowTest, TabReachesThePageAndEveryToolThatWorksAndEachHasAName) {
+    Show(2);
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QStringList names;
+    do {
+        names << QAccessible::queryAccessibleInterface(window->focusWidget())->text(QAccessible::Name);
+        QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    } while (window->focusWidget() != &View() && names.size() < 20);
+    // On the first page there is nothing to go back to.
+    EXPECT_EQ(names, (QStringList{u"プレビュ"_s, u"印刷"_s, u"PDFに保存"_s, u"ページ"_s, u"次ページ"_s, u"最後"_s,
+                                  u"縮小"_s, u"倍率"_s, u"拡大"_s, u"閉じる"_s}));
+}
+
+TEST_F(PreviewWindowTest, ScreenReaderIsToldThePageAndTheZoomAlsoBetweenItsEntries) {
+    Show(3);
+    const auto told = [](QWidget& widget) {
+        return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description);
+    };
+    auto& zoom = *window->findChild<QComboBox*>(u"zoomField"_s);
+    EXPECT_EQ(told(zoom), u"ページ全体"_s);
+    EXPECT_EQ(told(View()), u"1 / 3 ページ"_s);
+    Press(u"next"_s);
+    EXPECT_EQ(told(View()), u"2 / 3 ページ"_s);
+    zoom.setCurrentIndex(zoom.findText(u"100%"_s));
+    Q_EMIT zoom.activated(zoom.currentIndex());
+    Press(u"larger"_s);
+    EXPECT_EQ(told(zoom), u"125%"_s);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&zoom)->text(QAccessible::Name), u"倍率"_s);
+}
+
+TEST_F(PreviewWindowTest, ArrowKeysScrollThePage) {
+    Show(1);
+    auto* zoom = window->findChild<QComboBox*>(u"zoomField"_s);
+    zoom->setCurrentIndex(zoom->findText(u"200%"_s));
+    Q_EMIT zoom->activated(zoom->currentIndex());
+    const QScrollBar& bar = *window->findChild<QScrollArea*>(u"area"_s)->verticalScrollBar();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar.maximum() > 0; }));
+    QTest::keyClick(&View(), Qt::Key_Down);
+    EXPECT_GT(bar.value(), 0);
+}
+
 TEST_F(PreviewWindowTest, ChosenPercentIsTheSizeOnPaper) {
     Show(1);
     auto* zoom = window->findChild<QComboBox*>(u"zoomField"_s);
@@ -114,6 +158,17 @@ TEST_F(PreviewWindowTest, ChosenPercentIsTheSizeOnPaper) {
     Q_EMIT zoom->activated(zoom->currentIndex());
     EXPECT_EQ(View().Zoom(), 1.0);
     EXPECT_EQ(View().sizeHint().width() - 24, qRound(210 * 96 / 25.4));
+}
+
+TEST_F(PreviewWindowTest, StepsEndAtTheLargestAndTheSmallestZoom) {
+    Show(1);
+    auto* zoom = window->findChild<QComboBox*>(u"zoomField"_s);
+    for (int step = 0; step < 20; ++step) Press(u"larger"_s);
+    EXPECT_EQ(View().Zoom(), 4.0);
+    EXPECT_EQ(zoom->currentText(), u"400%"_s);
+    for (int step = 0; step < 20; ++step) Press(u"smaller"_s);
+    EXPECT_EQ(View().Zoom(), 0.1);
+    EXPECT_EQ(zoom->placeholderText(), u"10%"_s);
 }
 
 TEST_F(PreviewWindowTest, PageThatFailsSaysWhyAndTheWindowGoesOn) {

@@ -138,11 +138,29 @@ TEST_F(ReportTest, AddressOfTwoHundredCharactersStaysInItsPlaceOnMail) {
     WorkRow row = Recipient();
     row[u"住所B"_s] = QString(200, u'長');
     AddRow(kEnvelope, row);
-    const PdfFile pdf = Pdf(kEnvelope);
-    const QRectF ink = InkWithin(pdf.Picture(0), QRectF(94.1, 21, 25.9, 160));
-    EXPECT_LE(ink.right(), 110.2);
-    EXPECT_LE(ink.bottom(), 156.2);
-    EXPECT_EQ(pdf.Find(0, u"長"_s).size() + pdf.Find(0, u"…"_s).size() > 0, true);
+    AddRow(kPostcard, row);
+    struct Place {
+        QString report;
+        QRectF box, around;  // of the address, and with the empty paper beside and below it
+    };
+    for (const auto& [report, box, around] :
+         {Place{kEnvelope, {82, 26, 28, 130}, {66, 21, 54, 160}}, {kPostcard, {70, 25, 23, 98}, {57, 21, 43, 125}}}) {
+        const PdfFile pdf = Pdf(report);
+        const QRectF ink = InkWithin(pdf.Picture(0), around);
+        EXPECT_TRUE(box.adjusted(-0.2, -0.2, 0.2, 0.2).contains(ink)) << report.toStdString();
+        EXPECT_EQ(pdf.Text(0).count(u'長'), 200) << "all of it finds room";
+    }
+}
+
+// The building is written beside the street and lower than it, as on any envelope.
+TEST_F(ReportTest, BuildingStandsInTheNextLineOfAnAddressOnMail) {
+    for (const QString& report : {kEnvelope, kPostcard}) {
+        AddRow(report, Recipient());
+        const PdfFile pdf = Pdf(report);
+        const QRectF street = pdf.Find(0, u"梅"_s).first().place, building = pdf.Find(0, u"荘"_s).first().place;
+        const double type = street.width();
+        EXPECT_NEAR(street.center().x() - building.center().x(), 1.5 * type, 0.3 * type) << report.toStdString();
+    }
 }
 
 TEST_F(ReportTest, RareCharactersOfNamesArePrinted) {

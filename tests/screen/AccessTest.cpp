@@ -66,6 +66,63 @@ TEST_F(Access, HiddenItemGivesNoTextAtAll) {
     EXPECT_EQ(NameOf(pin), QString());
 }
 
+TEST_F(Access, RowPanelIsDescribedByWhatStandsOnItLineByLine) {
+    const auto put = [this](const QString& name, const QString& text, int x, int y) {
+        auto* item = new DisplayItem(form, form.panel, u"xField"_s, name, 0);
+        item->setGeometry(x, y, 20, 10);
+        item->SetText(text);
+        return item;
+    };
+    put(u"カナ"_s, u"ﾔﾏﾀﾞ"_s, 0, 20);
+    DisplayItem* pin = put(u"暗証番号"_s, u"7EGK"_s, 30, 0);
+    put(u"担当者コード"_s, u"00014"_s, 0, 0);
+    DisplayItem* name = put(u"担当者名"_s, u"山田"_s, 0, 10);
+    form.panel.SetCaption(QString());
+    ShowActive(form);
+    EXPECT_EQ(NameOf(form.panel), u"台"_s);
+    EXPECT_EQ(DescriptionOf(form.panel), u"00014 7EGK 山田 ﾔﾏﾀﾞ"_s);
+    pin->SetVisible(false);
+    name->SetText(QString());
+    EXPECT_EQ(DescriptionOf(form.panel), u"00014 ﾔﾏﾀﾞ"_s);
+    form.panel.SetVisible(false);
+    EXPECT_EQ(DescriptionOf(form.panel), QString());
+}
+
+TEST_F(Access, ListOfEntriesKeepsItsNameAndTellsTheEntryShown) {
+    ComboItem combo(form, form, u"在籍区分名称"_s);
+    combo.AddItem(u"在籍"_s);
+    combo.AddItem(u"退職"_s);
+    ShowActive(form);
+    EXPECT_EQ(NameOf(combo), u"在籍区分名称"_s);
+    EXPECT_EQ(DescriptionOf(combo), QString());
+    combo.SetListIndex(1);
+    EXPECT_EQ(NameOf(combo), u"在籍区分名称"_s);
+    EXPECT_EQ(DescriptionOf(combo), u"退職"_s);
+    EXPECT_EQ(Read(combo, QAccessible::Value), u"退職"_s);
+    const QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&combo);
+    EXPECT_EQ(access->role(), QAccessible::ComboBox);
+    ASSERT_EQ(access->childCount(), 1);
+    EXPECT_EQ(access->child(0)->role(), QAccessible::List);
+    EXPECT_EQ(access->child(0)->childCount(), 2);
+    EXPECT_EQ(access->indexOfChild(access->child(0)), 0);
+    EXPECT_EQ(access->child(1), nullptr);
+}
+
+TEST_F(Access, ScreenReaderDropsAListDownAndLeavesADisabledOneShut) {
+    ComboItem combo(form, form, u"在籍区分名称"_s);
+    combo.AddItem(u"在籍"_s);
+    ShowActive(form);
+    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&combo);
+    const auto press = [access] { access->actionInterface()->doAction(QAccessibleActionInterface::pressAction()); };
+    press();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bool(access->state().expanded); }));
+    press();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !access->state().expanded; }));
+    form.SetEnabled(false);
+    press();
+    EXPECT_FALSE(access->state().expanded);
+}
+
 TEST_F(Access, EveryStopOfTheTabChainHasANameForwardAndBack) {
     Button button(form, form, u"釦"_s, u"釦"_s);
     CheckItem box(form, form, u"箱"_s, -1, QString());

@@ -13,9 +13,13 @@
 
 using namespace Qt::StringLiterals;
 
-HostProgram::HostProgram(const QString& formsFile) : formsFile_(formsFile) {
+HostProgram::HostProgram(const QString& formsFile, const QString& display) : formsFile_(formsFile) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"MEIBO_START_HIDDEN"_s, u"1"_s);
+    if (!display.isEmpty()) {
+        environment.insert(u"DISPLAY"_s, display);
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    }
     process_.setProcessEnvironment(environment);
     process_.start(QStringLiteral(SUITE_PROGRAMS "/report-host"), {formsFile, u"/runtime"_s});
     process_.waitForStarted();

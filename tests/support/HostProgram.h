@@ -9,8 +9,9 @@
 /// A report host of the test's own: a real process on a forms file, started as the suite starts it.
 class HostProgram {
   public:
-    /// Returns as soon as the process is there; whether it can be bound is the test's business.
-    explicit HostProgram(const QString& formsFile);
+    /// Returns as soon as the process is there; whether it can be bound is the test's business. With a display its
+    /// windows stand there.
+    explicit HostProgram(const QString& formsFile, const QString& display = {});
     ~HostProgram();
     HostProgram(const HostProgram&) = delete;
     HostProgram& operator=(const HostProgram&) = delete;

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kDescription = u"/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd"_s;
+const QString kMailDescription = QStringLiteral(SUITE_SOURCES "/tests/support/mail-printer.ppd");
 
 const QByteArray kScheduler =
     "Listen ROOT/socket\n"
@@ -66,9 +67,13 @@ PrintService::~PrintService() {
         qputenv("CUPS_SERVER", environmentBefore_);
 }
 
-void PrintService::AddPrinter(const QString& name) {
-    Run(u"/usr/sbin/lpadmin"_s, {u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:"_s + OutputOf(name), u"-P"_s, kDescription});
+void PrintService::Add(const QString& name, const QString& description) {
+    Run(u"/usr/sbin/lpadmin"_s, {u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:"_s + OutputOf(name), u"-P"_s, description});
 }
+
+void PrintService::AddPrinter(const QString& name) { Add(name, kDescription); }
+
+void PrintService::AddMailPrinter(const QString& name) { Add(name, kMailDescription); }
 
 void PrintService::MakeDefault(const QString& name) { Run(u"/usr/sbin/lpadmin"_s, {u"-d"_s, name}); }
 
@@ -90,5 +95,7 @@ QString PrintService::ArrivedFile(const QString& name) const {
     WriteBytes(file, arrived.mid(arrived.indexOf("%PDF")));
     return file;
 }
+
+void PrintService::Clear(const QString& name) const { QFile::remove(OutputOf(name)); }
 
 bool PrintService::Idle(const QString& name) const { return !QFileInfo::exists(OutputOf(name)); }

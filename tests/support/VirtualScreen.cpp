@@ -59,6 +59,17 @@ QString VirtualScreen::NewestOf(int windows) const {
     return found.last();
 }
 
+QSize VirtualScreen::SizeOf(const QString& window) const {
+    QString text;
+    Work({u"getwindowgeometry"_s, u"--shell"_s, window}, &text);
+    const auto valueOf = [&text](const QString& name) {
+        for (const QString& line : text.split(u'\n'))
+            if (line.startsWith(name)) return line.sliced(name.size()).toInt();
+        return 0;
+    };
+    return {valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
+}
+
 bool VirtualScreen::Press(const QString& window, const QStringList& keys) const {
     return Work(QStringList{u"windowfocus"_s, u"--sync"_s, window, u"key"_s} + keys);
 }

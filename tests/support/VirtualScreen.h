@@ -2,10 +2,12 @@
 
 #include <QPoint>
 #include <QProcess>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
-/// A screen of its own for the programs that a test starts, with somebody at its keyboard. Ends with the object, and
+/// A screen of its own for the programs that a test starts, of 1152 by 864 dots and without a window manager, with
+/// somebody at its keyboard. Ends with the object, and
 /// with the test's process.
 class VirtualScreen {
   public:
@@ -17,6 +19,8 @@ class VirtualScreen {
 
     /// Waits until exactly so many windows show, and gives the one that came last; empty when they don't come.
     QString NewestOf(int windows) const;
+    /// Width and height of a window.
+    QSize SizeOf(const QString& window) const;
     /// Presses keys in a window, by the names of the window system ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;

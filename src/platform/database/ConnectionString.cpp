@@ -55,7 +55,8 @@ ConnectionRequest ParseConnectionString(const QString& text) {
         ++at;
         const QString value = Value(all, at);
         for (const KnownField& field : kKnownFields)
-            if (name.compare(field.name, Qt::CaseInsensitive) == 0) request.*field.target = value;
+            if (name.compare(field.name, Qt::CaseInsensitive) == 0)
+                request.*field.target = value.isNull() ? QStringLiteral("") : value;
     }
     return request;
 }

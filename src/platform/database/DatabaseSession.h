@@ -14,7 +14,7 @@ namespace platform {
 struct ConnectionRequest {
     QString provider;
     QString dataSource;
-    QString initialCatalog;
+    QString initialCatalog;  // null where there was no such field
     QString userId;
     QString password;
     int connectionTimeout = 15;  // seconds
@@ -48,13 +48,16 @@ class DatabaseSession {
   public:
     virtual ~DatabaseSession() = default;
 
+    /// The engine behind a server's driver, as that calls it ("PostgreSQL"); empty for a desktop file.
+    virtual QString EngineName() const { return {}; }
+
     /// Runs one SELECT and reads all of its rows. Whoever holds the table alone may have it forget rows.
     virtual std::shared_ptr<ResultTable> Query(const QString& sql) = 0;
     /// Runs one statement without rows. It ends a read scope that stands.
     virtual void Execute(const QString& sql) = 0;
 
-    /// Several statements as one. Begin keeps other writers out, or waits for them as long as a statement does, so that
-    /// what is read inside is still true when it is written on.
+    /// Several statements as one. A desktop file is kept for this writer from the beginning, a row of a server from the
+    /// first write to it: what is read behind that is still true when it is written on.
     virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
     virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
     virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }

@@ -16,21 +16,25 @@ class LikePattern {
 
     bool Matches(QByteArrayView utf8) const;
 
-  private:
     struct Range {
         char32_t first, last;
     };
-    // One character of the text. Lists lie in ranges_ from `first` on.
+    /// One character of the text. Lists lie in Ranges() from `first` on.
     struct Element {
         enum class Kind : quint8 { Character, Any, List, OtherThanList } kind;
         char32_t character;
         quint32 first, count;
     };
-    // Elements between two "%".
+    /// Elements between two "%".
     struct Segment {
         size_t first, count;
     };
+    const std::vector<Element>& Elements() const { return elements_; }
+    const std::vector<Range>& Ranges() const { return ranges_; }
+    /// At least one; between each two stands a "%".
+    const std::vector<Segment>& Segments() const { return segments_; }
 
+  private:
     class Reader;
     bool Fits(const Element& element, char32_t character) const;
     bool FitsAt(const Segment& segment, const char32_t* text) const;
@@ -38,7 +42,7 @@ class LikePattern {
 
     std::vector<Element> elements_;
     std::vector<Range> ranges_;
-    std::vector<Segment> segments_;  // at least one; between each two stands a "%"
+    std::vector<Segment> segments_;
 };
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "platform/database/DatabaseSession.h"
+#include "platform/database/OdbcSession.h"
 #include "platform/database/SqliteSession.h"
 
 namespace platform {
@@ -23,8 +24,7 @@ const std::array<Provider, 2> kProviders = {{
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request) {
     for (const Provider& provider : kProviders)
         if (request.provider.startsWith(provider.prefix, Qt::CaseInsensitive)) return provider.open(request);
-    throw DatabaseError(kProviderNotFound,
-                        QStringLiteral("プロバイダー「%1」が見つかりません。").arg(request.provider));
+    return OpenOdbcSession(request);
 }
 
 }  // namespace platform

@@ -134,6 +134,11 @@ QString ResultTable::Text(int row, int column) const {
     return last.text;
 }
 
+QByteArrayView ResultTable::Utf8(int row, int column) const {
+    const Bytes cell = CellBytes(row, column);
+    return {cell.begin, static_cast<qsizetype>(cell.size)};
+}
+
 void ResultTable::ForgetRowsBefore(int row) {
     for (; forgottenBlocks_ < row / kRowsInBlock; ++forgottenBlocks_)
         blocks_[static_cast<size_t>(forgottenBlocks_)] = Block();

@@ -54,6 +54,8 @@ class ResultTable {
     /// Where the cell above has the same text, both share one QString: names of departments and classes are the
     /// same for thousands of rows.
     QString Text(int row, int column) const;
+    /// The cell's bytes, without a copy; not of a Null.
+    QByteArrayView Utf8(int row, int column) const;
 
     /// Gives back the memory of rows that a forward-only reader has left behind. They must not be asked for again.
     void ForgetRowsBefore(int row);

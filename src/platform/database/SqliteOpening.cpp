@@ -21,10 +21,7 @@ constexpr qint64 kSmallestPage = 512;
 
 const char* const kJetText =
     "「%1」は Jet/ACE 形式のデータベースで、この環境では直接開けません。"
-    "mdbtools の mdb-schema で表の定義を、mdb-export で各表のデータを SQL に書き出し、"
-    "同じファイル名の SQLite データベースに取り込んでから開いてください。"
-    "(例: mdb-schema 元ファイル sqlite | sqlite3 新ファイル、"
-    "表ごとに mdb-export -I sqlite 元ファイル 表名 | sqlite3 新ファイル)";
+    "suite-setup init でインストールを作り、suite-setup import インストール 元ファイル で取り込んでください。";
 
 bool IsJet(const QByteArray& header) {
     const QByteArray mark = header.mid(4, 15);

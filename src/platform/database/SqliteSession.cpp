@@ -38,8 +38,12 @@ std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& requ
     return std::make_unique<SqliteSession>(request);
 }
 
-SqliteSession::SqliteSession(const ConnectionRequest& request)
-    : path_(SqlitePath(request.dataSource)), rules_(request.rules), database_(OpenSqliteFile(request)) {
+SqliteSession::SqliteSession(const ConnectionRequest& request) : SqliteSession(OpenSqliteFile(request), request.rules) {
+    path_ = SqlitePath(request.dataSource);
+}
+
+SqliteSession::SqliteSession(SqliteDatabase database, const TextRules& rules)
+    : rules_(rules), database_(std::move(database)) {
     if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
 }
 

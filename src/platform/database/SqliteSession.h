@@ -13,6 +13,8 @@ class SqliteSession : public DatabaseSession {
   public:
     /// Throws what OpenSqliteFile throws.
     explicit SqliteSession(const ConnectionRequest& request);
+    /// Over a database that the caller has opened, mostly one in memory.
+    SqliteSession(SqliteDatabase database, const TextRules& rules);
     ~SqliteSession() override;
 
     std::shared_ptr<ResultTable> Query(const QString& sql) override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace platform {
@@ -11,6 +12,7 @@ constexpr int kDeepest = 200;
 
 constexpr std::array<QStringView, 9> kBehindFrom = {u"WHERE", u"GROUP",  u"HAVING",    u"ORDER", u"LIMIT",
                                                     u"UNION", u"EXCEPT", u"INTERSECT", u"WINDOW"};
+constexpr std::array<QStringView, 3> kCompounds = {u"UNION", u"EXCEPT", u"INTERSECT"};
 constexpr std::array<QStringView, 6> kBeforeJoin = {u"LEFT", u"RIGHT", u"INNER", u"FULL", u"CROSS", u"NATURAL"};
 
 template <size_t N>
@@ -104,6 +106,53 @@ QString NameOf(const Piece& piece) {
     QString name = text.mid(1, text.size() - 2);
     if (piece.token.kind == TokenKind::Quoted) name.replace(QString(2, text[0]), QString(text[0]));
     return name;
+}
+
+void InsertCollation(Level& level, size_t at, const QString& collation) {
+    const std::array<Piece, 2> words = {MakeWord(QStringLiteral("COLLATE")), MakeWord(collation)};
+    level.insert(level.begin() + static_cast<std::ptrdiff_t>(at), words.begin(), words.end());
+}
+
+void WrapInFunction(Level& level, size_t first, size_t last, const QString& function, const QString& collation) {
+    const auto begin = level.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto end = level.begin() + static_cast<std::ptrdiff_t>(last);
+    Level inside(std::make_move_iterator(begin), std::make_move_iterator(end));
+    Piece name = MakeWord(function);
+    name.token.before = std::exchange(inside.front().token.before, QString());
+    if (!collation.isEmpty()) InsertCollation(inside, inside.size(), collation);
+    const std::array<Piece, 2> call = {std::move(name), MakeGroup(std::move(inside))};
+    level.insert(level.erase(begin, end), call.begin(), call.end());
+}
+
+bool IsColumnOf(const QStringList& columns, const Piece& piece) {
+    return piece.IsName() && columns.contains(NameOf(piece), Qt::CaseInsensitive);
+}
+
+size_t BeginOfName(const Level& level, size_t last) {
+    while (last >= 2 && level[last - 1].IsSign(u".")) last -= 2;
+    return last;
+}
+
+size_t EndOfName(const Level& level, size_t first) {
+    while (first + 2 < level.size() && level[first + 1].IsSign(u".")) first += 2;
+    return first + 1;
+}
+
+// Only the whole of a compound can be limited, which would be another result: it stays as it is.
+std::optional<Piece> TakeTop(Level& level) {
+    const auto compound = [](const Piece& piece) { return IsOneOf(piece, kCompounds); };
+    if (std::any_of(level.begin(), level.end(), compound)) return std::nullopt;
+    auto at = std::find_if(level.begin(), level.end(), [](const Piece& piece) { return piece.Is(u"SELECT"); });
+    if (at == level.end()) return std::nullopt;
+    ++at;
+    while (at != level.end() && (at->Is(u"DISTINCT") || at->Is(u"ALL"))) ++at;
+    if (level.end() - at < 3 || !at->Is(u"TOP") || at[1].group || at[1].token.kind != TokenKind::Number)
+        return std::nullopt;
+    if (at[2].Is(u"PERCENT")) return std::nullopt;
+    Piece count = std::move(at[1]);
+    count.token.before = QStringLiteral(" ");
+    level.erase(at, at + 2);
+    return count;
 }
 
 size_t EndOfFrom(const Level& level, size_t from) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 #include <optional>
 #include <vector>
@@ -41,8 +42,21 @@ QString StatementText(const StatementTree& tree);
 Piece MakeWord(const QString& text);
 /// Brackets around `inside`, which keeps its text; the blanks in front of it move in front of the bracket.
 Piece MakeGroup(Level inside);
+/// Name(…) around pieces first to last - 1, which stand behind the function's bracket with `collation` where one is
+/// given: two pieces in their place.
+void WrapInFunction(Level& level, size_t first, size_t last, const QString& function, const QString& collation = {});
+/// COLLATE and the collation's name at a place.
+void InsertCollation(Level& level, size_t at, const QString& collation);
 /// Plain name without [] or "" around it.
 QString NameOf(const Piece& piece);
+
+/// True for a name, with or without its table in front, that is one of the columns.
+bool IsColumnOf(const QStringList& columns, const Piece& piece);
+/// Where the qualified name that ends at that place begins, and where the one that begins there ends (behind it).
+size_t BeginOfName(const Level& level, size_t last);
+size_t EndOfName(const Level& level, size_t first);
+/// Takes "TOP n" out of a SELECT that is no part of a compound, and gives n with a blank in front.
+std::optional<Piece> TakeTop(Level& level);
 
 /// First place at or behind `from` where one of the keywords that end a FROM clause stands, or a ";"; else the end.
 size_t EndOfFrom(const Level& level, size_t from);

@@ -67,6 +67,10 @@ char32_t Voiced(char32_t kana, char32_t mark) {
     return mark == kVoicingMark ? Pair(kana, kVoiceless, kVoicedForms) : Pair(kana, kHaRow, kPaRow);
 }
 
+QStringView VoiceableKana(char32_t mark) {
+    return mark == kVoicingMark ? QStringView(kVoiceless) : QStringView(kHaRow);
+}
+
 char32_t FoldedReader::DecodeLong() {
     const unsigned char lead = *at_++;
     const int following = FollowingBytes(lead);

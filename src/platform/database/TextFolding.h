@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QStringView>
 #include <array>
 
 namespace platform {
@@ -13,6 +14,9 @@ const std::array<char16_t, 65536>& FoldingTable();
 /// Kana with the voicing mark or the semi-voicing mark that follows it as a character of its own, else 0. Both are
 /// taken in folded form.
 char32_t Voiced(char32_t kana, char32_t mark);
+
+/// The kana that a mark can voice, in folded form.
+QStringView VoiceableKana(char32_t mark);
 
 inline constexpr char32_t kVoicingMark = 0x309B;
 inline constexpr char32_t kSemiVoicingMark = 0x309C;

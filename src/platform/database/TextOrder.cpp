@@ -13,14 +13,9 @@ namespace platform {
 namespace {
 
 enum Class : quint32 { kSigns = 1, kDigits, kLetters, kKana, kKanji, kOthers };
-enum Shade : quint8 { kPlain, kLengthened, kSmall, kVoicedShade, kSemiVoicedShade };
+enum Shade : quint8 { kPlain, kLengthened = kLengthenedShade, kSmall, kVoicedShade, kSemiVoicedShade };
 
-// The class in the top byte, the place inside the class below; `shade` decides between equal texts.
-struct Weight {
-    quint32 primary = 0;
-    Shade shade = kPlain;
-    quint8 vowel = 0;  // of a kana: 1 to 5, 0 for ん
-};
+using Weight = OrderWeight;
 using Table = std::array<Weight, 65536>;
 
 constexpr quint32 Primary(Class c, quint32 place) { return (static_cast<quint32>(c) << 24) | place; }
@@ -138,7 +133,10 @@ class WeightReader {
     bool AtEnd() const { return reader_.AtEnd(); }
     Weight Next() {
         const char32_t unit = reader_.Next();
-        if (unit > 0xFFFF) return {Primary(kOthers, static_cast<quint32>(unit)), kPlain, 0};
+        if (unit > 0xFFFF) {
+            vowel_ = 0;
+            return OrderWeightOf(unit);
+        }
         Weight weight = table_[unit];
         if (unit == u'ー' && vowel_ != 0) weight = {Primary(kKana, vowel_), kLengthened, vowel_};
         vowel_ = weight.vowel;
@@ -152,6 +150,11 @@ class WeightReader {
 };
 
 }  // namespace
+
+OrderWeight OrderWeightOf(char32_t folded) {
+    if (folded > 0xFFFF) return {Primary(kOthers, static_cast<quint32>(folded)), kPlain, 0};
+    return WeightTable()[folded];
+}
 
 int CompareTexts(QByteArrayView one, QByteArrayView other) {
     WeightReader first(one);

@@ -1,0 +1,94 @@
+#include "data/ServerSchema.h"
+
+#include <algorithm>
+
+#include "platform/database/PostgresText.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool IsPostgres(const QString& engine) { return engine.startsWith(u"PostgreSQL"_s); }
+bool IsMariaDb(const QString& engine) { return engine.startsWith(u"MariaDB"_s) || engine.startsWith(u"MySQL"_s); }
+
+bool IsIndexed(const TableDefinition& table, const QString& column) {
+    return table.key.contains(column) || std::any_of(table.indexes.begin(), table.indexes.end(),
+                                                     [&](const QStringList& index) { return index.contains(column); });
+}
+
+// The longest index has nine columns, and the engine takes 3,072 bytes of four for each character.
+QString MariaDbType(const TableDefinition& table, const QString& column) {
+    return IsIndexed(table, column) ? u"VARCHAR(80)"_s : u"LONGTEXT"_s;
+}
+
+QString Type(const QString& engine, const TableDefinition& table, const QString& column) {
+    const QString type = IsPostgres(engine) ? u"text COLLATE \"C\""_s : MariaDbType(table, column);
+    return table.key.contains(column) ? type + u" NOT NULL"_s : type;
+}
+
+QStringList Names(const QString& engine, const QStringList& columns) {
+    QStringList names;
+    for (const QString& column : columns) names.append(ServerName(engine, column));
+    return names;
+}
+
+QString TableStatement(const QString& engine, const TableDefinition& table) {
+    QStringList parts;
+    for (const ColumnDefinition& column : table.columns)
+        parts.append(ServerName(engine, column.name) + u' ' + Type(engine, table, column.name));
+    if (!table.key.isEmpty()) parts.append(u"PRIMARY KEY ("_s + Names(engine, table.key).join(u", "_s) + u')');
+    const QString settings =
+        IsPostgres(engine) ? QString() : u" ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin"_s;
+    return u"CREATE TABLE "_s + ServerName(engine, table.name) + u" ("_s + parts.join(u", "_s) + u')' + settings;
+}
+
+// Nulls come first in every order of the suite, and an index serves an order only if they do so in it too.
+QString IndexStatement(const QString& engine, const QString& table, int number, const QStringList& keys) {
+    const QString place = IsPostgres(engine) ? u" NULLS FIRST"_s : QString();
+    return u"CREATE INDEX "_s + ServerName(engine, table + u"_索引"_s + QString::number(number)) + u" ON "_s +
+           ServerName(engine, table) + u" ("_s + keys.join(place + u", "_s) + place + u')';
+}
+
+// Orders by names that lists of staff are asked for. The keys cost far more than the rest of a statement, unless they
+// lie in an index.
+QList<QStringList> TextOrders(const QString& engine, const TableDefinition& table) {
+    if (!IsPostgres(engine) || table.name != u"M担当者"_s) return {};
+    const auto key = [&](const QString& column) {
+        return platform::PostgresOrderFunction() + u'(' + ServerName(engine, column) + u')';
+    };
+    return {{key(u"氏名"_s)}, {key(u"カナ"_s)}, {ServerName(engine, u"郵便番号"_s), key(u"氏名"_s)}};
+}
+
+}  // namespace
+
+QString ServerName(const QString& engine, const QString& name) {
+    QString kept = name;
+    if (IsPostgres(engine))
+        for (QChar& unit : kept)
+            if (unit >= u'A' && unit <= u'Z') unit = QChar(unit.unicode() | 0x20);
+    return u'"' + kept.replace(u'"', u"\"\""_s) + u'"';
+}
+
+QList<TableDefinition> TablesOf(Store store) {
+    QList<TableDefinition> tables = SuiteTables();
+    tables.removeIf([store](const TableDefinition& table) { return table.store != store; });
+    return tables;
+}
+
+ServerSchema ServerSchemaOf(const QString& engine, const QList<TableDefinition>& tables) {
+    if (!IsPostgres(engine) && !IsMariaDb(engine))
+        throw platform::DatabaseError(
+            platform::kProviderNotFound,
+            u"%1 の表は作れません。PostgreSQL または MariaDB を指定してください。"_s.arg(engine));
+    ServerSchema schema;
+    if (IsPostgres(engine)) schema.tables = platform::PostgresTextFunctions();
+    for (const TableDefinition& table : tables) {
+        schema.tables.append(TableStatement(engine, table));
+        QList<QStringList> indexes;
+        for (const QStringList& columns : table.indexes) indexes.append(Names(engine, columns));
+        indexes += TextOrders(engine, table);
+        for (int i = 0; i < indexes.size(); ++i)
+            schema.indexes.append(IndexStatement(engine, table.name, i + 1, indexes[i]));
+    }
+    return schema;
+}

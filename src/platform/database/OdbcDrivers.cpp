@@ -1,0 +1,197 @@
+#include "platform/database/OdbcDrivers.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/database/OdbcHandle.h"
+
+namespace platform {
+namespace {
+
+struct KindWord {
+    QLatin1StringView part;
+    OdbcKind kind;
+};
+
+constexpr std::array<KindWord, 7> kKindWords = {{
+    {QLatin1StringView("postgres"), OdbcKind::PostgreSql},
+    {QLatin1StringView("psqlodbc"), OdbcKind::PostgreSql},
+    {QLatin1StringView("maria"), OdbcKind::MariaDb},
+    {QLatin1StringView("mysql"), OdbcKind::MariaDb},
+    {QLatin1StringView("sql server"), OdbcKind::SqlServer},
+    {QLatin1StringView("freetds"), OdbcKind::SqlServer},
+    {QLatin1StringView("oracle"), OdbcKind::Oracle},
+}};
+
+struct ProviderDrivers {
+    QLatin1StringView prefix;
+    const char* drivers;  // apart by "|"; empty: the data source knows its own
+};
+
+const char* const kPostgreSql = "PostgreSQL Unicode";
+const char* const kMariaDb = "MariaDB Unicode|MySQL ODBC 8.0 Unicode Driver";
+const char* const kSqlServer = "ODBC Driver 18 for SQL Server|ODBC Driver 17 for SQL Server|FreeTDS";
+
+constexpr std::array<ProviderDrivers, 3> kExactProviders = {{
+    {QLatin1StringView("PostgreSQL"), kPostgreSql},
+    {QLatin1StringView("MariaDB"), kMariaDb},
+    {QLatin1StringView("MySQL"), kMariaDb},
+}};
+
+constexpr std::array<ProviderDrivers, 11> kProviders = {{
+    {QLatin1StringView("PostgreSQL OLE DB Provider"), kPostgreSql},
+    {QLatin1StringView("PGNP"), kPostgreSql},
+    {QLatin1StringView("PGOLEDB"), kPostgreSql},
+    {QLatin1StringView("MySQLProv"), kMariaDb},
+    {QLatin1StringView("OleMySql"), kMariaDb},
+    {QLatin1StringView("SQLOLEDB"), kSqlServer},
+    {QLatin1StringView("SQLNCLI"), kSqlServer},
+    {QLatin1StringView("MSOLEDBSQL"), kSqlServer},
+    {QLatin1StringView("OraOLEDB"), "Oracle"},
+    {QLatin1StringView("MSDAORA"), "Oracle"},
+    {QLatin1StringView("MSDASQL"), ""},
+}};
+
+// The name and the second text of every driver or data source that the manager lists.
+using Lister = SQLRETURN (*)(SQLHENV, SQLUSMALLINT, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*, SQLWCHAR*, SQLSMALLINT,
+                             SQLSMALLINT*);
+
+QList<std::pair<QString, QString>> Listed(Lister list) {
+    const OdbcEnvironment environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
+    environment.Check(
+        SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
+    QList<std::pair<QString, QString>> entries;
+    std::array<SQLWCHAR, 512> name{}, more{};
+    SQLSMALLINT nameUnits = 0, moreUnits = 0;
+    SQLUSMALLINT direction = SQL_FETCH_FIRST;
+    const auto text = [](const std::array<SQLWCHAR, 512>& units) {
+        return QString::fromUtf16(reinterpret_cast<const char16_t*>(units.data()));
+    };
+    while (SQL_SUCCEEDED(list(environment.Get(), direction, name.data(), name.size(), &nameUnits, more.data(),
+                              more.size(), &moreUnits))) {
+        entries.append({text(name), text(more)});
+        direction = SQL_FETCH_NEXT;
+    }
+    return entries;
+}
+
+[[noreturn]] void RaiseNoDriver(const QString& provider, const QStringList& drivers) {
+    const QString wanted = drivers.join(QStringLiteral("」「"));
+    throw DatabaseError(kProviderNotFound,
+                        QStringLiteral("プロバイダー「%1」の ODBC ドライバー「%2」がインストールされていません。")
+                            .arg(provider, wanted));
+}
+
+// None: a data source is needed to know the driver.
+QStringList DriversOf(const QString& provider) {
+    if (provider.isEmpty()) throw DatabaseError(kProviderNotFound, QStringLiteral("プロバイダー名がありません。"));
+    for (const ProviderDrivers& entry : kExactProviders)
+        if (provider.compare(entry.prefix, Qt::CaseInsensitive) == 0)
+            return QString::fromLatin1(entry.drivers).split(u'|');
+    for (const ProviderDrivers& entry : kProviders)
+        if (provider.startsWith(entry.prefix, Qt::CaseInsensitive))
+            return QString::fromLatin1(entry.drivers).split(u'|', Qt::SkipEmptyParts);
+    return {provider};
+}
+
+QString InstalledDriver(const QString& provider) {
+    const QStringList wanted = DriversOf(provider);
+    if (wanted.isEmpty())
+        throw DatabaseError(kProviderNotFound,
+                            QStringLiteral("プロバイダー「%1」にはデータソース名が必要です。").arg(provider));
+    const QStringList installed = InstalledOdbcDrivers();
+    for (const QString& driver : wanted)
+        for (const QString& name : installed)
+            if (name.compare(driver, Qt::CaseInsensitive) == 0) return name;
+    RaiseNoDriver(provider, wanted);
+}
+
+// A port stands behind the last ":" or ",", unless the server is an address of IPv6 without brackets.
+std::pair<QString, QString> ServerAndPort(const QString& server) {
+    const qsizetype comma = server.lastIndexOf(u','), colon = server.lastIndexOf(u':');
+    const bool bareAddress = server.count(u':') > 1 && !server.contains(u']');
+    const qsizetype at = comma >= 0 ? comma : bareAddress ? -1 : colon;
+    if (at < 0 || server.endsWith(u']')) return {server, QString()};
+    return {server.first(at).trimmed(), server.sliced(at + 1).trimmed()};
+}
+
+QString ByServer(const ConnectionRequest& request, OdbcKind kind, const QString& driver) {
+    const auto [server, port] = ServerAndPort(request.dataSource);
+    const bool portInServer = kind == OdbcKind::SqlServer && !driver.contains(u"FreeTDS", Qt::CaseInsensitive);
+    QString text = OdbcField(QStringLiteral("Driver"), driver);
+    text += OdbcField(QStringLiteral("Server"), portInServer && !port.isEmpty() ? server + u',' + port : server);
+    if (!portInServer && !port.isEmpty()) text += OdbcField(QStringLiteral("Port"), port);
+    return text + OdbcField(QStringLiteral("Database"), request.initialCatalog);
+}
+
+// What the provider asks of a driver whatever the site has set up. The driver of PostgreSQL shall not put savepoints
+// around statements: that is the session's business; and a network that has died, or a server that no longer takes
+// anything, is noticed within the statement's time-out.
+QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
+    const QString connect = QString::number(request.connectionTimeout);
+    const QString command = QString::number(request.commandTimeout);
+    switch (kind) {
+        case OdbcKind::PostgreSql:
+            return QStringLiteral("Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=%1};")
+                .arg(request.commandTimeout * qint64{1000});
+        case OdbcKind::MariaDb:
+            return QStringLiteral("CHARSET=utf8mb4;CONN_TIMEOUT=%1;READ_TIMEOUT=%2;WRITE_TIMEOUT=%2;")
+                .arg(connect, command);
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+OdbcKind KindOfDriver(const QString& driver) {
+    const auto word = std::find_if(kKindWords.begin(), kKindWords.end(), [&](const KindWord& entry) {
+        return driver.contains(entry.part, Qt::CaseInsensitive);
+    });
+    return word == kKindWords.end() ? OdbcKind::Other : word->kind;
+}
+
+QStringList InstalledOdbcDrivers() {
+    QStringList names;
+    for (const auto& [name, attributes] : Listed(&SQLDriversW)) names.append(name);
+    return names;
+}
+
+QString DriverOfDataSource(const QString& name) {
+    for (const auto& [source, driver] : Listed(&SQLDataSourcesW))
+        if (source.compare(name, Qt::CaseInsensitive) == 0) return driver;
+    return {};
+}
+
+QString OdbcField(const QString& name, const QString& value) {
+    const auto means = [](QChar unit) { return QStringView(u"[]{}(),;?*=!@").contains(unit); };
+    const bool plain = std::none_of(value.begin(), value.end(), means) && value.trimmed() == value;
+    if (plain) return name + u'=' + value + u';';
+    QString inside = value;
+    return name + QStringLiteral("={") + inside.replace(u'}', QStringLiteral("}}")) + QStringLiteral("};");
+}
+
+QString OdbcConnectionText(const ConnectionRequest& request) {
+    const bool byServer = !request.initialCatalog.isNull();
+    QString text;
+    OdbcKind kind = OdbcKind::Other;
+    if (byServer) {
+        const QString driver = InstalledDriver(request.provider);
+        kind = KindOfDriver(driver);
+        text = ByServer(request, kind, driver);
+    } else {
+        if (!DriversOf(request.provider).isEmpty()) InstalledDriver(request.provider);
+        const QString driver = DriverOfDataSource(request.dataSource);
+        if (driver.isNull())
+            throw DatabaseError(
+                kEngineFailure,
+                QStringLiteral("データソース「%1」が ODBC に登録されていません。").arg(request.dataSource));
+        kind = KindOfDriver(driver);
+        text = OdbcField(QStringLiteral("DSN"), request.dataSource);
+    }
+    if (!request.userId.isEmpty()) text += OdbcField(QStringLiteral("UID"), request.userId);
+    if (!request.password.isEmpty()) text += OdbcField(QStringLiteral("PWD"), request.password);
+    return text + OwnFields(request, kind);
+}
+
+}  // namespace platform

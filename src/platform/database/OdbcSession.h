@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QHash>
+#include <functional>
+
+#include "platform/database/DatabaseSession.h"
+#include "platform/database/LiteralLift.h"
+#include "platform/database/LookupCopies.h"
+#include "platform/database/OdbcHandle.h"
+#include "platform/database/ReadMemory.h"
+#include "platform/database/ServerEngine.h"
+
+namespace platform {
+
+/// A database on a server, reached by the driver manager. It never connects anew: once the server is gone, every
+/// statement fails.
+class OdbcSession : public DatabaseSession {
+  public:
+    /// Throws what OdbcConnectionText and the driver throw.
+    explicit OdbcSession(const ConnectionRequest& request);
+    ~OdbcSession() override;
+
+    QString EngineName() const override { return reportedName_; }
+    std::shared_ptr<ResultTable> Query(const QString& sql) override;
+    void Execute(const QString& sql) override;
+    void BeginTransaction() override;
+    void CommitTransaction() override;
+    void RollBackTransaction() override;
+    bool BeginReadScope() noexcept override;
+    void EndReadScope() noexcept override;
+
+  private:
+    void StartSession(const ConnectionRequest& request);
+    std::shared_ptr<ResultTable> Read(const QString& sql);
+    AdaptedStatement InEngineWords(const QString& sql) const;
+    const std::shared_ptr<StatementUse>& UseOf(const QString& lifted);
+    void RunInOwnWords(const QString& sql) const;
+    void Guarded(const std::function<void()>& work);
+    void Recover(bool savepoint) noexcept;
+    void SetAutomaticCommit(bool on) const;
+    void EndTransaction(bool keep);
+
+    TextRules rules_;
+    OdbcConnection connection_;
+    QString reportedName_;
+    const ServerEngine& engine_;
+    bool readOnly_;
+    bool scope_ = false;
+    bool transaction_ = false;
+    LiftedStatement lifted_;
+    QHash<QString, std::shared_ptr<StatementUse>> uses_;
+    ReadMemory memory_;
+    LookupCopies copies_;
+};
+
+/// For every provider that is none of a desktop file.
+std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& request);
+
+}  // namespace platform

@@ -1,0 +1,70 @@
+#include "platform/database/ServerEngine.h"
+
+#include "platform/database/PostgresText.h"
+
+namespace platform {
+namespace {
+
+constexpr size_t kLongestChain = 200;  // engines differ in the depth that they allow; all take this one
+
+EngineDifferences WithoutSpecialities() {
+    EngineDifferences differences;
+    differences.topIsLimit = differences.bracketsAreQuotes = differences.signsAreJoins = true;
+    differences.longestChain = kLongestChain;
+    return differences;
+}
+
+ServerEngine PostgreSql() {
+    ServerEngine engine;
+    engine.name = QStringLiteral("PostgreSQL");
+    engine.adapted = true;
+    engine.differences = WithoutSpecialities();
+    engine.differences.caseBlindCollation = QStringLiteral("\"C\"");
+    engine.differences.namesAreLowerCase = true;
+    engine.differences.nullsSortLast = true;
+    engine.differences.like = LikeWriting::FoldedText;
+    engine.differences.foldingFunction = PostgresFoldingFunction();
+    engine.differences.orderFunction = PostgresOrderFunction();
+    engine.differences.caseBlindFunction = QStringLiteral("lower");
+    engine.fetch = OdbcFetch::Utf16Blocks;
+    engine.atStart = {QStringLiteral("SET statement_timeout = %1")};
+    engine.readOnly = QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY");
+    // The snapshot is taken by the first statement that reads.
+    engine.beginReading = {QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"),
+                           QStringLiteral("SELECT 1")};
+    engine.beginWriting = QStringLiteral("BEGIN READ WRITE");
+    engine.failureEndsTransaction = true;
+    return engine;
+}
+
+ServerEngine MariaDb(const QString& name) {
+    ServerEngine engine;
+    engine.name = name;
+    engine.adapted = true;
+    engine.differences = WithoutSpecialities();
+    engine.differences.like = LikeWriting::RegularExpression;
+    engine.differences.sortsInProvider = true;
+    engine.differences.caseBlindFunction = QStringLiteral("LOWER");
+    engine.fetch = OdbcFetch::Utf8Blocks;
+    engine.atStart = {QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"
+                                     "STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION'"),
+                      QStringLiteral("SET SESSION max_statement_time = %2")};
+    engine.readOnly = QStringLiteral("SET SESSION TRANSACTION READ ONLY");
+    engine.beginReading = {QStringLiteral("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ"),
+                           QStringLiteral("START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY")};
+    engine.beginWriting = QStringLiteral("START TRANSACTION READ WRITE");
+    return engine;
+}
+
+}  // namespace
+
+const ServerEngine& EngineOf(const QString& reportedName) {
+    static const QList<ServerEngine> engines = {PostgreSql(), MariaDb(QStringLiteral("MariaDB")),
+                                                MariaDb(QStringLiteral("MySQL"))};
+    static const ServerEngine asWritten;
+    for (const ServerEngine& engine : engines)
+        if (reportedName.startsWith(engine.name, Qt::CaseInsensitive)) return engine;
+    return asWritten;
+}
+
+}  // namespace platform

@@ -1,0 +1,101 @@
+#include "setup/GeneralDatabase.h"
+
+#include <algorithm>
+
+#include "data/Connections.h"
+#include "data/ServerSchema.h"
+#include "setup/ConfigurationFiles.h"
+#include "setup/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+void OpenDefined(platform::Connection& connection, const GeneralDatabaseDefinition& definition,
+                 platform::ConnectMode mode) {
+    const std::optional<QString> text = GeneralConnectionString(definition);
+    if (!text)
+        throw platform::DatabaseError(platform::kProviderNotFound, u"データベースの種類が定義されていません。"_s);
+    ApplyConnectionSettings(connection);
+    connection.Mode = mode;
+    connection.Rules = SuiteTextRules();
+    connection.Open(*text);
+}
+
+GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile) {
+    platform::Connection connection = OpenForReading(configurationFile);
+    platform::Recordset row;
+    row.Open(u"SELECT * FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
+    if (row.AtEOF()) throw Refusal(u"%1 に一般データベースの定義がありません。"_s.arg(configurationFile));
+    const auto text = [&](QStringView column) { return row[column].TextOr(u""_s); };
+    const auto trimmed = [&](QStringView column) {
+        QString value = text(column);
+        while (value.startsWith(u' ')) value.remove(0, 1);
+        while (value.endsWith(u' ')) value.chop(1);
+        return value;
+    };
+    GeneralDatabaseDefinition definition;
+    definition.db = text(u"db");
+    definition.dbmw = text(u"dbmw");
+    definition.データベース名 = trimmed(u"データベース名");
+    definition.サーバー名 = trimmed(u"サーバー名");
+    definition.ユーザーID = trimmed(u"ユーザーID");
+    definition.パスワード = trimmed(u"パスワード");
+    definition.プロバイダ名 = trimmed(u"プロバイダ名");
+    definition.データソース名 = trimmed(u"データソース名");
+    return definition;
+}
+
+void OpenGeneralFile(platform::Connection& connection, const QString& root, platform::ConnectMode mode) {
+    const QString file = ConfigurationFile(root + u"/conf"_s);
+    if (file.isEmpty()) throw Refusal(u"%1 に構成データベースがありません。"_s.arg(root));
+    const GeneralDatabaseDefinition definition = ReadDefinition(file);
+    if (definition.db != u"A"_s) throw Refusal(u"%1 の一般データベースはファイルではありません。"_s.arg(root));
+    OpenDefined(connection, definition, mode);
+}
+
+bool HasTable(platform::Connection& connection, const QString& name) {
+    try {
+        platform::Recordset rows;
+        rows.Open(u"SELECT TOP 1 1 AS 有 FROM "_s + name, connection);
+        return true;
+    } catch (const platform::DatabaseError& error) {
+        if (error.Number() != platform::kStatementFailure) throw;
+        return false;
+    }
+}
+
+QStringList ColumnsOf(platform::Connection& connection, const QString& table) {
+    QStringList names;
+    try {
+        platform::Recordset rows;
+        rows.Open(u"SELECT * FROM \"%1\" WHERE 1 = 0"_s.arg(table), connection);
+        for (int column = 0; column < rows.FieldCount(); ++column) names.append(rows.FieldName(column));
+    } catch (const platform::DatabaseError& error) {
+        if (error.Number() != platform::kStatementFailure) throw;
+    }
+    return names;
+}
+
+bool HasColumn(const TableDefinition& table, const QString& column) {
+    return std::any_of(table.columns.begin(), table.columns.end(), [&](const ColumnDefinition& known) {
+        return known.name.compare(column, Qt::CaseInsensitive) == 0;
+    });
+}
+
+QStringList MissingIn(platform::Connection& connection, const QString& engine) {
+    QStringList missing;
+    for (const TableDefinition& table : TablesOf(Store::General)) {
+        const QStringList there = ColumnsOf(connection, table.name);
+        if (there.isEmpty() && !HasTable(connection, ServerName(engine, table.name))) {
+            missing.append(u"表 "_s + table.name);
+            continue;
+        }
+        for (const ColumnDefinition& column : table.columns)
+            if (!there.contains(column.name, Qt::CaseInsensitive))
+                missing.append(u"表 %1 の列 %2"_s.arg(table.name, column.name));
+    }
+    return missing;
+}
+
+}  // namespace setup

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+#include "data/EnvironmentDefinition.h"
+
+namespace setup {
+
+/// The general database's definition for a connection string of the driver manager, as an administrator types it:
+/// - "Driver=…;Server=…;Port=…;Database=…;UID=…;PWD=…" gives dialect S, with the driver's name as provider;
+/// - "DSN=…;UID=…;PWD=…" gives dialect O.
+/// Values may stand in {braces}. Throws Refusal for anything else: a definition row has no place for it, but a data
+/// source has.
+GeneralDatabaseDefinition DefinitionOf(const QString& odbcString);
+
+}  // namespace setup

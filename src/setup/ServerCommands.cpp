@@ -1,0 +1,125 @@
+#include "setup/ServerCommands.h"
+
+#include <QScopeGuard>
+
+#include "data/Connections.h"
+#include "data/ServerSchema.h"
+#include "platform/database/DatabaseSession.h"
+#include "setup/ConfigurationFiles.h"
+#include "setup/GeneralDatabase.h"
+#include "setup/InstallationUsers.h"
+#include "setup/Installer.h"
+#include "setup/OdbcString.h"
+#include "setup/TableCopy.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+const QString kOdbc = u"--odbc"_s, kFrom = u"--from"_s;
+
+QString OdbcArgument(const Arguments& arguments) {
+    const QString text = arguments.options.value(kOdbc);
+    if (text.isEmpty()) throw Refusal(u"--odbc に接続文字列を指定してください。"_s);
+    return text;
+}
+
+/// Several tables in one statement of an engine that takes back what it has made, one by one on one that does not.
+void DropTables(platform::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
+    for (const TableDefinition& table : tables) {
+        try {
+            server.Execute(u"DROP TABLE "_s + ServerName(engine, table.name));
+        } catch (const platform::DatabaseError&) {
+            // It was not made any more.
+        }
+    }
+}
+
+void RefuseExisting(platform::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
+    for (const TableDefinition& table : tables)
+        if (HasTable(server, ServerName(engine, table.name)))
+            throw Refusal(u"サーバーに表 %1 が既にあります。空のデータベースを指定してください。"_s.arg(table.name));
+}
+
+/// Columns that a site has added are copied along.
+QList<TableDefinition> TablesToMake(platform::Connection* source) {
+    QList<TableDefinition> tables = TablesOf(Store::General);
+    if (source == nullptr) return tables;
+    for (TableDefinition& table : tables)
+        for (const QString& column : ColumnsOf(*source, table.name))
+            if (!HasColumn(table, column)) table.columns.append({column, u"TEXT"_s});
+    return tables;
+}
+
+void MakeTables(platform::Connection& server, const QString& engine, platform::Connection* source,
+                const QList<TableDefinition>& tables, const Console& console) {
+    const ServerSchema schema = ServerSchemaOf(engine, tables);
+    for (const QString& statement : schema.tables) server.Execute(statement);
+    if (source != nullptr)
+        for (const TableDefinition& table : tables) CopyTable(*source, server, table, console);
+    for (const QString& statement : schema.indexes) server.Execute(statement);
+    if (engine.startsWith(u"PostgreSQL"_s)) server.Execute(u"ANALYZE"_s);
+}
+
+GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) { return DefinitionOf(OdbcArgument(arguments)); }
+
+void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
+    const auto literal = [](QString value) { return u'\'' + value.replace(u'\'', u"''"_s) + u'\''; };
+    platform::Connection connection;
+    ApplyConnectionSettings(connection);
+    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
+    platform::Transaction whole(connection);
+    connection.Execute(
+        u"UPDATE データベース定義 SET db = %1, dbmw = %2, プロバイダ名 = %3, データソース名 = %4,"
+        u" サーバー名 = %5, データベース名 = %6, ユーザーID = %7, パスワード = %8"
+        u" WHERE 情報種類 = 'GNR'"_s.arg(literal(definition.db), literal(definition.dbmw),
+                                         literal(definition.プロバイダ名), literal(definition.データソース名),
+                                         literal(definition.サーバー名), literal(definition.データベース名),
+                                         literal(definition.ユーザーID), literal(definition.パスワード)));
+    whole.Commit();
+}
+
+}  // namespace
+
+QList<OptionRule> ServerInitOptions() { return {{kOdbc, true}, {kFrom, true}}; }
+
+QList<OptionRule> UseServerOptions() { return {{kOdbc, true}}; }
+
+void InitServer(const Arguments& arguments, const Console& console) {
+    const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
+    std::optional<platform::Connection> source;
+    if (arguments.Has(kFrom)) {
+        source.emplace();
+        OpenGeneralFile(*source, InstallationRoot(arguments.options.value(kFrom)), platform::ConnectMode::Read);
+    }
+    platform::Connection server;
+    OpenDefined(server, definition, platform::ConnectMode::ReadWrite);
+    const QString engine = server.Session().EngineName();
+    const QList<TableDefinition> tables = TablesToMake(source ? &*source : nullptr);
+    RefuseExisting(server, engine, tables);
+    auto takeBack = qScopeGuard([&] { DropTables(server, engine, tables); });
+    MakeTables(server, engine, source ? &*source : nullptr, tables, console);
+    takeBack.dismiss();
+    console.out << u"%1 に表 %2 個を作りました。\n"_s.arg(engine).arg(tables.size());
+}
+
+void UseServer(const Arguments& arguments, const Console& console) {
+    const QString root = InstallationRoot(arguments.installation);
+    const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
+    const QString file = ConfigurationFile(root + u"/conf"_s);
+    if (file.isEmpty()) throw Refusal(u"%1 に構成データベースがありません。"_s.arg(root));
+    platform::Connection server;
+    OpenDefined(server, definition, platform::ConnectMode::Read);
+    const QStringList missing = MissingIn(server, server.Session().EngineName());
+    if (!missing.isEmpty())
+        throw platform::RuntimeError(
+            1, u"サーバーに足りないものがあります。%1。server-init で作るか、管理者に追加を依頼してください。"_s.arg(
+                   missing.join(u'、')));
+    WriteDefinition(file, definition);
+    console.out << u"%1 の一般データベースを %2 のものにしました。動いているプログラムは起動し直してください。\n"_s.arg(
+        root, server.Session().EngineName());
+}
+
+}  // namespace setup

@@ -1,0 +1,148 @@
+"""What the tests share: the inquiry on a screen of its own, and the walk along the stops of a window."""
+
+import contextlib
+import subprocess
+import unittest
+
+import tree
+from desk import FocusWatch, Screen, programs, wait_for
+from sample import Sample
+
+INQUIRY = "要員名簿照会"
+TITLE = "要員名簿照会（見本商事株式会社）"
+MOST_STOPS = 100
+
+
+class InquiryCase(unittest.TestCase):
+    """Each class has an installation, a screen and a running program; its cases leave the main window in front."""
+
+    options = ()  # of the installation
+
+    @classmethod
+    def prepare(cls, sample):
+        """Changes to the installation before the program starts."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.sample = Sample(*cls.options)
+        cls.prepare(cls.sample)
+        cls.screen = Screen()
+        cls.addClassCleanup(cls.screen.close)
+        cls.watch = FocusWatch()
+        cls.addClassCleanup(cls.watch.close)
+        cls.start()
+        cls.addClassCleanup(cls.end)
+        cls.reach_main_window()
+
+    @classmethod
+    def start(cls):
+        cls.running = subprocess.Popen([cls.sample.program(INQUIRY)])
+
+    @classmethod
+    def end(cls):
+        cls.running.terminate()
+        cls.running.wait()
+
+    @classmethod
+    def restart(cls):
+        cls.end()
+        cls.start()
+        cls.reach_main_window()
+
+    @classmethod
+    def reach_main_window(cls):
+        cls.main = cls.open(TITLE)
+        cls.rows = tree.Rows(cls.main)
+        wait_for("the first list", lambda: cls.rows.texts("担当者コード")[0])
+
+    @classmethod
+    def open(cls, title):
+        """The window with that title, of whatever program, with the keyboard in it and something in focus."""
+        window = wait_for(f"the window {title}", lambda: cls.find(title))
+        cls.screen.focus(title)
+        wait_for(f"the focus in {title}", lambda: tree.focused(window))
+        return window
+
+    @staticmethod
+    def find(title):
+        windows = (tree.window_of(program, title) for program in programs())
+        return next((window for window in windows if window), None)
+
+    @classmethod
+    def leave(cls, window, key="Escape"):
+        """Closes a window that lies over the main one."""
+        cls.screen.key(key)
+        wait_for("the end of a window", lambda: not tree.shows(window))
+        cls.return_to_main()
+
+    @classmethod
+    def return_to_main(cls):
+        cls.screen.focus(TITLE)
+
+    def press(self, key, before):
+        """Presses a key and gives what has the focus then, which is not what had it before, if anything had."""
+        self.watch.last = None
+        self.screen.key(key)
+
+        def moved():
+            last = self.watch.last
+            return last if last is not None and last != before and tree.has_focus(last) else None
+
+        return wait_for(f"a focus after {key} on {before and before.name}", moved)
+
+    def focused(self, window):
+        """What has the focus in the window in front."""
+        last = self.watch.last
+        return last if last is not None and tree.has_focus(last) else tree.focused(window)
+
+    def go_to(self, window, name):
+        """Tabs to the stop with that name."""
+        node = self.focused(window)
+        for _ in range(MOST_STOPS):
+            if node is not None and node.name == name:
+                return node
+            node = self.press("Tab", node)
+        raise AssertionError(f"no stop {name}")
+
+    @contextlib.contextmanager
+    def over(self, stop, key, title):
+        """The window that a key opens from a stop of the main one. Escape closes it, if nothing else has."""
+        self.go_to(self.main, stop)
+        self.screen.key(key)
+        window = self.open(title)
+        try:
+            yield window
+        finally:
+            if tree.shows(window):
+                self.leave(window)
+            else:
+                self.return_to_main()
+
+    def enter(self, window, name, text):
+        """Types over what stands in an item. Not by Ctrl+A: Ctrl opens the lookups."""
+        item = self.go_to(window, name)
+        self.screen.key("Home", "shift+End", "Delete")
+        wait_for(f"an empty {name}", lambda: tree.text_of(item) == "")
+        self.screen.type(text)
+        wait_for(f"{text} in {name}", lambda: tree.text_of(item) == text)
+
+    def walk(self, window, key):
+        """The stops from the one in focus until it comes round again."""
+        first = self.focused(window)
+        stops, node = [], first
+        for _ in range(MOST_STOPS):
+            stops.append(tree.stop(node))
+            node = self.press(key, node)
+            if node == first:
+                return stops
+        raise AssertionError(f"the chain does not close: {stops}")
+
+    def assert_chain(self, window, names):
+        """Every stop has its name and a role of its own, and backwards the same stops come in turn."""
+        forward = self.walk(window, "Tab")
+        self.assertEqual(forward[:1] + forward[:0:-1], self.walk(window, "shift+Tab"))
+        self.assertEqual([stop.name for stop in forward], names)
+        for stop in forward:
+            self.assertTrue(stop.name.strip(), stop)
+            self.assertNotIn(stop.role, ("", "unknown", "invalid", "filler"), stop)
+        return forward

@@ -1,0 +1,35 @@
+"""The registration program, as a click on a row opens it."""
+
+from case import InquiryCase
+from desk import wait_for
+
+STOPS = [
+    "氏名", "カナ", "性別区分", "郵便番号", "住所A", "住所B", "住所C", "電話", "携帯電話", "EMAIL",
+    "事業所コード", "部門コード", "セクションコード", "役職コード", "在籍区分", "社員区分",
+    "生年月日", "入社日付", "退社日付", "担当者メモ", "btn_保存", "btn_削除", "btn_終了",
+]  # fmt: skip
+TITLE = "要員台帳更新"
+
+
+class Registration(InquiryCase):
+    def open_first_row(self):
+        self.screen.click(self.rows.item("担当者名"))
+        return self.open(TITLE)
+
+    def finish(self, form):
+        self.go_to(form, "btn_終了")
+        self.screen.key("space")
+        wait_for("the end of the registration", lambda: self.find(TITLE) is None)
+        self.return_to_main()
+
+    def test_every_stop_has_a_name_forward_and_back(self):
+        form = self.open_first_row()
+        self.assert_chain(form, STOPS)
+        self.finish(form)
+
+    def test_what_is_changed_there_is_read_in_the_list(self):
+        form = self.open_first_row()
+        self.enter(form, "氏名", "Takeda Ren")
+        self.go_to(form, "btn_保存")
+        self.screen.key("space")
+        wait_for("the changed row", lambda: self.rows.texts("担当者名")[0] == "Takeda Ren")

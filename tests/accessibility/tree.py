@@ -1,0 +1,117 @@
+"""What a screen reader finds in a window."""
+
+from collections import namedtuple
+
+import pyatspi
+from gi.repository import GLib
+
+# Tells the stops of a window apart: rows of one name have their number as description.
+Stop = namedtuple("Stop", "name role description")
+PARTS = (pyatspi.ROLE_PAGE_TAB, pyatspi.ROLE_TABLE_CELL)
+
+
+def nodes(top):
+    """A node and all below it, in their order. What goes away meanwhile is left out."""
+    try:
+        children = [top.getChildAtIndex(place) for place in range(top.childCount)]
+    except GLib.Error:
+        return
+    yield top
+    for child in children:
+        if child is not None:
+            yield from nodes(child)
+
+
+def has(node, *states):
+    """Whether a node is in all these states. One that is gone is in none."""
+    try:
+        present = node.getState()
+    except GLib.Error:
+        return False
+    return all(present.contains(state) for state in states)
+
+
+def shows(node):
+    return has(node, pyatspi.STATE_SHOWING)
+
+
+def has_focus(node):
+    """Not all that call themselves focused are: pages and cells do while they are in front, and what hands its focus on
+    does while the other has it."""
+    present = has(node, pyatspi.STATE_FOCUSED, pyatspi.STATE_FOCUSABLE)
+    return present and node.getRole() not in PARTS
+
+
+def focused(window):
+    """The innermost node with the focus: one around it may hand its own on."""
+    inner = None
+    for node in nodes(window):
+        if has_focus(node):
+            inner = node
+    return inner
+
+
+def stop(node):
+    return Stop(node.name, node.getRoleName(), node.description)
+
+
+def window_of(program, title):
+    """The window of a program with that title, as long as it shows."""
+    try:
+        windows = [program.getChildAtIndex(place) for place in range(program.childCount)]
+    except GLib.Error:
+        return None
+    return next((window for window in windows if window and window.name == title and shows(window)), None)
+
+
+def named(window, name, role=None):
+    """The first node with that name, and role."""
+    found = (node for node in nodes(window) if node.name == name)
+    return next((node for node in found if role is None or node.getRoleName() == role), None)
+
+
+def cells(window, columns):
+    """The rows of a window's list, each with the texts of its cells."""
+    texts = [node.name for node in nodes(window) if node.getRole() == pyatspi.ROLE_TABLE_CELL]
+    return [tuple(texts[first : first + columns]) for first in range(0, len(texts), columns)]
+
+
+class Rows:
+    """The rows of the main window, whose items stay the same from the first list to the end."""
+
+    def __init__(self, window):
+        self.labels, self.panels = {}, {}
+        for node in nodes(window):
+            if node.getRole() == pyatspi.ROLE_LABEL:
+                self.labels.setdefault(node.description, []).append(node)
+            elif node.getRole() == pyatspi.ROLE_PANEL:
+                self.panels.setdefault(node.name, []).append(node)
+
+    def item(self, name):
+        """The node of an item in the first row."""
+        return self.labels[name][0]
+
+    def texts(self, name):
+        """The texts of an item, row by row, where it shows."""
+        return [node.name for node in self.labels[name] if shows(node)]
+
+    def lines(self, panel):
+        """What is read of a part of the rows, row by row."""
+        return [node.description for node in self.panels[panel] if shows(node)]
+
+
+def text_of(node):
+    try:
+        content = node.queryText()
+    except NotImplementedError:
+        return ""
+    return content.getText(0, -1)
+
+
+def all_texts(top):
+    """Everything that a node and those below it say of themselves, hidden ones too."""
+    for node in nodes(top):
+        yield node.name
+        yield node.description
+        yield text_of(node)
+        yield from node.getAttributes()

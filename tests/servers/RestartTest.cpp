@@ -1,0 +1,39 @@
+// The server itself is stopped and started: this runs while no other test does.
+
+#include <cstdlib>
+
+#include "inquiry/StaffQuery.h"
+#include "servers/ServerFixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ServerRestart : public OnServer {
+  protected:
+    static int Control(const QByteArray& action) {
+        return std::system((qgetenv("MEIBO_TEST_POSTGRESQL_CONTROL") + " -w " + action + " >/dev/null").constData());
+    }
+};
+
+}  // namespace
+
+TEST_F(ServerRestart, EachSearchFailsUntilTheProgramIsStartedAnew) {
+    if (!IsPostgres()) GTEST_SKIP() << "one server that is stopped and started is enough";
+    ASSERT_TRUE(OpenGeneral());
+    ASSERT_FALSE(Search().isEmpty());
+    ASSERT_EQ(Control("-m fast stop"), 0);
+    for (int i = 0; i < 2; ++i) {
+        const qsizetype rows = History().size();
+        EXPECT_EQ(Search(), QStringList());
+        ASSERT_EQ(History().size(), rows + 1);
+        EXPECT_TRUE(LastHistory().endsWith(BuildStaffStatement().replace(u"'"_s, u"''"_s)));
+    }
+    EXPECT_FALSE(OpenGeneral());
+    EXPECT_TRUE(LastHistory().startsWith(u"エラー DB_OPEN ERROR-"_s)) << LastHistory().toStdString();
+    Globals().MainConnection = platform::Connection();
+    ASSERT_EQ(Control("start"), 0);
+    EXPECT_EQ(Search(), QStringList());
+    EXPECT_TRUE(OpenGeneral());
+    EXPECT_FALSE(Search().isEmpty());
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "frame/ProgramGlobals.h"
+#include "inquiry/HeadForm.h"
+#include "support/SampleInstallation.h"
+#include "support/ServerDatabase.h"
+#include "support/TestServices.h"
+
+struct ToolOutput;
+
+/// A sample installation whose general database has been copied to a server of its own, by the tool and as its manual
+/// says; the configuration connection is open, and the globals stand as at the end of a start.
+class OnServer : public ::testing::Test {
+  protected:
+    explicit OnServer(int staff = 60);
+
+    /// Opens the general connection by the definition row, as a start does. What it gives: False where that failed.
+    bool OpenGeneral();
+    /// One field of all rows that a search with the present conditions leaves in the store.
+    QStringList Search() const;
+    QStringList History() const { return installation.HistoryTexts(); }
+    QString LastHistory() const { return History().isEmpty() ? QString() : History().last(); }
+    /// Ends every connection of the suite to the database, as a server does that is stopped.
+    void StopSessions() const;
+    /// A column of the definition row, from the next OpenGeneral on.
+    void Define(const QString& column, const QString& value) const { installation.SetDefinition(column, value); }
+
+    static bool IsPostgres() { return ServerDatabase::Engine() == QStringLiteral("PostgreSQL"); }
+
+    TestServices services;
+    SampleInstallation installation;
+    ServerDatabase server;
+    HeadForm form;
+};
+
+/// The tool on its arguments, without programs beside it.
+ToolOutput RunServerTool(const QStringList& arguments);

@@ -1,0 +1,113 @@
+// server-init and use-server.
+
+#include "servers/ServerFixture.h"
+#include "setup/GeneralDatabase.h"
+#include "setup/RunTool.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ServerTool : public ::testing::Test {
+  protected:
+    ToolOutput Init(const QStringList& more = {}) const {
+        return RunServerTool(QStringList{u"server-init"_s, u"--odbc"_s, server.OdbcString()} + more);
+    }
+    QString Count(const QString& table) const { return server.Rows(u"SELECT COUNT(*) FROM "_s + table)[0][0]; }
+    QStringList Tables() const {
+        const bool postgres = ServerDatabase::Engine() == u"PostgreSQL"_s;
+        QStringList names;
+        for (const QStringList& row : server.Rows(
+                 u"SELECT table_name FROM information_schema.tables WHERE table_schema = '%1' ORDER BY table_name"_s
+                     .arg(postgres ? u"public"_s : server.Name())))
+            names.append(row.first());
+        return names;
+    }
+
+    SampleInstallation installation{{.staff = 250}};
+    ServerDatabase server;
+};
+
+}  // namespace
+
+TEST_F(ServerTool, AnEmptySchemaHasAllTablesAndNoRows) {
+    const ToolOutput made = Init();
+    EXPECT_EQ(made.status, 0) << made.err.toStdString();
+    EXPECT_EQ(made.out, ServerDatabase::Engine() + u" に表 14 個を作りました。\n"_s);
+    EXPECT_EQ(Tables().size(), 14);
+    EXPECT_EQ(Count(u"M担当者"_s), u"0"_s);
+}
+
+TEST_F(ServerTool, AnInstallationsRowsAreCopiedAndCountedTableByTable) {
+    installation.General().Execute(
+        u"UPDATE M担当者 SET 担当者メモ = 'it''s \\ %_[a]' || char(10) || '𠮷' WHERE コード = '00001'"_s);
+    const ToolOutput made = Init({u"--from"_s, installation.Root()});
+    EXPECT_EQ(made.status, 0) << made.err.toStdString();
+    EXPECT_TRUE(made.out.startsWith(u"M担当者: 250 行\nMユーザ: 1 行\n"_s)) << made.out.toStdString();
+    EXPECT_TRUE(made.out.endsWith(ServerDatabase::Engine() + u" に表 14 個を作りました。\n"_s));
+    for (const QString& table : Tables()) {
+        const QString name = table.toUpper();
+        EXPECT_EQ(Count(table), installation.General().Value(u"SELECT COUNT(*) FROM "_s + table)) << name.toStdString();
+    }
+    const QString memo = u"SELECT 担当者メモ FROM M担当者 WHERE コード = '00001'"_s;
+    EXPECT_EQ(server.Rows(memo)[0][0], u"it's \\ %_[a]\n𠮷"_s);
+    const QString empty = u"SELECT コード FROM M担当者 WHERE 退社日付 = '' ORDER BY コード"_s;
+    EXPECT_EQ(server.Rows(empty), installation.General().Rows(empty));
+}
+
+TEST_F(ServerTool, ColumnsThatTheSiteHasAddedGoAlong) {
+    installation.General().Execute(u"ALTER TABLE M部門 ADD COLUMN 略称X TEXT; UPDATE M部門 SET 略称X = '略'"_s);
+    EXPECT_EQ(Init({u"--from"_s, installation.Root()}).status, 0);
+    EXPECT_EQ(server.Rows(u"SELECT 略称X FROM M部門 WHERE コード = '010'"_s), QList<QStringList>{{u"略"_s}});
+}
+
+TEST_F(ServerTool, TablesThatAreThereAreNotTouched) {
+    EXPECT_EQ(Init({u"--from"_s, installation.Root()}).status, 0);
+    const ToolOutput again = Init({u"--from"_s, installation.Root()});
+    EXPECT_EQ(again.status, 2);
+    EXPECT_TRUE(again.err.startsWith(
+        u"suite-setup: サーバーに表 M担当者 が既にあります。空のデータベースを指定してください。\n"_s));
+    EXPECT_EQ(Count(u"M担当者"_s), u"250"_s);
+}
+
+TEST_F(ServerTool, AFailureOnTheWayTakesTheTablesAwayAgain) {
+    installation.General().Execute(u"DROP TABLE M役職"_s);
+    const ToolOutput failed = Init({u"--from"_s, installation.Root()});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.err, u"suite-setup: 複写元の一般データベースに表 M役職 がありません。\n"_s);
+    EXPECT_EQ(Tables(), QStringList());
+}
+
+TEST_F(ServerTool, UseServerWritesTheRowAndNothingElse) {
+    ASSERT_EQ(Init().status, 0);
+    installation.SetDefinition(u"接続文字列"_s, u"stays"_s);
+    const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, server.OdbcString()});
+    EXPECT_EQ(used.status, 0) << used.err.toStdString();
+    EXPECT_EQ(used.out, installation.Root() + u" の一般データベースを "_s + ServerDatabase::Engine() +
+                            u" のものにしました。動いているプログラムは起動し直してください。\n"_s);
+    const GeneralDatabaseDefinition row = setup::ReadDefinition(installation.Configuration().Path());
+    EXPECT_EQ(row.db, u"S"_s);
+    EXPECT_EQ(row.プロバイダ名, ServerDatabase::Provider());
+    EXPECT_EQ(row.サーバー名, ServerDatabase::Server());
+    EXPECT_EQ(row.データベース名, server.Name());
+    EXPECT_EQ(row.ユーザーID, ServerDatabase::User());
+    EXPECT_EQ(row.パスワード, ServerDatabase::Password());
+    EXPECT_EQ(installation.Configuration().Value(u"SELECT 接続文字列 FROM データベース定義"_s), u"stays"_s);
+}
+
+TEST_F(ServerTool, UseServerChangesNothingWhereTablesAreMissing) {
+    const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, server.OdbcString()});
+    EXPECT_EQ(used.status, 1);
+    EXPECT_TRUE(used.err.contains(u"表 M担当者、表 Mユーザ、"_s)) << used.err.toStdString();
+    EXPECT_EQ(setup::ReadDefinition(installation.Configuration().Path()).db, u"A"_s);
+}
+
+TEST_F(ServerTool, CheckLooksAtTheServerToo) {
+    ASSERT_EQ(Init().status, 0);
+    RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, server.OdbcString()});
+    server.Run(u"DROP TABLE T閲覧"_s);
+    const ToolOutput checked = RunServerTool({u"check"_s, installation.Root()});
+    EXPECT_TRUE(checked.out.contains(u"・一般データベースに表 T閲覧 がありません。\n"_s)) << checked.out.toStdString();
+    installation.SetDefinition(u"パスワード"_s, u"falsch"_s);
+    EXPECT_TRUE(RunServerTool({u"check"_s, installation.Root()}).out.contains(u"・一般データベース"_s));
+}

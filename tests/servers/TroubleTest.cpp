@@ -1,0 +1,236 @@
+// What goes wrong between a program and its server, and what a user and the run history see of it.
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <clocale>
+
+#include "access/MainConnection.h"
+#include "data/Recordsets.h"
+#include "inquiry/StaffQuery.h"
+#include "platform/RuntimeError.h"
+#include "registration/StaffStore.h"
+#include "servers/ServerFixture.h"
+#include "setup/RunTool.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kAtOnce = 10'000;  // milliseconds on a busy machine; far below every time-out of the suite
+
+class Trouble : public OnServer {
+  protected:
+    /// The last history row is that of a failed opening, and has the words.
+    void ExpectFailedOpening(const QString& words) {
+        EXPECT_FALSE(OpenGeneral());
+        EXPECT_TRUE(LastHistory().startsWith(u"エラー DB_OPEN ERROR-"_s)) << LastHistory().toStdString();
+        EXPECT_TRUE(LastHistory().contains(words, Qt::CaseInsensitive)) << LastHistory().toStdString();
+        EXPECT_TRUE(services.dialogs.shown.isEmpty());
+    }
+    /// Each of these ends with nothing in the list and one more row that has the statement.
+    void ExpectFailedSearches(int count) {
+        for (int i = 0; i < count; ++i) {
+            const qsizetype rows = History().size();
+            EXPECT_EQ(Search(), QStringList());
+            ASSERT_EQ(History().size(), rows + 1);
+            EXPECT_TRUE(LastHistory().startsWith(u"エラー "_s));
+            EXPECT_TRUE(LastHistory().endsWith(BuildStaffStatement().replace(u"'"_s, u"''"_s)));
+        }
+        EXPECT_TRUE(services.dialogs.shown.isEmpty());
+    }
+    void Connect(platform::Connection& connection, const QString& text) const {
+        connection.CursorLocation = platform::CursorLocation::Client;
+        connection.Open(text);
+    }
+};
+
+long NumberOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const platform::DatabaseError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+}  // namespace
+
+TEST_F(Trouble, AWrongPasswordEndsTheStartWithTheServersWordsInTheHistory) {
+    Define(u"パスワード"_s, u"falsch"_s);
+    ExpectFailedOpening(IsPostgres() ? u"password authentication failed"_s : u"Access denied"_s);
+}
+
+TEST_F(Trouble, AServerThatIsDownAtTheStartFailsAtOnce) {
+    QTcpServer free;
+    ASSERT_TRUE(free.listen(QHostAddress::LocalHost));
+    const quint16 port = free.serverPort();
+    free.close();
+    Define(u"サーバー名"_s, u"127.0.0.1:"_s + QString::number(port));
+    QElapsedTimer timer;
+    timer.start();
+    ExpectFailedOpening(u"127.0.0.1"_s);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+}
+
+TEST_F(Trouble, ASilentServerIsWaitedForAsLongAsTheConnectionsTimeOutSays) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    const QString text = server.ConnectionString().replace(ServerDatabase::Server(),
+                                                           u"127.0.0.1:"_s + QString::number(silent.serverPort()));
+    platform::Connection connection;
+    connection.ConnectionTimeout = 2;
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_NE(NumberOf([&] { Connect(connection, text); }), 0);
+    EXPECT_GE(timer.elapsed(), 1'000);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+    EXPECT_FALSE(connection.IsOpen());
+}
+
+TEST_F(Trouble, AStatementIsEndedWhenItsTimeOutIsOver) {
+    platform::Connection connection;
+    connection.CommandTimeout = 1;
+    Connect(connection, server.ConnectionString());
+    QElapsedTimer timer;
+    timer.start();
+    const QString endless =
+        u"SELECT COUNT(*) AS n FROM M担当者 a CROSS JOIN M担当者 b CROSS JOIN M担当者 c CROSS JOIN M担当者 d"
+        u" CROSS JOIN M担当者 e WHERE a.氏名 <> b.カナ"_s;
+    platform::Recordset rows;
+    EXPECT_NE(NumberOf([&] { rows.Open(endless, connection); }), 0);
+    EXPECT_GE(timer.elapsed(), 900);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+    rows.Open(u"SELECT コード FROM M部門"_s, connection);
+    EXPECT_FALSE(rows.AtEOF());
+}
+
+TEST_F(Trouble, AServerStoppedInMidSessionMakesEachSearchAFailedReadAndIsNotReconnected) {
+    ASSERT_TRUE(OpenGeneral());
+    ASSERT_FALSE(Search().isEmpty());
+    StopSessions();
+    QElapsedTimer timer;
+    timer.start();
+    ExpectFailedSearches(3);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+    // The next start finds the server again.
+    EXPECT_TRUE(OpenGeneral());
+    EXPECT_FALSE(Search().isEmpty());
+}
+
+TEST_F(Trouble, AServerStoppedInsideASnapshotFailsTheLookUpsThatAreStillToCome) {
+    ASSERT_TRUE(OpenGeneral());
+    platform::Recordset rows;
+    platform::ReadScope scope(Globals().MainConnection);
+    ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, false));
+    StopSessions();
+    for (const QString& code : {u"020"_s, u"030"_s})
+        EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '"_s + code + u'\'', false));
+    EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''030''"_s));
+    scope.End();
+    const platform::ReadScope next(Globals().MainConnection);
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M役職"_s, false));
+}
+
+TEST_F(Trouble, AServerStoppedInATransactionTakesItBack) {
+    platform::Connection connection;
+    Connect(connection, server.ConnectionString());
+    {
+        platform::Transaction writing(connection);
+        connection.Execute(u"DELETE FROM M部門"_s);
+        StopSessions();
+        EXPECT_NE(NumberOf([&] { connection.Execute(u"DELETE FROM M役職"_s); }), 0);
+        EXPECT_NE(NumberOf([&] { writing.Commit(); }), 0);
+    }
+    EXPECT_FALSE(server.Rows(u"SELECT * FROM M部門"_s).isEmpty());
+}
+
+TEST_F(Trouble, AUserWhoMayOnlyReadSearchesAndWritesNothing) {
+    const QString user = u"reader_"_s + server.Name();
+    if (IsPostgres()) {
+        server.Run(u"CREATE ROLE %1 LOGIN PASSWORD 'r'; GRANT SELECT ON ALL TABLES IN SCHEMA public TO %1"_s.arg(user));
+    } else {
+        server.Run(u"CREATE USER %1@127.0.0.1 IDENTIFIED BY 'r'"_s.arg(user));
+        server.Run(u"GRANT SELECT ON %2.* TO %1@127.0.0.1"_s.arg(user, server.Name()));
+    }
+    Define(u"ユーザーID"_s, user);
+    Define(u"パスワード"_s, u"r"_s);
+    EXPECT_TRUE(OpenGeneral());
+    EXPECT_FALSE(Search().isEmpty());
+    platform::Connection writer;
+    Connect(writer, server.ConnectionString(user, u"r"_s));
+    EXPECT_EQ(NumberOf([&] { writer.Execute(u"DELETE FROM M部門"_s); }), platform::kPermissionDenied);
+    writer.Close();
+    Globals().MainConnection.Close();
+    server.Run(IsPostgres() ? u"DROP OWNED BY %1; DROP ROLE %1"_s.arg(user) : u"DROP USER %1@127.0.0.1"_s.arg(user));
+}
+
+TEST_F(Trouble, TheGeneralConnectionOfTheProgramCannotWriteWhateverItsUserMay) {
+    ASSERT_TRUE(OpenGeneral());
+    EXPECT_EQ(NumberOf([] { Globals().MainConnection.Execute(u"DELETE FROM M部門"_s); }), platform::kPermissionDenied);
+}
+
+TEST_F(Trouble, AMissingColumnFailsTheStatementsThatNameItAndIsToldByTheTool) {
+    server.Run(u"ALTER TABLE M部門 DROP COLUMN 名称"_s);
+    ASSERT_TRUE(OpenGeneral());
+    ExpectFailedSearches(1);
+    EXPECT_TRUE(LastHistory().contains(u"名称"_s));
+    const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, server.OdbcString()});
+    EXPECT_EQ(used.status, 1);
+    EXPECT_EQ(used.err,
+              u"suite-setup: サーバーに足りないものがあります。表 M部門 の列 名称。server-init で作るか、"
+              u"管理者に追加を依頼してください。\n"_s);
+}
+
+TEST_F(Trouble, NamesOutsideTheBasicPlaneComeAndAreFoundAsTheyAre) {
+    const QString name = u"𠮷野家 𩸽子👩‍👧"_s;
+    server.Run(u"UPDATE M担当者 SET 氏名 = '%1' WHERE コード = '00001'"_s.arg(name));
+    ASSERT_TRUE(OpenGeneral());
+    Globals().Conditions.EnrolmentKind = 9;
+    Globals().Conditions.SearchName = u"𩸽"_s;
+    EXPECT_EQ(Search(), QStringList{u"00001"_s});
+    EXPECT_EQ(Globals().Rows.Text(StaffText::担当者名, 0), name);
+}
+
+TEST_F(Trouble, TheProcessesLocaleDoesNotTouchTheTexts) {
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    std::setlocale(LC_ALL, "C");
+    ASSERT_TRUE(OpenGeneral());
+    platform::Recordset rows;
+    EXPECT_TRUE(
+        OpenRecordset(rows, u"SELECT 名称 AS 部門の名 FROM M部門 WHERE 名称 LIKE '%ぶ%' OR コード = '010'"_s, false));
+    EXPECT_EQ(rows[u"部門の名"].Text(), server.Rows(u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s)[0][0]);
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 無い列 FROM M部門"_s, false));
+    EXPECT_TRUE(LastHistory().contains(u"無い列"_s));
+    std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST_F(Trouble, VeryLongTextsComeWholeBesideShortOnes) {
+    const QString memo = u"長い𠮷ﾒﾓ"_s.repeated(100'000);
+    server.Run(u"UPDATE M担当者 SET 担当者メモ = '%1' WHERE コード = '00002'"_s.arg(memo));
+    ASSERT_TRUE(OpenGeneral());
+    platform::Recordset rows;
+    ASSERT_TRUE(OpenRecordset(rows, u"SELECT コード, 担当者メモ FROM M担当者 ORDER BY コード"_s, false));
+    EXPECT_EQ(rows.RecordCount(), 60);
+    for (int i = 1; !rows.AtEOF(); rows.MoveNext(), ++i) {
+        EXPECT_EQ(rows[u"コード"].Text().toInt(), i);
+        EXPECT_EQ(rows[u"担当者メモ"].TextOr(u""_s) == memo, i == 2);
+    }
+}
+
+TEST_F(Trouble, TheRegistrationProgramSavesAndSeesWhatOthersHaveSaved) {
+    ASSERT_TRUE(OpenGeneral());
+    StaffStore one, other;
+    ASSERT_TRUE(one.Open());
+    ASSERT_TRUE(other.Open());
+    StaffRecord before;
+    ASSERT_EQ(one.Load(u"00003"_s, before), StoreOutcome::Done);
+    StaffValues values = before.values;
+    values[0] = u"保存 ''花子\\"_s;
+    EXPECT_EQ(one.Save(before, values), StoreOutcome::Done);
+    EXPECT_EQ(other.Save(before, values), StoreOutcome::Changed);
+    StaffRecord after;
+    ASSERT_EQ(other.Load(u"00003"_s, after), StoreOutcome::Done);
+    EXPECT_EQ(after.values[0], values[0]);
+    EXPECT_EQ(other.Delete(after), StoreOutcome::Done);
+    EXPECT_EQ(one.Load(u"00003"_s, before), StoreOutcome::Gone);
+}
