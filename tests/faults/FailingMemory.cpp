@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <limits>
 #include <stdexcept>
 
 namespace FailingMemory {
@@ -38,6 +39,9 @@ void Arm(int point) {
     left = point;
     failed = false;
 }
+
+void Count() { Arm(std::numeric_limits<int>::max()); }
+int Counted() { return std::numeric_limits<int>::max() - left; }
 
 Pause::Pause() : left_(left) { left = 0; }
 Pause::~Pause() { left = left_; }

@@ -8,6 +8,9 @@ namespace FailingMemory {
 void Install();
 /// From now on the `point`-th allocation fails, that one alone.
 void Arm(int point);
+/// From now on allocations are only counted; so many were it. Any other planning ends it.
+void Count();
+int Counted();
 /// For its length there is memory, and nothing is counted.
 class Pause {
   public:

@@ -15,6 +15,7 @@ struct Fault {
     std::function<bool()> disarm;  ///< true when the fault has fallen
     /// The history can take no row either, so what failed may stay untold.
     bool mute = false;
+    int points = 0;  ///< so many that not each is tried; 0: each
 };
 
 /// What a piece of work told of itself, in whatever way.
@@ -46,6 +47,7 @@ class FaultTest : public OutputTest {
     void FailOnce();
     /// The disk of one file fails in each way from a point on; then there is no disk any more at all.
     void FailFromThenOn(const QByteArray& part);
+    /// Each of the first and of the last hundreds of allocations fails in its turn, and some of the thousands between.
     void RunOutOfMemory();
     void Try(const Fault& fault);
     void TellTried() const;
@@ -69,6 +71,7 @@ class FaultTest : public OutputTest {
     int tried = 0;  ///< points at which a fault has fallen
 
   private:
+    static int NextPoint(const Fault& fault, int point);
     void TryPoint(const Fault& fault, int point, bool& fallen);
     void ExpectWholeDatabases() const;
 

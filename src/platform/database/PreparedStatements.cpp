@@ -29,11 +29,9 @@ void PreparedStatement::DescribeColumns() {
     auto columns = std::make_shared<ColumnSet>();
     empty_.reset();
     const int count = sqlite3_column_count(Handle());
-    for (int i = 0; i < count; ++i) {
-        const char* name = sqlite3_column_name(Handle(), i);
-        if (name == nullptr) throw SqliteFailure(sqlite3_db_handle(Handle()));  // out of memory
-        columns->Add(QString::fromUtf8(name), QString::fromUtf8(sqlite3_column_decltype(Handle(), i)));
-    }
+    for (int i = 0; i < count; ++i)
+        columns->Add(QString::fromUtf8(sqlite3_column_name(Handle(), i)),
+                     QString::fromUtf8(sqlite3_column_decltype(Handle(), i)));
     columns_ = std::move(columns);
 }
 

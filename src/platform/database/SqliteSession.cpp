@@ -17,7 +17,7 @@ QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
 
 // Through the value itself, which is safe since one thread alone uses a connection, and costs a third of asking the
 // statement for text and length of each column.
-void AppendCell(sqlite3* database, ResultTable& result, sqlite3_value* value) {
+void AppendCell(ResultTable& result, sqlite3_value* value) {
     switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
             result.AppendNull();
@@ -27,10 +27,7 @@ void AppendCell(sqlite3* database, ResultTable& result, sqlite3_value* value) {
             break;
         default: {
             const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-            const int size = sqlite3_value_bytes(value);
-            // Without memory there is no text; an empty blob has none either.
-            if (text == nullptr && sqlite3_errcode(database) == SQLITE_NOMEM) throw SqliteFailure(database);
-            result.AppendText({text, text == nullptr ? 0 : size});
+            result.AppendText({text, text == nullptr ? 0 : sqlite3_value_bytes(value)});
         }
     }
 }
@@ -103,7 +100,7 @@ std::shared_ptr<ResultTable> SqliteSession::ReadRows(PreparedStatement& statemen
     for (; code == SQLITE_ROW; code = sqlite3_step(statement.Handle())) {
         result->BeginRow();
         for (int column = 0; column < columns; ++column)
-            AppendCell(database_.get(), *result, sqlite3_column_value(statement.Handle(), column));
+            AppendCell(*result, sqlite3_column_value(statement.Handle(), column));
     }
     if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
     return result;
@@ -135,6 +132,10 @@ void SqliteSession::Execute(const QString& sql) {
 // written meanwhile.
 void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
 
+void SqliteSession::RollBackTransaction() {
+    if (!LeaveTransaction()) throw SqliteFailure(database_.get());
+}
+
 UpdatableResult SqliteSession::QueryForUpdate(const QString& sql) {
     PreparedStatement& statement = Prepare(sql);
     BindLiterals(statement);
@@ -161,6 +162,15 @@ void SqliteSession::EndReadScope() noexcept {
     scope_ = false;
     memory_.Forget();
     RunPlain(database_.get(), "COMMIT");
+    LeaveTransaction();
+}
+
+// One that stayed, for want of memory to end it, would lock everybody out for as long as this program runs.
+bool SqliteSession::LeaveTransaction() noexcept {
+    constexpr int kTries = 3;
+    for (int i = 0; i < kTries && sqlite3_get_autocommit(database_.get()) == 0; ++i)
+        RunPlain(database_.get(), "ROLLBACK");
+    return sqlite3_get_autocommit(database_.get()) != 0;
 }
 
 }  // namespace platform

@@ -20,12 +20,14 @@ class SqliteSession : public DatabaseSession {
     std::shared_ptr<ResultTable> Query(const QString& sql) override;
     void Execute(const QString& sql) override;
     void BeginTransaction() override;
+    void RollBackTransaction() override;
     UpdatableResult QueryForUpdate(const QString& sql) override;
     void Insert(RecordTarget& target, const std::vector<WrittenField>& fields) override;
     bool BeginReadScope() noexcept override;
     void EndReadScope() noexcept override;
 
   private:
+    bool LeaveTransaction() noexcept;
     PreparedStatement& Prepare(const QString& sql);
     PreparedStatement Compile(const QString& sql);
     void BindLiterals(const PreparedStatement& statement);

@@ -12,15 +12,6 @@ QByteArrayView TextOf(sqlite3_value* value) {
     return text == nullptr ? QByteArrayView() : QByteArrayView(text, sqlite3_value_bytes(value));
 }
 
-/// Where the engine had no memory for a text, it would be compared as an empty one.
-bool Readable(sqlite3_context* context, sqlite3_value* value) {
-    if (sqlite3_value_text(value) != nullptr) return true;
-    // An empty blob has no text, and no bytes that memory could be lacking for.
-    if (sqlite3_value_type(value) == SQLITE_BLOB && sqlite3_value_bytes(value) == 0) return true;
-    sqlite3_result_error_nomem(context);
-    return false;
-}
-
 void DeletePattern(void* pattern) { delete static_cast<LikePattern*>(pattern); }
 
 // The character behind ESCAPE, in folded form like everything else of the pattern. False where it isn't one.
@@ -43,7 +34,7 @@ std::optional<LikePattern> CompilePattern(sqlite3_context* context, int count, s
 // X LIKE Y arrives as like(Y, X). A Null on either side, or as the escape, leaves the result Null.
 void Like(sqlite3_context* context, int count, sqlite3_value** values) {
     for (int i = 0; i < count; ++i)
-        if (sqlite3_value_type(values[i]) == SQLITE_NULL || !Readable(context, values[i])) return;
+        if (sqlite3_value_type(values[i]) == SQLITE_NULL) return;
     // Where the pattern is the same for all rows the engine keeps it compiled for as long as the statement runs. An
     // escape belongs to it but may differ from row to row, so a pattern with one is compiled each time.
     const auto* kept = count == 2 ? static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 0)) : nullptr;
