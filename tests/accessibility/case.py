@@ -17,6 +17,8 @@ class InquiryCase(unittest.TestCase):
     """Each class has an installation, a screen and a running program; its cases leave the main window in front."""
 
     options = ()  # of the installation
+    main = None  # the window
+    rows = None  # what it is made of
 
     @classmethod
     def prepare(cls, sample):
@@ -52,7 +54,7 @@ class InquiryCase(unittest.TestCase):
     @classmethod
     def reach_main_window(cls):
         cls.main = cls.open(TITLE)
-        cls.rows = tree.Rows(cls.main)
+        cls.rows = tree.MainWindow(cls.main)
         wait_for("the first list", lambda: cls.rows.texts("担当者コード")[0])
 
     @classmethod
@@ -60,20 +62,13 @@ class InquiryCase(unittest.TestCase):
         """The window with that title, of whatever program, with the keyboard in it and something in focus."""
         window = wait_for(f"the window {title}", lambda: cls.find(title))
         cls.screen.focus(title)
-        wait_for(f"the focus in {title}", lambda: tree.focused(window))
+        wait_for(f"the focus in {title}", lambda: tree.focused(tree.nodes(window)))
         return window
 
     @staticmethod
     def find(title):
         windows = (tree.window_of(program, title) for program in programs())
         return next((window for window in windows if window), None)
-
-    @classmethod
-    def leave(cls, window, key="Escape"):
-        """Closes a window that lies over the main one."""
-        cls.screen.key(key)
-        wait_for("the end of a window", lambda: not tree.shows(window))
-        cls.return_to_main()
 
     @classmethod
     def return_to_main(cls):
@@ -93,7 +88,9 @@ class InquiryCase(unittest.TestCase):
     def focused(self, window):
         """What has the focus in the window in front."""
         last = self.watch.last
-        return last if last is not None and tree.has_focus(last) else tree.focused(window)
+        if last is not None and tree.has_focus(last):
+            return last
+        return tree.focused(self.rows.stops if window == self.main else tree.nodes(window))
 
     def go_to(self, window, name):
         """Tabs to the stop with that name."""
@@ -114,9 +111,9 @@ class InquiryCase(unittest.TestCase):
             yield window
         finally:
             if tree.shows(window):
-                self.leave(window)
-            else:
-                self.return_to_main()
+                self.screen.key("Escape")
+                wait_for(f"the end of {title}", lambda: not tree.shows(window))
+            self.return_to_main()
 
     def enter(self, window, name, text):
         """Types over what stands in an item. Not by Ctrl+A: Ctrl opens the lookups."""

@@ -70,7 +70,7 @@ class MainForm(InquiryCase):
         self.search("nobody")
         self.addCleanup(self.search_all)
         wait_for("the empty list", lambda: not any(self.rows.texts("担当者コード")))
-        wait_for("the focus after the search", lambda: tree.focused(self.main))
+        wait_for("the focus after the search", lambda: self.focused(self.main))
         self.go_to(self.main, "検索名称")
         self.assert_chain(self.main, HEAD + LIST_PAGES + END)
 

@@ -72,7 +72,7 @@ class PinDialog(InquiryCase):
         self.enter_pin("zk7q4w")
         message = self.open(MESSAGE)
         self.assertIsNotNone(tree.named(message, "暗証番号が違います。"))
-        self.assertEqual(tree.focused(message).name, "OK")
+        self.assertEqual(tree.focused(tree.nodes(message)).name, "OK")
         self.screen.key("Return")
         wait_for("the end of the message", lambda: not tree.shows(message))
         self.screen.focus(PIN_DIALOG)

@@ -42,10 +42,10 @@ def has_focus(node):
     return present and node.getRole() not in PARTS
 
 
-def focused(window):
-    """The innermost node with the focus: one around it may hand its own on."""
+def focused(candidates):
+    """The innermost of them with the focus: one around it may hand its own on."""
     inner = None
-    for node in nodes(window):
+    for node in candidates:
         if has_focus(node):
             inner = node
     return inner
@@ -76,13 +76,15 @@ def cells(window, columns):
     return [tuple(texts[first : first + columns]) for first in range(0, len(texts), columns)]
 
 
-class Rows:
-    """The rows of the main window, whose items stay the same from the first list to the end."""
+class MainWindow:
+    """What the main window is made of, which stays the same from the first list to the end: its rows and its stops."""
 
     def __init__(self, window):
-        self.labels, self.panels = {}, {}
+        self.labels, self.panels, self.stops = {}, {}, []
         for node in nodes(window):
-            if node.getRole() == pyatspi.ROLE_LABEL:
+            if has(node, pyatspi.STATE_FOCUSABLE):
+                self.stops.append(node)
+            elif node.getRole() == pyatspi.ROLE_LABEL:
                 self.labels.setdefault(node.description, []).append(node)
             elif node.getRole() == pyatspi.ROLE_PANEL:
                 self.panels.setdefault(node.name, []).append(node)
