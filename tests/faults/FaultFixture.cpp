@@ -165,32 +165,33 @@ void FaultTest::Try(const Fault& fault) {
     }
 }
 
-void FaultTest::TellTried() const {
+int FaultTest::TellTried() const {
     RecordProperty("fault_points", tried);
     std::cout << "fault points tried: " << tried << std::endl;
+    return tried;
 }
 
-void FaultTest::FailOnce() {
+int FaultTest::FailOnce() {
     for (const DiskFault& fault : kDiskFaults)
         if (!HasFailure()) Try(OnDisk(fault, FaultyDisk::Lasting::Once, {}, false));
-    TellTried();
+    return TellTried();
 }
 
-void FaultTest::FailFromThenOn(const QByteArray& part) {
+int FaultTest::FailFromThenOn(const QByteArray& part) {
     constexpr auto kForGood = FaultyDisk::Lasting::FromThenOn;
     const bool mute = HistoryFile().Path().toUtf8().contains(part);
     for (const DiskFault& fault : kDiskFaults)
         // Whoever finds a file in use for good waits his five seconds at every statement.
         if (fault.code != SQLITE_BUSY && !HasFailure()) Try(OnDisk(fault, kForGood, part, mute));
     if (!HasFailure()) Try(OnDisk({"anything", DiskOperation::Any}, kForGood, {}, true));
-    TellTried();
+    return TellTried();
 }
 
-void FaultTest::RunOutOfMemory() {
+int FaultTest::RunOutOfMemory() {
     BackToBeginning();
     FailingMemory::Count();
     RunWork();
     EndProgram();
     Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm, false, FailingMemory::Counted()});
-    TellTried();
+    return TellTried();
 }

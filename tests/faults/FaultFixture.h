@@ -43,14 +43,17 @@ class FaultTest : public OutputTest {
     /// Where the user's history lies.
     virtual SampleFile HistoryFile() const { return installation.Configuration(); }
 
+    // The next three give the number of points at which a fault has fallen.
+
     /// Every disk fault, once, on every file.
-    void FailOnce();
+    int FailOnce();
     /// The disk of one file fails in each way from a point on; then there is no disk any more at all.
-    void FailFromThenOn(const QByteArray& part);
+    int FailFromThenOn(const QByteArray& part);
     /// Each of the first and of the last hundreds of allocations fails in its turn, and some of the thousands between.
-    void RunOutOfMemory();
+    int RunOutOfMemory();
     void Try(const Fault& fault);
-    void TellTried() const;
+    /// How many points it were.
+    int TellTried() const;
 
     /// Another program for its length, on a machine that is well.
     struct OnAnotherMachine {

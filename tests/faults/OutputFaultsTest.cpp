@@ -52,9 +52,9 @@ TEST_F(OutputUnderFaults, WritesBothRowsWithoutOne) {
     EXPECT_TRUE(table_.first().contains(u"表示生年月日=昭和55年04月02日"_s)) << table_.first().join(u'|').toStdString();
 }
 
-TEST_F(OutputUnderFaults, OneFaultOfTheDiskIsToldOrTheFileIsWhole) { FailOnce(); }
+TEST_F(OutputUnderFaults, OneFaultOfTheDiskIsToldOrTheFileIsWhole) { EXPECT_GT(FailOnce(), 15); }
 
-TEST_F(OutputUnderFaults, BrokenReportDatabaseIsToldAndTheNextFileIsWhole) { FailFromThenOn("repdb"); }
+TEST_F(OutputUnderFaults, BrokenReportDatabaseIsToldAndTheNextFileIsWhole) { EXPECT_GT(FailFromThenOn("repdb"), 15); }
 
 TEST_F(OutputUnderFaults, FileThatTheDiskHasNoRoomForIsToldAndTheNextOneIsWhole) {
     std::optional<FullDisk> full;
@@ -63,7 +63,7 @@ TEST_F(OutputUnderFaults, FileThatTheDiskHasNoRoomForIsToldAndTheNextOneIsWhole)
              full.reset();
              return ReadBytes(Globals().TextOutputFileName) != file_;
          }});
-    TellTried();
+    EXPECT_GT(TellTried(), 15);
 }
 
-TEST_F(OutputUnderFaults, LackOfMemoryIsToldOrTheFileIsWhole) { RunOutOfMemory(); }
+TEST_F(OutputUnderFaults, LackOfMemoryIsToldOrTheFileIsWhole) { EXPECT_GT(RunOutOfMemory(), 300); }

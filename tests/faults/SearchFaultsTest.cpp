@@ -60,8 +60,8 @@ TEST_F(SearchUnderFaults, FindsEverybodyWithoutOne) {
     EXPECT_TRUE(found_.first().contains(u"昭和"_s));
 }
 
-TEST_F(SearchUnderFaults, OneFaultOfTheDiskIsToldOrDoesNoHarm) { FailOnce(); }
+TEST_F(SearchUnderFaults, OneFaultOfTheDiskIsToldOrDoesNoHarm) { EXPECT_GT(FailOnce(), 15); }
 
-TEST_F(SearchUnderFaults, BrokenDiskIsToldAndTheNextSearchFindsEverybody) { FailFromThenOn("gnrdb"); }
+TEST_F(SearchUnderFaults, BrokenDiskIsToldAndTheNextSearchFindsEverybody) { EXPECT_GT(FailFromThenOn("gnrdb"), 15); }
 
-TEST_F(SearchUnderFaults, LackOfMemoryIsToldAndNoCellComesOutEmpty) { RunOutOfMemory(); }
+TEST_F(SearchUnderFaults, LackOfMemoryIsToldAndNoCellComesOutEmpty) { EXPECT_GT(RunOutOfMemory(), 300); }

@@ -40,6 +40,6 @@ class SpoolUnderFaults : public FaultTest {
 
 }  // namespace
 
-TEST_F(SpoolUnderFaults, OneFaultOfTheDiskIsToldOrEveryRowIsThere) { FailOnce(); }
+TEST_F(SpoolUnderFaults, OneFaultOfTheDiskIsToldOrEveryRowIsThere) { EXPECT_GT(FailOnce(), 15); }
 
-TEST_F(SpoolUnderFaults, NoCellIsPrintedEmptyWhenMemoryRanOut) { RunOutOfMemory(); }
+TEST_F(SpoolUnderFaults, NoCellIsPrintedEmptyWhenMemoryRanOut) { EXPECT_GT(RunOutOfMemory(), 300); }
