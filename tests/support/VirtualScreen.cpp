@@ -70,15 +70,27 @@ QSize VirtualScreen::SizeOf(const QString& window) const {
     return {valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
 }
 
+// Asked again until it holds: a window that is just being mapped anew loses the focus, and nobody gives it back.
+bool VirtualScreen::Focus(const QString& window) const {
+    const QDeadlineTimer end(kPatience);
+    QString focused;
+    while (!end.hasExpired()) {
+        Work({u"windowfocus"_s, window});
+        if (Work({u"getwindowfocus"_s, u"-f"_s}, &focused) && focused.trimmed() == window) return true;
+        QThread::msleep(20);
+    }
+    return false;
+}
+
 bool VirtualScreen::Press(const QString& window, const QStringList& keys) const {
-    return Work(QStringList{u"windowfocus"_s, u"--sync"_s, window, u"key"_s} + keys);
+    return Focus(window) && Work(QStringList{u"key"_s} + keys);
 }
 
 bool VirtualScreen::Type(const QString& window, const QString& text) const {
-    return Work({u"windowfocus"_s, u"--sync"_s, window, u"type"_s, text});
+    return Focus(window) && Work({u"type"_s, text});
 }
 
 bool VirtualScreen::Click(const QString& window, const QPoint& place) const {
-    return Work({u"windowfocus"_s, u"--sync"_s, window, u"mousemove"_s, u"--window"_s, window,
-                 QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
+    return Focus(window) && Work({u"mousemove"_s, u"--window"_s, window, QString::number(place.x()),
+                                  QString::number(place.y()), u"click"_s, u"1"_s});
 }

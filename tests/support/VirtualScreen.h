@@ -7,8 +7,7 @@
 #include <QStringList>
 
 /// A screen of its own for the programs that a test starts, of 1152 by 864 dots and without a window manager, with
-/// somebody at its keyboard. Ends with the object, and
-/// with the test's process.
+/// somebody at its keyboard. Ends with the object, and with the test's process.
 class VirtualScreen {
   public:
     VirtualScreen();
@@ -29,6 +28,8 @@ class VirtualScreen {
 
   private:
     QStringList Windows() const;
+    /// Waits until the window has the keyboard; False when it never gets it.
+    bool Focus(const QString& window) const;
     bool Work(const QStringList& arguments, QString* output = nullptr) const;
 
     QProcess server_;
