@@ -3,18 +3,14 @@
 
 #include <malloc.h>
 
-#include <QApplication>
-#include <QCommandLineParser>
-
+#include "BenchmarkProgram.h"
+#include "FirstListProgram.h"
 #include "OdbcBareLoop.h"
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
 #include "data/Connections.h"
 #include "frame/ProgramGlobals.h"
-#include "inquiry/ConditionProcedures.h"
-#include "inquiry/HeadForm.h"
 #include "inquiry/RowStoreProcedures.h"
-#include "inquiry/StaffDatabase.h"
 #include "inquiry/StaffQuery.h"
 #include "platform/database/ConnectionString.h"
 #include "platform/database/OdbcDrivers.h"
@@ -22,30 +18,9 @@
 #include "platform/database/StatementAdapter.h"
 
 using namespace Qt::StringLiterals;
+using namespace first_list;
 
 namespace {
-
-constexpr int kMatching = 32'753;  // a full store with eight rows on the screen
-constexpr int kHaveLeft = 1'247;
-const QString kLauncher = u"00001"_s;
-
-void PrepareProgram(StaffDatabase& database, HeadForm& form) {
-    database.AddManyStaff(kMatching + kHaveLeft);
-    database.General(u"UPDATE M担当者 SET 在籍区分 = '1' WHERE コード > '"_s + QString::number(kMatching) + u'\'');
-    database.General(u"ANALYZE"_s);
-    Globals().MainForm = &form;
-    Globals().RowsPerPage = 8;
-    Globals().ScopeOfficeCode = u"000"_s;
-    Globals().ProgramId = u"要員名簿照会"_s;
-    Globals().Staff.LaunchingStaffCode = kLauncher;
-    SetInitialConditions();
-    database.OpenConnections();
-}
-
-void LoadFirstList() {
-    ResetRowStore();
-    RunStaffSearch();
-}
 
 OdbcBareLoop BareLoop() {
     const auto request = platform::ParseConnectionString(*GeneralConnectionString(Globals().GeneralDatabase));
@@ -55,24 +30,21 @@ OdbcBareLoop BareLoop() {
 }
 
 int Measure(int pairs, OdbcBareLoop& bare) {
-    LoadFirstList();
+    Load();
     bare.Run(kLauncher, true);
-    if (Globals().LastRow + 1 != kMatching || bare.RowCount() != kMatching) {
-        std::fprintf(stderr, "the two lists differ: %d and %d rows\n", Globals().LastRow + 1, bare.RowCount());
-        return 1;
-    }
+    if (!BothAreWhole(bare.RowCount())) return 1;
     const auto settle = [&] {
         ResetRowStore();
         bare.Clear();
         malloc_trim(0);
     };
     const PairedRuns runs(pairs, settle);
-    const auto all = runs.Measure("first list of the program", LoadFirstList, "the same statements by hand",
+    const auto all = runs.Measure("first list of the program", Load, "the same statements by hand",
                                   [&] { bare.Run(kLauncher, true); });
-    const auto list = runs.Measure("first list of the program", LoadFirstList, "its one large statement by hand",
+    const auto list = runs.Measure("first list of the program", Load, "its one large statement by hand",
                                    [&] { bare.Run(kLauncher, false); });
     Globals().Staff.LaunchingStaffCode.clear();
-    const auto withoutViews = runs.Measure("the program without the viewing log", LoadFirstList,
+    const auto withoutViews = runs.Measure("the program without the viewing log", Load,
                                            "its one large statement by hand", [&] { bare.Run(kLauncher, false); });
     std::printf("share of the small look-ups: by hand %.0f %%, in the program at most %.0f %% (viewing log %.0f ms)\n",
                 100 * (1 - list.second / all.second), 100 * (1 - list.second / list.first),
@@ -83,20 +55,16 @@ int Measure(int pairs, OdbcBareLoop& bare) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    const QCommandLineOption pairs(u"pairs"_s, u"Number of pairs."_s, u"N"_s, u"5"_s);
-    parser.addOption(pairs);
-    parser.addHelpOption();
-    parser.process(application);
+    const BenchmarkProgram program(argc, argv, 5);
     if (ServerDatabase::Engine() != u"PostgreSQL"_s) {
         std::fprintf(stderr, "run it as: MEIBO_TEST_ENGINE=PostgreSQL scripts/with-servers first-list-server\n");
         return 2;
     }
     StaffDatabase database;
+    MakeStaff(database);
+    database.General(u"ANALYZE"_s);
     HeadForm form;
     PrepareProgram(database, form);
     OdbcBareLoop bare = BareLoop();
-    return Measure(parser.value(pairs).toInt(), bare);
+    return Measure(program.Pairs(), bare);
 }

@@ -3,7 +3,6 @@
 
 #include <sqlite3.h>
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QTreeWidget>
 #include <memory>
@@ -11,9 +10,8 @@
 #include "PairedRuns.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/StaffDatabase.h"
-#include "platform/Services.h"
-#include "screen/Fonts.h"
 #include "screen/ListView.h"
+#include "screen/SuiteApplication.h"
 #include "selection/ListWindow.h"
 #include "selection/StaffListWindows.h"
 
@@ -78,10 +76,7 @@ class BareList {
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::Services().system = std::make_unique<platform::HostSystemInformation>(argc, argv);
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    ApplySuiteLook(application);
+    const SuiteApplication application(argc, argv);
     StaffDatabase database;
     database.AddManyStaff(kStaff);
     database.OpenConnections();

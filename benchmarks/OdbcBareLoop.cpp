@@ -1,9 +1,9 @@
 #include "OdbcBareLoop.h"
 
-#include <sqlext.h>
-
 #include <array>
 #include <stdexcept>
+
+#include "support/OdbcCalls.h"
 
 namespace {
 
@@ -11,24 +11,12 @@ constexpr SQLULEN kRowsInBlock = 100;
 constexpr SQLLEN kUnits = 128;
 constexpr int kCode = 0, kBirth = 19, kEntry = 20, kExit = 21;  // columns of the staff master
 
-SQLWCHAR* Units(const QString& text) { return reinterpret_cast<SQLWCHAR*>(const_cast<ushort*>(text.utf16())); }
-
-void Check(SQLSMALLINT type, SQLHANDLE handle, SQLRETURN result) {
-    if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
-    std::array<SQLCHAR, 6> state{};
-    std::array<SQLCHAR, 1000> text{};
-    SQLINTEGER code = 0;
-    SQLSMALLINT size = 0;
-    SQLGetDiagRec(type, handle, 1, state.data(), &code, text.data(), text.size(), &size);
-    throw std::runtime_error(reinterpret_cast<const char*>(text.data()));
-}
-
 /// A prepared look-up with one or two values that gives at most one row.
 class LookUpStatement {
   public:
     LookUpStatement(SQLHANDLE connection, const QString& sql, int values) {
         SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_);
-        Check(SQL_HANDLE_STMT, handle_, SQLPrepareW(handle_, Units(sql), SQL_NTS));
+        CheckOdbc(SQL_HANDLE_STMT, handle_, SQLPrepareW(handle_, OdbcUnits(sql), SQL_NTS));
         for (int i = 0; i < values; ++i)
             SQLBindParameter(handle_, static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT, SQL_C_WCHAR, SQL_WVARCHAR,
                              kUnits, 0, values_[static_cast<size_t>(i)].data(), sizeof values_[0],
@@ -45,9 +33,9 @@ class LookUpStatement {
             std::copy(value.utf16(), value.utf16() + value.size(), values_[i].begin());
             lengths_[i++] = value.size() * 2;
         }
-        Check(SQL_HANDLE_STMT, handle_, SQLExecute(handle_));
+        CheckOdbc(SQL_HANDLE_STMT, handle_, SQLExecute(handle_));
         const SQLRETURN row = SQLFetch(handle_);
-        Check(SQL_HANDLE_STMT, handle_, row);
+        CheckOdbc(SQL_HANDLE_STMT, handle_, row);
         const bool found = SQL_SUCCEEDED(row) && length_ >= 0;
         const QString text =
             found ? QString::fromUtf16(reinterpret_cast<char16_t*>(cell_.data()), length_ / 2) : QString();
@@ -69,8 +57,9 @@ OdbcBareLoop::OdbcBareLoop(const QString& text, QString statement) : statement_(
     SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
     SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
     SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-    Check(SQL_HANDLE_DBC, connection_,
-          SQLDriverConnectW(connection_, nullptr, Units(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+    CheckOdbc(
+        SQL_HANDLE_DBC, connection_,
+        SQLDriverConnectW(connection_, nullptr, OdbcUnits(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
 }
 
 OdbcBareLoop::~OdbcBareLoop() {
@@ -87,7 +76,7 @@ void OdbcBareLoop::Clear() {
 void OdbcBareLoop::Execute(const char* sql) const {
     SQLHANDLE statement = nullptr;
     SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
-    const SQLRETURN result = SQLExecDirectW(statement, Units(QString::fromLatin1(sql)), SQL_NTS);
+    const SQLRETURN result = SQLExecDirectW(statement, OdbcUnits(QString::fromLatin1(sql)), SQL_NTS);
     SQLFreeHandle(SQL_HANDLE_STMT, statement);
     if (!SQL_SUCCEEDED(result)) throw std::runtime_error(sql);
 }
@@ -106,7 +95,7 @@ void OdbcBareLoop::ReadList() {
     SQLULEN fetched = 0;
     SQLSetStmtAttr(statement, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(kRowsInBlock), 0);
     SQLSetStmtAttr(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);
-    Check(SQL_HANDLE_STMT, statement, SQLExecDirectW(statement, Units(statement_), SQL_NTS));
+    CheckOdbc(SQL_HANDLE_STMT, statement, SQLExecDirectW(statement, OdbcUnits(statement_), SQL_NTS));
     SQLSMALLINT count = 0;
     SQLNumResultCols(statement, &count);
     columns_ = count;

@@ -3,12 +3,11 @@
 
 #include <sqlite3.h>
 
-#include <QApplication>
-#include <QCommandLineParser>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "BenchmarkProgram.h"
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
 #include "frame/ProgramGlobals.h"
@@ -136,14 +135,7 @@ void WriteByShell(const QString& database, const QString& target) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    QCommandLineParser parser;
-    const QCommandLineOption pairs(u"pairs"_s, u"Number of pairs."_s, u"N"_s, u"7"_s);
-    parser.addOption(pairs);
-    parser.addHelpOption();
-    parser.process(application);
-
+    const BenchmarkProgram program(argc, argv, 7);
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"repdb.accdb"_s);
     WorkFile byHand(file);
@@ -154,7 +146,7 @@ int main(int argc, char** argv) {
     byHand.TakeRows();
     if (byHand.RowCount() != kRows) Fail("rows are missing in the work table");
 
-    const PairedRuns runs(parser.value(pairs).toInt());
+    const PairedRuns runs(program.Pairs());
     std::printf("work table of %d rows\n", kRows);
     runs.Measure("filled by the program", BuildReportData, "prepared inserts by hand", [&] { byHand.Fill(); });
     const QString ours = folder.filePath(u"program.csv"_s), theirs = folder.filePath(u"shell.csv"_s);

@@ -1,7 +1,6 @@
 // One scroll step of the list, eight rows with every field changing, beside a page step of a QTableView that shows the
 // same texts. Both are really painted: each step ends when the window system has drawn it.
 
-#include <QApplication>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -12,8 +11,7 @@
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
-#include "platform/Services.h"
-#include "screen/Fonts.h"
+#include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;
 
@@ -63,9 +61,7 @@ void ShowTable(QTableView& table) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::Services().system = std::make_unique<platform::HostSystemInformation>(argc, argv);
-    QApplication application(argc, argv);
-    ApplySuiteLook(application);
+    const SuiteApplication application(argc, argv);
     Globals().RowsPerPage = kRowPositions;
     FillStore();
     auto* form = new frm要員名簿照会([] {});

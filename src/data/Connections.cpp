@@ -32,6 +32,17 @@ void OpenAnew(platform::Connection& connection, platform::ConnectMode mode, cons
 
 }  // namespace
 
+QString DesktopFileName(const QString& name, int kind) {
+    switch (kind) {
+        case kAccdb:
+            return name + u".accdb"_s;
+        case kMdb:
+            return name + u".mdb"_s;
+        default:
+            return QString();
+    }
+}
+
 QString DesktopConnectionString(int kind, const QString& path) {
     return ProviderOf(kind) + u"User ID=;Password=;Data Source="_s + path;
 }
@@ -40,8 +51,8 @@ QString ConfigConnectionString(int kind, const QString& path) { return DesktopCo
 
 QString UserConfigDataSource() {
     const InstallationLayout& layout = Globals().Layout;
-    const QString name = layout.ConfigDbKind == kMdb ? u"usrcnfg.mdb;"_s : u"usrcnfg.accdb;"_s;
-    return layout.UserConfFolder + platform::kPathSeparator + name;
+    const QString name = DesktopFileName(u"usrcnfg"_s, layout.ConfigDbKind == kMdb ? kMdb : kAccdb);
+    return layout.UserConfFolder + platform::kPathSeparator + name + u';';
 }
 
 std::optional<QString> GeneralConnectionString(const GeneralDatabaseDefinition& definition) {

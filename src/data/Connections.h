@@ -6,6 +6,9 @@
 #include "data/EnvironmentDefinition.h"
 #include "platform/Database.h"
 
+/// `name` with the ending of that generation of desktop files, "repdb" to "repdb.accdb"; empty without a kind.
+QString DesktopFileName(const QString& name, int kind);
+
 /// A desktop database file's string, without an account. `path` goes behind "Data Source=" as it stands. Without a kind
 /// the string names no provider and cannot be opened.
 QString DesktopConnectionString(int kind, const QString& path);

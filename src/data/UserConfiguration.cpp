@@ -35,17 +35,6 @@ long Carry(Step step) {
     }
 }
 
-QString ConfigurationName(int kind) {
-    switch (kind) {
-        case kAccdb:
-            return u"usrcnfg.accdb"_s;
-        case kMdb:
-            return u"usrcnfg.mdb"_s;
-        default:
-            return {};
-    }
-}
-
 /// What a killed program left unfinished in a file that has gone since: the engine would undo it in the fresh copy.
 bool RemoveJournal(const QString& database) { return platform::Services().files->RemoveFile(database + u"-journal"_s); }
 
@@ -60,7 +49,7 @@ bool Copy(const QString& from, const QString& to, const QString& name) {
 
 void PrepareConfiguration() {
     const InstallationLayout& layout = Globals().Layout;
-    const QString name = ConfigurationName(layout.ConfigDbKind);
+    const QString name = DesktopFileName(u"usrcnfg"_s, layout.ConfigDbKind);
     if (name.isEmpty()) return;
     const QString own = layout.UserConfFolder + kPathSeparator + name;
     Carry([&] { EnsureFolderPath(own); });

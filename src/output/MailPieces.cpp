@@ -8,6 +8,7 @@
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
+#include "output/RowColumn.h"
 #include "output/WorkTable.h"
 #include "platform/FileSystem.h"
 
@@ -36,11 +37,6 @@ using Writer = void (*)(platform::Recordset& record, QStringView column, const Q
 void WriteOrRaise(platform::Recordset& record, QStringView column, const QString& value) {
     record.Write(column, value);
 }
-
-struct RowColumn {
-    QStringView column;
-    StaffText field;
-};
 
 constexpr std::array kAddress = {
     RowColumn{u"郵便番号", StaffText::郵便番号},

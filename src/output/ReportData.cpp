@@ -6,6 +6,7 @@
 #include "data/Recordsets.h"
 #include "frame/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
+#include "output/RowColumn.h"
 #include "output/SelectionText.h"
 #include "output/WorkTable.h"
 
@@ -14,11 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using enum StaffText;
-
-struct RowColumn {
-    QStringView column;
-    StaffText field;
-};
 
 constexpr auto kRowColumns = std::to_array<RowColumn>({
     {u"コード", 担当者コード},

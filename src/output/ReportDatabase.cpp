@@ -9,18 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Brings its own ";" along; empty without a kind.
-QString ReportFile(int kind) {
-    switch (kind) {
-        case kAccdb:
-            return u"repdb.accdb;"_s;
-        case kMdb:
-            return u"repdb.mdb;"_s;
-        default:
-            return QString();
-    }
-}
-
 /// The way of all three: what goes wrong with the statement is written down, the statement first.
 template <typename Work>
 bool Recorded(const QString& sql, Work work) {
@@ -44,14 +32,14 @@ bool OpenOn(platform::Recordset& recordset, const QString& sql, platform::Cursor
 
 bool OpenReportDatabase() {
     const InstallationLayout& layout = Globals().Layout;
-    const QString file = ReportFile(layout.ReportDbKind);
+    const QString file = DesktopFileName(u"repdb"_s, layout.ReportDbKind);
     if (file.isEmpty()) return false;
     platform::Connection& connection = Globals().ReportDatabase;
     connection = platform::Connection();
     ApplyConnectionSettings(connection);
     connection.Scratch = true;
     connection.Open(
-        DesktopConnectionString(layout.ReportDbKind, layout.UserReportFolder + platform::kPathSeparator + file));
+        DesktopConnectionString(layout.ReportDbKind, layout.UserReportFolder + platform::kPathSeparator + file + u';'));
     return true;
 }
 

@@ -1,7 +1,4 @@
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 #include <cstdio>
 #include <optional>
 
@@ -12,6 +9,7 @@
 #include "report-host/HostService.h"
 #include "report-host/PreparedReport.h"
 #include "screen/Fonts.h"
+#include "screen/Translation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,9 +30,7 @@ int Refuse(const QString& reason) {
 }
 
 void Dress(QApplication& application) {
-    static QTranslator translator;
-    if (translator.load(QLocale(), u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        application.installTranslator(&translator);
+    SpeakJapanese(application);
     ApplySuiteLook(application);
     platform::Services().dialogs->defaultTitle = u"帳票"_s;
 }
@@ -48,7 +44,6 @@ int main(int argc, char** argv) {
     const QString formsFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (!formsFile.isEmpty()) door.emplace(formsFile);
     DoWithoutDisplay();
-    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     QApplication application(argc, argv);
     application.setQuitOnLastWindowClosed(false);
     Dress(application);

@@ -4,6 +4,8 @@
 #include <QAccessibleWidget>
 #include <QComboBox>
 
+#include "screen/AccessFactory.h"
+
 namespace {
 
 /// The only child is the list that drops down.
@@ -57,10 +59,4 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 
 }  // namespace
 
-void InstallComboAccess() {
-    static const bool installed = [] {
-        QAccessible::installFactory(MakeAccess);
-        return true;
-    }();
-    static_cast<void>(installed);
-}
+void InstallComboAccess() { InstallAccessFactory<MakeAccess>(); }

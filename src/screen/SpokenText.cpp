@@ -3,6 +3,8 @@
 #include <QAccessibleWidget>
 #include <QWidget>
 
+#include "screen/AccessFactory.h"
+
 namespace {
 
 class SpokenTextAccess : public QAccessibleWidget {
@@ -26,10 +28,4 @@ QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
 
 }  // namespace
 
-void InstallSpokenTextAccess() {
-    static const bool installed = [] {
-        QAccessible::installFactory(MakeAccess);
-        return true;
-    }();
-    static_cast<void>(installed);
-}
+void InstallSpokenTextAccess() { InstallAccessFactory<MakeAccess>(); }

@@ -1,13 +1,12 @@
 #include "support/ServerDatabase.h"
 
-#include <sql.h>
-#include <sqlext.h>
 #include <unistd.h>
 
 #include <array>
 #include <stdexcept>
 
 #include "platform/database/PostgresText.h"
+#include "support/OdbcCalls.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +15,6 @@ namespace {
 bool IsPostgres() { return ServerDatabase::Engine() == u"PostgreSQL"_s; }
 
 QString Port() { return qEnvironmentVariable(IsPostgres() ? "MEIBO_TEST_POSTGRESQL_PORT" : "MEIBO_TEST_MARIADB_PORT"); }
-
-SQLWCHAR* Units(const QString& text) {
-    return reinterpret_cast<SQLWCHAR*>(const_cast<ushort*>(text.utf16()));  // NOLINT
-}
 
 }  // namespace
 
@@ -30,8 +25,9 @@ class ServerDatabase::Link {
         SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
         SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
         SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-        Check(SQL_HANDLE_DBC, connection_,
-              SQLDriverConnectW(connection_, nullptr, Units(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+        CheckOdbc(SQL_HANDLE_DBC, connection_,
+                  SQLDriverConnectW(connection_, nullptr, OdbcUnits(text), SQL_NTS, nullptr, 0, nullptr,
+                                    SQL_DRIVER_NOPROMPT));
     }
     ~Link() {
         SQLDisconnect(connection_);
@@ -46,8 +42,8 @@ class ServerDatabase::Link {
         SQLAllocHandle(SQL_HANDLE_STMT, connection_, &statement);
         const std::unique_ptr<void, void (*)(SQLHANDLE)> end(
             statement, [](SQLHANDLE handle) { SQLFreeHandle(SQL_HANDLE_STMT, handle); });
-        const SQLRETURN result = SQLExecDirectW(statement, Units(sql), SQL_NTS);
-        if (result != SQL_NO_DATA) Check(SQL_HANDLE_STMT, statement, result);
+        const SQLRETURN result = SQLExecDirectW(statement, OdbcUnits(sql), SQL_NTS);
+        CheckOdbc(SQL_HANDLE_STMT, statement, result);
         SQLSMALLINT columns = 0;
         SQLNumResultCols(statement, &columns);
         QList<QStringList> rows;
@@ -68,16 +64,6 @@ class ServerDatabase::Link {
             row.append(bytes == SQL_NULL_DATA ? QString() : u""_s + text);
         }
         return row;
-    }
-
-    static void Check(SQLSMALLINT type, SQLHANDLE handle, SQLRETURN result) {
-        if (SQL_SUCCEEDED(result)) return;
-        std::array<SQLCHAR, 6> state{};
-        std::array<SQLCHAR, 1000> text{};
-        SQLINTEGER code = 0;
-        SQLSMALLINT size = 0;
-        SQLGetDiagRec(type, handle, 1, state.data(), &code, text.data(), text.size(), &size);
-        throw std::runtime_error(reinterpret_cast<const char*>(text.data()));
     }
 
     SQLHANDLE environment_ = nullptr;

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringView>
+
+#include "inquiry/StaffRowStore.h"
+
+/// A column of a work table and the text of the list's row that it takes.
+struct RowColumn {
+    QStringView column;
+    StaffText field;
+};
