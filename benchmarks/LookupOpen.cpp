@@ -10,6 +10,7 @@
 #include "PairedRuns.h"
 #include "frame/ProgramGlobals.h"
 #include "inquiry/StaffDatabase.h"
+#include "screen/Fonts.h"
 #include "screen/ListView.h"
 #include "screen/SuiteApplication.h"
 #include "selection/ListWindow.h"

@@ -11,6 +11,7 @@
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
+#include "screen/Fonts.h"
 #include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;

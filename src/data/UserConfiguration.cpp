@@ -1,5 +1,6 @@
 #include "data/UserConfiguration.h"
 
+#include "data/Connections.h"
 #include "data/FileCopies.h"
 #include "data/FolderPath.h"
 #include "data/ReportHostTrust.h"
