@@ -37,7 +37,7 @@ char page[4096];
 /// How often the text stands in the heap as UTF-16. The text is given backwards, so that asking does not count.
 int CopiesInHeap(std::u16string backwards) {
     std::u16string text(backwards.rbegin(), backwards.rend());
-    const QByteArray needle(reinterpret_cast<const char*>(text.data()), static_cast<qsizetype>(text.size() * 2));
+    QByteArray needle(reinterpret_cast<const char*>(text.data()), static_cast<qsizetype>(text.size() * 2));
     std::fill(text.begin(), text.end(), u'\0');
     const int memory = ::open("/proc/self/mem", O_RDONLY);
     int copies = 0;
@@ -51,6 +51,7 @@ int CopiesInHeap(std::u16string backwards) {
         }
     }
     ::close(memory);
+    needle.fill('\0');  // freed memory may stay as it is for long
     return copies - 1;  // the needle itself
 }
 

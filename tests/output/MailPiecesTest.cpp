@@ -214,7 +214,7 @@ TEST_P(LabelSheet, IsNumberedAndFilledUpToOneSheetAndNoFurther) {
     const auto codes = [this](const QString& column) {
         QStringList values;
         for (const QString& value : WorkColumn(column, kLabels))
-            values << (value == u"(null)"_s ? u"-"_s : value.last(2));
+            values << (value == u"(null)"_s ? u"-"_s : value.right(2));
         return values;
     };
     EXPECT_EQ(codes(u"A列コード"_s), GetParam().left);
