@@ -51,7 +51,8 @@ void frm要員名簿照会::WireRow(int position) {
 
     Control& box = Item(u"chb_出力対象"_s, position);
     box.Click = Guarded([&box, position] {
-        Globals().Rows.出力対象[static_cast<size_t>(Globals().TopRow + position)] = static_cast<qint16>(box.Value());
+        const int row = Globals().TopRow + position;
+        Globals().Rows.出力対象[static_cast<size_t>(row)] = static_cast<qint16>(box.Value());
     });
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 // A statement for every engine: few enough rows for the least of them, enough to forget the way there and back.
 constexpr int kRowsInStatement = 100;
-constexpr qsizetype kLongestStatement = 256 * 1024;
+constexpr qsizetype kLongestStatement = 0x40000;
 constexpr int kRowsBetweenLines = 10'000;
 
 QString LiteralOf(const platform::Field& field) {
