@@ -18,8 +18,6 @@
 
 using namespace Qt::StringLiterals;
 
-extern char** environ;
-
 namespace platform {
 namespace {
 
@@ -43,7 +41,7 @@ TextVector Environment(bool hidden) {
     const QByteArray mark = QByteArray(kStartHiddenVariable) + '=';
     TextVector environment;
     for (char** variable = environ; *variable != nullptr; ++variable)
-        if (!QByteArray::fromRawData(*variable, qstrlen(*variable)).startsWith(mark)) environment.Add(*variable);
+        if (!QByteArrayView(*variable).startsWith(mark)) environment.Add(*variable);
     if (hidden) environment.Add(mark + '1');
     return environment;
 }

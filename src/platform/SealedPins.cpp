@@ -98,7 +98,8 @@ QString SealPin(const QString& clear, const PinKey& key) {
     PrepareLibrary();
     QByteArray padded = clear.toUtf8();
     const auto length = static_cast<size_t>(padded.size());
-    padded.resize(static_cast<qsizetype>((length / kPadding + 1) * kPadding));
+    const size_t blocks = length / kPadding + 1;
+    padded.resize(static_cast<qsizetype>(blocks) * static_cast<qsizetype>(kPadding));
     size_t paddedLength = 0;
     sodium_pad(&paddedLength, Raw(padded), length, kPadding, static_cast<size_t>(padded.size()));
     QByteArray envelope(kNonce + kSeal + padded.size(), '\0');

@@ -15,7 +15,9 @@ constexpr double kAboveBaseline = 0.88;
 /// Collects the glyphs of one font, so that the painter is called once for them.
 class RunPainter {
   public:
-    RunPainter(QPainter& painter, const ShapedText& line, double spread, bool vertical) : painter_(painter) {
+    explicit RunPainter(QPainter& painter) : painter_(painter) {}
+
+    void Paint(const ShapedText& line, double spread, bool vertical) {
         for (qsizetype i = 0; i < line.glyphs.size(); ++i) {
             const ShapedGlyph& glyph = line.glyphs[i];
             const double moved = spread * static_cast<double>(i);
@@ -75,7 +77,7 @@ void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double 
     painter.save();
     painter.translate(origin);
     painter.scale(size / FontFace::kPixels, size / FontFace::kPixels);
-    RunPainter(painter, line, 0, false);
+    RunPainter(painter).Paint(line, 0, false);
     painter.restore();
 }
 
@@ -102,7 +104,7 @@ void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& styl
             painter.translate(place.left() + along, place.top() + deep + kAboveBaseline * text.size);
             painter.scale(scale * text.stretch, scale);
         }
-        RunPainter(painter, line, gap, vertical);
+        RunPainter(painter).Paint(line, gap, vertical);
         painter.restore();
     }
 }

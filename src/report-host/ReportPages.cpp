@@ -29,7 +29,8 @@ QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot) {
     QList<QPointF> cells;
     for (int i = 0; i < grid.CellsPerRow(); ++i) {
         const int cell = slot * grid.CellsPerRow() + i;
-        cells.append(grid.first + QPointF(cell % grid.across * grid.pitchX, cell / grid.across * grid.pitchY));
+        const int across = cell % grid.across, down = cell / grid.across;
+        cells.append(grid.first + QPointF(across * grid.pitchX, down * grid.pitchY));
     }
     return cells;
 }

@@ -28,7 +28,7 @@ QPointer<msgお待ち>& Dialog() {
 
 /// A display server answers later than one round of events, and the window would stay blank for the whole job. The
 /// user's input waits meanwhile.
-void PaintNow(QPointer<QWidget> window) {
+void PaintNow(const QPointer<QWidget>& window) {
     QElapsedTimer patience;
     patience.start();
     while (window && window->windowHandle() != nullptr && !window->windowHandle()->isExposed() &&

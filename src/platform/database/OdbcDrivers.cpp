@@ -28,9 +28,9 @@ struct ProviderDrivers {
     const char* drivers;  // apart by "|"; empty: the data source knows its own
 };
 
-const char* const kPostgreSql = "PostgreSQL Unicode";
-const char* const kMariaDb = "MariaDB Unicode|MySQL ODBC 8.0 Unicode Driver";
-const char* const kSqlServer = "ODBC Driver 18 for SQL Server|ODBC Driver 17 for SQL Server|FreeTDS";
+constexpr const char* kPostgreSql = "PostgreSQL Unicode";
+constexpr const char* kMariaDb = "MariaDB Unicode|MySQL ODBC 8.0 Unicode Driver";
+constexpr const char* kSqlServer = "ODBC Driver 18 for SQL Server|ODBC Driver 17 for SQL Server|FreeTDS";
 
 constexpr std::array<ProviderDrivers, 3> kExactProviders = {{
     {QLatin1StringView("PostgreSQL"), kPostgreSql},
