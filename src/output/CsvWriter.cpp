@@ -70,6 +70,7 @@ bool IsCurrency(const QString& type) { return type == u"CURRENCY"_s || type == u
 
 std::vector<bool> CurrencyColumns(const platform::Recordset& recordset) {
     std::vector<bool> currency;
+    currency.reserve(static_cast<size_t>(recordset.FieldCount()));
     for (int column = 0; column < recordset.FieldCount(); ++column)
         currency.push_back(IsCurrency(recordset.FieldType(column)));
     return currency;
