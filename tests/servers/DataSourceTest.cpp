@@ -16,19 +16,37 @@ namespace {
 class ByDataSource : public OnServer {
   protected:
     ByDataSource() : kept_(qgetenv("ODBCINI")) {
-        const QString file = installation.Root() + u"/odbc.ini"_s;
-        WriteBytes(file, u"[%3]\nDriver = %1\nServer = 127.0.0.1\nServername = 127.0.0.1\nPort = %2\nDatabase = %3\n"_s
-                             .arg(ServerDatabase::Provider(), ServerDatabase::Server().section(u':', -1), server.Name())
-                             .toUtf8());
-        qputenv("ODBCINI", file.toUtf8());
+        DefineSource(server.Name(), ServerDatabase::Provider());
+        qputenv("ODBCINI", File().toUtf8());
     }
     ~ByDataSource() override { qputenv("ODBCINI", kept_); }
 
+    QString File() const { return installation.Root() + u"/odbc.ini"_s; }
+    /// The driver manager remembers what it has read of a name: another driver needs another one.
+    void DefineSource(const QString& name, const QString& driver, const QString& more = {}) {
+        source_ = name;
+        WriteBytes(File(),
+                   u"[%1]\nDriver = %2\nServer = 127.0.0.1\nServername = 127.0.0.1\nPort = %3\nDatabase = %4\n%5\n"_s
+                       .arg(name, driver, ServerDatabase::Server().section(u':', -1), server.Name(), more)
+                       .toUtf8());
+    }
+    /// The whole path of a library that this process has loaded, as it has the driver of its own connections.
+    static QString LoadedLibrary(const QString& name) {
+        for (const QString& line : QString::fromUtf8(ReadBytes(u"/proc/self/maps"_s)).split(u'\n'))
+            if (line.endsWith(name)) return line.sliced(line.indexOf(u'/'));
+        ADD_FAILURE() << name.toStdString() << " is not loaded";
+        return {};
+    }
+    void UseSource() const {
+        const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, OdbcString()});
+        ASSERT_EQ(used.status, 0) << used.err.toStdString();
+    }
     QString OdbcString() const {
-        return u"DSN=%1;UID=%2;PWD=%3"_s.arg(server.Name(), ServerDatabase::User(), ServerDatabase::Password());
+        return u"DSN=%1;UID=%2;PWD=%3"_s.arg(source_, ServerDatabase::User(), ServerDatabase::Password());
     }
 
   private:
+    QString source_;
     QByteArray kept_;
 };
 
@@ -37,8 +55,7 @@ class ByDataSource : public OnServer {
 TEST_F(ByDataSource, TheProgramStartsAndSearchesAsByServerAndDatabase) {
     ASSERT_TRUE(OpenGeneral());
     const QStringList byServer = Search();
-    const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, OdbcString()});
-    ASSERT_EQ(used.status, 0) << used.err.toStdString();
+    UseSource();
     ASSERT_TRUE(OpenGeneral()) << LastHistory().toStdString();
     EXPECT_EQ(Globals().GeneralDatabase.db, u"O"_s);
     EXPECT_FALSE(byServer.isEmpty());
@@ -64,13 +81,28 @@ TEST_F(ByDataSource, TheStaffListsJoinedByTheSignGiveTheRowsOfTheOtherDialects) 
     };
     ASSERT_TRUE(OpenGeneral());
     const QStringList byServer = rows();
-    const ToolOutput used = RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, OdbcString()});
-    ASSERT_EQ(used.status, 0) << used.err.toStdString();
+    UseSource();
     ASSERT_TRUE(OpenGeneral());
     EXPECT_TRUE(
         BuildStaffListQuery(kCompositeSearch, conditions).contains(u"M事業所.コード(+) = M担当者.事業所コード"_s));
     EXPECT_FALSE(byServer.isEmpty());
     EXPECT_EQ(rows(), byServer);
+}
+
+TEST_F(ByDataSource, OneThatWouldConnectAnewStaysGoneWithItsServerHoweverItNamesItsDriver) {
+    const QString library = LoadedLibrary(IsPostgres() ? u"/psqlodbcw.so"_s : u"/libmaodbc.so"_s);
+    for (const QString& driver : {ServerDatabase::Provider(), library}) {
+        SCOPED_TRACE(driver.toStdString());
+        DefineSource(server.Name() + QString::number(driver.size()), driver, u"AUTO_RECONNECT = 1\nOPTION = 4194304"_s);
+        UseSource();
+        ASSERT_TRUE(OpenGeneral()) << LastHistory().toStdString();
+        ASSERT_FALSE(Search().isEmpty());
+        StopSessions();
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(Search(), QStringList());
+            EXPECT_TRUE(LastHistory().startsWith(u"エラー "_s)) << LastHistory().toStdString();
+        }
+    }
 }
 
 TEST_F(ByDataSource, ADataSourceThatIsNotThereIsNamed) {
