@@ -56,7 +56,7 @@ std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& reques
 
 OdbcSession::OdbcSession(const ConnectionRequest& request)
     : rules_(request.rules),
-      connection_(OdbcConnectionText(request), request.connectionTimeout),
+      connection_(OdbcConnectionText(request), request.connectionTimeout, AnswerSeconds(request)),
       reportedName_(connection_.Information(SQL_DBMS_NAME)),
       engine_(EngineOf(reportedName_)),
       readOnly_(request.mode == ConnectMode::Read),
@@ -68,6 +68,7 @@ OdbcSession::~OdbcSession() { EndReadScope(); }
 
 void OdbcSession::StartSession(const ConnectionRequest& request) {
     const qint64 seconds = request.commandTimeout;
+    if (engine_.atStart.isEmpty()) connection_.LimitStatements(request.commandTimeout);
     for (const QString& statement : engine_.atStart)
         RunInOwnWords(QString(statement)
                           .replace(QStringLiteral("%1"), QString::number(seconds * 1000))
@@ -79,6 +80,9 @@ void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql)
 
 AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
     CheckSingle(sql);
+    // Where no statement makes the engine refuse what writes, it is not sent.
+    if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
+        throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     if (!engine_.adapted) return {sql, {}, -1};
     return Adapt(sql, engine_.differences, rules_);
 }
@@ -112,8 +116,10 @@ std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql) {
     const AdaptedStatement adapted = InEngineWords(sql);
     std::shared_ptr<ResultTable> rows;
     Guarded([&] {
-        const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
-        rows = ReadOdbcRows(statement, engine_.fetch);
+        rows = connection_.InTime([&] {
+            const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+            return ReadOdbcRows(statement, engine_.fetch);
+        });
     });
     return adapted.order.isEmpty() ? rows : SortedRows(*rows, adapted.order, adapted.limit);
 }
@@ -139,8 +145,6 @@ const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
 void OdbcSession::Execute(const QString& sql) {
     EndReadScope();
     const AdaptedStatement adapted = InEngineWords(sql);
-    if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
-        throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     Guarded([&] { RunInOwnWords(adapted.text); });
 }
 
@@ -161,16 +165,20 @@ void OdbcSession::EndTransaction(bool keep) {
     transaction_ = false;
     if (!engine_.beginWriting.isEmpty())
         return RunInOwnWords(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
-    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
-    if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    connection_.InTime([&] {
+        const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
     SetAutomaticCommit(true);
 }
 
 void OdbcSession::SetAutomaticCommit(bool on) const {
     const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-    const SQLRETURN result =
-        SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
-    if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    connection_.InTime([&] {
+        const SQLRETURN result =
+            SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
 }
 
 bool OdbcSession::BeginReadScope() noexcept {
