@@ -2,39 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include "platform/DatabaseFile.h"
+#include "platform/OwnDrivers.h"
 #include "platform/database/ConnectionString.h"
 #include "platform/database/OdbcHandle.h"
-#include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
 
-/// The driver manager's lists as the test writes them. It remembers what it has read, so they are the same for all.
 class OdbcDrivers : public testing::Test {
   protected:
-    OdbcDrivers() : system_(qgetenv("ODBCSYSINI")), user_(qgetenv("ODBCINI")) {
-        static const QTemporaryDir folder;
-        QByteArray drivers;
-        for (const char* name : {"PostgreSQL Unicode", "MariaDB Unicode", "FreeTDS", "Eigener Treiber"})
-            drivers += "[" + QByteArray(name) + "]\nDriver = /nowhere/none.so\n";
-        drivers += "[Haustreiber]\nDescription = MariaDB\nDriver = /opt/libpsqlodbcw.so\nUsageCount = 1\n";
-        WriteBytes(folder.filePath(u"odbcinst.ini"_s), drivers);
-        WriteBytes(folder.filePath(u"odbc.ini"_s),
-                   "[staff]\nDriver = PostgreSQL Unicode\n[house]\nDriver = Haustreiber\n"
-                   "[library]\nDescription = PostgreSQL\nDriver = /usr/lib/odbc/libmaodbc.so\n");
-        qputenv("ODBCSYSINI", folder.path().toUtf8());
-        qputenv("ODBCINI", folder.filePath(u"odbc.ini"_s).toUtf8());
-    }
-    ~OdbcDrivers() override {
-        system_.isNull() ? qunsetenv("ODBCSYSINI") : qputenv("ODBCSYSINI", system_);
-        user_.isNull() ? qunsetenv("ODBCINI") : qputenv("ODBCINI", user_);
-    }
-
     static QString TextOf(const QString& connectionString) {
         ConnectionRequest request = ParseConnectionString(connectionString);
         request.connectionTimeout = 60;
@@ -46,7 +25,7 @@ class OdbcDrivers : public testing::Test {
     }
 
   private:
-    QByteArray system_, user_;
+    OwnDrivers lists_;
 };
 
 const QString kPostgres = u"Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=30000000};"_s;
