@@ -85,6 +85,22 @@ TEST_F(ServerUpgrade, AddsTablesColumnsAndIndexesAndTouchesNoRow) {
     EXPECT_EQ(Upgrade().out, kUpToDate);
 }
 
+TEST_F(ServerUpgrade, AFailureOnTheWayLeavesWhatTheEngineCanTakeBackAsItWas) {
+    if (!IsPostgres()) GTEST_SKIP() << "MariaDB takes no change of a table back";
+    server.Run(u"ALTER TABLE M担当者 DROP COLUMN 担当者メモ"_s);
+    DropIndex(u"T閲覧"_s, 1);
+    server.Run(u"CREATE TABLE T閲覧_索引1 (a text)"_s);
+    const QList<QStringList> schema = Schema();
+    const ToolOutput failed = Upgrade();
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.out, u""_s);
+    EXPECT_TRUE(failed.err.startsWith(u"suite-setup: サーバーの一般データベースを更新できません。"_s))
+        << failed.err.toStdString();
+    EXPECT_EQ(Schema(), schema);
+    server.Run(u"DROP TABLE T閲覧_索引1"_s);
+    EXPECT_EQ(Upgrade().out, Added(u"列 M担当者.担当者メモ"_s) + Added(u"索引 T閲覧_索引1"_s));
+}
+
 TEST_F(ServerUpgrade, LeavesWhatTheSiteHasAddedOfItsOwn) {
     server.Run(u"ALTER TABLE M担当者 ADD COLUMN 社内番号 VARCHAR(9); UPDATE M担当者 SET 社内番号 = 'x'"_s);
     EXPECT_EQ(Upgrade().out, kUpToDate);
