@@ -2,8 +2,8 @@
 
 #include <QByteArray>
 
-/// The driver manager's lists of drivers and data sources as tests need them, while it lives. The manager remembers what
-/// it has read, so they are the same for all tests of a program.
+/// The driver manager's lists of drivers and data sources as tests need them, while it lives. The manager remembers
+/// what it has read, so they are the same for all tests of a program.
 class OwnDrivers {
   public:
     OwnDrivers();

@@ -111,8 +111,9 @@ TEST_P(PlainEngine, KeepsAndTakesBackByTheDriversOwnTransactions) {
         kept.Commit();
     }
     { const Transaction takenBack(connection); }
-    EXPECT_TRUE(ReadBytes(Log()).contains("autocommit 0\ntimeout 30000\nrun DELETE FROM M部門\ncommit\nautocommit 1\n"
-                                          "autocommit 0\nrollback\nautocommit 1\n"))
+    EXPECT_TRUE(
+        ReadBytes(Log()).contains("autocommit 0\ntimeout 30000\nrun DELETE FROM M部門\ncommit\nautocommit 1\n"
+                                  "autocommit 0\nrollback\nautocommit 1\n"))
         << ReadBytes(Log()).toStdString();
 }
 

@@ -157,6 +157,31 @@ TEST_F(Trouble, AUserWhoMayOnlyReadSearchesAndWritesNothing) {
     Globals().MainConnection.Close();
 }
 
+TEST_F(Trouble, AUserWhoMayReadTheColumnsOfALookUpAloneIsAnsweredAllTheSameFromOneSnapshot) {
+    const ReadingUser user(server);
+    const QString account = user.Name() + (IsPostgres() ? u""_s : u"@127.0.0.1"_s);
+    server.Run(u"REVOKE SELECT ON M部門 FROM %1"_s.arg(account));
+    server.Run(u"GRANT SELECT (コード, 名称) ON M部門 TO %1"_s.arg(account));
+    Define(u"ユーザーID"_s, user.Name());
+    Define(u"パスワード"_s, ReadingUser::Password());
+    ASSERT_TRUE(OpenGeneral());
+    const qsizetype rows = History().size();
+    const QList<QStringList> names = server.Rows(u"SELECT コード, 名称 FROM M部門 ORDER BY コード"_s);
+    ASSERT_FALSE(names.isEmpty());
+    const auto look = [](const QString& code) { return u"SELECT 名称 FROM M部門 WHERE コード = '%1'"_s.arg(code); };
+    const platform::ReadScope scope(Globals().MainConnection);
+    platform::Recordset found;
+    server.Run(u"UPDATE M部門 SET 名称 = '新'"_s);
+    // So many that fetching all of them at once would pay.
+    for (int code = 960; code < 1000; ++code) EXPECT_FALSE(OpenRecordset(found, look(QString::number(code)), false));
+    for (const QStringList& name : names) {
+        ASSERT_TRUE(OpenRecordset(found, look(name[0]), false)) << LastHistory().toStdString();
+        EXPECT_EQ(found[u"名称"].Text(), name[1]);
+    }
+    EXPECT_EQ(History().size(), rows);
+    Globals().MainConnection.Close();
+}
+
 TEST_F(Trouble, TheGeneralConnectionOfTheProgramCannotWriteWhateverItsUserMay) {
     ASSERT_TRUE(OpenGeneral());
     EXPECT_EQ(NumberOf([] { Globals().MainConnection.Execute(u"DELETE FROM M部門"_s); }), platform::kPermissionDenied);

@@ -60,7 +60,7 @@ OdbcSession::OdbcSession(const ConnectionRequest& request)
       reportedName_(connection_.Information(SQL_DBMS_NAME)),
       engine_(EngineOf(reportedName_)),
       readOnly_(request.mode == ConnectMode::Read),
-      copies_(request.rules, [this](const QString& sql) { return Read(sql); }) {
+      copies_(request.rules, [this](const QString& sql) { return Read(sql, Failure::IsNoMatter); }) {
     StartSession(request);
 }
 
@@ -88,8 +88,9 @@ AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
 }
 
 // A failed statement leaves what is around it to its owner, also where the engine would take back all of it.
-void OdbcSession::Guarded(const std::function<void()>& work) {
-    const bool savepoint = transaction_ && engine_.failureEndsTransaction;
+void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
+    const bool inside = transaction_ || (scope_ && failure == Failure::IsNoMatter);
+    const bool savepoint = inside && engine_.failureEndsTransaction;
     if (savepoint) RunInOwnWords(QStringLiteral("SAVEPOINT ") + kSavepoint);
     try {
         work();
@@ -100,10 +101,11 @@ void OdbcSession::Guarded(const std::function<void()>& work) {
     if (savepoint) RunInOwnWords(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
 }
 
-// A snapshot can't be had again: a failure inside a scope begins a new one, of which nothing is remembered.
+// Every statement of a scope would pay for a savepoint, and a snapshot can't be had again without: a failure inside a
+// scope begins a new one, of which nothing is remembered.
 void OdbcSession::Recover(bool savepoint) noexcept {
     try {
-        if (savepoint) RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
+        if (savepoint) return RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
         if (!scope_) return;
         EndReadScope();
         BeginReadScope();
@@ -112,15 +114,14 @@ void OdbcSession::Recover(bool savepoint) noexcept {
     }
 }
 
-std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql) {
+std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failure) {
     const AdaptedStatement adapted = InEngineWords(sql);
     std::shared_ptr<ResultTable> rows;
-    Guarded([&] {
-        rows = connection_.InTime([&] {
-            const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
-            return ReadOdbcRows(statement, engine_.fetch);
-        });
-    });
+    const auto read = [&] {
+        const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+        return ReadOdbcRows(statement, engine_.fetch);
+    };
+    Guarded([&] { rows = connection_.InTime(read); }, failure);
     return adapted.order.isEmpty() ? rows : SortedRows(*rows, adapted.order, adapted.limit);
 }
 
@@ -130,7 +131,8 @@ std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
     lifted_.Lift(sql);
     if (auto copied = copies_.Find(sql, lifted_)) return copied;
     auto rows = Read(sql);
-    memory_.Keep(sql, rows, UseOf(lifted_.Text()));
+    // It ends with the server.
+    if (scope_) memory_.Keep(sql, rows, UseOf(lifted_.Text()));
     return rows;
 }
 

@@ -21,7 +21,7 @@ using Text = std::u16string;
 struct Cell {
     Text text;
     bool null = false;
-    size_t given = 0;      // units that have been fetched
+    size_t given = 0;  // units that have been fetched
     bool finished = false;
 };
 
@@ -52,7 +52,8 @@ std::string Utf8(const SQLWCHAR* text, SQLINTEGER units) {
         }
         const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
         bytes += static_cast<char>((0xFFU << (7 - more)) | (code >> (6 * more)));
-        for (int shift = 6 * (more - 1); shift >= 0; shift -= 6) bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+        for (int shift = 6 * (more - 1); shift >= 0; shift -= 6)
+            bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
     }
     return bytes;
 }
