@@ -66,27 +66,43 @@ TEST_F(ByDataSource, TheStaffListsJoinedByTheSignGiveTheRowsOfTheOtherDialects) 
     StaffListConditions conditions;
     conditions.allEnrolments = 2;
     conditions.allEmployees = conditions.employeeClass = 6;
+    conditions.code = u"00005"_s;
     conditions.name = u"山"_s;
-    const auto rows = [&] {
+    conditions.kana = u"ﾔﾏ"_s;
+    conditions.departmentCode = u"010"_s;
+    conditions.sectionCode = u"011"_s;
+    Globals().ListCondition = u"M担当者.コード >= '00003' OR M担当者.コード = '00001'"_s;
+    Globals().Environment.OperatingOfficeCode = Globals().ScopeOfficeCode = u"001"_s;
+    const auto rows = [&](int kind) {
         QStringList lines;
         platform::Recordset record;
-        if (!OpenRecordset(record, BuildStaffListQuery(kCompositeSearch, conditions), false)) return lines;
-        for (; !record.AtEOF(); record.MoveNext()) {
+        OpenRecordset(record, BuildStaffListQuery(kind, conditions), false);
+        EXPECT_TRUE(record.IsOpen()) << LastHistory().toStdString();
+        for (; record.IsOpen() && !record.AtEOF(); record.MoveNext()) {
             QStringList cells;
             for (int column = 0; column < record.FieldCount(); ++column)
                 cells.append(record.FieldAt(column).TextOr(u"-"_s));
             lines.append(cells.join(u','));
         }
+        // Namesakes may stand either way round.
+        if (kind == kNameSearch || kind == kKanaSearch) lines.sort();
         return lines;
     };
+    const QList<int> kinds = {kNegativeSearch, kCompositeSearch,  kCodeSearch,   kKanaSearch,
+                              kNameSearch,     kDepartmentSearch, kSectionSearch};
     ASSERT_TRUE(OpenGeneral());
-    const QStringList byServer = rows();
+    QList<QStringList> byServer;
+    for (const int kind : kinds) byServer.append(rows(kind));
     UseSource();
     ASSERT_TRUE(OpenGeneral());
     EXPECT_TRUE(
         BuildStaffListQuery(kCompositeSearch, conditions).contains(u"M事業所.コード(+) = M担当者.事業所コード"_s));
-    EXPECT_FALSE(byServer.isEmpty());
-    EXPECT_EQ(rows(), byServer);
+    int found = 0;
+    for (int i = 0; i < kinds.size(); ++i) {
+        EXPECT_EQ(rows(kinds[i]), byServer[i]) << kinds[i];
+        found += byServer[i].isEmpty() ? 0 : 1;
+    }
+    EXPECT_GE(found, 4);
 }
 
 TEST_F(ByDataSource, OneThatWouldConnectAnewStaysGoneWithItsServerHoweverItNamesItsDriver) {
