@@ -17,7 +17,7 @@ bool IsDigits(QByteArrayView text) {
 
 QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
 
-// The original's brackets, so that the server's adapter gives the name its own quotes.
+// The suite's brackets, so that the server's adapter gives the name its own quotes.
 QString Bracketed(const QString& name) { return u'[' + name + u']'; }
 
 QString Literal(const QByteArray& value) {
