@@ -32,10 +32,13 @@ QStringList Names(const QString& engine, const QStringList& columns) {
     return names;
 }
 
+QString ColumnText(const QString& engine, const TableDefinition& table, const QString& column) {
+    return ServerName(engine, column) + u' ' + Type(engine, table, column);
+}
+
 QString TableStatement(const QString& engine, const TableDefinition& table) {
     QStringList parts;
-    for (const ColumnDefinition& column : table.columns)
-        parts.append(ServerName(engine, column.name) + u' ' + Type(engine, table, column.name));
+    for (const ColumnDefinition& column : table.columns) parts.append(ColumnText(engine, table, column.name));
     if (!table.key.isEmpty()) parts.append(u"PRIMARY KEY ("_s + Names(engine, table.key).join(u", "_s) + u')');
     const QString settings =
         IsPostgres(engine) ? QString() : u" ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_nopad_bin"_s;
@@ -43,10 +46,10 @@ QString TableStatement(const QString& engine, const TableDefinition& table) {
 }
 
 // Nulls come first in every order of the suite, and an index serves an order only if they do so in it too.
-QString IndexStatement(const QString& engine, const QString& table, int number, const QStringList& keys) {
+QString IndexStatement(const QString& engine, const QString& table, const QString& name, const QStringList& keys) {
     const QString place = IsPostgres(engine) ? u" NULLS FIRST"_s : QString();
-    return u"CREATE INDEX "_s + ServerName(engine, table + u"_索引"_s + QString::number(number)) + u" ON "_s +
-           ServerName(engine, table) + u" ("_s + keys.join(place + u", "_s) + place + u')';
+    return u"CREATE INDEX "_s + ServerName(engine, name) + u" ON "_s + ServerName(engine, table) + u" ("_s +
+           keys.join(place + u", "_s) + place + u')';
 }
 
 // Orders by names that lists of staff are asked for. The keys cost far more than the rest of a statement, unless they
@@ -61,12 +64,16 @@ QList<QStringList> TextOrders(const QString& engine, const TableDefinition& tabl
 
 }  // namespace
 
-QString ServerName(const QString& engine, const QString& name) {
+QString KeptServerName(const QString& engine, const QString& name) {
     QString kept = name;
     if (IsPostgres(engine))
         for (QChar& unit : kept)
             if (unit >= u'A' && unit <= u'Z') unit = QChar(unit.unicode() | 0x20);
-    return u'"' + kept.replace(u'"', u"\"\""_s) + u'"';
+    return kept;
+}
+
+QString ServerName(const QString& engine, const QString& name) {
+    return u'"' + KeptServerName(engine, name).replace(u'"', u"\"\""_s) + u'"';
 }
 
 QList<TableDefinition> TablesOf(Store store) {
@@ -75,20 +82,39 @@ QList<TableDefinition> TablesOf(Store store) {
     return tables;
 }
 
+QList<ServerIndex> ServerIndexesOf(const QString& engine, const TableDefinition& table) {
+    QList<QStringList> keys;
+    for (const QStringList& columns : table.indexes) keys.append(Names(engine, columns));
+    keys += TextOrders(engine, table);
+    QList<ServerIndex> indexes;
+    for (const QStringList& of : keys) {
+        const QString name = table.name + u"_索引"_s + QString::number(indexes.size() + 1);
+        indexes.append({name, IndexStatement(engine, table.name, name, of)});
+    }
+    return indexes;
+}
+
+QString AddServerColumnStatement(const QString& engine, const TableDefinition& table, const ColumnDefinition& column) {
+    return u"ALTER TABLE "_s + ServerName(engine, table.name) + u" ADD COLUMN "_s +
+           ColumnText(engine, table, column.name);
+}
+
+QList<std::pair<QString, QString>> ServerFunctionsOf(const QString& engine) {
+    if (!IsPostgres(engine)) return {};
+    const QStringList statements = platform::PostgresTextFunctions();
+    return {{platform::PostgresFoldingFunction(), statements[0]}, {platform::PostgresOrderFunction(), statements[1]}};
+}
+
 ServerSchema ServerSchemaOf(const QString& engine, const QList<TableDefinition>& tables) {
     if (!IsPostgres(engine) && !IsMariaDb(engine))
         throw platform::DatabaseError(
             platform::kProviderNotFound,
             u"%1 の表は作れません。PostgreSQL または MariaDB を指定してください。"_s.arg(engine));
     ServerSchema schema;
-    if (IsPostgres(engine)) schema.tables = platform::PostgresTextFunctions();
+    for (const auto& [name, statement] : ServerFunctionsOf(engine)) schema.tables.append(statement);
     for (const TableDefinition& table : tables) {
         schema.tables.append(TableStatement(engine, table));
-        QList<QStringList> indexes;
-        for (const QStringList& columns : table.indexes) indexes.append(Names(engine, columns));
-        indexes += TextOrders(engine, table);
-        for (int i = 0; i < indexes.size(); ++i)
-            schema.indexes.append(IndexStatement(engine, table.name, i + 1, indexes[i]));
+        for (const ServerIndex& index : ServerIndexesOf(engine, table)) schema.indexes.append(index.statement);
     }
     return schema;
 }

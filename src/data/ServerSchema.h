@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <utility>
 
 #include "data/Catalogue.h"
 
@@ -15,12 +16,29 @@ struct ServerSchema {
     QStringList indexes;
 };
 
+/// One index and the statement that makes it.
+struct ServerIndex {
+    QString name;
+    QString statement;
+};
+
 /// For the tables given, on an engine by the name that its driver reports. kProviderNotFound for an engine whose schema
 /// is not known here.
 ServerSchema ServerSchemaOf(const QString& engine, const QList<TableDefinition>& tables);
 
-/// Name as the engine keeps it, in its quotes.
+/// The indexes of one table beside its key.
+QList<ServerIndex> ServerIndexesOf(const QString& engine, const TableDefinition& table);
+
+/// The statement that adds a column to a table that is there.
+QString AddServerColumnStatement(const QString& engine, const TableDefinition& table, const ColumnDefinition& column);
+
+/// Functions that a schema on the engine brings along, by their names: the statements that make them, anew where they
+/// are there.
+QList<std::pair<QString, QString>> ServerFunctionsOf(const QString& engine);
+
+/// Name as the engine keeps it: with or without its quotes.
 QString ServerName(const QString& engine, const QString& name);
+QString KeptServerName(const QString& engine, const QString& name);
 
 /// The tables of the catalogue that lie in one store.
 QList<TableDefinition> TablesOf(Store store);

@@ -44,6 +44,7 @@ const QString kUsage =
     u"  suite-setup move フォルダ                  複写や移動をしたインストールに自分のファイルを使わせる\n"
     u"  suite-setup upgrade フォルダ [--menu]      "
     u"プログラムを新しい版にし、増えたテーブルや列を加える（データはそのまま）\n"
+    u"      --odbc 接続文字列     サーバーの一般データベースにも、表の所有者として加える\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
     u"  suite-setup server-init --odbc 接続文字列 [--from フォルダ]\n"
     u"                                             サーバーに一般データベースの表を作り、インストールから複写する\n"

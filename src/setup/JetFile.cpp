@@ -87,6 +87,11 @@ class JetFile::Handle {
   public:
     explicit Handle(const QString& path) : mdb_(mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS)) {
         if (mdb_ == nullptr) Fail(u"%1 は Jet/ACE 形式のデータベースではないか、読めません。"_s.arg(path));
+        // Of half a page the library reads on in what it had read before, and may never come to an end.
+        if (QFileInfo(path).size() % static_cast<qint64>(mdb_->fmt->pg_size) != 0) {
+            mdb_close(mdb_);
+            Fail(u"%1 は途中で切れています。"_s.arg(path));
+        }
         mdb_set_bind_size(mdb_, kLongestText);
         mdb_set_date_fmt(mdb_, "%Y%m%d %H%M%S");
         mdb_set_shortdate_fmt(mdb_, "%Y%m%d");
@@ -139,7 +144,13 @@ void JetFile::ReadRows(const QString& table, const std::function<void(const QStr
     const Table opened = handle_->Open(table);
     RowReader reader(opened.get());
     QStringList values;
-    while (reader.Next(values)) take(values);
+    unsigned read = 0;
+    for (; reader.Next(values); ++read) take(values);
+    // A page that is missing ends the rows without a word.
+    if (read != opened->num_rows)
+        Fail(u"表 %1 の %2 行のうち %3 行しか読めません。ファイルが壊れています。"_s.arg(table)
+                 .arg(opened->num_rows)
+                 .arg(read));
 }
 
 }  // namespace setup

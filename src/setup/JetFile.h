@@ -21,8 +21,9 @@ class ForeignTables {
 };
 
 /// A Jet or ACE database file, read by the mdbtools library; never written. Texts come from UTF-16, or from code page
-/// 932 in the oldest format; dates read yyyymmdd, with hhnnss behind a blank where they have a time; numbers are digits.
-/// A text that is longer than a megabyte is a failure.
+/// 932 in the oldest format; dates read yyyymmdd, with hhnnss behind a blank where they have a time; numbers are
+/// digits. A text that is longer than a megabyte is a failure, and so is a table with fewer or more rows than the file
+/// counts.
 class JetFile : public ForeignTables {
   public:
     /// Throws platform::RuntimeError where the file can't be read or has another format.

@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace setup {
 
+const QString kOdbcOption = u"--odbc"_s;
+
 namespace {
 
 struct Field {
@@ -100,6 +102,12 @@ GeneralDatabaseDefinition DefinitionOf(const QString& odbcString) {
     definition.ユーザーID = fields.value(u"user"_s);
     definition.パスワード = fields.value(u"password"_s);
     return definition;
+}
+
+GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) {
+    const QString text = arguments.options.value(kOdbcOption);
+    if (text.isEmpty()) throw Refusal(u"--odbc に接続文字列を指定してください。"_s);
+    return DefinitionOf(text);
 }
 
 }  // namespace setup

@@ -3,8 +3,14 @@
 #include <QString>
 
 #include "data/EnvironmentDefinition.h"
+#include "setup/Arguments.h"
 
 namespace setup {
+
+/// Option that takes such a string.
+extern const QString kOdbcOption;
+/// The definition for its value; Refusal without one.
+GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments);
 
 /// The general database's definition for a connection string of the driver manager, as an administrator types it:
 /// - "Driver=…;Server=…;Port=…;Database=…;UID=…;PWD=…" gives dialect S, with the driver's name as provider;

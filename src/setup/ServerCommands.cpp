@@ -18,13 +18,7 @@ namespace setup {
 
 namespace {
 
-const QString kOdbc = u"--odbc"_s, kFrom = u"--from"_s;
-
-QString OdbcArgument(const Arguments& arguments) {
-    const QString text = arguments.options.value(kOdbc);
-    if (text.isEmpty()) throw Refusal(u"--odbc に接続文字列を指定してください。"_s);
-    return text;
-}
+const QString kFrom = u"--from"_s;
 
 /// Several tables in one statement of an engine that takes back what it has made, one by one on one that does not.
 void DropTables(platform::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
@@ -63,8 +57,6 @@ void MakeTables(platform::Connection& server, const QString& engine, platform::C
     if (engine.startsWith(u"PostgreSQL"_s)) server.Execute(u"ANALYZE"_s);
 }
 
-GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) { return DefinitionOf(OdbcArgument(arguments)); }
-
 void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
     const auto literal = [](QString value) { return u'\'' + value.replace(u'\'', u"''"_s) + u'\''; };
     platform::Connection connection;
@@ -83,9 +75,9 @@ void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& defin
 
 }  // namespace
 
-QList<OptionRule> ServerInitOptions() { return {{kOdbc, true}, {kFrom, true}}; }
+QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}}; }
 
-QList<OptionRule> UseServerOptions() { return {{kOdbc, true}}; }
+QList<OptionRule> UseServerOptions() { return {{kOdbcOption, true}}; }
 
 void InitServer(const Arguments& arguments, const Console& console) {
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);

@@ -5,12 +5,15 @@
 #include <functional>
 
 #include "setup/ConfigurationFiles.h"
+#include "setup/GeneralDatabase.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 #include "setup/Manual.h"
 #include "setup/MenuEntry.h"
+#include "setup/OdbcString.h"
 #include "setup/ProgramFiles.h"
 #include "setup/SchemaRenewal.h"
+#include "setup/ServerRenewal.h"
 #include "setup/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
@@ -65,18 +68,33 @@ void RenewPlaces(Upgrade& upgrade, const FilePlaces& places) {
         });
 }
 
-/// The general database lies where the definition says; on a server it has its own way.
-void RenewGeneral(Upgrade& upgrade, const QString& configuration) {
+/// Tables are changed by their owner, who is seldom the account of the programs.
+void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& owner, const QString& configuration) {
+    try {
+        platform::Connection server;
+        OpenDefined(server, owner, platform::ConnectMode::ReadWrite);
+        for (const QString& line : RenewServer(server)) upgrade.Tell(u"サーバー: %1"_s.arg(line));
+    } catch (const platform::DatabaseError& error) {
+        throw platform::RuntimeError(kWorkFailed,
+                                     u"サーバーの一般データベースを更新できません。%1"_s.arg(error.Description()));
+    }
+    CheckSeenByPrograms(ReadDefinition(configuration));
+}
+
+/// The general database lies where the definition says.
+void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
     platform::Connection connection = OpenForReading(configuration);
     platform::Recordset row;
     row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
     if (row.AtEOF()) return;
     const QString dialect = row[u"db"].TextOr(u""_s).trimmed(), source = row[u"データソース名"].TextOr(u""_s).trimmed();
     row.Close();
-    if (dialect != u"A"_s)
-        upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。\n"_s;
-    else
-        RenewFile(upgrade, platform::SqlitePath(source), Schema(Store::General));
+    const bool asked = arguments.Has(kOdbcOption);
+    if (dialect == u"A"_s && asked) throw Refusal(u"一般データベースはファイルです。--odbc は付けられません。"_s);
+    if (dialect == u"A"_s) return RenewFile(upgrade, platform::SqlitePath(source), Schema(Store::General));
+    if (asked) return RenewGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
+    upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。"_s
+                        << u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s;
 }
 
 void RenewPrograms(Upgrade& upgrade) {
@@ -113,14 +131,14 @@ void EnterInMenu(const QString& root, const Console& console) {
     console.out << u"%1 をメニューに登録しました。\n"_s.arg(WriteMenuEntry(root));
 }
 
-QList<OptionRule> UpgradeOptions() { return {{kMenuOption, false}}; }
+QList<OptionRule> UpgradeOptions() { return {{kMenuOption, false}, {kOdbcOption, true}}; }
 
 void UpgradeInstallation(const Arguments& arguments, const Console& console) {
     Upgrade upgrade{InstallationRoot(arguments.installation), console};
     CheckUpgrade(upgrade.root, console.programFolder);
     const FilePlaces common = CommonPlaces(upgrade.root);
     // The tables first: old programs get on with new columns, new programs not without them.
-    RenewGeneral(upgrade, ConfigurationFile(common.conf));
+    RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
     RenewPlaces(upgrade, common);
     for (const FilePlaces& places : AllPrivatePlaces(upgrade.root)) RenewPlaces(upgrade, places);
     RenewPrograms(upgrade);

@@ -2,36 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include "platform/DatabaseFile.h"
+#include "platform/OwnDrivers.h"
 #include "platform/database/ConnectionString.h"
 #include "platform/database/OdbcHandle.h"
-#include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;
 
 namespace {
 
-/// The driver manager's lists as the test writes them. It remembers what it has read, so they are the same for all.
 class OdbcDrivers : public testing::Test {
   protected:
-    OdbcDrivers() : system_(qgetenv("ODBCSYSINI")), user_(qgetenv("ODBCINI")) {
-        static const QTemporaryDir folder;
-        QByteArray drivers;
-        for (const char* name : {"PostgreSQL Unicode", "MariaDB Unicode", "FreeTDS", "Eigener Treiber"})
-            drivers += "[" + QByteArray(name) + "]\nDriver = /nowhere/none.so\n";
-        WriteBytes(folder.filePath(u"odbcinst.ini"_s), drivers);
-        WriteBytes(folder.filePath(u"odbc.ini"_s), "[staff]\nDriver = PostgreSQL Unicode\n");
-        qputenv("ODBCSYSINI", folder.path().toUtf8());
-        qputenv("ODBCINI", folder.filePath(u"odbc.ini"_s).toUtf8());
-    }
-    ~OdbcDrivers() override {
-        system_.isNull() ? qunsetenv("ODBCSYSINI") : qputenv("ODBCSYSINI", system_);
-        user_.isNull() ? qunsetenv("ODBCINI") : qputenv("ODBCINI", user_);
-    }
-
     static QString TextOf(const QString& connectionString) {
         ConnectionRequest request = ParseConnectionString(connectionString);
         request.connectionTimeout = 60;
@@ -43,11 +25,11 @@ class OdbcDrivers : public testing::Test {
     }
 
   private:
-    QByteArray system_, user_;
+    OwnDrivers lists_;
 };
 
 const QString kPostgres = u"Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=30000000};"_s;
-const QString kMariaDb = u"CHARSET=utf8mb4;CONN_TIMEOUT=60;READ_TIMEOUT=30005;WRITE_TIMEOUT=30005;"_s;
+const QString kMariaDb = u"CHARSET=utf8mb4;AUTO_RECONNECT=0;CONN_TIMEOUT=60;READ_TIMEOUT=30007;WRITE_TIMEOUT=30007;"_s;
 
 }  // namespace
 
@@ -66,6 +48,26 @@ TEST_F(OdbcDrivers, KnownProvidersHaveTheirDriver) {
 TEST_F(OdbcDrivers, AnyOtherProviderIsTheNameOfADriver) {
     EXPECT_EQ(OnServer(u"eigener treiber"_s, u"host"_s),
               u"Driver=Eigener Treiber;Server=host;Database=d;UID=u;PWD=p;"_s);
+}
+
+TEST_F(OdbcDrivers, WhereItsNameTellsNothingADriverIsKnownByItsLibrary) {
+    EXPECT_EQ(OnServer(u"Haustreiber"_s, u"host"_s),
+              u"Driver=Haustreiber;Server=host;Database=d;UID=u;PWD=p;"_s + kPostgres);
+    EXPECT_EQ(TextOf(u"Provider=MSDASQL;Data Source=house;"_s), u"DSN=house;"_s + kPostgres);
+    EXPECT_EQ(TextOf(u"Provider=MSDASQL;Data Source=library;"_s), u"DSN=library;"_s + kMariaDb);
+    EXPECT_EQ(KindOfDriver(u"/opt/microsoft/libmsodbcsql-18.so"_s), OdbcKind::SqlServer);
+    EXPECT_EQ(KindOfDriver(u"/opt/oracle/libsqora.so.21.1"_s), OdbcKind::Oracle);
+    EXPECT_EQ(KindOfDriver(u"Eigener Treiber"_s), OdbcKind::Other);
+}
+
+TEST_F(OdbcDrivers, AnswersAreWaitedForLongerThanStatementsMayRunAndForEverWithoutATimeOut) {
+    ConnectionRequest request;
+    request.commandTimeout = 30000;
+    EXPECT_EQ(AnswerSeconds(request), 30005);
+    request = ParseConnectionString(u"Provider=MariaDB;Data Source=h;Initial Catalog=d;"_s);
+    request.commandTimeout = 0;
+    EXPECT_EQ(AnswerSeconds(request), 0);
+    EXPECT_TRUE(OdbcConnectionText(request).endsWith(u"READ_TIMEOUT=0;WRITE_TIMEOUT=0;"_s));
 }
 
 TEST_F(OdbcDrivers, APortStandsBehindTheServer) {

@@ -191,6 +191,29 @@ TEST_F(Agreement, EveryConditionOfTheInquiryFindsTheSamePeople) {
     ExpectSameInAllOrders();
 }
 
+TEST_F(Agreement, EverySelectionOfSeveralFindsTheSamePeople) {
+    QStringList codes;
+    for (int code = 1; code <= 2'000; ++code) codes.append(u"M担当者.コード = '%1'"_s.arg(code, 5, 10, QChar(u'0')));
+    const QStringList selections = {
+        u"(M担当者.氏名 LIKE '%山%' OR M担当者.氏名 LIKE '%ﾔﾏﾀﾞ%' OR M担当者.氏名 LIKE '%it''s%')"_s,
+        u"(M担当者.カナ LIKE '%ﾔ%' AND M担当者.カナ LIKE '%ﾛ%')"_s,
+        u"((M担当者.住所A LIKE '%東京%' OR M担当者.住所A LIKE '%ﾋﾞﾙ%') OR (M担当者.住所B LIKE '%1%')"
+        u" OR (M担当者.住所C LIKE '%ビル%'))"_s,
+        u"(M担当者.電話 LIKE '%03%' OR M担当者.電話 LIKE '%9000_%')"_s,
+        u"(M担当者.郵便番号 LIKE '%1%' AND M担当者.郵便番号 LIKE '%0%')"_s,
+        u"(M担当者.部門コード = '010' OR M担当者.部門コード = '020')"_s,
+        u'(' + codes.join(u" OR "_s) + u')'};
+    Globals().Conditions.EnrolmentKind = 9;
+    Globals().Conditions.DisplayOrder = 3;
+    const QString statement = BuildStaffStatement();
+    for (const QString& selection : selections) {
+        const QString sql = QString(statement).replace(u" ORDER BY"_s, u" AND "_s + selection + u" ORDER BY"_s);
+        ASSERT_NE(sql, statement);
+        EXPECT_FALSE(RowsOf(file, sql).isEmpty()) << selection.left(200).toStdString();
+        ExpectSameRows(sql, {u"カナ"_s});
+    }
+}
+
 TEST_F(Agreement, EveryStaffListGivesTheSameRows) {
     StaffListConditions conditions;
     conditions.allEnrolments = 2;

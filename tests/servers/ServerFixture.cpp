@@ -12,6 +12,30 @@ using namespace Qt::StringLiterals;
 
 ToolOutput RunServerTool(const QStringList& arguments) { return RunTool(arguments); }
 
+namespace {
+bool IsPostgresRun() { return ServerDatabase::Engine() == u"PostgreSQL"_s; }
+}  // namespace
+
+ReadingUser::ReadingUser(const ServerDatabase& server) : server_(server), name_(u"reader_"_s + server.Name()) {
+    server_.Run(
+        (IsPostgresRun() ? u"CREATE ROLE %1 LOGIN PASSWORD '%2'"_s : u"CREATE USER %1@127.0.0.1 IDENTIFIED BY '%2'"_s)
+            .arg(name_, Password()));
+    Grant();
+}
+
+ReadingUser::~ReadingUser() {
+    server_.Run((IsPostgresRun() ? u"DROP OWNED BY %1; DROP ROLE %1"_s : u"DROP USER %1@127.0.0.1"_s).arg(name_));
+}
+
+void ReadingUser::Grant() const {
+    if (IsPostgresRun()) return server_.Run(u"GRANT SELECT ON ALL TABLES IN SCHEMA public TO %1"_s.arg(name_));
+    // Table by table, as for the other engine: what is granted on a whole database holds for what is yet to come.
+    const QString tables =
+        u"SELECT table_name FROM information_schema.tables WHERE table_schema = '%1'"_s.arg(server_.Name());
+    for (const QStringList& row : server_.Rows(tables))
+        server_.Run(u"GRANT SELECT ON \"%1\" TO %2@127.0.0.1"_s.arg(row.first(), name_));
+}
+
 OnServer::OnServer(int staff) : installation({.staff = staff}) {
     const ToolOutput made =
         RunTool({u"server-init"_s, u"--odbc"_s, server.OdbcString(), u"--from"_s, installation.Root()});

@@ -35,5 +35,23 @@ class OnServer : public ::testing::Test {
     HeadForm form;
 };
 
+/// An account of the server that may read the tables that are there now, and no more; gone at its end.
+class ReadingUser {
+  public:
+    explicit ReadingUser(const ServerDatabase& server);
+    ~ReadingUser();
+    ReadingUser(const ReadingUser&) = delete;
+    ReadingUser& operator=(const ReadingUser&) = delete;
+
+    const QString& Name() const { return name_; }
+    static QString Password() { return QStringLiteral("r"); }
+    /// Lets it read the tables that have been made since.
+    void Grant() const;
+
+  private:
+    const ServerDatabase& server_;
+    QString name_;
+};
+
 /// The tool on its arguments, without programs beside it.
 ToolOutput RunServerTool(const QStringList& arguments);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QTemporaryDir>
 
 #include "data/ServerSchema.h"
 #include "setup/ImportCommand.h"
@@ -129,6 +130,34 @@ TEST(JetFiles, RealFilesAreReadAndTheirMissingTablesTold) {
     const ToolOutput refused = RunTool({u"import"_s, installation.Root(), kSamples + u"/ASampleDatabase.accdb"_s});
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(refused.err.contains(u"には次の表がなく、何も取り込んでいません。M担当者、Mユーザ、M事業所、"_s));
+}
+
+/// The first pages of a sample, of 4,096 bytes each.
+static QString CutSample(const QTemporaryDir& folder, qint64 bytes) {
+    const QString file = folder.filePath(QString::number(bytes) + u".accdb"_s);
+    WriteBytes(file, ReadBytes(kSamples + u"/ASampleDatabase.accdb"_s).first(bytes));
+    return file;
+}
+
+static QString WordsOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const platform::RuntimeError& error) {
+        return error.Description();
+    }
+    return {};
+}
+
+TEST(JetFiles, AFileThatIsCutShortIsAFailureAndNotAFewRows) {
+    if (!QDir(kSamples).exists()) GTEST_SKIP() << "no samples of real desktop formats beside the sources";
+    const QTemporaryDir folder;
+    const QString half = CutSample(folder, 435'814), fewer = CutSample(folder, qint64{46} * 4'096);
+    EXPECT_EQ(WordsOf([&] { const setup::JetFile file(half); }), half + u" は途中で切れています。"_s);
+    const setup::JetFile short46(fewer);
+    int rows = 0;
+    EXPECT_EQ(WordsOf([&] { short46.ReadRows(u"Asset Items"_s, [&](const QStringList&) { ++rows; }); }),
+              u"表 Asset Items の 65 行のうち 58 行しか読めません。ファイルが壊れています。"_s);
+    EXPECT_EQ(rows, 58);
 }
 
 TEST(JetFiles, DatesAreDigits) {

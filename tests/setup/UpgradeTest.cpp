@@ -172,7 +172,31 @@ TEST_F(SuiteSetupUpgrade, FollowsTheDefinitionToTheGeneralDatabase) {
 
 TEST_F(SuiteSetupUpgrade, LeavesAGeneralDatabaseOnAServerAlone) {
     Alter(Configuration(), {u"UPDATE データベース定義 SET db = 'S', データソース名 = 'x'"_s});
-    EXPECT_EQ(Upgrade().out, u"一般データベースはサーバーにあるので、そのままです。\n"_s + kUpToDate);
+    EXPECT_EQ(Upgrade().out,
+              u"一般データベースはサーバーにあるので、そのままです。"
+              u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s +
+                  kUpToDate);
+}
+
+TEST_F(SuiteSetupUpgrade, WithAServersOwnerForAGeneralDatabaseInAFileIsRefusedAndChangesNothing) {
+    Alter(Configuration(), {u"ALTER TABLE 動作環境定義 DROP COLUMN バックアップ方法"_s});
+    const QByteArray configuration = ReadBytes(Configuration());
+    const ToolOutput output = Upgrade({u"--odbc"_s, u"DSN=x"_s});
+    EXPECT_EQ(output.status, 2);
+    EXPECT_EQ(output.err.section(u'\n', 0, 0),
+              u"suite-setup: 一般データベースはファイルです。--odbc は付けられません。"_s);
+    EXPECT_EQ(ReadBytes(Configuration()), configuration);
+}
+
+TEST_F(SuiteSetupUpgrade, OfAServerThatIsNotReachedChangesNothingAndSaysWhy) {
+    Alter(Configuration(), {u"UPDATE データベース定義 SET db = 'S', データソース名 = 'x'"_s});
+    WriteProgram(programs.filePath(u"要員名簿照会"_s), "newest");
+    const ToolOutput output = Upgrade({u"--odbc"_s, u"DSN=nirgends"_s});
+    EXPECT_EQ(output.status, 1);
+    EXPECT_EQ(output.err,
+              u"suite-setup: サーバーの一般データベースを更新できません。"
+              u"データソース「nirgends」が ODBC に登録されていません。\n"_s);
+    EXPECT_NE(ReadBytes(Root() + u"/prgbin/要員名簿照会"_s), "newest");
 }
 
 TEST_F(SuiteSetupUpgrade, TellsWhichFileCannotBeChangedAndLeavesItAndTheProgramsAsTheyWere) {

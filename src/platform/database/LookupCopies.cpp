@@ -17,7 +17,7 @@ bool IsDigits(QByteArrayView text) {
 
 QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
 
-// The original's brackets, so that the server's adapter gives the name its own quotes.
+// The suite's brackets, so that the server's adapter gives the name its own quotes.
 QString Bracketed(const QString& name) { return u'[' + name + u']'; }
 
 QString Literal(const QByteArray& value) {
@@ -90,7 +90,7 @@ void LookupCopies::Note(Lookup& lookup, const LiftedStatement& lifted) const {
 }
 
 std::shared_ptr<ResultTable> LookupCopies::Find(const QString& sql, const LiftedStatement& lifted) {
-    if (lifted.LiteralCount() == 0) return nullptr;
+    if (lifted.LiteralCount() == 0 || givenUp_) return nullptr;
     // Held here too: a fetch that fails ends the scope, and all that is known with it.
     const std::shared_ptr<Lookup> known = Known(lifted);
     Lookup& lookup = *known;
@@ -119,13 +119,22 @@ void LookupCopies::TryCopy(Lookup& lookup) {
         if (!lookup.varies[term.literal])
             conditions.append(Bracketed(term.column) + u' ' + term.sign + u' ' + Literal(lookup.values[term.literal]));
     const QString where = conditions.isEmpty() ? QString() : QStringLiteral(" WHERE ") + conditions.join(u" AND ");
-    const auto rows =
-        fetch_(QStringLiteral("SELECT TOP %1 * FROM %2").arg(most + 1).arg(Bracketed(lookup.shape->table)) + where);
-    if (static_cast<quint64>(rows->RowCount()) > most) return;
+    const auto rows = FetchedOrNone(
+        QStringLiteral("SELECT TOP %1 * FROM %2").arg(most + 1).arg(Bracketed(lookup.shape->table)) + where);
+    if (rows == nullptr || static_cast<quint64>(rows->RowCount()) > most) return;
     if (Comparable(lookup, *rows))
         lookup.copy = Filled(lookup, *rows);
     else
         lookup.shape.reset();
+}
+
+std::shared_ptr<ResultTable> LookupCopies::FetchedOrNone(const QString& sql) {
+    try {
+        return fetch_(sql);
+    } catch (const DatabaseError&) {
+        givenUp_ = true;
+        return nullptr;
+    }
 }
 
 // Columns whose terms the copy has to decide, or by which it puts rows in order.

@@ -19,7 +19,8 @@ namespace platform {
 /// on runs over this copy: inside a scope, which is one snapshot, its results are the same.
 ///
 /// That holds where copy and server compare alike, so only texts made of digits are compared here; every other value
-/// goes to the server. The rows fetched never cost more than half of the look-ups that went before.
+/// goes to the server. The rows fetched never cost more than half of the look-ups that went before. Where they can't be
+/// fetched nothing is copied any more: a user may be let read the columns of a look-up and no others.
 class LookupCopies {
   public:
     /// Runs a statement on the server, in the same scope.
@@ -27,7 +28,8 @@ class LookupCopies {
 
     LookupCopies(const TextRules& rules, Fetch fetch) : rules_(rules), fetch_(std::move(fetch)) {}
 
-    /// The rows of a statement, lifted by the caller; null where the server has to be asked. Throws what Fetch throws.
+    /// The rows of a statement, lifted by the caller; null where the server has to be asked. Throws what the copy
+    /// throws.
     std::shared_ptr<ResultTable> Find(const QString& sql, const LiftedStatement& lifted);
     /// At the end of the scope.
     void Forget();
@@ -46,11 +48,13 @@ class LookupCopies {
     void Note(Lookup& lookup, const LiftedStatement& lifted) const;
     bool Covers(const Lookup& lookup, const LiftedStatement& lifted) const;
     void TryCopy(Lookup& lookup);
+    std::shared_ptr<ResultTable> FetchedOrNone(const QString& sql);
     bool Comparable(const Lookup& lookup, const ResultTable& rows) const;
     std::unique_ptr<SqliteSession> Filled(const Lookup& lookup, const ResultTable& rows) const;
 
     TextRules rules_;
     Fetch fetch_;
+    bool givenUp_ = false;
     QHash<QString, std::shared_ptr<Lookup>> lookups_;  // by the text without literals
 };
 

@@ -13,14 +13,20 @@ struct KindWord {
     OdbcKind kind;
 };
 
-constexpr std::array<KindWord, 7> kKindWords = {{
+// Parts of names of drivers and of their libraries.
+constexpr std::array<KindWord, 12> kKindWords = {{
     {QLatin1StringView("postgres"), OdbcKind::PostgreSql},
     {QLatin1StringView("psqlodbc"), OdbcKind::PostgreSql},
     {QLatin1StringView("maria"), OdbcKind::MariaDb},
+    {QLatin1StringView("maodbc"), OdbcKind::MariaDb},
     {QLatin1StringView("mysql"), OdbcKind::MariaDb},
+    {QLatin1StringView("myodbc"), OdbcKind::MariaDb},
     {QLatin1StringView("sql server"), OdbcKind::SqlServer},
+    {QLatin1StringView("msodbcsql"), OdbcKind::SqlServer},
     {QLatin1StringView("freetds"), OdbcKind::SqlServer},
+    {QLatin1StringView("tdsodbc"), OdbcKind::SqlServer},
     {QLatin1StringView("oracle"), OdbcKind::Oracle},
+    {QLatin1StringView("sqora"), OdbcKind::Oracle},
 }};
 
 struct ProviderDrivers {
@@ -52,7 +58,8 @@ constexpr std::array<ProviderDrivers, 11> kProviders = {{
     {QLatin1StringView("MSDASQL"), ""},
 }};
 
-// The name and the second text of every driver or data source that the manager lists.
+// The name of every driver or data source that the manager lists, and what it says of it: of a data source its driver,
+// of a driver texts like "Driver=library", each with an end mark.
 using Lister = SQLRETURN (*)(SQLHENV, SQLUSMALLINT, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*, SQLWCHAR*, SQLSMALLINT,
                              SQLSMALLINT*);
 
@@ -64,15 +71,33 @@ QList<std::pair<QString, QString>> Listed(Lister list) {
     std::array<SQLWCHAR, 512> name{}, more{};
     SQLSMALLINT nameUnits = 0, moreUnits = 0;
     SQLUSMALLINT direction = SQL_FETCH_FIRST;
-    const auto text = [](const std::array<SQLWCHAR, 512>& units) {
-        return QString::fromUtf16(reinterpret_cast<const char16_t*>(units.data()));
+    const auto text = [](const std::array<SQLWCHAR, 512>& units, qsizetype count) {
+        return QString::fromUtf16(reinterpret_cast<const char16_t*>(units.data()), count);
     };
     while (SQL_SUCCEEDED(list(environment.Get(), direction, name.data(), name.size(), &nameUnits, more.data(),
                               more.size(), &moreUnits))) {
-        entries.append({text(name), text(more)});
+        const auto room = static_cast<qsizetype>(more.size()) - 1;
+        entries.append({text(name, -1), text(more, std::clamp<qsizetype>(moreUnits, 0, room))});
         direction = SQL_FETCH_NEXT;
     }
     return entries;
+}
+
+OdbcKind KindOfName(const QString& name) {
+    const auto word = std::find_if(kKindWords.begin(), kKindWords.end(), [&](const KindWord& entry) {
+        return name.contains(entry.part, Qt::CaseInsensitive);
+    });
+    return word == kKindWords.end() ? OdbcKind::Other : word->kind;
+}
+
+// Null where no driver of that name is installed.
+QString LibraryOf(const QString& driver) {
+    const QString field = QStringLiteral("Driver=");
+    for (const auto& [name, attributes] : Listed(&SQLDriversW))
+        if (name.compare(driver, Qt::CaseInsensitive) == 0)
+            for (const QString& attribute : attributes.split(QChar(0)))
+                if (attribute.startsWith(field, Qt::CaseInsensitive)) return attribute.sliced(field.size());
+    return {};
 }
 
 [[noreturn]] void RaiseNoDriver(const QString& provider, const QStringList& drivers) {
@@ -124,20 +149,24 @@ QString ByServer(const ConnectionRequest& request, OdbcKind kind, const QString&
     return text + OdbcField(QStringLiteral("Database"), request.initialCatalog);
 }
 
-constexpr int kGrace = 5;  // seconds in which a server that still lives ends a statement by itself
+constexpr int kGrace = 5;         // seconds in which a server that still lives ends a statement by itself
+constexpr int kDriversGrace = 7;  // for a driver with a time-out of its own: who tells the user ends the wait before
+
+int WithGrace(int commandTimeout, int grace) { return commandTimeout > 0 ? commandTimeout + grace : 0; }
 
 // What the provider asks of a driver whatever the site has set up. The driver of PostgreSQL shall not put savepoints
 // around statements: that is the session's business; and a network that has died, or a server that no longer takes
-// anything, is noticed within the statement's time-out.
+// anything, is noticed within the statement's time-out. That of MariaDB shall not connect anew: the new session would
+// not be that of the provider, and when it tries it is itself what crashes.
 QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
     switch (kind) {
         case OdbcKind::PostgreSql:
             return QStringLiteral("Protocol=7.4-0;UseDeclareFetch=0;pqopt={keepalives=1 tcp_user_timeout=%1};")
                 .arg(request.commandTimeout * qint64{1000});
         case OdbcKind::MariaDb:
-            return QStringLiteral("CHARSET=utf8mb4;CONN_TIMEOUT=%1;READ_TIMEOUT=%2;WRITE_TIMEOUT=%2;")
+            return QStringLiteral("CHARSET=utf8mb4;AUTO_RECONNECT=0;CONN_TIMEOUT=%1;READ_TIMEOUT=%2;WRITE_TIMEOUT=%2;")
                 .arg(request.connectionTimeout)
-                .arg(request.commandTimeout + kGrace);
+                .arg(WithGrace(request.commandTimeout, kDriversGrace));
         default:
             return {};
     }
@@ -146,11 +175,11 @@ QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
 }  // namespace
 
 OdbcKind KindOfDriver(const QString& driver) {
-    const auto word = std::find_if(kKindWords.begin(), kKindWords.end(), [&](const KindWord& entry) {
-        return driver.contains(entry.part, Qt::CaseInsensitive);
-    });
-    return word == kKindWords.end() ? OdbcKind::Other : word->kind;
+    const OdbcKind named = KindOfName(driver);
+    return named == OdbcKind::Other ? KindOfName(LibraryOf(driver)) : named;
 }
+
+int AnswerSeconds(const ConnectionRequest& request) { return WithGrace(request.commandTimeout, kGrace); }
 
 QStringList InstalledOdbcDrivers() {
     QStringList names;

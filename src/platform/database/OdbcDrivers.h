@@ -10,8 +10,13 @@ namespace platform {
 /// The engines whose drivers are known; each wants a few attributes of its own.
 enum class OdbcKind { PostgreSql, MariaDb, SqlServer, Oracle, Other };
 
-/// What a driver of that name, in the driver manager's list, is for.
+/// What a driver is for: by its name in the driver manager's list or, where that tells nothing, by its library's. Also
+/// takes the library itself, which is what many data sources name.
 OdbcKind KindOfDriver(const QString& driver);
+
+/// How long an answer is waited for, a little longer than a statement may run on the server. 0 where there is no
+/// time-out.
+int AnswerSeconds(const ConnectionRequest& request);
 
 /// The driver manager's connection string for a request:
 /// - with an Initial Catalog, also an empty one, by server and database. The Data Source is "server", "server:port" or

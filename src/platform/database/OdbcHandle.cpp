@@ -92,15 +92,28 @@ SQLPOINTER AsValue(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); 
 
 }  // namespace
 
-OdbcConnection::OdbcConnection(const QString& text, int loginSeconds)
-    : environment_(MakeEnvironment()), handle_(SQL_HANDLE_ENV, environment_.Get()) {
+OdbcConnection::OdbcConnection(const QString& text, int loginSeconds, int answerSeconds)
+    : answerSeconds_(answerSeconds),
+      watch_(std::make_unique<AnswerWatch>()),
+      environment_(MakeEnvironment()),
+      handle_(SQL_HANDLE_ENV, environment_.Get()) {
     // A driver that knows no time-out says so, and connects all the same.
     SQLSetConnectAttr(handle_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsValue(static_cast<SQLULEN>(loginSeconds)), 0);
     handle_.Check(
         SQLDriverConnectW(handle_.Get(), nullptr, OdbcText(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
+    watch_->Begin(std::chrono::seconds(answerSeconds));
 }
 
-OdbcConnection::~OdbcConnection() { SQLDisconnect(handle_.Get()); }
+OdbcConnection::~OdbcConnection() {
+    const AnswerWatch::Turn turn(*watch_);
+    SQLDisconnect(handle_.Get());
+}
+
+void OdbcConnection::RaiseNoAnswer() const {
+    throw DatabaseError(
+        kEngineFailure,
+        QStringLiteral("サーバーが %1 秒待っても応答しないため、接続を切りました。").arg(answerSeconds_));
+}
 
 QString OdbcConnection::Information(SQLUSMALLINT which) const {
     std::array<SQLWCHAR, 256> text{};
@@ -110,12 +123,17 @@ QString OdbcConnection::Information(SQLUSMALLINT which) const {
 }
 
 OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
-    OdbcStatement statement(SQL_HANDLE_DBC, handle_.Get());
-    if (scrollable) SQLSetStmtAttr(statement.Get(), SQL_ATTR_CURSOR_TYPE, AsValue(SQL_CURSOR_STATIC), 0);
-    // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
-    const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
-    if (result != SQL_NO_DATA) statement.Check(result);
-    return statement;
+    return InTime([&] {
+        OdbcStatement statement(SQL_HANDLE_DBC, handle_.Get());
+        if (scrollable) SQLSetStmtAttr(statement.Get(), SQL_ATTR_CURSOR_TYPE, AsValue(SQL_CURSOR_STATIC), 0);
+        if (statementSeconds_ > 0)
+            SQLSetStmtAttr(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsValue(static_cast<SQLULEN>(statementSeconds_)),
+                           0);
+        // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
+        const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
+        if (result != SQL_NO_DATA) statement.Check(result);
+        return statement;
+    });
 }
 
 }  // namespace platform

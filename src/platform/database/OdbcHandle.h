@@ -5,9 +5,11 @@
 
 #include <QString>
 #include <QStringView>
+#include <memory>
 #include <utility>
 
 #include "platform/RuntimeError.h"
+#include "platform/database/AnswerWatch.h"
 
 namespace platform {
 
@@ -49,12 +51,13 @@ class OdbcHandle {
 using OdbcEnvironment = OdbcHandle<SQL_HANDLE_ENV>;
 using OdbcStatement = OdbcHandle<SQL_HANDLE_STMT>;
 
-/// A connection to a server; ended at its end, also when the server is gone.
+/// A connection to a server; ended at its end, also when the server is gone or says nothing any more.
 class OdbcConnection {
   public:
-    /// `text` is the driver manager's connection string, `loginSeconds` how long to wait for an answer. Throws
-    /// DatabaseError.
-    OdbcConnection(const QString& text, int loginSeconds);
+    /// `text` is the driver manager's connection string, `loginSeconds` how long to wait for the connection, and
+    /// `answerSeconds` for any answer behind that: then it is ended, and everything on it fails. 0 waits for ever.
+    /// Throws DatabaseError.
+    OdbcConnection(const QString& text, int loginSeconds, int answerSeconds);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection&) = delete;
     OdbcConnection& operator=(const OdbcConnection&) = delete;
@@ -62,11 +65,30 @@ class OdbcConnection {
     SQLHANDLE Get() const { return handle_.Get(); }
     /// What the driver says of the engine, as SQL_DBMS_NAME.
     QString Information(SQLUSMALLINT which) const;
+    /// Has the driver end every statement that runs longer, if it can.
+    void LimitStatements(int seconds) { statementSeconds_ = seconds; }
     /// A new statement, with the text run; `scrollable` where its rows may be fetched more than once. Throws
     /// DatabaseError.
     OdbcStatement Run(const QString& sql, bool scrollable = false) const;
+    /// Gives what `work` gives. All that waits for the server belongs in here: where the answer does not come in time,
+    /// the DatabaseError says so.
+    template <typename Work>
+    auto InTime(Work work) const {
+        const AnswerWatch::Turn turn(*watch_);
+        try {
+            return work();
+        } catch (const DatabaseError&) {
+            if (watch_->Ended()) RaiseNoAnswer();
+            throw;
+        }
+    }
 
   private:
+    [[noreturn]] void RaiseNoAnswer() const;
+
+    int answerSeconds_;
+    int statementSeconds_ = 0;
+    std::unique_ptr<AnswerWatch> watch_;
     OdbcEnvironment environment_;
     OdbcHandle<SQL_HANDLE_DBC> handle_;
 };

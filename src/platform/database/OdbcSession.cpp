@@ -56,11 +56,11 @@ std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& reques
 
 OdbcSession::OdbcSession(const ConnectionRequest& request)
     : rules_(request.rules),
-      connection_(OdbcConnectionText(request), request.connectionTimeout),
+      connection_(OdbcConnectionText(request), request.connectionTimeout, AnswerSeconds(request)),
       reportedName_(connection_.Information(SQL_DBMS_NAME)),
       engine_(EngineOf(reportedName_)),
       readOnly_(request.mode == ConnectMode::Read),
-      copies_(request.rules, [this](const QString& sql) { return Read(sql); }) {
+      copies_(request.rules, [this](const QString& sql) { return Read(sql, Failure::IsNoMatter); }) {
     StartSession(request);
 }
 
@@ -68,6 +68,7 @@ OdbcSession::~OdbcSession() { EndReadScope(); }
 
 void OdbcSession::StartSession(const ConnectionRequest& request) {
     const qint64 seconds = request.commandTimeout;
+    if (engine_.atStart.isEmpty()) connection_.LimitStatements(request.commandTimeout);
     for (const QString& statement : engine_.atStart)
         RunInOwnWords(QString(statement)
                           .replace(QStringLiteral("%1"), QString::number(seconds * 1000))
@@ -79,13 +80,17 @@ void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql)
 
 AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
     CheckSingle(sql);
+    // Where no statement makes the engine refuse what writes, it is not sent.
+    if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
+        throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     if (!engine_.adapted) return {sql, {}, -1};
     return Adapt(sql, engine_.differences, rules_);
 }
 
 // A failed statement leaves what is around it to its owner, also where the engine would take back all of it.
-void OdbcSession::Guarded(const std::function<void()>& work) {
-    const bool savepoint = transaction_ && engine_.failureEndsTransaction;
+void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
+    const bool inside = transaction_ || (scope_ && failure == Failure::IsNoMatter);
+    const bool savepoint = inside && engine_.failureEndsTransaction;
     if (savepoint) RunInOwnWords(QStringLiteral("SAVEPOINT ") + kSavepoint);
     try {
         work();
@@ -96,10 +101,11 @@ void OdbcSession::Guarded(const std::function<void()>& work) {
     if (savepoint) RunInOwnWords(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
 }
 
-// A snapshot can't be had again: a failure inside a scope begins a new one, of which nothing is remembered.
+// Every statement of a scope would pay for a savepoint, and a snapshot can't be had again without: a failure inside a
+// scope begins a new one, of which nothing is remembered.
 void OdbcSession::Recover(bool savepoint) noexcept {
     try {
-        if (savepoint) RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
+        if (savepoint) return RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
         if (!scope_) return;
         EndReadScope();
         BeginReadScope();
@@ -108,13 +114,14 @@ void OdbcSession::Recover(bool savepoint) noexcept {
     }
 }
 
-std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql) {
+std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failure) {
     const AdaptedStatement adapted = InEngineWords(sql);
     std::shared_ptr<ResultTable> rows;
-    Guarded([&] {
+    const auto read = [&] {
         const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
-        rows = ReadOdbcRows(statement, engine_.fetch);
-    });
+        return ReadOdbcRows(statement, engine_.fetch);
+    };
+    Guarded([&] { rows = connection_.InTime(read); }, failure);
     return adapted.order.isEmpty() ? rows : SortedRows(*rows, adapted.order, adapted.limit);
 }
 
@@ -124,7 +131,8 @@ std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
     lifted_.Lift(sql);
     if (auto copied = copies_.Find(sql, lifted_)) return copied;
     auto rows = Read(sql);
-    memory_.Keep(sql, rows, UseOf(lifted_.Text()));
+    // It ends with the server.
+    if (scope_) memory_.Keep(sql, rows, UseOf(lifted_.Text()));
     return rows;
 }
 
@@ -139,8 +147,6 @@ const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
 void OdbcSession::Execute(const QString& sql) {
     EndReadScope();
     const AdaptedStatement adapted = InEngineWords(sql);
-    if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
-        throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     Guarded([&] { RunInOwnWords(adapted.text); });
 }
 
@@ -161,16 +167,20 @@ void OdbcSession::EndTransaction(bool keep) {
     transaction_ = false;
     if (!engine_.beginWriting.isEmpty())
         return RunInOwnWords(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
-    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
-    if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    connection_.InTime([&] {
+        const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
     SetAutomaticCommit(true);
 }
 
 void OdbcSession::SetAutomaticCommit(bool on) const {
     const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-    const SQLRETURN result =
-        SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
-    if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    connection_.InTime([&] {
+        const SQLRETURN result =
+            SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
 }
 
 bool OdbcSession::BeginReadScope() noexcept {

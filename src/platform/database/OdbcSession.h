@@ -30,12 +30,16 @@ class OdbcSession : public DatabaseSession {
     void EndReadScope() noexcept override;
 
   private:
+    /// What a failed statement means inside a scope: it fails for the caller, who has to take another snapshot, or
+    /// nobody needs it and the snapshot stays.
+    enum class Failure { IsTheCallers, IsNoMatter };
+
     void StartSession(const ConnectionRequest& request);
-    std::shared_ptr<ResultTable> Read(const QString& sql);
+    std::shared_ptr<ResultTable> Read(const QString& sql, Failure failure = Failure::IsTheCallers);
     AdaptedStatement InEngineWords(const QString& sql) const;
     const std::shared_ptr<StatementUse>& UseOf(const QString& lifted);
     void RunInOwnWords(const QString& sql) const;
-    void Guarded(const std::function<void()>& work);
+    void Guarded(const std::function<void()>& work, Failure failure = Failure::IsTheCallers);
     void Recover(bool savepoint) noexcept;
     void SetAutomaticCommit(bool on) const;
     void EndTransaction(bool keep);

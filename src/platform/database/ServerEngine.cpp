@@ -27,7 +27,9 @@ ServerEngine PostgreSql() {
     engine.differences.orderFunction = PostgresOrderFunction();
     engine.differences.caseBlindFunction = QStringLiteral("lower");
     engine.fetch = OdbcFetch::Utf16Blocks;
-    engine.atStart = {QStringLiteral("SET statement_timeout = %1")};
+    // The suite doubles quotes and nothing else: a backslash is a sign like any other, whatever the site has set.
+    engine.atStart = {QStringLiteral("SET statement_timeout = %1"),
+                      QStringLiteral("SET standard_conforming_strings = on")};
     engine.readOnly = QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY");
     // The snapshot is taken by the first statement that reads.
     engine.beginReading = {QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"),
@@ -46,9 +48,11 @@ ServerEngine MariaDb(const QString& name) {
     engine.differences.sortsInProvider = true;
     engine.differences.caseBlindFunction = QStringLiteral("LOWER");
     engine.fetch = OdbcFetch::Utf8Blocks;
-    engine.atStart = {QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"
-                                     "STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION'"),
-                      QStringLiteral("SET SESSION max_statement_time = %2")};
+    engine.atStart = {
+        QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"
+                       "STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION'"
+                       // Each of the two takes the other's setting for a comment.
+                       " /*M!100100 , max_statement_time = %2 */ /*!50708 , max_execution_time = %1 */")};
     engine.readOnly = QStringLiteral("SET SESSION TRANSACTION READ ONLY");
     engine.beginReading = {QStringLiteral("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ"),
                            QStringLiteral("START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY")};

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+namespace platform {
+
+/// Ends the network connection of a driver that waits for an answer too long. Time-outs of a server reach nobody where
+/// what it says gets lost, and a network that takes everything and gives nothing back, as a balancer between them does
+/// that hangs, is no fault to TCP: a driver without a time-out of its own waits for ever. Its sockets are found as
+/// those that have come while it connected; where none can be found nothing is watched.
+class AnswerWatch {
+  public:
+    using Clock = std::chrono::steady_clock;
+
+    /// To be made before the driver connects.
+    AnswerWatch();
+    ~AnswerWatch();
+    AnswerWatch(const AnswerWatch&) = delete;
+    AnswerWatch& operator=(const AnswerWatch&) = delete;
+
+    /// To be called when the driver has connected. From then on each turn may last for that time; without any, for
+    /// ever.
+    void Begin(Clock::duration patience);
+    /// The time of a turn was over, and the connection has been ended: whatever waits on it has failed.
+    bool Ended() const;
+
+    /// One wait for the server. One inside another counts as part of it.
+    class Turn {
+      public:
+        explicit Turn(AnswerWatch& watch);
+        ~Turn();
+        Turn(const Turn&) = delete;
+        Turn& operator=(const Turn&) = delete;
+
+      private:
+        AnswerWatch& watch_;
+        bool outermost_;
+    };
+
+  private:
+    void Watch();
+
+    std::set<unsigned long> before_;  // sockets that are none of the driver's
+    std::vector<int> sockets_;        // descriptors of our own for the driver's
+    Clock::duration patience_{};
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    Clock::time_point deadline_ = Clock::time_point::max();  // of the turn that runs
+    bool ended_ = false, over_ = false;
+    std::thread thread_;
+};
+
+}  // namespace platform

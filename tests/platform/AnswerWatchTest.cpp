@@ -1,0 +1,115 @@
+#include "platform/database/AnswerWatch.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+using platform::AnswerWatch;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kShort = 50ms;
+constexpr auto kLong = 1h;
+
+/// A server that takes connections and never says a word.
+class AnswerWatchTest : public testing::Test {
+  protected:
+    AnswerWatchTest() { silent.listen(QHostAddress::LocalHost); }
+
+    void Connect(QTcpSocket& one) const {
+        one.connectToHost(QHostAddress::LocalHost, silent.serverPort());
+        ASSERT_TRUE(one.waitForConnected());
+    }
+    /// Waits for a word, as a driver does that has no time-out. What recv gives: 0 where the connection was ended.
+    static ssize_t Receive(const QTcpSocket& one) {
+        char sign = 0;
+        const int descriptor = ::dup(static_cast<int>(one.socketDescriptor()));
+        ::fcntl(descriptor, F_SETFL, 0);
+        const ssize_t received = ::recv(descriptor, &sign, 1, 0);
+        ::close(descriptor);
+        return received;
+    }
+    static bool IsOpen(const QTcpSocket& one) {
+        const char sign = 'x';
+        return ::send(static_cast<int>(one.socketDescriptor()), &sign, 1, MSG_NOSIGNAL) == 1;
+    }
+
+    void ExpectOpenFor(qint64 milliseconds, const AnswerWatch& watch) const {
+        QElapsedTimer timer;
+        for (timer.start(); timer.elapsed() < milliseconds;) ASSERT_FALSE(watch.Ended());
+        EXPECT_TRUE(IsOpen(socket));
+    }
+
+    QTcpServer silent;
+    QTcpSocket before, socket;
+};
+
+}  // namespace
+
+TEST_F(AnswerWatchTest, ATurnThatLastsTooLongEndsTheConnectionAndNoOther) {
+    Connect(before);
+    AnswerWatch watch;
+    Connect(socket);
+    watch.Begin(kShort);
+    QElapsedTimer timer;
+    timer.start();
+    {
+        const AnswerWatch::Turn turn(watch);
+        EXPECT_EQ(Receive(socket), 0);
+    }
+    EXPECT_GE(timer.elapsed(), 50);
+    EXPECT_TRUE(watch.Ended());
+    EXPECT_FALSE(IsOpen(socket));
+    EXPECT_TRUE(IsOpen(before));
+}
+
+TEST_F(AnswerWatchTest, EachTurnHasItsOwnTimeAndWhatLiesBetweenHasNone) {
+    AnswerWatch watch;
+    Connect(socket);
+    watch.Begin(1s);
+    QElapsedTimer timer;
+    for (timer.start(); timer.elapsed() < 1'200;) {
+        const AnswerWatch::Turn turn(watch);
+        EXPECT_TRUE(IsOpen(socket));
+    }
+    ExpectOpenFor(1'200, watch);
+}
+
+TEST_F(AnswerWatchTest, ATurnInsideAnotherCountsAsPartOfIt) {
+    AnswerWatch watch;
+    Connect(socket);
+    watch.Begin(kShort);
+    const AnswerWatch::Turn whole(watch);
+    QElapsedTimer timer;
+    for (timer.start(); !watch.Ended() && timer.elapsed() < 60'000;) const AnswerWatch::Turn part(watch);
+    EXPECT_TRUE(watch.Ended());
+}
+
+TEST_F(AnswerWatchTest, TheEndWaitsForNoTimeOut) {
+    QElapsedTimer timer;
+    timer.start();
+    {
+        AnswerWatch watch;
+        Connect(socket);
+        watch.Begin(kLong);
+        const AnswerWatch::Turn turn(watch);
+        ExpectOpenFor(100, watch);
+    }
+    EXPECT_LT(timer.elapsed(), 60'000);
+    EXPECT_TRUE(IsOpen(socket));
+}
+
+TEST_F(AnswerWatchTest, WithoutATimeOutNothingIsEnded) {
+    AnswerWatch watch;
+    Connect(socket);
+    watch.Begin(0s);
+    const AnswerWatch::Turn turn(watch);
+    ExpectOpenFor(100, watch);
+}

@@ -1,0 +1,208 @@
+// A driver for the driver manager that has no server: it writes down what it is told, and answers every statement with
+// the same rows. It stands for the drivers of engines that get statements as they are written.
+//   MEIBO_TEST_DRIVER_LOG     the file that it writes to, one line for each call
+//   MEIBO_TEST_DRIVER_ENGINE  the engine that it says it is for
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Text = std::u16string;
+
+struct Cell {
+    Text text;
+    bool null = false;
+    size_t given = 0;  // units that have been fetched
+    bool finished = false;
+};
+
+struct Statement {
+    int row = -1;
+    std::vector<Cell> cells;
+    bool failed = false;
+};
+
+// A text that takes several pieces, with a sign of two units across the border of the first, then a Null.
+std::vector<Cell> RowAt(int row) {
+    if (row == 0) return {{Text(1022, u'長') + u"𠮷" + Text(2000, u'い')}, {u"", true}};
+    return {{u""}, {u"短"}};
+}
+
+constexpr int kRows = 2;
+
+std::string Utf8(const SQLWCHAR* text, SQLINTEGER units) {
+    std::string bytes;
+    const auto* begin = reinterpret_cast<const char16_t*>(text);
+    const Text whole = units == SQL_NTS ? Text(begin) : Text(begin, static_cast<size_t>(units));
+    for (size_t i = 0; i < whole.size(); ++i) {
+        char32_t code = whole[i];
+        if (code >= 0xD800 && code < 0xDC00) code = 0x10000 + ((code - 0xD800) << 10) + (whole[++i] - 0xDC00);
+        if (code < 0x80) {
+            bytes += static_cast<char>(code);
+            continue;
+        }
+        const int more = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+        bytes += static_cast<char>((0xFFU << (7 - more)) | (code >> (6 * more)));
+        for (int shift = 6 * (more - 1); shift >= 0; shift -= 6)
+            bytes += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+    }
+    return bytes;
+}
+
+void Note(const std::string& line) {
+    if (const char* file = std::getenv("MEIBO_TEST_DRIVER_LOG")) std::ofstream(file, std::ios::app) << line << '\n';
+}
+
+// What ASCII text fits, with its end mark; the length in bytes.
+void Give(const std::string& text, SQLPOINTER target, SQLSMALLINT bytes, SQLSMALLINT* length) {
+    auto* units = static_cast<SQLWCHAR*>(target);
+    const size_t count = std::min(text.size(), static_cast<size_t>(bytes) / sizeof(SQLWCHAR) - 1);
+    std::copy_n(text.begin(), count, units);
+    units[count] = 0;
+    if (length != nullptr) *length = static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR));
+}
+
+long Number(SQLPOINTER value) { return static_cast<long>(reinterpret_cast<SQLLEN>(value)); }
+
+}  // namespace
+
+extern "C" {
+
+SQLRETURN SQLAllocHandle(SQLSMALLINT type, SQLHANDLE, SQLHANDLE* handle) {
+    *handle = type == SQL_HANDLE_STMT ? static_cast<SQLHANDLE>(new Statement) : static_cast<SQLHANDLE>(new char);
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLFreeHandle(SQLSMALLINT type, SQLHANDLE handle) {
+    if (type == SQL_HANDLE_STMT)
+        delete static_cast<Statement*>(handle);
+    else
+        delete static_cast<char*>(handle);
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER) { return SQL_SUCCESS; }
+
+SQLRETURN SQLSetConnectAttrW(SQLHDBC, SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER) {
+    if (attribute == SQL_ATTR_LOGIN_TIMEOUT) Note("login " + std::to_string(Number(value)));
+    if (attribute == SQL_ATTR_AUTOCOMMIT) Note("autocommit " + std::to_string(Number(value)));
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR* text, SQLSMALLINT units, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*,
+                            SQLUSMALLINT) {
+    Note("connect " + Utf8(text, units));
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLDisconnect(SQLHDBC) {
+    Note("disconnect");
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLGetInfoW(SQLHDBC, SQLUSMALLINT which, SQLPOINTER target, SQLSMALLINT bytes, SQLSMALLINT* length) {
+    const char* engine = std::getenv("MEIBO_TEST_DRIVER_ENGINE");
+    if (which == SQL_DBMS_NAME)
+        Give(engine == nullptr ? "" : engine, target, bytes, length);
+    else if (which == SQL_DRIVER_ODBC_VER)
+        Give("03.51", target, bytes, length);
+    else
+        std::memset(target, 0, sizeof(SQLUSMALLINT));
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLSetStmtAttrW(SQLHSTMT, SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER) {
+    if (attribute == SQL_ATTR_QUERY_TIMEOUT) Note("timeout " + std::to_string(Number(value)));
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLGetStmtAttrW(SQLHSTMT, SQLINTEGER, SQLPOINTER value, SQLINTEGER, SQLINTEGER*) {
+    *static_cast<SQLPOINTER*>(value) = nullptr;
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER units) {
+    const std::string sql = Utf8(text, units);
+    Note("run " + sql);
+    auto* statement = static_cast<Statement*>(handle);
+    statement->failed = sql.find("M無") != std::string::npos;
+    return statement->failed ? SQL_ERROR : SQL_SUCCESS;
+}
+
+SQLRETURN SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT how) {
+    Note(how == SQL_COMMIT ? "commit" : "rollback");
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLNumResultCols(SQLHSTMT, SQLSMALLINT* count) {
+    *count = 2;
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLDescribeColW(SQLHSTMT, SQLUSMALLINT column, SQLWCHAR* name, SQLSMALLINT units, SQLSMALLINT* length,
+                          SQLSMALLINT* type, SQLULEN* size, SQLSMALLINT* digits, SQLSMALLINT* nullable) {
+    Give(column == 1 ? "ONE" : "TWO", name, static_cast<SQLSMALLINT>(units * 2), nullptr);
+    *length = 3;
+    *type = SQL_WVARCHAR;
+    *size = 4000;
+    *digits = 0;
+    *nullable = SQL_NULLABLE;
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLColAttributeW(SQLHSTMT, SQLUSMALLINT, SQLUSMALLINT, SQLPOINTER target, SQLSMALLINT bytes,
+                           SQLSMALLINT* length, SQLLEN*) {
+    Give("VARCHAR2", target, bytes, length);
+    return SQL_SUCCESS;
+}
+
+SQLRETURN SQLFetch(SQLHSTMT handle) {
+    auto* statement = static_cast<Statement*>(handle);
+    if (++statement->row >= kRows) return SQL_NO_DATA;
+    statement->cells = RowAt(statement->row);
+    return SQL_SUCCESS;
+}
+
+// As much as fits, with an end mark; what is told is the length of all that is left.
+SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT, SQLPOINTER target, SQLLEN bytes, SQLLEN* left) {
+    Cell& cell = static_cast<Statement*>(handle)->cells[column - 1U];
+    if (cell.finished) return SQL_NO_DATA;
+    const size_t rest = cell.text.size() - cell.given;
+    *left = cell.null ? SQL_NULL_DATA : static_cast<SQLLEN>(rest * sizeof(SQLWCHAR));
+    const size_t count = std::min(rest, static_cast<size_t>(bytes) / sizeof(SQLWCHAR) - 1);
+    auto* units = static_cast<SQLWCHAR*>(target);
+    std::copy_n(cell.text.begin() + static_cast<std::ptrdiff_t>(cell.given), count, units);
+    units[count] = 0;
+    cell.given += count;
+    cell.finished = count == rest;
+    return cell.finished ? SQL_SUCCESS : SQL_SUCCESS_WITH_INFO;
+}
+
+SQLRETURN SQLFreeStmt(SQLHSTMT, SQLUSMALLINT) { return SQL_SUCCESS; }
+
+SQLRETURN SQLGetDiagRecW(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT record, SQLWCHAR* state, SQLINTEGER* code,
+                         SQLWCHAR* text, SQLSMALLINT units, SQLSMALLINT* length) {
+    if (record > 1 || type != SQL_HANDLE_STMT || !static_cast<Statement*>(handle)->failed) return SQL_NO_DATA;
+    Give("42S02", state, 6 * sizeof(SQLWCHAR), nullptr);
+    *code = 942;
+    const std::string words = "[Plain][Engine]ORA-00942: table or view does not exist";
+    Give(words, text, static_cast<SQLSMALLINT>(units * 2), nullptr);
+    *length = static_cast<SQLSMALLINT>(words.size());
+    return SQL_SUCCESS;
+}
+
+// Without it the manager does not ask for the words either.
+SQLRETURN SQLGetDiagFieldW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT, SQLSMALLINT, SQLPOINTER, SQLSMALLINT, SQLSMALLINT*) {
+    return SQL_ERROR;
+}
+
+}  // extern "C"
