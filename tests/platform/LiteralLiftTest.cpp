@@ -59,6 +59,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{u"SELECT a FROM t WHERE b = 'x' AND c = ?"_s, u"SELECT a FROM t WHERE b = 'x' AND c = ?"_s, {}},
         Case{u"SELECT a FROM t WHERE b = 'x' AND c = 'y"_s, u"SELECT a FROM t WHERE b = 'x' AND c = 'y"_s, {}},
         Case{u"SELECT a FROM t WHERE b = 'x''y' 'z'"_s, u"SELECT a FROM t WHERE b = ?1 ?2"_s, {u"x'y"_s, u"z"_s}},
+        Case{u"SELECT a FROM t WHERE b = 'x'5 AND c = 'y'"_s, u"SELECT a FROM t WHERE b = 'x'5 AND c = 'y'"_s, {}},
+        Case{u"SELECT a FROM t WHERE b = 'x' AND c = 'y'0"_s, u"SELECT a FROM t WHERE b = 'x' AND c = 'y'0"_s, {}},
         Case{u""_s, u""_s, {}}));
 
 TEST(LiteralLiftShapes, StatementsThatOnlyBeginAlikeAreKeptApart) {

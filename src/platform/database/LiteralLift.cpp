@@ -18,6 +18,8 @@ bool IsOneOf(QStringView word, const std::array<QStringView, N>& keywords) {
     });
 }
 
+bool IsDigit(QChar unit) { return unit >= u'0' && unit <= u'9'; }
+
 // Codes, dates and digits are ASCII, where one character is one byte.
 void AppendUtf8(std::string& target, QStringView text) {
     const auto ascii = [](QChar unit) { return unit.unicode() < 0x80; };
@@ -88,6 +90,8 @@ bool LiftedStatement::TryTokens(QStringView sql) {
         if (token.kind == TokenKind::End) break;
         if (token.kind == TokenKind::Word) valuesMayCome = valuesMayCome || IsOneOf(text, kBeforeValues);
         if (token.kind != TokenKind::Text || !valuesMayCome) continue;
+        // The digit would become part of the parameter's number.
+        if (token.end < sql.size() && IsDigit(sql[token.end])) return false;
         AppendLiteral(text);
         shape.between.push_back(sql.sliced(copied, token.begin - copied).toString());
         shape.text.append(shape.between.back()).append(u'?').append(QString::number(ends_.size()));
