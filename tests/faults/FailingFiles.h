@@ -2,7 +2,8 @@
 
 #include "platform/FileSystem.h"
 
-/// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder.
+/// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder, the opening of an
+/// output.
 class FailingFiles : public platform::HostFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override;

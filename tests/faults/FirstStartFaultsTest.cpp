@@ -42,6 +42,8 @@ class FirstStartUnderFaults : public FaultTest {
                   (QList<QStringList>{{u";DATABASE="_s + Own(kOwnFiles[1])}}));
         EXPECT_EQ(QDir(Own(u"report"_s)).entryList(QDir::Files | QDir::Hidden, QDir::Name),
                   QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
+        EXPECT_EQ(QDir(Own(u"conf"_s)).entryList(QDir::Files | QDir::Hidden, QDir::Name),
+                  QStringList(u"usrcnfg.accdb"_s));
     }
     static QStringList Tables(const QString& path) {
         QStringList names;

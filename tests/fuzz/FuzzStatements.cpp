@@ -24,17 +24,33 @@ sqlite3* Engine() {
     return database;
 }
 
+/// The values that were lifted are those of the last texts in quotes.
+bool ArriveAsWritten(const std::vector<platform::Token>& tokens, const platform::LiftedStatement& lifted) {
+    size_t left = lifted.LiteralCount();
+    for (auto token = tokens.rbegin(); token != tokens.rend() && left > 0; ++token) {
+        if (token->kind != platform::TokenKind::Text) continue;
+        QString written = token->text.sliced(1, token->text.size() - 2);
+        written.replace(QStringLiteral("''"), QStringLiteral("'"));
+        if (lifted.Literal(--left) != written.toUtf8()) return false;
+    }
+    return left == 0;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString sql = FuzzInput(data, size).Text();
+    const std::vector<platform::Token> tokens = platform::SplitStatement(sql);
     QString whole;
-    for (const platform::Token& token : platform::SplitStatement(sql)) whole += token.before + token.text;
+    for (const platform::Token& token : tokens) whole += token.before + token.text;
     Require(whole == sql, "the tokens are the statement");
     if (const auto tree = platform::ParseStatement(sql))
         Require(platform::StatementText(*tree) == sql, "an untouched tree is the statement");
     platform::LiftedStatement lifted;
-    lifted.Lift(sql);
+    for (int time = 0; time < 2; ++time) {  // the second time by its shape
+        lifted.Lift(sql);
+        Require(ArriveAsWritten(tokens, lifted), "a text in quotes arrives as it was written");
+    }
     const QByteArray adapted = platform::AdaptStatement(sql, kEngine, {}).toUtf8();
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(Engine(), adapted.constData(), static_cast<int>(adapted.size()), &statement, nullptr);
