@@ -1,9 +1,11 @@
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QStringList>
 #include <QTreeView>
@@ -43,6 +45,15 @@ void MakeRoomForColumns(QFileDialog& dialog) {
         files->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
 }
 
+/// A list of entries tells assistive tools its entry, and what the entry is for only where it has a name.
+void NameLists(QFileDialog& dialog) {
+    for (const QString& list : {QStringLiteral("lookIn"), QStringLiteral("fileType")}) {
+        const auto* caption = dialog.findChild<QLabel*>(list + QStringLiteral("Label"));
+        auto* combo = dialog.findChild<QComboBox*>(list + QStringLiteral("Combo"));
+        if (caption != nullptr && combo != nullptr) combo->setAccessibleName(caption->text().remove(u':'));
+    }
+}
+
 /// The folder of the proposed name, or the nearest one around it that exists.
 QString NearestFolder(const QString& path) {
     QString folder = QFileInfo(path).absolutePath();
@@ -76,6 +87,7 @@ std::optional<QString> WidgetDialogs::ShowSave(const SaveQuestion& question) {
     dialog.setNameFilters(filters);
     if (question.FilterIndex >= 1 && question.FilterIndex <= filters.size())
         dialog.selectNameFilter(filters[question.FilterIndex - 1]);
+    NameLists(dialog);
     Propose(dialog, question.FileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return dialog.selectedFiles().first();

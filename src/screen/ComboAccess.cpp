@@ -14,7 +14,9 @@ class ComboAccess : public QAccessibleWidget {
     explicit ComboAccess(QComboBox& combo) : QAccessibleWidget(&combo, QAccessible::ComboBox), combo_(combo) {}
 
     QString text(QAccessible::Text kind) const override {
-        if (kind != QAccessible::Value && kind != QAccessible::Description) return QAccessibleWidget::text(kind);
+        const bool named = !combo_.accessibleName().isEmpty();
+        const bool entry = kind == QAccessible::Value || kind == (named ? QAccessible::Description : QAccessible::Name);
+        if (!entry) return QAccessibleWidget::text(kind);
         return combo_.currentIndex() < 0 ? combo_.placeholderText() : combo_.currentText();
     }
 
@@ -53,8 +55,7 @@ class ComboAccess : public QAccessibleWidget {
 
 QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
     auto* combo = qobject_cast<QComboBox*>(object);
-    const bool named = combo != nullptr && !combo->isEditable() && !combo->accessibleName().isEmpty();
-    return named ? new ComboAccess(*combo) : nullptr;
+    return combo != nullptr && !combo->isEditable() ? new ComboAccess(*combo) : nullptr;
 }
 
 }  // namespace

@@ -64,6 +64,16 @@ class SaveDialog : public testing::Test {
 
 }  // namespace
 
+TEST_F(SaveDialog, ItsListsOfEntriesAreToldByTheirCaptions) {
+    QStringList told;
+    Ask(folder.filePath(u"a.csv"_s), [&](QFileDialog& dialog, QLineEdit&) {
+        for (const QString& list : {u"lookInCombo"_s, u"fileTypeCombo"_s})
+            told << dialog.findChild<QComboBox*>(list)->accessibleName();
+        dialog.reject();
+    });
+    EXPECT_EQ(told, QStringList({u"Look in"_s, u"Files of type"_s}));
+}
+
 TEST_F(SaveDialog, ProposesTheNameInItsFolderWithTheSecondKind) {
     const QString path = folder.filePath(u"要員名簿照会.CSV"_s);
     EXPECT_EQ(Ask(path,
