@@ -46,18 +46,17 @@ TEST_F(OdbcDrivers, KnownProvidersHaveTheirDriver) {
 }
 
 TEST_F(OdbcDrivers, AnyOtherProviderIsTheNameOfADriver) {
-    EXPECT_EQ(OnServer(u"eigener treiber"_s, u"host"_s),
-              u"Driver=Eigener Treiber;Server=host;Database=d;UID=u;PWD=p;"_s);
+    EXPECT_EQ(OnServer(u"site driver"_s, u"host"_s), u"Driver=Site Driver;Server=host;Database=d;UID=u;PWD=p;"_s);
 }
 
 TEST_F(OdbcDrivers, WhereItsNameTellsNothingADriverIsKnownByItsLibrary) {
-    EXPECT_EQ(OnServer(u"Haustreiber"_s, u"host"_s),
-              u"Driver=Haustreiber;Server=host;Database=d;UID=u;PWD=p;"_s + kPostgres);
+    EXPECT_EQ(OnServer(u"House Driver"_s, u"host"_s),
+              u"Driver=House Driver;Server=host;Database=d;UID=u;PWD=p;"_s + kPostgres);
     EXPECT_EQ(TextOf(u"Provider=MSDASQL;Data Source=house;"_s), u"DSN=house;"_s + kPostgres);
     EXPECT_EQ(TextOf(u"Provider=MSDASQL;Data Source=library;"_s), u"DSN=library;"_s + kMariaDb);
     EXPECT_EQ(KindOfDriver(u"/opt/microsoft/libmsodbcsql-18.so"_s), OdbcKind::SqlServer);
     EXPECT_EQ(KindOfDriver(u"/opt/oracle/libsqora.so.21.1"_s), OdbcKind::Oracle);
-    EXPECT_EQ(KindOfDriver(u"Eigener Treiber"_s), OdbcKind::Other);
+    EXPECT_EQ(KindOfDriver(u"Site Driver"_s), OdbcKind::Other);
 }
 
 TEST_F(OdbcDrivers, AnswersAreWaitedForLongerThanStatementsMayRunAndForEverWithoutATimeOut) {
@@ -104,7 +103,7 @@ TEST_F(OdbcDrivers, WhatIsNotInstalledIsNamed) {
 TEST_F(OdbcDrivers, ADriverWhoseFileIsGoneFailsWithTheManagersWords) {
     Connection connection;
     const QString words = ErrorOf(
-        [&] { connection.Open(u"Provider=Eigener Treiber;User ID=;Password=;Data Source=h;Initial Catalog=d;"_s); });
+        [&] { connection.Open(u"Provider=Site Driver;User ID=;Password=;Data Source=h;Initial Catalog=d;"_s); });
     EXPECT_TRUE(words.contains(u"/nowhere/none.so"_s)) << words.toStdString();
     EXPECT_FALSE(words.startsWith(u'['));
 }

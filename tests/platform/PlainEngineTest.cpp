@@ -15,7 +15,7 @@ using namespace platform;
 namespace {
 
 const QString kByName = u"Provider=MSDASQL;User ID=u;Password=p;Data Source=plain;"_s;
-const QString kByServer = u"Provider=Klartext;User ID=u;Password=p;Data Source=h;Initial Catalog=d;"_s;
+const QString kByServer = u"Provider=Plain Driver;User ID=u;Password=p;Data Source=h;Initial Catalog=d;"_s;
 
 class PlainEngine : public testing::TestWithParam<QString> {
   protected:

@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QComboBox>
 #include <QtTest/QTest>
 
 #include "screen/Button.h"
@@ -106,6 +107,17 @@ TEST_F(Access, ListOfEntriesKeepsItsNameAndTellsTheEntryShown) {
     EXPECT_EQ(access->child(0)->childCount(), 2);
     EXPECT_EQ(access->indexOfChild(access->child(0)), 0);
     EXPECT_EQ(access->child(1), nullptr);
+}
+
+TEST_F(Access, ListOfEntriesIsToldByItsEntryUntilItGetsAName) {
+    const ComboItem known(form, form, u"区分"_s);  // from the first one on every list is read so
+    QComboBox list;
+    list.addItem(u"CSV ファイル"_s);
+    EXPECT_EQ(NameOf(list), u"CSV ファイル"_s);
+    EXPECT_EQ(DescriptionOf(list), QString());
+    list.setAccessibleName(u"ファイルの種類"_s);
+    EXPECT_EQ(NameOf(list), u"ファイルの種類"_s);
+    EXPECT_EQ(DescriptionOf(list), u"CSV ファイル"_s);
 }
 
 TEST_F(Access, ScreenReaderDropsAListDownAndLeavesADisabledOneShut) {
