@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QStringList>
 #include <QTreeView>
 
@@ -17,6 +18,7 @@ namespace platform {
 namespace {
 
 constexpr QSize kSize(800, 520);
+constexpr int kPlaces = 140;
 constexpr int kDateColumn = 3;
 
 /// Qt's Japanese texts lack this one.
@@ -38,11 +40,13 @@ QStringList NameFilters(const QString& filter) {
     return filters;
 }
 
-/// By itself the dialog comes up too narrow for its columns, and cuts the dates.
+/// By itself the dialog comes up too narrow for its columns and places, and cuts dates and names.
 void MakeRoomForColumns(QFileDialog& dialog) {
     dialog.resize(kSize);
     if (const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
         files->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
+    if (auto* parts = dialog.findChild<QSplitter*>(QStringLiteral("splitter")))
+        parts->setSizes({kPlaces, kSize.width() - kPlaces});
 }
 
 /// A list of entries tells assistive tools its entry, and what the entry is for only where it has a name.
