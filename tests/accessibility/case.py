@@ -58,16 +58,17 @@ class InquiryCase(unittest.TestCase):
         wait_for("the first list", lambda: cls.rows.texts("担当者コード")[0])
 
     @classmethod
-    def open(cls, title):
-        """The window with that title, of whatever program, with the keyboard in it and something in focus."""
-        window = wait_for(f"the window {title}", lambda: cls.find(title))
+    def open(cls, title, beside=None):
+        """The window with that title, of whatever program, with the keyboard in it and something in focus. Beside another
+        one of that title it is the second."""
+        window = wait_for(f"the window {title}", lambda: cls.find(title, beside))
         cls.screen.focus(title)
         wait_for(f"the focus in {title}", lambda: tree.focused(tree.nodes(window)))
         return window
 
     @staticmethod
-    def find(title):
-        windows = (tree.window_of(program, title) for program in programs())
+    def find(title, beside=None):
+        windows = (tree.window_of(program, title, beside) for program in programs())
         return next((window for window in windows if window), None)
 
     @classmethod

@@ -1,5 +1,6 @@
 """The registration program, as a click on a row opens it."""
 
+import tree
 from case import InquiryCase
 from desk import wait_for
 
@@ -26,6 +27,44 @@ class Registration(InquiryCase):
         form = self.open_first_row()
         self.assert_chain(form, STOPS)
         self.finish(form)
+
+    def answer(self, form, text, buttons, answer):
+        """The message or question in front: its words are told, its buttons are walked, and one ends it."""
+        message = self.open(TITLE, beside=form)
+        self.assertIsNotNone(tree.named(message, text))
+        if len(buttons) > 1:
+            self.assert_chain(message, buttons)
+            self.go_to(message, answer)
+        self.assertEqual(self.focused(message).name, answer)
+        self.screen.key("space")
+        wait_for(f"the end of {text}", lambda: not tree.shows(message))
+
+    def test_refused_value_is_told_and_leads_back_to_its_item(self):
+        form = self.open_first_row()
+        name = tree.text_of(self.go_to(form, "氏名"))
+        self.enter(form, "氏名", "")
+        self.go_to(form, "btn_保存")
+        self.screen.key("space")
+        self.answer(form, "氏名を入力してください。", ["OK"], "OK")
+        self.screen.focus(TITLE)
+        wait_for("the item again", lambda: self.focused(form).name == "氏名")
+        self.go_to(form, "btn_終了")
+        self.screen.key("space")
+        self.answer(form, "修正が保存されていません。終了しますか?", ["はい", "いいえ"], "はい")
+        wait_for("the end of the registration", lambda: self.find(TITLE) is None)
+        self.return_to_main()
+        self.assertEqual(self.rows.texts("担当者名")[0], name)
+
+    def test_question_before_a_removal_is_told_and_no_keeps_the_person(self):
+        form = self.open_first_row()
+        name = tree.text_of(self.go_to(form, "氏名"))
+        self.go_to(form, "btn_削除")
+        self.screen.key("space")
+        self.answer(form, f"担当者コード 00001 {name} を削除しますか?", ["はい", "いいえ"], "いいえ")
+        self.screen.focus(TITLE)
+        wait_for("the button again", lambda: self.focused(form).name == "btn_削除")
+        self.finish(form)
+        self.assertEqual(self.rows.texts("担当者コード")[0], "00001")
 
     def test_what_is_changed_there_is_read_in_the_list(self):
         form = self.open_first_row()

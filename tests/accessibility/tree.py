@@ -55,13 +55,14 @@ def stop(node):
     return Stop(node.name, node.getRoleName(), node.description)
 
 
-def window_of(program, title):
-    """The window of a program with that title, as long as it shows."""
+def window_of(program, title, beside=None):
+    """The window of a program with that title, as long as it shows, which is not the one given."""
     try:
         windows = [program.getChildAtIndex(place) for place in range(program.childCount)]
     except GLib.Error:
         return None
-    return next((window for window in windows if window and window.name == title and shows(window)), None)
+    titled = (window for window in windows if window and window.name == title and window != beside)
+    return next((window for window in titled if shows(window)), None)
 
 
 def named(window, name, role=None):
