@@ -1,22 +1,22 @@
 #include "data/UserConfiguration.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <QDir>
 #include <QFile>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 
 #include "data/Connections.h"
 #include "data/Environment.h"
 #include "frame/ProgramGlobals.h"
-#include "platform/OutputFile.h"
 #include "platform/RuntimeError.h"
 #include "screen/Form.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
+#include "support/FullBehind.h"
 #include "support/SampleInstallation.h"
 #include "support/StandInRegistry.h"
 #include "support/TestServices.h"
@@ -48,7 +48,9 @@ class WatchedFiles : public platform::HostFileSystem {
         const QString name = QFileInfo(target).fileName();
         meanwhile();
         copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
-        return name == diskFullAt ? CopyOnFullDisk(source, target) : HostFileSystem::CopyFile(source, target);
+        std::optional<FullBehind> full;
+        if (name == diskFullAt) full.emplace(QFileInfo(source).size() / 2);
+        return HostFileSystem::CopyFile(source, target);
     }
     bool RemoveFile(const QString& path) const override {
         return QFileInfo(path).fileName() != unremovable && HostFileSystem::RemoveFile(path);
@@ -60,18 +62,6 @@ class WatchedFiles : public platform::HostFileSystem {
         if (!noFolderBelow.isEmpty() && path.startsWith(noFolderBelow))
             throw platform::RuntimeError(70, u"書き込む権限がありません。"_s);
         HostFileSystem::CreateFolder(path);
-    }
-
-  private:
-    bool CopyOnFullDisk(const QString& source, const QString& target) const {
-        platform::LetWritesPastALimitFail();
-        rlimit kept = {};
-        getrlimit(RLIMIT_FSIZE, &kept);
-        const rlimit tight{static_cast<rlim_t>(QFileInfo(source).size() / 2), kept.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-        const bool copied = HostFileSystem::CopyFile(source, target);
-        setrlimit(RLIMIT_FSIZE, &kept);
-        return copied;
     }
 };
 

@@ -1,31 +1,13 @@
 #include "faults/FailingFiles.h"
 
-#include <sys/resource.h>
-
 #include <QFileInfo>
 
 #include "platform/RuntimeError.h"
+#include "support/FullBehind.h"
 
 namespace {
 
 constexpr qint64 kBlock = 16 * 1024;
-
-/// For its length no file of the process grows past so many bytes, as on a full disk.
-class FullBehind {
-  public:
-    explicit FullBehind(qint64 bytes) {
-        platform::LetWritesPastALimitFail();
-        getrlimit(RLIMIT_FSIZE, &kept_);
-        const rlimit tight{static_cast<rlim_t>(bytes), kept_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-    ~FullBehind() { setrlimit(RLIMIT_FSIZE, &kept_); }
-    FullBehind(const FullBehind&) = delete;
-    FullBehind& operator=(const FullBehind&) = delete;
-
-  private:
-    rlimit kept_ = {};
-};
 
 }  // namespace
 

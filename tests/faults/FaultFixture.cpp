@@ -22,7 +22,6 @@ constexpr auto kDiskFaults = std::to_array<DiskFault>({
     {"sync", DiskOperation::Sync},
     {"lock", DiskOperation::Lock},
     {"busy", DiskOperation::Lock, SQLITE_BUSY},
-    {"truncate", DiskOperation::Truncate},
     {"delete", DiskOperation::Delete},
     {"answer to delete", DiskOperation::Delete, 0, true},
     {"anything", DiskOperation::Any},
@@ -172,8 +171,12 @@ int FaultTest::TellTried() const {
 }
 
 int FaultTest::FailOnce() {
-    for (const DiskFault& fault : kDiskFaults)
-        if (!HasFailure()) Try(OnDisk(fault, FaultyDisk::Lasting::Once, {}, false));
+    for (const DiskFault& fault : kDiskFaults) {
+        if (HasFailure()) break;
+        const int before = tried;
+        Try(OnDisk(fault, FaultyDisk::Lasting::Once, {}, false));
+        EXPECT_EQ(tried > before, AsksFor(fault.operation)) << fault.name;
+    }
     return TellTried();
 }
 

@@ -40,12 +40,14 @@ class FaultTest : public OutputTest {
     virtual void CheckBehindFault(bool untold) = 0;
     /// What must hold behind the next work without a fault.
     virtual void CheckBehindNextWork() = 0;
+    /// Whether the work asks this of the disk, so that a fault of it has to fall.
+    virtual bool AsksFor(DiskOperation /*operation*/) const { return true; }
     /// Where the user's history lies.
     virtual SampleFile HistoryFile() const { return installation.Configuration(); }
 
     // The next three give the number of points at which a fault has fallen.
 
-    /// Every disk fault, once, on every file.
+    /// Every disk fault, once, on every file. Each kind that the work asks for must have fallen.
     int FailOnce();
     /// The disk of one file fails in each way from a point on; then there is no disk any more at all.
     int FailFromThenOn(const QByteArray& part);

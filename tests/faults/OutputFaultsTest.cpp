@@ -58,7 +58,7 @@ TEST_F(OutputUnderFaults, BrokenReportDatabaseIsToldAndTheNextFileIsWhole) { EXP
 
 TEST_F(OutputUnderFaults, FileThatTheDiskHasNoRoomForIsToldAndTheNextOneIsWhole) {
     std::optional<FullDisk> full;
-    Try({u"no room for the file"_s, [&](int point) { full.emplace(static_cast<rlim_t>(37 * (point - 1))); },
+    Try({u"no room for the file"_s, [&](int point) { full.emplace(37 * (point - 1)); },
          [&] {
              full.reset();
              return ReadBytes(Globals().TextOutputFileName) != file_;

@@ -1,5 +1,8 @@
+#include <optional>
+
 #include "faults/FaultFixture.h"
 #include "setup/PinSealing.h"
+#include "support/FullBehind.h"
 #include "support/SamplePins.h"
 
 using namespace Qt::StringLiterals;
@@ -63,6 +66,21 @@ TEST_F(SealingUnderFaults, NoPinIsLostAfterOneFaultOfTheDisk) { EXPECT_GT(FailOn
 TEST_F(SealingUnderFaults, NoPinIsLostOnABrokenDisk) {
     keyMayStay_ = true;
     EXPECT_GT(FailFromThenOn("gnrdb"), 15);
+}
+
+TEST_F(SealingUnderFaults, NoPinIsSealedUnderAKeyOfWhichTheDiskTookAPart) {
+    constexpr int kKeyBytes = 32;
+    std::optional<FullBehind> full;
+    Try({u"full behind some bytes of the key"_s,
+         [&](int point) {
+             if (point <= kKeyBytes) full.emplace(point - 1);
+         },
+         [&] {
+             const bool wasFull = full.has_value();
+             full.reset();
+             return wasFull;
+         }});
+    EXPECT_EQ(TellTried(), kKeyBytes);
 }
 
 TEST_F(SealingUnderFaults, NoPinIsLostWhenMemoryRanOut) { EXPECT_GT(RunOutOfMemory(), 300); }

@@ -1,11 +1,10 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
-#include <csignal>
 
 #include "report-host/ReportFixture.h"
+#include "support/FullBehind.h"
 
 using namespace Qt::StringLiterals;
 
@@ -101,20 +100,13 @@ TEST_F(ReportTest, FullDiskInTheMiddleOfAPdfIsToldAndKeepsTheOldFile) {
     QFile old(path);
     ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
     old.close();
-    // A limit on the size of files stands for the full disk.
-    struct rlimit before;
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    const struct rlimit small { 4000, before.rlim_max };
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
     QString reason;
     try {
+        const FullBehind full(4000);
         WritePdf(*report, path);
     } catch (const ReportFailure& failure) {
         reason = failure.Reason();
     }
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
     EXPECT_TRUE(reason.startsWith(u"PDF ファイル「%1」に書き込めません。"_s.arg(path))) << reason.toStdString();
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     EXPECT_EQ(old.readAll(), "old");
