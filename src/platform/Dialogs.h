@@ -22,7 +22,8 @@ class Dialogs {
     /// A box with はい and いいえ. True for はい.
     virtual bool Confirm(const QString& text, const QString& title) = 0;
     /// Asks for a file to be written; nothing on cancel. The name comes back as the user gave it: nothing is appended
-    /// to it, and an existing file is not asked about. Where the working folder stands afterwards is open.
+    /// to it, and an existing file is not asked about. A proposed name without a folder stands among the user's own
+    /// files. Where the working folder stands afterwards is open.
     virtual std::optional<QString> ShowSave(const SaveQuestion& question) = 0;
 
     // The same under the program's own title.

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QTreeView>
 
@@ -58,6 +59,20 @@ void NameLists(QFileDialog& dialog) {
     }
 }
 
+/// Where the user keeps his documents. Not every desktop has made a folder for them.
+QString OwnFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+/// A name in no folder, or in the root as where the office has chosen none for its files, is proposed among the user's
+/// own files: in the root he may not write.
+QString ProposedPath(const QString& fileName) {
+    const QString path = NativePath(fileName);
+    const bool inFolder = path.lastIndexOf(u'/') > 0;
+    return inFolder ? path : OwnFolder() + u'/' + path.section(u'/', -1);
+}
+
 /// The folder of the proposed name, or the nearest one around it that exists.
 QString NearestFolder(const QString& path) {
     QString folder = QFileInfo(path).absolutePath();
@@ -67,7 +82,7 @@ QString NearestFolder(const QString& path) {
 
 /// Where the folder is still to be made the whole path is proposed, so that the user sees where the file goes.
 void Propose(QFileDialog& dialog, const QString& fileName) {
-    const QString path = NativePath(fileName);
+    const QString path = ProposedPath(fileName);
     const QString folder = NearestFolder(path);
     dialog.setDirectory(folder);
     const bool here = QFileInfo(path).absolutePath() == folder;

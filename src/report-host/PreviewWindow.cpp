@@ -9,7 +9,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -202,9 +201,7 @@ void PreviewWindow::Print() {
 
 void PreviewWindow::SavePdf() {
     platform::Dialogs& dialogs = *platform::Services().dialogs;
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    std::optional<QString> file =
-        dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, folder + u'/' + name_ + u".pdf"_s});
+    std::optional<QString> file = dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
     if (!file) return;
     if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
     const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);

@@ -50,6 +50,24 @@ class SaveUser {
     std::function<void(QFileDialog&, QLineEdit&)> work_;
 };
 
+/// For its length a user lives in that folder.
+class Home {
+  public:
+    explicit Home(const QString& folder) : kept_(qgetenv("HOME")), config_(qgetenv("XDG_CONFIG_HOME")) {
+        qputenv("HOME", folder.toUtf8());
+        qputenv("XDG_CONFIG_HOME", (folder + u"/.config"_s).toUtf8());
+    }
+    ~Home() {
+        qputenv("HOME", kept_);
+        config_.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", config_);
+    }
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+
+  private:
+    QByteArray kept_, config_;
+};
+
 class SaveDialog : public testing::Test {
   protected:
     std::optional<QString> Ask(const QString& name, std::function<void(QFileDialog&, QLineEdit&)> work) {
@@ -129,4 +147,21 @@ TEST_F(SaveDialog, AFolderStillToBeMadeIsProposedInFull) {
                       SaveUser::Accept(name);
                   }),
               path);
+}
+
+TEST_F(SaveDialog, ANameWithoutAFolderIsProposedAmongTheUsersOwnFiles) {
+    const Home home(folder.path());
+    // As the office's empty folder and the file's name make it, and as a name alone.
+    for (const QString& name : {u"\\要員名簿照会.CSV"_s, u"要員名簿照会.CSV"_s})
+        for (const QString& own : {QString(), u"/Documents"_s}) {
+            ASSERT_TRUE(QDir().mkpath(folder.path() + own));
+            EXPECT_EQ(Ask(name,
+                          [&](QFileDialog& dialog, QLineEdit& edit) {
+                              EXPECT_EQ(dialog.directory().path(), folder.path() + own);
+                              EXPECT_EQ(edit.text(), u"要員名簿照会.CSV"_s);
+                              SaveUser::Accept(edit);
+                          }),
+                      folder.path() + own + u"/要員名簿照会.CSV"_s);
+            QDir().rmpath(folder.path() + u"/Documents"_s);
+        }
 }
