@@ -125,16 +125,25 @@ TEST_F(StaffListQueryTest, NegationAsksForCodesBelowAndNegatesTheDefaultEnrolmen
 }
 
 TEST_F(StaffListQueryTest, OfficeTermDependsOnTheOperatingOfficeAndNamesTheOfficeInScope) {
+    const QString onPayroll = u"M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s;
     Globals().ScopeOfficeCode = u"003"_s;
-    EXPECT_FALSE(BuildCompositeQuery(conditions).contains(u"事業所コード = '003'"_s));
-    Globals().Environment.OperatingOfficeCode = u"001"_s;
+    EXPECT_EQ(BuildCompositeQuery(conditions), kSelect + kJoins + u" WHERE "_s + onPayroll);
     Globals().ScopeOfficeCode = u"000"_s;
+    for (const QString& operating : {u"001"_s, QString()}) {
+        Globals().Environment.OperatingOfficeCode = operating;
+        EXPECT_EQ(BuildCompositeQuery(conditions),
+                  kSelect + kJoins + u" WHERE (M担当者.事業所コード = '000' OR M担当者.事業所コード = '000') AND "_s +
+                      onPayroll)
+            << operating.toStdString();
+    }
+}
+
+TEST_F(StaffListQueryTest, OfficeThatWorksHereAndIsInScopeItselfStillLimitsTheStaff) {
+    Globals().Environment.OperatingOfficeCode = Globals().ScopeOfficeCode = u"001"_s;
     EXPECT_EQ(BuildCompositeQuery(conditions),
               kSelect + kJoins +
-                  u" WHERE (M担当者.事業所コード = '000' OR M担当者.事業所コード = '000')"
+                  u" WHERE (M担当者.事業所コード = '001' OR M担当者.事業所コード = '000')"
                   u" AND M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s);
-    Globals().Environment.OperatingOfficeCode = QString();
-    EXPECT_TRUE(BuildCompositeQuery(conditions).contains(u"事業所コード = '000'"_s));
 }
 
 TEST_F(StaffListQueryTest, QuotesAreDoubledWildcardsStayAndOnlyTheNameIsTrimmedInFront) {
