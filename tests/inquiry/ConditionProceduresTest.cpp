@@ -160,6 +160,18 @@ TEST_F(LengthNotice, CountsCharactersAndNotBytes) {
     EXPECT_EQ(form.Item(u"お知らせ"_s).Caption(), u"2文字オーバーです。"_s);
 }
 
+TEST_F(LengthNotice, BeginsWithTheFirstCharacterTooMany) {
+    CheckInputLength(u"あいうえおか"_s, 10);
+    EXPECT_EQ(form.Item(u"お知らせ"_s).Caption(), u"1文字オーバーです。"_s);
+}
+
+TEST_F(LengthNotice, CountsTheWholeTextWhereNothingFits) {
+    CheckInputLength(u"あいう"_s, 0);
+    EXPECT_EQ(form.Item(u"お知らせ"_s).Caption(), u"3文字オーバーです。"_s);
+    CheckInputLength(u""_s, 0);
+    EXPECT_EQ(form.Item(u"お知らせ"_s).Caption(), QString());
+}
+
 TEST_F(LengthNotice, GoesWhenTheTextFits) {
     form.Item(u"お知らせ"_s).SetCaption(u"1文字オーバーです。"_s);
     CheckInputLength(u"山山"_s, 4);

@@ -121,7 +121,8 @@ TEST(FieldText, ACodeKeepsItsLeftPartUnderTheMask) {
         {u"12"_s, u"000"_s, u"012"_s},    {u"1234"_s, u"000"_s, u"123"_s}, {u""_s, u"000"_s, u""_s},
         {u"abcd"_s, u"00"_s, u"ab"_s},    {u"1234"_s, u""_s, u"1234"_s},   {u""_s, u""_s, u""_s},
         {u"7"_s, u"00000"_s, u"00007"_s}, {u"0"_s, u"00"_s, u"00"_s},      {u"-5"_s, u"000"_s, u"-00"_s},
-        {u"00012"_s, u"000"_s, u"012"_s},
+        {u"00012"_s, u"000"_s, u"012"_s}, {u"007"_s, u""_s, u"007"_s},     {u" 12 "_s, u""_s, u" 12 "_s},
+        {u"abc"_s, u""_s, u"abc"_s},      {u"1.5"_s, u""_s, u"1.5"_s},
     };
     for (const MaskCase& test : cases)
         EXPECT_EQ(FormatCodeByMask(test.value, test.mask), test.expected) << test.value.toStdString();
