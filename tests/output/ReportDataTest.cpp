@@ -81,6 +81,17 @@ TEST_F(ReportData, AnEraThatIsNotThereIsWrittenEmpty) {
     EXPECT_EQ(WorkColumn(u"表示生年月日"_s), QStringList{QString(u""_s)});
 }
 
+TEST_F(ReportData, ALongNameOfAnEraIsWrittenWholeThoughTheScreenCutsIt) {
+    installation.General().Execute(u"INSERT INTO K年号区分 (開始日付, 名称) VALUES ('20500101', '新元号名')"_s);
+    AddRow({{退社日付, u"20500102"_s},
+            {退社日付年号, u"新元"_s},
+            {退社日付年, u"01"_s},
+            {退社日付月, u"01"_s},
+            {退社日付日, u"02"_s}});
+    EXPECT_TRUE(BuildReportData());
+    EXPECT_EQ(WorkColumn(u"表示退社日付"_s), QStringList{u"新元号名01年01月02日"_s});
+}
+
 TEST_F(ReportData, WithoutOfficesTheirColumnsStayUnwrittenForEveryRow) {
     Globals().OfficeCount = 0;
     AddRows(2);
