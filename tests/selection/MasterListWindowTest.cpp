@@ -168,6 +168,8 @@ TEST_F(MasterListWindowTest, MissingStatusTableLeavesAllAloneAndAValueWithoutAnE
              EXPECT_EQ(hands.Codes(), kInOperation);
              GoBack(hands);
          }});
+    EXPECT_EQ(History(),
+              QStringList{u"エラー no such table: K稼動状況区分SELECT * FROM K稼動状況区分 ORDER BY 区分"_s});
 }
 
 TEST_F(MasterListWindowTest, MissingAndEmptyMastersGiveAnEmptyListThatEscLeaves) {
@@ -184,8 +186,33 @@ TEST_F(MasterListWindowTest, MissingAndEmptyMastersGiveAnEmptyListThatEscLeaves)
                  hands.Press(Qt::Key_Escape);
              }});
     }
-    EXPECT_TRUE(History().last().contains(u"SELECT コード,名称 FROM M部門"_s)) << History().last().toStdString();
+    EXPECT_EQ(History(), QStringList{u"エラー no such table: M部門SELECT コード,名称 FROM M部門"
+                                     u" WHERE M部門.稼動状況区分 = ''1'' ORDER BY M部門.コード"_s});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(MasterListWindowTest, MastersWithAStatusAreReadByItAndWithoutATermForAll) {
+    for (const QString& name : {u"部門"_s, u"セクション"_s}) {
+        installation.General().Execute(u"DROP TABLE M"_s + name);
+        const auto before = History().size();
+        Open(u"wnd"_s + name + u"一覧"_s, {[](const FormHands& hands) {
+                 hands.Click(u"稼動状況区分"_s);
+                 hands.TypeSigns(u"2"_s);
+                 hands.Click(u"btn_画面クリア"_s);
+                 GoBack(hands);
+             }});
+        const QString read = u"エラー no such table: M%1SELECT コード,名称 FROM M%1"_s.arg(name);
+        EXPECT_EQ(History().mid(before),
+                  (QStringList{read + u" WHERE M%1.稼動状況区分 = ''1'' ORDER BY M%1.コード"_s.arg(name),
+                               read + u" ORDER BY M%1.コード"_s.arg(name)}));
+    }
+}
+
+TEST_F(MasterListWindowTest, PositionsAreReadWithoutATermWhereTheCallerHasNone) {
+    installation.General().Execute(u"DROP TABLE M役職"_s);
+    EXPECT_EQ(Shown(u"wnd役職一覧"_s), QStringList());
+    EXPECT_EQ(History(),
+              QStringList{u"エラー no such table: M役職SELECT コード,名称 FROM M役職 ORDER BY M役職.コード"_s});
 }
 
 TEST_F(MasterListWindowTest, MasterOfMoreThanAThousandRowsIsShownWhole) {
