@@ -118,6 +118,28 @@ TEST_F(LookupTest, ChosenCodeIsAcceptedShownAndLeftForTheNextItem) {
     EXPECT_EQ(Focused(), u"開始セクションコード"_s);
 }
 
+TEST_F(LookupTest, StartCodeNeitherRestrictsNorPositionsDepartmentsAndRestrictsPositions) {
+    Start();
+    Enter(u"開始部門コード"_s, u"050"_s);
+    OpenByCtrl(u"開始部門コード"_s, {[](const FormHands& hands) {
+                   EXPECT_EQ(hands.Codes(), (QStringList{u"010"_s, u"020"_s, u"030"_s, u"040"_s, u"050"_s, u"060"_s,
+                                                         u"070"_s, u"080"_s, u"090"_s, u"100"_s}));
+                   EXPECT_EQ(hands.List().SelectedRow(), -1);
+                   EXPECT_EQ(hands.Focused(), u"List部門"_s);
+                   hands.Press(Qt::Key_Return);
+                   EXPECT_TRUE(hands.Window().isVisible()) << "no row counts as chosen";
+                   Esc(hands);
+               }});
+    EXPECT_EQ(Item(u"開始部門コード"_s).Text(), u"050"_s);
+    Enter(u"開始役職コード"_s, u"30"_s);
+    OpenByCtrl(u"開始役職コード"_s, {[](const FormHands& hands) {
+                   EXPECT_EQ(hands.Codes(), (QStringList{u"30"_s, u"40"_s, u"50"_s, u"90"_s}));
+                   EXPECT_EQ(hands.List().SelectedRow(), -1);
+                   Esc(hands);
+               }});
+    EXPECT_EQ(Item(u"開始役職コード"_s).Text(), u"30"_s);
+}
+
 TEST_F(LookupTest, KeysAloneFindAPosition) {
     Start();
     OpenByCtrl(u"終了役職コード"_s, {[](const FormHands& hands) {
