@@ -409,6 +409,22 @@ TEST_F(PickWindowsTest, NamesThatHaveGoneAreLeftOutAndAGoneFirstOneLeavesItsComm
     EXPECT_EQ(Source(People()).DescribeSelection(), u",氏名3"_s);
 }
 
+TEST_F(PickWindowsTest, MastersThatCannotBeReadSayNothingAndLeaveTheStatementsInTheHistory) {
+    installation.ReplaceStaff(3);
+    Start();
+    const QList<QStringList> masters = {
+        {u"M部門"_s, u"010"_s}, {u"Mセクション"_s, u"011"_s}, {u"M役職"_s, u"20"_s}, {u"M担当者"_s, u"00002"_s}};
+    for (int i = 0; i < masters.size(); ++i) Tick(PickDefinitions()[static_cast<size_t>(i)], {masters[i][1]});
+    QStringList statements;
+    for (int i = 0; i < masters.size(); ++i) {
+        const QString &table = masters[i][0], &code = masters[i][1];
+        installation.General().Execute(u"DROP TABLE "_s + table);
+        EXPECT_EQ(Source(PickDefinitions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
+        statements << u"エラー no such table: %1SELECT * FROM %1 WHERE コード = ''%2''"_s.arg(table, code);
+    }
+    EXPECT_EQ(History().filter(u"エラー "_s), statements);
+}
+
 TEST_F(PickWindowsTest, NothingMarkedSaysNothing) {
     Start();
     Open(Departments(), GoBack);
