@@ -1,10 +1,12 @@
 #include "screen/ListView.h"
 #include "selection/ListWindowFixture.h"
 #include "selection/StaffListWindow.h"
+#include "selection/StaffListWindows.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -62,6 +64,33 @@ TEST_F(StaffListWindowTest, BearsItsCaptionsLimitsAndColumns) {
         }
         GoBack(hands);
     }});
+}
+
+TEST_F(StaffListWindowTest, CodesAskForLatinSignsNamesForKanaAndTheKanaItemMakesThemHalfWidth) {
+    const Qt::InputMethodHints digits = Qt::ImhPreferLatin | Qt::ImhDigitsOnly;
+    struct Mode {
+        QString item;
+        Qt::InputMethodHints hints;
+        QString kept;
+    };
+    const QList<Mode> modes = {{u"コード"_s, digits, u"1"_s},
+                               {u"名称"_s, Qt::ImhNone, u"がっこう1"_s},
+                               {u"カナ"_s, Qt::ImhNone, u"ｶﾞｯｺｳ1"_s},
+                               {u"部門コード"_s, digits, u"1"_s},
+                               {u"セクションコード"_s, digits, u"1"_s}};
+    for (const QString& name : {kWindow, u"wnd担当者選択一覧"_s}) {
+        Form& window = *MakeStaffListWindow(name);
+        window.ShowModeless();
+        for (const Mode& mode : modes) {
+            QWidget& item = window.Item(mode.item).Widget();
+            EXPECT_EQ(item.inputMethodHints(), mode.hints) << mode.item.toStdString();
+            EXPECT_TRUE(item.testAttribute(Qt::WA_InputMethodEnabled)) << mode.item.toStdString();
+            QInputMethodEvent event;
+            event.setCommitString(u"がっこう1"_s);
+            QApplication::sendEvent(&item, &event);
+            EXPECT_EQ(window.Item(mode.item).Text(), mode.kept) << mode.item.toStdString();
+        }
+    }
 }
 
 TEST_F(StaffListWindowTest, BeginsWithTheFirstEnrolmentClassAndAllEmployeesFromTheLowestCode) {
@@ -342,6 +371,29 @@ TEST_F(StaffListWindowTest, MissingAndEmptyClassTablesLeaveAllAloneAndNarrowNoth
     }});
 }
 
+TEST_F(StaffListWindowTest, ClassListsThatCannotBeReadLeaveTheirStatementsInTheHistory) {
+    installation.General().Execute(u"DROP TABLE K在籍区分; DROP TABLE K社員区分"_s);
+    OpenStaff({GoBack});
+    EXPECT_EQ(History(), (QStringList{u"エラー no such table: K在籍区分SELECT * FROM K在籍区分 ORDER BY 区分"_s,
+                                      u"エラー no such table: K社員区分SELECT * FROM K社員区分 ORDER BY 区分"_s}));
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
+TEST_F(StaffListWindowTest, NamesThatCannotBeLookedUpStayEmptyAndLeaveTheirStatementsInTheHistory) {
+    installation.General().Execute(u"DROP TABLE M部門; DROP TABLE Mセクション"_s);
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormHands& hands) {
+             EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
+             EXPECT_EQ(hands.Text(u"部門名"_s), QString());
+             EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
+             EXPECT_EQ(hands.Text(u"セクション名"_s), QString());
+             GoBack(hands);
+         }});
+    EXPECT_EQ(History().first(2),
+              (QStringList{u"エラー no such table: M部門SELECT 名称 FROM M部門 WHERE コード = ''010''"_s,
+                           u"エラー no such table: MセクションSELECT 名称 FROM Mセクション WHERE コード = ''011''"_s}));
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
 TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChosenAsTheyAre) {
     installation.ClearStaff();
     installation.General().Execute(
@@ -390,6 +442,24 @@ TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
                                   u"部門名,Mセクション.名称 AS "
                                   u"セクション名 WHERE M担当者.在籍区分 = ''0'' ORDER BY M担当者.コード"_s))
         << History().last().toStdString();
+}
+
+TEST_F(StaffListWindowTest, DialectWithOuterJoinSignsIsSentWithItsLimitAndEndsEmptyWhereNobodyTakesIt) {
+    Globals().GeneralDatabase.db = u"O"_s;
+    OpenStaff({[](const FormHands& hands) {
+        EXPECT_EQ(hands.Codes(), QStringList());
+        EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
+        GoBack(hands);
+    }});
+    ASSERT_EQ(History().size(), 1);
+    EXPECT_TRUE(History().last().endsWith(
+        u"SELECT TOP 1000 M担当者.コード,M担当者.氏名,"
+        u"M事業所.名称 AS 事業所名,M部門.名称 AS 部門名,Mセクション.名称 AS セクション名"
+        u" FROM Mセクション,M部門,M事業所,M担当者 WHERE M事業所.コード(+) = M担当者.事業所コード"
+        u" AND M部門.コード(+) = M担当者.部門コード AND Mセクション.コード(+) = M担当者.セクションコード"
+        u" AND M担当者.在籍区分 = ''0'' ORDER BY M担当者.コード"_s))
+        << History().last().toStdString();
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
 TEST_F(StaffListWindowTest, CaretPassesOverTheNamesThatAreOnlyShown) {

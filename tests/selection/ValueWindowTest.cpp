@@ -212,6 +212,30 @@ TEST_F(ValueWindowTest, CommittedAndPastedKanaBecomeHalfWidthInTheKanaWindowAlon
     EXPECT_EQ(Row(1).Text(), u"ヤマダ"_s);
 }
 
+TEST_F(ValueWindowTest, EachWindowHasTheInputModeOfItsValuesInAllRows) {
+    struct Mode {
+        int mode;
+        Qt::InputMethodHints hints;
+        QString kept;
+    };
+    const QList<Mode> modes = {{1, Qt::ImhNone, u"がっこう1"_s},
+                               {6, Qt::ImhNone, u"ｶﾞｯｺｳ"_s},
+                               {1, Qt::ImhNone, u"がっこう1"_s},
+                               {2, Qt::ImhPreferLatin, u"1"_s},
+                               {2, Qt::ImhPreferLatin, u"1"_s}};
+    for (size_t i = 0; i < 5; ++i) {
+        const Mode& expected = modes[static_cast<int>(i)];
+        Open(ValueWindowDefinitions()[i]);
+        EXPECT_EQ(static_cast<int>(ValueWindowDefinitions()[i].ime), expected.mode) << item.toStdString();
+        for (int row = 0; row < 10; ++row) {
+            EXPECT_EQ(Row(row).Widget().inputMethodHints(), expected.hints) << item.toStdString() << row;
+            EXPECT_TRUE(Row(row).Widget().testAttribute(Qt::WA_InputMethodEnabled)) << item.toStdString() << row;
+            Commit(row, u"がっこう1"_s);
+            EXPECT_EQ(Row(row).Text(), expected.kept) << item.toStdString() << row;
+        }
+    }
+}
+
 TEST_F(ValueWindowTest, VoicedMarkIsACharacterOfItsOwn) {
     Open(kKana);
     Commit(0, QString(16, u'が'));
