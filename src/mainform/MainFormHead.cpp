@@ -73,7 +73,7 @@ void BuildRange(Form& form, const RangeLook& look, int line) {
     MakeInput(form, range.fromItem, CodeDesign(look), Place(from, line, kCodeWidth));
     auto* until = new Label(form, form, u"lab_範囲"_s, line, u"～"_s);
     until->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    until->SetPlain();
+    until->SetEdgeless();
     until->setAlignment(Qt::AlignCenter);
     until->setGeometry(Place(from + kCodeWidth, line, 20));
     MakeInput(form, range.toItem, CodeDesign(look), Place(from + kCodeWidth + 20, line, kCodeWidth));
@@ -114,9 +114,9 @@ void BuildText(Form& form, const TextLook& look, int line) {
 }
 
 void BuildKind(Form& form, const KindDefinition& kind, int line) {
-    auto* title = new Label(form, form, u"itm_ttl_"_s + kind.item, -1, kind.item);
+    auto* title = new Panel(form, form, u"itm_ttl_"_s + kind.item, -1, kind.item);
     title->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    title->setAlignment(Qt::AlignCenter);
+    title->SetTitle();
     title->setGeometry(Place(kKindColumn, line, 82));
     auto* number = new NumItem(form, form, kind.item);
     number->setFont(SuiteFont(SuiteFace::PMincho, 12));

@@ -34,6 +34,7 @@ struct RowItem {
     int x, y, width;
     bool gothic = false;
     int height = 20;
+    bool toTheRight = false;
 };
 
 struct RowLabel {
@@ -55,17 +56,26 @@ constexpr RowItem kOrganisationItems[] = {
     {u"xField", u"所属事業所名", 1, kLine1, 222},  {u"xField", u"部門名", 1, kLine2, 222},
     {u"xField", u"セクション名", 1, kLine3, 222},  {u"xField", u"役職名", 225, kLine1, 198},
     {u"xField", u"在籍区分名", 287, kLine2, 136},  {u"xField", u"社員区分名", 287, kLine3, 136},
-    {u"xField", u"生年月日年号", 487, kLine1, 46}, {u"xField", u"生年月日年", 535, kLine1, 40},
-    {u"xField", u"生年月日月", 577, kLine1, 40},   {u"xField", u"生年月日日", 619, kLine1, 40},
-    {u"xField", u"入社日付年号", 487, kLine2, 46}, {u"xField", u"入社日付年", 535, kLine2, 40},
-    {u"xField", u"入社日付月", 577, kLine2, 40},   {u"xField", u"入社日付日", 619, kLine2, 40},
-    {u"xField", u"退社日付年号", 487, kLine3, 46}, {u"xField", u"退社日付年", 535, kLine3, 40},
-    {u"xField", u"退社日付月", 577, kLine3, 40},   {u"xField", u"退社日付日", 619, kLine3, 40},
+    {u"xField", u"生年月日年号", 481, kLine1, 38}, {u"xField", u"生年月日年", 520, kLine1, 38, false, 20, true},
+    {u"xField", u"生年月日月", 577, kLine1, 22},   {u"xField", u"生年月日日", 618, kLine1, 22},
+    {u"xField", u"入社日付年号", 481, kLine2, 38}, {u"xField", u"入社日付年", 520, kLine2, 38, false, 20, true},
+    {u"xField", u"入社日付月", 577, kLine2, 22},   {u"xField", u"入社日付日", 618, kLine2, 22},
+    {u"xField", u"退社日付年号", 481, kLine3, 38}, {u"xField", u"退社日付年", 520, kLine3, 38, false, 20, true},
+    {u"xField", u"退社日付月", 577, kLine3, 22},   {u"xField", u"退社日付日", 618, kLine3, 22},
 };
 constexpr RowLabel kOrganisationLabels[] = {
     {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},   {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
-    {u"itm_ttl_生年月日", u"生年月日", 425, kLine1, 60}, {u"itm_ttl_入社日付", u"入社日付", 425, kLine2, 60},
-    {u"itm_ttl_退社日付", u"退職日付", 425, kLine3, 60},
+    {u"itm_ttl_生年月日", u"生年月日", 425, kLine1, 54}, {u"itm_ttl_入社日付", u"入社日付", 425, kLine2, 54},
+    {u"itm_ttl_退社日付", u"退職日付", 425, kLine3, 54},
+};
+
+// Behind year, month and day of each date.
+constexpr RowLabel kDateSigns[] = {
+    {u"lab_生年月日年", u"年", 558, kLine1, 18}, {u"lab_生年月日月", u"月", 599, kLine1, 18},
+    {u"lab_生年月日日", u"日", 640, kLine1, 18}, {u"lab_入社日付年", u"年", 558, kLine2, 18},
+    {u"lab_入社日付月", u"月", 599, kLine2, 18}, {u"lab_入社日付日", u"日", 640, kLine2, 18},
+    {u"lab_退社日付年", u"年", 558, kLine3, 18}, {u"lab_退社日付月", u"月", 599, kLine3, 18},
+    {u"lab_退社日付日", u"日", 640, kLine3, 18},
 };
 
 constexpr RowItem kAddressItems[] = {
@@ -94,15 +104,26 @@ template <size_t Items, size_t Labels>
 void FillRowPanel(Form& form, Panel& panel, int position, const RowItem (&items)[Items],
                   const RowLabel (&labels)[Labels]) {
     for (const RowLabel& label : labels) {
-        auto* made = new Label(form, panel, label.name.toString(), position, label.caption.toString());
+        auto* made = new Panel(form, panel, label.name.toString(), position, label.caption.toString());
         made->setFont(SuiteFont(SuiteFace::PGothic, 9));
-        made->setAlignment(Qt::AlignCenter);
+        made->SetTitle();
         made->setGeometry(label.x, label.y, label.width, 20);
     }
     for (const RowItem& item : items) {
         auto* made = new DisplayItem(form, panel, item.type.toString(), item.name.toString(), position);
         made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
+        if (item.toTheRight) made->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         made->setGeometry(item.x, item.y, item.width, item.height);
+    }
+}
+
+void AddDateSigns(Form& form, Panel& panel, int position) {
+    for (const RowLabel& sign : kDateSigns) {
+        auto* made = new Label(form, panel, sign.name.toString(), position, sign.caption.toString());
+        made->setFont(SuiteFont(SuiteFace::PGothic, 9));
+        made->setAlignment(Qt::AlignCenter);
+        made->SetEdgeless();
+        made->setGeometry(sign.x, sign.y, sign.width, 20);
     }
 }
 
@@ -136,8 +157,9 @@ void BuildRow(Form& form, const TabPages& pages, int position) {
                                 {kLeft + kNumberWidth, kListTop + position * kRowHeight, kStaffWidth, kRowHeight});
     FillRowPanel(form, staff, position, kStaffItems, kStaffLabels);
     const QRect place(0, kTitleHeight + position * kRowHeight, kTabWidth - 4, kRowHeight);
-    FillRowPanel(form, MakeRowPanel(form, pages.organisation, u"bak_dtlb"_s, position, place), position,
-                 kOrganisationItems, kOrganisationLabels);
+    Panel& organisation = MakeRowPanel(form, pages.organisation, u"bak_dtlb"_s, position, place);
+    FillRowPanel(form, organisation, position, kOrganisationItems, kOrganisationLabels);
+    AddDateSigns(form, organisation, position);
     FillRowPanel(form, MakeRowPanel(form, pages.address, u"bak_dtlc"_s, position, place), position, kAddressItems,
                  kAddressLabels);
     FillRowPanel(form, MakeRowPanel(form, pages.other, u"bak_dtld"_s, position, place), position, kOtherItems,
@@ -156,9 +178,9 @@ void BuildTitles(Form& form, QWidget& parent, const QString& panelName, const QR
     panel->SetBackColor(kCaptionColor);
     panel->setGeometry(place);
     for (const Title& title : titles) {
-        auto* label = new Label(form, *panel, title.name.toString(), -1, title.caption.toString());
+        auto* label = new Panel(form, *panel, title.name.toString(), -1, title.caption.toString());
         label->setFont(SuiteFont(SuiteFace::PGothic, 10));
-        label->setAlignment(Qt::AlignCenter);
+        label->SetTitle();
         label->setGeometry(title.x, 1, title.width, kTitleHeight - 2);
     }
 }

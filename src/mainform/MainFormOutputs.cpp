@@ -5,7 +5,7 @@
 #include "screen/Button.h"
 #include "screen/Fonts.h"
 #include "screen/Form.h"
-#include "screen/Label.h"
+#include "screen/Panel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -54,9 +54,10 @@ void BuildOutputPanel(Form& form) {
         button->setFont(SuiteFont(SuiteFace::PGothic, 12));
         button->setGeometry(look.x, kButtonTop, look.width, kButtonHeight);
     }
-    auto* notice = new Label(form, form, u"お知らせ"_s, -1, QString());
+    auto* notice = new Panel(form, form, u"お知らせ"_s, -1, QString());
     notice->setFont(SuiteFont(SuiteFace::PGothic, 12));
-    notice->SetPlain();
+    notice->SetEdgeless();
+    notice->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     notice->setGeometry(0, kNoticeTop, kWindowWidth, kNoticeHeight);
 }
 

@@ -52,7 +52,8 @@ void MakeTitle(Form& form, const QString& name, const QString& caption, const QR
 /// A text that only shows.
 void MakeShown(Form& form, const QString& name, const QRect& place) {
     auto* label = new Label(form, form, name, -1, QString());
-    label->SetPlain();
+    label->SetEdgeless();
+    label->SetBackColor(form.palette().color(QPalette::Window));
     label->setFont(SuiteFont(SuiteFace::Mincho, 12));
     label->setGeometry(place);
 }
@@ -120,7 +121,8 @@ void MakeButtons(Form& form) {
     constexpr int kButtonWidth = 120, kButtonHeight = 36;
     const int top = kTop + (kLastLine + 2) * kLine + 10;
     auto* notice = new Label(form, form, u"お知らせ"_s, -1, QString());
-    notice->SetPlain();
+    notice->SetEdgeless();
+    notice->SetBackColor(form.palette().color(QPalette::Window));
     notice->SetForeColor(Qt::red);
     notice->setFont(SuiteFont(SuiteFace::PGothic, 12));
     notice->setGeometry(kMargin, top, 300, kButtonHeight);

@@ -13,11 +13,7 @@ class Label : public FlatItem {
         Show(caption);
     }
 
-    /// On the form's own colour, without an edge.
-    void SetPlain() {
-        SetBackColor(palette().color(QPalette::Window));
-        SetEdge(Edge::None);
-    }
+    void SetEdgeless() { SetEdge(Edge::None); }
 
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }

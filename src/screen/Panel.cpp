@@ -5,6 +5,11 @@
 #include <tuple>
 #include <vector>
 
+QString Panel::SpokenDescription() const {
+    if (!HoldsOthers()) return FlatItem::SpokenDescription();
+    return isVisible() && !Shown().isEmpty() ? Shown() : TextsOnIt();
+}
+
 /// What can be seen on the panel, line by line. Put together only when a tool asks, so that writing a row costs
 /// nothing.
 QString Panel::TextsOnIt() const {

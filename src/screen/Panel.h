@@ -1,9 +1,11 @@
 #pragma once
 
 #include "screen/FlatItem.h"
+#include "screen/Fonts.h"
 
 /// SSPanel: Panel(form, parent, name, index, caption). Holds other controls or shows its caption in the middle.
-/// Assistive tools are told the caption, or else the texts on the panel: that is how they read a row of the list.
+/// Assistive tools are told the caption as of a label. Of a panel that holds others they are told the texts on it: that
+/// is how they read a row of the list.
 class Panel : public FlatItem {
   public:
     Panel(Form& form, QWidget& parent, QString name, int index, const QString& caption)
@@ -13,14 +15,23 @@ class Panel : public FlatItem {
         Show(caption);
     }
 
+    /// As the title of items or columns: on the captions' colour, in a fine line.
+    void SetTitle() {
+        SetBackColor(kCaptionColor);
+        SetEdge(Edge::Line);
+    }
+    void SetEdgeless() { SetEdge(Edge::None); }
+
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }
 
-    // Holds others, so it is named like an item and the caption is what is said of it.
-    QAccessible::Role SpokenRole() const override { return QAccessible::Grouping; }
-    QString SpokenName() const override { return Name(); }
-    QString SpokenDescription() const override { return isVisible() && !Shown().isEmpty() ? Shown() : TextsOnIt(); }
+    QAccessible::Role SpokenRole() const override {
+        return HoldsOthers() ? QAccessible::Grouping : FlatItem::SpokenRole();
+    }
+    QString SpokenName() const override { return HoldsOthers() ? Name() : FlatItem::SpokenName(); }
+    QString SpokenDescription() const override;
 
   private:
+    bool HoldsOthers() const { return !children().isEmpty(); }
     QString TextsOnIt() const;
 };

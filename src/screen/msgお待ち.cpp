@@ -49,12 +49,12 @@ msgお待ち::msgお待ち() : Form(u"msgお待ち"_s), shown_(platform::Service
     title->setGeometry(8, 8, 324, 32);
     auto* message = new Label(*this, *this, u"lab_msg"_s, -1, u"しばらくお待ちください。"_s);
     message->setFont(SuiteFont(SuiteFace::PGothic, 12));
-    message->SetPlain();
+    message->SetEdgeless();
     message->setAlignment(Qt::AlignCenter);
     message->setGeometry(8, 52, 324, 36);
     progress_ = new Label(*this, *this, u"lab_件数"_s, -1, QString());
     progress_->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    progress_->SetPlain();
+    progress_->SetEdgeless();
     progress_->setAlignment(Qt::AlignCenter);
     progress_->setGeometry(8, 88, 324, 24);
     setFixedSize(340, 120);

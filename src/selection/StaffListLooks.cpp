@@ -76,8 +76,7 @@ void MakeShownName(Form& form, const QString& name, int column) {
 void MakeLabel(Form& form, const QString& name, const QString& caption, const QRect& place) {
     auto* label = new Label(form, form, name, -1, caption);
     label->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    label->SetPlain();
-    label->SetBackColor(kCaptionColor);
+    label->SetEdgeless();
     label->setGeometry(place);
 }
 

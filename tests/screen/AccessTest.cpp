@@ -67,6 +67,16 @@ TEST_F(Access, HiddenItemGivesNoTextAtAll) {
     EXPECT_EQ(NameOf(pin), QString());
 }
 
+TEST_F(Access, TitleThatHoldsNothingIsToldAsALabel) {
+    Panel title(form, form, u"itm_ttl_性別"_s, 0, u"性別"_s);
+    title.SetTitle();
+    ShowActive(form);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&title)->role(), QAccessible::StaticText);
+    EXPECT_EQ(NameOf(title), u"性別"_s);
+    EXPECT_EQ(DescriptionOf(title), u"itm_ttl_性別"_s);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&form.panel)->role(), QAccessible::Grouping);
+}
+
 TEST_F(Access, RowPanelIsDescribedByWhatStandsOnItLineByLine) {
     const auto put = [this](const QString& name, const QString& text, int x, int y) {
         auto* item = new DisplayItem(form, form.panel, u"xField"_s, name, 0);
