@@ -18,7 +18,7 @@ void TakeRow(platform::Recordset& record, int row) {
     LoadStaffRow(record, row);
 }
 
-/// False when there were more rows than the store takes. Every row lets events through, and one of them may close
+/// False when there were more rows than the store takes. Rows let events through, and one of these may close
 /// the connections: the rows are here already, and whatever is still asked for them then fails quietly.
 bool LoadRows(platform::Recordset& record) {
     ProgramGlobals& globals = Globals();

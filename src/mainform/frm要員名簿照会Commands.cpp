@@ -95,7 +95,6 @@ void frm要員名簿照会::Search() {
         return;
     }
     ShowWaitDialog();
-    platform::LetEventsThrough();
     DisableFormControls();
     ResetRowStore();
     RunStaffSearch();
