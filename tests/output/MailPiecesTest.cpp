@@ -101,6 +101,31 @@ TEST_F(MailPieces, AnEnvelopeBearsTheCompanyAtTheAddressOfItsFirstOffice) {
     EXPECT_TRUE(ErrorRows().isEmpty());
 }
 
+TEST_F(MailPieces, ASheetIsFilledUpByRecordsThatHoldNothingButTheirNumber) {
+    const auto left = [this](const QString& number) { return Sorted(Recipient(u"A列"_s) + QStringList{number}); };
+    const auto blank = [](const QList<QStringList>& rows) {
+        for (int row = 1; row < 6; ++row)
+            EXPECT_EQ(rows.value(row), QStringList{u"行番号=%1"_s.arg(row + 1, 6, 10, QChar(u'0'))});
+    };
+    AddPerson();
+    EXPECT_TRUE(BuildLabelData());
+    QList<QStringList> rows = WorkRows(kLabels);
+    ASSERT_EQ(rows.size(), 6);
+    EXPECT_EQ(Sorted(rows.first()), left(u"行番号=000001"_s));
+    blank(rows);
+    AddPerson();
+    EXPECT_TRUE(BuildLabelData());
+    rows = WorkRows(kLabels);
+    ASSERT_EQ(rows.size(), 6);
+    EXPECT_EQ(Sorted(rows.first()), Sorted(left(u"行番号=000001"_s) + Recipient(u"B列"_s)));
+    blank(rows);
+    for (int person = 2; person < 13; ++person) AddPerson();
+    EXPECT_TRUE(BuildLabelData());
+    rows = WorkRows(kLabels);
+    ASSERT_EQ(rows.size(), 7);
+    EXPECT_EQ(Sorted(rows.last()), left(u"行番号=000007"_s));
+}
+
 TEST_F(MailPieces, APostcardBearsTheCompanysOwnAddressAndNoLogo) {
     AddPerson();
     EXPECT_TRUE(BuildPostcardData());

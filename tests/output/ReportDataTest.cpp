@@ -119,6 +119,18 @@ TEST_F(ReportData, RowsWithoutAMarkCountAsIfTheyWereNotThere) {
     EXPECT_EQ(Codes(), QStringList{u"00002"_s});
 }
 
+TEST_F(ReportData, RowsOfWhichNoneIsMarkedEmptyTheTableAndGiveNothing) {
+    AddRow({{担当者コード, u"00001"_s}});
+    AddRow({{担当者コード, u"00002"_s}});
+    EXPECT_TRUE(BuildReportData());
+    ASSERT_EQ(Codes().size(), 2);
+    Globals().Rows.出力対象[0] = Globals().Rows.出力対象[1] = 0;
+    EXPECT_FALSE(BuildReportData());
+    EXPECT_EQ(Codes(), QStringList());
+    EXPECT_FALSE(Globals().ReportRecordset.IsOpen());
+    EXPECT_TRUE(ErrorRows().isEmpty());
+}
+
 TEST_F(ReportData, TheMarkIsExactlyOne) {
     const auto row = static_cast<size_t>(AddRow({{担当者コード, u"00001"_s}}));
     for (const qint16 mark : {-1, 2}) {

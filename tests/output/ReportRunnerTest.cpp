@@ -188,6 +188,37 @@ TEST_F(ReportRunnerTest, FailedPreviewIsSilent) {
     EXPECT_EQ(History().count(u"出力終了 プレビュ"_s), 4);
 }
 
+TEST_F(ReportRunnerTest, AnyFailureLeavesTheReportDatabaseOpenAndToBeWritten) {
+    const QStringList failures = {u"registration"_s, u"start"_s, u"bind"_s, u"OpenReport"_s, u"Quit"_s, u"Maximize"_s};
+    for (void (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
+        for (const QString& failure : failures) {
+            ASSERT_TRUE(OpenReportDatabase());
+            failure == u"registration"_s ? Unregister() : Register(u"/suite/host/"_s);
+            services.processes.startFails = failure == u"start"_s;
+            hosts->failingVerb = failure;
+            bringOut(report);
+            EXPECT_TRUE(Globals().ReportDatabase.IsOpen()) << failure.toStdString();
+            EXPECT_TRUE(ExecuteReportSql(u"DELETE FROM 要員名簿照会"_s)) << failure.toStdString();
+            EXPECT_EQ(History().last(), bringOut == &PrintReportOnHost ? u"出力終了 印刷"_s : u"出力終了 プレビュ"_s);
+        }
+    }
+}
+
+TEST_F(ReportRunnerTest, AReportDatabaseThatCannotBeOpenedAgainIsToldByThePrintAlone) {
+    for (void (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
+        const QByteArray tables = ReadBytes(installation.Report().Path());
+        ASSERT_TRUE(OpenReportDatabase());
+        services.dialogs.shown.clear();
+        hosts->opening = [this] { ASSERT_TRUE(QFile::remove(installation.Report().Path())); };
+        bringOut(report);
+        EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
+        const bool prints = bringOut == &PrintReportOnHost;
+        EXPECT_EQ(Boxes().size(), prints ? 1 : 0);
+        EXPECT_EQ(History().last(), prints ? u"出力終了 印刷"_s : u"出力終了 プレビュ"_s);
+        WriteBytes(installation.Report().Path(), tables);
+    }
+}
+
 TEST_F(ReportRunnerTest, WithoutAFormsPathTheHostIsSkippedInSilence) {
     Globals().Layout.ReportDbKind = kNoFile;
     PrintReportOnHost(report);
