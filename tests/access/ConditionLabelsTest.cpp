@@ -35,9 +35,10 @@ class ConditionLabelsTest : public WithCompany {
 }  // namespace
 
 TEST_F(ConditionLabelsTest, FifteenNamesAreWrittenAndElevenPlacesEmptied) {
+    QStringList old;
+    for (char16_t letter = u'A'; letter <= u'Z'; ++letter) old.append(u"条件項目名%1 = '古'"_s.arg(QChar(letter)));
     installation.Configuration().Execute(
-        u"UPDATE 販路推進データ管理 SET 条件項目名A = '古', 条件項目名P = '古',"
-        u" 条件項目名Z = '古' WHERE プログラムID = '要員名簿照会'"_s);
+        u"UPDATE 販路推進データ管理 SET %1 WHERE プログラムID = '要員名簿照会'"_s.arg(old.join(u',')));
     PublishConditionLabels(kMenu, kProgram);
     EXPECT_EQ(Labels(kProgram),
               QStringList({u"事業所コード"_s, u"開始部門コード"_s, u"終了部門コード"_s, u"開始セクションコード"_s,

@@ -51,6 +51,17 @@ TEST_F(ProgramLinks, StartMessageFillsEveryColumn) {
                                            u"00001"_s, u"tester"_s}}));
 }
 
+TEST_F(ProgramLinks, MessageWithAStampInAnotherFormIsNotFoundAndStays) {
+    const QString other = u"2026/11/21 09:30:20"_s;
+    Add({.sentAt = other, .key = kKey});
+    EXPECT_EQ(Reply(), QString());
+    AddStart(other);
+    ReceiveStartLink(kKey, kNow);
+    EXPECT_EQ(Globals().LinkSenderId, QString());
+    EXPECT_EQ(Globals().LinkStartInfo, QString());
+    EXPECT_EQ(Left(0), (QStringList{other, other}));
+}
+
 TEST_F(ProgramLinks, StaffMemberOfAMessageIsReadAnewFromTheConfiguration) {
     installation.SetEnvironment(u"起動担当者コード"_s, u"00077"_s);
     SendStartLink(kThis, kSibling, kKey);

@@ -183,8 +183,10 @@ TEST_F(ReportHostTrust, HostFolderThatDoesNotFitTheBufferIsNoHost) {
 
 TEST_F(ReportHostTrust, HostWithoutAVersionWordWritesNothing) {
     registry.Give(kAssociations);
+    const QByteArray before = ReadBytes(registry.UserFile());
     EXPECT_FALSE(PrepareFor(u"/h/host/"_s));
     EXPECT_EQ(registry.writes, QStringList());
+    EXPECT_EQ(ReadBytes(registry.UserFile()), before) << "no key either";
 }
 
 TEST_F(ReportHostTrust, AssociationIsNotMadeWhereNobodyKeepsAny) {

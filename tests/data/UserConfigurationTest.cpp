@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFile>
 
 #include <functional>
@@ -69,6 +71,19 @@ class BrokenTableEngine : public platform::TableEngine {
   public:
     std::unique_ptr<platform::TableFile> OpenDatabase(const QString&) override {
         throw platform::DatabaseError(platform::kEngineFailure, u"disk I/O error"_s);
+    }
+};
+
+/// Counts how often the wait dialog comes up.
+class WaitDialogWatch : public QObject {
+  public:
+    WaitDialogWatch() { QCoreApplication::instance()->installEventFilter(this); }
+    int shown = 0;
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const auto* form = dynamic_cast<Form*>(object);
+        if (event->type() == QEvent::Show && form != nullptr && form->Name() == u"msgお待ち"_s) ++shown;
+        return false;
     }
 };
 
@@ -140,11 +155,14 @@ TEST_F(UserConfiguration, HostIsPreparedBeforeAnyOfItsFilesIsTouched) {
 }
 
 TEST_F(UserConfiguration, SecondStartCopiesNothingShowsNoDialogAndAsksForNoHost) {
+    const WaitDialogWatch watch;
     PrepareUserConfig();
+    EXPECT_EQ(watch.shown, 1);
     copies.clear();
     registry.reads = 0;
     WriteBytes(Own(u"report/repfrmdb.accdb"_s), "the user's own");
     PrepareUserConfig();
+    EXPECT_EQ(watch.shown, 1);
     EXPECT_EQ(copies, QStringList());
     EXPECT_EQ(registry.reads, 0);
     EXPECT_EQ(ReadBytes(Own(u"report/repfrmdb.accdb"_s)), "the user's own");
@@ -154,7 +172,9 @@ TEST_F(UserConfiguration, LostConfigurationComesBackAlone) {
     PrepareUserConfig();
     copies.clear();
     ASSERT_TRUE(QFile::remove(Own(u"conf/usrcnfg.accdb"_s)));
+    const WaitDialogWatch watch;
     PrepareUserConfig();
+    EXPECT_EQ(watch.shown, 0);
     EXPECT_EQ(copies, QStringList{u"usrcnfg.accdb"_s});
 }
 
