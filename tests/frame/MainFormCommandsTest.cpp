@@ -1,13 +1,28 @@
 #include <QtTest/QTest>
 
-#include "frame/MainFormFixture.h"
 #include "frame/ProgramGlobals.h"
+#include "frame/SelectionFixture.h"
+#include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
 #include "screen/Form.h"
+#include "screen/modマウスWHeel.h"
+#include "support/ModalUser.h"
 
 using namespace Qt::StringLiterals;
 
-using CommandsTest = MainFormTest;
+namespace {
+
+const QStringList kOutputs = {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s,
+                              u"btn_封筒"_s, u"btn_はがき"_s,   u"btn_宛名ラベル"_s};
+
+/// A start command of all fields: every code, no text, and that order.
+QString CommandInOrder(const QString& order) {
+    return (u"000"_s + u"000999"_s + u"000999"_s + u"0099"_s + u"0000099999"_s).leftJustified(179) + order;
+}
+
+}  // namespace
+
+using CommandsTest = SelectionTest;
 
 TEST_F(CommandsTest, PlainStartShowsThePayrollOfAllClassesByOrganisation) {
     Start();
@@ -27,6 +42,14 @@ TEST_F(CommandsTest, ShortCommandTakesTheOfficeEmptiesTheRangesAndFindsNothingUn
     EXPECT_EQ(Globals().Conditions.StaffTo, QString());
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_TRUE(Globals().StartCommandAbsent);
+    for (const RangeDefinition& range : RangeDefinitions())
+        for (const QString& item : {range.fromItem, range.toItem}) EXPECT_EQ(Item(item).Text(), QString());
+    EXPECT_EQ(History().last(),
+              HistoryRow(u" AND M担当者.部門コード >= '' AND M担当者.部門コード <= ''"
+                         u" AND M担当者.セクションコード >= '' AND M担当者.セクションコード <= ''"
+                         u" AND M担当者.コード >= '' AND M担当者.コード <= ''"
+                         u" AND M担当者.役職コード >= '' AND M担当者.役職コード <= '' AND M担当者.在籍区分 = '0'"
+                         u" AND M担当者.事業所コード = '001' ORDER BY M担当者.コード"_s));
     Click(u"btn_画面クリア"_s);
     Click(u"btn_集計検索"_s);
     EXPECT_GE(Globals().LastRow, 0);
@@ -63,15 +86,44 @@ TEST_F(CommandsTest, EmptyPositionEndSearchesAndFindsNothing) {
     EXPECT_FALSE(Item(u"btn_印刷"_s).Enabled());
 }
 
-TEST_F(CommandsTest, EmptyDepartmentEndStopsTheSearchAndTakesTheFocus) {
+TEST_F(CommandsTest, EmptyStaffEndSearchesAndFindsNothing) {
     Start();
-    Enter(u"終了部門コード"_s, QString());
-    const QStringList history = History();
-    const int lastRow = Globals().LastRow;
+    Enter(u"終了担当者コード"_s, QString());
+    const qsizetype rows = History().size();
     Click(u"btn_集計検索"_s);
-    EXPECT_EQ(History(), history);
-    EXPECT_EQ(Globals().LastRow, lastRow);
-    EXPECT_EQ(Focused(), u"終了部門コード"_s);
+    ASSERT_EQ(History().size(), rows + 1);
+    EXPECT_EQ(History().last(),
+              HistoryRow(u" AND M担当者.コード >= '' AND M担当者.コード <= '' AND M担当者.在籍区分 = '0'"
+                         u" ORDER BY M担当者.事業所コード, M担当者.部門コード, M担当者.セクションコード,"
+                         u" M担当者.役職コード, M担当者.コード"_s));
+    EXPECT_EQ(Globals().LastRow, -1);
+    EXPECT_EQ(Focused(), u"検索名称"_s);
+}
+
+TEST_F(CommandsTest, EmptyEndOfDepartmentsOrSectionsStopsTheSearchAndTakesTheFocus) {
+    Start();
+    for (const QString& end : {u"終了部門コード"_s, u"終了セクションコード"_s}) {
+        Enter(end, QString());
+        const QStringList history = History();
+        const int lastRow = Globals().LastRow;
+        Click(u"btn_集計検索"_s);
+        EXPECT_EQ(History(), history);
+        EXPECT_EQ(Globals().LastRow, lastRow);
+        EXPECT_EQ(Focused(), end);
+        Enter(end, u"999"_s);
+    }
+}
+
+TEST_F(CommandsTest, OrderSevenOfACommandSortsByNothingAndStaysThroughTheNextSearch) {
+    Start(CommandInOrder(u"7"_s));
+    const QString unsorted = HistoryRow(u" AND M担当者.在籍区分 = '0'"_s);
+    for (const bool pressed : {false, true}) {
+        if (pressed) Click(u"btn_集計検索"_s);
+        EXPECT_EQ(History().last(), unsorted);
+        EXPECT_EQ(Globals().Conditions.DisplayOrder, 7);
+        EXPECT_EQ(Item(u"表示順区分名称"_s).ListIndex(), -1);
+        EXPECT_GE(Globals().LastRow, 0);
+    }
 }
 
 TEST_F(CommandsTest, SearchStartsAtTheTopAndReturnsToTheNameItem) {
@@ -88,10 +140,22 @@ TEST_F(CommandsTest, SearchStartsAtTheTopAndReturnsToTheNameItem) {
 TEST_F(CommandsTest, SearchPutsTheItemsOfASelectionOutOfUseAgain) {
     Start();
     Enter(u"検索カナ"_s, u"ｱ"_s);
+    {
+        ModalUser user(u"wnd担当者名複数指定"_s, [](ModalUser& names) {
+            names.Type(u"山"_s);
+            names.Click(u"btn_戻る"_s);
+        });
+        Click(u"btn_名称複数指定"_s);
+    }
+    ASSERT_TRUE(Globals().Flags.NameListGiven);
     Click(u"btn_集計検索"_s);
+    EXPECT_FALSE(Item(u"検索名称"_s).Enabled());
+    EXPECT_EQ(Item(u"btn_名称複数指定"_s).ForeColor(), QColor(0, 192, 0));
+    EXPECT_TRUE(Item(u"btn_名称複数指定"_s).Enabled());
     EXPECT_TRUE(Item(u"検索カナ"_s).Enabled());
     EXPECT_TRUE(Item(u"btn_終了"_s).Enabled());
     EXPECT_EQ(Item(u"検索カナ"_s).Text(), u"ｱ"_s);
+    EXPECT_EQ(Focused(), u"検索カナ"_s);
 }
 
 TEST_F(CommandsTest, ClearEmptiesTheListAndSearchesNothing) {
@@ -114,21 +178,23 @@ TEST_F(CommandsTest, RowClickWithAMissingRangeEndSendsTheFocusToIt) {
     EXPECT_EQ(Focused(), u"終了セクションコード"_s);
 }
 
-TEST_F(CommandsTest, RowReturnsToItsColoursAfterAClick) {
+TEST_F(CommandsTest, RowReturnsToItsColoursWhereTheProgramCannotBeStarted) {
     Start();
     QList<QColor> before;
     const QStringList panels = {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s, u"bak_dtld"_s};
     for (const QString& panel : panels) before << Item(panel, 1).BackColor();
     Click(u"担当者名"_s, 1);
-    Click(u"bak_dtla"_s, 1);
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{u"情報登録プログラムが有りません"_s});
     for (int i = 0; i < panels.size(); ++i) EXPECT_EQ(Item(panels[i], 1).BackColor(), before[i]);
 }
 
 TEST_F(CommandsTest, OutputButtonsStayOnWithAllRowsTickedOff) {
+    installation.ReplaceStaff(kRowPositions);
     Start();
-    for (int row = 0; row <= Globals().LastRow; ++row) Globals().Rows.出力対象[static_cast<size_t>(row)] = 0;
+    for (int position = 0; position < kRowPositions; ++position) Click(u"chb_出力対象"_s, position);
+    for (size_t row = 0; row < kRowPositions; ++row) EXPECT_EQ(Globals().Rows.出力対象[row], 0);
     Click(u"検索カナ"_s);
-    EXPECT_TRUE(Item(u"btn_印刷"_s).Enabled());
+    for (const QString& button : kOutputs) EXPECT_TRUE(Item(button).Enabled()) << button.toStdString();
 }
 
 TEST_F(CommandsTest, OutputAsksInItsOwnWordsAndReturnsToTheHead) {
@@ -160,6 +226,7 @@ TEST_F(CommandsTest, CloseBoxAndEndButtonLeaveTheSameWay) {
         EXPECT_EQ(services.processes.ends, QList<int>{0});
         EXPECT_FALSE(Globals().MainConnection.IsOpen());
         EXPECT_FALSE(Globals().ConfigConnection.IsOpen());
+        EXPECT_FALSE(RemoveWheelHook()) << "it has gone before";
         services.processes.ends.clear();
         TearDown();
         ResetGlobals();
@@ -173,10 +240,17 @@ TEST_F(CommandsTest, HandlersDoNothingWhileTheScreenIsPaintedOrASiblingIsAwaited
         Globals().*flag = true;
         Click(u"btn_集計検索"_s);
         Click(u"btn_画面クリア"_s);
-        Click(u"btn_印刷"_s);
+        for (const QString& button : kOutputs) Click(button);
         EXPECT_EQ(History(), history);
         EXPECT_GE(Globals().LastRow, 0);
         EXPECT_TRUE(services.dialogs.shown.isEmpty());
+        EXPECT_TRUE(services.dialogs.saveQuestions.isEmpty());
+        Item(u"検索カナ"_s).SetFocus();
+        Globals().Conditions.StaffTo.clear();
+        Item(u"ヘッド終了"_s).SetFocus();
+        Press(Qt::Key_A);
+        EXPECT_EQ(Focused(), u"ヘッド終了"_s);
+        Globals().Conditions.StaffTo = u"99999"_s;
         Globals().*flag = false;
     }
 }

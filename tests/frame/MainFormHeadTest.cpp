@@ -1,9 +1,16 @@
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
 #include <QtTest/QTest>
+#include <tuple>
 
 #include "frame/MainFormFixture.h"
 #include "frame/ProgramGlobals.h"
+#include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
+#include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 
@@ -36,13 +43,21 @@ TEST_F(HeadTest, BoundJustTypedDragsTheOtherAlong) {
 
 TEST_F(HeadTest, ClearedEndEmptiesItsStartAndDrawsTheFocusBackFromTheSections) {
     Start();
-    ASSERT_TRUE(Item(u"btn_印刷"_s).Enabled());
-    Type(u"終了部門コード"_s, QString());
-    Click(u"開始セクションコード"_s);
-    EXPECT_EQ(Globals().Conditions.DepartmentFrom, QString());
-    EXPECT_EQ(Globals().Conditions.DepartmentTo, QString());
-    EXPECT_EQ(Focused(), u"終了部門コード"_s);
-    EXPECT_TRUE(Item(u"btn_印刷"_s).Enabled());  // follows the rows, not the head
+    for (const bool rows : {true, false}) {
+        if (!rows) Click(u"btn_画面クリア"_s);
+        ASSERT_EQ(Globals().LastRow >= 0, rows);
+        Type(u"終了部門コード"_s, QString());
+        Click(u"開始セクションコード"_s);
+        EXPECT_EQ(Globals().Conditions.DepartmentFrom, QString());
+        EXPECT_EQ(Globals().Conditions.DepartmentTo, QString());
+        EXPECT_EQ(Item(u"開始部門コード"_s).Text(), QString());
+        EXPECT_EQ(Item(u"終了部門コード"_s).Text(), QString());
+        EXPECT_EQ(Focused(), u"終了部門コード"_s);
+        // They follow the rows, not the head.
+        for (const QString& button : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s,
+                                      u"btn_はがき"_s, u"btn_宛名ラベル"_s})
+            EXPECT_EQ(Item(button).Enabled(), rows) << button.toStdString();
+    }
 }
 
 TEST_F(HeadTest, ReachOfTheFocusCheckDiffersFromItemToItem) {
@@ -90,13 +105,29 @@ TEST_F(HeadTest, ReachOfTheFocusCheckDiffersFromItemToItem) {
 
 TEST_F(HeadTest, KindByListAndKindByDigitGiveTheSameState) {
     Start();
-    Type(u"在籍区分"_s, u"1"_s);
-    EXPECT_EQ(Globals().Conditions.EnrolmentKind, 1);
-    EXPECT_EQ(Item(u"在籍区分名称"_s).ListIndex(), 1);
-    Click(u"在籍区分名称"_s);
-    Item(u"在籍区分名称"_s).SetListIndex(0);
-    EXPECT_EQ(Globals().Conditions.EnrolmentKind, 0);
-    EXPECT_EQ(Item(u"在籍区分"_s).Value(), 0);
+    for (const KindDefinition& kind : KindDefinitions()) {
+        const auto state = [&] {
+            return std::tuple(Globals().Conditions.*kind.field, Item(kind.item).Value(),
+                              Item(kind.listItem).ListIndex(), Item(kind.listItem).Text(), BuildStaffStatement());
+        };
+        Type(kind.item, u"0"_s);
+        const auto first = state();
+        Type(kind.item, u"1"_s);
+        const auto byDigit = state();
+        EXPECT_EQ(std::get<0>(byDigit), 1);
+        EXPECT_NE(byDigit, first);
+        Type(kind.item, u"0"_s);
+        Item(kind.listItem).SetFocus();
+        Press(Qt::Key_Down);
+        EXPECT_EQ(state(), byDigit) << kind.item.toStdString();
+        Press(Qt::Key_Up);
+        EXPECT_EQ(state(), first);
+        auto& list = dynamic_cast<QComboBox&>(Item(kind.listItem).FocusWidget());
+        list.showPopup();
+        QTest::keyClick(list.view(), Qt::Key_Down);
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_EQ(state(), byDigit) << kind.item.toStdString();
+    }
 }
 
 TEST_F(HeadTest, LastKindIsAllAndAddsNoCondition) {
@@ -130,6 +161,32 @@ TEST_F(HeadTest, TwentyFullWidthCharactersCanBeTypedAndTheNoticeCountsTen) {
     Type(u"検索名称"_s, QString(25, u'あ'));
     EXPECT_EQ(Item(u"検索名称"_s).Text(), QString(20, u'あ'));
     EXPECT_EQ(Item(u"お知らせ"_s).Caption(), u"10文字オーバーです。"_s);
+}
+
+TEST_F(HeadTest, EachItemTakesItsOwnSignsAndNoMoreOfThemByKeysAndByPasting) {
+    struct Case {
+        QString item, entered, taken;
+    };
+    const QString mixed = u"山１ｱ a-1"_s + QString(20, u'2');
+    QList<Case> cases = {{u"検索電話"_s, mixed, u"ｱ a-1"_s + QString(11, u'2')},
+                         {u"検索郵便番号"_s, mixed, u"ｱ a-1222"_s},
+                         {u"検索名称"_s, mixed, u"山１ｱ a-1"_s + QString(13, u'2')},
+                         {u"検索住所"_s, QString(50, u'山'), QString(40, u'山')},
+                         {u"検索カナ"_s, QString(25, u'ｱ'), QString(20, u'ｱ')}};
+    const QString digits[] = {u"123"_s, u"123"_s, u"12"_s, u"12345"_s};
+    for (size_t range = 0; range < std::size(digits); ++range)
+        for (const QString& item : {RangeDefinitions()[range].fromItem, RangeDefinitions()[range].toItem})
+            cases.append({item, u"山a１-1234567"_s, digits[range]});
+    Start();
+    for (const Case& c : cases) {
+        Type(c.item, c.entered);
+        EXPECT_EQ(Item(c.item).Text(), c.taken) << c.item.toStdString();
+        Type(c.item, QString());
+        QApplication::clipboard()->setText(c.entered);
+        // Not Ctrl+V: Ctrl alone opens a lookup in a code item.
+        QTest::keyClick(&Item(c.item).FocusWidget(), Qt::Key_Insert, Qt::ShiftModifier);
+        EXPECT_EQ(Item(c.item).Text(), c.taken) << c.item.toStdString() << " pasted";
+    }
 }
 
 TEST_F(HeadTest, TelephoneAndPostalCodeAreStoredUncut) {
@@ -170,14 +227,20 @@ TEST_F(HeadTest, ClearTakesSelectionsBack) {
     EXPECT_TRUE(Item(u"終了部門コード"_s).Enabled());
 }
 
-TEST_F(HeadTest, LeavingARangeItemRepaintsTheHeadAlsoUnchangedAndLeavesTheRows) {
+TEST_F(HeadTest, LeavingAnyRangeItemRepaintsTheHeadAlsoUnchangedAndLeavesTheRows) {
     Start();
+    const QString statement = BuildStaffStatement();
     Item(u"担当者名"_s, 0).SetText(u"not repainted"_s);
-    Click(u"開始部門コード"_s);
-    Item(u"終了役職コード"_s).SetText(u"7"_s);
-    Press(Qt::Key_Tab);
-    EXPECT_EQ(Item(u"終了役職コード"_s).Text(), u"99"_s);
-    EXPECT_EQ(Item(u"担当者名"_s, 0).Text(), u"not repainted"_s);
+    for (const RangeDefinition& range : RangeDefinitions()) {
+        for (const QString& item : {range.fromItem, range.toItem}) {
+            Click(item);
+            Item(u"検索郵便番号"_s).SetText(u"7"_s);
+            Press(Qt::Key_Tab);
+            EXPECT_EQ(Item(u"検索郵便番号"_s).Text(), QString()) << item.toStdString();
+            EXPECT_EQ(Item(u"担当者名"_s, 0).Text(), u"not repainted"_s) << item.toStdString();
+        }
+    }
+    EXPECT_EQ(BuildStaffStatement(), statement);
 }
 
 TEST_F(HeadTest, ClearTakesTheRangesOfAStartCommandAwayAndKeepsItsOffice) {

@@ -30,7 +30,21 @@ void TurnWheel(QWidget& form, int delta) {
 
 }  // namespace
 
-using ListTest = MainFormTest;
+class ListTest : public MainFormTest {
+  protected:
+    /// Nothing of what stood in a position is left.
+    void ExpectBlank(int position) const {
+        EXPECT_EQ(Item(u"行No"_s, position).Text(), QString()) << position;
+        EXPECT_EQ(Item(u"chb_出力対象"_s, position).Value(), 0) << position;
+        for (const DetailItem& detail : DetailItems())
+            EXPECT_EQ(Item(detail.item, position).Text(), QString()) << detail.item.toStdString() << position;
+    }
+    void ExpectOutputs(bool enabled) const {
+        for (const QString& name : kOutputs) EXPECT_EQ(Item(name).Enabled(), enabled) << name.toStdString();
+    }
+    const QStringList kOutputs = {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s,
+                                  u"btn_封筒"_s, u"btn_はがき"_s,   u"btn_宛名ラベル"_s};
+};
 
 TEST_F(ListTest, ScreenOf863PixelsGivesSixRowsAnd864Eight) {
     Start(QString(), 863);
@@ -50,16 +64,17 @@ TEST_F(ListTest, LowScreenTakesTwoRowsOffAndGivesTheTabItsBorderBack) {
     const int height = Item(u"bak_dtla"_s, 0).Height();
     const int tab = Item(u"tab_詳細"_s).Height();
     const int bar = Item(u"scl_行"_s).Height();
-    const int button = Item(u"btn_終了"_s).Top();
-    const int notice = Item(u"お知らせ"_s).Top();
+    const QStringList below = kOutputs + QStringList{u"btn_終了"_s, u"お知らせ"_s};
+    QList<int> tops;
+    for (const QString& name : below) tops << Item(name).Top();
     const int window = MainForm().WindowHeight();
     TearDown();
     ResetGlobals();
     Start(QString(), 768);
     EXPECT_EQ(Item(u"tab_詳細"_s).Height(), tab - 2 * height + 30);
     EXPECT_EQ(Item(u"scl_行"_s).Height(), bar - 2 * height + 30);
-    EXPECT_EQ(Item(u"btn_終了"_s).Top(), button - 2 * height);
-    EXPECT_EQ(Item(u"お知らせ"_s).Top(), notice - 2 * height);
+    for (int i = 0; i < below.size(); ++i)
+        EXPECT_EQ(Item(below[i]).Top(), tops[i] - 2 * height) << below[i].toStdString();
     EXPECT_EQ(MainForm().WindowHeight(), window - 2 * height);
 }
 
@@ -77,22 +92,31 @@ TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput)
     installation.General().Execute(
         u"DELETE FROM M担当者; UPDATE Mユーザ SET 暗証番号有無 = '0'; UPDATE M事業所 SET 暗証番号有無 = '0'"_s);
     Start();
-    EXPECT_EQ(Column(u"担当者コード"_s), QStringList(8, QString()));
-    EXPECT_EQ(Column(u"行No"_s), QStringList(8, QString()));
-    EXPECT_EQ(Item(u"chb_出力対象"_s, 0).Value(), 0);
+    for (int position = 0; position < kRowPositions; ++position) ExpectBlank(position);
     EXPECT_FALSE(Item(u"scl_行"_s).Enabled());
-    for (const QString& name :
-         {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s, u"btn_はがき"_s, u"btn_宛名ラベル"_s})
-        EXPECT_FALSE(Item(name).Enabled()) << name.toStdString();
+    ExpectOutputs(false);
+}
+
+TEST_F(ListTest, SearchThatFindsNobodyBlanksAFullList) {
+    Start();
+    for (int position = 0; position < kRowPositions; ++position)
+        ASSERT_EQ(Item(u"chb_出力対象"_s, position).Value(), 1);
+    Enter(u"検索名称"_s, u"誰でもない"_s);
+    Click(u"btn_集計検索"_s);
+    for (int position = 0; position < kRowPositions; ++position) ExpectBlank(position);
+    EXPECT_FALSE(Item(u"scl_行"_s).Enabled());
+    ExpectOutputs(false);
 }
 
 TEST_F(ListTest, SevenRowsLeaveTheBarOffAndTheEighthPositionBlank) {
-    KeepStaff(installation, 7);
     Start();
+    ASSERT_EQ(Item(u"chb_出力対象"_s, 7).Value(), 1);
+    KeepStaff(installation, 7);
+    Click(u"btn_集計検索"_s);
     EXPECT_EQ(Globals().LastRow, 6);
     EXPECT_FALSE(Item(u"scl_行"_s).Enabled());
     EXPECT_FALSE(Column(u"担当者コード"_s)[6].isEmpty());
-    EXPECT_TRUE(Column(u"担当者コード"_s)[7].isEmpty());
+    ExpectBlank(7);
 }
 
 TEST_F(ListTest, BarIsOnAtExactlyEightRowsAndItsMaxIsTheLastRow) {
@@ -106,9 +130,10 @@ TEST_F(ListTest, BarIsOnAtExactlyEightRowsAndItsMaxIsTheLastRow) {
 TEST_F(ListTest, LastRowCanStandAloneInTheFirstPosition) {
     KeepStaff(installation, 20);
     Start();
-    Item(u"scl_行"_s).SetValue(19);
+    for (int turn = 0; turn < 3; ++turn) TurnWheel(MainForm(), -120);
     EXPECT_EQ(Globals().TopRow, 19);
     EXPECT_EQ(Column(u"行No"_s), QStringList({u"20"_s, {}, {}, {}, {}, {}, {}, {}}));
+    for (int position = 1; position < kRowPositions; ++position) ExpectBlank(position);
 }
 
 TEST_F(ListTest, ScrollingPutsTheCursorBackIntoTheHead) {
@@ -160,7 +185,8 @@ TEST_F(ListTest, PinColumnShowsOnlyToTheWholeCompanyWithTheRightOfClassNine) {
     Start();
     for (const Case& c : {Case{u"000"_s, u"00001"_s, u"0"_s, true}, Case{u"001"_s, u"00001"_s, u"0"_s, false},
                           Case{u"000"_s, QString(), u"0"_s, false}, Case{u"000"_s, u"00001"_s, u"1"_s, false},
-                          Case{u"000"_s, u"00001"_s, QString(), false}}) {
+                          Case{u"000"_s, u"00001"_s, QString(), false}, Case{u"001"_s, u"00001"_s, u"1"_s, false},
+                          Case{u"001"_s, u"00001"_s, QString(), false}}) {
         Globals().ScopeOfficeCode = c.office;
         Globals().Staff.LaunchingStaffCode = c.staff;
         Globals().Staff.ClassRights[9] = c.right;

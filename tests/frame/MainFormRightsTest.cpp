@@ -119,6 +119,20 @@ TEST_F(RightsTest, WithoutPinsAPersonOfNoRightsStartsAndPrints) {
     EXPECT_EQ(driver.Opened(), 0);
 }
 
+TEST_F(RightsTest, AnOfficeWithoutPinsUnderACompanyWithThemAsksNobodyAtTheStartOrAtAnOutput) {
+    installation.General().Execute(
+        u"UPDATE M事業所 SET 暗証番号有無 = '0' WHERE コード = '002';"
+        u"UPDATE M担当者 SET 事業所コード = '002', 在籍区分 = '0' WHERE コード > '00030'"_s);
+    installation.SetEnvironment(u"運用事業所コード"_s, u"002"_s);
+    for (const QString& right : {u"処理分類1操作許可"_s, u"操作許可"_s, u"印刷許可"_s}) Forbid(right, u"00001"_s);
+    PinDialogDriver driver(Cancel);
+    Start();
+    EXPECT_EQ(Globals().PinRequired, 0);
+    Click(u"btn_印刷"_s);
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{u"印刷しますか?"_s});
+    EXPECT_EQ(driver.Opened(), 0);
+}
+
 TEST_F(RightsTest, EachOutputButtonAsksForItsOwnRight) {
     const QList<QPair<QString, QStringList>> rights = {
         {u"印刷許可"_s, {u"btn_印刷"_s, u"btn_封筒"_s, u"btn_はがき"_s, u"btn_宛名ラベル"_s}},
@@ -220,6 +234,13 @@ TEST_F(RightsTest, ThePinColumnShowsTheClearPinOfASealedOne) {
 
 TEST_F(RightsTest, ThePinColumnIsHiddenFromWhoLacksTheRightOfClassNine) {
     Forbid(u"処理分類9操作許可"_s, u"00001"_s);
-    Start();
-    EXPECT_FALSE(Item(u"暗証番号"_s, 0).Visible());
+    for (const QString& office : {u"000"_s, u"001"_s}) {
+        installation.SetEnvironment(u"運用事業所コード"_s, office);
+        Start();
+        EXPECT_EQ(Globals().ScopeOfficeCode, office);
+        EXPECT_GE(Globals().LastRow, 7);
+        for (int position = 0; position < 8; ++position) EXPECT_FALSE(Item(u"暗証番号"_s, position).Visible());
+        TearDown();
+        ResetGlobals();
+    }
 }

@@ -56,6 +56,21 @@ TEST_F(RowClickTest, PaintsFourPanelsOfItsRowAndNotTheThirdPages) {
     EXPECT_EQ(PanelsPainted([this] { Click(u"担当者名"_s, kPosition + 1); }), QStringList());
 }
 
+TEST_F(RowClickTest, RowReturnsToItsOwnColourAlthoughTheProgramEndedAtOnce) {
+    Start();
+    const QColor own(1, 2, 3);
+    for (const QString& panel : kLaunched) Item(panel, kPosition).SetBackColor(own);
+    const QColor third = Item(u"bak_dtld"_s, kPosition).BackColor();
+    int starts = 0;
+    for (const QString& item : {u"担当者名"_s, u"bak_dtla"_s}) {
+        Click(item, kPosition);
+        for (const QString& panel : kLaunched) EXPECT_EQ(Item(panel, kPosition).BackColor(), own);
+        EXPECT_EQ(Item(u"bak_dtld"_s, kPosition).BackColor(), third);
+        EXPECT_EQ(services.processes.starts.size(), ++starts);
+    }
+    EXPECT_TRUE(services.dialogs.shown.isEmpty());
+}
+
 TEST_F(RowClickTest, EveryItemLabelAndPanelOfARowLaunchesButThePinAndTheDateLabels) {
     Start();
     QStringList launching = {u"行No"_s,         u"bak_dtl_行No"_s,       u"bak_dtla"_s,         u"bak_dtlb"_s,
@@ -140,6 +155,27 @@ TEST_F(RowClickTest, HandlersWithoutAGuardWorkWhileASiblingIsAwaited) {
     EXPECT_EQ(Globals().TopRow, 3);
     Item(u"btn_終了"_s).Click();
     EXPECT_EQ(services.processes.ends, QList<int>{0});
+}
+
+TEST_F(RowClickTest, TitlesAndPagesAnswerNothingWhileGuarded) {
+    const QStringList kinds = {u"itm_ttl_在籍区分"_s, u"itm_ttl_社員区分"_s, u"itm_ttl_表示順区分"_s};
+    const QStringList titles = {u"bak_dtl_head_行No"_s, u"baK_dtl_heada"_s, u"baK_dtl_headb"_s, u"itm_ttl_行No"_s,
+                                u"itm_ttl_担当者"_s,    u"itm_ttl_所属"_s,  u"itm_ttl_役職"_s,  u"itm_ttl_日付"_s,
+                                u"itm_ttl_住所"_s,      u"itm_ttl_連絡先"_s};
+    Start();
+    for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
+        // Unguarded they would send the focus to the missing end, those of the kinds to their items without one.
+        for (const QString& end : {QString(), u"99999"_s}) {
+            for (const QString& title : end.isEmpty() ? titles + kinds + QStringList{u"tab_詳細"_s} : kinds) {
+                Item(u"検索カナ"_s).SetFocus();
+                Globals().Conditions.StaffTo = end;
+                Globals().*flag = true;
+                Item(title).Click();
+                EXPECT_EQ(Focused(), u"検索カナ"_s) << title.toStdString();
+                Globals().*flag = false;
+            }
+        }
+    }
 }
 
 TEST_F(RowClickTest, RowsAndBoxesAnswerNothingWhileGuarded) {

@@ -115,7 +115,9 @@ TEST_F(PickSearchTest, ClearUnloadsAllFourWindowsAndTheyStartAnew) {
         EXPECT_FALSE(IsFormLoaded(window.window));
         EXPECT_FALSE(Globals().SelectionWindows.contains(window.window));
         EXPECT_FALSE(Picked(window));
+        EXPECT_EQ(Item(window.button).ForeColor(), QColor(0, 0, 128)) << window.button.toStdString();
         EXPECT_TRUE(Item(window.nextItem).Enabled());
+        EXPECT_TRUE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
         Open(window, [](const FormHands& hands) {
             EXPECT_TRUE(hands.MarkedCodes().isEmpty());
             GoBack(hands);

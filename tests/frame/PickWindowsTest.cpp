@@ -101,6 +101,8 @@ TEST_F(PickWindowsTest, OpeningDisablesTheMainFormEmptiesTheConditionAndNamesBut
 
 TEST_F(PickWindowsTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace) {
     Start();
+    // Each next one is out of use by then, so the focus goes on to what is still in use.
+    QStringList next = {u"開始セクションコード"_s, u"開始役職コード"_s, u"開始担当者コード"_s, u"表示順区分"_s};
     for (const PickDefinition& window : PickDefinitions()) {
         Open(window, [](const FormHands& hands) {
             hands.ClickMark(1);
@@ -111,8 +113,7 @@ TEST_F(PickWindowsTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace
         EXPECT_TRUE(Item(window.button).Enabled());
         EXPECT_FALSE(Item(window.nextItem).Enabled());
         EXPECT_FALSE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
-        EXPECT_NE(Focused(), QString());
-        EXPECT_NE(Focused(), window.nextItem);
+        EXPECT_EQ(Focused(), next.takeFirst());
     }
 }
 

@@ -13,8 +13,14 @@ const QString kOrder =
 
 }  // namespace
 
+QString SelectionTest::WholeStatement(const QString& behind) { return kHead + behind; }
+
+QString SelectionTest::HistoryRow(const QString& behind) {
+    return u"出力終了 "_s + WholeStatement(behind).replace(u"'"_s, u"''"_s);
+}
+
 QString SelectionTest::Statement(const QString& codes, const QString& texts) {
-    return kHead + codes + u" AND M担当者.在籍区分 = '0'"_s + texts + kOrder;
+    return WholeStatement(codes + u" AND M担当者.在籍区分 = '0'"_s + texts + kOrder);
 }
 
 QStringList SelectionTest::Found() {
