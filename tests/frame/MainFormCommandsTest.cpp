@@ -28,6 +28,7 @@ TEST_F(CommandsTest, PlainStartShowsThePayrollOfAllClassesByOrganisation) {
     Start();
     const int staff = installation.General().Rows(u"SELECT コード FROM M担当者 WHERE 在籍区分 = '0'"_s).size();
     EXPECT_EQ(Globals().LastRow + 1, staff);
+    EXPECT_EQ(History().last(), u"出力終了 "_s + Statement({}).replace(u"'"_s, u"''"_s));
     EXPECT_EQ(Globals().Conditions.EnrolmentKind, 0);
     EXPECT_EQ(Globals().Conditions.StaffClass, Item(u"社員区分"_s).MaxValue());  // 9 became the list's 全て
     EXPECT_EQ(Item(u"社員区分名称"_s).ListIndex(), Item(u"社員区分"_s).MaxValue());
