@@ -25,7 +25,7 @@ class Values(InquiryCase):
     def test_given_values_take_the_item_of_the_head_out_of_the_chain(self):
         with self.over("btn_電話複数指定", "space", "担当者電話複数指定") as window:
             self.screen.type("03")
-            first = tree.named(window, "担当者電話")
+            first = tree.named(window, "担当者電話", "text")
             wait_for("the value", lambda: tree.text_of(first) == "03")
         self.addCleanup(self.clear)
         names = [stop.name for stop in self.walk(self.main, "Tab")]
@@ -36,5 +36,5 @@ class Values(InquiryCase):
         with self.over("btn_電話複数指定", "space", "担当者電話複数指定") as window:
             self.go_to(window, "btn_画面クリア")
             self.screen.key("space")
-            first = tree.named(window, "担当者電話")
+            first = tree.named(window, "担当者電話", "text")
             wait_for("the empty row", lambda: tree.text_of(first) == "")
