@@ -53,30 +53,28 @@ constexpr RowItem kStaffItems[] = {
 constexpr RowLabel kStaffLabels[] = {{u"itm_ttl_性別", u"性別", 56, kLine1, 34}};
 
 constexpr RowItem kOrganisationItems[] = {
-    {u"xField", u"所属事業所名", 1, kLine1, 222},  {u"xField", u"部門名", 1, kLine2, 222},
-    {u"xField", u"セクション名", 1, kLine3, 222},  {u"xField", u"役職名", 225, kLine1, 198},
-    {u"xField", u"在籍区分名", 287, kLine2, 136},  {u"xField", u"社員区分名", 287, kLine3, 136},
-    {u"xField", u"生年月日年号", 481, kLine1, 38}, {u"xField", u"生年月日年", 520, kLine1, 38, false, 20, true},
-    {u"xField", u"生年月日月", 577, kLine1, 22},   {u"xField", u"生年月日日", 618, kLine1, 22},
-    {u"xField", u"入社日付年号", 481, kLine2, 38}, {u"xField", u"入社日付年", 520, kLine2, 38, false, 20, true},
-    {u"xField", u"入社日付月", 577, kLine2, 22},   {u"xField", u"入社日付日", 618, kLine2, 22},
-    {u"xField", u"退社日付年号", 481, kLine3, 38}, {u"xField", u"退社日付年", 520, kLine3, 38, false, 20, true},
-    {u"xField", u"退社日付月", 577, kLine3, 22},   {u"xField", u"退社日付日", 618, kLine3, 22},
+    {u"xField", u"所属事業所名", 1, kLine1, 222}, {u"xField", u"部門名", 1, kLine2, 222},
+    {u"xField", u"セクション名", 1, kLine3, 222}, {u"xField", u"役職名", 225, kLine1, 198},
+    {u"xField", u"在籍区分名", 287, kLine2, 136}, {u"xField", u"社員区分名", 287, kLine3, 136},
 };
 constexpr RowLabel kOrganisationLabels[] = {
-    {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},   {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
-    {u"itm_ttl_生年月日", u"生年月日", 425, kLine1, 54}, {u"itm_ttl_入社日付", u"入社日付", 425, kLine2, 54},
-    {u"itm_ttl_退社日付", u"退職日付", 425, kLine3, 54},
+    {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},
+    {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
 };
 
-// Behind year, month and day of each date.
-constexpr RowLabel kDateSigns[] = {
-    {u"lab_生年月日年", u"年", 558, kLine1, 18}, {u"lab_生年月日月", u"月", 599, kLine1, 18},
-    {u"lab_生年月日日", u"日", 640, kLine1, 18}, {u"lab_入社日付年", u"年", 558, kLine2, 18},
-    {u"lab_入社日付月", u"月", 599, kLine2, 18}, {u"lab_入社日付日", u"日", 640, kLine2, 18},
-    {u"lab_退社日付年", u"年", 558, kLine3, 18}, {u"lab_退社日付月", u"月", 599, kLine3, 18},
-    {u"lab_退社日付日", u"日", 640, kLine3, 18},
+/// A date of the row: its title, its era, and year, month and day, each with a sign behind.
+struct RowDate {
+    QStringView name;
+    QStringView caption;
+    int y;
 };
+constexpr RowDate kDates[] = {
+    {u"生年月日", u"生年月日", kLine1}, {u"入社日付", u"入社日付", kLine2}, {u"退社日付", u"退職日付", kLine3}};
+constexpr RowItem kDateParts[] = {{u"xField", u"年号", 481, 0, 38},
+                                  {u"xField", u"年", 520, 0, 38, false, 20, true},
+                                  {u"xField", u"月", 577, 0, 22},
+                                  {u"xField", u"日", 618, 0, 22}};
+constexpr int kSignWidth = 18;
 
 constexpr RowItem kAddressItems[] = {
     {u"xZip", u"郵便番号", 1, kLine1, 84},   {u"xField", u"住所A", 87, kLine1, 244},
@@ -100,30 +98,44 @@ constexpr RowLabel kOtherLabels[] = {
     {u"itm_ttl_更新日付", u"更新", 443, kLine2, 42},
 };
 
+constexpr double kRowTitlePoints = 9, kColumnTitlePoints = 10;
+
+void AddTitle(Form& form, Panel& panel, int position, const QString& name, QStringView caption, double points,
+              const QRect& place) {
+    auto* title = new Panel(form, panel, name, position, caption.toString());
+    title->setFont(SuiteFont(SuiteFace::PGothic, points));
+    title->SetTitle();
+    title->setGeometry(place);
+}
+
+void AddItem(Form& form, Panel& panel, int position, const RowItem& item, const QString& name, int y) {
+    auto* made = new DisplayItem(form, panel, item.type.toString(), name, position);
+    made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
+    if (item.toTheRight) made->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    made->setGeometry(item.x, y, item.width, item.height);
+}
+
 template <size_t Items, size_t Labels>
 void FillRowPanel(Form& form, Panel& panel, int position, const RowItem (&items)[Items],
                   const RowLabel (&labels)[Labels]) {
-    for (const RowLabel& label : labels) {
-        auto* made = new Panel(form, panel, label.name.toString(), position, label.caption.toString());
-        made->setFont(SuiteFont(SuiteFace::PGothic, 9));
-        made->SetTitle();
-        made->setGeometry(label.x, label.y, label.width, 20);
-    }
-    for (const RowItem& item : items) {
-        auto* made = new DisplayItem(form, panel, item.type.toString(), item.name.toString(), position);
-        made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
-        if (item.toTheRight) made->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        made->setGeometry(item.x, item.y, item.width, item.height);
-    }
+    for (const RowLabel& label : labels)
+        AddTitle(form, panel, position, label.name.toString(), label.caption, kRowTitlePoints,
+                 {label.x, label.y, label.width, 20});
+    for (const RowItem& item : items) AddItem(form, panel, position, item, item.name.toString(), item.y);
 }
 
-void AddDateSigns(Form& form, Panel& panel, int position) {
-    for (const RowLabel& sign : kDateSigns) {
-        auto* made = new Label(form, panel, sign.name.toString(), position, sign.caption.toString());
-        made->setFont(SuiteFont(SuiteFace::PGothic, 9));
-        made->setAlignment(Qt::AlignCenter);
-        made->SetEdgeless();
-        made->setGeometry(sign.x, sign.y, sign.width, 20);
+void AddDate(Form& form, Panel& panel, int position, const RowDate& date) {
+    const QString name = date.name.toString();
+    AddTitle(form, panel, position, u"itm_ttl_"_s + name, date.caption, kRowTitlePoints, {425, date.y, 54, 20});
+    for (const RowItem& part : kDateParts) {
+        const QString partName = part.name.toString();
+        AddItem(form, panel, position, part, name + partName, date.y);
+        if (partName == u"年号") continue;  // an era says itself what it is
+        auto* sign = new Label(form, panel, u"lab_"_s + name + partName, position, partName);
+        sign->setFont(SuiteFont(SuiteFace::PGothic, kRowTitlePoints));
+        sign->setAlignment(Qt::AlignCenter);
+        sign->SetEdgeless();
+        sign->setGeometry(part.x + part.width, date.y, kSignWidth, 20);
     }
 }
 
@@ -159,7 +171,7 @@ void BuildRow(Form& form, const TabPages& pages, int position) {
     const QRect place(0, kTitleHeight + position * kRowHeight, kTabWidth - 4, kRowHeight);
     Panel& organisation = MakeRowPanel(form, pages.organisation, u"bak_dtlb"_s, position, place);
     FillRowPanel(form, organisation, position, kOrganisationItems, kOrganisationLabels);
-    AddDateSigns(form, organisation, position);
+    for (const RowDate& date : kDates) AddDate(form, organisation, position, date);
     FillRowPanel(form, MakeRowPanel(form, pages.address, u"bak_dtlc"_s, position, place), position, kAddressItems,
                  kAddressLabels);
     FillRowPanel(form, MakeRowPanel(form, pages.other, u"bak_dtld"_s, position, place), position, kOtherItems,
@@ -177,12 +189,9 @@ void BuildTitles(Form& form, QWidget& parent, const QString& panelName, const QR
     auto* panel = new Panel(form, parent, panelName, -1, QString());
     panel->SetBackColor(kCaptionColor);
     panel->setGeometry(place);
-    for (const Title& title : titles) {
-        auto* label = new Panel(form, *panel, title.name.toString(), -1, title.caption.toString());
-        label->setFont(SuiteFont(SuiteFace::PGothic, 10));
-        label->SetTitle();
-        label->setGeometry(title.x, 1, title.width, kTitleHeight - 2);
-    }
+    for (const Title& title : titles)
+        AddTitle(form, *panel, -1, title.name.toString(), title.caption, kColumnTitlePoints,
+                 {title.x, 1, title.width, kTitleHeight - 2});
 }
 
 void BuildAllTitles(Form& form, const TabPages& pages) {

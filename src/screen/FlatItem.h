@@ -19,6 +19,7 @@ class FlatItem : public QWidget, public Control, public SpokenText {
     QColor BackColor() const override { return back_; }
     void SetBackColor(const QColor& color) override;
     void setAlignment(Qt::Alignment alignment);
+    void SetEdgeless() { SetEdge(Edge::None); }
 
     const QString& Shown() const { return text_; }
 

@@ -13,8 +13,6 @@ class Label : public FlatItem {
         Show(caption);
     }
 
-    void SetEdgeless() { SetEdge(Edge::None); }
-
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }
 };

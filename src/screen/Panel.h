@@ -20,7 +20,6 @@ class Panel : public FlatItem {
         SetBackColor(kCaptionColor);
         SetEdge(Edge::Line);
     }
-    void SetEdgeless() { SetEdge(Edge::None); }
 
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }
