@@ -9,6 +9,7 @@
 #include "setup/HistoryCommand.h"
 #include "setup/ImportCommand.h"
 #include "setup/Installer.h"
+#include "setup/JetServer.h"
 #include "setup/LinksCommand.h"
 #include "setup/MoveCommand.h"
 #include "setup/PinSealing.h"
@@ -145,6 +146,7 @@ void RunVerb(const QStringList& arguments, const Console& console) {
     if (arguments.isEmpty()) throw Refusal(u"コマンドを指定してください。"_s);
     // Works on the machine and the user, not on an installation.
     if (arguments.first() == u"registry"_s) return RunRegistryCommand(arguments.mid(1), console);
+    if (arguments.first() == kJetServerVerb && arguments.size() == 2) return ServeJetFile(arguments[1]);
     QString asked = arguments.first();
     for (const Verb& verb : kVerbs) {
         const qsizetype words = verb.name.count(u' ') + 1;

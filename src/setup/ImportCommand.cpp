@@ -4,7 +4,9 @@
 #include "setup/GeneralDatabase.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
+#include "setup/JetReader.h"
 #include "setup/TableCopy.h"
+#include "setup/TextTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,14 +29,15 @@ void RefuseMissingTables(const ForeignTables& file, const QString& path, const Q
             1, u"%1 には次の表がなく、何も取り込んでいません。%2"_s.arg(path, missing.join(u'、')));
 }
 
-void TellDifferences(const TableDefinition& table, const QStringList& columns, const Console& console) {
+void ReportDifferences(const TableDefinition& table, const QStringList& columns, const Console& console) {
     QStringList missing, unknown;
     for (const ColumnDefinition& column : table.columns)
         if (Find(columns, column.name) < 0) missing.append(column.name);
     for (const QString& column : columns)
         if (!HasColumn(table, column)) unknown.append(column);
     if (!missing.isEmpty()) console.out << u"  ファイルにない列: %1\n"_s.arg(missing.join(u'、'));
-    if (!unknown.isEmpty()) console.out << u"  取り込まない列: %1\n"_s.arg(unknown.join(u'、'));
+    // Any text can be the name of a column in the file, also one that controls a terminal.
+    if (!unknown.isEmpty()) console.out << u"  取り込まない列: %1\n"_s.arg(OnOneLine(unknown.join(u'、')));
 }
 
 QString Literal(QString value) { return value.isNull() ? u"NULL"_s : u'\'' + value.replace(u'\'', u"''"_s) + u'\''; }
@@ -43,16 +46,12 @@ void ImportTable(const ForeignTables& file, platform::Connection& general, const
                  const Console& console) {
     const QString name = file.Tables()[Find(file.Tables(), table.name)];
     const QStringList columns = file.Columns(name);
+    const ColumnMap map(table, columns);
     const QString head = InsertHead(table);
     qint64 read = 0;
     general.Execute(u"DELETE FROM \"%1\""_s.arg(table.name));
     file.ReadRows(name, [&](const QStringList& row) {
-        QStringList values;
-        for (const ColumnDefinition& column : table.columns) {
-            const qsizetype place = Find(columns, column.name);
-            values.append(place < 0 ? u"NULL"_s : Literal(row[place]));
-        }
-        general.Execute(head + u'(' + values.join(u", "_s) + u')');
+        general.Execute(head + map.Literals(row));
         ++read;
     });
     const qint64 arrived = CountRows(general, table.name);
@@ -60,10 +59,24 @@ void ImportTable(const ForeignTables& file, platform::Connection& general, const
         throw platform::RuntimeError(
             1, u"表 %1 は %2 行のうち %3 行しか取り込まれていません。"_s.arg(table.name).arg(read).arg(arrived));
     console.out << u"%1: %2 行\n"_s.arg(table.name).arg(read) << Qt::flush;
-    TellDifferences(table, columns, console);
+    ReportDifferences(table, columns, console);
 }
 
 }  // namespace
+
+ColumnMap::ColumnMap(const TableDefinition& table, const QStringList& columns)
+    : table_(table.name), columns_(columns.size()) {
+    for (const ColumnDefinition& column : table.columns) places_.append(Find(columns, column.name));
+}
+
+QString ColumnMap::Literals(const QStringList& row) const {
+    if (row.size() != columns_)
+        throw platform::RuntimeError(
+            1, u"表 %1 に %2 列の行があります。列は %3 です。"_s.arg(table_).arg(row.size()).arg(columns_));
+    QStringList values;
+    for (const qsizetype place : places_) values.append(place < 0 ? u"NULL"_s : Literal(row[place]));
+    return u'(' + values.join(u", "_s) + u')';
+}
 
 void ImportTables(const ForeignTables& tables, const QString& origin, platform::Connection& general,
                   const Console& console) {
@@ -71,15 +84,19 @@ void ImportTables(const ForeignTables& tables, const QString& origin, platform::
     RefuseMissingTables(tables, origin, wanted);
     platform::Transaction whole(general);
     for (const TableDefinition& table : wanted) ImportTable(tables, general, table, console);
+    tables.CheckUnchanged();
     whole.Commit();
 }
 
 void ImportGeneral(const Arguments& arguments, const Console& console) {
     if (arguments.further.isEmpty()) throw Refusal(u"取り込むファイルを指定してください。"_s);
     const QString path = arguments.further.first();
+    const QString root = InstallationRoot(arguments.installation);
+    // Before the database is open, so that the reader inherits nothing of it.
+    const JetReader reader(path, console.programFolder + u"/suite-setup"_s);
     platform::Connection general;
-    OpenGeneralFile(general, InstallationRoot(arguments.installation), platform::ConnectMode::ReadWrite);
-    ImportTables(JetFile(path), path, general, console);
+    OpenGeneralFile(general, root, platform::ConnectMode::ReadWrite);
+    ImportTables(reader, path, general, console);
 }
 
 }  // namespace setup

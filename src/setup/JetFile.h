@@ -1,32 +1,21 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-#include <functional>
 #include <memory>
-#include <vector>
+
+#include "setup/ForeignTables.h"
 
 namespace setup {
 
-/// Tables that another program has made, to be read.
-class ForeignTables {
-  public:
-    virtual ~ForeignTables() = default;
-    /// The tables that people see, as they are spelled.
-    virtual QStringList Tables() const = 0;
-    /// Columns of one of them, in their order.
-    virtual QStringList Columns(const QString& table) const = 0;
-    /// Every row, with its values in the order of the columns; a Null is a null QString. Throws platform::RuntimeError.
-    virtual void ReadRows(const QString& table, const std::function<void(const QStringList&)>& take) const = 0;
-};
-
 /// A Jet or ACE database file, read by the mdbtools library; never written. Texts come from UTF-16, or from code page
-/// 932 in the oldest format; dates read yyyymmdd, with hhnnss behind a blank where they have a time; numbers are
-/// digits. A text that is longer than a megabyte is a failure, and so is a table with fewer or more rows than the file
-/// counts.
+/// 932 in the oldest format (the environment variable MDB_JET3_CHARSET names another one); dates read yyyymmdd, with
+/// hhnnss after a blank if they have a time; numbers are digits; a yes/no is 1 or 0. A value is Null in rows older than
+/// its column. Columns of pictures and other bytes are left out. A text longer than a megabyte is a failure, and so is
+/// a table with fewer or more rows than the file counts.
+///
+/// The library does not survive every damaged file: use JetReader, which runs this class in a process of its own.
 class JetFile : public ForeignTables {
   public:
-    /// Throws platform::RuntimeError where the file can't be read or has another format.
+    /// Throws platform::RuntimeError if the file can't be read or has another format.
     explicit JetFile(const QString& path);
     ~JetFile() override;
     JetFile(const JetFile&) = delete;

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
+#include <sys/stat.h>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include "data/ServerSchema.h"
@@ -15,7 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSamples = QStringLiteral(SUITE_SOURCES) + u"/../shared/testdata"_s;
+const QString kFiles = QStringLiteral(SUITE_SOURCES) + u"/tests/setup/jet/"_s;
+
+ToolOutput ImportFile(const SampleInstallation& installation, const QString& file) {
+    return RunTool(
+        {u"import"_s, installation.Root(), file}, [] { return false; }, QStringLiteral(SUITE_PROGRAMS));
+}
 
 /// Every table of the suite under a name in small letters, with one row of its column names.
 class OtherTables : public setup::ForeignTables {
@@ -24,6 +30,7 @@ class OtherTables : public setup::ForeignTables {
     QHash<QString, QStringList> columns;      // other columns than the suite's
     QHash<QString, QList<QStringList>> rows;  // other rows
     QString breaksAt;                         // the table that can't be read
+    bool changed = false;                     // while they were read
 
     QStringList Tables() const override {
         QStringList names = {u"お知らせ"_s};
@@ -41,6 +48,9 @@ class OtherTables : public setup::ForeignTables {
     void ReadRows(const QString& table, const std::function<void(const QStringList&)>& take) const override {
         if (table == breaksAt) throw platform::RuntimeError(1, u"damaged"_s);
         for (const QStringList& row : rows.value(table, {Columns(table)})) take(row);
+    }
+    void CheckUnchanged() const override {
+        if (changed) throw platform::RuntimeError(1, u"changed"_s);
     }
 };
 
@@ -104,68 +114,85 @@ TEST_F(Import, AFailureInTheMiddleChangesNothing) {
     connection.Execute(u"DELETE FROM T閲覧"_s);
 }
 
-TEST_F(Import, ADamagedOrOtherFileIsRefusedAndChangesNothing) {
-    const QString other = installation.Root() + u"/other.mdb"_s;
-    WriteBytes(other, "no database");
-    EXPECT_EQ(RunTool({u"import"_s, installation.Root(), other}).status, 1);
-    EXPECT_EQ(RunTool({u"import"_s, installation.Root(), installation.Root() + u"/nowhere"_s}).err,
-              u"suite-setup: "_s + installation.Root() + u"/nowhere がありません。\n"_s);
-    EXPECT_EQ(RunTool({u"import"_s, installation.Root()}).status, 2);
+TEST_F(Import, ARowOfAnotherNumberOfColumnsIsAFailure) {
+    tables.rows.insert(u"m部門"_s, {{u"1"_s, u"総務部"_s}});
+    EXPECT_EQ(Run(), u"表 M部門 に 2 列の行があります。列は 3 です。"_s);
+    tables.rows.insert(u"m部門"_s, {{u"1"_s, u"総務部"_s, u"0"_s, u"余り"_s}});
+    EXPECT_EQ(Run(), u"表 M部門 に 4 列の行があります。列は 3 です。"_s);
     EXPECT_EQ(installation.General().Value(u"SELECT COUNT(*) FROM M担当者"_s), u"3"_s);
 }
 
-TEST(JetFiles, RealFilesAreReadAndTheirMissingTablesTold) {
-    if (!QDir(kSamples).exists()) GTEST_SKIP() << "no samples of real desktop formats beside the sources";
-    const setup::JetFile assets(kSamples + u"/ASampleDatabase.accdb"_s);
-    EXPECT_EQ(assets.Tables(), QStringList{u"Asset Items"_s});
-    EXPECT_EQ(assets.Columns(u"Asset Items"_s).first(5),
-              (QStringList{u"Asset No"_s, u"Asset Category"_s, u"Make"_s, u"Model"_s, u"Description"_s}));
-    QList<QStringList> rows;
-    assets.ReadRows(u"Asset Items"_s, [&](const QStringList& row) { rows.append(row); });
-    ASSERT_FALSE(rows.isEmpty());
-    EXPECT_EQ(rows[0].first(5),
-              (QStringList{u"30050"_s, u"Computer Hardware"_s, u"GEO Rocket"_s, u"220ZX"_s, u"Computer"_s}));
-    EXPECT_TRUE(rows[0].contains(u"19970902"_s)) << rows[0].join(u'|').toStdString();
-    const SampleInstallation installation({.staff = 1});
-    const ToolOutput refused = RunTool({u"import"_s, installation.Root(), kSamples + u"/ASampleDatabase.accdb"_s});
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_TRUE(refused.err.contains(u"には次の表がなく、何も取り込んでいません。M担当者、Mユーザ、M事業所、"_s));
+TEST_F(Import, NamesOfColumnsCannotControlTheTerminal) {
+    tables.columns.insert(u"m部門"_s, {u"コード"_s, u"名称"_s, u"稼動状況区分"_s, u"\x1b[2J\n備考"_s});
+    EXPECT_TRUE(Run().contains(u"M部門: 1 行\n  取り込まない列:  [2J 備考\n"_s));
 }
 
-/// The first pages of a sample, of 4,096 bytes each.
-static QString CutSample(const QTemporaryDir& folder, qint64 bytes) {
-    const QString file = folder.filePath(QString::number(bytes) + u".accdb"_s);
-    WriteBytes(file, ReadBytes(kSamples + u"/ASampleDatabase.accdb"_s).first(bytes));
-    return file;
+TEST_F(Import, AChangeOfTheTablesDuringTheReadChangesNothing) {
+    tables.changed = true;
+    EXPECT_EQ(Run(), u"changed"_s);
+    EXPECT_EQ(installation.General().Value(u"SELECT COUNT(*) FROM M担当者"_s), u"3"_s);
 }
 
-static QString WordsOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const platform::RuntimeError& error) {
-        return error.Description();
+TEST_F(Import, WithoutAFileItIsRefused) { EXPECT_EQ(RunTool({u"import"_s, installation.Root()}).status, 2); }
+
+TEST(ImportFiles, TablesOfEveryFormatReplaceThoseOfTheInstallation) {
+    for (const QString& name : {u"general97.mdb"_s, u"general.mdb"_s, u"general.accdb"_s}) {
+        const SampleInstallation installation({.staff = 1});
+        const ToolOutput output = ImportFile(installation, kFiles + name);
+        EXPECT_EQ(output.status, 0) << output.err.toStdString();
+        EXPECT_EQ(output.out,
+                  u"M担当者: 5 行\nMユーザ: 1 行\nM事業所: 7 行\n"
+                  u"M部門: 6 行\n  取り込まない列: 設立、兼務\n"
+                  u"Mセクション: 3 行\nM役職: 3 行\nM他業務連携: 4 行\nK性別区分: 2 行\nK在籍区分: 2 行\n"
+                  u"K社員区分: 6 行\nK稼動状況区分: 2 行\nK年号区分: 6 行\n担当者別操作許可プログラム: 0 行\n"
+                  u"T閲覧: 300 行\n"_s);
+        EXPECT_EQ(installation.General().Rows(u"SELECT * FROM M役職"_s),
+                  (QList<QStringList>{{u"10"_s, u"取締役"_s}, {u"20"_s, u"部長"_s}, {u"30"_s, QString()}}));
+        EXPECT_EQ(
+            installation.General().Rows(u"SELECT * FROM M部門 LIMIT 3"_s),
+            (QList<QStringList>{
+                {u"010"_s, u"総務部"_s, QString()}, {u"020"_s, u""_s, QString()}, {u"030"_s, QString(), QString()}}));
     }
-    return {};
 }
 
-TEST(JetFiles, AFileThatIsCutShortIsAFailureAndNotAFewRows) {
-    if (!QDir(kSamples).exists()) GTEST_SKIP() << "no samples of real desktop formats beside the sources";
-    const QTemporaryDir folder;
-    const QString half = CutSample(folder, 435'814), fewer = CutSample(folder, qint64{46} * 4'096);
-    EXPECT_EQ(WordsOf([&] { const setup::JetFile file(half); }), half + u" は途中で切れています。"_s);
-    const setup::JetFile short46(fewer);
-    int rows = 0;
-    EXPECT_EQ(WordsOf([&] { short46.ReadRows(u"Asset Items"_s, [&](const QStringList&) { ++rows; }); }),
-              u"表 Asset Items の 65 行のうち 58 行しか読めません。ファイルが壊れています。"_s);
-    EXPECT_EQ(rows, 58);
+TEST(ImportFiles, WhatIsNoWholeFileIsRefusedAtOnceAndTheInstallationIsUntouched) {
+    const SampleInstallation installation({.staff = 1});
+    const QByteArray before = ReadBytes(installation.General().Path()), whole = ReadBytes(kFiles + u"general.mdb"_s);
+    const auto refusal = [&](const QString& name, const QByteArray& content) {
+        const QString file = installation.Root() + u'/' + name;
+        WriteBytes(file, content);
+        return ImportFile(installation, file).err.replace(installation.Root(), u""_s);
+    };
+    EXPECT_EQ(refusal(u"empty"_s, {}), u"suite-setup: /empty は Jet/ACE 形式のデータベースではありません。\n"_s);
+    EXPECT_EQ(refusal(u"other"_s, "no database"),
+              u"suite-setup: /other は Jet/ACE 形式のデータベースではありません。\n"_s);
+    EXPECT_EQ(refusal(u"cut"_s, whole.chopped(1)), u"suite-setup: /cut は途中で切れています。\n"_s);
+    EXPECT_EQ(refusal(u"head"_s, whole.first(4096)),
+              u"suite-setup: 表の一覧を読めません。ファイルが壊れています。何も取り込んでいません。\n"_s);
+    EXPECT_EQ(ImportFile(installation, u"/nowhere"_s).err, u"suite-setup: /nowhere がありません。\n"_s);
+    EXPECT_EQ(ImportFile(installation, u"/dev/zero"_s).err,
+              u"suite-setup: /dev/zero は通常のファイルではありません。\n"_s);
+    EXPECT_EQ(ImportFile(installation, u"/tmp"_s).err, u"suite-setup: /tmp は通常のファイルではありません。\n"_s);
+    const QString pipe = installation.Root() + u"/pipe"_s;
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(ImportFile(installation, pipe).err, u"suite-setup: "_s + pipe + u" は通常のファイルではありません。\n"_s);
+    EXPECT_EQ(ReadBytes(installation.General().Path()), before);
 }
 
-TEST(JetFiles, DatesAreDigits) {
-    if (!QDir(kSamples).exists()) GTEST_SKIP() << "no samples of real desktop formats beside the sources";
-    const setup::JetFile dates(kSamples + u"/DateTestDatabase.mdb"_s);
-    QList<QStringList> rows;
-    dates.ReadRows(u"DateTest"_s, [&](const QStringList& row) { rows.append(row); });
-    ASSERT_FALSE(rows.isEmpty());
-    EXPECT_EQ(rows[0][0], u"1"_s);
-    EXPECT_TRUE(rows[0][1].startsWith(u"20211202"_s)) << rows[0].join(u'|').toStdString();
+TEST(ImportFiles, AFileThatLacksPagesIsAFailureAndTheInstallationIsUntouched) {
+    const SampleInstallation installation({.staff = 1});
+    const QByteArray before = ReadBytes(installation.General().Path()), whole = ReadBytes(kFiles + u"general.mdb"_s);
+    const QString file = installation.Root() + u"/half.mdb"_s;
+    WriteBytes(file, whole.first(whole.size() / 8192 * 4096));
+    EXPECT_EQ(ImportFile(installation, file).err,
+              u"suite-setup: 表の一覧を読めません。ファイルが壊れています。何も取り込んでいません。\n"_s);
+    QByteArray blank = whole;
+    blank.replace(whole.indexOf("00000299") / 4096 * 4096, 4096, QByteArray(4096, '\0'));
+    WriteBytes(file, blank);
+    const ToolOutput output = ImportFile(installation, file);
+    EXPECT_EQ(output.status, 1);
+    EXPECT_EQ(output.err,
+              u"suite-setup: 表 T閲覧 の 300 行のうち 275 行しか読めません。ファイルが壊れています。"
+              u"何も取り込んでいません。\n"_s);
+    EXPECT_EQ(ReadBytes(installation.General().Path()), before);
 }

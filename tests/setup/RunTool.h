@@ -12,12 +12,13 @@ struct ToolOutput {
     QString out, err;
 };
 
-/// Runs the set-up tool as from a command line, without programs beside it. `waitForMore` stands for the wait between
-/// two looks at a followed history.
+/// Runs the set-up tool as from a command line. `waitForMore` replaces the wait between two polls of a followed
+/// history; `programFolder` is the folder of the programs that it copies or starts.
 inline ToolOutput RunTool(
-    const QStringList& arguments, const std::function<bool()>& waitForMore = [] { return false; }) {
+    const QStringList& arguments, const std::function<bool()>& waitForMore = [] { return false; },
+    const QString& programFolder = {}) {
     ToolOutput output;
     QTextStream out(&output.out), err(&output.err);
-    output.status = setup::RunSetup(arguments, {out, err, {}, waitForMore});
+    output.status = setup::RunSetup(arguments, {out, err, programFolder, waitForMore});
     return output;
 }

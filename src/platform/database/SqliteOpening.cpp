@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/JetHeader.h"
 #include "platform/database/LockWait.h"
 
 namespace platform {
@@ -23,11 +24,6 @@ const char* const kJetText =
     "「%1」は Jet/ACE 形式のデータベースで、この環境では直接開けません。"
     "suite-setup init でインストールを作り、suite-setup import インストール 元ファイル で取り込んでください。";
 
-bool IsJet(const QByteArray& header) {
-    const QByteArray mark = header.mid(4, 15);
-    return mark == QByteArrayView("Standard Jet DB") || mark == QByteArrayView("Standard ACE DB");
-}
-
 void CheckFile(const QString& path) {
     const QFileInfo info(path);
     if (info.isDir())
@@ -37,7 +33,7 @@ void CheckFile(const QString& path) {
     if (!file.open(QIODevice::ReadOnly)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
     if (file.size() == 0) Refuse(QStringLiteral("データベース「%1」は空のファイルです (0 バイト)。"), path);
     const QByteArray header = file.read(kHeaderBytes);
-    if (IsJet(header)) Refuse(QString::fromUtf8(kJetText), path);
+    if (IsJetHeader(header)) Refuse(QString::fromUtf8(kJetText), path);
     if (!header.startsWith(QByteArrayView("SQLite format 3\0", 16)))
         Refuse(QStringLiteral("「%1」はデータベースのファイルではありません。"), path);
     if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);

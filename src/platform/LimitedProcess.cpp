@@ -1,0 +1,93 @@
+#include "platform/LimitedProcess.h"
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <csignal>
+#include <linux/close_range.h>
+
+namespace platform {
+namespace {
+
+constexpr int kEndMilliseconds = 5000;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kLimitsMemory = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kLimitsMemory = false;
+#else
+constexpr bool kLimitsMemory = true;
+#endif
+#else
+constexpr bool kLimitsMemory = true;
+#endif
+
+void SetLimit(int resource, rlim_t soft, rlim_t hard) {
+    const rlimit limit{soft, hard};
+    ::setrlimit(static_cast<__rlimit_resource_t>(resource), &limit);
+}
+
+/// Runs in the child between fork and exec: system calls only.
+void ApplyLimits(const ProcessLimits& limits) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+    const auto seconds = static_cast<rlim_t>(limits.cpuSeconds);
+    // Past the first limit comes SIGXCPU, which names the cause; a process that ignores it gets SIGKILL.
+    SetLimit(RLIMIT_CPU, seconds, seconds + 1);
+    SetLimit(RLIMIT_CORE, 0, 0);
+    if (!kLimitsMemory) return;
+    const auto bytes = static_cast<rlim_t>(limits.memoryBytes);
+    SetLimit(RLIMIT_AS, bytes, bytes);
+}
+
+}  // namespace
+
+LimitedProcess::LimitedProcess(const QString& program, const QStringList& arguments, const ProcessLimits& limits)
+    : waitLeft_(limits.waitMilliseconds) {
+    process_.setStandardErrorFile(QProcess::nullDevice());
+    process_.setChildProcessModifier([limits] { ApplyLimits(limits); });
+    process_.start(program, arguments);
+    started_ = process_.waitForStarted(waitLeft_);
+}
+
+LimitedProcess::~LimitedProcess() {
+    process_.closeWriteChannel();
+    process_.kill();
+    process_.waitForFinished(kEndMilliseconds);
+}
+
+bool LimitedProcess::TimedOut() {
+    if (silent_) return true;
+    process_.waitForFinished(kEndMilliseconds);
+    return process_.exitStatus() == QProcess::CrashExit && process_.exitCode() == SIGXCPU;
+}
+
+void LimitedProcess::Write(const QByteArray& bytes) {
+    process_.write(bytes);
+    while (process_.bytesToWrite() > 0 && process_.waitForBytesWritten(waitLeft_)) {
+    }
+}
+
+QByteArray LimitedProcess::Read(qsizetype count) {
+    while (process_.bytesAvailable() < count && WaitForOutput()) {
+    }
+    return process_.read(count);
+}
+
+bool LimitedProcess::WaitForOutput() {
+    QElapsedTimer timer;
+    timer.start();
+    const qint64 before = process_.bytesAvailable();
+    const bool more = process_.waitForReadyRead(std::max(waitLeft_, 0));
+    waitLeft_ -= static_cast<int>(std::min<qint64>(timer.elapsed(), waitLeft_));
+    if (more || process_.bytesAvailable() > before) return true;
+    if (process_.state() == QProcess::NotRunning) return false;
+    silent_ = true;
+    process_.kill();
+    return false;
+}
+
+}  // namespace platform
