@@ -4,9 +4,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <linux/close_range.h>
 #include <QElapsedTimer>
 #include <csignal>
-#include <linux/close_range.h>
 
 namespace platform {
 namespace {

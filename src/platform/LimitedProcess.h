@@ -8,8 +8,9 @@ namespace platform {
 
 struct ProcessLimits {
     int cpuSeconds = 60;
-    qint64 memoryBytes = qint64{1} << 30;  ///< address space; not applied under AddressSanitizer, which reserves terabytes
-    int waitMilliseconds = 60'000;         ///< all waiting for output of the process taken together
+    qint64 memoryBytes =
+        qint64{1} << 30;            ///< address space; not applied under AddressSanitizer, which reserves terabytes
+    int waitMilliseconds = 60'000;  ///< all waiting for output of the process taken together
 };
 
 /// A child process that is not trusted: it has limits of processor time and memory, no descriptor of this process but

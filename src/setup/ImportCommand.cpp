@@ -42,6 +42,16 @@ void ReportDifferences(const TableDefinition& table, const QStringList& columns,
 
 QString Literal(QString value) { return value.isNull() ? u"NULL"_s : u'\'' + value.replace(u'\'', u"''"_s) + u'\''; }
 
+void InsertRow(platform::Connection& general, const TableDefinition& table, const QString& statement) {
+    try {
+        general.Execute(statement);
+    } catch (const platform::DatabaseError& error) {
+        if (error.Number() != platform::kIntegrityViolation) throw;
+        throw platform::RuntimeError(
+            1, u"表 %1 に、キーが空か他の行と同じ行があります。何も取り込んでいません。"_s.arg(table.name));
+    }
+}
+
 void ImportTable(const ForeignTables& file, platform::Connection& general, const TableDefinition& table,
                  const Console& console) {
     const QString name = file.Tables()[Find(file.Tables(), table.name)];
@@ -51,7 +61,7 @@ void ImportTable(const ForeignTables& file, platform::Connection& general, const
     qint64 read = 0;
     general.Execute(u"DELETE FROM \"%1\""_s.arg(table.name));
     file.ReadRows(name, [&](const QStringList& row) {
-        general.Execute(head + map.Literals(row));
+        InsertRow(general, table, head + map.Literals(row));
         ++read;
     });
     const qint64 arrived = CountRows(general, table.name);

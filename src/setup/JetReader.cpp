@@ -32,7 +32,9 @@ platform::ProcessLimits JetReaderLimits(qint64 fileBytes) {
 class JetReader::Session {
   public:
     Session(const QString& path, const QString& program, const platform::ProcessLimits& limits)
-        : path_(path), size_(QFileInfo(path).size()), changed_(QFileInfo(path).lastModified()),
+        : path_(path),
+          size_(QFileInfo(path).size()),
+          changed_(QFileInfo(path).lastModified()),
           process_(program, {kJetServerVerb, QFileInfo(path).absoluteFilePath()}, limits) {
         if (!process_.Started()) Fail(u"ファイルを読むプログラム %1 を起動できません。"_s.arg(program));
     }
@@ -56,8 +58,7 @@ class JetReader::Session {
         if (received_ > kMegabyte + kMostFramePerByte * size_) FailDamaged();
         const QByteArray body = Take(length);
         const Frame frame = Checked([&] { return ParseFrame(body); });
-        if (frame.kind == FrameKind::Failure)
-            Fail(OnOneLine(frame.texts.value(0)) + u"何も取り込んでいません。"_s);
+        if (frame.kind == FrameKind::Failure) Fail(OnOneLine(frame.texts.value(0)) + u"何も取り込んでいません。"_s);
         return frame;
     }
 

@@ -122,6 +122,12 @@ TEST_F(Import, ARowOfAnotherNumberOfColumnsIsAFailure) {
     EXPECT_EQ(installation.General().Value(u"SELECT COUNT(*) FROM M担当者"_s), u"3"_s);
 }
 
+TEST_F(Import, RowsOfTheSameKeyAreAFailure) {
+    tables.rows.insert(u"m部門"_s, {{u"1"_s, u"総務部"_s, u"0"_s}, {u"1"_s, u"営業部"_s, u"0"_s}});
+    EXPECT_EQ(Run(), u"表 M部門 に、キーが空か他の行と同じ行があります。何も取り込んでいません。"_s);
+    EXPECT_EQ(installation.General().Value(u"SELECT COUNT(*) FROM M担当者"_s), u"3"_s);
+}
+
 TEST_F(Import, NamesOfColumnsCannotControlTheTerminal) {
     tables.columns.insert(u"m部門"_s, {u"コード"_s, u"名称"_s, u"稼動状況区分"_s, u"\x1b[2J\n備考"_s});
     EXPECT_TRUE(Run().contains(u"M部門: 1 行\n  取り込まない列:  [2J 備考\n"_s));

@@ -58,8 +58,7 @@ TEST_P(JetFiles, RowsHaveMoreColumnsThanATableOfWhichColumnsWereDeleted) {
 TEST_P(JetFiles, ColumnsThatWereAddedLaterAreNullInOlderRows) {
     const QList<QStringList> rows = RowsOf(file, u"M部門"_s);
     const QString branch = GetParam() == std::u16string_view(u"general97.mdb") ? u"吉野支店"_s : u"𠮷野支店"_s;
-    EXPECT_EQ(file.Columns(u"M部門"_s),
-              (QStringList{u"コード"_s, u"名称"_s, u"稼動状況区分"_s, u"設立"_s, u"兼務"_s}));
+    EXPECT_EQ(file.Columns(u"M部門"_s), (QStringList{u"コード"_s, u"名称"_s, u"稼動状況区分"_s, u"設立"_s, u"兼務"_s}));
     EXPECT_EQ(rows, (QList<QStringList>{{u"010"_s, u"総務部"_s, QString(), QString(), u"0"_s},
                                         {u"020"_s, u""_s, QString(), QString(), u"0"_s},
                                         {u"030"_s, QString(), QString(), QString(), u"0"_s},
@@ -75,16 +74,14 @@ TEST_P(JetFiles, DeletedRowsStayAwayAndMovedOnesAreReadOnce) {
 }
 
 TEST_P(JetFiles, NumbersAreDigitsAndDatesHaveTheirTimeOnlyAfterMidnight) {
-    EXPECT_EQ(Values(file, u"M担当者"_s, u"アクセス権限"_s),
-              (QStringList{u"9"_s, u"1"_s, u"-1"_s, QString(), u"0"_s}));
+    EXPECT_EQ(Values(file, u"M担当者"_s, u"アクセス権限"_s), (QStringList{u"9"_s, u"1"_s, u"-1"_s, QString(), u"0"_s}));
     EXPECT_EQ(Values(file, u"M担当者"_s, u"入社日付"_s),
               (QStringList{u"20000401"_s, u"20160401 120000"_s, QString(), u"18991229"_s, u"19000101"_s}));
 }
 
 TEST_P(JetFiles, MemosAreReadFromTheRowFromAPageAndFromAChainOfPages) {
-    EXPECT_EQ(
-        Values(file, u"M担当者"_s, u"担当者メモ"_s),
-        (QStringList{u"短い"_s, u"長い備考。"_s.repeated(900), u""_s, QString(), u"改行\r\nあり"_s.repeated(40)}));
+    EXPECT_EQ(Values(file, u"M担当者"_s, u"担当者メモ"_s), (QStringList{u"短い"_s, u"長い備考。"_s.repeated(900), u""_s,
+                                                                        QString(), u"改行\r\nあり"_s.repeated(40)}));
 }
 
 TEST_P(JetFiles, RowsOfManyPagesComeInTheOrderInWhichTheyWereWritten) {
