@@ -56,7 +56,8 @@ void CheckDate(QByteArrayView bytes) {
     if (bytes.size() < static_cast<qsizetype>(sizeof days)) return;
     std::memcpy(&days, bytes.data(), sizeof days);
     const std::optional<QString> text = setup::JetDate(days, false);
-    Require(!text || text->size() == 8 || text->size() == 15, "a date is eight digits, or fifteen characters with a time");
+    Require(!text || text->size() == 8 || text->size() == 15,
+            "a date is eight digits, or fifteen characters with a time");
 }
 
 void ReadStream(QByteArray bytes) {

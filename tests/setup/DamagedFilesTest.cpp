@@ -84,8 +84,8 @@ class DamagedFiles : public testing::TestWithParam<Damage> {
     QString Import(const QByteArray& bytes) {
         const QString file = installation.Root() + u"/damaged"_s;
         WriteBytes(file, bytes);
-        const ToolOutput output = RunTool({u"import"_s, installation.Root(), file}, [] { return false; },
-                                          QStringLiteral(SUITE_PROGRAMS));
+        const ToolOutput output = RunTool(
+            {u"import"_s, installation.Root(), file}, [] { return false; }, QStringLiteral(SUITE_PROGRAMS));
         if (output.status == 0) return {};
         EXPECT_EQ(output.status, 1);
         return output.err;

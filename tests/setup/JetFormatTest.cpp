@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
 #include <limits>
+
+#include "platform/RuntimeError.h"
+#include "support/FileBytes.h"
+#include "support/WithoutFileRights.h"
 
 using namespace Qt::StringLiterals;
 using setup::JetDate;
@@ -31,4 +36,54 @@ TEST(JetDates, OutsideTheYears100To9999ThereIsNoDate) {
     for (const double days : {-657'435.0, 2'958'466.0, 1e300, std::numeric_limits<double>::infinity(),
                               std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(JetDate(days, false), std::nullopt) << days;
+}
+
+namespace {
+
+QString Refusal(const QString& path) {
+    try {
+        setup::CheckJetFile(path);
+    } catch (const platform::RuntimeError& error) {
+        return error.Description();
+    }
+    return {};
+}
+
+/// The start of a file of that version, with zeros up to its size.
+void WriteSparse(const QString& path, char version, qint64 size) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + version);
+    ASSERT_TRUE(file.resize(size));
+}
+
+}  // namespace
+
+TEST(JetFileCheck, AFileIsWholePagesOfItsVersion) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"general.mdb"_s);
+    WriteSparse(path, 0, 3 * 2048);
+    EXPECT_EQ(Refusal(path), QString());
+    WriteSparse(path, 1, 3 * 2048);
+    EXPECT_EQ(Refusal(path), path + u" は途中で切れています。"_s);
+    WriteSparse(path, 1, 3 * 4096);
+    EXPECT_EQ(Refusal(path), QString());
+}
+
+TEST(JetFileCheck, AFileHasAtMostTwoGigabytes) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"general.accdb"_s);
+    WriteSparse(path, 2, qint64{1} << 31);
+    EXPECT_EQ(Refusal(path), QString());
+    WriteSparse(path, 2, (qint64{1} << 31) + 4096);
+    EXPECT_EQ(Refusal(path), path + u" は Jet/ACE 形式の上限の 2 GB を超えています。"_s);
+}
+
+TEST(JetFileCheck, AFileWithoutReadPermissionIsRefused) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"general.mdb"_s);
+    WriteSparse(path, 1, 4096);
+    QFile::setPermissions(path, QFile::WriteOwner);
+    const WithoutFileRights rights;
+    EXPECT_EQ(Refusal(path), path + u" を読む権限がありません。"_s);
 }
