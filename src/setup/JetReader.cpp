@@ -18,7 +18,7 @@ constexpr qint64 kMegabyte = qint64{1} << 20;
 // A row takes at least its place in the table of offsets and a count of columns. The frame of a row is longest beside
 // its bytes when the row is older than most of 255 columns.
 constexpr qint64 kSmallestRow = 3;
-constexpr qint64 kMostFramePerByte = 128;
+constexpr qint64 kMostFramePerByte = 256;
 
 [[noreturn]] void Fail(const QString& text) { throw platform::RuntimeError(1, text); }
 
@@ -82,7 +82,9 @@ class JetReader::Session {
         QByteArray bytes = process_.Read(count);
         if (bytes.size() == count) return bytes;
         if (process_.TimedOut())
-            Fail(u"%1 の読み取りが時間内に終わりません。ファイルが壊れています。何も取り込んでいません。"_s.arg(path_));
+            Fail(
+                u"%1 の読み取りが時間内に終わりません。ファイルが壊れているおそれがあります。何も取り込んでいません。"_s
+                    .arg(path_));
         FailDamaged();
     }
 

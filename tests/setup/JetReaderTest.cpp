@@ -19,7 +19,8 @@ namespace {
 
 const QString kFile = QStringLiteral(SUITE_SOURCES) + u"/tests/setup/jet/general.mdb"_s;
 const QString kDamaged = u" を最後まで読めません。ファイルが壊れています。何も取り込んでいません。"_s;
-const QString kTooLong = u" の読み取りが時間内に終わりません。ファイルが壊れています。何も取り込んでいません。"_s;
+const QString kTooLong =
+    u" の読み取りが時間内に終わりません。ファイルが壊れているおそれがあります。何も取り込んでいません。"_s;
 
 class JetReaders : public testing::Test {
   protected:

@@ -49,7 +49,7 @@ TEST(TableStream, LengthsBeyondTheLimitsAreRefused) {
     EXPECT_EQ(setup::FrameLength(QByteArray("\0\0\0\4", 4)), setup::kLongestFrame);
 }
 
-TEST(TableStream, BodiesThatNobodyCouldHaveEncodedAreRefused) {
+TEST(TableStream, BodiesThatNoEncoderWritesAreRefused) {
     EXPECT_TRUE(BodyRefused(""));
     EXPECT_TRUE(BodyRefused("X"));
     EXPECT_TRUE(BodyRefused(QByteArray("R\1\0\0", 4)));
