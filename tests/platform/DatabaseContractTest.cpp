@@ -183,6 +183,17 @@ TEST_P(DatabaseContract, TextsComeBackAsTheyWereWritten) {
     EXPECT_EQ(Codes(u"WHERE メモ = 'it''s'"_s), QStringList({u"00003"_s}));
 }
 
+TEST_P(DatabaseContract, AZeroWidthNoBreakSpaceIsACharacterOfATextAndOfAPattern) {
+    connection.Execute(u"UPDATE M担当者 SET 氏名 = '\uFEFF\uFEFF山', メモ = '\uFEFF' WHERE コード = '00002'"_s);
+    const QString row = u"SELECT 氏名, メモ FROM M担当者 WHERE コード = '00002'"_s;
+    EXPECT_EQ(Column(connection, row, u"氏名"), QStringList({u"\uFEFF\uFEFF山"_s}));
+    EXPECT_EQ(Column(connection, row, u"メモ"), QStringList({u"\uFEFF"_s}));
+    for (const QString& pattern : {u"%\uFEFF%"_s, u"\uFEFF%"_s, u"%[\uFEFF]%"_s, u"\uFEFF_山"_s})
+        EXPECT_EQ(Codes(u"WHERE 氏名 LIKE '"_s + pattern + u"'"_s), QStringList({u"00002"_s})) << pattern.toStdString();
+    EXPECT_EQ(Codes(u"WHERE 氏名 = '\uFEFF\uFEFF山'"_s), QStringList({u"00002"_s}));
+    EXPECT_EQ(Codes(u"WHERE 氏名 = '山'"_s), QStringList());
+}
+
 TEST_P(DatabaseContract, ManyRowsComeWholeAndInOrder) {
     QStringList expected;
     for (int i = 0; i < 2000; ++i) expected.append(u"%1"_s.arg(i, 5, 10, QChar(u'0')));
