@@ -18,8 +18,8 @@ bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {
 }
 
 [[noreturn]] void RefuseComparison() {
-    RefuseStatement(
-        QStringLiteral("ログイン名のこの比較はサーバーの検索に置き換えられません。列 = '文字列' の形で指定してください。"));
+    RefuseStatement(QStringLiteral(
+        "ログイン名のこの比較はサーバーの検索に置き換えられません。列 = '文字列' の形で指定してください。"));
 }
 
 bool IsColumn(const Level& level, size_t at, const TextRules& rules) {

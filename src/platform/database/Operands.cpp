@@ -10,12 +10,13 @@
 namespace platform {
 namespace {
 
-constexpr std::array<QStringView, 15> kBeforeExpressions = {u"SELECT", u"DISTINCT", u"ALL",  u"WHERE", u"AND",
+constexpr std::array<QStringView, 15> kBeforeExpressions = {u"SELECT", u"DISTINCT", u"ALL",  u"WHERE",  u"AND",
                                                             u"OR",     u"NOT",      u"ON",   u"HAVING", u"WHEN",
-                                                            u"THEN",   u"ELSE",     u"CASE", u"BY",    u"RETURNING"};
+                                                            u"THEN",   u"ELSE",     u"CASE", u"BY",     u"RETURNING"};
 constexpr std::array<QStringView, 24> kBehindExpressions = {
-    u"AND",  u"OR",   u"ORDER", u"GROUP", u"HAVING", u"LIMIT", u"UNION", u"EXCEPT", u"INTERSECT", u"WINDOW", u"THEN", u"ELSE",
-    u"WHEN", u"END",  u"AS",    u"FROM",  u"WHERE",  u"LEFT",  u"RIGHT", u"INNER",  u"FULL",      u"CROSS",  u"JOIN", u"ON"};
+    u"AND",       u"OR",     u"ORDER", u"GROUP", u"HAVING", u"LIMIT", u"UNION", u"EXCEPT",
+    u"INTERSECT", u"WINDOW", u"THEN",  u"ELSE",  u"WHEN",   u"END",   u"AS",    u"FROM",
+    u"WHERE",     u"LEFT",   u"RIGHT", u"INNER", u"FULL",   u"CROSS", u"JOIN",  u"ON"};
 
 template <size_t N>
 bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {

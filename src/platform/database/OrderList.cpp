@@ -8,8 +8,9 @@
 namespace platform {
 namespace {
 
-constexpr std::array<QStringView, 11> kBehindOrder = {u"LIMIT",     u"OFFSET", u"FETCH", u"FOR",    u"UNION",    u"EXCEPT",
-                                                      u"INTERSECT", u"ROWS",   u"RANGE", u"GROUPS", u"SEPARATOR"};
+constexpr std::array<QStringView, 11> kBehindOrder = {u"LIMIT", u"OFFSET", u"FETCH",     u"FOR",
+                                                      u"UNION", u"EXCEPT", u"INTERSECT", u"ROWS",
+                                                      u"RANGE", u"GROUPS", u"SEPARATOR"};
 constexpr std::array<QStringView, 3> kCompounds = {u"UNION", u"EXCEPT", u"INTERSECT"};
 
 template <size_t N>

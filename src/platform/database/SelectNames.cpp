@@ -12,7 +12,9 @@ size_t SkipBeforeItems(const Level& level, size_t at) {
     return top ? at + 2 : at;
 }
 
-bool EndsItems(const Level& level, size_t at) { return at >= level.size() || level[at].Is(u"FROM") || EndOfFrom(level, at) == at; }
+bool EndsItems(const Level& level, size_t at) {
+    return at >= level.size() || level[at].Is(u"FROM") || EndOfFrom(level, at) == at;
+}
 
 // A word behind an operand is an alias also without AS.
 bool HasPlainAlias(const Level& level, size_t first, size_t behind) {
