@@ -75,8 +75,8 @@ class Search {
                 const ColumnDefinition* column = SuiteColumn(engine_, table, row[1]);
                 if (column == nullptr) continue;
                 Add(table.name, column->name, row[2],
-                    u"ALTER TABLE %1 ALTER COLUMN %2 TYPE text COLLATE \"C\""_s.arg(
-                        ServerName(engine_, table.name), ServerName(engine_, column->name)));
+                    u"ALTER TABLE %1 ALTER COLUMN %2 TYPE text COLLATE \"C\""_s.arg(ServerName(engine_, table.name),
+                                                                                    ServerName(engine_, column->name)));
             }
     }
 

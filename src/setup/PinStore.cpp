@@ -95,10 +95,10 @@ QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& pla
     columns.append(Name(place.column));
     platform::Recordset rows;
     QList<StoredPin> pins;
-    for (rows.Open(u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(columns.join(u", "_s), Name(place.table),
-                                                             Name(place.column)) +
-                       behind,
-                   connection);
+    for (rows.Open(
+             u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(columns.join(u", "_s), Name(place.table), Name(place.column)) +
+                 behind,
+             connection);
          !rows.AtEOF(); rows.MoveNext()) {
         StoredPin pin;
         for (int i = 0; i < key.size(); ++i) pin.row.append(rows.FieldAt(i).TextOr(QString()));

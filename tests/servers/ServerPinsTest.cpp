@@ -29,14 +29,15 @@ class ServerPins : public OnServer {
     ToolOutput Check() const { return RunServerTool({u"check"_s, installation.Root()}); }
     QStringList Stored() const {
         QStringList texts;
-        for (const QString& sql :
-             {u"SELECT 暗証番号 FROM M担当者 ORDER BY コード"_s, u"SELECT 特権暗証番号 FROM Mユーザ"_s,
-              u"SELECT システム特権暗証番号 FROM Mユーザ"_s, u"SELECT 特権暗証番号 FROM M事業所 WHERE コード = '001'"_s})
+        for (const QString& sql : {u"SELECT 暗証番号 FROM M担当者 ORDER BY コード"_s,
+                                   u"SELECT 特権暗証番号 FROM Mユーザ"_s, u"SELECT システム特権暗証番号 FROM Mユーザ"_s,
+                                   u"SELECT 特権暗証番号 FROM M事業所 WHERE コード = '001'"_s})
             for (const QStringList& row : server.Rows(sql)) texts << row.first();
         return texts;
     }
     QString Fault(int count) const {
-        return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 件あり、入力しても一致しません。次を実行してください。\n"
+        return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
+               u"件あり、入力しても一致しません。次を実行してください。\n"
                u"    suite-setup seal-pins %2 --odbc 所有者の接続文字列\n"_s.arg(count)
                    .arg(installation.Root());
     }
@@ -81,8 +82,9 @@ TEST_F(ServerPins, OfAnotherDatabaseThanTheDefinitionsStayAsTheyAre) {
     const QStringList clear = Stored();
     const ToolOutput output = Seal({u"--odbc"_s, other.OdbcString()});
     EXPECT_EQ(output.status, 2);
-    EXPECT_TRUE(output.err.startsWith(u"suite-setup: --odbc のデータベースは、定義のものと暗証番号が異なります。"
-                                      u"同じデータベースを指定してください。\n"_s))
+    EXPECT_TRUE(
+        output.err.startsWith(u"suite-setup: --odbc のデータベースは、定義のものと暗証番号が異なります。"
+                              u"同じデータベースを指定してください。\n"_s))
         << output.err.toStdString();
     EXPECT_EQ(Stored(), clear);
     EXPECT_EQ(other.Rows(u"SELECT 特権暗証番号 FROM Mユーザ"_s)[0][0], u"OTHER1"_s);
