@@ -22,7 +22,10 @@ QString MariaDbType(const TableDefinition& table, const QString& column) {
 }
 
 QString Type(const QString& engine, const TableDefinition& table, const QString& column) {
-    const QString type = IsPostgres(engine) ? u"text COLLATE \"C\""_s : MariaDbType(table, column);
+    // A column that is added later would get the database's own collation.
+    const QString type = IsPostgres(engine)
+                             ? u"text COLLATE \"C\""_s
+                             : MariaDbType(table, column) + u" CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"_s;
     return table.key.contains(column) ? type + u" NOT NULL"_s : type;
 }
 

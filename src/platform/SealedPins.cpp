@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/Utf8Text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace platform {
@@ -115,7 +117,7 @@ std::optional<QString> OpenPin(const QString& stored, const PinKey& key) {
     QByteArray clear = OpenEnvelope(envelope, key);
     size_t length = 0;
     if (sodium_unpad(&length, Raw(clear), static_cast<size_t>(clear.size()), kPadding) != 0) return std::nullopt;
-    QString pin = QString::fromUtf8(clear.constData(), static_cast<qsizetype>(length));
+    QString pin = TextFromUtf8(QByteArrayView(clear).first(static_cast<qsizetype>(length)));
     Wipe(clear);
     return pin;
 }

@@ -11,6 +11,8 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include "platform/Utf8Text.h"
+
 namespace platform {
 namespace {
 
@@ -30,7 +32,7 @@ void WriteWithNul(const QString& name, QString& buffer) {
 
 HostSystemInformation::HostSystemInformation(int argc, char** argv) {
     QStringList arguments;
-    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    for (int i = 1; i < argc; ++i) arguments.append(TextFromLocal8Bit(argv[i]));
     commandLine_ = arguments.join(u' ');
     if (argc > 0) applicationFolder_ = QFileInfo(ProgramPath(QString::fromLocal8Bit(argv[0]))).path();
 }

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "platform/Utf8Text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace report {
@@ -36,7 +38,7 @@ QString TextOf(sqlite3_stmt* statement, int column) {
     const bool null = sqlite3_column_type(statement, column) == SQLITE_NULL;
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     if (text == nullptr && !null) throw platform::SqliteFailure(sqlite3_db_handle(statement));
-    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+    return platform::TextFromUtf8({text, sqlite3_column_bytes(statement, column)});
 }
 
 QStringList ColumnsOf(sqlite3* database, const QString& table) {

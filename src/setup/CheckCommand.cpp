@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "data/ServerText.h"
 #include "platform/SealedPins.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
@@ -10,6 +11,7 @@
 #include "setup/HostCheck.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
+#include "setup/PinSealing.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -29,12 +31,35 @@ QString Value(const QString& file, const QString& statement, QStringView column)
     return row.AtEOF() ? QString() : row[column].TextOr(u""_s);
 }
 
-void CheckServer(Findings& findings, const QString& configuration) {
+/// Without the tables of PINs, which is named elsewhere, there is nothing to say of them.
+void CheckPins(Findings& findings, const QString& root, platform::Connection& general, bool onServer) {
+    try {
+        const QString fault = ClearPinsFault(root, general, onServer);
+        if (!fault.isEmpty()) findings.Add(fault);
+    } catch (const platform::DatabaseError& error) {
+        if (error.Number() != platform::kStatementFailure) throw;
+    }
+}
+
+void CheckPinsOfFile(Findings& findings, const QString& root, const QString& configuration) {
+    try {
+        platform::Connection general;
+        OpenDefined(general, ReadDefinition(configuration), platform::ConnectMode::Read);
+        CheckPins(findings, root, general, false);
+    } catch (const platform::DatabaseError&) {
+        // The check of the file has said what is wrong with it.
+    }
+}
+
+void CheckServer(Findings& findings, const QString& root, const QString& configuration) {
     try {
         platform::Connection server;
         OpenDefined(server, ReadDefinition(configuration), platform::ConnectMode::Read);
         for (const QString& missing : MissingIn(server, server.Session().EngineName()))
             findings.Add(u"一般データベースに%1 がありません。"_s.arg(missing));
+        for (const ServerTextFault& fault : FindServerTextFaults(server))
+            findings.Add(u"一般データベースの%1。次を実行してください。\n    %2"_s.arg(fault.what, fault.remedy));
+        CheckPins(findings, root, server, true);
     } catch (const platform::RuntimeError& error) {
         findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(error.Description()));
     }
@@ -45,15 +70,16 @@ QString CommonConfiguration(const QString& root) {
     return found.isEmpty() ? CommonPlaces(root).conf + u"/usrcnfg.accdb"_s : found;
 }
 
-void CheckGeneral(Findings& findings, const UserAccess& user, const QString& configuration) {
+void CheckGeneral(Findings& findings, const UserAccess& user, const QString& root, const QString& configuration) {
     const QString statement = u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s;
     const QString dialect = Value(configuration, statement, u"db");
     if (dialect.isNull())
         findings.Add(u"%1 に一般データベースの定義がありません。"_s.arg(configuration));
     else if (dialect == u"S"_s || dialect == u"O"_s)
-        CheckServer(findings, configuration);
-    else if (dialect == u"A"_s)
-        CheckDatabase(findings, user, Value(configuration, statement, u"データソース名"), u"一般データベース"_s);
+        CheckServer(findings, root, configuration);
+    else if (dialect == u"A"_s &&
+             CheckDatabase(findings, user, Value(configuration, statement, u"データソース名"), u"一般データベース"_s))
+        CheckPinsOfFile(findings, root, configuration);
 }
 
 void CheckPrograms(Findings& findings, const UserAccess& user, const QString& root) {
@@ -83,7 +109,7 @@ int CheckCommon(Findings& findings, const UserAccess& user, const QString& root)
     const QString configuration = CommonConfiguration(root), what = u"構成データベース"_s;
     int kind = kSharedFiles;
     if (CheckDatabase(findings, user, configuration, what)) {
-        CheckGeneral(findings, user, configuration);
+        CheckGeneral(findings, user, root, configuration);
         kind = InstallKind(findings, configuration);
         if (kind == kSharedFiles) CheckWritable(findings, user, configuration, what);
     }

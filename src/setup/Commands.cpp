@@ -47,8 +47,10 @@ const QString kUsage =
     u"プログラムを新しい版にし、増えたテーブルや列を加える（データはそのまま）\n"
     u"      --odbc 接続文字列     サーバーの一般データベースにも、表の所有者として加える\n"
     u"  suite-setup seal-pins フォルダ             そのまま保存されている暗証番号を鍵で封じる（繰り返してもよい）\n"
+    u"      --odbc 接続文字列     サーバーの暗証番号を、表に書き込める利用者として封じる\n"
     u"  suite-setup server-init --odbc 接続文字列 [--from フォルダ]\n"
     u"                                             サーバーに一般データベースの表を作り、インストールから複写する\n"
+    u"      --add-missing         既にある表に、足りない表、列、索引、関数だけを加える（データはそのまま）\n"
     u"  suite-setup use-server フォルダ --odbc 接続文字列\n"
     u"                                             インストールの一般データベースをサーバーのものにする\n"
     u"      接続文字列            Driver=名前;Server=名前;Port=番号;Database=名前;UID=名前;PWD=パスワード\n"
@@ -131,7 +133,7 @@ constexpr Verb kVerbs[] = {
     {u"check", CheckOptions, CheckInstallation},
     {u"move", NoOptions, MoveInstallation},
     {u"upgrade", UpgradeOptions, UpgradeInstallation},
-    {u"seal-pins", NoOptions, SealPins},
+    {u"seal-pins", SealPinsOptions, SealPins},
     {u"server-init", ServerInitOptions, InitServer, -1},
     {u"use-server", UseServerOptions, UseServer},
     {u"import", NoOptions, ImportGeneral, 1},

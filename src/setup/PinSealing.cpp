@@ -1,48 +1,31 @@
 #include "setup/PinSealing.h"
 
-#include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <optional>
 
 #include "platform/SealedPins.h"
+#include "platform/database/SqliteOpening.h"
+#include "setup/ConfigurationFiles.h"
+#include "setup/GeneralDatabase.h"
+#include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
-#include "setup/PinColumns.h"
-#include "setup/SqliteFile.h"
+#include "setup/OdbcString.h"
 
 using namespace Qt::StringLiterals;
 using platform::PinKey;
-using platform::SqliteDatabase;
-using platform::SqliteStatement;
 
 namespace setup {
 
 namespace {
 
-struct StoredPin {
-    sqlite3_int64 row;
-    QString text;
-};
-
-QList<StoredPin> StoredPins(sqlite3* database, const PinColumn& place) {
-    const SqliteStatement rows =
-        PrepareSql(database, u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
-    QList<StoredPin> pins;
-    while (NextRow(database, rows.get())) pins.append({sqlite3_column_int64(rows.get(), 0), ColumnText(rows.get(), 1)});
-    return pins;
-}
-
-void SealColumn(sqlite3* database, const PinColumn& place, const PinKey& key, SealedCount& count) {
-    const SqliteStatement update =
-        PrepareSql(database, u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
-    for (const StoredPin& pin : StoredPins(database, place)) {
+void SealColumn(PinStore& store, const PinColumn& place, const PinKey& key, SealedCount& count) {
+    for (const StoredPin& pin : store.Pins(place)) {
         if (platform::IsSealedPin(pin.text)) {
             ++(platform::OpenPin(pin.text, key) ? count.before : count.unopenable);
             continue;
         }
-        BindText(update.get(), 1, platform::SealPin(pin.text, key));
-        sqlite3_bind_int64(update.get(), 2, pin.row);
-        NextRow(database, update.get());
-        sqlite3_reset(update.get());
+        store.Replace(place, pin, platform::SealPin(pin.text, key));
         ++count.sealed;
     }
 }
@@ -56,75 +39,115 @@ void MakeKey(const QString& keyFile) {
     if (!PinKey().Write(keyFile)) throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
 }
 
-/// Path of the general database by the row that the programs open it by.
-QString GeneralFile(const QString& configuration) {
-    const SqliteDatabase database = OpenSqlite(configuration, platform::ConnectMode::Read);
-    const SqliteStatement row =
-        PrepareSql(database.get(), u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s);
-    const bool found = NextRow(database.get(), row.get());
-    if (!found || ColumnText(row.get(), 0) != u"A"_s)
-        throw Refusal(u"一般データベースがファイルではないので、暗証番号を封じられません。"_s);
-    return platform::SqlitePath(ColumnText(row.get(), 1).trimmed());
-}
-
 /// In one transaction. `newKey` tells whether the key file was made for it.
-SealedCount SealAll(sqlite3* database, const QString& keyFile, bool& newKey) {
-    // Otherwise the clear texts would stay readable in the free places of the file.
-    RunSql(database, u"PRAGMA secure_delete = ON"_s);
+SealedCount SealAll(PinStore& store, const QString& keyFile, bool& newKey) {
     // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
-    RunSql(database, u"BEGIN IMMEDIATE"_s);
+    store.Begin();
     if (!QFile::exists(keyFile)) {
         MakeKey(keyFile);
         newKey = true;
     }
     const PinKey key = KeyOf(keyFile);
     SealedCount count;
-    for (const PinColumn& place : kPinColumns) SealColumn(database, place, key, count);
-    RunSql(database, u"COMMIT"_s);
+    for (const PinColumn& place : kPinColumns) SealColumn(store, place, key, count);
+    store.Commit();
     return count;
 }
 
-bool AnyOpens(sqlite3* database, const PinKey& key) {
+bool AnyOpens(PinStore& store, const PinKey& key) {
     for (const PinColumn& place : kPinColumns)
-        for (const StoredPin& pin : StoredPins(database, place))
+        for (const StoredPin& pin : store.Pins(place))
             if (platform::OpenPin(pin.text, key)) return true;
     return false;
 }
 
 /// A COMMIT that told a failure may stand all the same, where the disk did it and its answer got lost; and another
 /// sealing may have found the key meanwhile. So the key goes only when it is certain that no PIN needs it.
-void ForgetUnusedKey(const QString& generalFile, const QString& keyFile) {
+void ForgetUnusedKey(const PinStoreOpener& open, const QString& keyFile) {
     try {
-        const SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
-        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
-        if (!AnyOpens(database.get(), KeyOf(keyFile))) QFile::remove(keyFile);
+        const std::unique_ptr<PinStore> store = open();
+        store->Begin();
+        if (!AnyOpens(*store, KeyOf(keyFile))) QFile::remove(keyFile);
     } catch (const platform::RuntimeError&) {
         return;
     }
 }
 
+platform::Connection Opened(const GeneralDatabaseDefinition& definition, platform::ConnectMode mode) {
+    platform::Connection connection;
+    OpenDefined(connection, definition, mode);
+    return connection;
+}
+
+QStringList PinTexts(platform::Connection& connection) {
+    QStringList texts;
+    for (const PinColumn& place : kPinColumns)
+        for (const StoredPin& pin : ReadPins(connection, place)) texts.append(pin.row.join(u' ') + u' ' + pin.text);
+    std::sort(texts.begin(), texts.end());
+    return texts;
+}
+
+/// PINs that were sealed in another database would not open with the key of that one.
+void CheckSameDatabase(const GeneralDatabaseDefinition& defined, const GeneralDatabaseDefinition& owner) {
+    platform::Connection programs = Opened(defined, platform::ConnectMode::Read);
+    platform::Connection asked = Opened(owner, platform::ConnectMode::Read);
+    if (PinTexts(programs) != PinTexts(asked))
+        throw Refusal(
+            u"--odbc のデータベースは、定義のものと暗証番号が異なります。同じデータベースを指定してください。"_s);
+}
+
+PinStoreOpener OpenerOf(const GeneralDatabaseDefinition& defined, const Arguments& arguments) {
+    const bool asked = arguments.Has(kOdbcOption);
+    if (defined.db == u"A"_s) {
+        if (asked) throw Refusal(u"一般データベースはファイルです。--odbc は付けられません。"_s);
+        return [file = platform::SqlitePath(defined.データソース名)] { return OpenFilePins(file); };
+    }
+    const GeneralDatabaseDefinition owner = asked ? DefinitionFrom(arguments) : defined;
+    if (asked) CheckSameDatabase(defined, owner);
+    return [owner] { return MakeServerPins(Opened(owner, platform::ConnectMode::ReadWrite)); };
+}
+
 }  // namespace
 
-SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile) {
-    SqliteDatabase database = OpenSqlite(generalFile, platform::ConnectMode::ReadWrite);
+QList<OptionRule> SealPinsOptions() { return {{kOdbcOption, true}}; }
+
+SealedCount SealStoredPins(const PinStoreOpener& open, const QString& keyFile) {
+    std::unique_ptr<PinStore> store = open();
     bool newKey = false;
     try {
-        return SealAll(database.get(), keyFile, newKey);
+        return SealAll(*store, keyFile, newKey);
     } catch (const platform::RuntimeError&) {
-        const bool stillLocked = sqlite3_get_autocommit(database.get()) == 0;
+        const bool stillLocked = store->StillLocked();
         if (newKey && stillLocked) QFile::remove(keyFile);
-        database.reset();
-        if (newKey && !stillLocked) ForgetUnusedKey(generalFile, keyFile);
+        store.reset();
+        if (newKey && !stillLocked) ForgetUnusedKey(open, keyFile);
         throw;
     }
 }
 
+int CountClearPins(platform::Connection& general) {
+    int count = 0;
+    for (const PinColumn& place : kPinColumns)
+        for (const StoredPin& pin : ReadPins(general, place)) count += platform::IsSealedPin(pin.text) ? 0 : 1;
+    return count;
+}
+
+QString ClearPinsFault(const QString& root, platform::Connection& general, bool onServer) {
+    if (!QFile::exists(CommonPlaces(root).conf + u'/' + platform::PinKeyFileName())) return {};
+    const int count = CountClearPins(general);
+    if (count == 0) return {};
+    return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
+           u"件あり、入力しても一致しません。次を実行してください。\n"
+           u"    suite-setup seal-pins %2%3"_s.arg(count)
+               .arg(root, onServer ? u" --odbc 所有者の接続文字列"_s : QString());
+}
+
 void SealPins(const Arguments& arguments, const Console& console) {
-    const QString root = QDir::cleanPath(QDir(arguments.installation).absolutePath());
+    const QString root = InstallationRoot(arguments.installation);
     const QString configuration = ConfigurationFile(root + u"/conf"_s);
     if (configuration.isEmpty()) throw Refusal(u"%1 にインストールがありません。"_s.arg(root));
-    const SealedCount count =
-        SealStoredPins(GeneralFile(configuration), root + u"/conf/"_s + platform::PinKeyFileName());
+    const SealedCount count = SealStoredPins(OpenerOf(ReadDefinition(configuration), arguments),
+                                             root + u"/conf/"_s + platform::PinKeyFileName());
     console.out << u"暗証番号 %1 件を封じました。既に封じてあったもの %2 件。\n"_s.arg(count.sealed).arg(count.before);
     if (count.unopenable > 0)
         console.out << u"別の鍵で封じられていて開けないものが %1 件あり、そのまま残しました。\n"_s.arg(

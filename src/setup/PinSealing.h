@@ -4,6 +4,7 @@
 
 #include "setup/Arguments.h"
 #include "setup/Console.h"
+#include "setup/PinStore.h"
 
 namespace setup {
 
@@ -15,13 +16,22 @@ struct SealedCount {
 };
 
 /// Seals every PIN of a general database that stands in it in the clear, in one transaction, and makes the key file
-/// where there is none. After a failure nothing is changed and no new key file is left; only where the disk leaves it
-/// uncertain whether PINs are sealed under it, the key file stays, and the next sealing goes on with it. Throws
-/// platform::RuntimeError.
-SealedCount SealStoredPins(const QString& generalFile, const QString& keyFile);
+/// where there is none. After a failure nothing is changed and no new key file is left; only where the disk or the
+/// network leaves it uncertain whether PINs are sealed under it, the key file stays, and the next sealing goes on with
+/// it. Throws platform::RuntimeError.
+SealedCount SealStoredPins(const PinStoreOpener& open, const QString& keyFile);
 
-/// The verb: finds the general database by the installation's definition row and prints the counts. Throws Refusal
-/// where there is no installation, or where its general database is not a file.
+/// PINs of a general database that are stored in the clear. Throws platform::DatabaseError.
+int CountClearPins(platform::Connection& general);
+/// A sentence and a command for people where the installation has a key file and PINs in the clear beside it, which no
+/// entry matches; else empty. Throws platform::DatabaseError.
+QString ClearPinsFault(const QString& root, platform::Connection& general, bool onServer);
+
+QList<OptionRule> SealPinsOptions();
+
+/// The verb: finds the general database by the installation's definition row, on a server with the account of that row
+/// or of `--odbc`, and prints the counts. Throws Refusal where there is no installation and where `--odbc` names
+/// another database, else platform::RuntimeError.
 void SealPins(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

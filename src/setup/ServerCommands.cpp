@@ -4,12 +4,15 @@
 
 #include "data/Connections.h"
 #include "data/ServerSchema.h"
+#include "data/ServerText.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
 #include "setup/GeneralDatabase.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 #include "setup/OdbcString.h"
+#include "setup/PinSealing.h"
+#include "setup/ServerRenewal.h"
 #include "setup/TableCopy.h"
 
 using namespace Qt::StringLiterals;
@@ -18,7 +21,7 @@ namespace setup {
 
 namespace {
 
-const QString kFrom = u"--from"_s;
+const QString kFrom = u"--from"_s, kAddMissing = u"--add-missing"_s;
 
 /// Several tables in one statement of an engine that takes back what it has made, one by one on one that does not.
 void DropTables(platform::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
@@ -73,13 +76,37 @@ void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& defin
     whole.Commit();
 }
 
+void AddMissing(const Arguments& arguments, const Console& console) {
+    if (arguments.Has(kFrom)) throw Refusal(u"--from と --add-missing は一緒に指定できません。"_s);
+    platform::Connection server;
+    OpenDefined(server, DefinitionFrom(arguments), platform::ConnectMode::ReadWrite);
+    const QStringList done = RenewServer(server);
+    for (const QString& line : done) console.out << line << u'\n';
+    if (done.isEmpty()) console.out << u"サーバーの一般データベースに足りないものはありません。\n"_s;
+}
+
+/// Throws platform::RuntimeError where the programs could not read the database, or would search it wrongly.
+void CheckServer(platform::Connection& server) {
+    const QStringList missing = MissingIn(server, server.Session().EngineName());
+    if (!missing.isEmpty())
+        throw platform::RuntimeError(
+            1, u"サーバーに足りないものがあります。%1。server-init で作るか、管理者に追加を依頼してください。"_s.arg(
+                   missing.join(u'、')));
+    QStringList faults;
+    for (const ServerTextFault& fault : FindServerTextFaults(server))
+        faults.append(u"%1。次を実行してください。\n    %2"_s.arg(fault.what, fault.remedy));
+    if (!faults.isEmpty())
+        throw platform::RuntimeError(1, u"サーバーでは検索が正しく動きません。"_s + faults.join(u'\n'));
+}
+
 }  // namespace
 
-QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}}; }
+QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}, {kAddMissing, false}}; }
 
 QList<OptionRule> UseServerOptions() { return {{kOdbcOption, true}}; }
 
 void InitServer(const Arguments& arguments, const Console& console) {
+    if (arguments.Has(kAddMissing)) return AddMissing(arguments, console);
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
     std::optional<platform::Connection> source;
     if (arguments.Has(kFrom)) {
@@ -104,14 +131,12 @@ void UseServer(const Arguments& arguments, const Console& console) {
     if (file.isEmpty()) throw Refusal(u"%1 に構成データベースがありません。"_s.arg(root));
     platform::Connection server;
     OpenDefined(server, definition, platform::ConnectMode::Read);
-    const QStringList missing = MissingIn(server, server.Session().EngineName());
-    if (!missing.isEmpty())
-        throw platform::RuntimeError(
-            1, u"サーバーに足りないものがあります。%1。server-init で作るか、管理者に追加を依頼してください。"_s.arg(
-                   missing.join(u'、')));
+    CheckServer(server);
     WriteDefinition(file, definition);
     console.out << u"%1 の一般データベースを %2 のものにしました。動いているプログラムは起動し直してください。\n"_s.arg(
         root, server.Session().EngineName());
+    const QString pins = ClearPinsFault(root, server, true);
+    if (!pins.isEmpty()) console.out << pins << u'\n';
 }
 
 }  // namespace setup

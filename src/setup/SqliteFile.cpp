@@ -1,5 +1,7 @@
 #include "setup/SqliteFile.h"
 
+#include "platform/Utf8Text.h"
+
 namespace setup {
 
 platform::SqliteDatabase OpenSqlite(const QString& file, platform::ConnectMode mode) {
@@ -30,7 +32,7 @@ QString ColumnText(sqlite3_stmt* row, int column) {
     const bool null = sqlite3_column_type(row, column) == SQLITE_NULL;
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
     if (text == nullptr && !null) throw platform::SqliteFailure(sqlite3_db_handle(row));
-    return QString::fromUtf8(text, sqlite3_column_bytes(row, column));
+    return platform::TextFromUtf8({text, sqlite3_column_bytes(row, column)});
 }
 
 void BindText(sqlite3_stmt* statement, int index, const QString& text) {

@@ -39,7 +39,10 @@ class SealingUnderFaults : public FaultTest {
         return opened;
     }
 
-    void Work() override { count_ = setup::SealStoredPins(installation.General().Path(), KeyFile()); }
+    void Work() override {
+        const auto open = [this] { return setup::OpenFilePins(installation.General().Path()); };
+        count_ = setup::SealStoredPins(open, KeyFile());
+    }
     /// Sealed or not, no PIN is lost, and none is sealed under a key that has gone.
     void CheckBehindFault(bool untold) override {
         const bool sealed = platform::IsSealedPin(Stored().first());

@@ -1,8 +1,13 @@
 // Conditions that callers leave for a list window: whatever they are, a value is a piece of them, and taking terms out
-// comes to an end. (What a caller would never write may leave a longer rest: pieces of it then stand twice.)
+// comes to an end. (What a caller would never write may leave a longer rest: pieces of it then stand twice.) The window
+// puts the rest into its statement, which every engine gets in its own words.
 
+#include "data/Catalogue.h"
+#include "fuzz/AdapterRules.h"
 #include "fuzz/FuzzInput.h"
 #include "selection/ConditionStrings.h"
+
+using namespace Qt::StringLiterals;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput input(data, size);
@@ -15,6 +20,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         Require(value.size() <= before.size(), "a value is a piece of its condition");
         if (rest == before) break;
     }
+    CheckForEveryEngine(u"SELECT TOP 1000 M担当者.コード,M担当者.氏名 FROM M担当者 WHERE ("_s + rest +
+                            u") AND M担当者.ログインID = '' ORDER BY M担当者.氏名"_s,
+                        SuiteTextRules());
     Require(!RemovePercent(condition).contains(u'%'), "no percent sign is left");
     return 0;
 }

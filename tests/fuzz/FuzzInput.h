@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "platform/Utf8Text.h"
+
 /// What the fuzzer made up for one run, handed out piece by piece.
 class FuzzInput {
   public:
@@ -23,7 +25,7 @@ class FuzzInput {
         return piece;
     }
     /// The same as a text: whatever is no UTF-8 becomes U+FFFD.
-    QString Text() { return QString::fromUtf8(Bytes()); }
+    QString Text() { return platform::TextFromUtf8(Bytes()); }
     /// Any UTF-16 units, halves of surrogate pairs among them.
     QString Units() {
         const QByteArray piece = Take(rest_.size() / 2 * 2);

@@ -1,7 +1,54 @@
-// Patterns of LIKE: none hangs or reads outside, and those without a wildcard find exactly their own text.
+// Patterns of LIKE: none hangs or reads outside, those without a wildcard find exactly their own text, and in the words
+// of each server they take the same texts.
+
+#include <QRegularExpression>
 
 #include "fuzz/FuzzInput.h"
 #include "platform/database/LikePattern.h"
+#include "platform/database/PatternText.h"
+#include "platform/database/TextFolding.h"
+
+namespace {
+
+QString Folded(const QByteArray& utf8) {
+    QString folded;
+    for (platform::FoldedReader reader(utf8); !reader.AtEnd();) folded += platform::TextOfCharacter(reader.Next());
+    return folded;
+}
+
+/// A LIKE with "%" and "_" alone, over characters.
+bool PlainLike(const QList<uint>& pattern, const QList<uint>& text) {
+    QList<bool> reached(text.size() + 1, false);
+    reached[0] = true;
+    for (const uint sign : pattern) {
+        for (qsizetype at = text.size(); sign != u'%' && at >= 0; --at)
+            reached[at] = at > 0 && reached[at - 1] && (sign == u'_' || sign == text[at - 1]);
+        for (qsizetype at = 1; sign == u'%' && at <= text.size(); ++at) reached[at] = reached[at] || reached[at - 1];
+    }
+    return reached.last();
+}
+
+/// None where the engine gives up.
+std::optional<bool> Matches(const QString& expression, const QString& text) {
+    const QRegularExpression compiled(expression, QRegularExpression::UseUnicodePropertiesOption);
+    Require(compiled.isValid(), "a pattern becomes an expression that compiles");
+    const QRegularExpressionMatch match = compiled.match(text);
+    return match.isValid() ? std::optional(match.hasMatch()) : std::nullopt;
+}
+
+void CheckServers(const platform::LikePattern& pattern, const QByteArray& text, bool found) {
+    const QString folded = Folded(text);
+    if (const auto plain = platform::FoldedLikeText(pattern))
+        Require(PlainLike(plain->toUcs4(), folded.toUcs4()) == found, "a plain LIKE takes the same folded texts");
+    QString expression = platform::FoldedExpression(pattern);
+    expression.chop(1);  // "$" of this engine would also stand before a last line end
+    Require(Matches(expression + QStringLiteral("\\z"), folded).value_or(found) == found,
+            "the expression for folded texts takes the same ones");
+    Require(Matches(platform::StoredExpression(pattern), platform::TextFromUtf8(text)).value_or(found) == found,
+            "the expression for stored texts takes the same ones");
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput input(data, size);
@@ -17,5 +64,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Require(!found || anywhere->Matches(text), "what matches the whole is found anywhere");
     if (!pattern.contains('%') && !pattern.contains('_') && !pattern.contains('['))
         Require(compiled->Matches(pattern), "a plain text matches itself");
+    // A statement ends at a NUL, and holds nothing but characters.
+    const QByteArray both = pattern + text;
+    if (!both.contains('\0') && both.isValidUtf8() && both.size() < 400) CheckServers(*compiled, text, found);
     return 0;
 }

@@ -1,22 +1,24 @@
-// Statements on their way to an engine: what the engine is given compiles or is refused, and a text in quotes arrives
-// as it was written.
+// Statements on their way to each engine: what it is given compiles or is refused, a text in quotes arrives as it was
+// written, and a server is sent no LIKE and no order of text with a meaning of its own.
 
 #include <sqlite3.h>
 
+#include "fuzz/AdapterRules.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/database/LiteralLift.h"
-#include "platform/database/StatementAdapter.h"
+#include "platform/database/SqliteText.h"
 #include "platform/database/StatementTokens.h"
 #include "platform/database/StatementTree.h"
 
 namespace {
 
-const platform::EngineDifferences kEngine = {true, true, true, 200, QStringLiteral("BINARY"), QStringLiteral("NOCASE")};
+const platform::TextRules kRules = {{QStringLiteral("x")}, {QStringLiteral("y")}};
 
 sqlite3* Engine() {
     static sqlite3* const database = [] {
         sqlite3* made = nullptr;
         sqlite3_open(":memory:", &made);
+        platform::AddSuiteText(made);
         sqlite3_exec(made, "CREATE TABLE a (x TEXT, y TEXT); CREATE TABLE b (x TEXT, z TEXT)", nullptr, nullptr,
                      nullptr);
         return made;
@@ -51,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         lifted.Lift(sql);
         Require(ArriveAsWritten(tokens, lifted), "a text in quotes arrives as it was written");
     }
-    const QByteArray adapted = platform::AdaptStatement(sql, kEngine, {}).toUtf8();
+    const QByteArray adapted = CheckForEveryEngine(sql, kRules).toUtf8();
     sqlite3_stmt* statement = nullptr;
     sqlite3_prepare_v2(Engine(), adapted.constData(), static_cast<int>(adapted.size()), &statement, nullptr);
     sqlite3_finalize(statement);

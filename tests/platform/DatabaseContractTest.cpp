@@ -183,6 +183,17 @@ TEST_P(DatabaseContract, TextsComeBackAsTheyWereWritten) {
     EXPECT_EQ(Codes(u"WHERE メモ = 'it''s'"_s), QStringList({u"00003"_s}));
 }
 
+TEST_P(DatabaseContract, AZeroWidthNoBreakSpaceIsACharacterOfATextAndOfAPattern) {
+    connection.Execute(u"UPDATE M担当者 SET 氏名 = '\uFEFF\uFEFF山', メモ = '\uFEFF' WHERE コード = '00002'"_s);
+    const QString row = u"SELECT 氏名, メモ FROM M担当者 WHERE コード = '00002'"_s;
+    EXPECT_EQ(Column(connection, row, u"氏名"), QStringList({u"\uFEFF\uFEFF山"_s}));
+    EXPECT_EQ(Column(connection, row, u"メモ"), QStringList({u"\uFEFF"_s}));
+    for (const QString& pattern : {u"%\uFEFF%"_s, u"\uFEFF%"_s, u"%[\uFEFF]%"_s, u"\uFEFF_山"_s})
+        EXPECT_EQ(Codes(u"WHERE 氏名 LIKE '"_s + pattern + u"'"_s), QStringList({u"00002"_s})) << pattern.toStdString();
+    EXPECT_EQ(Codes(u"WHERE 氏名 = '\uFEFF\uFEFF山'"_s), QStringList({u"00002"_s}));
+    EXPECT_EQ(Codes(u"WHERE 氏名 = '山'"_s), QStringList());
+}
+
 TEST_P(DatabaseContract, ManyRowsComeWholeAndInOrder) {
     QStringList expected;
     for (int i = 0; i < 2000; ++i) expected.append(u"%1"_s.arg(i, 5, 10, QChar(u'0')));
@@ -358,6 +369,36 @@ TEST_P(DatabaseContract, EqualityIsExactButForLoginNames) {
     EXPECT_EQ(Codes(u"WHERE 氏名 = '鈴木A'"_s), QStringList());
     EXPECT_EQ(Codes(u"WHERE カナ = 'ヤマダ タロウ'"_s), QStringList());
     EXPECT_EQ(Codes(u"WHERE ログインID = 'yAMADA'"_s), QStringList({u"00001"_s}));
+    EXPECT_EQ(Codes(u"WHERE 'yAMADA' = M担当者.ログインID"_s), QStringList({u"00001"_s}));
+}
+
+TEST_P(DatabaseContract, LoginNamesIgnoreTheCaseOfAsciiLettersAlone) {
+    engine->Run(
+        u"INSERT INTO M担当者 (コード, ログインID) VALUES ('1', 'Ｙａ'), ('2', 'Éa'), ('3', 'Яa'), ('4', 'a b'),"
+        u" ('5', 'ﾔa'), ('6', 'straße')"_s);
+    for (const QString& other : {u"ｙａ"_s, u"éA"_s, u"яA"_s, u"a b "_s, u"ヤa"_s, u"strasse"_s, u"Ea"_s})
+        EXPECT_EQ(Codes(u"WHERE ログインID = '"_s + other + u"'"_s), QStringList()) << other.toStdString();
+    EXPECT_EQ(Codes(u"WHERE ログインID = 'ÉA'"_s), QStringList({u"2"_s}));
+    EXPECT_EQ(Codes(u"WHERE ログインID = 'A B'"_s), QStringList({u"4"_s}));
+    EXPECT_EQ(Codes(u"WHERE ログインID = 'STRAßE'"_s), QStringList({u"6"_s}));
+}
+
+TEST_P(DatabaseContract, ComparisonsThatLackASideAreFailuresOfTheStatement) {
+    for (const QString& where : {u"ログインID ="_s, u"(= ログインID)"_s, u"= ログインID"_s, u"M担当者.ログインID = ;"_s,
+                                 u"ログインID = AND コード = ''"_s, u"(ログインID =) OR コード = ''"_s, u"LIKE 'a'"_s,
+                                 u"氏名 LIKE"_s, u"氏名 NOT LIKE"_s, u"(LIKE)"_s}) {
+        Recordset rows;
+        const QString sql = u"SELECT コード FROM M担当者 WHERE "_s + where;
+        EXPECT_EQ(NumberOf([&] { rows.Open(sql, connection); }), kStatementFailure) << sql.toStdString();
+    }
+    EXPECT_EQ(Codes(u""_s).size(), 4);
+}
+
+TEST_P(DatabaseContract, LikeOverAnExpressionFindsJapaneseTextsInEveryForm) {
+    EXPECT_EQ(Codes(u"WHERE (コード || カナ) LIKE '00001ヤマダ%'"_s), QStringList({u"00001"_s}));
+    EXPECT_EQ(Codes(u"WHERE COALESCE(カナ, '') LIKE ('%さとう%')"_s), QStringList({u"00002"_s}));
+    EXPECT_EQ(Codes(u"WHERE 'ﾔﾏ' LIKE 'やま' AND NOT (カナ) LIKE '%さ%' AND コード < '00002'"_s),
+              QStringList({u"00001"_s}));
 }
 
 TEST_P(DatabaseContract, NamesAreOrderedBySyllabaryAndByCodePage) {

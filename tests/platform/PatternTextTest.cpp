@@ -19,20 +19,21 @@ const QStringList kTexts = {u""_s,         u"a"_s,       u"Ａ"_s,
                             u"𠮷田"_s,     u"山\n田"_s,  u"100%"_s,
                             u"a_b"_s,      u"a\\b"_s,    u"[x]"_s,
                             u"x^$.*+?("_s, u"it's"_s,    u"Ω"_s,
-                            u"K"_s,        u"ﾔﾏﾀﾞﾀﾛｳ"_s, u"やまた゛たろう"_s};
-const QStringList kPatterns = {u""_s,        u"%"_s,         u"%%"_s,      u"_"_s,        u"__"_s,    u"%_%_%"_s,
-                               u"a"_s,       u"%か%"_s,      u"%が%"_s,    u"カ"_s,       u"ｶﾞ"_s,    u"%ﾞ%"_s,
-                               u"[か-く]"_s, u"[!か-く]%"_s, u"[がぎ]%"_s, u"[!が]"_s,    u"%[ﾞ]%"_s, u"[]"_s,
-                               u"[!]"_s,     u"[z-a]"_s,     u"[[]x]"_s,   u"%田"_s,      u"山%田"_s, u"[𠮷山]田"_s,
-                               u"%\\%"_s,    u"%^%"_s,       u"%.%"_s,     u"x^$.*+?("_s, u"k"_s,     u"ω"_s,
-                               u"%だ%う"_s,  u"_%_ﾞ"_s,      u"ば%"_s,     u"ぱ_"_s,      u"%'%"_s};
+                            u"K"_s,        u"ﾔﾏﾀﾞﾀﾛｳ"_s, u"やまた゛たろう"_s,
+                            u"\uFEFF山"_s};
+const QStringList kPatterns = {
+    u""_s,      u"%"_s,   u"%%"_s,  u"_"_s,        u"__"_s,        u"%_%_%"_s,     u"a"_s,       u"%か%"_s,
+    u"%が%"_s,  u"カ"_s,  u"ｶﾞ"_s,  u"%ﾞ%"_s,      u"[か-く]"_s,   u"[!か-く]%"_s, u"[がぎ]%"_s, u"[!が]"_s,
+    u"%[ﾞ]%"_s, u"[]"_s,  u"[!]"_s, u"[z-a]"_s,    u"[[]x]"_s,     u"%田"_s,       u"山%田"_s,   u"[𠮷山]田"_s,
+    u"%\\%"_s,  u"%^%"_s, u"%.%"_s, u"x^$.*+?("_s, u"k"_s,         u"ω"_s,         u"%だ%う"_s,  u"_%_ﾞ"_s,
+    u"ば%"_s,   u"ぱ_"_s, u"%'%"_s, u"%\uFEFF%"_s, u"[!\uFEFF]%"_s};
 
 QString Folded(const QString& text) {
     const QByteArray utf8 = text.toUtf8();
     QString folded;
     for (FoldedReader reader(utf8); !reader.AtEnd();) {
         const char32_t character = reader.Next();
-        folded += QString::fromUcs4(&character, 1);
+        folded += QChar::fromUcs4(character);
     }
     return folded;
 }

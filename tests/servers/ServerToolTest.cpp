@@ -111,3 +111,100 @@ TEST_F(ServerTool, CheckLooksAtTheServerToo) {
     installation.SetDefinition(u"パスワード"_s, u"falsch"_s);
     EXPECT_TRUE(RunServerTool({u"check"_s, installation.Root()}).out.contains(u"・一般データベース"_s));
 }
+
+namespace {
+
+/// A server whose texts would be compared otherwise than the programs count on, and what says so.
+class ServerTextFaults : public OnServer {
+  protected:
+    void SetUp() override {
+        if (IsPostgres()) {
+            server.Run(u"DROP FUNCTION suite_order CASCADE"_s);
+            fault = u"関数 suite_order がありません"_s;
+            remedy = u"suite-setup server-init --odbc 所有者の接続文字列 --add-missing"_s;
+        } else {
+            remedy = u"ALTER TABLE `M担当者` CONVERT TO CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"_s;
+            server.Run(u"ALTER TABLE \"M担当者\" CONVERT TO CHARACTER SET utf8mb4 COLLATE utf8mb4_general_ci"_s);
+            fault = u"列 M担当者.コード の照合順序 utf8mb4_general_ci は異なる文字を同じとみなします"_s;
+        }
+    }
+    void Repair() const {
+        if (!IsPostgres()) return server.Run(QString(remedy).replace(u'`', u'"'));
+        const ToolOutput added =
+            RunServerTool({u"server-init"_s, u"--odbc"_s, server.OdbcString(), u"--add-missing"_s});
+        EXPECT_EQ(added.status, 0) << added.err.toStdString();
+        EXPECT_TRUE(added.out.startsWith(u"関数 suite_order を追加しました。\n"_s)) << added.out.toStdString();
+    }
+    ToolOutput UseServer() const {
+        return RunServerTool({u"use-server"_s, installation.Root(), u"--odbc"_s, server.OdbcString()});
+    }
+    QStringList Errors() const { return History().filter(u"エラー "_s); }
+
+    QString fault, remedy;
+};
+
+}  // namespace
+
+TEST_F(ServerTextFaults, UseServerRefusesTheServerAndNamesTheCommand) {
+    installation.SetDefinition(u"db"_s, u"A"_s);
+    const ToolOutput used = UseServer();
+    EXPECT_EQ(used.status, 1);
+    EXPECT_TRUE(used.err.startsWith(
+        u"suite-setup: サーバーでは検索が正しく動きません。%1。次を実行してください。\n    %2\n"_s.arg(fault, remedy)))
+        << used.err.toStdString();
+    EXPECT_EQ(installation.Configuration().Value(u"SELECT db FROM データベース定義"_s), u"A"_s);
+    Repair();
+    EXPECT_EQ(UseServer().status, 0);
+}
+
+TEST_F(ServerTextFaults, CheckNamesThemWithTheCommand) {
+    const QString line = u"・一般データベースの%1。次を実行してください。\n    %2\n"_s.arg(fault, remedy);
+    const ToolOutput checked = RunServerTool({u"check"_s, installation.Root()});
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_TRUE(checked.out.contains(line)) << checked.out.toStdString();
+    Repair();
+    EXPECT_FALSE(RunServerTool({u"check"_s, installation.Root()}).out.contains(u"一般データベース"_s));
+}
+
+TEST_F(ServerTextFaults, TheStartRecordsThemAndGoesOn) {
+    ASSERT_TRUE(OpenGeneral());
+    EXPECT_TRUE(Errors().contains(u"エラー 一般データベースの%1。次を実行すると直ります。%2"_s.arg(fault, remedy)))
+        << History().join(u'\n').toStdString();
+    const qsizetype rows = History().size();
+    Repair();
+    ASSERT_TRUE(OpenGeneral());
+    EXPECT_EQ(History().size(), rows);
+}
+
+TEST_F(ServerTextFaults, OfAFunctionThatTheAccountMayNotUseAndOfACollationAreNamedToo) {
+    if (!IsPostgres()) GTEST_SKIP() << "only PostgreSQL has functions of the schema and such collations";
+    Repair();
+    server.Run(
+        u"REVOKE EXECUTE ON FUNCTION suite_fold(text) FROM PUBLIC;"
+        u"CREATE COLLATION blind (provider = icu, locale = 'und-u-ks-level2', deterministic = false);"
+        u"ALTER TABLE M部門 ALTER COLUMN 名称 TYPE text COLLATE blind"_s);
+    const ReadingUser user(server);
+    Define(u"ユーザーID"_s, user.Name());
+    Define(u"パスワード"_s, ReadingUser::Password());
+    const QString out = RunServerTool({u"check"_s, installation.Root()}).out;
+    EXPECT_TRUE(
+        out.contains(u"・一般データベースの関数 suite_fold を使う権限がありません。次を実行してください。\n"
+                     u"    GRANT EXECUTE ON FUNCTION suite_fold(text) TO PUBLIC\n"_s))
+        << out.toStdString();
+    EXPECT_TRUE(
+        out.contains(u"・一般データベースの列 M部門.名称 の照合順序 blind は異なる文字を同じとみなします。"
+                     u"次を実行してください。\n"
+                     u"    ALTER TABLE \"m部門\" ALTER COLUMN \"名称\" TYPE text COLLATE \"C\"\n"_s))
+        << out.toStdString();
+    server.Run(u"ALTER TABLE \"m部門\" ALTER COLUMN \"名称\" TYPE text COLLATE \"C\""_s);
+    EXPECT_FALSE(RunServerTool({u"check"_s, installation.Root()}).out.contains(u"名称"_s));
+}
+
+TEST_F(ServerTool, AddMissingTakesNoEmptyDatabaseAndNoSource) {
+    const ToolOutput empty = Init({u"--add-missing"_s});
+    EXPECT_EQ(empty.status, 2);
+    EXPECT_EQ(Tables(), QStringList());
+    EXPECT_EQ(Init({u"--add-missing"_s, u"--from"_s, installation.Root()}).status, 2);
+    ASSERT_EQ(Init().status, 0);
+    EXPECT_EQ(Init({u"--add-missing"_s}).out, u"サーバーの一般データベースに足りないものはありません。\n"_s);
+}

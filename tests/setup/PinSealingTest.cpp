@@ -118,14 +118,33 @@ TEST_F(PinSealing, AnotherProgramsLockEndsItWithNothingChanged) {
     EXPECT_EQ(Stored(), before);
 }
 
-TEST_F(PinSealing, AMissingGeneralFileFailsAndAServerIsRefused) {
+TEST_F(PinSealing, AMissingGeneralFileAndAServerThatIsNotThereFailAndLeaveNoKey) {
     installation.SetDefinition(u"データソース名"_s, installation.Root() + u"/data/none.accdb"_s);
     EXPECT_EQ(Seal().status, 1);
     installation.SetDefinition(u"db"_s, u"S"_s);
-    const ToolOutput output = Seal();
+    installation.SetDefinition(u"プロバイダ名"_s, u"NoSuchDriver"_s);
+    EXPECT_EQ(Seal().status, 1);
+    EXPECT_FALSE(QFile::exists(KeyFile()));
+}
+
+TEST_F(PinSealing, AnAccountIsRefusedForAFile) {
+    const ToolOutput output = RunTool({u"seal-pins"_s, installation.Root(), u"--odbc"_s, u"DSN=x"_s});
     EXPECT_EQ(output.status, 2);
-    EXPECT_TRUE(
-        output.err.startsWith(u"suite-setup: 一般データベースがファイルではないので、暗証番号を封じられません。\n"_s))
+    EXPECT_TRUE(output.err.startsWith(u"suite-setup: 一般データベースはファイルです。--odbc は付けられません。\n"_s))
         << output.err.toStdString();
     EXPECT_FALSE(QFile::exists(KeyFile()));
+}
+
+TEST_F(PinSealing, CheckNamesPinsInTheClearOnlyBesideAKeyFile) {
+    const auto checked = [&] { return RunTool({u"check"_s, installation.Root()}).out; };
+    const QString fault =
+        u"・鍵ファイルがあるのに、封じられていない暗証番号が 1 件あり、入力しても一致しません。次を実行してください。\n"
+        u"    suite-setup seal-pins %1\n"_s.arg(installation.Root());
+    EXPECT_FALSE(checked().contains(u"暗証番号が"_s)) << "a site that was never sealed";
+    Seal();
+    EXPECT_FALSE(checked().contains(u"暗証番号が"_s));
+    installation.General().Execute(u"UPDATE M担当者 SET 暗証番号 = 'NEW1' WHERE コード = '00003'"_s);
+    EXPECT_TRUE(checked().contains(fault)) << checked().toStdString();
+    Seal();
+    EXPECT_FALSE(checked().contains(u"暗証番号が"_s));
 }

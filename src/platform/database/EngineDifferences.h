@@ -19,17 +19,17 @@ struct EngineDifferences {
     bool bracketsAreQuotes = false;  ///< [name] is written "name"
     size_t longestChain = 0;         ///< terms of one OR or AND chain that the engine takes without trouble
     QString textCollation = {};      ///< behind ORDER BY on the columns sorted as text; empty: the engine sorts them so
-    QString caseBlindCollation =
-        {};  ///< behind a column of an "=" that ignores case; with a function, behind both sides
+    QString caseBlindCollation = {};  ///< behind a column of an "=" that ignores the case of ASCII letters
 
     bool namesAreLowerCase = false;  ///< names in quotes or brackets count as the plain ones, which lose their capitals
     bool nullsSortLast = false;      ///< ORDER BY has to say that Nulls come first, and last where it descends
     bool signsAreJoins = false;      ///< "x.a(+) = y.b" in a WHERE becomes a LEFT JOIN
     LikeWriting like = LikeWriting::Own;
-    QString foldingFunction = {};    ///< for LikeWriting::FoldedText
-    QString orderFunction = {};      ///< around columns sorted as text, in place of a collation
-    bool sortsInProvider = false;    ///< rows are put in order by whoever reads them, where they are sorted as text
-    QString caseBlindFunction = {};  ///< around both sides of an "=" that ignores case, in place of a collation
+    QString foldingFunction = {};  ///< for LikeWriting::FoldedText
+    QString orderFunction = {};    ///< around columns sorted as text, in place of a collation
+    bool sortsInProvider = false;  ///< rows are put in order by whoever reads them, where they are sorted as text
+    /// In place of a collation, for both sides of such an "=": an expression with each side in place of `operand`.
+    QString caseBlindCall = {};
 };
 
 /// One key of an order that the engine doesn't make.

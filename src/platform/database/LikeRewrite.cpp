@@ -3,16 +3,16 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/RuntimeError.h"
+#include "platform/database/Operands.h"
 #include "platform/database/PatternText.h"
 #include "platform/database/TextFolding.h"
 
 namespace platform {
 namespace {
 
-/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` behind a column.
+/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` and the operand before it.
 struct Term {
-    size_t column = 0;     // first piece of the column's name
+    size_t operand = 0;    // first piece
     size_t operation = 0;  // NOT or LIKE
     size_t behind = 0;
     bool negated = false;
@@ -20,8 +20,9 @@ struct Term {
     std::optional<char32_t> escape;
 };
 
-bool IsText(const Level& level, size_t at) {
-    return at < level.size() && !level[at].group && level[at].token.kind == TokenKind::Text;
+[[noreturn]] void RefuseLike() {
+    RefuseStatement(
+        QStringLiteral("この LIKE はサーバーの検索に置き換えられません。列 LIKE '文字列' の形で指定してください。"));
 }
 
 QString ValueOf(const Piece& literal) {
@@ -29,29 +30,45 @@ QString ValueOf(const Piece& literal) {
     return value.replace(QStringLiteral("''"), QStringLiteral("'"));
 }
 
-std::optional<char32_t> EscapeOf(const Piece& literal) {
-    const QByteArray utf8 = ValueOf(literal).toUtf8();
-    FoldedReader reader(utf8);
-    if (reader.AtEnd()) return std::nullopt;
-    const char32_t sign = reader.Next();
-    return reader.AtEnd() ? std::optional(sign) : std::nullopt;
+// A text, also in brackets of its own.
+QString TextAt(const Level& level, size_t at) {
+    if (at >= level.size()) RefuseLike();
+    const Piece& piece = level[at];
+    if (piece.group && piece.inside.size() == 1) return TextAt(piece.inside, 0);
+    if (piece.group || piece.token.kind != TokenKind::Text) RefuseLike();
+    return ValueOf(piece);
 }
 
-std::optional<Term> TermAt(const Level& level, size_t like) {
+char32_t EscapeOf(const QString& text) {
+    const QByteArray utf8 = text.toUtf8();
+    FoldedReader reader(utf8);
+    const char32_t character = reader.AtEnd() ? 0 : reader.Next();
+    if (character == 0 || !reader.AtEnd()) RefuseLike();
+    return character;
+}
+
+Term TermAt(const Level& level, size_t like) {
     Term term;
     term.negated = like > 0 && level[like - 1].Is(u"NOT");
     term.operation = like - (term.negated ? 1 : 0);
-    if (term.operation == 0 || !level[term.operation - 1].IsName() || !IsText(level, like + 1)) return std::nullopt;
-    term.column = BeginOfName(level, term.operation - 1);
-    term.pattern = ValueOf(level[like + 1]);
+    const std::optional<size_t> operand = BeginOfOperand(level, term.operation);
+    if (!operand || !StartsExpression(level, *operand)) RefuseLike();
+    term.operand = *operand;
+    term.pattern = TextAt(level, like + 1);
     term.behind = like + 2;
     if (term.behind < level.size() && level[term.behind].Is(u"ESCAPE")) {
-        if (!IsText(level, term.behind + 1)) return std::nullopt;
-        term.escape = EscapeOf(level[term.behind + 1]);
-        if (!term.escape) return std::nullopt;
+        term.escape = EscapeOf(TextAt(level, term.behind + 1));
         term.behind += 2;
     }
+    if (!EndsExpression(level, term.behind)) RefuseLike();
     return term;
+}
+
+// As the name of a column, or of a function in quotes, it is no operator.
+bool IsLike(const Level& level, size_t at) {
+    const bool called = at + 1 < level.size() && level[at + 1].group;
+    if (called && level[at].IsName() && NameOf(level[at]).compare(u"LIKE", Qt::CaseInsensitive) == 0) return true;
+    return level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsSign(u"."));
 }
 
 Piece Literal(QString value) {
@@ -63,7 +80,7 @@ Piece Sign(const QString& text) { return {{TokenKind::Sign, QStringLiteral(" "),
 
 LikePattern Compiled(const Term& term) {
     std::optional<LikePattern> pattern = LikePattern::Compile(term.pattern.toUtf8(), term.escape);
-    if (!pattern) throw DatabaseError(kStatementFailure, QStringLiteral("LIKE: \"[\" without \"]\""));
+    if (!pattern) RefuseStatement(QStringLiteral("LIKE: \"[\" without \"]\""));
     return std::move(*pattern);
 }
 
@@ -90,19 +107,17 @@ Level Operation(const Term& term, LikeWriting writing) {
 
 void RewriteLike(Level& level, const EngineDifferences& engine) {
     for (size_t i = 0; i < level.size(); ++i) {
-        if (!level[i].Is(u"LIKE")) continue;
-        const std::optional<Term> term = TermAt(level, i);
-        if (!term) continue;
-        Level words = Operation(*term, engine.like);
+        if (!IsLike(level, i)) continue;
+        const Term term = TermAt(level, i);
+        Level words = Operation(term, engine.like);
         const auto at = [&](size_t place) { return level.begin() + static_cast<std::ptrdiff_t>(place); };
         const size_t count = words.size();
-        level.insert(level.erase(at(term->operation), at(term->behind)), std::make_move_iterator(words.begin()),
+        level.insert(level.erase(at(term.operation), at(term.behind)), std::make_move_iterator(words.begin()),
                      std::make_move_iterator(words.end()));
-        i = term->operation + count - 1;
+        i = term.operation + count - 1;
         if (engine.like != LikeWriting::FoldedText) continue;
-        const size_t pieces = term->operation - term->column;
-        WrapInFunction(level, term->column, term->operation, engine.foldingFunction);
-        i = i + 2 - pieces;
+        WrapInFunction(level, term.operand, term.operation, engine.foldingFunction);
+        i = i + 2 - (term.operation - term.operand);
     }
 }
 

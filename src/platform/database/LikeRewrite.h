@@ -5,9 +5,9 @@
 
 namespace platform {
 
-/// Rewrites every `column LIKE 'pattern'` of the level, NOT and ESCAPE included, as the engine's table tells. Where the
-/// left side is no column or the right side no literal, it stays the engine's own LIKE. kStatementFailure for a pattern
-/// whose "[" is not closed.
+/// Rewrites every `operand LIKE 'pattern'` of the level, NOT and ESCAPE included, as the engine's table tells. The
+/// engine's own LIKE compares otherwise and is never sent: DatabaseError kStatementFailure where the operand's ends are
+/// not certain, where the pattern is no single literal, and for a pattern whose "[" is not closed.
 void RewriteLike(Level& level, const EngineDifferences& engine);
 
 }  // namespace platform

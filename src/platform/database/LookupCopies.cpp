@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
+#include "platform/Utf8Text.h"
 
 namespace platform {
 namespace {
@@ -21,7 +22,7 @@ QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', 
 QString Bracketed(const QString& name) { return u'[' + name + u']'; }
 
 QString Literal(const QByteArray& value) {
-    return u'\'' + QString::fromUtf8(value).replace(u'\'', QStringLiteral("''")) + u'\'';
+    return u'\'' + TextFromUtf8(value).replace(u'\'', QStringLiteral("''")) + u'\'';
 }
 
 bool IsTextType(const QString& type) {

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <vector>
+
+#include "platform/Utf8Text.h"
 
 namespace platform {
 namespace {
@@ -13,7 +16,8 @@ constexpr SQLLEN kMostBytes = SQLLEN{16} * 1024 * 1024;  // of one column's bloc
 // The lengths that MariaDB's driver tells of names are wrong for many kanji; the end mark is right.
 template <size_t N>
 QString UpToEndMark(const std::array<SQLWCHAR, N>& name) {
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()));
+    const auto* units = reinterpret_cast<const char16_t*>(name.data());
+    return TextFromUtf16(units, static_cast<qsizetype>(std::char_traits<char16_t>::length(units)));
 }
 
 QString DeclaredTypeOf(const OdbcStatement& statement, SQLUSMALLINT column, SQLSMALLINT type, SQLULEN size) {

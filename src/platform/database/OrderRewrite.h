@@ -2,17 +2,21 @@
 
 #include "platform/DatabaseTypes.h"
 #include "platform/database/EngineDifferences.h"
+#include "platform/database/SelectNames.h"
 #include "platform/database/StatementTree.h"
 
 namespace platform {
 
 /// Puts the ORDER BY of the level into the engine's words: columns sorted as text get its collation or its function,
-/// and Nulls their place. An item is a column with or without its table; any expression is left to the engine.
-void AdaptOrder(Level& level, const EngineDifferences& engine, const TextRules& rules);
+/// and Nulls their place. A collation is given to columns that are named, with or without their table. A server's
+/// engine also gets it for the position or the alias of a column; its own order of text is never asked for:
+/// DatabaseError kStatementFailure for expressions over such columns, with DISTINCT, for the whole of a compound, and
+/// where the engine has no function for it.
+void AdaptOrder(Level& level, const EngineDifferences& engine, const TextRules& rules, const TextNames& names);
 
 /// Where the level is a SELECT with a column sorted as text in its ORDER BY: takes the order and the limit out, adds
-/// the keys as columns behind the others, and tells both in `adapted`. Everything that can't be read so, or whose rows
-/// are grouped or made different, stays as it is.
-void TakeOrder(Level& level, const TextRules& rules, AdaptedStatement& adapted);
+/// the keys as columns behind the others, and tells both in `adapted`. DatabaseError kStatementFailure where its rows
+/// are grouped, made different or limited otherwise, or a key is no column.
+void TakeOrder(Level& level, const TextNames& names, AdaptedStatement& adapted);
 
 }  // namespace platform

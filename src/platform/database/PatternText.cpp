@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/Utf8Text.h"
 #include "platform/database/TextFolding.h"
 
 namespace platform {
@@ -11,13 +12,11 @@ namespace {
 
 using Element = LikePattern::Element;
 
-QString CharacterText(char32_t character) { return QString::fromUcs4(&character, 1); }
-
 // Signs are taken for themselves behind a backslash; letters and digits would mean something there.
 QString Escaped(char32_t character) {
     const bool sign =
         character < 0x80 && character > 0x20 && !QChar(static_cast<char16_t>(character)).isLetterOrNumber();
-    return sign ? u'\\' + CharacterText(character) : CharacterText(character);
+    return sign ? u'\\' + TextOfCharacter(character) : TextOfCharacter(character);
 }
 
 // The inside of a [list].
@@ -93,7 +92,7 @@ QString StoredClass(QStringView folded) {
     return u'[' + ClassOf(ranges) + u']';
 }
 
-QString MarkClass(char32_t mark) { return StoredClass(CharacterText(mark)); }
+QString MarkClass(char32_t mark) { return StoredClass(TextOfCharacter(mark)); }
 
 // One character as it is stored, read to its end: a kana together with the mark behind it.
 const QString& AnyStored() {
@@ -123,9 +122,9 @@ QString StoredCharacter(char32_t folded) {
     const auto [kana, mark] = Unfolded().PairOf(folded);
     if (stored.size() <= 1 && kana == 0 && NotVoiced(folded).isEmpty() && NotTaken(folded).isEmpty())
         return Escaped(folded);
-    const QString alone = NotTaken(folded) + StoredClass(CharacterText(folded)) + NotVoiced(folded);
+    const QString alone = NotTaken(folded) + StoredClass(TextOfCharacter(folded)) + NotVoiced(folded);
     if (kana == 0) return alone;
-    const QString pair = StoredClass(CharacterText(kana)) + MarkClass(mark);
+    const QString pair = StoredClass(TextOfCharacter(kana)) + MarkClass(mark);
     return QStringLiteral("(?:") + alone + u'|' + pair + u')';
 }
 
@@ -174,7 +173,7 @@ QString StoredList(const LikePattern& pattern, const Element& element) {
         for (const QChar kana : VoiceableKana(mark)) {
             const char32_t whole = Voiced(kana.unicode(), mark);
             if (listed(kana.unicode())) special += u'|' + StoredCharacter(kana.unicode());
-            if (listed(whole)) special += u'|' + StoredClass(CharacterText(kana.unicode())) + MarkClass(mark);
+            if (listed(whole)) special += u'|' + StoredClass(TextOfCharacter(kana.unicode())) + MarkClass(mark);
         }
     }
     if (plain.empty() && special.isEmpty()) return kNothing;
@@ -208,7 +207,7 @@ std::optional<QString> FoldedLikeText(const LikePattern& pattern) {
             const bool any = element.kind == Element::Kind::Any;
             const bool wildcard = element.character == U'%' || element.character == U'_';
             if (!any && (element.kind != Element::Kind::Character || wildcard)) return std::nullopt;
-            text += any ? QStringLiteral("_") : CharacterText(element.character);
+            text += any ? QStringLiteral("_") : TextOfCharacter(element.character);
         }
     }
     return text;

@@ -1,5 +1,6 @@
 #include "platform/database/PostgresText.h"
 
+#include "platform/Utf8Text.h"
 #include "platform/database/TextFolding.h"
 #include "platform/database/TextOrder.h"
 
@@ -51,18 +52,17 @@ QString Translation(Kind kind) {
         .arg(Literal(u'[' + ranges + u']'), Literal(from), Literal(to));
 }
 
-QString Sign(char32_t code) { return QString::fromUcs4(&code, 1); }
-
 // A kana and the mark behind it become one. The engine's own composition does that, and several times faster than a
 // search for each pair; but it does more, so it is asked only where there is nothing else to compose.
 QString Joining() {
-    const QString marks = Sign(kVoicingMark) + Sign(kSemiVoicingMark);
+    const QString marks = TextOfCharacter(kVoicingMark) + TextOfCharacter(kSemiVoicingMark);
     const QString combining = QStringLiteral("\u3099\u309A");
     QString pairs = QStringLiteral("folded");
     for (const char32_t mark : {kVoicingMark, kSemiVoicingMark})
         for (const QChar kana : VoiceableKana(mark))
-            pairs = QStringLiteral("replace(%1, '%2%3', '%4')")
-                        .arg(pairs, QString(kana), Sign(mark), Sign(Voiced(kana.unicode(), mark)));
+            pairs =
+                QStringLiteral("replace(%1, '%2%3', '%4')")
+                    .arg(pairs, QString(kana), TextOfCharacter(mark), TextOfCharacter(Voiced(kana.unicode(), mark)));
     return QStringLiteral(
                " IF folded ~ '[%1]' THEN IF folded ~ '^[ -~\u3000-\u30FF\u4E00-\u9FFF]*$'"
                " THEN folded := translate(normalize(translate(folded, '%1', E'%2'), NFC), E'%2', '%1');"

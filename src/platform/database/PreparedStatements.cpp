@@ -1,5 +1,6 @@
 #include "platform/database/PreparedStatements.h"
 
+#include "platform/Utf8Text.h"
 #include "platform/database/StatementTokens.h"
 
 namespace platform {
@@ -12,7 +13,7 @@ PreparedStatement::PreparedStatement(sqlite3* database, const QString& text) {
     handle_.reset(raw);
     if (code != SQLITE_OK) throw SqliteFailure(database);
     const qsizetype used = tail - utf8.constData();
-    if (raw == nullptr || !IsEmptyStatement(QString::fromUtf8(utf8.sliced(used))))
+    if (raw == nullptr || !IsEmptyStatement(TextFromUtf8(utf8.sliced(used))))
         throw DatabaseError(kStatementFailure, QStringLiteral("SQL 文は 1 つだけ指定してください。"));
 }
 
@@ -30,8 +31,8 @@ void PreparedStatement::DescribeColumns() {
     empty_.reset();
     const int count = sqlite3_column_count(Handle());
     for (int i = 0; i < count; ++i)
-        columns->Add(QString::fromUtf8(sqlite3_column_name(Handle(), i)),
-                     QString::fromUtf8(sqlite3_column_decltype(Handle(), i)));
+        columns->Add(TextFromUtf8(sqlite3_column_name(Handle(), i)),
+                     TextFromUtf8(sqlite3_column_decltype(Handle(), i)));
     columns_ = std::move(columns);
 }
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/RuntimeError.h"
+#include "platform/Utf8Text.h"
 
 namespace platform {
 namespace {
@@ -130,7 +131,7 @@ QString ResultTable::Text(int row, int column) const {
         same = above.size == cell.size && std::memcmp(above.begin, cell.begin, cell.size) == 0;
     }
     last.row = row;
-    if (!same) last.text = QString::fromUtf8(cell.begin, static_cast<qsizetype>(cell.size));
+    if (!same) last.text = TextFromUtf8({cell.begin, static_cast<qsizetype>(cell.size)});
     return last.text;
 }
 

@@ -19,13 +19,13 @@ ServerEngine PostgreSql() {
     engine.name = QStringLiteral("PostgreSQL");
     engine.adapted = true;
     engine.differences = WithoutSpecialities();
-    engine.differences.caseBlindCollation = QStringLiteral("\"C\"");
     engine.differences.namesAreLowerCase = true;
     engine.differences.nullsSortLast = true;
     engine.differences.like = LikeWriting::FoldedText;
     engine.differences.foldingFunction = PostgresFoldingFunction();
     engine.differences.orderFunction = PostgresOrderFunction();
-    engine.differences.caseBlindFunction = QStringLiteral("lower");
+    // This collation knows the case of ASCII letters alone.
+    engine.differences.caseBlindCall = QStringLiteral("lower(operand COLLATE \"C\")");
     engine.fetch = OdbcFetch::Utf16Blocks;
     // The suite doubles quotes and nothing else: a backslash is a sign like any other, whatever the site has set.
     engine.atStart = {QStringLiteral("SET statement_timeout = %1"),
@@ -46,7 +46,11 @@ ServerEngine MariaDb(const QString& name) {
     engine.differences = WithoutSpecialities();
     engine.differences.like = LikeWriting::RegularExpression;
     engine.differences.sortsInProvider = true;
-    engine.differences.caseBlindFunction = QStringLiteral("LOWER");
+    // Of the texts' own bytes, no byte below 0x80 is part of a longer character, and the case pairs of this character
+    // set beyond ASCII change the first byte of a character into one with more bytes behind it: so texts that differ in
+    // anything but ASCII case stay different.
+    engine.differences.caseBlindCall =
+        QStringLiteral("CAST(LOWER(CONVERT(CAST(CONVERT(operand USING utf8mb4) AS BINARY) USING latin1)) AS BINARY)");
     engine.fetch = OdbcFetch::Utf8Blocks;
     engine.atStart = {
         QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"

@@ -5,9 +5,11 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/database/CaseBlindRewrite.h"
 #include "platform/database/ChainBalance.h"
 #include "platform/database/JoinRewrite.h"
 #include "platform/database/LikeRewrite.h"
+#include "platform/database/Operands.h"
 #include "platform/database/OrderRewrite.h"
 #include "platform/database/SignJoins.h"
 #include "platform/database/StatementTree.h"
@@ -16,9 +18,6 @@ namespace platform {
 namespace {
 
 constexpr std::array<QStringView, 4> kAdapted = {u"SELECT", u"INSERT", u"UPDATE", u"DELETE"};
-constexpr std::array<QStringView, 3> kOpenConditions = {u"WHERE", u"ON", u"HAVING"};
-constexpr std::array<QStringView, 8> kEndConditions = {u"SELECT", u"FROM",  u"SET",   u"VALUES",
-                                                       u"GROUP",  u"ORDER", u"LIMIT", u"UNION"};
 
 template <size_t N>
 bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {
@@ -27,7 +26,8 @@ bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {
 
 class Adapter {
   public:
-    Adapter(const EngineDifferences& engine, const TextRules& rules) : engine_(engine), rules_(rules) {}
+    Adapter(const EngineDifferences& engine, const TextRules& rules, const TextNames& names)
+        : engine_(engine), rules_(rules), names_(names) {}
 
     // `condition`: the level is a bracket inside a WHERE, ON or HAVING.
     void Adapt(Level& level, bool condition) const {
@@ -36,8 +36,8 @@ class Adapter {
         if (engine_.signsAreJoins) RewriteSignJoins(level);
         if (engine_.rightJoinsAreSlow) RewriteRightJoins(level);
         if (engine_.like != LikeWriting::Own) RewriteLike(level, engine_);
-        AdaptOrder(level, engine_, rules_);
-        if (!rules_.comparedCaseBlind.isEmpty()) CompareCaseBlind(level, condition);
+        AdaptOrder(level, engine_, rules_, names_);
+        if (!rules_.comparedCaseBlind.isEmpty()) CompareCaseBlind(level, condition, engine_, rules_);
         BalanceChains(level, engine_.longestChain);
         if (engine_.bracketsAreQuotes) Requote(level);
     }
@@ -45,15 +45,9 @@ class Adapter {
   private:
     void AdaptGroups(Level& level, bool condition) const {
         for (Piece& piece : level) {
-            condition = Region(piece, condition);
+            condition = IsInCondition(piece, condition);
             if (piece.group) Adapt(piece.inside, condition);
         }
-    }
-
-    static bool Region(const Piece& piece, bool condition) {
-        if (IsOneOf(piece, kOpenConditions)) return true;
-        if (IsOneOf(piece, kEndConditions)) return false;
-        return condition;
     }
 
     static void MoveTop(Level& level) {
@@ -62,31 +56,6 @@ class Adapter {
         const auto end =
             std::find_if(level.begin(), level.end(), [](const Piece& piece) { return piece.IsSign(u";"); });
         level.insert(level.insert(end, std::move(*count)), MakeWord(QStringLiteral("LIMIT")));
-    }
-
-    // Either side of the "=" may be the column. An "=" that assigns stands in no condition.
-    void CompareCaseBlind(Level& level, bool condition) const {
-        for (size_t i = 0; i < level.size(); ++i) {
-            condition = Region(level[i], condition);
-            if (!condition || !IsColumnOf(rules_.comparedCaseBlind, level[i])) continue;
-            const size_t first = BeginOfName(level, i);
-            const bool equalsBehind = i + 1 < level.size() && level[i + 1].IsSign(u"=");
-            const bool equalsBefore = first > 0 && level[first - 1].IsSign(u"=");
-            if (!equalsBehind && !equalsBefore) continue;
-            if (engine_.caseBlindFunction.isEmpty())
-                InsertCollation(level, i + 1, engine_.caseBlindCollation);
-            else
-                i = WrapSides(level, equalsBehind ? i + 1 : first - 1);
-        }
-    }
-
-    // Both sides of the comparison into the function. Gives the last place of the right side.
-    size_t WrapSides(Level& level, size_t equals) const {
-        const size_t begin = BeginOfName(level, equals - 1);
-        const size_t behind = EndOfName(level, equals + 1);
-        WrapInFunction(level, equals + 1, behind, engine_.caseBlindFunction, engine_.caseBlindCollation);
-        WrapInFunction(level, begin, equals, engine_.caseBlindFunction, engine_.caseBlindCollation);
-        return begin + 4;  // function and bracket, "=", function and bracket
     }
 
     // Into the brackets as well: some of them have come around names on the way.
@@ -112,17 +81,67 @@ class Adapter {
 
     const EngineDifferences& engine_;
     const TextRules& rules_;
+    const TextNames& names_;
 };
+
+bool IsServer(const EngineDifferences& engine) { return engine.like != LikeWriting::Own; }
+
+bool HasWordsOf(const std::vector<Token>& tokens, size_t at) {
+    if (tokens[at].Is(u"LIKE")) return at == 0 || tokens[at - 1].text != u".";
+    return tokens[at].Is(u"ORDER") && tokens[at + 1].Is(u"BY");
+}
+
+// The text passes as it is; where its brackets don't match, or a quote is open, the engine refuses it. Anything else
+// would be run with the engine's own LIKE and order.
+void RefuseUnreadText(QStringView sql) {
+    const std::vector<Token> tokens = SplitStatement(sql);
+    int depth = 0;
+    bool words = false;
+    for (size_t at = 0; at + 1 < tokens.size(); ++at) {
+        if (tokens[at].kind == TokenKind::Broken) return;
+        words = words || HasWordsOf(tokens, at);
+        if (tokens[at].kind != TokenKind::Sign) continue;
+        depth += tokens[at].text == u"(" ? 1 : tokens[at].text == u")" ? -1 : 0;
+        if (depth < 0) return;
+    }
+    if (words && depth == 0)
+        RefuseStatement(QStringLiteral("この SQL 文の LIKE または ORDER BY はサーバーの検索に置き換えられません。"));
+}
+
+// Engines read some comments as statements, end them elsewhere, or take "--" for two signs.
+void DropComments(QString& before) {
+    const auto blank = [](QChar unit) {
+        return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
+    };
+    if (!std::all_of(before.begin(), before.end(), blank)) before = QStringLiteral(" ");
+}
+
+void DropComments(Level& level) {
+    for (Piece& piece : level) {
+        DropComments(piece.token.before);
+        DropComments(piece.inside);
+        DropComments(piece.close.before);
+    }
+}
 
 }  // namespace
 
 AdaptedStatement Adapt(QStringView sql, const EngineDifferences& engine, const TextRules& rules) {
     std::optional<StatementTree> tree = ParseStatement(sql);
-    if (!tree || tree->level.empty() || !IsOneOf(tree->level.front(), kAdapted)) return {sql.toString(), {}, -1};
+    const bool server = IsServer(engine);
+    if (!tree || tree->level.empty() || !IsOneOf(tree->level.front(), kAdapted)) {
+        if (server) RefuseUnreadText(sql);
+        return {sql.toString(), {}, -1};
+    }
+    if (server) {
+        DropComments(tree->level);
+        DropComments(tree->behind);
+    }
+    const TextNames names = server ? TextNames(tree->level, rules) : TextNames({}, {});
     AdaptedStatement adapted;
     // Before the limit has moved to its end: rows that are still to be sorted can't be limited yet.
-    if (engine.sortsInProvider) TakeOrder(tree->level, rules, adapted);
-    Adapter(engine, rules).Adapt(tree->level, false);
+    if (engine.sortsInProvider) TakeOrder(tree->level, names, adapted);
+    Adapter(engine, rules, names).Adapt(tree->level, false);
     adapted.text = StatementText(*tree);
     return adapted;
 }

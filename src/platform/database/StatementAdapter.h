@@ -9,8 +9,9 @@
 namespace platform {
 
 /// Rewrites SELECT, INSERT, UPDATE and DELETE, and inside them what the table tells; everything else, also what
-/// can't be read, passes character by character and is the engine's to refuse. kStatementFailure for a LIKE pattern
-/// whose "[" is not closed, where LIKE is rewritten.
+/// can't be read, passes character by character and is the engine's to refuse. Where LIKE and orders of text are put
+/// into a server's words, comments are left out, and what can't be put so is refused with DatabaseError
+/// kStatementFailure: the engine would compare and sort otherwise.
 AdaptedStatement Adapt(QStringView sql, const EngineDifferences& engine, const TextRules& rules);
 /// The same for an engine that makes every order by itself.
 QString AdaptStatement(QStringView sql, const EngineDifferences& engine, const TextRules& rules);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include "platform/Database.h"
+
+/// Something of a general database on a server by which texts are compared otherwise than the suite counts on, or not
+/// at all.
+struct ServerTextFault {
+    QString what;    ///< a sentence for people, without its full stop
+    QString remedy;  ///< the command that puts it right
+};
+
+/// Looks for the functions that searches and orders by names use, and whether the account may use them; and for columns
+/// of the suite whose collation takes different texts for equal: a search by code or login name would find other rows.
+/// Empty for a desktop file, and for an engine that gets statements as they are written. Throws
+/// platform::DatabaseError.
+QList<ServerTextFault> FindServerTextFaults(platform::Connection& general);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/database/SelectNames.h"
+#include "platform/database/StatementTree.h"
+
+namespace platform {
+
+/// One item of an ORDER BY.
+struct OrderItem {
+    size_t first = 0, behind = 0;  ///< its expression
+    size_t end = 0;                ///< behind its direction
+    bool asText = false;           ///< sorted as text; then `column` is there
+    bool descending = false;
+    bool placesNulls = false;  ///< says itself where Nulls stand
+    Level column;              ///< the column that it stands for by its name, its alias or its position; else empty
+};
+
+/// True where an ORDER BY begins.
+bool IsOrder(const Level& level, size_t at);
+
+/// The items of the ORDER BY that begins at `order`. DatabaseError kStatementFailure where it is not certain that none
+/// but columns are sorted as text.
+std::vector<OrderItem> ReadOrder(const Level& level, size_t order, const TextNames& names);
+
+/// Throws that DatabaseError.
+[[noreturn]] void RefuseOrder();
+
+}  // namespace platform

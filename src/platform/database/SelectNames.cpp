@@ -1,0 +1,109 @@
+#include "platform/database/SelectNames.h"
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+size_t SkipBeforeItems(const Level& level, size_t at) {
+    while (at < level.size() && (level[at].Is(u"DISTINCT") || level[at].Is(u"ALL"))) ++at;
+    const bool top = at + 1 < level.size() && level[at].Is(u"TOP") && !level[at + 1].group &&
+                     level[at + 1].token.kind == TokenKind::Number;
+    return top ? at + 2 : at;
+}
+
+bool EndsItems(const Level& level, size_t at) {
+    return at >= level.size() || level[at].Is(u"FROM") || EndOfFrom(level, at) == at;
+}
+
+// A word behind an operand is an alias also without AS.
+bool HasPlainAlias(const Level& level, size_t first, size_t behind) {
+    if (behind - first < 2 || !level[behind - 1].IsName()) return false;
+    const Piece& before = level[behind - 2];
+    return before.group || before.IsName() || before.token.kind == TokenKind::Text ||
+           before.token.kind == TokenKind::Number;
+}
+
+SelectItem ItemOf(const Level& level, size_t first, size_t behind) {
+    SelectItem item{first, behind, {}, false};
+    item.all = behind > first && level[behind - 1].IsSign(u"*");
+    if (!HasPlainAlias(level, first, behind)) return item;
+    item.alias = NameOf(level[behind - 1]);
+    item.behind = behind - 1;
+    if (item.behind > first + 1 && level[item.behind - 1].Is(u"AS")) --item.behind;
+    return item;
+}
+
+bool HasAll(const Level& level) {
+    return std::any_of(level.begin(), level.end(),
+                       [](const Piece& piece) { return piece.IsSign(u"*") || (piece.group && HasAll(piece.inside)); });
+}
+
+}  // namespace
+
+std::vector<SelectItem> SelectItemsOf(const Level& level, size_t begin) {
+    std::vector<SelectItem> items;
+    while (begin < level.size() && !level[begin].Is(u"SELECT")) ++begin;
+    if (begin >= level.size()) return items;
+    size_t first = SkipBeforeItems(level, begin + 1);
+    for (size_t at = first; at <= level.size(); ++at) {
+        const bool end = EndsItems(level, at);
+        if (!end && !level[at].IsSign(u",")) continue;
+        items.push_back(ItemOf(level, first, at));
+        if (end) break;
+        first = at + 1;
+    }
+    return items;
+}
+
+bool IsColumnName(const Level& level, size_t first, size_t behind) {
+    return first < behind && level[first].IsName() && level[behind - 1].IsName() && EndOfName(level, first) == behind;
+}
+
+TextNames::TextNames(const Level& statement, const TextRules& rules) : listed_(rules.sortedAsText) {
+    Collect(statement);
+}
+
+bool TextNames::Uses(const Level& level, size_t first, size_t behind) const {
+    for (size_t at = first; at < behind; ++at) {
+        const Piece& piece = level[at];
+        if (piece.group ? Uses(piece.inside, 0, piece.inside.size()) : IsListed(piece) || IsRenamed(piece)) return true;
+    }
+    return false;
+}
+
+// Inner queries first: the outer ones use their names.
+void TextNames::Collect(const Level& level) {
+    for (size_t at = 0; at < level.size(); ++at) {
+        if (!level[at].group) continue;
+        Collect(level[at].inside);
+        CollectColumnList(level, at);
+    }
+    CollectAliases(level);
+}
+
+void TextNames::CollectAliases(const Level& level) {
+    for (size_t select = 0; select < level.size(); ++select) {
+        if (!level[select].Is(u"SELECT")) continue;
+        for (const SelectItem& item : SelectItemsOf(level, select))
+            if (!item.alias.isEmpty() && Uses(level, item.first, item.behind)) Rename(item.alias);
+    }
+}
+
+void TextNames::Rename(const QString& name) {
+    if (!listed_.contains(name, Qt::CaseInsensitive)) renamed_.append(name);
+}
+
+// "(SELECT ...) AS t (a, b)" names the columns of the query again.
+void TextNames::CollectColumnList(const Level& level, size_t query) {
+    const Level& inside = level[query].inside;
+    if (inside.empty() || !inside.front().Is(u"SELECT")) return;
+    if (!HasAll(inside) && !Uses(inside, 0, inside.size())) return;
+    size_t at = query + 1;
+    if (at < level.size() && level[at].Is(u"AS")) ++at;
+    if (at + 1 >= level.size() || !level[at].IsName() || !level[at + 1].group) return;
+    for (const Piece& piece : level[at + 1].inside)
+        if (piece.IsName()) Rename(NameOf(piece));
+}
+
+}  // namespace platform

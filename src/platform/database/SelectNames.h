@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "platform/DatabaseTypes.h"
+#include "platform/database/StatementTree.h"
+
+namespace platform {
+
+/// One column of a SELECT: its expression, and the name that AS or a word behind it gives.
+struct SelectItem {
+    size_t first = 0, behind = 0;  ///< pieces of the expression
+    QString alias;                 ///< empty without one
+    bool all = false;              ///< "*" or "t.*"
+};
+
+/// The columns of the first SELECT at or behind `begin`; empty where the level has none.
+std::vector<SelectItem> SelectItemsOf(const Level& level, size_t begin = 0);
+
+/// True where the pieces are one column with or without its table.
+bool IsColumnName(const Level& level, size_t first, size_t behind);
+
+/// The names under which a statement has the columns that are sorted as text: those of the rules, and aliases of
+/// expressions that use them.
+class TextNames {
+  public:
+    TextNames(const Level& statement, const TextRules& rules);
+
+    bool IsListed(const Piece& piece) const { return IsColumnOf(listed_, piece); }
+    bool IsRenamed(const Piece& piece) const { return IsColumnOf(renamed_, piece); }
+    /// True where one of the names is used by the pieces, or inside their brackets.
+    bool Uses(const Level& level, size_t first, size_t behind) const;
+
+  private:
+    void Collect(const Level& level);
+    void CollectAliases(const Level& level);
+    void Rename(const QString& name);
+    void CollectColumnList(const Level& level, size_t query);
+
+    QStringList listed_, renamed_;
+};
+
+}  // namespace platform
