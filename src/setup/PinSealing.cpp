@@ -2,9 +2,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <optional>
 
+#include "platform/FileRights.h"
 #include "platform/SealedPins.h"
+#include "setup/GeneralDatabase.h"
 #include "setup/Installer.h"
 #include "setup/PinColumns.h"
 #include "setup/SqliteFile.h"
@@ -52,19 +55,26 @@ PinKey KeyOf(const QString& keyFile) {
     throw platform::RuntimeError(1, u"鍵ファイル %1 を読めません。"_s.arg(keyFile));
 }
 
+bool GiveToGroupOfFolder(const QString& keyFile) {
+    const std::optional<platform::FileRights> folder = platform::RightsOf(QFileInfo(keyFile).canonicalPath());
+    const std::optional<platform::FileRights> key = platform::RightsOf(keyFile);
+    return folder && key && platform::SetRights(keyFile, folder->group, key->mode);
+}
+
+/// The group of the folder has to read it, whatever group this user's files get by default.
 void MakeKey(const QString& keyFile) {
-    if (!PinKey().Write(keyFile)) throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
+    const bool written = PinKey().Write(keyFile);
+    if (written && GiveToGroupOfFolder(keyFile)) return;
+    if (written) QFile::remove(keyFile);
+    throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
 }
 
 /// Path of the general database by the row that the programs open it by.
 QString GeneralFile(const QString& configuration) {
-    const SqliteDatabase database = OpenSqlite(configuration, platform::ConnectMode::Read);
-    const SqliteStatement row =
-        PrepareSql(database.get(), u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s);
-    const bool found = NextRow(database.get(), row.get());
-    if (!found || ColumnText(row.get(), 0) != u"A"_s)
+    const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
+    if (!definition || definition->db != u"A"_s)
         throw Refusal(u"一般データベースがファイルではないので、暗証番号を封じられません。"_s);
-    return platform::SqlitePath(ColumnText(row.get(), 1).trimmed());
+    return platform::SqlitePath(definition->データソース名);
 }
 
 /// In one transaction. `newKey` tells whether the key file was made for it.
