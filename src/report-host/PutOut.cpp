@@ -4,8 +4,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSizeF>
-#include <QTemporaryDir>
 
+#include "platform/FileRights.h"
+#include "platform/ScratchFolder.h"
 #include "platform/Services.h"
 #include "report-host/OutputPlace.h"
 #include "report-host/PreparedReport.h"
@@ -27,11 +28,15 @@ QString FreeName(const QDir& folder, const QString& report) {
 
 void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
     if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
-    // Whoever watches the folder must never take half a file, and several users may print into it at the same moment.
-    const QTemporaryDir own(folder + u"/.XXXXXX"_s);
-    if (!own.isValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
-    const QString growing = own.filePath(u"report.pdf"_s);
+    platform::RemoveScratchLeftovers(folder, kPrintFolderPrefix);
+    // A program that watches the folder must never take half a file, and several users may print into it at the same
+    // moment.
+    const platform::ScratchFolder own(folder, kPrintFolderPrefix);
+    if (!own.IsValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
+    const QString growing = own.FilePath(u"report.pdf"_s);
     WritePdf(report, growing);
+    if (!platform::ShareWithFolder(growing, folder))
+        throw ReportFailure(u"「%1」に置くファイルの権限を設定できません。"_s.arg(folder));
     for (;;) {
         const QString target = FreeName(QDir(folder), name);
         if (QFile::rename(growing, target)) return;
@@ -41,9 +46,10 @@ void LeaveInFolder(PreparedReport& report, const QString& name, const QString& f
 }
 
 void Print(PreparedReport& report, const QString& name, const QString& printer) {
-    const QTemporaryDir folder;
-    const QString pdf = folder.filePath(u"report.pdf"_s);
-    if (!folder.isValid()) throw ReportFailure(u"作業用のフォルダを作成できません。"_s);
+    platform::RemoveScratchLeftovers(QDir::tempPath(), kPrintFolderPrefix);
+    const platform::ScratchFolder folder(QDir::tempPath(), kPrintFolderPrefix);
+    const QString pdf = folder.FilePath(u"report.pdf"_s);
+    if (!folder.IsValid()) throw ReportFailure(u"作業用のフォルダを作成できません。"_s);
     WritePdf(report, pdf);
     HandToPrinter(pdf, printer, name, report.PageMillimetres());
 }

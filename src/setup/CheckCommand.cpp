@@ -9,10 +9,11 @@
 #include "setup/FileCheck.h"
 #include "setup/GeneralDatabase.h"
 #include "setup/HostCheck.h"
+#include "setup/InstallationRights.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
+#include "setup/LeftoverCheck.h"
 #include "setup/PinSealing.h"
-#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,13 +25,6 @@ constexpr long kWorkFailed = 1;
 constexpr int kSharedFiles = 0, kPrivateCopies = 1;
 const QString kUser = u"--user"_s;
 
-QString Value(const QString& file, const QString& statement, QStringView column) {
-    platform::Connection connection = OpenForReading(file);
-    platform::Recordset row;
-    row.Open(statement, connection);
-    return row.AtEOF() ? QString() : row[column].TextOr(u""_s);
-}
-
 /// Without the tables of PINs, which is named elsewhere, there is nothing to say of them.
 void CheckPins(Findings& findings, const QString& root, platform::Connection& general, bool onServer) {
     try {
@@ -41,20 +35,20 @@ void CheckPins(Findings& findings, const QString& root, platform::Connection& ge
     }
 }
 
-void CheckPinsOfFile(Findings& findings, const QString& root, const QString& configuration) {
+void CheckPinsOfFile(Findings& findings, const QString& root, const GeneralDatabaseDefinition& definition) {
     try {
         platform::Connection general;
-        OpenDefined(general, ReadDefinition(configuration), platform::ConnectMode::Read);
+        OpenDefined(general, definition, platform::ConnectMode::Read);
         CheckPins(findings, root, general, false);
     } catch (const platform::DatabaseError&) {
         // The check of the file has said what is wrong with it.
     }
 }
 
-void CheckServer(Findings& findings, const QString& root, const QString& configuration) {
+void CheckServer(Findings& findings, const QString& root, const GeneralDatabaseDefinition& definition) {
     try {
         platform::Connection server;
-        OpenDefined(server, ReadDefinition(configuration), platform::ConnectMode::Read);
+        OpenDefined(server, definition, platform::ConnectMode::Read);
         for (const QString& missing : MissingIn(server, server.Session().EngineName()))
             findings.Add(u"一般データベースに%1 がありません。"_s.arg(missing));
         for (const ServerTextFault& fault : FindServerTextFaults(server))
@@ -71,15 +65,14 @@ QString CommonConfiguration(const QString& root) {
 }
 
 void CheckGeneral(Findings& findings, const UserAccess& user, const QString& root, const QString& configuration) {
-    const QString statement = u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s;
-    const QString dialect = Value(configuration, statement, u"db");
-    if (dialect.isNull())
+    const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
+    if (!definition)
         findings.Add(u"%1 に一般データベースの定義がありません。"_s.arg(configuration));
-    else if (dialect == u"S"_s || dialect == u"O"_s)
-        CheckServer(findings, root, configuration);
-    else if (dialect == u"A"_s &&
-             CheckDatabase(findings, user, Value(configuration, statement, u"データソース名"), u"一般データベース"_s))
-        CheckPinsOfFile(findings, root, configuration);
+    else if (definition->db == u"S"_s || definition->db == u"O"_s)
+        CheckServer(findings, root, *definition);
+    else if (definition->db == u"A"_s &&
+             CheckDatabase(findings, user, definition->データソース名, u"一般データベース"_s))
+        CheckPinsOfFile(findings, root, *definition);
 }
 
 void CheckPrograms(Findings& findings, const UserAccess& user, const QString& root) {
@@ -93,11 +86,17 @@ void CheckPrograms(Findings& findings, const UserAccess& user, const QString& ro
     if (QFileInfo::exists(key)) CheckFile(findings, user, key, u"暗証番号の鍵ファイル"_s);
 }
 
+void CheckRights(Findings& findings, const QString& root) {
+    const QStringList wrong = WrongRights(root);
+    if (wrong.isEmpty()) return;
+    findings.Add(
+        u"権限が違います。次を、所有者か root が実行すると直ります。\n    suite-setup upgrade '%1'\n  "_s.arg(root) +
+        wrong.join(u"\n  "_s));
+}
+
 /// The install kind as the programs read it; a column without a number counts as shared files.
 int InstallKind(Findings& findings, const QString& configuration) {
-    const int kind =
-        NumericValue(Value(configuration, u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s,
-                           u"インストール区分"));
+    const int kind = InstallKindOf(configuration);
     if (kind != kSharedFiles && kind != kPrivateCopies)
         findings.Add(u"%1 のインストール区分が 0 でも 1 でもありません。"_s.arg(configuration));
     return kind;
@@ -106,6 +105,8 @@ int InstallKind(Findings& findings, const QString& configuration) {
 /// Install kind of a configuration that can be read; the shared files' one without.
 int CheckCommon(Findings& findings, const UserAccess& user, const QString& root) {
     CheckPrograms(findings, user, root);
+    CheckRights(findings, root);
+    findings.Add(LeftoverFaults(root));
     const QString configuration = CommonConfiguration(root), what = u"構成データベース"_s;
     int kind = kSharedFiles;
     if (CheckDatabase(findings, user, configuration, what)) {

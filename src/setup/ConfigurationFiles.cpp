@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "setup/Installer.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,14 +11,7 @@ namespace setup {
 
 namespace {
 
-QString InstallKind(const QString& file) {
-    platform::Connection connection = OpenForReading(file);
-    platform::Recordset row;
-    row.Open(u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s, connection);
-    const QString kind = row.AtEOF() ? u""_s : row[u"インストール区分"].TextOr(u""_s);
-    row.Close();
-    return kind.trimmed();
-}
+constexpr int kPrivateCopies = 1;
 
 QList<ConfigurationInUse> PrivateFiles(const QString& users, const QString& user) {
     QList<ConfigurationInUse> files;
@@ -43,13 +37,20 @@ platform::Connection OpenForReading(const QString& file) {
     return connection;
 }
 
+int InstallKindOf(const QString& file) {
+    platform::Connection connection = OpenForReading(file);
+    platform::Recordset row;
+    row.Open(u"SELECT インストール区分 FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s, connection);
+    return row.AtEOF() ? 0 : NumericValue(row[u"インストール区分"].TextOr(u""_s));
+}
+
 QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const QString& user) {
     const QString root = QDir::cleanPath(QDir(installation).absolutePath());
     const QString common = ConfigurationFile(root + u"/conf"_s);
     if (common.isEmpty()) throw Refusal(u"%1 にインストールがありません。"_s.arg(root));
     if (user.contains(u'/') || user == u"."_s || user == u".."_s)
         throw Refusal(u"利用者名 %1 は正しくありません。"_s.arg(user));
-    if (InstallKind(common) != u"1"_s) return {{common, QString()}};
+    if (InstallKindOf(common) != kPrivateCopies) return {{common, QString()}};
     return PrivateFiles(root + u"/users"_s, user);
 }
 

@@ -18,6 +18,10 @@ struct ConfigurationInUse {
 /// installation or no such user, platform::DatabaseError when the common file can't be read.
 QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const QString& user);
 
+/// インストール区分 of a configuration file as the programs read it: the numeric value of its text, 0 without a row.
+/// Throws platform::DatabaseError.
+int InstallKindOf(const QString& file);
+
 /// Opens a configuration file so that nothing can be written through it. Throws platform::DatabaseError.
 platform::Connection OpenForReading(const QString& file);
 

@@ -6,6 +6,7 @@
 #include "data/ServerSchema.h"
 #include "setup/ConfigurationFiles.h"
 #include "setup/Installer.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,18 +23,13 @@ void OpenDefined(platform::Connection& connection, const GeneralDatabaseDefiniti
     connection.Open(*text);
 }
 
-GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile) {
+std::optional<GeneralDatabaseDefinition> FindDefinition(const QString& configurationFile) {
     platform::Connection connection = OpenForReading(configurationFile);
     platform::Recordset row;
     row.Open(u"SELECT * FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
-    if (row.AtEOF()) throw Refusal(u"%1 に一般データベースの定義がありません。"_s.arg(configurationFile));
+    if (row.AtEOF()) return std::nullopt;
     const auto text = [&](QStringView column) { return row[column].TextOr(u""_s); };
-    const auto trimmed = [&](QStringView column) {
-        QString value = text(column);
-        while (value.startsWith(u' ')) value.remove(0, 1);
-        while (value.endsWith(u' ')) value.chop(1);
-        return value;
-    };
+    const auto trimmed = [&](QStringView column) { return TrimBlanks(text(column)); };
     GeneralDatabaseDefinition definition;
     definition.db = text(u"db");
     definition.dbmw = text(u"dbmw");
@@ -44,6 +40,12 @@ GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile) {
     definition.プロバイダ名 = trimmed(u"プロバイダ名");
     definition.データソース名 = trimmed(u"データソース名");
     return definition;
+}
+
+GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile) {
+    if (const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configurationFile))
+        return *definition;
+    throw Refusal(u"%1 に一般データベースの定義がありません。"_s.arg(configurationFile));
 }
 
 void OpenGeneralFile(platform::Connection& connection, const QString& root, platform::ConnectMode mode) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 #include "data/Catalogue.h"
 #include "data/EnvironmentDefinition.h"
@@ -14,7 +15,10 @@ namespace setup {
 void OpenDefined(platform::Connection& connection, const GeneralDatabaseDefinition& definition,
                  platform::ConnectMode mode);
 
-/// The row 'GNR' of a configuration file. Throws platform::DatabaseError, and Refusal where there is none.
+/// The row 'GNR' of a configuration file as the programs read it; nothing if there is none. Throws
+/// platform::DatabaseError.
+std::optional<GeneralDatabaseDefinition> FindDefinition(const QString& configurationFile);
+/// The same, and Refusal if there is none.
 GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile);
 
 /// Opens the general database of an installation by its row; Refusal where that is not a file.

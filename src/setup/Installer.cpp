@@ -1,17 +1,16 @@
 #include "setup/Installer.h"
 
-#include <sys/stat.h>
-
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QTemporaryDir>
 
+#include "platform/FileRights.h"
+#include "platform/ScratchFolder.h"
 #include "platform/SealedPins.h"
 #include "setup/ConfigurationStore.h"
 #include "setup/FormsStore.h"
+#include "setup/InstallationRights.h"
 #include "setup/Manual.h"
 #include "setup/ProgramFiles.h"
 #include "setup/SampleLogs.h"
@@ -27,29 +26,17 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-struct FolderRule {
-    const char16_t* name;
-    mode_t mode;
-};
-
-// Users write to data, conf, report and users; files made there take over the folder's group.
-constexpr FolderRule kFolders[] = {{u"prgbin", 0755},  {u"data", 02775},  {u"conf", 02775},
-                                   {u"report", 02775}, {u"manual", 0755}, {u"users", 02775}};
+const QString kOldName = u"old"_s;
+constexpr const char16_t* kFolders[] = {u"prgbin", u"data", u"conf", u"report", u"manual", u"users"};
 
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
-
-void SetMode(const QString& path, mode_t mode) {
-    if (::chmod(QFile::encodeName(path).constData(), mode) != 0) Fail(path + u" の権限を設定できません。"_s);
-}
 
 QString Suffix(FileKind kind) { return kind == kMdb ? u".mdb"_s : u".accdb"_s; }
 
 void MakeFolders(const QString& root) {
-    SetMode(root, 0755);
-    for (const FolderRule& folder : kFolders) {
-        const QString path = root + u'/' + QString::fromUtf16(folder.name);
+    for (const char16_t* name : kFolders) {
+        const QString path = root + u'/' + QString::fromUtf16(name);
         if (!QDir().mkdir(path)) Fail(u"フォルダ %1 を作成できません。"_s.arg(path));
-        SetMode(path, folder.mode);
     }
 }
 
@@ -77,35 +64,21 @@ platform::PinKey MakeKey(const QString& path) {
     return key;
 }
 
-/// What users only read and run, whatever the umask of whoever makes the installation.
-void LetEverybodyUse(const QString& folder) {
-    if (!QFileInfo(folder).isDir()) return;
-    SetMode(folder, 0755);
-    QDirIterator inside(folder, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (inside.hasNext()) {
-        const QFileInfo entry(inside.next());
-        SetMode(entry.filePath(), entry.isDir() || entry.isExecutable() ? 0755 : 0644);
-    }
-}
-
 /// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
     const QString suffix = Suffix(request.kind);
     MakeFolders(root);
     const QString general = root + u"/data/gnrdb"_s + suffix;
     WriteGeneral(general, request, MakeKey(root + u"/conf/"_s + platform::PinKeyFileName()));
-    SetMode(general, 0664);
     const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
     WriteConfiguration(configuration,
                        {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind, !request.askPins});
     const QString forms = root + u"/report/repfrmdb"_s + suffix;
     StoreWriter(report, Store::Report).Commit();
     WriteStandardForms(forms, finalRoot + u"/report/repdb"_s + suffix);
-    for (const QString& file : {configuration, report, forms}) SetMode(file, 0664);
     WriteBlankPicture(root + u"/prgbin/空白.jpg"_s);
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
     InstallPrograms(request.programFolder, root);
-    for (const QString& folder : {u"/prgbin"_s, u"/manual"_s, u"/host"_s}) LetEverybodyUse(root + folder);
 }
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {
@@ -129,9 +102,9 @@ void Move(const QString& from, const QString& to) {
     if (!QDir().rename(from, to)) Fail(u"%1 を %2 に移動できません。"_s.arg(from, to));
 }
 
-/// Puts the finished folder into its place. What lay there before goes with the workshop, when the new one stands.
-void PutInPlace(const QString& built, const QString& root, QTemporaryDir& workshop) {
-    const QString old = workshop.filePath(u"old"_s);
+/// Puts the finished folder into its place. An installation that was there before is removed with the work folder.
+void PutInPlace(const QString& built, const QString& root, platform::ScratchFolder& work) {
+    const QString old = work.FilePath(kOldName);
     const bool replacing = HoldsInstallation(root);
     if (replacing)
         Move(root, old);
@@ -140,9 +113,23 @@ void PutInPlace(const QString& built, const QString& root, QTemporaryDir& worksh
     try {
         Move(built, root);
     } catch (const platform::RuntimeError&) {
-        // The old one must not be lost with the workshop if it can't go back.
-        if (replacing && !QDir().rename(old, root)) workshop.setAutoRemove(false);
+        // The old one must not be lost with the work folder if it can't go back.
+        if (replacing && !QDir().rename(old, root)) work.Keep();
         throw;
+    }
+}
+
+/// Removes the work folders of killed runs. One that was killed between the two moves of a replacement holds the only
+/// copy of an installation, which goes back first.
+void RemoveLeftovers(const QString& parent) {
+    for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(parent, kWorkFolderPrefix)) {
+        if (leftover.owner != platform::OwnUserId()) continue;
+        const QString old = leftover.path + u'/' + kOldName, root = QString::fromUtf8(leftover.note);
+        const bool onlyCopy = HoldsInstallation(old) && !HoldsInstallation(root);
+        const bool mayGoBack =
+            QFileInfo(QFileInfo(root).path()).canonicalFilePath() == QFileInfo(parent).canonicalFilePath();
+        if (onlyCopy && !(mayGoBack && QDir().rename(old, root))) continue;
+        platform::RemoveScratchLeftover(leftover);
     }
 }
 
@@ -152,16 +139,19 @@ QString MakeInstallation(const InstallationRequest& request) {
     const QFileInfo asked(request.folder);
     // Of a link to a folder, the folder is meant: the link itself must survive a replacement.
     const QString root = QDir::cleanPath(asked.exists() ? asked.canonicalFilePath() : asked.absoluteFilePath());
-    CheckRequest(root, request);
     const QString parent = QFileInfo(root).path();
+    RemoveLeftovers(parent);
+    CheckRequest(root, request);
+    const unsigned group = GroupForNew(root);
     if (!QDir().mkpath(parent)) Fail(u"フォルダ %1 を作成できません。"_s.arg(parent));
     // In the same folder, since only there can the finished one be moved into its place in one step.
-    QTemporaryDir workshop(parent + u"/.suite-setup-XXXXXX"_s);
-    if (!workshop.isValid()) Fail(u"フォルダ %1 に書き込めません。%2"_s.arg(parent, workshop.errorString()));
-    const QString built = workshop.filePath(u"new"_s);
+    platform::ScratchFolder work(parent, kWorkFolderPrefix, root.toUtf8());
+    if (!work.IsValid()) Fail(u"フォルダ %1 に書き込めません。%2"_s.arg(parent, work.Error()));
+    const QString built = work.FilePath(u"new"_s);
     if (!QDir().mkdir(built)) Fail(u"フォルダ %1 を作成できません。"_s.arg(built));
     FillInstallation(built, root, request);
-    PutInPlace(built, root, workshop);
+    SetInstallationRights(built, group);
+    PutInPlace(built, root, work);
     return root;
 }
 

@@ -29,6 +29,10 @@ class Refusal : public platform::RuntimeError {
 /// before anything is touched, otherwise platform::RuntimeError. Returns the absolute path of the installation.
 QString MakeInstallation(const InstallationRequest& request);
 
+/// Of the hidden folder beside its place in which an installation is built. A killed run leaves it; the next one in the
+/// same folder removes it.
+inline const QString kWorkFolderPrefix = QStringLiteral(".suite-setup-");
+
 /// True when the folder holds an installation, or what is left of one.
 bool HoldsInstallation(const QString& folder);
 

@@ -8,6 +8,7 @@
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 #include "setup/ReportHostInstallation.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,7 +45,7 @@ void MoveDefinition(Move& move, const QString& file) {
     platform::Recordset row;
     row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
     if (row.AtEOF()) return;
-    const QString dialect = row[u"db"].TextOr(u""_s), source = row[u"データソース名"].TextOr(u""_s);
+    const QString dialect = row[u"db"].TextOr(u""_s), source = TrimBlanks(row[u"データソース名"].TextOr(u""_s));
     row.Close();
     if (dialect != u"A"_s) {
         move.console.out << u"%1: サーバーのデータベース %2 はそのままです。\n"_s.arg(file, source);

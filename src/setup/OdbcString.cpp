@@ -3,6 +3,7 @@
 #include <QHash>
 
 #include "setup/Installer.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,13 +37,13 @@ QList<Field> FieldsOf(QStringView text) {
     for (qsizetype at = 0; at < text.size(); ++at) {
         const qsizetype end = text.indexOf(u';', at), equals = text.indexOf(u'=', at);
         const QStringView whole = text.sliced(at, (end < 0 ? text.size() : end) - at);
-        if (whole.trimmed().isEmpty()) {
+        if (TrimBlanks(whole).isEmpty()) {
             at += whole.size();
             continue;
         }
         if (equals < 0 || (end >= 0 && equals > end))
             throw Refusal(u"接続文字列の「%1」に「=」がありません。"_s.arg(whole));
-        const QString name = text.sliced(at, equals - at).trimmed().toString().toLower();
+        const QString name = TrimBlanks(text.sliced(at, equals - at)).toLower();
         at = equals + 1;
         while (at < text.size() && text[at] == u' ') ++at;
         if (at < text.size() && text[at] == u'{') {
@@ -50,7 +51,7 @@ QList<Field> FieldsOf(QStringView text) {
             continue;
         }
         const qsizetype stop = end < 0 ? text.size() : end;
-        fields.append({name, text.sliced(at, qMax<qsizetype>(0, stop - at)).trimmed().toString()});
+        fields.append({name, TrimBlanks(text.sliced(at, qMax<qsizetype>(0, stop - at)))});
         at = stop;
     }
     return fields;

@@ -1,9 +1,11 @@
 #include "setup/PinSealing.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <optional>
 
+#include "platform/FileRights.h"
 #include "platform/SealedPins.h"
 #include "platform/database/SqliteOpening.h"
 #include "setup/ConfigurationFiles.h"
@@ -35,8 +37,18 @@ PinKey KeyOf(const QString& keyFile) {
     throw platform::RuntimeError(1, u"鍵ファイル %1 を読めません。"_s.arg(keyFile));
 }
 
+bool GiveToGroupOfFolder(const QString& keyFile) {
+    const std::optional<platform::FileRights> folder = platform::RightsOf(QFileInfo(keyFile).canonicalPath());
+    const std::optional<platform::FileRights> key = platform::RightsOf(keyFile);
+    return folder && key && platform::SetRights(keyFile, folder->group, key->mode);
+}
+
+/// The group of the folder has to read it, whatever group this user's files get by default.
 void MakeKey(const QString& keyFile) {
-    if (!PinKey().Write(keyFile)) throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
+    const bool written = PinKey().Write(keyFile);
+    if (written && GiveToGroupOfFolder(keyFile)) return;
+    if (written) QFile::remove(keyFile);
+    throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
 }
 
 /// In one transaction. `newKey` tells whether the key file was made for it.

@@ -6,6 +6,7 @@
 
 #include "setup/ConfigurationFiles.h"
 #include "setup/GeneralDatabase.h"
+#include "setup/InstallationRights.h"
 #include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 #include "setup/Manual.h"
@@ -31,6 +32,7 @@ struct Upgrade {
     QString root;
     const Console& console;
     bool changed = false;
+    QStringList refused{};  ///< entries of others, whose rights stay wrong
 
     void Tell(const QString& line) {
         changed = true;
@@ -81,17 +83,13 @@ void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& own
     CheckSeenByPrograms(ReadDefinition(configuration));
 }
 
-/// The general database lies where the definition says.
+/// The general database is the one of the definition row.
 void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
-    platform::Connection connection = OpenForReading(configuration);
-    platform::Recordset row;
-    row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
-    if (row.AtEOF()) return;
-    const QString dialect = row[u"db"].TextOr(u""_s).trimmed(), source = row[u"データソース名"].TextOr(u""_s).trimmed();
-    row.Close();
-    const bool asked = arguments.Has(kOdbcOption);
-    if (dialect == u"A"_s && asked) throw Refusal(u"一般データベースはファイルです。--odbc は付けられません。"_s);
-    if (dialect == u"A"_s) return RenewFile(upgrade, platform::SqlitePath(source), Schema(Store::General));
+    const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
+    if (!definition) return;
+    const bool file = definition->db == u"A"_s, asked = arguments.Has(kOdbcOption);
+    if (file && asked) throw Refusal(u"一般データベースはファイルです。--odbc は付けられません。"_s);
+    if (file) return RenewFile(upgrade, platform::SqlitePath(definition->データソース名), Schema(Store::General));
     if (asked) return RenewGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
     upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。"_s
                         << u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s;
@@ -114,6 +112,13 @@ void RenewManual(Upgrade& upgrade) {
     const QString beside = manual + u".new"_s;
     WriteManual(beside);
     upgrade.console.out << u"%1 は変更されているので、新しい版を %2 に置きました。\n"_s.arg(manual, beside);
+}
+
+/// Installations of earlier versions could be read by every user of the machine, and belonged to the maker's own group.
+void RenewRights(Upgrade& upgrade) {
+    const RightsChanges changes = CorrectRights(upgrade.root);
+    for (const QString& line : changes.done) upgrade.Tell(u"権限を直しました。"_s + line);
+    upgrade.refused = changes.refused;
 }
 
 void CheckUpgrade(const QString& root, const QString& programFolder) {
@@ -139,11 +144,16 @@ void UpgradeInstallation(const Arguments& arguments, const Console& console) {
     const FilePlaces common = CommonPlaces(upgrade.root);
     // The tables first: old programs get on with new columns, new programs not without them.
     RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
+    RenewRights(upgrade);
     RenewPlaces(upgrade, common);
     for (const FilePlaces& places : AllPrivatePlaces(upgrade.root)) RenewPlaces(upgrade, places);
     RenewPrograms(upgrade);
     RenewManual(upgrade);
+    CorrectRights(upgrade.root);  // of what has just been added
     if (arguments.Has(kMenuOption)) EnterInMenu(upgrade.root, console);
+    if (!upgrade.refused.isEmpty())
+        throw platform::RuntimeError(
+            kWorkFailed, u"権限を直せません。所有者か root で実行してください。\n"_s + upgrade.refused.join(u'\n'));
     if (!upgrade.changed) console.out << u"このインストールは新しい版になっています。\n"_s;
 }
 

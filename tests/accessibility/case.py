@@ -21,12 +21,16 @@ class InquiryCase(unittest.TestCase):
     rows = None  # what it is made of
 
     @classmethod
+    def make_sample(cls):
+        return Sample(*cls.options)
+
+    @classmethod
     def prepare(cls, sample):
         """Changes to the installation before the program starts."""
 
     @classmethod
     def setUpClass(cls):
-        cls.sample = Sample(*cls.options)
+        cls.sample = cls.make_sample()
         cls.prepare(cls.sample)
         cls.screen = Screen()
         cls.addClassCleanup(cls.screen.close)

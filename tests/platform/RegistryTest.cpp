@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <QTemporaryDir>
 #include <vector>
 
+#include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"
 #include "support/FileBytes.h"
 
@@ -214,6 +216,27 @@ TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
         EXPECT_EQ(status, 0);
     }
     EXPECT_EQ(ReadBytes(UserFile()).count("=1\n"), kProcesses * kValues);
+}
+
+TEST_F(RegistryTest, MachinesPartIsReadableByAllAndItsLockByNobodyElseWhateverTheUmask) {
+    const QString file = folder.filePath(u"etc/machine"_s);
+    FileRegistry machine(file, UserFile());
+    const auto mode = [](const QString& path) { return RightsOf(path)->mode & 0777U; };
+    const mode_t kept = ::umask(077);
+    RegistryKey key;
+    EXPECT_EQ(machine.CreateKey(MachineRoot(), kOffice, kRegistryAll, key), kRegistryDone);
+    ::umask(kept);
+    EXPECT_EQ(mode(folder.filePath(u"etc"_s)), 0755U);
+    EXPECT_EQ(mode(file), 0644U);
+    EXPECT_EQ(mode(file + u".lock"_s), 0600U);
+}
+
+TEST_F(RegistryTest, LockOfAnEarlierVersionIsClosedToOtherUsers) {
+    const QString lock = UserFile() + u".lock"_s;
+    WriteBytes(lock, "");
+    ASSERT_TRUE(SetRights(lock, OwnGroupId(), 0644));
+    Made(kOffice);
+    EXPECT_EQ(RightsOf(lock)->mode & 0777U, 0600U);
 }
 
 TEST(RegistryPlaces, AreNamedByTheirEnvironmentVariables) {

@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QProcess>
@@ -6,6 +9,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/FileRights.h"
 #include "report-host/DrawnReport.h"
 #include "report-host/OutputPlace.h"
 #include "report-host/PdfFile.h"
@@ -134,6 +138,43 @@ TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
     EXPECT_EQ(Left(folder.path()),
               QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
     EXPECT_TRUE(ReadBytes(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).startsWith("%PDF"));
+}
+
+TEST_F(PutOutTest, PagesInAFolderOfAGroupBelongToItWhateverTheUmask) {
+    ToFolder({}, folder.path());
+    const QByteArray path = QFile::encodeName(folder.path());
+    for (const mode_t mask : {077, 022, 0}) {
+        ASSERT_EQ(::chmod(path.constData(), 02770), 0);
+        const mode_t kept = ::umask(mask);
+        PutOutReport(report, u"要員名簿照会"_s, Forms());
+        ::umask(kept);
+        const QString pdf = folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s);
+        EXPECT_EQ(platform::RightsOf(pdf)->mode, 0660U) << mask;
+        EXPECT_EQ(platform::RightsOf(pdf)->group, platform::RightsOf(folder.path())->group);
+        QFile::remove(pdf);
+    }
+}
+
+TEST_F(PutOutTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay) {
+    ToFolder({}, folder.path());
+    const pid_t killed = ::fork();
+    if (killed == 0) {
+        report.Fails = [](int) -> bool { ::_exit(0); };
+        PutOutReport(report, u"要員名簿照会"_s, Forms());
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(killed, &status, 0), killed);
+    ASSERT_EQ(Left(folder.path()).size(), 1) << "the folder of the killed host";
+    const QString leftover = Left(folder.path()).first();
+    DrawnReport others(1);
+    others.Fails = [&](int) {
+        PutOutReport(report, u"要員名簿照会"_s, Forms());
+        return false;
+    };
+    PutOutReport(others, u"要員名簿照会"_s, Forms());
+    EXPECT_EQ(Left(folder.path()),
+              QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
+    EXPECT_TRUE(leftover.startsWith(kPrintFolderPrefix)) << leftover.toStdString();
 }
 
 TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {

@@ -8,7 +8,9 @@
 
 #include "data/UserConfiguration.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"
+#include "setup/InstallationRights.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
@@ -30,8 +32,9 @@ class SuiteSetupCheck : public testing::Test {
             const QString file = installation.Root() + u'/' + program;
             QDir().mkpath(QFileInfo(file).path());
             WriteBytes(file, "#!/bin/true\n");
-            QFile::setPermissions(file, QFile::ReadOwner | QFile::ExeOwner);
+            QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         }
+        setup::CorrectRights(installation.Root());
         QFile::remove(platform::MachineRegistryFile());  // of an earlier test; the one in use is the stand-in
         kept = qgetenv("MEIBO_USER_REGISTRY");
         qputenv("MEIBO_USER_REGISTRY", registry.UserFile().toUtf8());
@@ -43,6 +46,7 @@ class SuiteSetupCheck : public testing::Test {
         layout.UserReportFolder = Report();
         layout.ConfigDbKind = layout.ReportDbKind = kAccdb;
         PrepareUserConfig();
+        setup::CorrectRights(installation.Root());
     }
     ~SuiteSetupCheck() override { qputenv("MEIBO_USER_REGISTRY", kept); }
 
@@ -56,6 +60,16 @@ class SuiteSetupCheck : public testing::Test {
         EXPECT_EQ(output.status, 1);
         EXPECT_TRUE(output.out.contains(u"・"_s + fault)) << output.out.toStdString();
         EXPECT_EQ(output.err, u"suite-setup: 問題が 1 件あります。\n"_s);
+    }
+
+    /// What the tool says of entries whose rights are wrong: path, and rights with %1 for the group's name.
+    static QString RightsFault(const SharedSuite& suite, const QList<std::pair<QString, QString>>& entries) {
+        QString text =
+            u"・権限が違います。次を、所有者か root が実行すると直ります。\n    suite-setup upgrade '%1'\n"_s.arg(
+                suite.Root());
+        for (const auto& [path, rights] : entries)
+            text += u"  "_s + path + u": "_s + rights.arg(platform::GroupName(platform::RightsOf(path)->group)) + u'\n';
+        return text;
     }
 
     TestServices services;
@@ -85,7 +99,7 @@ TEST_F(SuiteSetupCheck, TellsAMissingProgram) {
 
 TEST_F(SuiteSetupCheck, TellsAProgramThatCantBeStarted) {
     const QString program = installation.ProgramFolder() + u"/要員名簿照会"_s;
-    QFile::setPermissions(program, QFile::ReadOwner);
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
     ExpectFault(u"プログラム %1 を起動する権限がありません。\n"_s.arg(program));
 }
 
@@ -192,13 +206,15 @@ TEST_F(SuiteSetupCheck, TellsAnInstallKindThatNoProgramKnows) {
 TEST_F(SuiteSetupCheck, AnotherUserOfTheMachineIsToldWhatMayNotBeRead) {
     const SharedSuite suite(1);
     registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
-    const auto check = [&] { return RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}); };
-    const QString key = u"・暗証番号の鍵ファイル %1/conf/pin.key を読む権限がありません。\n"_s.arg(suite.Root());
+    const auto check = [&] { return RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}).out; };
     const QString notYet = u"利用者 nobody\n・この利用者のファイルがまだありません。最初の起動で作られます。\n"_s;
-    EXPECT_EQ(check().out, key + notYet);
-    QFile::setPermissions(suite.Root() + u"/users"_s, QFile::Permissions(0x7755));
-    EXPECT_EQ(check().out,
-              key + notYet + u"・フォルダ %1/users に書き込む権限がないので、作れません。\n"_s.arg(suite.Root()));
+    EXPECT_EQ(check(), notYet);
+    const QString key = suite.Root() + u"/conf/pin.key"_s, users = suite.Root() + u"/users"_s;
+    const unsigned group = platform::RightsOf(key)->group;
+    ASSERT_TRUE(platform::SetRights(key, group, 0600) && platform::SetRights(users, group, 03750));
+    EXPECT_EQ(check(), u"・暗証番号の鍵ファイル %1 を読む権限がありません。\n"_s.arg(key) +
+                           RightsFault(suite, {{key, u"0600 %1 → 0640 %1"_s}, {users, u"3750 %1 → 3770 %1"_s}}) +
+                           notYet + u"・フォルダ %1 に書き込む権限がないので、作れません。\n"_s.arg(users));
 }
 
 TEST_F(SuiteSetupCheck, AnotherUserIsToldThatTheMachinesRegistryCantBeRead) {
@@ -213,11 +229,13 @@ TEST_F(SuiteSetupCheck, AnotherUserIsToldWhichSharedFilesMayNotBeWritten) {
     const SharedSuite suite(1);
     registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
     SampleFile(suite.Root() + u"/conf/usrcnfg.accdb"_s).Execute(u"UPDATE 動作環境定義 SET インストール区分 = '0'"_s);
-    QFile::setPermissions(suite.Root() + u"/report/repdb.accdb"_s, QFile::Permissions(0x6666));
+    const QString file = suite.Root() + u"/conf/usrcnfg.accdb"_s, folder = suite.Root() + u"/report"_s;
+    const unsigned group = platform::RightsOf(file)->group;
+    ASSERT_TRUE(platform::SetRights(file, group, 0640) && platform::SetRights(folder, group, 02750));
     EXPECT_EQ(RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}).out,
-              (u"・暗証番号の鍵ファイル %1/conf/pin.key を読む権限がありません。\n"
-               u"・構成データベース %1/conf/usrcnfg.accdb に書き込む権限がありません。\n"
-               u"・帳票データベースのフォルダ %1/report に書き込む権限がありません。\n"_s.arg(suite.Root())));
+              RightsFault(suite, {{file, u"0640 %1 → 0660 %1"_s}, {folder, u"2750 %1 → 2770 %1"_s}}) +
+                  u"・構成データベース %1 に書き込む権限がありません。\n"
+                  u"・帳票データベースのフォルダ %2 に書き込む権限がありません。\n"_s.arg(file, folder));
 }
 
 TEST_F(SuiteSetupCheck, RefusesAFolderWithoutInstallationAndAUserElsewhere) {
@@ -271,4 +289,30 @@ TEST_F(SuiteSetupCheck, MoveGoesOnBehindAFileThatCantBeChangedAndFails) {
         << output.err.toStdString();
     EXPECT_EQ(SampleFile(Report() + u"/repfrmdb.accdb"_s).Rows(u"SELECT DISTINCT 接続 FROM リンクテーブル"_s),
               QList<QStringList>{{u";DATABASE="_s + Report() + u"/repdb.accdb"_s}});
+}
+
+/// The blanks around a data source, and its name.
+class DataSourceBlanks : public SuiteSetupCheck {
+  protected:
+    /// The general database under a name that ends in a full-width blank.
+    QString FullWidthName() const {
+        const QString file = installation.General().Path() + u'　';
+        EXPECT_TRUE(QFile::rename(installation.General().Path(), file));
+        return file;
+    }
+};
+
+TEST_F(DataSourceBlanks, AreIgnoredAsInThePrograms) {
+    installation.SetDefinition(u"データソース名"_s, u"  "_s + installation.General().Path() + u"  "_s);
+    EXPECT_EQ(Check().out, u"利用者 tester\n問題はありません。\n"_s);
+    EXPECT_EQ(RunTool({u"seal-pins"_s, installation.Root()}).status, 0);
+    const ToolOutput moved = RunTool({u"move"_s, installation.Root()});
+    EXPECT_EQ(moved.status, 0) << moved.err.toStdString();
+}
+
+TEST_F(DataSourceBlanks, OfFullWidthBelongToTheName) {
+    installation.SetDefinition(u"データソース名"_s, FullWidthName());
+    EXPECT_EQ(Check().out, u"利用者 tester\n問題はありません。\n"_s);
+    const ToolOutput sealed = RunTool({u"seal-pins"_s, installation.Root()});
+    EXPECT_EQ(sealed.status, 0) << sealed.err.toStdString();
 }

@@ -7,8 +7,6 @@
 #include <QImage>
 #include <QTemporaryDir>
 
-#include <sys/stat.h>
-
 #include "data/Catalogue.h"
 #include "setup/Manual.h"
 #include "support/SampleInstallation.h"
@@ -170,21 +168,6 @@ TEST_F(InstallerTest, EverybodyOfTheGroupMayWriteWhatTheProgramsWrite) {
          {u"data"_s, u"data/gnrdb.accdb"_s, u"conf"_s, u"conf/usrcnfg.accdb"_s, u"report"_s, u"report/repdb.accdb"_s})
         EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/"_s + place)).permission(QFile::WriteGroup))
             << place.toStdString();
-}
-
-TEST_F(InstallerTest, EverybodyMayRunTheProgramsWhateverTheUmaskOfTheAdministrator) {
-    request.programFolder = QStringLiteral(SUITE_PROGRAMS);
-    const mode_t kept = ::umask(077);
-    Make();
-    ::umask(kept);
-    const auto others = [this](const QString& path) {
-        return QFile::permissions(folder.filePath(u"suite/"_s + path)) & (QFile::ReadOther | QFile::ExeOther);
-    };
-    for (const QString& path : {u"prgbin"_s, u"prgbin/要員名簿照会"_s, u"prgbin/要員台帳更新"_s, u"manual"_s, u"host"_s,
-                                u"host/OFFICE16"_s, u"host/OFFICE16/MSACCESS.EXE"_s})
-        EXPECT_EQ(others(path), QFile::ReadOther | QFile::ExeOther) << path.toStdString();
-    for (const QString& path : {u"prgbin/空白.jpg"_s, u"manual/要員名簿照会.doc"_s})
-        EXPECT_EQ(others(path), QFile::ReadOther) << path.toStdString();
 }
 
 TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {

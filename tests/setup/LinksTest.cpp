@@ -104,3 +104,16 @@ TEST_F(Links, UnreadableConfigurationIsAFailure) {
     WriteBytes(installation.Configuration().Path(), QByteArray(8192, 'x'));
     EXPECT_EQ(RunTool({u"links"_s, installation.Root()}).status, 1);
 }
+
+TEST_F(Links, InstallKindIsTheNumericValueOfItsTextAsInThePrograms) {
+    const QString none = u"待っている連携情報はありません。\n"_s;
+    for (const QString& privateCopies : {u"1"_s, u"01"_s, u" 1"_s, u"1 "_s, u"1.0"_s}) {
+        installation.SetEnvironment(u"インストール区分"_s, privateCopies);
+        EXPECT_EQ(RunTool({u"links"_s, installation.Root(), u"--user"_s, u"hanako"_s}).status, 2)
+            << privateCopies.toStdString();
+    }
+    for (const QString& shared : {u"0"_s, u"00"_s, u""_s, u"　1"_s, u"x1"_s, QString()}) {
+        installation.SetEnvironment(u"インストール区分"_s, shared);
+        EXPECT_EQ(Output({u"--user"_s, u"hanako"_s}), none) << shared.toStdString();
+    }
+}

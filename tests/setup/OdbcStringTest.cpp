@@ -58,3 +58,11 @@ TEST(OdbcString, WhatTheRowHasNoPlaceForIsRefused) {
               u"接続文字列の「pwd」の値に「;」を含めたり、引用符で始めたりはできません。"_s);
     EXPECT_EQ(RefusalOf(u""_s), u"接続文字列には Driver と DSN のどちらか一方を指定してください。"_s);
 }
+
+TEST(OdbcString, FullWidthBlanksBelongToNamesAndPasswords) {
+    const GeneralDatabaseDefinition row = DefinitionOf(u"DSN= 　人事　 ;UID=me;PWD=　秘密　"_s);
+    EXPECT_EQ(row.データソース名, u"　人事　"_s);
+    EXPECT_EQ(row.パスワード, u"　秘密　"_s);
+    EXPECT_EQ(RefusalOf(u"　DSN=x"_s),
+              u"接続文字列の「　dsn」は定義に入れられません。データソースに設定し、DSN= で指定してください。"_s);
+}

@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "setup/InstallationRights.h"
 #include "setup/MenuEntry.h"
 #include "setup/RunTool.h"
 #include "setup/SqliteFile.h"
@@ -103,6 +104,7 @@ TEST_F(SuiteSetupUpgrade, RenewsConfigurationWorkTablesAndPrivateCopiesAlike) {
     const QString own = Root() + u"/users/花子/conf/usrcnfg.accdb"_s;
     QDir().mkpath(QFileInfo(own).path());
     ASSERT_TRUE(QFile::copy(Configuration(), own));
+    setup::CorrectRights(Root());
     for (const QString& file : {Configuration(), own})
         Alter(file, {u"ALTER TABLE 動作環境定義 DROP COLUMN バックアップ方法"_s});
     Alter(Report(u"repdb.accdb"_s), {u"DROP TABLE 要員名簿照会"_s});
@@ -127,6 +129,7 @@ TEST_F(SuiteSetupUpgrade, AddsAMissingReportWithItsLinkAndKeepsThoseThatASiteHas
 
 TEST_F(SuiteSetupUpgrade, PutsNewProgramsInPlaceAlsoOfAHostOfAnotherVersion) {
     WriteProgram(Root() + u"/host/OFFICE17/MSACCESS.EXE"_s, "old");
+    setup::CorrectRights(Root());
     WriteProgram(programs.filePath(u"要員名簿照会"_s), "newest");
     const ToolOutput output = Upgrade();
     EXPECT_EQ(output.out, u"prgbin/要員名簿照会 を新しくしました。\nhost/OFFICE17/MSACCESS.EXE を新しくしました。\n"_s);
@@ -246,3 +249,11 @@ TEST_F(SuiteSetupUpgrade, EntersEachInstallationOnceInTheMenu) {
 }
 
 }  // namespace
+
+TEST_F(SuiteSetupUpgrade, FullWidthBlanksBelongToTheNameOfTheGeneralDatabase) {
+    const QString file = General() + u'　';
+    ASSERT_TRUE(QFile::rename(General(), file));
+    installation.SetDefinition(u"データソース名"_s, u' ' + file + u' ');
+    const ToolOutput output = Upgrade();
+    EXPECT_EQ(output.out, kUpToDate) << output.err.toStdString();
+}

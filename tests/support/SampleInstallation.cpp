@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <tuple>
 
+#include "platform/FileRights.h"
 #include "setup/Installer.h"
 
 using namespace Qt::StringLiterals;
@@ -65,6 +66,9 @@ void CopyTree(const QString& from, const QString& to) {
         else if (!QFile::copy(entry.filePath(), target))
             throw std::runtime_error("cannot copy to " + target.toStdString());
     }
+    const platform::FileRights rights = platform::RightsOf(from).value();
+    if (!platform::SetRights(to, rights.group, rights.mode))
+        throw std::runtime_error("cannot set the rights of " + to.toStdString());
 }
 
 }  // namespace

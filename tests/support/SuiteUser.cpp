@@ -43,6 +43,9 @@ void MakeFolderOf(uid_t user, const QString& path) {
 // Not in the tests' usual folder, which other users can't reach.
 SharedSuite::SharedSuite(int staff) : folder_(u"/tmp/meibo-users-XXXXXX"_s) {
     SetMode(folder_.path(), 0755);
+    // The installation gets this group, so that the other user is a member.
+    if (geteuid() == 0 && ::chown(QFile::encodeName(folder_.path()).constData(), 0, kNobody) != 0)
+        throw std::runtime_error("cannot give away " + folder_.path().toStdString());
     QProcess tool;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"MEIBO_MACHINE_REGISTRY"_s, MachineRegistry());
@@ -52,7 +55,6 @@ SharedSuite::SharedSuite(int staff) : folder_(u"/tmp/meibo-users-XXXXXX"_s) {
     if (!tool.waitForFinished(kPatience) || tool.exitCode() != 0)
         throw std::runtime_error("suite-setup: " + tool.readAllStandardError().toStdString());
     SetMode(MachineRegistry(), 0644);
-    SetMode(Root() + u"/users"_s, 01777);  // in place of the group that users of a site are in
 }
 
 SuiteUser::SuiteUser(const SharedSuite& suite, Who who)

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "text/mod項目編集.h"
+
 namespace platform {
 namespace {
 
@@ -51,7 +53,7 @@ ConnectionRequest ParseConnectionString(const QString& text) {
         const qsizetype begin = at;
         while (at < all.size() && all[at] != u'=' && all[at] != u';') ++at;
         if (at >= all.size() || all[at] == u';') continue;
-        const QStringView name = all.sliced(begin, at - begin).trimmed();
+        const QString name = TrimBlanks(all.sliced(begin, at - begin));
         ++at;
         const QString value = Value(all, at);
         for (const KnownField& field : kKnownFields)

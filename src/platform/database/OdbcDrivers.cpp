@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/database/OdbcHandle.h"
+#include "text/mod項目編集.h"
 
 namespace platform {
 namespace {
@@ -137,7 +138,7 @@ std::pair<QString, QString> ServerAndPort(const QString& server) {
     const bool bareAddress = server.count(u':') > 1 && !server.contains(u']');
     const qsizetype at = comma >= 0 ? comma : bareAddress ? -1 : colon;
     if (at < 0 || server.endsWith(u']')) return {server, QString()};
-    return {server.first(at).trimmed(), server.sliced(at + 1).trimmed()};
+    return {TrimBlanks(server.first(at)), TrimBlanks(server.sliced(at + 1))};
 }
 
 QString ByServer(const ConnectionRequest& request, OdbcKind kind, const QString& driver) {
@@ -172,6 +173,11 @@ QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
     }
 }
 
+// Drivers remove it from a value that is not in braces.
+bool HasSpaceAtAnEnd(const QString& value) {
+    return !value.isEmpty() && (value.front().isSpace() || value.back().isSpace());
+}
+
 }  // namespace
 
 OdbcKind KindOfDriver(const QString& driver) {
@@ -195,7 +201,7 @@ QString DriverOfDataSource(const QString& name) {
 
 QString OdbcField(const QString& name, const QString& value) {
     const auto means = [](QChar unit) { return QStringView(u"[]{}(),;?*=!@").contains(unit); };
-    const bool plain = std::none_of(value.begin(), value.end(), means) && value.trimmed() == value;
+    const bool plain = std::none_of(value.begin(), value.end(), means) && !HasSpaceAtAnEnd(value);
     if (plain) return name + u'=' + value + u';';
     QString inside = value;
     return name + QStringLiteral("={") + inside.replace(u'}', QStringLiteral("}}")) + QStringLiteral("};");

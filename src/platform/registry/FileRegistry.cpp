@@ -36,11 +36,24 @@ long Load(const QString& path, RegistryContent& content) {
     return kRegistryDone;
 }
 
-long Store(const QString& path, const RegistryContent& content) {
+constexpr auto kReadableByAll =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+
+/// What is the machine's has to be read by every user, whatever the umask of the administrator who is the first to
+/// write it.
+long Store(const QString& path, const RegistryContent& content, bool forAll) {
+    const bool fresh = !QFileInfo::exists(path);
     QSaveFile file(path);
     const QByteArray text = RegistryText(content);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit() ? kRegistryDone
-                                                                                               : kRegistryDenied;
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+    const bool readable = !forAll || !fresh || (written && file.setPermissions(kReadableByAll));
+    return written && readable && file.commit() ? kRegistryDone : kRegistryDenied;
+}
+
+bool MakeFolder(const QString& folder, bool forAll) {
+    if (QFileInfo(folder).isDir()) return true;
+    return QDir().mkpath(folder) && (!forAll || QFile::setPermissions(folder, kPassableByAll));
 }
 
 bool MayWrite(const QString& path) {
@@ -90,14 +103,15 @@ long FileRegistry::Read(const RegistryKey& key, RegistryContent& content) const 
 
 long FileRegistry::Write(const RegistryKey& key, const std::function<long(RegistryContent&)>& change) const {
     const QString& file = FileOf(key.root);
-    if (!QDir().mkpath(QFileInfo(file).path())) return kRegistryDenied;
+    const bool forAll = key.root == RegistryRoot::LocalMachine;
+    if (!MakeFolder(QFileInfo(file).path(), forAll)) return kRegistryDenied;
     const RegistryLock lock(file);
     if (lock.Status() != kRegistryDone) return lock.Status();
     RegistryContent content;
     const long read = Load(file, content);
     if (read != kRegistryDone) return read;
     const long changed = change(content);
-    return changed == kRegistryDone ? Store(file, content) : changed;
+    return changed == kRegistryDone ? Store(file, content, forAll) : changed;
 }
 
 long FileRegistry::OpenKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) {

@@ -1,0 +1,105 @@
+#include "platform/FileRights.h"
+
+#include <fcntl.h>
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <algorithm>
+#include <vector>
+
+namespace platform {
+namespace {
+
+constexpr mode_t kModeBits = 07777;
+constexpr mode_t kOwnerAndGroupFile = 0660;
+
+FileRights From(const struct stat& found) {
+    return {found.st_uid, found.st_gid, found.st_mode & kModeBits, S_ISDIR(found.st_mode)};
+}
+
+bool IsFileOrFolder(const struct stat& found) { return S_ISREG(found.st_mode) || S_ISDIR(found.st_mode); }
+
+bool HasSecondName(const struct stat& found) { return S_ISREG(found.st_mode) && found.st_nlink > 1; }
+
+/// The mode comes after the group: a change of the group clears the setgid bit. The system also leaves that bit out
+/// silently for a user who is not in the group, so the result is read back.
+bool SetRightsOfOpen(int entry, unsigned group, unsigned mode) {
+    struct stat found = {};
+    if (::fstat(entry, &found) != 0 || !IsFileOrFolder(found) || HasSecondName(found)) return false;
+    if (found.st_gid != group && ::fchownat(entry, "", static_cast<uid_t>(-1), group, AT_EMPTY_PATH) != 0) return false;
+    // A descriptor that is open for its path alone can't be given to fchmod.
+    const QByteArray open = "/proc/self/fd/" + QByteArray::number(entry);
+    return ::chmod(open.constData(), mode) == 0 && ::fstat(entry, &found) == 0 && (found.st_mode & kModeBits) == mode;
+}
+
+std::vector<gid_t> GroupsOfProcess() {
+    std::vector<gid_t> groups(static_cast<size_t>(std::max(0, ::getgroups(0, nullptr))));
+    groups.resize(static_cast<size_t>(std::max(0, ::getgroups(static_cast<int>(groups.size()), groups.data()))));
+    groups.push_back(::getegid());
+    return groups;
+}
+
+std::vector<gid_t> GroupsOf(uid_t user) {
+    if (user == ::geteuid()) return GroupsOfProcess();
+    const passwd* entry = ::getpwuid(user);
+    if (entry == nullptr) return {};
+    int count = 0;
+    ::getgrouplist(entry->pw_name, entry->pw_gid, nullptr, &count);
+    std::vector<gid_t> groups(static_cast<size_t>(count));
+    ::getgrouplist(entry->pw_name, entry->pw_gid, groups.data(), &count);
+    return groups;
+}
+
+}  // namespace
+
+std::optional<FileRights> RightsOf(const QString& path) {
+    struct stat found = {};
+    if (::lstat(QFile::encodeName(path).constData(), &found) != 0 || !IsFileOrFolder(found)) return std::nullopt;
+    return From(found);
+}
+
+bool SetRights(const QString& path, unsigned group, unsigned mode) {
+    // Opened for its path alone: closing a database opened otherwise would give up the locks of this process on it.
+    const int entry = ::open(QFile::encodeName(path).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
+    if (entry < 0) return false;
+    const bool done = SetRightsOfOpen(entry, group, mode);
+    ::close(entry);
+    return done;
+}
+
+bool ShareWithFolder(const QString& file, const QString& folder) {
+    struct stat found = {};
+    if (::stat(QFile::encodeName(folder).constData(), &found) != 0) return false;
+    if ((found.st_mode & kSetGroupId) == 0) return true;
+    return SetRights(file, found.st_gid, found.st_mode & kOwnerAndGroupFile);
+}
+
+unsigned OwnUserId() { return ::geteuid(); }
+
+unsigned OwnGroupId() { return ::getegid(); }
+
+bool MayGiveGroup(unsigned user, unsigned group) {
+    if (user == 0) return true;
+    const std::vector<gid_t> groups = GroupsOf(user);
+    return std::find(groups.begin(), groups.end(), group) != groups.end();
+}
+
+std::optional<unsigned> PrimaryGroupOf(unsigned user) {
+    const passwd* entry = ::getpwuid(user);
+    return entry == nullptr ? std::nullopt : std::optional<unsigned>(entry->pw_gid);
+}
+
+QString UserName(unsigned user) {
+    const passwd* entry = ::getpwuid(user);
+    return entry == nullptr ? QString::number(user) : QString::fromLocal8Bit(entry->pw_name);
+}
+
+QString GroupName(unsigned group) {
+    const ::group* entry = ::getgrgid(group);
+    return entry == nullptr ? QString::number(group) : QString::fromLocal8Bit(entry->gr_name);
+}
+
+}  // namespace platform
