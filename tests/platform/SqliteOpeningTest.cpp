@@ -4,6 +4,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocalServer>
+
+#include <sys/stat.h>
 
 #include "platform/Database.h"
 #include "platform/DatabaseFile.h"
@@ -74,6 +77,27 @@ TEST_F(SqliteOpening, AMissingFileIsNotCreated) {
 TEST_F(SqliteOpening, AFolderIsNoDatabase) {
     EXPECT_EQ(Refusal(folder.path()),
               u"「"_s + folder.path() + u"」はフォルダーです。データベースのファイルを指定してください。"_s);
+}
+
+TEST_F(SqliteOpening, WhatIsNoPlainFileIsRefusedAtOnce) {
+    const QString pipe = folder.filePath(u"管.accdb"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString link = folder.filePath(u"先.accdb"_s);
+    ASSERT_TRUE(QFile::link(pipe, link));
+    const QString socket = folder.filePath(u"口.accdb"_s);
+    QLocalServer server;
+    ASSERT_TRUE(server.listen(socket));
+    for (const QString& path : {pipe, link, socket, u"/dev/zero"_s, u"/dev/null"_s})
+        EXPECT_EQ(Refusal(path), u"「"_s + path + u"」は通常のファイルではありません。"_s);
+}
+
+TEST_F(SqliteOpening, AJournalThatIsNoPlainFileIsRefusedAtOnce) {
+    for (const QString& suffix : {u"-journal"_s, u"-wal"_s, u"-shm"_s}) {
+        const QString beside = source.Path() + suffix;
+        ASSERT_EQ(::mkfifo(QFile::encodeName(beside).constData(), 0600), 0);
+        EXPECT_EQ(Refusal(source.Path()), u"「"_s + beside + u"」は通常のファイルではありません。"_s);
+        ASSERT_TRUE(QFile::remove(beside));
+    }
 }
 
 TEST_F(SqliteOpening, AnEmptyFileIsTold) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/PlainFile.h"
 #include "platform/database/LockWait.h"
 
 namespace platform {
@@ -28,13 +29,25 @@ bool IsJet(const QByteArray& header) {
     return mark == QByteArrayView("Standard Jet DB") || mark == QByteArrayView("Standard ACE DB");
 }
 
+const QString kNotPlain = QStringLiteral("「%1」は通常のファイルではありません。");
+
+// The engine opens these beside the database, and would wait for the other end of a pipe.
+void CheckSideFiles(const QString& path) {
+    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+        const QString side = path + QLatin1StringView(suffix);
+        if (IsSpecialFile(side)) Refuse(kNotPlain, side);
+    }
+}
+
 void CheckFile(const QString& path) {
     const QFileInfo info(path);
     if (info.isDir())
         Refuse(QStringLiteral("「%1」はフォルダーです。データベースのファイルを指定してください。"), path);
     if (!info.exists()) Refuse(QStringLiteral("データベース「%1」が見つかりません。"), path);
+    if (IsSpecialFile(path)) Refuse(kNotPlain, path);
+    CheckSideFiles(path);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
+    if (!OpenPlainFile(file)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
     if (file.size() == 0) Refuse(QStringLiteral("データベース「%1」は空のファイルです (0 バイト)。"), path);
     const QByteArray header = file.read(kHeaderBytes);
     if (IsJet(header)) Refuse(QString::fromUtf8(kJetText), path);
