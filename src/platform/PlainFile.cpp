@@ -22,4 +22,8 @@ bool IsSpecialFile(const QString& path) {
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
+bool MayWriteFile(const QString& path) {
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+}
+
 }  // namespace platform

@@ -8,6 +8,7 @@
 
 #include "platform/PlainFile.h"
 #include "platform/database/LockWait.h"
+#include "platform/database/WalMode.h"
 
 namespace platform {
 namespace {
@@ -56,9 +57,9 @@ void CheckFile(const QString& path) {
     if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);
 }
 
-SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
+SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags, int lockWait) {
     sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code = sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     SqliteDatabase database(raw);
     if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
     sqlite3_extended_result_codes(raw, 1);
@@ -67,6 +68,10 @@ SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     return database;
+}
+
+SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
+    return OpenNamed(QFile::encodeName(path), path, flags, lockWait);
 }
 
 int ReadSchema(sqlite3* database) { return RunPlain(database, "SELECT COUNT(*) FROM sqlite_schema"); }
@@ -101,6 +106,25 @@ void SetUpWriter(sqlite3* database, bool scratch) {
     if (scratch) RunPlain(database, "PRAGMA journal_mode=MEMORY");
 }
 
+const char* const kContentInWal =
+    "データベース「%1」には、まだ本体に書き込まれていない内容 (-wal) があります。"
+    "書き込む権限のある利用者が一度開くと読めるようになります。";
+
+// What a killed writer left in its -wal file is brought into the file where this user may write it.
+SqliteDatabase OpenReader(const QString& path, int lockWait) {
+    if (WalReadingOf(path) == WalReading::Refused && MayWriteFile(path))
+        SetUpWriter(OpenHandle(path, SQLITE_OPEN_READWRITE, lockWait).get(), false);
+    switch (WalReadingOf(path)) {
+        case WalReading::Ordinary:
+            break;
+        case WalReading::WithoutLocks:
+            return OpenNamed(NameWithoutLocks(path), path, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, lockWait);
+        case WalReading::Refused:
+            Refuse(QString::fromUtf8(kContentInWal), path);
+    }
+    return OpenHandle(path, SQLITE_OPEN_READONLY, lockWait);
+}
+
 }  // namespace
 
 int LockWaitMilliseconds(int timeoutSeconds) {
@@ -116,7 +140,7 @@ QString SqlitePath(const QString& dataSource) {
 }
 
 bool RollBackHotJournal(const QString& path) {
-    if (!QFileInfo(path).isWritable()) return false;
+    if (!MayWriteFile(path)) return false;
     const SqliteDatabase writer = OpenHandle(path, SQLITE_OPEN_READWRITE, kLongestLockWait);
     return ReadSchema(writer.get()) == SQLITE_OK;
 }
@@ -124,13 +148,13 @@ bool RollBackHotJournal(const QString& path) {
 SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
     const QString path = SqlitePath(request.dataSource);
     CheckFile(path);
-    const bool reader = request.mode == ConnectMode::Read;
-    const int flags = reader ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const bool reader = request.mode == ConnectMode::Read || !MayWriteFile(path);
     const int wait = LockWaitMilliseconds(request.connectionTimeout);
-    SqliteDatabase database = OpenHandle(path, flags, wait);
+    const auto open = [&] { return reader ? OpenReader(path, wait) : OpenHandle(path, SQLITE_OPEN_READWRITE, wait); };
+    SqliteDatabase database = open();
     int code = ReadSchema(database.get());
     if (code == SQLITE_READONLY_ROLLBACK && RollBackHotJournal(path)) {
-        database = OpenHandle(path, flags, wait);
+        database = open();
         code = ReadSchema(database.get());
     }
     if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);
