@@ -7,6 +7,7 @@
 #include <memory>
 #include <string_view>
 
+#include "screen/ToolkitStart.h"
 #include "setup/Commands.h"
 
 namespace {
@@ -27,10 +28,17 @@ bool MakesPages(int argc, char** argv) {
     return argc > 2 && std::string_view(argv[1]) == "forms" && std::string_view(argv[2]) == "pdf";
 }
 
-std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
-    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+std::unique_ptr<QCoreApplication> MakeApplication(int argc, char** argv) {
+    int& count = ToolkitStart::ArgumentCount(argc);
+    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(count, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(argc, argv);
+    return std::make_unique<QGuiApplication>(count, argv);
+}
+
+QStringList Arguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
 }
 
 }  // namespace
@@ -40,6 +48,5 @@ int main(int argc, char** argv) {
     std::signal(SIGINT, Interrupt);
     std::signal(SIGTERM, Interrupt);
     QTextStream out(stdout), err(stderr);
-    return setup::RunSetup(QCoreApplication::arguments().mid(1),
-                           {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
+    return setup::RunSetup(Arguments(argc, argv), {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
 }
