@@ -1,26 +1,23 @@
 #include <QGuiApplication>
 #include <QTextStream>
 #include <QThread>
-#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string_view>
 
+#include "platform/EndRequest.h"
 #include "screen/ToolkitStart.h"
 #include "setup/Commands.h"
 
 namespace {
 
-std::atomic_bool interrupted = false;
-static_assert(std::atomic_bool::is_always_lock_free, "a signal handler writes it");
-
-void Interrupt(int) { interrupted = true; }
+void Interrupt(int) { platform::RequestEnd(); }
 
 bool WaitForMore() {
     constexpr unsigned long kLookMilliseconds = 300;
-    if (!interrupted) QThread::msleep(kLookMilliseconds);
-    return !interrupted;
+    if (!platform::EndRequested()) QThread::msleep(kLookMilliseconds);
+    return !platform::EndRequested();
 }
 
 /// Making pages takes fonts, and those take a window system, if only one without a screen.

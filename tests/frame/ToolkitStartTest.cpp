@@ -77,8 +77,8 @@ TEST_F(ToolkitStart, TheInquiryTakesArgumentsOfTheToolkitAsItsStartCommand) {
 
 TEST_F(ToolkitStart, TheRegistrationTakesArgumentsOfTheToolkitAsItsStartCommand) {
     Start(Installed(u"要員台帳更新"_s), kToolkitArguments, kOffscreen);
-    EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return installation.HistoryTexts().contains(u"開始 -platform nosuch"_s); }, kTimeout));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return installation.HistoryTexts().contains(u"開始 -platform nosuch"_s); }, kTimeout));
     process.terminate();
     ASSERT_TRUE(process.waitForFinished(kTimeout));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
@@ -102,8 +102,7 @@ TEST_F(ToolkitStart, TheToolRefusesArgumentsOfTheToolkit) {
 }
 
 TEST_F(ToolkitStart, WithoutADisplayTheInquirySaysSoInOneSentence) {
-    ExpectNoDisplay(u"要員名簿照会"_s,
-                    {{u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}, {u"QT_QPA_PLATFORM"_s, {}}});
+    ExpectNoDisplay(u"要員名簿照会"_s, {{u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}, {u"QT_QPA_PLATFORM"_s, {}}});
 }
 
 TEST_F(ToolkitStart, WithADisplayThatDoesNotAnswerTheInquirySaysSoInOneSentence) {
@@ -111,8 +110,7 @@ TEST_F(ToolkitStart, WithADisplayThatDoesNotAnswerTheInquirySaysSoInOneSentence)
 }
 
 TEST_F(ToolkitStart, WithoutADisplayTheRegistrationSaysSoInOneSentence) {
-    ExpectNoDisplay(u"要員台帳更新"_s,
-                    {{u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}, {u"QT_QPA_PLATFORM"_s, {}}});
+    ExpectNoDisplay(u"要員台帳更新"_s, {{u"DISPLAY"_s, {}}, {u"WAYLAND_DISPLAY"_s, {}}, {u"QT_QPA_PLATFORM"_s, {}}});
 }
 
 TEST_F(ToolkitStart, WithADisplayThatDoesNotAnswerTheReportHostSaysSoInOneSentence) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/EndRequest.h"
 #include "platform/PlainFile.h"
 #include "platform/database/LockWait.h"
 #include "platform/database/WalMode.h"
@@ -57,6 +58,17 @@ void CheckFile(const QString& path) {
     if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);
 }
 
+constexpr int kStepsBetweenPolls = 20000;        // of the engine's machine, about a millisecond
+constexpr int kLongestValue = 64 * 1024 * 1024;  // bytes of a text and of a whole row
+
+int BreakOff(void* /*unused*/) { return EndRequested() ? 1 : 0; }
+
+// A view or a trigger of the file may work without an end, or build a text without one.
+void LimitWork(sqlite3* database) {
+    sqlite3_progress_handler(database, kStepsBetweenPolls, BreakOff, nullptr);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
+}
+
 SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags, int lockWait) {
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -64,6 +76,7 @@ SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags,
     if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
     sqlite3_extended_result_codes(raw, 1);
     WaitForLocks(raw, lockWait);
+    LimitWork(raw);
     // A misspelled name in double quotes is an error and not a text.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
