@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kTimeout = 30000;               // milliseconds
+constexpr int kTimeout = 30000;            // milliseconds
 constexpr QPoint kSearchButton(811, 150);  // within the window of the inquiry
 
 // Works without an end and needs no memory for it.
@@ -103,7 +103,8 @@ TEST_F(EndInsideStatement, ATerminationRequestEndsASaveWithAnEndlessTriggerAndNo
     const QString before = installation.General().Value(u"SELECT 氏名 FROM M担当者 WHERE コード = '00007'"_s);
     const VirtualScreen screen;
     installation.Configuration().Execute(
-        u"INSERT INTO プログラム連携情報 VALUES ('%1', '要員名簿照会', '要員台帳更新', '%1', '00', '00000007', '', '000',"
+        u"INSERT INTO プログラム連携情報 VALUES ('%1', '要員名簿照会', '要員台帳更新', '%1', '00', '00000007', '', "
+        u"'000',"
         " '00001', 'tester')"_s.arg(TimeStamp(QDateTime::currentDateTime())));
     Start(u"要員台帳更新"_s, {u"00000007"_s}, screen.Display());
     const QString window = screen.NewestOf(1);

@@ -129,6 +129,7 @@ OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
         if (statementSeconds_ > 0)
             SQLSetStmtAttr(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsValue(static_cast<SQLULEN>(statementSeconds_)),
                            0);
+        const auto running = Cancellable(statement);
         // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
         const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
         if (result != SQL_NO_DATA) statement.Check(result);

@@ -83,6 +83,11 @@ class OdbcConnection {
         }
     }
 
+    /// While the object lives, a request to end the program cancels the statement.
+    AnswerWatch::Cancellable Cancellable(const OdbcStatement& statement) const {
+        return {*watch_, [](void* handle) { SQLCancel(handle); }, statement.Get()};
+    }
+
   private:
     [[noreturn]] void RaiseNoAnswer() const;
 
