@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "platform/EngineError.h"
 #include "platform/SealedPins.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
@@ -36,7 +37,7 @@ void CheckServer(Findings& findings, const QString& configuration) {
         for (const QString& missing : MissingIn(server, server.Session().EngineName()))
             findings.Add(u"一般データベースに%1 がありません。"_s.arg(missing));
     } catch (const platform::RuntimeError& error) {
-        findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(error.Description()));
+        findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(platform::TextForPeople(error)));
     }
 }
 
