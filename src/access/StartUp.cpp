@@ -7,6 +7,7 @@
 #include "data/PurgeOldData.h"
 #include "data/RunHistory.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/EndRequest.h"
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
@@ -55,6 +56,7 @@ bool InitializeData(int keyLength) {
 }
 
 void TerminateData() {
+    const platform::Ending ending;
     ProgramGlobals& globals = Globals();
     if (!globals.LinkStartInfo.isEmpty()) WriteEndLink(globals.LinkEndInfo);
     RecordRunEnd();

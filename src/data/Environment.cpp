@@ -8,6 +8,7 @@
 #include "data/FileCopies.h"
 #include "data/UserConfiguration.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/EngineError.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;
@@ -74,9 +75,9 @@ QString ProbeFiles(const QString& prefix) {
 }
 
 void ShowOpenError(const platform::RuntimeError& error) {
-    platform::Services().dialogs->ShowMessage(
-        u"SYB_OPEN ERROR"_s + QString::number(error.Number()) + u' ' + error.Description() + u"\rsysopen error"_s,
-        QString());
+    platform::Services().dialogs->ShowMessage(u"SYB_OPEN ERROR"_s + QString::number(error.Number()) + u' ' +
+                                                  platform::TextForPeople(error) + u"\rsysopen error"_s,
+                                              QString());
 }
 
 /// Names, folders, files and the first opening, on the common configuration file.

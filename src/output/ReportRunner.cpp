@@ -5,6 +5,7 @@
 #include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
+#include "platform/EngineError.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
@@ -89,7 +90,7 @@ void Attempt(const HostUse& use, Step step) {
         step();
     } catch (const platform::RuntimeError& error) {
         Globals().Host.HostApplication.reset();
-        if (use.tellsFailures) platform::Services().dialogs->ShowMessage(error.Description());
+        if (use.tellsFailures) platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
     }
 }
 

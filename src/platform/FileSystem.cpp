@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "platform/PlainFile.h"
 #include "platform/RuntimeError.h"
 
 namespace platform {
@@ -45,7 +46,7 @@ bool HostFileSystem::FileExists(const QString& path) const { return QFileInfo(pa
 bool HostFileSystem::CopyFile(const QString& source, const QString& target) const {
     QFile from(source);
     QSaveFile to(target);  // appears under its name only when it is whole
-    if (!from.open(QIODevice::ReadOnly) || !to.open(QIODevice::WriteOnly)) return false;
+    if (!OpenPlainFile(from) || !to.open(QIODevice::WriteOnly)) return false;
     constexpr qint64 kBlock = 1 << 20;
     while (!from.atEnd()) {
         const QByteArray block = from.read(kBlock);

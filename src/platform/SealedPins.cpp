@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/PlainFile.h"
 #include "platform/Utf8Text.h"
 
 using namespace Qt::StringLiterals;
@@ -72,7 +73,7 @@ PinKey::~PinKey() { sodium_memzero(bytes_.data(), kBytes); }
 std::optional<PinKey> PinKey::Read(const QString& file) {
     PrepareLibrary();
     QFile source(file);
-    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return std::nullopt;
+    if (!OpenPlainFile(source, QIODevice::Unbuffered)) return std::nullopt;
     QByteArray bytes = source.read(kBytes + 1);
     std::optional<PinKey> key;
     if (bytes.size() == kBytes) key = PinKey(bytes);

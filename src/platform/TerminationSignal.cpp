@@ -1,5 +1,8 @@
 #include "platform/TerminationSignal.h"
 
+#include "platform/CloseBox.h"
+#include "platform/EndRequest.h"
+
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
@@ -13,6 +16,7 @@ namespace {
 int g_signalEnds[2];  // a signal handler may write to a socket and little else
 
 void WriteSignal(int) {
+    RequestEnd();
     const char byte = 1;
     [[maybe_unused]] const ssize_t written = ::write(g_signalEnds[0], &byte, 1);
 }
@@ -20,11 +24,13 @@ void WriteSignal(int) {
 }  // namespace
 
 void OnTerminationRequest(std::function<void()> handler) {
+    SetEndHandler(std::move(handler));
+    WatchCloseBoxes();
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, g_signalEnds) != 0) return;
     auto* notifier = new QSocketNotifier(g_signalEnds[1], QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [handler = std::move(handler)] {
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] {
         char byte = 0;
-        if (::read(g_signalEnds[1], &byte, 1) == 1) handler();
+        if (::read(g_signalEnds[1], &byte, 1) == 1) CarryOutEndRequest();
     });
     struct sigaction action = {};
     action.sa_handler = WriteSignal;

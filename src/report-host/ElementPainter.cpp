@@ -1,8 +1,11 @@
 #include "report-host/ElementPainter.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QPainter>
 
+#include "platform/PlainFile.h"
 #include "report-host/GlyphPainter.h"
 #include "report-host/TextFit.h"
 
@@ -102,7 +105,10 @@ const QImage& ElementPainter::Picture(const QString& path) {
     // The suite's paths carry the separator of its first home.
     QString file = path;
     if (!QFileInfo::exists(file)) file.replace(u'\\', u'/');
-    auto* picture = new QImage(file);
+    QFile source(file);
+    auto* picture = new QImage;
+    // Unknown formats and special files leave the picture empty.
+    if (platform::OpenPlainFile(source)) *picture = QImageReader(&source).read();
     pictures_.insert(path, picture);
     return *picture;
 }

@@ -1,5 +1,6 @@
 #include "report-host/FormOfReport.h"
 
+#include "platform/EngineError.h"
 #include "platform/database/SqliteOpening.h"
 #include "report-host/FormCheck.h"
 #include "report-host/SqliteRows.h"
@@ -36,7 +37,8 @@ QList<FormMistake> MistakesOf(const FormsFile& file, const QString& report, cons
         else
             NeededColumns(parsed.form, existing, parsed.mistakes);
     } catch (const platform::DatabaseError& error) {
-        parsed.mistakes.append({0, u"リンクテーブル「%1」を読めません。%2"_s.arg(table, error.Description())});
+        parsed.mistakes.append(
+            {0, u"リンクテーブル「%1」を読めません。%2"_s.arg(table, platform::TextForPeople(error))});
     }
     return parsed.mistakes;
 }

@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/EngineError.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "report-host/HostDoor.h"
@@ -75,7 +76,7 @@ void HostService::Answer(QLocalSocket& caller, const HostRequest& request) {
     } catch (const ReportFailure& failure) {
         answer = {kReportFailed, failure.Reason()};
     } catch (const platform::RuntimeError& error) {
-        answer = {error.Number(), error.Description()};
+        answer = {error.Number(), platform::TextForPeople(error)};
     } catch (const std::exception& error) {
         answer = {kReportFailed, u"帳票を作成できません。（%1）"_s.arg(QString::fromUtf8(error.what()))};
     }

@@ -1,6 +1,7 @@
 #include "report-host/OutputPlace.h"
 
 #include "platform/Database.h"
+#include "platform/EngineError.h"
 #include "report-host/PreparedReport.h"
 
 using namespace Qt::StringLiterals;
@@ -51,7 +52,7 @@ OutputPlace ReadOutputPlace(const QString& formsFile, const QString& report) {
         }
         return {};
     } catch (const platform::DatabaseError& error) {
-        throw ReportFailure(u"出力先を読めません。"_s + error.Description());
+        throw ReportFailure(u"出力先を読めません。"_s + platform::TextForPeople(error));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <exception>
 
+#include "platform/EngineError.h"
 #include "report-host/PreparedReport.h"
 
 using namespace Qt::StringLiterals;
@@ -16,7 +17,7 @@ constexpr int kShadow = 3;
 
 QString ReasonOf(const std::exception& error) {
     const auto* failure = dynamic_cast<const ReportFailure*>(&error);
-    return failure != nullptr ? failure->Reason() : QString::fromUtf8(error.what());
+    return failure != nullptr ? failure->Reason() : platform::TextForPeople(error);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "platform/EngineError.h"
 #include "platform/Services.h"
 #include "report-host/EraToday.h"
 #include "report-host/FormCheck.h"
@@ -35,7 +36,7 @@ FoundForm FindForm(const QString& formsFile, const QString& report) {
         if (!link) throw ReportFailure(u"帳票「%1」が使うリンクテーブル「%2」がありません。"_s.arg(report, table));
         return {std::move(parsed.form), *link};
     } catch (const platform::DatabaseError& error) {
-        throw ReportFailure(u"帳票ファイルを使えません。%1"_s.arg(error.Description()));
+        throw ReportFailure(u"帳票ファイルを使えません。%1"_s.arg(platform::TextForPeople(error)));
     }
 }
 
@@ -62,6 +63,6 @@ std::unique_ptr<PreparedReport> PrepareReport(const QString& formsFile, const QS
                 u"日本語の書体がないため、帳票を作れません。IPA フォントをインストールしてください。"_s);
         return pages;
     } catch (const platform::DatabaseError& error) {
-        throw ReportFailure(u"リンクテーブル「%1」を読めません。%2"_s.arg(link.name, error.Description()));
+        throw ReportFailure(u"リンクテーブル「%1」を読めません。%2"_s.arg(link.name, platform::TextForPeople(error)));
     }
 }

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <cstdio>
 #include <optional>
 
@@ -8,8 +7,7 @@
 #include "report-host/HostDoor.h"
 #include "report-host/HostService.h"
 #include "report-host/PreparedReport.h"
-#include "screen/Fonts.h"
-#include "screen/Translation.h"
+#include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,12 +27,6 @@ int Refuse(const QString& reason) {
     return 1;
 }
 
-void Dress(QApplication& application) {
-    SpeakJapanese(application);
-    ApplySuiteLook(application);
-    platform::Services().dialogs->defaultTitle = u"帳票"_s;
-}
-
 }  // namespace
 
 // report-host FORMS-FILE [/runtime]
@@ -44,13 +36,12 @@ int main(int argc, char** argv) {
     const QString formsFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (!formsFile.isEmpty()) door.emplace(formsFile);
     DoWithoutDisplay();
-    QApplication application(argc, argv);
-    application.setQuitOnLastWindowClosed(false);
-    Dress(application);
+    const SuiteApplication application(argc, argv);
+    platform::Services().dialogs->defaultTitle = u"帳票"_s;
     if (!door) return Refuse(u"帳票ファイルを指定してください。"_s);
     if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s);
     HostService service(*door, formsFile, PrepareReport);
     service.Finished = [] { QCoreApplication::quit(); };
     platform::OnTerminationRequest([] { QCoreApplication::quit(); });
-    return QApplication::exec();
+    return SuiteApplication::exec();
 }

@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "frame/ProgramGlobals.h"
-#include "platform/RuntimeError.h"
+#include "platform/EngineError.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;
@@ -50,11 +50,9 @@ Control* Form::ControlAround(const QWidget* widget) const {
 void Form::RunEvent(const std::function<void()>& work) {
     try {
         work();
-    } catch (const platform::RuntimeError& error) {
-        platform::Services().dialogs->ShowMessage(error.Description());
     } catch (const std::exception& error) {
         // Nothing may pass through Qt's own frames.
-        platform::Services().dialogs->ShowMessage(QString::fromLocal8Bit(error.what()));
+        platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
     }
 }
 

@@ -6,15 +6,20 @@
 
 namespace {
 
-int& KeepArguments(int& argc, char** argv) {
+int& KeepArguments(int argc, char** argv) {
     platform::Services().system = std::make_unique<platform::HostSystemInformation>(argc, argv);
-    return argc;
+    return ToolkitStart::ArgumentCount(argc);
 }
 
 }  // namespace
 
-SuiteApplication::SuiteApplication(int& argc, char** argv) : QApplication(KeepArguments(argc, argv), argv) {
+SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start)
+    : QApplication(KeepArguments(argc, argv), argv) {
+    start.reset();
     setQuitOnLastWindowClosed(false);
     SpeakJapanese(*this);
     ApplySuiteLook(*this);
 }
+
+SuiteApplication::SuiteApplication(int argc, char** argv)
+    : SuiteApplication(argc, argv, std::make_unique<ToolkitStart>(argc > 0 ? argv[0] : "")) {}

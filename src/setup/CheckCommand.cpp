@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "data/ServerText.h"
+#include "platform/EngineError.h"
 #include "platform/SealedPins.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
@@ -55,7 +56,7 @@ void CheckServer(Findings& findings, const QString& root, const GeneralDatabaseD
             findings.Add(u"一般データベースの%1。次を実行してください。\n    %2"_s.arg(fault.what, fault.remedy));
         CheckPins(findings, root, server, true);
     } catch (const platform::RuntimeError& error) {
-        findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(error.Description()));
+        findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(platform::TextForPeople(error)));
     }
 }
 

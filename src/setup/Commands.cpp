@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <limits>
 
+#include "platform/EngineError.h"
 #include "setup/Arguments.h"
 #include "setup/CheckCommand.h"
 #include "setup/FormsCommand.h"
@@ -90,7 +91,7 @@ void RegisterHostOrTell(const QString& root, const Console& console) {
     } catch (const platform::RuntimeError& error) {
         // Any host serves all installations of the machine.
         if (QFileInfo(RegisteredHostFolder().value_or(QString()) + kHostProgramName).isFile()) return;
-        console.err << error.Description() << u"印刷するには、管理者が次を実行してください。\n"_s
+        console.err << platform::TextForPeople(error) << u"印刷するには、管理者が次を実行してください。\n"_s
                     << u"  suite-setup registry set '%1' Path '%2'\n"_s.arg(ReportHostKey(), ReportHostFolder(root));
     }
 }
@@ -171,11 +172,11 @@ int RunSetup(const QStringList& arguments, const Console& console) {
         RunVerb(arguments, console);
         return 0;
     } catch (const Refusal& refusal) {
-        console.err << u"suite-setup: "_s << refusal.Description() << u'\n'
+        console.err << u"suite-setup: "_s << platform::TextForPeople(refusal) << u'\n'
                     << u"使い方は suite-setup --help で表示されます。\n"_s;
         return 2;
     } catch (const platform::RuntimeError& error) {
-        console.err << u"suite-setup: "_s << error.Description() << u'\n';
+        console.err << u"suite-setup: "_s << platform::TextForPeople(error) << u'\n';
         return 1;
     }
 }

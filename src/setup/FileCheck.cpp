@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "platform/EngineError.h"
 #include "platform/LinkedTables.h"
 #include "platform/Services.h"
 #include "setup/ConfigurationFiles.h"
@@ -23,7 +24,7 @@ void CheckLinks(Findings& findings, const QString& formsFile, const QString& wor
                     formsFile, table.Name, linked, workTables));
         }
     } catch (const platform::RuntimeError& error) {
-        findings.Add(u"帳票ファイル %1 を開けません。%2"_s.arg(formsFile, error.Description()));
+        findings.Add(u"帳票ファイル %1 を開けません。%2"_s.arg(formsFile, platform::TextForPeople(error)));
     }
 }
 
@@ -50,7 +51,7 @@ bool CheckDatabase(Findings& findings, const UserAccess& user, const QString& pa
         OpenForReading(path);
         return true;
     } catch (const platform::RuntimeError& error) {
-        findings.Add(u"%1 %2 を開けません。%3"_s.arg(what, path, error.Description()));
+        findings.Add(u"%1 %2 を開けません。%3"_s.arg(what, path, platform::TextForPeople(error)));
         return false;
     }
 }

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "platform/EngineError.h"
 #include "platform/LinkedTables.h"
 #include "platform/Services.h"
 #include "setup/ConfigurationFiles.h"
@@ -80,7 +81,7 @@ void Try(Move& move, const QString& file, Step step) {
     try {
         step();
     } catch (const platform::RuntimeError& error) {
-        move.failures.append(u"%1 を変更できません。%2"_s.arg(file, error.Description()));
+        move.failures.append(u"%1 を変更できません。%2"_s.arg(file, platform::TextForPeople(error)));
     }
 }
 

@@ -1,25 +1,23 @@
 #include <QGuiApplication>
 #include <QTextStream>
 #include <QThread>
-#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string_view>
 
+#include "platform/EndRequest.h"
+#include "screen/ToolkitStart.h"
 #include "setup/Commands.h"
 
 namespace {
 
-std::atomic_bool interrupted = false;
-static_assert(std::atomic_bool::is_always_lock_free, "a signal handler writes it");
-
-void Interrupt(int) { interrupted = true; }
+void Interrupt(int) { platform::RequestEnd(); }
 
 bool WaitForMore() {
     constexpr unsigned long kLookMilliseconds = 300;
-    if (!interrupted) QThread::msleep(kLookMilliseconds);
-    return !interrupted;
+    if (!platform::EndRequested()) QThread::msleep(kLookMilliseconds);
+    return !platform::EndRequested();
 }
 
 /// Making pages takes fonts, and those take a window system, if only one without a screen.
@@ -27,10 +25,17 @@ bool MakesPages(int argc, char** argv) {
     return argc > 2 && std::string_view(argv[1]) == "forms" && std::string_view(argv[2]) == "pdf";
 }
 
-std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
-    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(argc, argv);
+std::unique_ptr<QCoreApplication> MakeApplication(int argc, char** argv) {
+    int& count = ToolkitStart::ArgumentCount(argc);
+    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(count, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(argc, argv);
+    return std::make_unique<QGuiApplication>(count, argv);
+}
+
+QStringList Arguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
 }
 
 }  // namespace
@@ -40,6 +45,5 @@ int main(int argc, char** argv) {
     std::signal(SIGINT, Interrupt);
     std::signal(SIGTERM, Interrupt);
     QTextStream out(stdout), err(stderr);
-    return setup::RunSetup(QCoreApplication::arguments().mid(1),
-                           {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
+    return setup::RunSetup(Arguments(argc, argv), {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
 }

@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include "platform/database/SqliteHandle.h"
 #include "setup/PinColumns.h"
 #include "setup/TableStatements.h"
 
@@ -46,9 +47,7 @@ sqlite3_stmt* StoreWriter::Prepare(const QString& sql) {
     return statement;
 }
 
-void StoreWriter::Fail() const {
-    throw platform::DatabaseError(sqlite3_extended_errcode(database_), QString::fromUtf8(sqlite3_errmsg(database_)));
-}
+void StoreWriter::Fail() const { throw platform::SqliteFailure(database_); }
 
 TableWriter::TableWriter(StoreWriter& store, const QString& table) : store_(store), table_(table) {
     QStringList names, places;

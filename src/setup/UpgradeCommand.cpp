@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <functional>
 
+#include "platform/EngineError.h"
 #include "setup/ConfigurationFiles.h"
 #include "setup/GeneralDatabase.h"
 #include "setup/InstallationRights.h"
@@ -51,7 +52,8 @@ void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
         RunSql(database.get(), u"COMMIT"_s);
         for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
     } catch (const platform::DatabaseError& error) {
-        throw platform::RuntimeError(kWorkFailed, u"%1 を更新できません。%2"_s.arg(file, error.Description()));
+        throw platform::RuntimeError(kWorkFailed,
+                                     u"%1 を更新できません。%2"_s.arg(file, platform::TextForPeople(error)));
     }
 }
 
@@ -77,8 +79,8 @@ void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& own
         OpenDefined(server, owner, platform::ConnectMode::ReadWrite);
         for (const QString& line : RenewServer(server)) upgrade.Tell(u"サーバー: %1"_s.arg(line));
     } catch (const platform::DatabaseError& error) {
-        throw platform::RuntimeError(kWorkFailed,
-                                     u"サーバーの一般データベースを更新できません。%1"_s.arg(error.Description()));
+        throw platform::RuntimeError(
+            kWorkFailed, u"サーバーの一般データベースを更新できません。%1"_s.arg(platform::TextForPeople(error)));
     }
     CheckSeenByPrograms(ReadDefinition(configuration));
 }

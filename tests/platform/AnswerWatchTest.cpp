@@ -9,6 +9,9 @@
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <atomic>
+
+#include "platform/EndRequest.h"
 
 using platform::AnswerWatch;
 using namespace std::chrono_literals;
@@ -104,6 +107,40 @@ TEST_F(AnswerWatchTest, TheEndWaitsForNoTimeOut) {
     }
     EXPECT_LT(timer.elapsed(), 60'000);
     EXPECT_TRUE(IsOpen(socket));
+}
+
+TEST_F(AnswerWatchTest, ARequestToEndTheProgramCancelsTheStatementThatRuns) {
+    std::atomic<int> cancelled = 0;
+    AnswerWatch watch;
+    watch.Begin(0s);
+    {
+        const AnswerWatch::Turn turn(watch);
+        const AnswerWatch::Cancellable statement(
+            watch, [](void* count) { ++*static_cast<std::atomic<int>*>(count); }, &cancelled);
+        platform::RequestEnd();
+        QElapsedTimer timer;
+        for (timer.start(); cancelled == 0 && timer.elapsed() < 60'000;) ::usleep(1000);
+    }
+    EXPECT_EQ(cancelled, 1);
+    platform::CarryOutEndRequest();
+}
+
+TEST_F(AnswerWatchTest, ARequestToEndTheProgramEndsAConnectionWhereACancelDoesNotHelp) {
+    AnswerWatch watch;
+    Connect(socket);
+    watch.Begin(kLong);
+    std::atomic<bool> hangs = true;
+    {
+        const AnswerWatch::Turn turn(watch);
+        const AnswerWatch::Cancellable statement(
+            watch, [](void* waits) { static_cast<std::atomic<bool>*>(waits)->wait(true); }, &hangs);
+        platform::RequestEnd();
+        EXPECT_EQ(Receive(socket), 0);
+        EXPECT_TRUE(watch.Ended());
+        hangs = false;
+        hangs.notify_all();
+    }
+    platform::CarryOutEndRequest();
 }
 
 TEST_F(AnswerWatchTest, WithoutATimeOutNothingIsEnded) {

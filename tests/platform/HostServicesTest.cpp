@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
+#include <sys/stat.h>
 #include <unistd.h>
 #include <csignal>
 
@@ -110,6 +111,15 @@ TEST(HostFileSystem, CopyOverwritesAndFailsWithoutTouchingTheTarget) {
     EXPECT_TRUE(files.CopyFile(folder.filePath(u"source"_s), folder.filePath(u"target"_s)));
     EXPECT_EQ(Content(folder.filePath(u"target"_s)), QByteArray(3 << 20, 'a'));
     EXPECT_FALSE(files.CopyFile(folder.filePath(u"source"_s), folder.filePath(u"no/where"_s)));
+}
+
+TEST(HostFileSystem, CopyOfAPipeFailsAtOnceAndLeavesTheTarget) {
+    QTemporaryDir folder;
+    Write(folder.filePath(u"target"_s), "old");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder.filePath(u"pipe"_s)).constData(), 0600), 0);
+    const platform::HostFileSystem files;
+    EXPECT_FALSE(files.CopyFile(folder.filePath(u"pipe"_s), folder.filePath(u"target"_s)));
+    EXPECT_EQ(Content(folder.filePath(u"target"_s)), "old");
 }
 
 TEST(HostFileSystem, CopyToItselfOfAnEmptyFileIsEmpty) {

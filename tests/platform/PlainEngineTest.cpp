@@ -73,6 +73,16 @@ TEST_P(PlainEngine, GetsEveryStatementCharacterByCharacter) {
     }
 }
 
+TEST_P(PlainEngine, ATextOfMoreThan16MebibytesIsAnError) {
+    Open(kByName);
+    Recordset rows;
+    qputenv("MEIBO_TEST_DRIVER_CELL", "16777217");
+    EXPECT_EQ(ErrorOf([&] { rows.Open(u"SELECT 1"_s, connection); }), u"値が長すぎます (16 MiB まで)。"_s);
+    qputenv("MEIBO_TEST_DRIVER_CELL", "16777216");
+    EXPECT_EQ(ErrorOf([&] { rows.Open(u"SELECT 1"_s, connection); }), u""_s);
+    qunsetenv("MEIBO_TEST_DRIVER_CELL");
+}
+
 TEST_P(PlainEngine, GetsTheTimeOutsOfConnectionAndStatements) {
     Open(kByName);
     Recordset rows;

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include "platform/RuntimeError.h"
+
 using namespace Qt::StringLiterals;
 using namespace platform;
 
@@ -66,6 +68,33 @@ TEST(ResultTable, RowsLeftBehindGiveTheirMemoryBack) {
     table.ForgetRowsBefore(2100);
     EXPECT_LT(table.Size(), whole / 3);
     EXPECT_EQ(table.Text(2100, 0), QString(100, u'x'));
+}
+
+TEST(ResultTable, ACellOfMoreThan16MebibytesIsAnError) {
+    ResultTable table(Columns({u"a"_s}));
+    table.BeginRow();
+    table.AppendText(QByteArray(ResultTable::kLongestCell, 'x'));
+    table.BeginRow();
+    try {
+        table.AppendText(QByteArray(ResultTable::kLongestCell + 1, 'x'));
+        FAIL();
+    } catch (const platform::DatabaseError& error) {
+        EXPECT_EQ(error.Description(), u"値が長すぎます (16 MiB まで)。"_s);
+    }
+}
+
+TEST(ResultTable, RowsWithoutAnEndAreAnError) {
+    ResultTable table(Columns({u"a"_s}), 100'000);
+    int rows = 0;
+    try {
+        for (; rows < 1'000'000; ++rows) {
+            table.BeginRow();
+            table.AppendText("0123456789");
+        }
+    } catch (const platform::DatabaseError& error) {
+        EXPECT_EQ(error.Description(), u"検索結果が大きすぎます。"_s);
+    }
+    EXPECT_EQ(rows, 10'001);
 }
 
 TEST(ResultTable, EqualTextsOfAColumnAreOne) {

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include "platform/SecretText.h"
 #include "support/FileBytes.h"
 
@@ -88,6 +90,9 @@ TEST_F(SealedPinsTest, KeyFileOfAnotherLengthIsNone) {
     }
     EXPECT_FALSE(PinKey::Read(folder.filePath(u"none"_s)));
     EXPECT_FALSE(PinKey::Read(folder.path()));
+    const QString pipe = folder.filePath(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_FALSE(PinKey::Read(pipe));
     EXPECT_FALSE(key.Write(folder.filePath(u"none/pin.key"_s)));
 }
 

@@ -4,6 +4,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocalServer>
+
+#include <sys/stat.h>
 
 #include "platform/Database.h"
 #include "platform/DatabaseFile.h"
@@ -59,6 +62,19 @@ class SqliteOpening : public testing::Test {
         return copy;
     }
 
+    // A database in WAL mode and a copy of it that was taken while the program that wrote the only row had it open.
+    QString CopyWithWal() const {
+        const OtherProgram writer(source.Path());
+        EXPECT_EQ(writer.Run("PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"), SQLITE_OK);
+        const QString copy = Write(u"gnrdb.accdb"_s, Read(source.Path()));
+        Write(u"gnrdb.accdb-wal"_s, Read(source.Path() + u"-wal"_s));
+        return copy;
+    }
+
+    static QStringList FilesBeside(const QString& path) {
+        return QFileInfo(path).dir().entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
     QTemporaryDir folder;
     DatabaseFile source;
 };
@@ -74,6 +90,27 @@ TEST_F(SqliteOpening, AMissingFileIsNotCreated) {
 TEST_F(SqliteOpening, AFolderIsNoDatabase) {
     EXPECT_EQ(Refusal(folder.path()),
               u"「"_s + folder.path() + u"」はフォルダーです。データベースのファイルを指定してください。"_s);
+}
+
+TEST_F(SqliteOpening, WhatIsNoPlainFileIsRefusedAtOnce) {
+    const QString pipe = folder.filePath(u"管.accdb"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString link = folder.filePath(u"先.accdb"_s);
+    ASSERT_TRUE(QFile::link(pipe, link));
+    const QString socket = folder.filePath(u"口.accdb"_s);
+    QLocalServer server;
+    ASSERT_TRUE(server.listen(socket));
+    for (const QString& path : {pipe, link, socket, u"/dev/zero"_s, u"/dev/null"_s})
+        EXPECT_EQ(Refusal(path), u"「"_s + path + u"」は通常のファイルではありません。"_s);
+}
+
+TEST_F(SqliteOpening, AJournalThatIsNoPlainFileIsRefusedAtOnce) {
+    for (const QString& suffix : {u"-journal"_s, u"-wal"_s, u"-shm"_s}) {
+        const QString beside = source.Path() + suffix;
+        ASSERT_EQ(::mkfifo(QFile::encodeName(beside).constData(), 0600), 0);
+        EXPECT_EQ(Refusal(source.Path()), u"「"_s + beside + u"」は通常のファイルではありません。"_s);
+        ASSERT_TRUE(QFile::remove(beside));
+    }
 }
 
 TEST_F(SqliteOpening, AnEmptyFileIsTold) {
@@ -169,6 +206,63 @@ TEST_F(SqliteOpening, NoFileStaysInWalMode) {
     connection.Close();
     EXPECT_EQ(source.Value(u"PRAGMA journal_mode"_s), u"delete"_s);
     EXPECT_EQ(source.Value(u"SELECT COUNT(*) FROM 印"_s), u"2"_s);
+}
+
+TEST_F(SqliteOpening, AReaderOfAFileInWalModeLeavesTheFolderAndTheFileAsTheyAre) {
+    source.Run(u"PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"_s);
+    const QByteArray before = Read(source.Path());
+    Connection connection;
+    Open(connection, source.Path());
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+    EXPECT_EQ(FilesBeside(source.Path()), QStringList({u"gnrdb.accdb"_s}));
+    EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM 印"_s); }), kPermissionDenied);
+    EXPECT_EQ(Read(source.Path()), before);
+}
+
+TEST_F(SqliteOpening, AReaderOfAFileInWalModeSeesWhatOthersWriteLater) {
+    source.Run(u"PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"_s);
+    Connection reader;
+    Open(reader, source.Path());
+    EXPECT_EQ(Column(reader, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+    Connection writer;
+    Open(writer, source.Path(), ConnectMode::ReadWrite);
+    writer.Execute(u"INSERT INTO 印 VALUES ('b')"_s);
+    writer.Execute(u"ALTER TABLE 印 ADD COLUMN 二 TEXT"_s);
+    EXPECT_EQ(Column(reader, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s, u"b"_s}));
+    EXPECT_EQ(Column(reader, u"SELECT 二 FROM 印"_s, u"二"), QStringList({u"(Null)"_s, u"(Null)"_s}));
+}
+
+TEST_F(SqliteOpening, WhatAKilledWriterLeftInItsWalIsReadAndBroughtIntoTheFile) {
+    const QString path = CopyWithWal();
+    Connection connection;
+    Open(connection, path);
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+    EXPECT_EQ(FilesBeside(path), QStringList({u"gnrdb.accdb"_s}));
+}
+
+TEST_F(SqliteOpening, WhatAKilledWriterLeftInItsWalIsRefusedToAUserWhoMayNotWrite) {
+    const QString path = CopyWithWal();
+    ASSERT_TRUE(QFile::setPermissions(path, QFileDevice::ReadOwner));
+    const QStringList before = FilesBeside(path);
+    const WithoutFileRights held;
+    Connection connection;
+    EXPECT_EQ(ErrorOf([&] { Open(connection, path); }),
+              u"データベース「"_s + path +
+                  u"」には、まだ本体に書き込まれていない内容 (-wal) があります。"
+                  "書き込む権限のある利用者が一度開くと読めるようになります。"_s);
+    EXPECT_EQ(FilesBeside(path), before);
+}
+
+TEST_F(SqliteOpening, AReaderBesideAProgramThatWorksInWalModeReadsWhatItWrote) {
+    const OtherProgram other(source.Path());
+    ASSERT_EQ(other.Run("PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"), SQLITE_OK);
+    const QStringList before = FilesBeside(source.Path());
+    Connection connection;
+    Open(connection, source.Path());
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s}));
+    ASSERT_EQ(other.Run("INSERT INTO 印 VALUES ('b')"), SQLITE_OK);
+    EXPECT_EQ(Column(connection, u"SELECT 値 FROM 印"_s, u"値"), QStringList({u"a"_s, u"b"_s}));
+    EXPECT_EQ(FilesBeside(source.Path()), before);
 }
 
 TEST_F(SqliteOpening, AFileThatMayNotBeWrittenIsOpenedForReading) {

@@ -100,6 +100,15 @@ TEST_F(SqliteSession, ABrokenRuleOfATableHasANumberOfItsOwn) {
     EXPECT_EQ(NumberOf([&] { connection.Execute(u"INSERT INTO 鍵 VALUES ('1')"_s); }), kIntegrityViolation);
 }
 
+TEST_F(SqliteSession, ATextOf16MebibytesIsReadAndALongerOneIsAnError) {
+    connection.Execute(u"CREATE VIEW 大 AS SELECT hex(zeroblob(8388608)) AS a"_s);
+    const QStringList cells = Column(connection, u"SELECT a FROM 大"_s, u"a");
+    ASSERT_EQ(cells.size(), 1);
+    EXPECT_EQ(cells.first().size(), 16 << 20);
+    EXPECT_EQ(Words(u"SELECT a || 'x' FROM 大"_s), u"値が長すぎます (16 MiB まで)。"_s);
+    EXPECT_EQ(Words(u"SELECT length(a || a) FROM 大"_s), u"string or blob too big"_s);
+}
+
 TEST_F(SqliteSession, ATransactionOfTheCallerIsNoReadScope) {
     connection.Execute(u"BEGIN IMMEDIATE"_s);
     {

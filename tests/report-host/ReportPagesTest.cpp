@@ -1,6 +1,8 @@
 #include <QFile>
 #include <QPainter>
 
+#include <sys/stat.h>
+
 #include "report-host/ReportFixture.h"
 
 using namespace Qt::StringLiterals;
@@ -272,4 +274,18 @@ TEST_F(ReportTest, FormOfTheirOwnIsPrintedAsWritten) {
     const PdfFile pdf = Pdf(kList);
     EXPECT_EQ(pdf.Text(0), u"森鷗外／1／[件]"_s);
     EXPECT_NEAR(InkWithin(pdf.Picture(0), QRectF(0, 15, 50, 30)).width(), 10.2, 0.3);
+}
+
+TEST_F(ReportTest, APictureThatIsNoPlainFileIsLeftOutAtOnce) {
+    const QString pipe = folder.filePath(u"logo.png"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QRectF place(12, 186, 20, 16);
+    for (const QString& path : {pipe, u"/dev/zero"_s}) {
+        WorkRow row = Recipient();
+        row[u"ユーザ会社ロゴfile"_s] = path;
+        AddRow(kEnvelope, row);
+    }
+    const PdfFile pdf = Pdf(kEnvelope);
+    ASSERT_EQ(pdf.Pages(), 2);
+    for (int page = 0; page < 2; ++page) EXPECT_TRUE(InkWithin(pdf.Picture(page), place).isEmpty());
 }

@@ -5,13 +5,23 @@
 #include <algorithm>
 
 #include <sys/prctl.h>
+#include <xcb/xcb.h>
 #include <csignal>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kPatience = 60000;  // milliseconds
+
+xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData());
+    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+    const xcb_atom_t atom = reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom;
+    std::free(reply);
+    return atom;
 }
+}  // namespace
 
 VirtualScreen::VirtualScreen() {
     server_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
@@ -93,4 +103,18 @@ bool VirtualScreen::Type(const QString& window, const QString& text) const {
 bool VirtualScreen::Click(const QString& window, const QPoint& place) const {
     return Focus(window) && Work({u"mousemove"_s, u"--window"_s, window, QString::number(place.x()),
                                   QString::number(place.y()), u"click"_s, u"1"_s});
+}
+
+bool VirtualScreen::PressCloseBox(const QString& window) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window.toUInt();
+    message.type = AtomOf(connection, "WM_PROTOCOLS");
+    message.data.data32[0] = AtomOf(connection, "WM_DELETE_WINDOW");
+    xcb_send_event(connection, 0, message.window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
+    const bool sent = xcb_flush(connection) > 0 && AtomOf(connection, "WM_PROTOCOLS") == message.type;
+    xcb_disconnect(connection);
+    return sent;
 }

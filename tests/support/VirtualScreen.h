@@ -26,6 +26,9 @@ class VirtualScreen {
     /// Clicks a place of a window, in pixels from its upper left corner.
     bool Click(const QString& window, const QPoint& place) const;
 
+    /// Presses the close box of a window, as a window manager passes it on.
+    bool PressCloseBox(const QString& window) const;
+
   private:
     QStringList Windows() const;
     /// Waits until the window has the keyboard; False when it never gets it.

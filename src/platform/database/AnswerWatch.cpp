@@ -10,6 +10,9 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <utility>
+
+#include "platform/EndRequest.h"
 
 namespace platform {
 namespace {
@@ -20,6 +23,9 @@ bool IsNetworkConnection(int descriptor) {
     if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0) return false;
     return peer.ss_family == AF_INET || peer.ss_family == AF_INET6;
 }
+
+constexpr auto kBetweenPolls = std::chrono::milliseconds(200);
+constexpr auto kTimeToCancel = std::chrono::seconds(2);
 
 struct Socket {
     int descriptor;
@@ -60,14 +66,12 @@ AnswerWatch::~AnswerWatch() {
 }
 
 void AnswerWatch::Begin(Clock::duration patience) {
-    if (patience <= Clock::duration::zero()) return;
     for (const Socket& socket : NetworkConnections()) {
         if (before_.count(socket.identity) != 0) continue;
         // The driver may close its own at any time, and the number may be another file's when the time is over.
         const int own = ::fcntl(socket.descriptor, F_DUPFD_CLOEXEC, 0);
         if (own >= 0) sockets_.push_back(own);
     }
-    if (sockets_.empty()) return;
     patience_ = patience;
     try {
         thread_ = std::thread([this] { Watch(); });
@@ -81,30 +85,78 @@ bool AnswerWatch::Ended() const {
     return ended_;
 }
 
+// Whoever waits for the answer is not able to notice the request.
+void AnswerWatch::FollowEndRequest(Clock::time_point now) {
+    if (turns_ == 0 || endSeen_ || !EndRequested()) return;
+    endSeen_ = true;
+    deadline_ = std::min(deadline_, now + kTimeToCancel);
+    if (cancel_ != nullptr) CallCancel();
+}
+
+// Not on the watcher's thread: a cancel connects to the server, and may wait there for ever.
+void AnswerWatch::CallCancel() {
+    call_ = std::make_shared<CancelCall>();
+    try {
+        std::thread([call = call_, cancel = cancel_, statement = statement_] {
+            cancel(statement);
+            const std::lock_guard lock(call->mutex);
+            call->returned = true;
+            call->changed.notify_one();
+        }).detach();
+    } catch (const std::system_error&) {
+        call_.reset();
+    }
+}
+
 // A turn need not wake the watcher: one that begins while it sleeps ends no earlier than it wakes by itself.
 void AnswerWatch::Watch() {
     std::unique_lock lock(mutex_);
     while (!over_) {
         const Clock::time_point now = Clock::now();
+        FollowEndRequest(now);
         if (deadline_ <= now) {
             ended_ = true;
             for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
             return;
         }
-        changed_.wait_until(lock, std::min(deadline_, now + patience_));
+        const bool limited = patience_ > Clock::duration::zero();
+        changed_.wait_until(
+            lock,
+            std::min(deadline_, now + (limited ? std::min<Clock::duration>(patience_, kBetweenPolls) : kBetweenPolls)));
     }
 }
 
 AnswerWatch::Turn::Turn(AnswerWatch& watch) : watch_(watch) {
     const std::lock_guard lock(watch_.mutex_);
-    outermost_ = watch_.deadline_ == Clock::time_point::max();
-    if (outermost_ && watch_.thread_.joinable()) watch_.deadline_ = Clock::now() + watch_.patience_;
+    outermost_ = watch_.turns_++ == 0;
+    if (outermost_ && watch_.patience_ > Clock::duration::zero() && !watch_.sockets_.empty())
+        watch_.deadline_ = Clock::now() + watch_.patience_;
 }
 
 AnswerWatch::Turn::~Turn() {
-    if (!outermost_) return;
     const std::lock_guard lock(watch_.mutex_);
+    --watch_.turns_;
+    if (!outermost_) return;
     watch_.deadline_ = Clock::time_point::max();
+    watch_.endSeen_ = false;
+}
+
+AnswerWatch::Cancellable::Cancellable(AnswerWatch& watch, Cancel cancel, void* statement) : watch_(watch) {
+    const std::lock_guard lock(watch_.mutex_);
+    watch_.cancel_ = cancel;
+    watch_.statement_ = statement;
+}
+
+AnswerWatch::Cancellable::~Cancellable() {
+    std::shared_ptr<CancelCall> call;
+    {
+        const std::lock_guard lock(watch_.mutex_);
+        watch_.cancel_ = nullptr;
+        call = std::exchange(watch_.call_, nullptr);
+    }
+    if (call == nullptr) return;
+    std::unique_lock lock(call->mutex);
+    call->changed.wait_for(lock, kTimeToCancel, [&] { return call->returned; });
 }
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <thread>
@@ -12,7 +13,9 @@ namespace platform {
 /// Ends the network connection of a driver that waits for an answer too long. Time-outs of a server reach nobody where
 /// what it says gets lost, and a network that takes everything and gives nothing back, as a balancer between them does
 /// that hangs, is no fault to TCP: a driver without a time-out of its own waits for ever. Its sockets are found as
-/// those that have come while it connected; where none can be found nothing is watched.
+/// those that have come while it connected; where none can be found only statements are watched.
+///
+/// A request to end the program cancels the statement that runs, and two seconds later ends the connection.
 class AnswerWatch {
   public:
     using Clock = std::chrono::steady_clock;
@@ -42,8 +45,30 @@ class AnswerWatch {
         bool outermost_;
     };
 
+    /// A statement that runs; `cancel` is called with it, on a thread of its own, when the program is asked to end.
+    class Cancellable {
+      public:
+        using Cancel = void (*)(void* statement);
+        Cancellable(AnswerWatch& watch, Cancel cancel, void* statement);
+        /// Waits up to two seconds for a cancel that has been called, since the statement is freed next.
+        ~Cancellable();
+        Cancellable(const Cancellable&) = delete;
+        Cancellable& operator=(const Cancellable&) = delete;
+
+      private:
+        AnswerWatch& watch_;
+    };
+
   private:
+    struct CancelCall {
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool returned = false;
+    };
+
     void Watch();
+    void FollowEndRequest(Clock::time_point now);
+    void CallCancel();
 
     std::set<unsigned long> before_;  // sockets that are none of the driver's
     std::vector<int> sockets_;        // descriptors of our own for the driver's
@@ -51,7 +76,11 @@ class AnswerWatch {
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     Clock::time_point deadline_ = Clock::time_point::max();  // of the turn that runs
-    bool ended_ = false, over_ = false;
+    int turns_ = 0;
+    Cancellable::Cancel cancel_ = nullptr;  // of the statement that runs
+    void* statement_ = nullptr;
+    std::shared_ptr<CancelCall> call_;
+    bool endSeen_ = false, ended_ = false, over_ = false;
     std::thread thread_;
 };
 

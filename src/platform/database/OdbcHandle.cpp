@@ -27,6 +27,39 @@ constexpr std::array<StateNumber, 7> kStates = {{
 constexpr std::array<long, 7> kMariaDbRefusals = {1044, 1142, 1143, 1227, 1290, 1370, 1792};
 constexpr long kMariaDbLoginFailed = 1045;
 
+struct StateText {
+    QLatin1StringView state;  // its beginning
+    const char* explanation;
+};
+
+// The first that fits counts, after the numbers.
+constexpr StateText kExplanations[] = {
+    {QLatin1StringView("08"), "サーバーに接続できません。"},
+    {QLatin1StringView("57"), "サーバーが停止しました。"},
+    {QLatin1StringView("HYT"), "サーバーが時間内に応答しません。"},
+    {QLatin1StringView("IM"), "ODBC ドライバーを使えません。"},
+    {QLatin1StringView("53"), "サーバーの資源が足りません。"},
+    {QLatin1StringView("HY001"), "メモリーが足りません。"},
+};
+
+QString Explanation(long number, const QString& state) {
+    switch (number) {
+        case kPermissionDenied:
+            return QStringLiteral("データベースを使う権限がありません。");
+        case kLoginFailed:
+            return QStringLiteral("サーバーがユーザー ID またはパスワードを受け付けません。");
+        case kIntegrityViolation:
+            return QStringLiteral("データベースの規則に反する値です。");
+        case kStatementFailure:
+            return QStringLiteral("SQL 文を実行できません。");
+        default:
+            break;
+    }
+    for (const StateText& row : kExplanations)
+        if (state.startsWith(row.state)) return QString::fromUtf8(row.explanation);
+    return QStringLiteral("データベースのサーバーに問題が発生しました。");
+}
+
 struct Diagnosis {
     QString state, text;
     long code = 0;
@@ -68,14 +101,17 @@ long NumberOfOdbcState(QStringView state, long code) {
     return row == kStates.end() ? kEngineFailure : row->number;
 }
 
-DatabaseError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle) {
+EngineError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle) {
     const QList<Diagnosis> diagnoses = Diagnoses(type, handle);
-    if (diagnoses.isEmpty()) return {kEngineFailure, QStringLiteral("ODBC ドライバーが理由を示しませんでした。")};
+    const QString unknown = QStringLiteral("ODBC ドライバーが理由を示しませんでした。");
+    if (diagnoses.isEmpty()) return {kEngineFailure, unknown, Explanation(kEngineFailure, {})};
     QStringList texts;
     for (const Diagnosis& diagnosis : diagnoses)
         if (!diagnosis.text.isEmpty()) texts.append(diagnosis.text);
     texts.removeDuplicates();
-    return {NumberOfOdbcState(diagnoses.first().state, diagnoses.first().code), texts.join(u' ')};
+    const Diagnosis& first = diagnoses.first();
+    const long number = NumberOfOdbcState(first.state, first.code);
+    return {number, texts.join(u' '), Explanation(number, first.state)};
 }
 
 namespace {
@@ -129,6 +165,7 @@ OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
         if (statementSeconds_ > 0)
             SQLSetStmtAttr(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsValue(static_cast<SQLULEN>(statementSeconds_)),
                            0);
+        const auto running = Cancellable(statement);
         // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
         const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
         if (result != SQL_NO_DATA) statement.Check(result);

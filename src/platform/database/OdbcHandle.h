@@ -8,14 +8,14 @@
 #include <memory>
 #include <utility>
 
-#include "platform/RuntimeError.h"
+#include "platform/EngineError.h"
 #include "platform/database/AnswerWatch.h"
 
 namespace platform {
 
 /// What the driver manager and the driver say about the last call on a handle: their words without the names of the
 /// components in front, all records apart by a blank, and the number that the suite knows the failure by.
-DatabaseError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle);
+EngineError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle);
 
 /// Number of a DatabaseError for an SQLSTATE and the engine's own code.
 long NumberOfOdbcState(QStringView state, long code);
@@ -81,6 +81,11 @@ class OdbcConnection {
             if (watch_->Ended()) RaiseNoAnswer();
             throw;
         }
+    }
+
+    /// While the object lives, a request to end the program cancels the statement.
+    AnswerWatch::Cancellable Cancellable(const OdbcStatement& statement) const {
+        return {*watch_, [](void* handle) { SQLCancel(handle); }, statement.Get()};
     }
 
   private:

@@ -148,6 +148,7 @@ class BlockReader {
                 longest = std::max(longest, unknown ? column.room * 2 : column.lengths[row]);
             }
             if (longest + unit_ <= column.room) continue;
+            if (longest / unit_ > ResultTable::kLongestCell) ResultTable::RefuseCell();
             column.room = longest + unit_ * kFirstUnits;
             widened = true;
         }
@@ -200,6 +201,7 @@ void ReadByPieces(const OdbcStatement& statement, SQLSMALLINT columns, ResultTab
                 text.append(reinterpret_cast<const QChar*>(piece.data()),
                             whole ? left / 2 : static_cast<qsizetype>(piece.size()) - 1);
                 if (whole) break;
+                if (text.size() > ResultTable::kLongestCell) ResultTable::RefuseCell();
             }
             if (left == SQL_NULL_DATA)
                 result.AppendNull();

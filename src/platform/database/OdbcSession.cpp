@@ -119,6 +119,7 @@ std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failu
     std::shared_ptr<ResultTable> rows;
     const auto read = [&] {
         const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+        const auto running = connection_.Cancellable(statement);
         return ReadOdbcRows(statement, engine_.fetch);
     };
     Guarded([&] { rows = connection_.InTime(read); }, failure);

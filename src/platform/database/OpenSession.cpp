@@ -1,6 +1,7 @@
 #include <array>
 
 #include "platform/database/DatabaseSession.h"
+#include "platform/database/EndableSession.h"
 #include "platform/database/OdbcSession.h"
 #include "platform/database/SqliteSession.h"
 
@@ -23,8 +24,9 @@ const std::array<Provider, 2> kProviders = {{
 
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request) {
     for (const Provider& provider : kProviders)
-        if (request.provider.startsWith(provider.prefix, Qt::CaseInsensitive)) return provider.open(request);
-    return OpenOdbcSession(request);
+        if (request.provider.startsWith(provider.prefix, Qt::CaseInsensitive))
+            return std::make_unique<EndableSession>(provider.open(request));
+    return std::make_unique<EndableSession>(OpenOdbcSession(request));
 }
 
 }  // namespace platform

@@ -72,8 +72,15 @@ qsizetype ResultTable::Size() const {
     return static_cast<qsizetype>(bytes);
 }
 
+void ResultTable::RefuseCell() {
+    throw DatabaseError(kStatementFailure, QStringLiteral("値が長すぎます (16 MiB まで)。"));
+}
+
 void ResultTable::BeginRow() {
+    if (!blocks_.empty() && bytesBefore_ + blocks_.back().used > mostBytes_)
+        throw DatabaseError(kEngineFailure, QStringLiteral("検索結果が大きすぎます。"));
     if (rowCount_++ % kRowsInBlock != 0) return;
+    if (!blocks_.empty()) bytesBefore_ += blocks_.back().used;
     Block block;
     if (!blocks_.empty()) {
         // Blocks of one result are much alike: a little room to spare saves growing by doubling.
@@ -86,6 +93,7 @@ void ResultTable::BeginRow() {
 }
 
 void ResultTable::AppendText(QByteArrayView utf8) {
+    if (utf8.size() > kLongestCell) RefuseCell();
     Block& block = blocks_.back();
     const auto size = static_cast<size_t>(utf8.size());
     const size_t end = block.used + size;

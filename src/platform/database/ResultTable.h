@@ -37,7 +37,11 @@ class ColumnSet {
 /// only the cells that are asked for are ever turned into one.
 class ResultTable {
   public:
-    explicit ResultTable(std::shared_ptr<const ColumnSet> columns) : columns_(std::move(columns)) {}
+    static constexpr qsizetype kLongestCell = qsizetype{16} << 20;  // bytes; no cell of the suite comes near
+    static constexpr size_t kMostBytes = size_t{1} << 30;           // of all cells; some millions of staff rows
+
+    explicit ResultTable(std::shared_ptr<const ColumnSet> columns, size_t mostBytes = kMostBytes)
+        : columns_(std::move(columns)), mostBytes_(mostBytes) {}
 
     const ColumnSet& Columns() const { return *columns_; }
     const std::shared_ptr<const ColumnSet>& SharedColumns() const { return columns_; }
@@ -45,10 +49,12 @@ class ResultTable {
     /// Bytes held, roughly.
     qsizetype Size() const;
 
+    /// DatabaseError when the rows before it have more than the most bytes: an endless result has to end somewhere.
     void BeginRow();
-    /// Appends the next cell of the row begun last. DatabaseError when 256 rows together pass 2 GB.
+    /// Appends the next cell of the row begun last. DatabaseError for more than kLongestCell.
     void AppendText(QByteArrayView utf8);
     void AppendNull();
+    [[noreturn]] static void RefuseCell();
 
     bool IsNull(int row, int column) const;
     /// Where the cell above has the same text, both share one QString: names of departments and classes are the
@@ -82,6 +88,8 @@ class ResultTable {
     bool SameBlock(int row, int other) const { return row / kRowsInBlock == other / kRowsInBlock; }
 
     std::shared_ptr<const ColumnSet> columns_;
+    size_t mostBytes_;
+    size_t bytesBefore_ = 0;  // in all blocks before the last
     std::vector<Block> blocks_;
     mutable std::vector<LastText> lastTexts_;  // for each column, once the first cell has been asked for
     int rowCount_ = 0;

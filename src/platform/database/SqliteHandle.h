@@ -5,7 +5,7 @@
 #include <QString>
 #include <memory>
 
-#include "platform/RuntimeError.h"
+#include "platform/EngineError.h"
 
 namespace platform {
 
@@ -17,7 +17,7 @@ using SqliteDatabase = std::unique_ptr<sqlite3, SqliteCloser>;
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteCloser>;
 
 /// The engine's last failure on this database: its own words, and the number that the suite knows it by.
-DatabaseError SqliteFailure(sqlite3* database);
+EngineError SqliteFailure(sqlite3* database);
 
 /// Number of a DatabaseError for an (extended) result code of the engine.
 long NumberOfSqliteCode(int code);

@@ -7,7 +7,10 @@
 #include <array>
 
 #include "platform/JetHeader.h"
+#include "platform/EndRequest.h"
+#include "platform/PlainFile.h"
 #include "platform/database/LockWait.h"
+#include "platform/database/WalMode.h"
 
 namespace platform {
 namespace {
@@ -24,13 +27,25 @@ const char* const kJetText =
     "「%1」は Jet/ACE 形式のデータベースで、この環境では直接開けません。"
     "suite-setup init でインストールを作り、suite-setup import インストール 元ファイル で取り込んでください。";
 
+const QString kNotPlain = QStringLiteral("「%1」は通常のファイルではありません。");
+
+// The engine opens these beside the database, and would wait for the other end of a pipe.
+void CheckSideFiles(const QString& path) {
+    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+        const QString side = path + QLatin1StringView(suffix);
+        if (IsSpecialFile(side)) Refuse(kNotPlain, side);
+    }
+}
+
 void CheckFile(const QString& path) {
     const QFileInfo info(path);
     if (info.isDir())
         Refuse(QStringLiteral("「%1」はフォルダーです。データベースのファイルを指定してください。"), path);
     if (!info.exists()) Refuse(QStringLiteral("データベース「%1」が見つかりません。"), path);
+    if (IsSpecialFile(path)) Refuse(kNotPlain, path);
+    CheckSideFiles(path);
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
+    if (!OpenPlainFile(file)) Refuse(QStringLiteral("データベース「%1」を読む権限がありません。"), path);
     if (file.size() == 0) Refuse(QStringLiteral("データベース「%1」は空のファイルです (0 バイト)。"), path);
     const QByteArray header = file.read(kHeaderBytes);
     if (IsJetHeader(header)) Refuse(QString::fromUtf8(kJetText), path);
@@ -39,17 +54,33 @@ void CheckFile(const QString& path) {
     if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);
 }
 
-SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
+constexpr int kStepsBetweenPolls = 20000;         // of the engine's machine, about a millisecond
+constexpr int kLongestValue = (16 << 20) + 4096;  // bytes of a text, also in the middle of an expression
+
+int BreakOff(void* /*unused*/) { return EndRequested() ? 1 : 0; }
+
+// A view or a trigger of the file may work without an end, or build a text without one.
+void LimitWork(sqlite3* database) {
+    sqlite3_progress_handler(database, kStepsBetweenPolls, BreakOff, nullptr);
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
+}
+
+SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags, int lockWait) {
     sqlite3* raw = nullptr;
-    const int code = sqlite3_open_v2(QFile::encodeName(path).constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code = sqlite3_open_v2(name.constData(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     SqliteDatabase database(raw);
     if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
     sqlite3_extended_result_codes(raw, 1);
     WaitForLocks(raw, lockWait);
+    LimitWork(raw);
     // A misspelled name in double quotes is an error and not a text.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     return database;
+}
+
+SqliteDatabase OpenHandle(const QString& path, int flags, int lockWait) {
+    return OpenNamed(QFile::encodeName(path), path, flags, lockWait);
 }
 
 int ReadSchema(sqlite3* database) { return RunPlain(database, "SELECT COUNT(*) FROM sqlite_schema"); }
@@ -84,6 +115,25 @@ void SetUpWriter(sqlite3* database, bool scratch) {
     if (scratch) RunPlain(database, "PRAGMA journal_mode=MEMORY");
 }
 
+const char* const kContentInWal =
+    "データベース「%1」には、まだ本体に書き込まれていない内容 (-wal) があります。"
+    "書き込む権限のある利用者が一度開くと読めるようになります。";
+
+// What a killed writer left in its -wal file is brought into the file where this user may write it.
+SqliteDatabase OpenReader(const QString& path, int lockWait) {
+    if (WalReadingOf(path) == WalReading::Refused && MayWriteFile(path))
+        SetUpWriter(OpenHandle(path, SQLITE_OPEN_READWRITE, lockWait).get(), false);
+    switch (WalReadingOf(path)) {
+        case WalReading::Ordinary:
+            break;
+        case WalReading::WithoutLocks:
+            return OpenNamed(NameWithoutLocks(path), path, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, lockWait);
+        case WalReading::Refused:
+            Refuse(QString::fromUtf8(kContentInWal), path);
+    }
+    return OpenHandle(path, SQLITE_OPEN_READONLY, lockWait);
+}
+
 }  // namespace
 
 int LockWaitMilliseconds(int timeoutSeconds) {
@@ -99,7 +149,7 @@ QString SqlitePath(const QString& dataSource) {
 }
 
 bool RollBackHotJournal(const QString& path) {
-    if (!QFileInfo(path).isWritable()) return false;
+    if (!MayWriteFile(path)) return false;
     const SqliteDatabase writer = OpenHandle(path, SQLITE_OPEN_READWRITE, kLongestLockWait);
     return ReadSchema(writer.get()) == SQLITE_OK;
 }
@@ -107,13 +157,13 @@ bool RollBackHotJournal(const QString& path) {
 SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
     const QString path = SqlitePath(request.dataSource);
     CheckFile(path);
-    const bool reader = request.mode == ConnectMode::Read;
-    const int flags = reader ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const bool reader = request.mode == ConnectMode::Read || !MayWriteFile(path);
     const int wait = LockWaitMilliseconds(request.connectionTimeout);
-    SqliteDatabase database = OpenHandle(path, flags, wait);
+    const auto open = [&] { return reader ? OpenReader(path, wait) : OpenHandle(path, SQLITE_OPEN_READWRITE, wait); };
+    SqliteDatabase database = open();
     int code = ReadSchema(database.get());
     if (code == SQLITE_READONLY_ROLLBACK && RollBackHotJournal(path)) {
-        database = OpenHandle(path, flags, wait);
+        database = open();
         code = ReadSchema(database.get());
     }
     if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);

@@ -38,13 +38,33 @@ std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& requ
     return std::make_unique<SqliteSession>(request);
 }
 
-SqliteSession::SqliteSession(const ConnectionRequest& request) : SqliteSession(OpenSqliteFile(request), request.rules) {
-    path_ = SqlitePath(request.dataSource);
+// The version is taken before the opening, so that a change in between is noticed later.
+SqliteSession::SqliteSession(const ConnectionRequest& request)
+    : request_(request),
+      path_(SqlitePath(request.dataSource)),
+      version_(FileVersionOf(path_)),
+      rules_(request.rules),
+      database_(OpenSqliteFile(request)) {
+    SetUp();
 }
 
 SqliteSession::SqliteSession(SqliteDatabase database, const TextRules& rules)
     : rules_(rules), database_(std::move(database)) {
+    SetUp();
+}
+
+void SqliteSession::SetUp() {
+    if (!IsWithoutLocks(database_.get())) version_.reset();
     if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
+}
+
+// The engine keeps what it has read of such a file for ever.
+void SqliteSession::ReopenChangedFile() {
+    if (!version_ || scope_ || FileVersionOf(path_) == *version_) return;
+    statements_.Clear();
+    version_ = FileVersionOf(path_);
+    database_ = OpenSqliteFile(request_);
+    SetUp();
 }
 
 SqliteSession::~SqliteSession() { EndReadScope(); }
@@ -52,6 +72,7 @@ SqliteSession::~SqliteSession() { EndReadScope(); }
 // A literal may stand where the engine takes no parameter, as the name of a table or a collation does. Then, and
 // for the wording of every failure, the statement counts as it was written.
 PreparedStatement& SqliteSession::Prepare(const QString& sql) {
+    ReopenChangedFile();
     lifted_.Lift(sql);
     if (lifted_.LiteralCount() > 0) {
         try {
@@ -151,6 +172,11 @@ void SqliteSession::Insert(RecordTarget& target, const std::vector<WrittenField>
 // The engine fixes its snapshot with the first read and not with BEGIN.
 bool SqliteSession::BeginReadScope() noexcept {
     if (scope_ || sqlite3_get_autocommit(database_.get()) == 0) return false;
+    try {
+        ReopenChangedFile();
+    } catch (const DatabaseError&) {
+        return false;
+    }
     if (RunPlain(database_.get(), "BEGIN") != SQLITE_OK) return false;
     scope_ = RunPlain(database_.get(), "SELECT 1 FROM sqlite_schema LIMIT 1") == SQLITE_OK;
     if (!scope_) RunPlain(database_.get(), "ROLLBACK");

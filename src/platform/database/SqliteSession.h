@@ -1,10 +1,13 @@
 #pragma once
 
+#include <optional>
+
 #include "platform/database/DatabaseSession.h"
 #include "platform/database/LiteralLift.h"
 #include "platform/database/PreparedStatements.h"
 #include "platform/database/ReadMemory.h"
 #include "platform/database/SqliteHandle.h"
+#include "platform/database/WalMode.h"
 
 namespace platform {
 
@@ -28,13 +31,17 @@ class SqliteSession : public DatabaseSession {
 
   private:
     bool LeaveTransaction() noexcept;
+    void SetUp();
+    void ReopenChangedFile();
     PreparedStatement& Prepare(const QString& sql);
     PreparedStatement Compile(const QString& sql);
     void BindLiterals(const PreparedStatement& statement);
     int FirstStep(PreparedStatement& statement);
     std::shared_ptr<ResultTable> ReadRows(PreparedStatement& statement);
 
+    ConnectionRequest request_;
     QString path_;
+    std::optional<FileVersion> version_;  // of a file that is read without locks
     TextRules rules_;
     SqliteDatabase database_;
     PreparedStatements statements_;

@@ -1,5 +1,8 @@
+#include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <algorithm>
 
+#include "platform/EndRequest.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
@@ -9,7 +12,8 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-constexpr int kNoLimit = -1;  // a long report takes as long as it takes
+constexpr qint64 kBetweenPolls = 200;  // milliseconds
+constexpr int kNoLimit = -1;           // a long report takes as long as it takes
 
 class SocketReportHost : public ReportHost {
   public:
@@ -31,9 +35,24 @@ class SocketReportHost : public ReportHost {
     }
 
   private:
+    /// True when there is more to read; False after the timeout or at the end of the connection. No event is processed
+    /// meanwhile, so requests to end the program are looked for.
+    bool WaitForMore(int timeout) {
+        const QDeadlineTimer end(timeout);
+        do {
+            const auto wait = end.isForever() ? kBetweenPolls : std::min<qint64>(kBetweenPolls, end.remainingTime());
+            if (socket_.waitForReadyRead(static_cast<int>(wait))) return true;
+            if (EndRequested()) {
+                CarryOutEndRequest();
+                return false;
+            }
+        } while (socket_.state() == QLocalSocket::ConnectedState && !end.hasExpired());
+        return false;
+    }
+
     QByteArray ReadLine(int patience) {
         while (!socket_.canReadLine()) {
-            if (socket_.waitForReadyRead(patience)) continue;
+            if (WaitForMore(patience)) continue;
             const bool silent = socket_.state() == QLocalSocket::ConnectedState;
             throw RuntimeError(kHostGone,
                                silent ? u"帳票ホストが応答しません。"_s : u"帳票ホストが途中で終了しました。"_s);

@@ -2,6 +2,7 @@
 // the same rows. It stands for the drivers of engines that get statements as they are written.
 //   MEIBO_TEST_DRIVER_LOG     the file that it writes to, one line for each call
 //   MEIBO_TEST_DRIVER_ENGINE  the engine that it says it is for
+//   MEIBO_TEST_DRIVER_CELL    units of the first column's text in each row, where that is set
 
 #include <sql.h>
 #include <sqlext.h>
@@ -33,6 +34,8 @@ struct Statement {
 
 // A text that takes several pieces, with a sign of two units across the border of the first, then a Null.
 std::vector<Cell> RowAt(int row) {
+    if (const char* units = std::getenv("MEIBO_TEST_DRIVER_CELL"))
+        return {{Text(std::strtoul(units, nullptr, 10), u'x')}, {u"", true}};
     if (row == 0) return {{Text(1022, u'長') + u"𠮷" + Text(2000, u'い')}, {u"", true}};
     return {{u""}, {u"短"}};
 }

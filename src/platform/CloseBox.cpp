@@ -1,0 +1,94 @@
+#include "platform/CloseBox.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QGuiApplication>
+
+#include <dlfcn.h>
+#include <xcb/xcb.h>
+
+#include <atomic>
+#include <cstdlib>
+
+// The toolkit reads what the X server sends in a thread of its own and keeps it until the program processes events,
+// which it must not do inside a statement: handlers would run there. A second connection is never told of a close box,
+// and the toolkit's queue is private. So the two procedures of libxcb through which that thread reads are wrapped: the
+// definitions below come before those of the library in the order of the linker, look at each report on its way and
+// pass it on.
+
+namespace {
+
+std::atomic<xcb_atom_t> g_protocols = XCB_ATOM_NONE;
+std::atomic<xcb_atom_t> g_deleteWindow = XCB_ATOM_NONE;
+std::atomic<xcb_window_t> g_pending = XCB_WINDOW_NONE;
+
+xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData());
+    xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(connection, cookie, nullptr);
+    const xcb_atom_t atom = reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom;
+    std::free(reply);
+    return atom;
+}
+
+/// The window whose close box the report is about; none for any other report.
+xcb_window_t WindowToClose(const xcb_generic_event_t* event) {
+    constexpr unsigned kSentByAnotherProgram = 0x80;
+    if (event == nullptr || (event->response_type & ~kSentByAnotherProgram) != XCB_CLIENT_MESSAGE)
+        return XCB_WINDOW_NONE;
+    const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event);
+    const bool closes = g_deleteWindow != XCB_ATOM_NONE && message->format == 32 && message->type == g_protocols &&
+                        message->data.data32[0] == g_deleteWindow;
+    return closes ? message->window : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+xcb_generic_event_t* Noted(xcb_generic_event_t* event) {
+    if (const xcb_window_t window = WindowToClose(event)) g_pending = window;
+    return event;
+}
+
+/// Takes the note back when the toolkit comes to the report.
+class CloseBoxFilter : public QAbstractNativeEventFilter {
+  public:
+    bool nativeEventFilter(const QByteArray& type, void* event, qintptr* /*result*/) override {
+        if (type != "xcb_generic_event_t") return false;
+        xcb_window_t window = WindowToClose(static_cast<const xcb_generic_event_t*>(event));
+        if (window != XCB_WINDOW_NONE) g_pending.compare_exchange_strong(window, XCB_WINDOW_NONE);
+        return false;
+    }
+};
+
+}  // namespace
+
+extern "C" {
+
+xcb_generic_event_t* xcb_wait_for_event(xcb_connection_t* connection) {
+    static const auto library =
+        reinterpret_cast<decltype(&xcb_wait_for_event)>(::dlsym(RTLD_NEXT, "xcb_wait_for_event"));
+    return Noted(library(connection));
+}
+
+xcb_generic_event_t* xcb_poll_for_queued_event(xcb_connection_t* connection) {
+    static const auto library =
+        reinterpret_cast<decltype(&xcb_poll_for_queued_event)>(::dlsym(RTLD_NEXT, "xcb_poll_for_queued_event"));
+    return Noted(library(connection));
+}
+
+}  // extern "C"
+
+namespace platform {
+
+void WatchCloseBoxes() {
+    // Other platforms of the toolkit answer to this interface, too.
+    if (QGuiApplication::platformName() != QStringLiteral("xcb")) return;
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr || x11->connection() == nullptr) return;
+    static CloseBoxFilter filter;
+    qGuiApp->installNativeEventFilter(&filter);
+    g_protocols = AtomOf(x11->connection(), "WM_PROTOCOLS");
+    g_deleteWindow = AtomOf(x11->connection(), "WM_DELETE_WINDOW");
+}
+
+quintptr PendingCloseBox() { return g_pending; }
+
+void ForgetCloseBox() { g_pending = XCB_WINDOW_NONE; }
+
+}  // namespace platform
