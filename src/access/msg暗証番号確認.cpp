@@ -86,19 +86,21 @@ void msg暗証番号確認::OnLoad() {
 }
 
 void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found) {
+    platform::WipeText(clearPin_);
     platform::Recordset record;
-    found = OpenRecordset(record, StaffStatement(u"ログインID"_s, name), false);
+    found = OpenRecordset(record, StaffStatement(u"ログインID"_s, QuoteSqlText(name)), false);
     if (found) ShowPerson(*this, record);
     CloseQuietly(record);
     if (found) LookUpStaffByCode(Item(u"担当者コード"_s).Text(), found);
 }
 
 void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) {
+    // First of all: with a code that is not found, the PIN of the person before would sign in under that code.
+    platform::WipeText(clearPin_);
     platform::Recordset record;
     found = OpenRecordset(record, StaffStatement(u"コード"_s, code), false);
     if (found) {
         ShowPerson(*this, record);
-        platform::WipeText(clearPin_);
         const platform::Field stored = record[u"暗証番号"];
         if (!stored.IsNull()) clearPin_ = platform::Services().pins->ClearText(stored.Text());
         TakeRights(record);

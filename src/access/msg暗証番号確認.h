@@ -12,8 +12,8 @@ class msg暗証番号確認 : public Form {
     ~msg暗証番号確認() override;
 
     /// Fills code and name and takes over rights and PIN of a staff member who works here, for the office in scope or
-    /// the company as a whole. `found` tells whether there is one; without one everything stays as it was, the PIN of
-    /// the person before included.
+    /// the company as a whole. `found` is True when there is one. Otherwise, also after a failed read, items and rights
+    /// stay as they were, and the dialog has no PIN: only the office's privileged one still opens it.
     void LookUpStaffByCode(const QString& code, bool& found);
     /// The same by the name of a login, in whatever letter case.
     void LookUpStaffByLogin(const QString& name, bool& found);

@@ -38,7 +38,7 @@ QString BuildHistoryStatement(const QString& content) {
            u"VALUES ('"_s +
            stamp + u"', '"_s + globals.ProgramId + u"', '"_s + Twelve(globals.ProcCounter) + u"', '"_s + content +
            u"', '"_s + globals.Environment.OperatingOfficeCode + u"', '"_s + globals.Staff.LaunchingStaffCode +
-           u"', '"_s + globals.UserId + u"')"_s;
+           u"', '"_s + QuoteSqlText(globals.UserId) + u"')"_s;
 }
 
 void InsertHistoryRow(const QString& content) {

@@ -57,27 +57,53 @@ int CopiesInHeap(std::u16string backwards) {
 
 }  // namespace
 
-using PinDialogMemory = WithRights;
+namespace {
 
-TEST_F(PinDialogMemory, TheClearPinIsGoneWithTheDialog) {
-    const std::u16string backwards = u"9Q7WXJKV";
-    const SamplePins pins(installation.Root());
-    {
-        QString clear = QString::fromStdU16String({backwards.rbegin(), backwards.rend()});
+const std::u16string kBackwards = u"9Q7WXJKV";
+
+/// The PIN of 00001 is this one, encrypted as in an installation.
+class PinDialogMemory : public WithRights {
+  protected:
+    PinDialogMemory() {
+        const SamplePins pins(installation.Root());
+        QString clear = QString::fromStdU16String({kBackwards.rbegin(), kBackwards.rend()});
         SetStaff(u"暗証番号 = "_s + SqlLiteral(pins.Sealed(clear)));
         clear.fill(u' ');
+        platform::Services().pins =
+            std::make_unique<platform::SealedPins>(installation.ConfFolder() + u"/pin.key"_s, [](const QString&) {});
+        Globals().PinRequired = 1;
+        SetSignIn(QString());
     }
-    platform::Services().pins =
-        std::make_unique<platform::SealedPins>(installation.ConfFolder() + u"/pin.key"_s, [](const QString&) {});
-    Globals().PinRequired = 1;
+};
+
+}  // namespace
+
+TEST_F(PinDialogMemory, TheClearPinIsGoneWithTheDialog) {
     Globals().OsUserName = u"Taro"_s;
-    SetSignIn(QString());
     int whileOpen = 0;
     PinDialogDriver driver([&](PinDialogDriver& user) {
-        whileOpen = CopiesInHeap(backwards);
+        whileOpen = CopiesInHeap(kBackwards);
         user.Click(u"btn_キャンセル"_s);
     });
     EXPECT_FALSE(Check(4));
     EXPECT_EQ(whileOpen, 1);
-    EXPECT_EQ(CopiesInHeap(backwards), 0);
+    EXPECT_EQ(CopiesInHeap(kBackwards), 0);
+}
+
+TEST_F(PinDialogMemory, ALookupWithoutARowWipesTheClearPinOfThePersonBefore) {
+    int found = 0, notFound = 0;
+    PinDialogDriver driver([&](PinDialogDriver& user) {
+        user.Type(u"00001"_s);
+        user.Press(Qt::Key_Tab);
+        found = CopiesInHeap(kBackwards);
+        user.Click(u"担当者コード"_s);
+        user.Press(Qt::Key_A, Qt::ControlModifier);
+        user.Type(u"88888"_s);
+        user.Press(Qt::Key_Tab);
+        notFound = CopiesInHeap(kBackwards);
+        user.Click(u"btn_キャンセル"_s);
+    });
+    EXPECT_FALSE(Check(4));
+    EXPECT_EQ(found, 1);
+    EXPECT_EQ(notFound, 0);
 }

@@ -91,11 +91,21 @@ TEST_F(RunHistory, RowsCarryOfficeAndStaffOfTheirMoment) {
                                           u"出力終了 印刷"_s, u"002"_s, u""_s, u"tester"_s}));
 }
 
+TEST_F(RunHistory, ALoginNameWithAnApostropheHasAHistory) {
+    Globals().UserId = u"o'brien"_s;
+    RecordOutputStart(u"印刷"_s);
+    RecordOutputEnd(u"印刷"_s);
+    RecordRunError(u"no such table"_s);
+    RecordRunEnd();
+    EXPECT_EQ(History(), QStringList({u"出力開始 印刷"_s, u"出力終了 印刷"_s, u"エラー no such table"_s, u"終了"_s}));
+    for (const QStringList& row : Rows()) EXPECT_EQ(row.last(), u"o'brien"_s);
+}
+
 TEST_F(RunHistory, ALostRowUsesUpItsNumber) {
     RecordOutputStart(u"印刷"_s);
-    Globals().UserId = u"o'brien"_s;
+    installation.Configuration().Execute(u"ALTER TABLE プログラム稼動履歴 RENAME TO 退避"_s);
     RecordOutputEnd(u"印刷"_s);
-    Globals().UserId = u"tester"_s;
+    installation.Configuration().Execute(u"ALTER TABLE 退避 RENAME TO プログラム稼動履歴"_s);
     RecordRunEnd();
     EXPECT_EQ(Rows(),
               (QList<QStringList>{Row(u"000000000001"_s, u"出力開始 印刷"_s), Row(u"000000000003"_s, u"終了"_s)}));
