@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     application.setQuitOnLastWindowClosed(false);
     Dress(application);
     if (!door) return Refuse(u"帳票ファイルを指定してください。"_s);
-    if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s);
+    if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s + door->Refusal());
     HostService service(*door, formsFile, PrepareReport);
     service.Finished = [] { QCoreApplication::quit(); };
     platform::OnTerminationRequest([] { QCoreApplication::quit(); });

@@ -3,6 +3,7 @@
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
+#include "platform/report-host/SocketPeer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,8 @@ class SocketReportHost : public ReportHost {
         socket_.connectToServer(socketPath);
         if (socket_.state() != QLocalSocket::ConnectedState)
             throw RuntimeError(kHostNotFound, u"帳票ホストに接続できません。"_s);
+        if (!PeerIsSameUser(static_cast<int>(socket_.socketDescriptor())))
+            throw RuntimeError(kHostNotFound, u"帳票ホストの接続先は別の利用者のプログラムです。"_s);
     }
 
     void OpenReport(const QString& report, int view) override { Ask({HostVerb::OpenReport, report, view}, kNoLimit); }
