@@ -76,9 +76,8 @@ class HostFolderTest : public ::testing::Test {
 
 TEST_F(HostFolderTest, IsMadeForThisUserAloneInTheTemporaryFolder) {
     EXPECT_EQ(QFileInfo(HostSocketPath(Forms())).path(), Folder());
-    EXPECT_EQ(QFileInfo(Folder()).permissions(),
-              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadUser | QFile::WriteUser |
-                  QFile::ExeUser);
+    EXPECT_EQ(QFileInfo(Folder()).permissions(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                                     QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
     EXPECT_EQ(QFileInfo(HostSocketPath(Forms())).path(), Folder()) << "an existing one is used again";
 }
 

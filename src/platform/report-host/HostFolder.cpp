@@ -38,8 +38,9 @@ QByteArray HostFolder() {
     const QByteArray folder = FolderInTemporary();
     ::mkdir(folder.constData(), kOwnerOnly);
     if (IsOwnFolder(folder)) return folder;
-    throw RuntimeError(kHostNotFound, u"フォルダ「%1」は自分専用のものではないため、帳票ホストとの連絡に使えません。"_s.arg(
-                                          QFile::decodeName(folder)));
+    throw RuntimeError(kHostNotFound,
+                       u"フォルダ「%1」は自分専用のものではないため、帳票ホストとの連絡に使えません。"_s.arg(
+                           QFile::decodeName(folder)));
 }
 
 }  // namespace platform

@@ -1,5 +1,7 @@
+#include <QDeadlineTimer>
 #include <QLocalSocket>
 
+#include "platform/EndRequests.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
@@ -11,6 +13,7 @@ namespace platform {
 namespace {
 
 constexpr int kNoLimit = -1;  // a long report takes as long as it takes
+constexpr int kLook = 100;    // milliseconds between two looks whether the program is to end meanwhile
 
 class SocketReportHost : public ReportHost {
   public:
@@ -26,20 +29,22 @@ class SocketReportHost : public ReportHost {
     void Maximize() override { Ask({HostVerb::Maximize, {}, 0}, kNoLimit); }
     void Quit() override { Ask({HostVerb::Quit, {}, 0}, kNoLimit); }
 
-    void Ask(const HostRequest& request, int patience) {
+    void Ask(const HostRequest& request, int timeout) {
         socket_.write(LineOf(request));
-        const std::optional<HostAnswer> answer = ParseAnswer(ReadLine(patience));
+        const std::optional<HostAnswer> answer = ParseAnswer(ReadLine(QDeadlineTimer(timeout)));
         if (!answer) throw RuntimeError(kHostGone, u"帳票ホストの応答が正しくありません。"_s);
         if (answer->number != 0) throw RuntimeError(answer->number, answer->description);
     }
 
   private:
-    QByteArray ReadLine(int patience) {
+    QByteArray ReadLine(const QDeadlineTimer& end) {
         while (!socket_.canReadLine()) {
-            if (socket_.waitForReadyRead(patience)) continue;
-            const bool silent = socket_.state() == QLocalSocket::ConnectedState;
-            throw RuntimeError(kHostGone,
-                               silent ? u"帳票ホストが応答しません。"_s : u"帳票ホストが途中で終了しました。"_s);
+            const qint64 left = end.isForever() ? kLook : qMin<qint64>(kLook, end.remainingTime());
+            if (socket_.waitForReadyRead(static_cast<int>(left))) continue;
+            if (socket_.state() != QLocalSocket::ConnectedState)
+                throw RuntimeError(kHostGone, u"帳票ホストが途中で終了しました。"_s);
+            if (end.hasExpired()) throw RuntimeError(kHostGone, u"帳票ホストが応答しません。"_s);
+            ServeEndRequests();
         }
         return socket_.readLine();
     }

@@ -1,0 +1,32 @@
+#include "platform/EndRequests.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
+
+#include "platform/InputEvent.h"
+#include "platform/TerminationSignal.h"
+
+namespace platform {
+namespace {
+
+class InputDrop : public QObject {
+  public:
+    // Not every event loop leaves the sockets out when it is asked to; their data is still there afterwards.
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        return IsInput(event->type()) || event->type() == QEvent::SockAct;
+    }
+};
+
+}  // namespace
+
+void ServeEndRequests() {
+    QCoreApplication* application = QCoreApplication::instance();
+    if (application == nullptr || application->thread() != QThread::currentThread()) return;
+    ServeTerminationRequest();
+    InputDrop drop;
+    application->installEventFilter(&drop);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers);
+}
+
+}  // namespace platform
