@@ -36,8 +36,8 @@ class ReportEndTest : public MainFormTest {
     }
     static QStringList History(const SuiteUser& user) {
         QStringList rows;
-        for (const QStringList& row : user.Own(u"conf/usrcnfg.accdb"_s)
-                 .Rows(u"SELECT 摘要 FROM プログラム稼動履歴 ORDER BY proccounter"_s))
+        for (const QStringList& row :
+             user.Own(u"conf/usrcnfg.accdb"_s).Rows(u"SELECT 摘要 FROM プログラム稼動履歴 ORDER BY proccounter"_s))
             rows.append(row.first());
         return rows;
     }

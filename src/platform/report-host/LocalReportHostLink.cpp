@@ -13,7 +13,8 @@ namespace platform {
 namespace {
 
 constexpr int kNoLimit = -1;  // a long report takes as long as it takes
-constexpr int kLook = 100;    // milliseconds between two looks whether the program is to end meanwhile
+constexpr qint64 kLongestAnswer = 1 << 16;
+constexpr int kLook = 100;  // milliseconds between two looks whether the program is to end meanwhile
 
 class SocketReportHost : public ReportHost {
   public:
@@ -39,6 +40,7 @@ class SocketReportHost : public ReportHost {
   private:
     QByteArray ReadLine(const QDeadlineTimer& end) {
         while (!socket_.canReadLine()) {
+            if (socket_.bytesAvailable() > kLongestAnswer) return {};
             const qint64 left = end.isForever() ? kLook : qMin<qint64>(kLook, end.remainingTime());
             if (socket_.waitForReadyRead(static_cast<int>(left))) continue;
             if (socket_.state() != QLocalSocket::ConnectedState)
