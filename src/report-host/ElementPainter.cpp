@@ -3,7 +3,9 @@
 #include <QFileInfo>
 #include <QPainter>
 
+#include "report-host/FormLimits.h"
 #include "report-host/GlyphPainter.h"
+#include "report-host/RenderWatch.h"
 #include "report-host/TextFit.h"
 
 using namespace Qt::StringLiterals;
@@ -32,12 +34,16 @@ void PaintFrame(QPainter& painter, const FormElement& element) {
 
 QString Expand(const TextPattern& pattern, const FieldText& fields) {
     QString text;
-    for (const TextPiece& piece : pattern) text += piece.isField ? fields(piece.text) : piece.text;
+    for (const TextPiece& piece : pattern) {
+        text += piece.isField ? fields(piece.text) : piece.text;
+        if (text.size() > kMostCharacters) return text.left(kMostCharacters + 1);
+    }
     return text;
 }
 
 void ElementPainter::Paint(QPainter& painter, const QList<FormElement>& elements, const FieldText& fields) {
     for (const FormElement& element : elements) {
+        StopIfWanted();
         if (!element.onlyWith.isEmpty() && fields(element.onlyWith).isEmpty()) continue;
         switch (element.kind) {
             case ElementKind::Text:
@@ -102,7 +108,8 @@ const QImage& ElementPainter::Picture(const QString& path) {
     // The suite's paths carry the separator of its first home.
     QString file = path;
     if (!QFileInfo::exists(file)) file.replace(u'\\', u'/');
-    auto* picture = new QImage(file);
+    // A pipe would be waited for, and a device has no end.
+    auto* picture = new QImage(QFileInfo(file).isFile() ? QImage(file) : QImage());
     pictures_.insert(path, picture);
     return *picture;
 }

@@ -1,5 +1,6 @@
 #include "report-host/RowSpool.h"
 
+#include "platform/TerminationSignal.h"
 #include "report-host/SqliteRows.h"
 
 using namespace Qt::StringLiterals;
@@ -7,6 +8,8 @@ using namespace Qt::StringLiterals;
 namespace report {
 
 namespace {
+
+constexpr int kStepsBetweenLooks = 10000;  // of the engine
 
 QString ListOf(const QStringList& names) {
     QStringList quoted;
@@ -45,6 +48,9 @@ void RowSpool::Copy(sqlite3* source, const QString& select) {
     const QString places = QStringList(width, u"?"_s).join(u", "_s);
     const platform::SqliteStatement to =
         PrepareStatement(spool_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
+    // Sorting and views may take long before the first row comes.
+    sqlite3_progress_handler(
+        source, kStepsBetweenLooks, [](void*) -> int { return platform::TerminationRequested(); }, nullptr);
     platform::RunPlain(spool_.get(), "BEGIN");
     EachRow(source, from.get(), [&] {
         for (int i = 0; i < width; ++i)
