@@ -33,7 +33,7 @@ class Values {
         static const QStringList hostile{u""_s,
                                          u"1234567890-９"_s,
                                          u"ガギ\u3099\u309A\u0301\u200D\U000E0100"_s,
-                                         u"\u202E右から\u202C\uFFFF\uD800"_s,
+                                         u"\u202E右から\u202C\uFFFF"_s + QChar(0xD800),
                                          u"長い住所１２３－４５"_s.repeated(20),
                                          u"a\n\r\n\t\0"_s.repeated(20),
                                          u"iﬃ𠮷㍿"_s.repeated(50),
