@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QSocketNotifier>
 #include <csignal>
+#include <utility>
 #include <vector>
 
 #include "platform/ProcessDescriptor.h"
@@ -77,12 +78,9 @@ void ReapWhenEnded(pid_t child) {
     if (QCoreApplication::instance() == nullptr) return;
     const int descriptor = ::pidfd_open(child, 0);
     if (descriptor < 0) return;
-    auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, descriptor] {
+    WatchForEnd(descriptor, [descriptor] {
         int code = 0;
         HasEnded(descriptor, code);
-        notifier->setEnabled(false);
-        notifier->deleteLater();
         ::close(descriptor);
     });
 }
@@ -101,6 +99,17 @@ int StartChild(const QString& program, const QStringList& arguments, bool hidden
         return 0;
     ReapWhenEnded(child);
     return child;
+}
+
+QSocketNotifier* WatchForEnd(int processDescriptor, std::function<void()> ended) {
+    if (QCoreApplication::instance() == nullptr) return nullptr;
+    auto* notifier = new QSocketNotifier(processDescriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, ended = std::move(ended)] {
+        notifier->setEnabled(false);
+        notifier->deleteLater();
+        ended();
+    });
+    return notifier;
 }
 
 bool HasEnded(int processDescriptor, int& code) {

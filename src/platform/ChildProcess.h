@@ -2,6 +2,9 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
+
+class QSocketNotifier;
 
 namespace platform {
 
@@ -13,5 +16,9 @@ int StartChild(const QString& program, const QStringList& arguments, bool hidden
 /// True when the process behind the descriptor has ended. A child is reaped by this, and its exit code is left in
 /// `code`.
 bool HasEnded(int processDescriptor, int& code);
+
+/// Calls `ended` once when the process behind the descriptor has ended and events are let through. The watch has to be
+/// disabled before the descriptor is closed; it deletes itself after the call. None without an application object.
+QSocketNotifier* WatchForEnd(int processDescriptor, std::function<void()> ended);
 
 }  // namespace platform

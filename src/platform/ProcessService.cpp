@@ -7,12 +7,15 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QPointer>
 #include <QProcess>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "platform/ChildProcess.h"
 #include "platform/ProcessDescriptor.h"
@@ -23,11 +26,13 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-/// An open process: the descriptor can't come to mean another process when the id is used again.
+/// An open process: the descriptor can't come to mean another process when the id is used again. An ended one has none
+/// left, since a preview's handle stays open for the rest of the run.
 struct OpenedProcess {
     int descriptor = -1;
     bool ended = false;
     int exitCode = 0;
+    QPointer<QSocketNotifier> watch;
 };
 
 // Handles count from beyond every process id, so that an id is never mistaken for a handle.
@@ -38,9 +43,23 @@ QHash<quint32, OpenedProcess>& Handles() {
     return handles;
 }
 
+void Release(OpenedProcess& process) {
+    if (process.watch) {
+        process.watch->setEnabled(false);
+        process.watch->deleteLater();
+    }
+    if (process.descriptor >= 0) ::close(std::exchange(process.descriptor, -1));
+}
+
 bool Look(OpenedProcess& process) {
-    process.ended = process.ended || HasEnded(process.descriptor, process.exitCode);
-    return process.ended;
+    if (process.ended || !HasEnded(process.descriptor, process.exitCode)) return process.ended;
+    process.ended = true;
+    Release(process);
+    return true;
+}
+
+void LookAt(quint32 handle) {
+    if (const auto found = Handles().find(handle); found != Handles().end()) Look(*found);
 }
 
 QString ProgramFile(const QString& named) {
@@ -86,7 +105,7 @@ quint32 HostProcessService::OpenProcess(quint32 /*access*/, bool /*inherit*/, qu
     if (descriptor < 0) return 0;
     static quint32 next = kFirstHandle;
     const quint32 handle = next++;
-    Handles().insert(handle, {descriptor, false, 0});
+    Handles().insert(handle, {descriptor, false, 0, WatchForEnd(descriptor, [handle] { LookAt(handle); })});
     return handle;
 }
 
@@ -111,7 +130,7 @@ bool HostProcessService::TerminateProcess(quint32 handle, quint32 /*exitCode*/) 
 bool HostProcessService::CloseHandle(quint32 handle) {
     const auto found = Handles().find(handle);
     if (found == Handles().end()) return false;
-    ::close(found->descriptor);
+    Release(*found);
     Handles().erase(found);
     return true;
 }

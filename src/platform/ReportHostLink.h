@@ -6,7 +6,7 @@
 namespace platform {
 
 /// A running report host that has a forms file open. All members return when the host has done what they ask, and throw
-/// RuntimeError with the host's own description otherwise. No event is let through meanwhile.
+/// RuntimeError with the host's own description otherwise. Meanwhile nothing reaches the program but what ends it.
 class ReportHost {
   public:
     virtual ~ReportHost() = default;

@@ -10,4 +10,10 @@ namespace platform {
 /// application object; to be called once.
 void OnTerminationRequest(std::function<void()> handler);
 
+/// Runs the handler now where a request has come that it has not run for: for waits that let no event through.
+void ServeTerminationRequest();
+
+/// True as soon as a request has come, before the handler has run: for long work that ends early then.
+bool TerminationRequested();
+
 }  // namespace platform

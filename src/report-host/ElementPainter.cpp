@@ -6,7 +6,9 @@
 #include <QPainter>
 
 #include "platform/PlainFile.h"
+#include "report-host/FormLimits.h"
 #include "report-host/GlyphPainter.h"
+#include "report-host/RenderWatch.h"
 #include "report-host/TextFit.h"
 
 using namespace Qt::StringLiterals;
@@ -35,12 +37,16 @@ void PaintFrame(QPainter& painter, const FormElement& element) {
 
 QString Expand(const TextPattern& pattern, const FieldText& fields) {
     QString text;
-    for (const TextPiece& piece : pattern) text += piece.isField ? fields(piece.text) : piece.text;
+    for (const TextPiece& piece : pattern) {
+        text += piece.isField ? fields(piece.text) : piece.text;
+        if (text.size() > kMostCharacters) return text.left(kMostCharacters + 1);
+    }
     return text;
 }
 
 void ElementPainter::Paint(QPainter& painter, const QList<FormElement>& elements, const FieldText& fields) {
     for (const FormElement& element : elements) {
+        StopIfWanted();
         if (!element.onlyWith.isEmpty() && fields(element.onlyWith).isEmpty()) continue;
         switch (element.kind) {
             case ElementKind::Text:

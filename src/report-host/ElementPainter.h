@@ -14,6 +14,7 @@ namespace report {
 /// The text that a column or a running value has in the row that is being painted.
 using FieldText = std::function<QString(const QString& name)>;
 
+/// No longer than it takes to see that it is too long for any place.
 QString Expand(const TextPattern& pattern, const FieldText& fields);
 
 /// Paints the elements of a section. The painter's unit is the millimetre, its origin the section's corner.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "report-host/FormLimits.h"
 #include "report-host/TextPattern.h"
 
 using namespace Qt::StringLiterals;
@@ -22,7 +23,7 @@ class Checker {
         if (form_.detail.line == 0) return Say(0, u"明細がありません。"_s);
         if (form_.detail.height <= 0) return;  // its own line has been told
         CheckGrid();
-        if (RowsPerPage(form_) < 1) Say(form_.detail.line, u"余白、頁頭、頁脚の間に明細が一つも収まりません。"_s);
+        CheckRows();
         const double cell = form_.grid ? form_.grid->pitchX : InnerWidth(form_);
         for (const FormSection* section : {&form_.head, &form_.detail, &form_.foot})
             for (const FormElement& element : section->elements)
@@ -31,6 +32,16 @@ class Checker {
 
   private:
     void Say(int line, const QString& reason) { mistakes_.append({line, reason}); }
+
+    void CheckRows() {
+        const int rows = RowsPerPage(form_);
+        if (rows < 1) Say(form_.detail.line, u"余白、頁頭、頁脚の間に明細が一つも収まりません。"_s);
+        const qint64 cells = qint64{rows} * (form_.grid ? form_.grid->CellsPerRow() : 1);
+        if (cells > kMostCellsOfPage)
+            return Say(form_.detail.line, u"一頁の明細は %1 個までにしてください。"_s.arg(kMostCellsOfPage));
+        if (cells * form_.detail.elements.size() > kMostElementsOfPage)
+            Say(form_.detail.line, u"一頁に描く部品は %1 個までにしてください。"_s.arg(kMostElementsOfPage));
+    }
 
     void CheckGrid() {
         if (!form_.grid) return;
@@ -131,7 +142,9 @@ int RowsPerPage(const FormDefinition& form) {
     if (form.grid) return form.grid->across * form.grid->down / form.grid->CellsPerRow();
     const double room =
         form.page.height() - form.margins.top() - form.margins.bottom() - form.head.height - form.foot.height;
-    return std::max(0, static_cast<int>(std::floor((room + kSlack) / form.detail.height)));
+    // More than any page may have, and still a number that can be converted.
+    constexpr double kMost = 1e6;
+    return static_cast<int>(std::floor(std::clamp((room + kSlack) / form.detail.height, 0.0, kMost)));
 }
 
 }  // namespace report

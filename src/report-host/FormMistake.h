@@ -10,7 +10,13 @@ struct FormMistake {
     QString reason;  ///< a Japanese sentence
 
     /// "12 行目: …", or the reason alone where it is no matter of one line.
-    QString Text() const { return line > 0 ? QStringLiteral("%1 行目: %2").arg(line).arg(reason) : reason; }
+    /// The middle of a reason that quotes a text without end is left out.
+    QString Text() const {
+        constexpr qsizetype kLongest = 300, kEnd = 60;
+        const QString shown =
+            reason.size() > kLongest ? reason.left(kLongest - kEnd) + u'…' + reason.right(kEnd) : reason;
+        return line > 0 ? QStringLiteral("%1 行目: ").arg(line) + shown : shown;
+    }
 };
 
 }  // namespace report

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "report-host/FormCheck.h"
+#include "report-host/FormLimits.h"
 #include "report-host/FormSettings.h"
 #include "report-host/FormValues.h"
 #include "report-host/TextPattern.h"
@@ -25,6 +26,7 @@ constexpr NamedPaper kPapers[] = {{u"A4", 210, 297},     {u"A5", 148, 210},     
 class FormReader {
   public:
     ParsedForm Read(const QString& text) {
+        if (text.size() > kMostFormText || text.count(u'\n') >= kMostFormLines) return TooLong();
         const QStringList lines = text.split(u'\n');
         for (qsizetype i = 0; i < lines.size(); ++i) ReadLine(lines[i], static_cast<int>(i) + 1);
         CheckForm(parsed_.form, parsed_.mistakes);
@@ -32,6 +34,12 @@ class FormReader {
     }
 
   private:
+    static ParsedForm TooLong() {
+        return {
+            {},
+            {{0, u"定義が長すぎます。%1 行、%2 文字までにしてください。"_s.arg(kMostFormLines).arg(kMostFormText)}}};
+    }
+
     struct Command {
         QStringView name;
         int places;  // words that must stand before the settings
@@ -89,7 +97,7 @@ class FormReader {
 
     void ReadDefaultFace(const FormLine& line) {
         style_.face = ReadFace(line.words[0].text);
-        style_.points = ReadLength(line.words[1].text, u"書体の大きさ"_s);
+        style_.points = ReadPoints(line.words[1].text, u"書体の大きさ"_s);
         Settings(line, 2);
     }
 
@@ -116,6 +124,7 @@ class FormReader {
     QSet<QString> seen_;
     TextStyle style_;  // of the texts that follow
     FormSection* section_ = nullptr;
+    int elements_ = 0;
 };
 
 const FormReader::Command FormReader::kCommands[] = {
@@ -174,7 +183,10 @@ void FormReader::ReadElement(const FormLine& line) {
         used = 3;
     }
     ApplySettings(line, used, {parsed_.form, element});
-    section_->elements.append(element);
+    // The first one too many is a mistake for all that follow.
+    if (++elements_ <= kMostElements) return section_->elements.append(element);
+    if (elements_ == kMostElements + 1)
+        throw FormMistake{0, u"部品が多すぎます。%1 個までにしてください。"_s.arg(kMostElements)};
 }
 
 }  // namespace

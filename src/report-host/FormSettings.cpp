@@ -3,6 +3,7 @@
 #include <QSet>
 #include <algorithm>
 
+#include "report-host/FormLimits.h"
 #include "report-host/FormValues.h"
 
 using namespace Qt::StringLiterals;
@@ -56,9 +57,10 @@ const SettingRule kRules[] = {
     {u"升目", u"項目", false, [](auto& t, auto& v, auto&) { Grid(t).prefixes = v.split(u','); }},
     {u"明細", u"縞", false, [](auto& t, auto& v, auto& w) { t.form.stripe = ReadColour(v, w); }},
     {u"文字 数字枠", u"書体", false, [](auto& t, auto& v, auto&) { t.element.style.face = ReadFace(v); }},
-    {u"文字 数字枠", u"大きさ", false, [](auto& t, auto& v, auto& w) { t.element.style.points = ReadLength(v, w); }},
-    {u"文字", u"最小", false, [](auto& t, auto& v, auto& w) { t.element.style.leastPoints = ReadLength(v, w); }},
-    {u"文字", u"行送り", false, [](auto& t, auto& v, auto& w) { t.element.style.lineStep = ReadLength(v, w); }},
+    {u"文字 数字枠", u"大きさ", false, [](auto& t, auto& v, auto& w) { t.element.style.points = ReadPoints(v, w); }},
+    {u"文字", u"最小", false, [](auto& t, auto& v, auto& w) { t.element.style.leastPoints = ReadPoints(v, w); }},
+    {u"文字", u"行送り", false,
+     [](auto& t, auto& v, auto& w) { t.element.style.lineStep = ReadAtLeast(v, w, kLeastLineStep); }},
     {u"文字", u"寄せ", false, [](auto& t, auto& v, auto& w) { t.element.style.along = ReadChoice(v, w, kAlong); }},
     {u"文字", u"行寄せ", false, [](auto& t, auto& v, auto& w) { t.element.style.across = ReadChoice(v, w, kAcross); }},
     {u"文字", u"収め", false, [](auto& t, auto& v, auto& w) { t.element.style.fitting = ReadChoice(v, w, kFittings); }},
@@ -81,6 +83,8 @@ const SettingRule* FindRule(const QString& command, const QString& name) {
 }
 
 }  // namespace
+
+double ReadPoints(const QString& text, const QString& what) { return ReadAtLeast(text, what, kLeastPoints); }
 
 SuiteFace ReadFace(const QString& text) { return ReadChoice(text, u"書体"_s, kFaces); }
 

@@ -15,6 +15,9 @@ struct SettingTarget {
 /// doesn't know, one that stands twice, and a value that it can't take.
 void ApplySettings(const FormLine& line, qsizetype firstWord, SettingTarget target);
 
+/// A type size. Throws FormMistake without a line.
+double ReadPoints(const QString& text, const QString& what);
+
 /// The face of a name (明朝, ゴシック, Ｐ明朝, Ｐゴシック). Throws FormMistake without a line.
 SuiteFace ReadFace(const QString& text);
 

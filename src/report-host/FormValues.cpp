@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <cmath>
 
+#include "report-host/FormLimits.h"
+
 using namespace Qt::StringLiterals;
 
 namespace report {
@@ -34,6 +36,12 @@ double ReadLength(const QString& text, const QString& what) {
     return number;
 }
 
+double ReadAtLeast(const QString& text, const QString& what, double least) {
+    const double number = ReadLength(text, what);
+    if (number < least) throw FormMistake{0, u"%1「%2」は %3 以上にしてください。"_s.arg(what, text).arg(least)};
+    return number;
+}
+
 int ReadCount(const QString& text, const QString& what) {
     const double number = ReadLength(text, what);
     if (number != std::floor(number)) throw FormMistake{0, u"%1「%2」は整数ではありません。"_s.arg(what, text)};
@@ -53,8 +61,11 @@ QSizeF ReadSize(const QString& text, const QString& what) {
 }
 
 QList<double> ReadNumbers(const QString& text, const QString& what) {
+    const QStringList parts = text.split(u',');
+    if (parts.size() > kMostDigitBoxes)
+        throw FormMistake{0, u"%1は %2 個までにしてください。"_s.arg(what).arg(kMostDigitBoxes)};
     QList<double> numbers;
-    for (const QString& part : text.split(u',')) numbers.append(ReadNumber(part, what));
+    for (const QString& part : parts) numbers.append(ReadNumber(part, what));
     return numbers;
 }
 

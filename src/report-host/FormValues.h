@@ -17,13 +17,15 @@ namespace report {
 double ReadNumber(const QString& text, const QString& what);
 /// The same, greater than 0.
 double ReadLength(const QString& text, const QString& what);
+/// The same, `least` at least.
+double ReadAtLeast(const QString& text, const QString& what, double least);
 /// A whole number from 1 on.
 int ReadCount(const QString& text, const QString& what);
 /// "12,34.5"
 QPointF ReadPoint(const QString& text, const QString& what);
 /// "120x8"
 QSizeF ReadSize(const QString& text, const QString& what);
-/// "44.3,51.3,58.3"
+/// "44.3,51.3,58.3", no more than digit boxes
 QList<double> ReadNumbers(const QString& text, const QString& what);
 /// "#rrggbb" or 黒, 白, 灰, 朱
 QColor ReadColour(const QString& text, const QString& what);

@@ -11,7 +11,9 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
+#include "platform/report-host/SocketPeer.h"
 
 namespace {
 
@@ -32,10 +34,12 @@ bool OnAddress(const QByteArray& name, Call call) {
     return call(reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(sizeof address)) == 0;
 }
 
-/// A way to whoever has the name now; -1 without one.
+/// A connection to this user's host that has the name now; -1 without one.
 int CallOn(const QByteArray& name) {
     const int caller = NewSocket();
-    if (OnAddress(name, [caller](auto* address, auto size) { return ::connect(caller, address, size); })) return caller;
+    if (OnAddress(name, [caller](auto* address, auto size) { return ::connect(caller, address, size); }) &&
+        platform::PeerIsSameUser(caller))
+        return caller;
     ::close(caller);
     return -1;
 }
@@ -47,7 +51,13 @@ quint64 InodeOf(const QByteArray& name) {
 
 }  // namespace
 
-HostDoor::HostDoor(const QString& formsFile) : name_(QFile::encodeName(platform::HostSocketPath(formsFile))) {
+HostDoor::HostDoor(const QString& formsFile) {
+    try {
+        name_ = QFile::encodeName(platform::HostSocketPath(formsFile));
+    } catch (const platform::RuntimeError& error) {
+        refusal_ = error.Description();
+        return;
+    }
     socket_ = NewSocket();
     if (!Listen() || !TakeName()) ::close(std::exchange(socket_, -1));
 }
@@ -76,7 +86,13 @@ bool HostDoor::TakeName() {
 
 bool HostDoor::HasName() const { return InodeOf(name_) == inode_; }
 
-int HostDoor::TakeCaller() const { return ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK); }
+int HostDoor::TakeCaller() const {
+    for (;;) {
+        const int caller = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+        if (caller < 0 || platform::PeerIsSameUser(caller)) return caller;
+        ::close(caller);
+    }
+}
 
 void HostDoor::Close() {
     if (socket_ < 0) return;

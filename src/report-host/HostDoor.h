@@ -15,9 +15,11 @@ class HostDoor {
     HostDoor& operator=(const HostDoor&) = delete;
 
     bool IsOpen() const { return socket_ >= 0; }
+    /// Why it could not be opened, in a Japanese sentence; empty where only the system knows.
+    const QString& Refusal() const { return refusal_; }
     /// The listening socket, to be watched for callers.
     int Socket() const { return socket_; }
-    /// Descriptor of the next caller; -1 when nobody waits.
+    /// Descriptor of the next caller of the same user; -1 when none waits. Callers of other users are disconnected.
     int TakeCaller() const;
     /// Nobody finds this host any more. The name goes too, unless another host has taken it over.
     void Close();
@@ -28,6 +30,7 @@ class HostDoor {
     bool HasName() const;
 
     QByteArray name_;
+    QString refusal_;
     int socket_ = -1;
     quint64 inode_ = 0;  ///< of the name as this host made it
 };

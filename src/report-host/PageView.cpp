@@ -1,11 +1,16 @@
 #include "report-host/PageView.h"
 
+#include <QDeadlineTimer>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
+#include <cmath>
 #include <exception>
 
 #include "platform/EngineError.h"
+#include "platform/TerminationSignal.h"
 #include "report-host/PreparedReport.h"
+#include "report-host/RenderWatch.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +19,9 @@ namespace {
 constexpr double kDotsPerMillimetre = 96.0 / 25.4;
 constexpr int kMargin = 12;  // around the sheet
 constexpr int kShadow = 3;
+constexpr double kMostDots = 64e6;  // of the sheet's picture, 256 MB
+constexpr int kBriefly = 500;       // milliseconds that a page may take while its window is being painted
+constexpr int kLater = 50;          // milliseconds, for a timer: nested work lets posted events through
 
 QString ReasonOf(const std::exception& error) {
     const auto* failure = dynamic_cast<const ReportFailure*>(&error);
@@ -40,7 +48,8 @@ void PageView::ShowPage(int page) {
 }
 
 void PageView::SetZoom(double zoom) {
-    zoom_ = zoom;
+    const QSizeF sheet = report_.PageMillimetres() * kDotsPerMillimetre * devicePixelRatioF();
+    zoom_ = qMin(zoom, std::sqrt(kMostDots / (sheet.width() * sheet.height())));
     shown_ = QPixmap();
     resize(sizeHint());
     updateGeometry();
@@ -68,6 +77,9 @@ QPixmap PageView::Render(qreal dots) const {
     QString reason;
     try {
         report_.PaintPage(painter, page_);
+    } catch (const ReportStopped&) {
+        painter.restore();
+        throw;
     } catch (const std::exception& error) {
         reason = ReasonOf(error);
     }
@@ -81,9 +93,39 @@ QPixmap PageView::Render(qreal dots) const {
 }
 
 void PageView::paintEvent(QPaintEvent* /*event*/) {
-    if (shown_.isNull()) shown_ = Render(devicePixelRatioF());
+    if (shown_.isNull()) RenderBriefly();
     QPainter painter(this);
-    const QRectF sheet(QPointF(kMargin, kMargin), shown_.deviceIndependentSize());
+    const QRectF sheet = shown_.isNull() ? QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin)
+                                         : QRectF(QPointF(kMargin, kMargin), shown_.deviceIndependentSize());
     painter.fillRect(sheet.translated(kShadow, kShadow), QColor(0x60, 0x60, 0x60));
-    painter.drawPixmap(sheet.topLeft(), shown_);
+    painter.fillRect(sheet, Qt::white);
+    if (!shown_.isNull()) painter.drawPixmap(sheet.topLeft(), shown_);
+}
+
+/// Almost every page is there at once. No event can be let through while a window is being painted.
+void PageView::RenderBriefly() {
+    if (RenderWatch::IsActive()) return RenderLater();
+    const RenderWatch brief([end = QDeadlineTimer(kBriefly)] { return end.hasExpired(); });
+    try {
+        shown_ = Render(devicePixelRatioF());
+    } catch (const ReportStopped&) {
+        RenderLater();
+    }
+}
+
+void PageView::RenderLater() {
+    QTimer::singleShot(kLater, this, [this] { RenderAtLength(); });
+}
+
+void PageView::RenderAtLength() {
+    if (!shown_.isNull() || !AtLength || platform::TerminationRequested()) return;
+    if (RenderWatch::IsActive()) return RenderLater();
+    const int page = page_;
+    const double zoom = zoom_;
+    const auto paint = [&] {
+        const QPixmap sheet = Render(devicePixelRatioF());
+        if (page == page_ && zoom == zoom_) shown_ = sheet;
+    };
+    AtLength(paint);
+    update();
 }

@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QString>
 #include <QWidget>
+#include <functional>
 
 #include "screen/SpokenText.h"
 
@@ -18,9 +19,14 @@ class PageView : public QWidget, public SpokenText {
     void ShowPage(int page);
     /// 1 is the size on paper, at 96 dots an inch.
     double Zoom() const { return zoom_; }
+    /// No larger than a picture of the sheet can be held in memory.
     void SetZoom(double zoom);
     /// The zoom at which the sheet fills a window's inside; without its height where only the width counts.
     double ZoomToFit(QSize room, bool wholePage) const;
+
+    /// Runs the painting of a page that takes long in such a way that its window can be closed meanwhile. Without it
+    /// such a page stays blank.
+    std::function<void(const std::function<void()>& paint)> AtLength;
 
     QSize sizeHint() const override;
 
@@ -33,6 +39,9 @@ class PageView : public QWidget, public SpokenText {
 
   private:
     QPixmap Render(qreal dots) const;
+    void RenderBriefly();
+    void RenderLater();
+    void RenderAtLength();
 
     PreparedReport& report_;
     int page_ = 0;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLabel>
@@ -15,9 +16,12 @@
 #include <algorithm>
 
 #include "platform/Services.h"
+#include "platform/TerminationSignal.h"
 #include "report-host/PageView.h"
 #include "report-host/PreparedReport.h"
 #include "report-host/PutOut.h"
+#include "report-host/RenderEvents.h"
+#include "report-host/RenderWatch.h"
 #include "screen/ComboAccess.h"
 
 using namespace Qt::StringLiterals;
@@ -26,6 +30,7 @@ namespace {
 
 constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
 constexpr int kMessageTime = 8000;  // milliseconds in the status line
+constexpr int kLook = 50;           // milliseconds between two looks at the close box while work runs
 constexpr int kManagerTime = 500;   // milliseconds that a window manager has to enlarge a window
 constexpr QSize kUsualSize(980, 720);
 
@@ -62,6 +67,7 @@ void PreviewWindow::FillScreen() {
 
 void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
+    view_->AtLength = [this](const std::function<void()>& paint) { Work(paint, {}); };
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
     area_->setFocusPolicy(Qt::NoFocus);  // the page has it, and can be named
@@ -180,19 +186,45 @@ void PreviewWindow::resizeEvent(QResizeEvent* event) {
         this, [this] { ApplyFit(); }, Qt::QueuedConnection);
 }
 
-void PreviewWindow::Work(const std::function<void()>& work, const QString& done) {
-    QString reason;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+void PreviewWindow::closeEvent(QCloseEvent* event) {
+    if (!working_) return QMainWindow::closeEvent(event);
+    closing_ = true;
+    event->ignore();
+}
+
+bool PreviewWindow::StopWanted() {
+    if (!look_.hasExpired()) return closing_;
+    ProcessRenderEvents();
+    look_.setRemainingTime(kLook);
+    return closing_;
+}
+
+QString PreviewWindow::Run(const std::function<void()>& work) {
+    const RenderWatch watch([this] { return StopWanted(); });
+    look_.setRemainingTime(kLook);
     try {
         work();
     } catch (const ReportFailure& failure) {
-        reason = failure.Reason();
+        return failure.Reason();
     }
+    return {};
+}
+
+void PreviewWindow::Work(const std::function<void()>& work, const QString& done) {
+    // Assistive tools work buttons past the window's input.
+    if (working_) return;
+    working_ = true;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const QString reason = Run(work);
     QApplication::restoreOverrideCursor();
-    if (reason.isEmpty())
-        statusBar()->showMessage(done, kMessageTime);
-    else
+    working_ = false;
+    if (closing_) {
+        close();
+    } else if (reason.isEmpty()) {
+        if (!done.isEmpty()) statusBar()->showMessage(done, kMessageTime);
+    } else if (!platform::TerminationRequested()) {
         platform::Services().dialogs->ShowMessage(reason);
+    }
 }
 
 void PreviewWindow::Print() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QMainWindow>
 #include <QString>
 #include <functional>
@@ -25,6 +26,8 @@ class PreviewWindow : public QMainWindow {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    /// Ends the work of this window, if there is any, before the window.
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     enum class Fit { None, Page, Width };
@@ -43,11 +46,17 @@ class PreviewWindow : public QMainWindow {
     void Print();
     void SavePdf();
     /// Runs work that may fail with ReportFailure: waiting cursor, then `done` in the status line or the reason in a
-    /// box.
+    /// box. Meanwhile input is dropped but for the close box, which ends the work.
     void Work(const std::function<void()>& work, const QString& done);
+
+    /// The reason of a failure; empty without one.
+    QString Run(const std::function<void()>& work);
+    bool StopWanted();
 
     std::unique_ptr<PreparedReport> report_;
     QString name_, formsFile_;
+    bool working_ = false, closing_ = false;
+    QDeadlineTimer look_;  ///< until the next look at what the user wants while work runs
     Fit fit_ = Fit::Page;
     PageView* view_ = nullptr;
     QScrollArea* area_ = nullptr;

@@ -30,11 +30,10 @@ platform::SqliteDatabase OpenPrivateFile() {
 
 RowSpool::RowSpool(sqlite3* source, const QString& table, const QStringList& columns, const QStringList& order)
     : spool_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
-    QStringList named;
-    for (int i = 0; i < width_; ++i) named.append(u"c%1"_s.arg(i));
-    // One column at least, so that rows can be counted in a form that shows none.
-    const QString shape = named.isEmpty() ? u"nothing"_s : named.join(u", "_s);
-    EachRow(spool_.get(), PrepareStatement(spool_.get(), u"CREATE TABLE spool ("_s + shape + u')').get(), [] {});
+    QStringList named{u"c0"_s};  // one column at least, so that the rows of a form that shows none can be counted
+    for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));
+    EachRow(spool_.get(), PrepareStatement(spool_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(),
+            [] {});
     Copy(source, u"SELECT "_s + (columns.isEmpty() ? u"NULL"_s : ListOf(columns)) + u" FROM "_s + QuotedName(table) +
                      (order.isEmpty() ? QString() : u" ORDER BY "_s + ListOf(order)));
     read_ = PrepareStatement(spool_.get(), u"SELECT * FROM spool WHERE rowid = ?"_s);

@@ -3,6 +3,7 @@
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
+#include "report-host/FormLimits.h"
 #include "report-host/VerticalText.h"
 
 using namespace Qt::StringLiterals;
@@ -13,6 +14,9 @@ namespace {
 
 constexpr double kSlack = 1e-6;
 constexpr double kSmallerStep = 0.97;
+constexpr double kNarrowestLetter = 1.0 / 16;  // in type sizes; narrower ones and marks are the exception
+constexpr double kWidestLetter = 4;
+constexpr qsizetype kFewCharacters = 100;  // cost nothing, whatever their place
 
 bool IsOfNumber(QChar c) {
     static constexpr QStringView kSigns = u"0123456789０１２３４５６７８９〇一二三四五六七八九-－";
@@ -34,6 +38,13 @@ qsizetype LastWithin(QTextBoundaryFinder& places, const ShapedText& shaped, qsiz
     return end;
 }
 
+/// The beginning of a text that is longer, and the sign.
+QString Bounded(const QString& text, qsizetype most) {
+    if (text.size() <= most) return text;
+    const qsizetype whole = text[most - 1].isHighSurrogate() ? most - 1 : most;
+    return text.left(whole) + u'…';
+}
+
 class Fitter {
   public:
     Fitter(TypeCase& types, const TextStyle& style, double length, double depth)
@@ -43,6 +54,15 @@ class Fitter {
           depth_(depth),
           size_(std::min(style.points * kMillimetresPerPoint, depth)),
           least_(std::min(style.leastPoints * kMillimetresPerPoint, size_)) {}
+
+    /// How many characters can find room at most. What is longer need not be shaped to know that it is cut.
+    qsizetype Capacity() const {
+        const bool wraps = style_.fitting == Fitting::Wrap, narrows = style_.fitting == Fitting::Condense;
+        const double letter = least_ * kNarrowestLetter * (narrows ? kNarrowest : 1);
+        const double lines = wraps ? static_cast<double>(LinesAt(least_)) : 1;
+        const double most = std::min(lines * length_ / letter, static_cast<double>(kMostCharacters));
+        return std::max(kFewCharacters, static_cast<qsizetype>(most));
+    }
 
     FittedText Fit(const QString& text) {
         if (style_.fitting == Fitting::Wrap) return Wrap(text);
@@ -80,11 +100,15 @@ class Fitter {
     }
 
     FittedText Wrap(const QString& text) {
+        const QStringList paragraphs = QString(text).remove(u'\r').split(u'\n');
+        QList<double> lengths;
+        for (const QString& paragraph : paragraphs) lengths.append(Shape(paragraph)->length);
         for (double size = size_; size > least_; size = std::max(least_, size * kSmallerStep)) {
-            const QStringList lines = Lines(text, size);
+            if (LeastLines(lengths, size) > LinesAt(size)) continue;
+            const QStringList lines = Lines(paragraphs, size);
             if (lines.size() <= LinesAt(size)) return Shaped(lines, size);
         }
-        QStringList lines = Lines(text, least_);
+        QStringList lines = Lines(paragraphs, least_);
         const qsizetype most = LinesAt(least_);
         if (lines.size() <= most) return Shaped(lines, least_);
         const QString rest = lines.mid(most - 1).join(QString());
@@ -103,9 +127,17 @@ class Fitter {
         return std::max(1, 1 + static_cast<int>((depth_ - size + kSlack) / (size * style_.lineStep)));
     }
 
-    QStringList Lines(const QString& text, double size) {
+    /// Fewer lines than the breaking gives, but found without looking for the places where a line may end.
+    qsizetype LeastLines(const QList<double>& paragraphs, double size) const {
+        const double room = std::max(length_ / size, kWidestLetter) + kSlack;
+        qsizetype least = 0;
+        for (const double length : paragraphs) least += std::max<qsizetype>(1, static_cast<qsizetype>(length / room));
+        return least;
+    }
+
+    QStringList Lines(const QStringList& paragraphs, double size) {
         QStringList lines;
-        for (const QString& paragraph : QString(text).remove(u'\r').split(u'\n')) BreakInto(lines, paragraph, size);
+        for (const QString& paragraph : paragraphs) BreakInto(lines, paragraph, size);
         return lines;
     }
 
@@ -127,7 +159,7 @@ class Fitter {
             lines.append(paragraph.mid(begin, end - begin));
             begin = end;
         }
-        lines.append(paragraph.mid(begin));
+        if (begin < paragraph.size() || paragraph.isEmpty()) lines.append(paragraph.mid(begin));
     }
 
     TypeCase& types_;
@@ -138,9 +170,11 @@ class Fitter {
 }  // namespace
 
 FittedText FitText(TypeCase& types, const QString& text, const TextStyle& style, double length, double depth) {
-    QString written = style.kanjiNumerals ? ToKanjiNumerals(text) : text;
+    Fitter fitter(types, style, length, depth);
+    const QString bounded = Bounded(text, fitter.Capacity());
+    QString written = style.kanjiNumerals ? ToKanjiNumerals(bounded) : bounded;
     if (style.vertical) written = ToVerticalText(written);
-    return Fitter(types, style, length, depth).Fit(types.Printable(written, style.face));
+    return fitter.Fit(types.Printable(written, style.face));
 }
 
 }  // namespace report

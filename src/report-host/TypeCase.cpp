@@ -11,7 +11,7 @@ namespace report {
 namespace {
 
 constexpr char32_t kMissing = U'〓';
-constexpr qsizetype kMostRemembered = 1000;
+constexpr qsizetype kMostRemembered = 100'000;  // characters
 
 // Has names' rare characters, such as the second form of 吉.
 const QStringList kRareCharacters{u"HanaMinA"_s, u"HanaMinB"_s};
@@ -120,10 +120,13 @@ bool TypeCase::HasJapanese() { return FaceFor(kMissing, SuiteFace::Mincho) && Fa
 
 std::shared_ptr<const ShapedText> TypeCase::Shape(const QString& text, SuiteFace face, bool vertical) {
     const QString key = QChar(static_cast<char16_t>(2 * static_cast<int>(face) + vertical)) + text;
-    if (shaped_.size() > kMostRemembered) shaped_.clear();
-    std::shared_ptr<const ShapedText>& shaped = shaped_[key];
-    if (!shaped) shaped = ShapeNow(text, face, vertical);
-    return shaped;
+    if (const auto known = shaped_.constFind(key); known != shaped_.constEnd()) return *known;
+    if (remembered_ > kMostRemembered) {
+        shaped_.clear();
+        remembered_ = 0;
+    }
+    remembered_ += key.size();
+    return shaped_[key] = ShapeNow(text, face, vertical);
 }
 
 QString TypeCase::Printable(const QString& text, SuiteFace face) {

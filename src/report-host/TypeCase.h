@@ -60,6 +60,7 @@ class TypeCase {
     QHash<QString, std::shared_ptr<FontFace>> fonts_;
     std::array<const FontFace*, 4> own_{};
     QHash<QString, std::shared_ptr<const ShapedText>> shaped_;
+    qsizetype remembered_ = 0;  ///< characters of the texts in `shaped_`
 };
 
 }  // namespace report

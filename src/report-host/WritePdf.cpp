@@ -4,6 +4,7 @@
 #include <QSaveFile>
 
 #include "report-host/PreparedReport.h"
+#include "report-host/RenderWatch.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,7 @@ void WritePdf(PreparedReport& report, const QString& file) {
     if (!painter.begin(&writer)) Fail(out);
     painter.scale(kDotsPerInch / 25.4, kDotsPerInch / 25.4);
     for (int page = 0; page < report.PageCount(); ++page) {
+        StopIfWanted();
         if (page > 0) writer.newPage();
         report.PaintPage(painter, page);
     }

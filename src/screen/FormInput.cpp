@@ -5,41 +5,11 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "platform/InputEvent.h"
 #include "screen/Form.h"
 #include "screen/KeyCodes.h"
 
 namespace {
-
-/// What a disabled form keeps from its widgets.
-bool IsInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::InputMethod:
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::HoverEnter:
-        case QEvent::HoverMove:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletMove:
-        case QEvent::TabletRelease:
-        case QEvent::ContextMenu:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
-            return true;
-        default:
-            return false;
-    }
-}
 
 bool IsTab(const QKeyEvent& key) {
     const bool tab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
@@ -83,7 +53,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool focusIn = event->type() == QEvent::FocusIn;
     const bool hidden = event->type() == QEvent::HideToParent;
-    if (!focusIn && !hidden && !IsInput(event->type())) return false;
+    if (!focusIn && !hidden && !platform::IsInput(event->type())) return false;
     // Menus and the lists of combo boxes are windows of their own.
     auto& widget = static_cast<QWidget&>(*watched);
     if (widget.window() != this) return false;

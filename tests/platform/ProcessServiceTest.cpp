@@ -31,6 +31,9 @@ class ProcessServiceTest : public ::testing::Test {
         return ReadBytes(file);
     }
     QByteArray Target(const char* name) const { return '"' + folder.filePath(QString::fromUtf8(name)).toUtf8() + '"'; }
+    static qsizetype OpenDescriptors() {
+        return QDir(u"/proc/self/fd"_s).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System).size();
+    }
     static bool Runs(quint32 process) { return ::kill(static_cast<pid_t>(process), 0) == 0; }
 
     QTemporaryDir folder;
@@ -133,4 +136,29 @@ TEST_F(ProcessServiceTest, EndedProcessKeepsItsCodeForItsHandleAndIsReapedByItse
     const quint32 other = processes.StartHidden(Program("exit 0"), {});
     EXPECT_TRUE(QTest::qWaitFor([other] { return !Runs(other); }));
     EXPECT_EQ(processes.OpenProcess(0x100001, false, other), 0U);
+}
+
+TEST_F(ProcessServiceTest, EndedProcessHoldsNoDescriptorAlsoWhereItsHandleStaysOpen) {
+    const QString program = Program("exit 0");
+    const qsizetype before = OpenDescriptors();
+    QList<quint32> handles;
+    for (int i = 0; i < 20; ++i) handles.append(processes.OpenProcess(0, false, processes.StartHidden(program, {})));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return OpenDescriptors() == before; }, 20000)) << OpenDescriptors() - before;
+    for (const quint32 handle : handles) {
+        quint32 code = ProcessService::kStillActive;
+        EXPECT_TRUE(processes.GetExitCodeProcess(handle, code));
+        EXPECT_NE(code, ProcessService::kStillActive);
+        EXPECT_TRUE(processes.TerminateProcess(handle, 0));
+        EXPECT_TRUE(processes.CloseHandle(handle));
+        EXPECT_FALSE(processes.CloseHandle(handle));
+    }
+}
+
+TEST_F(ProcessServiceTest, ClosedHandleOfARunningProcessHoldsNoDescriptor) {
+    const quint32 id = processes.StartHidden(Program(kStay), {});
+    const qsizetype before = OpenDescriptors();
+    EXPECT_TRUE(processes.CloseHandle(processes.OpenProcess(0, false, id)));
+    EXPECT_EQ(OpenDescriptors(), before);
+    ::kill(static_cast<pid_t>(id), SIGKILL);
+    EXPECT_TRUE(QTest::qWaitFor([id] { return !Runs(id); }));
 }

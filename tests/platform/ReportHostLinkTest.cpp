@@ -128,3 +128,9 @@ TEST_F(ReportHostLinkTest, AnswerThatIsNoneIsTold) {
     EXPECT_EQ(Failure([this] { LocalReportHostLink().Bind(Forms()); }).Description(),
               u"帳票ホストの応答が正しくありません。"_s);
 }
+
+TEST_F(ReportHostLinkTest, AnswerWithoutEndIsTold) {
+    AnsweringHost host(Forms(), {QByteArray(200000, 'x')});
+    EXPECT_EQ(Failure([this] { LocalReportHostLink().Bind(Forms()); }).Description(),
+              u"帳票ホストの応答が正しくありません。"_s);
+}

@@ -15,13 +15,15 @@ class DrawnReport : public PreparedReport {
     int PageCount() const override { return pages_; }
     QSizeF PageMillimetres() const override { return paper_; }
     void PaintPage(QPainter& painter, int page) override {
+        if (Painting) Painting(page);
         if (Fails && Fails(page)) throw ReportFailure(QStringLiteral("作業ファイルを読めません。"));
         painted = page;
         painter.fillRect(QRectF(10, 10 + 5 * page, 20, 3), Qt::black);
     }
 
     std::function<bool(int page)> Fails;
-    int painted = -1;  ///< page painted last
+    std::function<void(int page)> Painting;  ///< before anything else
+    int painted = -1;                        ///< page painted last
 
   private:
     int pages_;

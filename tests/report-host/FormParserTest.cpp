@@ -56,6 +56,12 @@ INSTANTIATE_TEST_SUITE_P(
                   u"色「赤」は色ではありません。#rrggbb か 黒、白、灰、朱 で書いてください。"},
         WrongLine{u"文字 0,0 9x9 \"あ\" 大きさ=7 大きさ=8", u"「大きさ」が二度あります。"},
         WrongLine{u"文字 0,0 9x9 \"あ\" 大きさ=4", u"最小が大きさより大きくなっています。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 最小=0.4", u"最小「0.4」は 0.5 以上にしてください。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 大きさ=0.01", u"大きさ「0.01」は 0.5 以上にしてください。"},
+        WrongLine{u"書体 明朝 0.1", u"書体の大きさ「0.1」は 0.5 以上にしてください。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 行送り=0.001", u"行送り「0.001」は 0.1 以上にしてください。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 大きさ=nan", u"大きさ「nan」は数ではありません。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 大きさ=1e9", u"大きさ「1e9」は数ではありません。"},
         WrongLine{u"文字 0,0 9x9 \"あ\" 書体=丸",
                   u"書体には 明朝、Ｐ明朝、ゴシック、Ｐゴシック のどれかを書いてください。「丸」は使えません。"},
         WrongLine{u"文字 0,0 9x9 \"あ\" 収め=捨てる",
@@ -80,6 +86,34 @@ TEST(FormParser, WhatIsMissingFromTheWholeIsToldWithoutALine) {
               QStringList{u"2 行目: 文字は 頁頭、明細、頁脚 のどれかの後ろに書いてください。"_s});
     EXPECT_EQ(Mistakes(u"用紙 A4\n頁頭 高さ=200\n明細 高さ=98"_s),
               QStringList{u"3 行目: 余白、頁頭、頁脚の間に明細が一つも収まりません。"_s});
+}
+
+TEST(FormParser, FormWithoutEndIsNotRead) {
+    const QString reason = u"定義が長すぎます。10000 行、1000000 文字までにしてください。"_s;
+    EXPECT_EQ(Mistakes(QString(1'000'000, u'\n')), QStringList{reason});
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"%1\""_s.arg(QString(1'000'000, u'['))),
+              QStringList{reason});
+    const QString longest = u"用紙 A4\n明細 高さ=9"_s + QString(9'998, u'\n');
+    EXPECT_EQ(Mistakes(longest), QStringList());
+    EXPECT_EQ(Mistakes(longest + u'\n'), QStringList{reason});
+}
+
+TEST(FormParser, WhatAPageMayHoldIsBounded) {
+    const QString parts = u"線 0,0 1,1\n"_s.repeated(1'000);
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=9\n"_s + parts), QStringList());
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=9\n"_s + parts + parts),
+              QStringList{u"1003 行目: 部品が多すぎます。1000 個までにしてください。"_s});
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=0."_s + QString(400, u'0') + u'1'),
+              QStringList{u"2 行目: 高さ「0."_s + QString(235, u'0') + u"…"_s + QString(42, u'0') +
+                          u"1」は 0 より大きくしてください。"_s});
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=0."_s + QString(250, u'0') + u'1'),
+              QStringList{u"2 行目: 一頁の明細は 2000 個までにしてください。"_s});
+    EXPECT_EQ(Mistakes(u"用紙 A4\n升目 横=2000 縦=2000 横間隔=0.1 縦間隔=0.1\n明細 高さ=0.1"_s),
+              QStringList{u"3 行目: 一頁の明細は 2000 個までにしてください。"_s});
+    EXPECT_EQ(Mistakes(u"用紙 100x100\n明細 高さ=0.9\n"_s + u"線 0,0 0.1,0.1\n"_s.repeated(1'000)),
+              QStringList{u"2 行目: 一頁に描く部品は 100000 個までにしてください。"_s});
+    EXPECT_EQ(Mistakes(u"用紙 A4\n明細 高さ=9\n数字枠 0,0 1x1 \"1\" 左端=0"_s + u",0"_s.repeated(100)),
+              QStringList{u"3 行目: 左端は 100 個までにしてください。"_s});
 }
 
 TEST(FormParser, AllMistakesAreToldAtOnceInTheOrderOfTheLines) {

@@ -1,15 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
+
+#include <thread>
 
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
 #include "report-host/DrawnReport.h"
 #include "report-host/HostDoor.h"
 #include "report-host/HostService.h"
+#include "support/AsOtherUser.h"
 
 using namespace Qt::StringLiterals;
 using platform::HostAnswer;
@@ -138,4 +142,39 @@ TEST_F(HostDoorTest, LastCallerGoneFinishesAHostWithoutWindow) {
     EXPECT_FALSE(host.finished);
     second.disconnectFromServer();
     EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
+}
+
+TEST_F(HostDoorTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
+    if (!AsOtherUser::IsPossible()) GTEST_SKIP() << "only the superuser can become another user";
+    Host host(Forms());
+    std::atomic_bool done = false;
+    QByteArray answer = "none";
+    std::thread other([&] {
+        const AsOtherUser nobody;
+        QLocalSocket caller;
+        caller.connectToServer(Name());
+        caller.write(platform::LineOf({HostVerb::Quit, {}, 0}));
+        caller.waitForReadyRead(10000);
+        answer = caller.readAll();
+        done = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, 20000));
+    other.join();
+    EXPECT_EQ(answer, "");
+    EXPECT_FALSE(host.finished);
+    QLocalSocket own;
+    own.connectToServer(Name());
+    EXPECT_EQ(Ask(own, HostVerb::Bind).number, 0);
+}
+
+TEST_F(HostDoorTest, DoorStaysClosedWithoutAFolderOfThisUserAlone) {
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    qunsetenv("XDG_RUNTIME_DIR");
+    qputenv("TMPDIR", folder.path().toUtf8());
+    const QString squatted = folder.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
+    ASSERT_TRUE(QDir().mkdir(squatted) && QDir().mkdir(squatted + u"/nobody"_s));
+    ASSERT_TRUE(QFile::setPermissions(squatted, QFile::Permissions(0x7777)));
+    EXPECT_FALSE(HostDoor(Forms()).IsOpen());
+    qputenv("XDG_RUNTIME_DIR", runtime);
+    qunsetenv("TMPDIR");
 }

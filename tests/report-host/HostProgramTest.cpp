@@ -120,6 +120,25 @@ TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
     death.join();
 }
 
+TEST_F(HostProgramTest, TerminationRequestEndsALongPrintAndLeavesNoFile) {
+    installation.Report().Execute(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200000) "
+        u"INSERT INTO 要員名簿照会 (選択条件, コード, 氏名) SELECT '', '00002', '山田　花子' FROM n"_s);
+    HostProgram host(Forms());
+    const std::unique_ptr<ReportHost> bound = host.Bind();
+    const auto entries = [this] {
+        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    };
+    std::thread administrator([&] {
+        while (entries().isEmpty()) QThread::msleep(10);
+        host.Terminate();
+    });
+    EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, platform::kPrintReport); }), u"帳票の作成を中止しました。"_s);
+    administrator.join();
+    EXPECT_TRUE(host.Ends());
+    EXPECT_EQ(entries(), QStringList());
+}
+
 TEST_F(HostProgramTest, LeavesByItselfWhenItsCallerIsGoneAndNothingStands) {
     HostProgram host(Forms());
     host.Bind();

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -12,10 +13,13 @@
 #include <QToolButton>
 #include <QtTest/QTest>
 
+#include <chrono>
+
 #include "report-host/DrawnReport.h"
 #include "report-host/OutputPlace.h"
 #include "report-host/PageView.h"
 #include "report-host/PreviewWindow.h"
+#include "report-host/RenderWatch.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
@@ -242,4 +246,67 @@ TEST_F(PreviewWindowTest, EscapeCloses) {
     Show(1);
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }));
+}
+
+TEST_F(PreviewWindowTest, CloseBoxEndsAPrintOfManyPagesAndLeavesNoFile) {
+    Show(100'000);
+    services.dialogs.saveAnswers = {folder.filePath(u"a.pdf"_s)};
+    report->Painting = [this](int page) {
+        if (page == 3) QCoreApplication::postEvent(window.get(), new QCloseEvent);
+    };
+    Press(u"save"_s);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_LT(report->painted, 99'999);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    EXPECT_EQ(services.dialogs.Texts(), QStringList()) << "who closes it knows";
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PreviewWindowTest, InputDuringAPrintIsDropped) {
+    Show(3);
+    services.dialogs.saveAnswers = {folder.filePath(u"a.pdf"_s)};
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
+    report->Painting = [&](int page) {
+        if (page != 0) return;
+        auto* key = new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::postEvent(window->windowHandle(), key);
+        while (std::chrono::steady_clock::now() < end) StopIfWanted();
+    };
+    Press(u"save"_s);
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"a.pdf"_s)));
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(PreviewWindowTest, PageThatTakesLongIsPaintedOutsideThePaintingOfItsWindow) {
+    Show(2);
+    int attempts = 0;
+    report->Painting = [&](int page) {
+        if (page != 1) return;
+        ++attempts;
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(700);
+        while (std::chrono::steady_clock::now() < end) StopIfWanted();
+    };
+    Press(u"next"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return report->painted == 1; }, 20000));
+    EXPECT_EQ(attempts, 2);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PreviewWindowTest, CloseBoxEndsThePaintingOfAPageWithoutEnd) {
+    Show(2);
+    report->Painting = [this](int page) {
+        if (page == 1) QCoreApplication::postEvent(window.get(), new QCloseEvent);
+        while (page == 1) StopIfWanted();
+    };
+    Press(u"next"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window->isVisible(); }, 20000));
+    EXPECT_EQ(report->painted, 0);
+}
+
+TEST_F(PreviewWindowTest, NoZoomMakesAPictureThatMemoryCannotHold) {
+    auto made = std::make_unique<DrawnReport>(1, QSizeF(2000, 2000));
+    PreviewWindow large(std::move(made), u"大判"_s, forms);
+    auto& view = static_cast<PageView&>(*large.findChild<QWidget*>(u"page"_s));
+    view.SetZoom(4);
+    EXPECT_NEAR(view.Zoom(), 8000 / (2000 * 96 / 25.4), 0.001);
 }

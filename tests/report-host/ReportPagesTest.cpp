@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QFile>
 #include <QPainter>
 
@@ -61,6 +63,23 @@ TEST_F(ReportTest, LongTextOfTheListStaysInItsColumnAndIsNeverCutWithoutASign) {
     ASSERT_EQ(name.size(), 1);
     EXPECT_FALSE(name[0].text.contains(u'…'));
     EXPECT_LE(name[0].place.right(), 10 + 24 + 33 + 0.1);
+}
+
+TEST_F(ReportTest, FormWithoutAnyColumnIsPrintedOnceForEachRow) {
+    AddRows(kList, 3, Person());
+    SetForm(kList, u"用紙 100x100\n明細 高さ=50\n文字 0,0 100x10 \"受付票 [番号]/[件数]\""_s);
+    const PdfFile pdf = Pdf(kList);
+    ASSERT_EQ(pdf.Pages(), 2);
+    EXPECT_EQ(pdf.Text(0), u"受付票 1/3 受付票 2/3"_s);
+    EXPECT_EQ(pdf.Text(1), u"受付票 3/3"_s);
+}
+
+TEST_F(ReportTest, PictureThatIsAPipeIsLeftOut) {
+    const QString pipe = folder.filePath(u"pipe"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    AddRow(kList, Person());
+    SetForm(kList, u"用紙 100x100\n明細 高さ=50\n絵 0,0 50x50 \"%1\"\n文字 0,0 100x10 \"後\""_s.arg(pipe));
+    EXPECT_EQ(Pdf(kList).Text(0), u"後"_s);
 }
 
 TEST_F(ReportTest, EveryReportIsOnItsPaperWithAllFontsEmbedded) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QSizeF>
+#include <chrono>
+
 #include "report-host/VerticalText.h"
 
 using namespace Qt::StringLiterals;
@@ -104,6 +107,41 @@ TEST_F(TextFitTest, AddressOfTwoHundredCharactersShrinksAndThenEndsInASign) {
     const FittedText cut = Fit(address, Points(100), Points(12));
     ASSERT_EQ(cut.lines.size(), 2);
     EXPECT_EQ(cut.lines[1]->glyphs.last().glyph, types.Shape(u"…"_s, style.face, false)->glyphs[0].glyph);
+}
+
+// Each took from a second to minutes where all of the text was shaped, and at every size.
+TEST_F(TextFitTest, TextOfThreeHundredThousandCharactersIsCutBeforeItIsFitted) {
+    style.points = 2000;
+    style.leastPoints = 0.5;
+    style.lineStep = 0.1;
+    const QStringList texts{QString(300'000, u'長'), u"長い文 "_s.repeated(75'000), u"a\n"_s.repeated(150'000),
+                            u"葛\U000E0100"_s.repeated(100'000), u"i𠮷"_s.repeated(100'000)};
+    for (const Fitting fitting : {Fitting::Shrink, Fitting::Condense, Fitting::Wrap, Fitting::Cut}) {
+        style.fitting = fitting;
+        for (const QSizeF place : {QSizeF(2000, 2000), QSizeF(60, 20), QSizeF(0.001, 2000), QSizeF(2000, 0.001)})
+            for (const QString& text : texts) {
+                const auto begin = std::chrono::steady_clock::now();
+                const FittedText fitted = Fit(text, place.width(), place.height());
+                EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+                qsizetype glyphs = 0;
+                for (qsizetype i = 0; i < fitted.lines.size(); ++i) glyphs += Count(fitted, i);
+                EXPECT_LE(glyphs, 20'001);
+                EXPECT_EQ(fitted.lines.last()->glyphs.last().glyph,
+                          types.Shape(u"…"_s, style.face, false)->glyphs[0].glyph);
+            }
+    }
+}
+
+TEST_F(TextFitTest, WhatIsCutBeforehandLooksAsIfItHadBeenFittedWhole) {
+    const QString line = u"勘解由小路長次郎左衛門尉太郎"_s.repeated(50);
+    for (const Fitting fitting : {Fitting::Shrink, Fitting::Condense, Fitting::Wrap, Fitting::Cut}) {
+        style.fitting = fitting;
+        const FittedText some = Fit(line, Points(100), Points(22));
+        const FittedText all = Fit(line.repeated(40), Points(100), Points(22));
+        EXPECT_EQ(some.size, all.size);
+        ASSERT_EQ(some.lines.size(), all.lines.size());
+        EXPECT_EQ(Count(some, some.lines.size() - 1), Count(all, all.lines.size() - 1));
+    }
 }
 
 TEST_F(TextFitTest, TextIsNeverHigherThanItsPlace) { EXPECT_NEAR(Fit(u"あ"_s, 100, 2).size, 2, 1e-9); }

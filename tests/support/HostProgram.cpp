@@ -53,6 +53,8 @@ void HostProgram::Kill() {
 
 void HostProgram::Freeze() const { ::kill(static_cast<pid_t>(process_.processId()), SIGSTOP); }
 
+void HostProgram::Terminate() const { ::kill(static_cast<pid_t>(process_.processId()), SIGTERM); }
+
 void HostProgram::KillNow() const { ::kill(static_cast<pid_t>(process_.processId()), SIGKILL); }
 
 QList<qint64> ProcessesOf(const QString& program) {

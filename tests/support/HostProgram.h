@@ -26,6 +26,7 @@ class HostProgram {
     /// From any thread, without waiting.
     void KillNow() const;
     void Freeze() const;
+    void Terminate() const;
     QString ErrorText() { return QString::fromUtf8(process_.readAllStandardError()); }
 
   private:

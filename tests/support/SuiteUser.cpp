@@ -110,7 +110,8 @@ void SuiteUser::AwaitList() {
 }
 
 void SuiteUser::Click(const QPoint& place) {
-    if (!screen_.Click(screen_.NewestOf(1), place)) throw std::runtime_error("cannot click");
+    window_ = screen_.NewestOf(1);
+    if (!screen_.Click(window_, place)) throw std::runtime_error("cannot click");
 }
 
 void SuiteUser::SayYes() {
@@ -119,6 +120,15 @@ void SuiteUser::SayYes() {
 
 void SuiteUser::EndProgram() {
     process_.terminate();
+    AwaitEnd();
+}
+
+void SuiteUser::CloseProgram() {
+    if (!screen_.Close(window_)) throw std::runtime_error("cannot close the window");
+    AwaitEnd();
+}
+
+void SuiteUser::AwaitEnd() {
     if (!process_.waitForFinished(kPatience)) throw std::runtime_error("the program does not end");
 }
 

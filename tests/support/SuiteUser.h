@@ -42,8 +42,10 @@ class SuiteUser {
     void Click(const QPoint& place);
     /// Says はい to the question that comes up.
     void SayYes();
-    /// Closes the program in order.
+    /// Closes the program in order, as the system does.
     void EndProgram();
+    /// Closes it by the close box of its window, where Click has clicked before.
+    void CloseProgram();
 
     QString Name() const { return name_; }
     /// A file of the user's private copies, "report/repdb.accdb".
@@ -56,9 +58,10 @@ class SuiteUser {
     QString PrinterFolder() const { return home_ + QStringLiteral("/printed"); }
     QStringList Command(const QStringList& program) const;
     bool ListStands() const;
+    void AwaitEnd();
 
     Who who_;
-    QString program_, home_, own_, name_;
+    QString program_, home_, own_, name_, window_;
     VirtualScreen screen_;
     QProcess process_;
 };

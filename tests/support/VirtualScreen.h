@@ -25,6 +25,8 @@ class VirtualScreen {
     bool Type(const QString& window, const QString& text) const;
     /// Clicks a place of a window, in pixels from its upper left corner.
     bool Click(const QString& window, const QPoint& place) const;
+    /// Sends what a window manager sends when the close box of a window is clicked.
+    bool Close(const QString& window) const;
 
     /// Presses the close box of a window, as a window manager passes it on.
     bool PressCloseBox(const QString& window) const;

@@ -1,13 +1,12 @@
 #include "platform/report-host/HostMessages.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+
+#include "platform/report-host/HostFolder.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,25 +27,6 @@ const VerbName kVerbNames[] = {{HostVerb::Bind, u"Bind"_s},
                                {HostVerb::StepAside, u"StepAside"_s}};
 
 QByteArray Line(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n'; }
-
-constexpr mode_t kOwnerOnly = 0700;
-constexpr qsizetype kLongestFolder = 60;  // a socket's path holds 107 bytes
-
-bool IsOwnFolder(const QByteArray& folder) {
-    struct stat found = {};
-    return ::lstat(folder.constData(), &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == ::getuid() &&
-           (found.st_mode & 0777) == kOwnerOnly;
-}
-
-/// A folder for sockets that nobody else can put anything into.
-QByteArray SocketFolder() {
-    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty() && runtime.size() <= kLongestFolder && IsOwnFolder(runtime)) return runtime;
-    const QByteArray folder = "/tmp/youin-meibo-" + QByteArray::number(::getuid());
-    ::mkdir(folder.constData(), kOwnerOnly);
-    // Where somebody else has made it, a folder that is not there: nothing can be bound and the failure is told.
-    return IsOwnFolder(folder) ? folder : folder + "/nobody";
-}
 
 }  // namespace
 
@@ -79,7 +59,7 @@ QString HostSocketPath(const QString& formsFile) {
     const QFileInfo file(formsFile);
     const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
     const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().first(24);
-    return QFile::decodeName(SocketFolder()) + u"/host-"_s + QString::fromLatin1(name);
+    return QFile::decodeName(HostFolder()) + u"/host-"_s + QString::fromLatin1(name);
 }
 
 }  // namespace platform

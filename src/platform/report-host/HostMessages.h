@@ -36,7 +36,7 @@ std::optional<HostRequest> ParseRequest(const QByteArray& line);
 std::optional<HostAnswer> ParseAnswer(const QByteArray& line);
 
 /// The socket of the host that has the forms file open: in a folder that only this user can enter, and short enough for
-/// every system. The same for every way to write the path of one file.
+/// every system. The same for every way to write the path of one file. Throws RuntimeError like HostFolder.
 QString HostSocketPath(const QString& formsFile);
 
 }  // namespace platform

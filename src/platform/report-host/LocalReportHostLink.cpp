@@ -1,19 +1,20 @@
 #include <QDeadlineTimer>
 #include <QLocalSocket>
-#include <algorithm>
 
 #include "platform/EndRequest.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
+#include "platform/report-host/SocketPeer.h"
 
 using namespace Qt::StringLiterals;
 
 namespace platform {
 namespace {
 
-constexpr qint64 kBetweenPolls = 200;  // milliseconds
-constexpr int kNoLimit = -1;           // a long report takes as long as it takes
+constexpr int kNoLimit = -1;  // a long report takes as long as it takes
+constexpr qint64 kLongestAnswer = 1 << 16;
+constexpr int kBetweenPolls = 100;  // milliseconds between two polls for a request to end the program
 
 class SocketReportHost : public ReportHost {
   public:
@@ -21,41 +22,32 @@ class SocketReportHost : public ReportHost {
         socket_.connectToServer(socketPath);
         if (socket_.state() != QLocalSocket::ConnectedState)
             throw RuntimeError(kHostNotFound, u"帳票ホストに接続できません。"_s);
+        if (!PeerIsSameUser(static_cast<int>(socket_.socketDescriptor())))
+            throw RuntimeError(kHostNotFound, u"帳票ホストの接続先は別の利用者のプログラムです。"_s);
     }
 
     void OpenReport(const QString& report, int view) override { Ask({HostVerb::OpenReport, report, view}, kNoLimit); }
     void Maximize() override { Ask({HostVerb::Maximize, {}, 0}, kNoLimit); }
     void Quit() override { Ask({HostVerb::Quit, {}, 0}, kNoLimit); }
 
-    void Ask(const HostRequest& request, int patience) {
+    void Ask(const HostRequest& request, int timeout) {
         socket_.write(LineOf(request));
-        const std::optional<HostAnswer> answer = ParseAnswer(ReadLine(patience));
+        const std::optional<HostAnswer> answer = ParseAnswer(ReadLine(QDeadlineTimer(timeout)));
         if (!answer) throw RuntimeError(kHostGone, u"帳票ホストの応答が正しくありません。"_s);
         if (answer->number != 0) throw RuntimeError(answer->number, answer->description);
     }
 
   private:
-    /// True when there is more to read; False after the timeout or at the end of the connection. No event is processed
-    /// meanwhile, so requests to end the program are looked for.
-    bool WaitForMore(int timeout) {
-        const QDeadlineTimer end(timeout);
-        do {
-            const auto wait = end.isForever() ? kBetweenPolls : std::min<qint64>(kBetweenPolls, end.remainingTime());
-            if (socket_.waitForReadyRead(static_cast<int>(wait))) return true;
-            if (EndRequested()) {
-                CarryOutEndRequest();
-                return false;
-            }
-        } while (socket_.state() == QLocalSocket::ConnectedState && !end.hasExpired());
-        return false;
-    }
-
-    QByteArray ReadLine(int patience) {
+    QByteArray ReadLine(const QDeadlineTimer& end) {
         while (!socket_.canReadLine()) {
-            if (WaitForMore(patience)) continue;
-            const bool silent = socket_.state() == QLocalSocket::ConnectedState;
-            throw RuntimeError(kHostGone,
-                               silent ? u"帳票ホストが応答しません。"_s : u"帳票ホストが途中で終了しました。"_s);
+            if (socket_.bytesAvailable() > kLongestAnswer) return {};
+            const qint64 left = end.isForever() ? kBetweenPolls : qMin<qint64>(kBetweenPolls, end.remainingTime());
+            if (socket_.waitForReadyRead(static_cast<int>(left))) continue;
+            if (socket_.state() != QLocalSocket::ConnectedState)
+                throw RuntimeError(kHostGone, u"帳票ホストが途中で終了しました。"_s);
+            if (end.hasExpired()) throw RuntimeError(kHostGone, u"帳票ホストが応答しません。"_s);
+            // No event is processed meanwhile.
+            if (EndRequested()) CarryOutEndRequest();
         }
         return socket_.readLine();
     }
