@@ -12,7 +12,7 @@ struct ServerTextFault {
     QString remedy;  ///< the command that puts it right
 };
 
-/// Looks for the functions that searches and orders by names use, and whether the account may use them; and for columns
+/// Finds functions for searches and orders by names that are missing or that the account may not use, and columns
 /// of the suite whose collation takes different texts for equal: a search by code or login name would find other rows.
 /// Empty for a desktop file, and for an engine that gets statements as they are written. Throws
 /// platform::DatabaseError.

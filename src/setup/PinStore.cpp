@@ -88,7 +88,7 @@ std::unique_ptr<PinStore> MakeServerPins(platform::Connection connection) {
     return std::make_unique<ServerPinStore>(std::move(connection));
 }
 
-QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& place, const QString& behind) {
+QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& place, const QString& suffix) {
     const QStringList key = SuiteTable(Store::General, place.table.toString()).key;
     QStringList columns;
     for (const QString& column : key) columns.append(Name(column));
@@ -97,7 +97,7 @@ QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& pla
     QList<StoredPin> pins;
     for (rows.Open(
              u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(columns.join(u", "_s), Name(place.table), Name(place.column)) +
-                 behind,
+                 suffix,
              connection);
          !rows.AtEOF(); rows.MoveNext()) {
         StoredPin pin;

@@ -39,7 +39,7 @@ std::unique_ptr<PinStore> OpenFilePins(const QString& file);
 std::unique_ptr<PinStore> MakeServerPins(platform::Connection connection);
 
 /// The PINs of one column over any connection to a general database; `row` holds the values of the table's key.
-/// `behind` follows the statement.
-QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& place, const QString& behind = {});
+/// `suffix` follows the statement.
+QList<StoredPin> ReadPins(platform::Connection& connection, const PinColumn& place, const QString& suffix = {});
 
 }  // namespace setup

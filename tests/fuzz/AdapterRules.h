@@ -92,7 +92,9 @@ class AdapterRules {
             if (level[at].group) CheckLevel(level[at].inside);
             if (level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsSign(u"."))) CheckLike(level, at);
             if (level[at].IsSign(u";") || level[at].Is(u"LIMIT")) order = false;
-            if (order) Require(!platform::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
+            const bool table = at + 1 < level.size() && level[at + 1].IsSign(u".");
+            if (order && !table)
+                Require(!platform::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
             if (at > 0 && level[at - 1].Is(u"ORDER") && level[at].Is(u"BY")) order = true;
         }
     }

@@ -4,6 +4,7 @@
 #include <QTcpServer>
 #include <clocale>
 
+#include "access/CompanyInformation.h"
 #include "access/MainConnection.h"
 #include "data/Recordsets.h"
 #include "inquiry/StaffQuery.h"
@@ -272,4 +273,16 @@ TEST_F(Trouble, TheRegistrationProgramSavesAndSeesWhatOthersHaveSaved) {
     EXPECT_EQ(after.values[0], values[0]);
     EXPECT_EQ(other.Delete(after), StoreOutcome::Done);
     EXPECT_EQ(one.Load(u"00003"_s, before), StoreOutcome::Gone);
+}
+
+TEST_F(Trouble, AStoredOfficeCodeThatBreaksItsStatementFailsTheReadAndNotTheProgram) {
+    ASSERT_TRUE(OpenGeneral());
+    for (const QString& code : {u"' OR (= ログインID) OR '' = '"_s, u"' OR ログインID = ; --"_s,
+                                u"' OR (LIKE) OR '' = '"_s, u"' OR 名称 LIKE 名称 OR '' = '"_s}) {
+        Globals().Environment.OperatingOfficeCode = code;
+        EXPECT_NE(NumberOf([] { LoadCompanyInfo(); }), 0) << code.toStdString();
+        EXPECT_EQ(installation.Configuration().Value(u"SELECT 運用事業所コード FROM 動作環境定義"_s), u"000"_s);
+    }
+    Globals().Environment.OperatingOfficeCode = u"000"_s;
+    EXPECT_TRUE(LoadCompanyInfo());
 }

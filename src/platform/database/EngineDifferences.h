@@ -19,7 +19,7 @@ struct EngineDifferences {
     bool bracketsAreQuotes = false;  ///< [name] is written "name"
     size_t longestChain = 0;         ///< terms of one OR or AND chain that the engine takes without trouble
     QString textCollation = {};      ///< behind ORDER BY on the columns sorted as text; empty: the engine sorts them so
-    QString caseBlindCollation = {};  ///< behind a column of an "=" that ignores the case of ASCII letters
+    QString caseBlindCollation = {};  ///< after a column of an "=" that ignores the case of ASCII letters
 
     bool namesAreLowerCase = false;  ///< names in quotes or brackets count as the plain ones, which lose their capitals
     bool nullsSortLast = false;      ///< ORDER BY has to say that Nulls come first, and last where it descends

@@ -14,7 +14,7 @@ namespace {
 struct Term {
     size_t operand = 0;    // first piece
     size_t operation = 0;  // NOT or LIKE
-    size_t behind = 0;
+    size_t end = 0;
     bool negated = false;
     QString pattern;
     std::optional<char32_t> escape;
@@ -30,7 +30,7 @@ QString ValueOf(const Piece& literal) {
     return value.replace(QStringLiteral("''"), QStringLiteral("'"));
 }
 
-// A text, also in brackets of its own.
+// A text, also in brackets.
 QString TextAt(const Level& level, size_t at) {
     if (at >= level.size()) RefuseLike();
     const Piece& piece = level[at];
@@ -55,12 +55,12 @@ Term TermAt(const Level& level, size_t like) {
     if (!operand || !StartsExpression(level, *operand)) RefuseLike();
     term.operand = *operand;
     term.pattern = TextAt(level, like + 1);
-    term.behind = like + 2;
-    if (term.behind < level.size() && level[term.behind].Is(u"ESCAPE")) {
-        term.escape = EscapeOf(TextAt(level, term.behind + 1));
-        term.behind += 2;
+    term.end = like + 2;
+    if (term.end < level.size() && level[term.end].Is(u"ESCAPE")) {
+        term.escape = EscapeOf(TextAt(level, term.end + 1));
+        term.end += 2;
     }
-    if (!EndsExpression(level, term.behind)) RefuseLike();
+    if (!EndsExpression(level, term.end)) RefuseLike();
     return term;
 }
 
@@ -112,7 +112,7 @@ void RewriteLike(Level& level, const EngineDifferences& engine) {
         Level words = Operation(term, engine.like);
         const auto at = [&](size_t place) { return level.begin() + static_cast<std::ptrdiff_t>(place); };
         const size_t count = words.size();
-        level.insert(level.erase(at(term.operation), at(term.behind)), std::make_move_iterator(words.begin()),
+        level.insert(level.erase(at(term.operation), at(term.end)), std::make_move_iterator(words.begin()),
                      std::make_move_iterator(words.end()));
         i = term.operation + count - 1;
         if (engine.like != LikeWriting::FoldedText) continue;

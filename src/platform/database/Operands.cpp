@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<QStringView, 15> kBeforeExpressions = {u"SELECT", u"DISTINCT", u"ALL",  u"WHERE",  u"AND",
                                                             u"OR",     u"NOT",      u"ON",   u"HAVING", u"WHEN",
                                                             u"THEN",   u"ELSE",     u"CASE", u"BY",     u"RETURNING"};
-constexpr std::array<QStringView, 24> kBehindExpressions = {
+constexpr std::array<QStringView, 24> kAfterExpressions = {
     u"AND",       u"OR",     u"ORDER", u"GROUP", u"HAVING", u"LIMIT", u"UNION", u"EXCEPT",
     u"INTERSECT", u"WINDOW", u"THEN",  u"ELSE",  u"WHEN",   u"END",   u"AS",    u"FROM",
     u"WHERE",     u"LEFT",   u"RIGHT", u"INNER", u"FULL",   u"CROSS", u"JOIN",  u"ON"};
@@ -91,8 +91,8 @@ bool StartsExpression(const Level& level, size_t begin) {
 
 bool EndsExpression(const Level& level, size_t end) {
     if (end >= level.size()) return true;
-    const Piece& behind = level[end];
-    return behind.IsSign(u",") || behind.IsSign(u";") || IsOneOf(behind, kBehindExpressions);
+    const Piece& next = level[end];
+    return next.IsSign(u",") || next.IsSign(u";") || IsOneOf(next, kAfterExpressions);
 }
 
 size_t WrapInCall(Level& level, size_t first, size_t last, const QString& call) {

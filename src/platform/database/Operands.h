@@ -12,7 +12,7 @@ namespace platform {
 
 /// First piece of the operand that ends before `end`; none where no operand ends there.
 std::optional<size_t> BeginOfOperand(const Level& level, size_t end);
-/// Behind the operand that begins at `begin`; none where no operand begins there.
+/// The place after the operand that begins at `begin`; none where no operand begins there.
 std::optional<size_t> EndOfOperand(const Level& level, size_t begin);
 
 /// True where an operand that begins at `begin` is the whole left side: nothing before it binds to it. A literal or a
@@ -22,7 +22,7 @@ bool StartsExpression(const Level& level, size_t begin);
 bool EndsExpression(const Level& level, size_t end);
 
 /// `call` is an expression with the word `operand` in it: puts the pieces first to last - 1 in the place of that word,
-/// and the call in theirs. Returns how many pieces stand there now.
+/// and the call in theirs. Returns the number of pieces there now.
 size_t WrapInCall(Level& level, size_t first, size_t last, const QString& call);
 
 /// DatabaseError kStatementFailure: the statement can't be put into a server's words, for the reason given.

@@ -8,9 +8,9 @@
 namespace platform {
 namespace {
 
-constexpr std::array<QStringView, 11> kBehindOrder = {u"LIMIT", u"OFFSET", u"FETCH",     u"FOR",
-                                                      u"UNION", u"EXCEPT", u"INTERSECT", u"ROWS",
-                                                      u"RANGE", u"GROUPS", u"SEPARATOR"};
+constexpr std::array<QStringView, 11> kAfterOrder = {u"LIMIT", u"OFFSET", u"FETCH",     u"FOR",
+                                                     u"UNION", u"EXCEPT", u"INTERSECT", u"ROWS",
+                                                     u"RANGE", u"GROUPS", u"SEPARATOR"};
 constexpr std::array<QStringView, 3> kCompounds = {u"UNION", u"EXCEPT", u"INTERSECT"};
 
 template <size_t N>
@@ -19,7 +19,7 @@ bool IsOneOf(const Piece& piece, const std::array<QStringView, N>& keywords) {
 }
 
 bool EndsOrder(const Level& level, size_t at) {
-    return at >= level.size() || level[at].IsSign(u";") || IsOneOf(level[at], kBehindOrder);
+    return at >= level.size() || level[at].IsSign(u";") || IsOneOf(level[at], kAfterOrder);
 }
 
 class Reader {
@@ -45,13 +45,13 @@ class Reader {
     OrderItem ItemOf(size_t first, size_t end) const {
         OrderItem item;
         item.first = first;
-        item.end = item.behind = end;
+        item.end = item.expressionEnd = end;
         item.descending = level_[end - 1].Is(u"DESC");
-        if (end > first + 1 && (item.descending || level_[end - 1].Is(u"ASC"))) --item.behind;
+        if (end > first + 1 && (item.descending || level_[end - 1].Is(u"ASC"))) --item.expressionEnd;
         for (size_t at = first; at < end; ++at) item.placesNulls = item.placesNulls || level_[at].Is(u"NULLS");
         if (compound_)
             CheckCompound();
-        else if (IsColumnName(level_, item.first, item.behind))
+        else if (IsColumnName(level_, item.first, item.expressionEnd))
             ReadName(item);
         else if (IsPosition(item))
             ReadPosition(item);
@@ -68,7 +68,7 @@ class Reader {
 
     bool IsPosition(const OrderItem& item) const {
         const Piece& piece = level_[item.first];
-        return item.behind - item.first == 1 && !piece.group && piece.token.kind == TokenKind::Number &&
+        return item.expressionEnd - item.first == 1 && !piece.group && piece.token.kind == TokenKind::Number &&
                !select_.empty();
     }
 
@@ -80,32 +80,32 @@ class Reader {
     }
 
     void ReadName(OrderItem& item) const {
-        const Piece& name = level_[item.behind - 1];
-        if (item.behind - item.first == 1) {
+        const Piece& name = level_[item.expressionEnd - 1];
+        if (item.expressionEnd - item.first == 1) {
             for (const SelectItem& selected : select_)
                 if (selected.alias.compare(NameOf(name), Qt::CaseInsensitive) == 0) return TakeSelected(item, selected);
         }
         if (names_.IsRenamed(name)) RefuseOrder();
-        TakeColumn(item, item.first, item.behind);
+        TakeColumn(item, item.first, item.expressionEnd);
         item.asText = names_.IsListed(name);
     }
 
     // An alias that is listed itself is text whatever its expression is.
     void TakeSelected(OrderItem& item, const SelectItem& selected) const {
         const bool listed = names_.IsListed(MakeWord(selected.alias));
-        if (!IsColumnName(level_, selected.first, selected.behind)) {
-            if (listed || names_.Uses(level_, selected.first, selected.behind)) RefuseOrder();
+        if (!IsColumnName(level_, selected.first, selected.end)) {
+            if (listed || names_.Uses(level_, selected.first, selected.end)) RefuseOrder();
             return;
         }
-        const Piece& column = level_[selected.behind - 1];
+        const Piece& column = level_[selected.end - 1];
         if (names_.IsRenamed(column)) RefuseOrder();
-        TakeColumn(item, selected.first, selected.behind);
+        TakeColumn(item, selected.first, selected.end);
         item.asText = listed || names_.IsListed(column);
     }
 
-    void TakeColumn(OrderItem& item, size_t first, size_t behind) const {
+    void TakeColumn(OrderItem& item, size_t first, size_t end) const {
         item.column.assign(level_.begin() + static_cast<std::ptrdiff_t>(first),
-                           level_.begin() + static_cast<std::ptrdiff_t>(behind));
+                           level_.begin() + static_cast<std::ptrdiff_t>(end));
     }
 
     const Level& level_;

@@ -9,12 +9,12 @@ namespace platform {
 
 /// One item of an ORDER BY.
 struct OrderItem {
-    size_t first = 0, behind = 0;  ///< its expression
-    size_t end = 0;                ///< behind its direction
-    bool asText = false;           ///< sorted as text; then `column` is there
+    size_t first = 0, expressionEnd = 0;  ///< its expression
+    size_t end = 0;                       ///< after its direction
+    bool asText = false;                  ///< sorted as text; then `column` is there
     bool descending = false;
-    bool placesNulls = false;  ///< says itself where Nulls stand
-    Level column;              ///< the column that it stands for by its name, its alias or its position; else empty
+    bool placesNulls = false;  ///< has its own NULLS FIRST or LAST
+    Level column;              ///< the column that it denotes by its name, its alias or its position; else empty
 };
 
 /// True where an ORDER BY begins.

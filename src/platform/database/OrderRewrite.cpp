@@ -28,9 +28,9 @@ bool EndsItem(const Level& level, size_t at) {
 void GiveCollations(Level& level, size_t order, const QString& collation, const TextRules& rules) {
     for (size_t at = order + 2; at < level.size(); at = NextItem(level, at)) {
         if (!level[at].IsName()) continue;
-        const size_t behind = EndOfName(level, at);
-        const bool column = EndsItem(level, behind + (IsDirection(level, behind) ? 1 : 0));
-        if (column && IsColumnOf(rules.sortedAsText, level[behind - 1])) InsertCollation(level, behind, collation);
+        const size_t end = EndOfName(level, at);
+        const bool column = EndsItem(level, end + (IsDirection(level, end) ? 1 : 0));
+        if (column && IsColumnOf(rules.sortedAsText, level[end - 1])) InsertCollation(level, end, collation);
     }
 }
 
@@ -48,7 +48,7 @@ void SortByFunction(Level& level, const OrderItem& item, const QString& function
     Level key = item.column;
     key.front().token.before = level[item.first].token.before;
     WrapInFunction(key, 0, key.size(), function);
-    const auto place = level.erase(level.begin() + Offset(item.first), level.begin() + Offset(item.behind));
+    const auto place = level.erase(level.begin() + Offset(item.first), level.begin() + Offset(item.expressionEnd));
     level.insert(place, std::make_move_iterator(key.begin()), std::make_move_iterator(key.end()));
 }
 

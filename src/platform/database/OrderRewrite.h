@@ -15,7 +15,7 @@ namespace platform {
 void AdaptOrder(Level& level, const EngineDifferences& engine, const TextRules& rules, const TextNames& names);
 
 /// Where the level is a SELECT with a column sorted as text in its ORDER BY: takes the order and the limit out, adds
-/// the keys as columns behind the others, and tells both in `adapted`. DatabaseError kStatementFailure where its rows
+/// the keys as columns after the others, and stores both in `adapted`. DatabaseError kStatementFailure where its rows
 /// are grouped, made different or limited otherwise, or a key is no column.
 void TakeOrder(Level& level, const TextNames& names, AdaptedStatement& adapted);
 

@@ -16,21 +16,21 @@ bool EndsItems(const Level& level, size_t at) {
     return at >= level.size() || level[at].Is(u"FROM") || EndOfFrom(level, at) == at;
 }
 
-// A word behind an operand is an alias also without AS.
-bool HasPlainAlias(const Level& level, size_t first, size_t behind) {
-    if (behind - first < 2 || !level[behind - 1].IsName()) return false;
-    const Piece& before = level[behind - 2];
+// A word after an operand is an alias also without AS.
+bool HasPlainAlias(const Level& level, size_t first, size_t end) {
+    if (end - first < 2 || !level[end - 1].IsName()) return false;
+    const Piece& before = level[end - 2];
     return before.group || before.IsName() || before.token.kind == TokenKind::Text ||
            before.token.kind == TokenKind::Number;
 }
 
-SelectItem ItemOf(const Level& level, size_t first, size_t behind) {
-    SelectItem item{first, behind, {}, false};
-    item.all = behind > first && level[behind - 1].IsSign(u"*");
-    if (!HasPlainAlias(level, first, behind)) return item;
-    item.alias = NameOf(level[behind - 1]);
-    item.behind = behind - 1;
-    if (item.behind > first + 1 && level[item.behind - 1].Is(u"AS")) --item.behind;
+SelectItem ItemOf(const Level& level, size_t first, size_t end) {
+    SelectItem item{first, end, {}, false};
+    item.all = end > first && level[end - 1].IsSign(u"*");
+    if (!HasPlainAlias(level, first, end)) return item;
+    item.alias = NameOf(level[end - 1]);
+    item.end = end - 1;
+    if (item.end > first + 1 && level[item.end - 1].Is(u"AS")) --item.end;
     return item;
 }
 
@@ -56,16 +56,16 @@ std::vector<SelectItem> SelectItemsOf(const Level& level, size_t begin) {
     return items;
 }
 
-bool IsColumnName(const Level& level, size_t first, size_t behind) {
-    return first < behind && level[first].IsName() && level[behind - 1].IsName() && EndOfName(level, first) == behind;
+bool IsColumnName(const Level& level, size_t first, size_t end) {
+    return first < end && level[first].IsName() && level[end - 1].IsName() && EndOfName(level, first) == end;
 }
 
 TextNames::TextNames(const Level& statement, const TextRules& rules) : listed_(rules.sortedAsText) {
     Collect(statement);
 }
 
-bool TextNames::Uses(const Level& level, size_t first, size_t behind) const {
-    for (size_t at = first; at < behind; ++at) {
+bool TextNames::Uses(const Level& level, size_t first, size_t end) const {
+    for (size_t at = first; at < end; ++at) {
         const Piece& piece = level[at];
         if (piece.group ? Uses(piece.inside, 0, piece.inside.size()) : IsListed(piece) || IsRenamed(piece)) return true;
     }
@@ -86,7 +86,7 @@ void TextNames::CollectAliases(const Level& level) {
     for (size_t select = 0; select < level.size(); ++select) {
         if (!level[select].Is(u"SELECT")) continue;
         for (const SelectItem& item : SelectItemsOf(level, select))
-            if (!item.alias.isEmpty() && Uses(level, item.first, item.behind)) Rename(item.alias);
+            if (!item.alias.isEmpty() && Uses(level, item.first, item.end)) Rename(item.alias);
     }
 }
 

@@ -9,18 +9,18 @@
 
 namespace platform {
 
-/// One column of a SELECT: its expression, and the name that AS or a word behind it gives.
+/// One column of a SELECT: its expression, and the name that AS or a word after it gives.
 struct SelectItem {
-    size_t first = 0, behind = 0;  ///< pieces of the expression
-    QString alias;                 ///< empty without one
-    bool all = false;              ///< "*" or "t.*"
+    size_t first = 0, end = 0;  ///< pieces of the expression
+    QString alias;              ///< empty without one
+    bool all = false;           ///< "*" or "t.*"
 };
 
-/// The columns of the first SELECT at or behind `begin`; empty where the level has none.
+/// The columns of the first SELECT at or after `begin`; empty where the level has none.
 std::vector<SelectItem> SelectItemsOf(const Level& level, size_t begin = 0);
 
 /// True where the pieces are one column with or without its table.
-bool IsColumnName(const Level& level, size_t first, size_t behind);
+bool IsColumnName(const Level& level, size_t first, size_t end);
 
 /// The names under which a statement has the columns that are sorted as text: those of the rules, and aliases of
 /// expressions that use them.
@@ -31,7 +31,7 @@ class TextNames {
     bool IsListed(const Piece& piece) const { return IsColumnOf(listed_, piece); }
     bool IsRenamed(const Piece& piece) const { return IsColumnOf(renamed_, piece); }
     /// True where one of the names is used by the pieces, or inside their brackets.
-    bool Uses(const Level& level, size_t first, size_t behind) const;
+    bool Uses(const Level& level, size_t first, size_t end) const;
 
   private:
     void Collect(const Level& level);

@@ -47,7 +47,7 @@ ServerEngine MariaDb(const QString& name) {
     engine.differences.like = LikeWriting::RegularExpression;
     engine.differences.sortsInProvider = true;
     // Of the texts' own bytes, no byte below 0x80 is part of a longer character, and the case pairs of this character
-    // set beyond ASCII change the first byte of a character into one with more bytes behind it: so texts that differ in
+    // set beyond ASCII change the first byte of a character into one that more bytes follow: so texts that differ in
     // anything but ASCII case stay different.
     engine.differences.caseBlindCall =
         QStringLiteral("CAST(LOWER(CONVERT(CAST(CONVERT(operand USING utf8mb4) AS BINARY) USING latin1)) AS BINARY)");
