@@ -218,7 +218,7 @@ TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
     EXPECT_EQ(ReadBytes(UserFile()).count("=1\n"), kProcesses * kValues);
 }
 
-TEST_F(RegistryTest, MachinesPartIsReadableByAllAndItsLockByNobodyElseWhateverTheUmask) {
+TEST_F(RegistryTest, MachinesPartIsReadableByAllAndItsLockByItsOwnerAloneWhateverTheUmask) {
     const QString file = folder.filePath(u"etc/machine"_s);
     FileRegistry machine(file, UserFile());
     const auto mode = [](const QString& path) { return RightsOf(path)->mode & 0777U; };

@@ -1,7 +1,7 @@
-// Group and modes of everything in an installation, whoever makes it and whatever the umask.
+// Group and modes of all entries of an installation, independent of its maker and of the umask.
 
-#include <gtest/gtest.h>
 #include <grp.h>
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr uid_t kNobody = 65534;
-constexpr gid_t kClerks = 65533;  // has no name, and is nobody's default
+constexpr gid_t kClerks = 65533;  // has no name, and is no default group of the user nobody
 constexpr int kTimeout = 60000;   // milliseconds
 
 struct stat StatusOf(const QString& path) {
@@ -50,7 +50,7 @@ class InstallationRights : public testing::Test {
     }
 
     QString Root() const { return folder.filePath(u"honten"_s); }
-    /// Runs the tool as a program of its own, under a umask, as the superuser or another user.
+    /// Runs the tool as a separate program, under a umask, as the superuser or another user.
     ToolOutput Tool(const QStringList& arguments, mode_t mask = 022, uid_t user = 0, gid_t group = 0) const {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -170,8 +170,9 @@ TEST_F(InstallationRights, MakerOutsideTheGroupIsRefusedBeforeAnythingIsMade) {
     SetOwnerAndMode(folder.path(), 0, kClerks, 02777);
     const ToolOutput made = Tool({u"init"_s, folder.filePath(u"new/honten"_s)}, 022, kNobody, kNobody);
     EXPECT_EQ(made.status, 2);
-    EXPECT_EQ(made.err, u"suite-setup: %1 のグループ 65533 に入っていないので、そのグループのインストールを作れません。\n"
-                        u"使い方は suite-setup --help で表示されます。\n"_s.arg(folder.path()));
+    EXPECT_EQ(made.err,
+              u"suite-setup: %1 のグループ 65533 に入っていないので、そのグループのインストールを作れません。\n"
+              u"使い方は suite-setup --help で表示されます。\n"_s.arg(folder.path()));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
 }
 
@@ -222,9 +223,10 @@ TEST_F(InstallationRights, CheckNamesThoseOfEarlierVersionsAndTheCommandThatCorr
     MakeAsBefore();
     const ToolOutput before = Check();
     EXPECT_EQ(before.status, 1);
-    EXPECT_TRUE(before.out.startsWith(u"・権限が違います。次を、所有者か root が実行すると直ります。\n"
-                                      u"    suite-setup upgrade '%1'\n"
-                                      u"  %1: 0755 root → 2750 65533\n"_s.arg(Root())))
+    EXPECT_TRUE(
+        before.out.startsWith(u"・権限が違います。次を、所有者か root が実行すると直ります。\n"
+                              u"    suite-setup upgrade '%1'\n"
+                              u"  %1: 0755 root → 2750 65533\n"_s.arg(Root())))
         << before.out.toStdString();
     for (const QString& line : {u"/data/gnrdb.accdb: 0664 root → 0660 65533\n"_s, u"/users: 2775 root → 3770 65533\n"_s,
                                 u"/host/OFFICE16/MSACCESS.EXE: 0755 root → 0750 65533\n"_s})
@@ -251,8 +253,9 @@ TEST_F(InstallationRights, UpgradeFailsAfterItsOtherWorkWhereAnotherOwnerHasToCo
     const ToolOutput upgraded = Tool({u"upgrade"_s, Root()}, 022, kNobody, kNobody);
     EXPECT_EQ(upgraded.status, 1);
     EXPECT_TRUE(upgraded.out.contains(u"列 動作環境定義.バックアップ方法 を追加しました。\n"_s));
-    EXPECT_EQ(upgraded.err, u"suite-setup: 権限を直せません。所有者か root で実行してください。\n"
-                            u"%1/data/gnrdb.accdb: 0664 nogroup → 0660 nogroup\n"_s.arg(Root()));
+    EXPECT_EQ(upgraded.err,
+              u"suite-setup: 権限を直せません。所有者か root で実行してください。\n"
+              u"%1/data/gnrdb.accdb: 0664 nogroup → 0660 nogroup\n"_s.arg(Root()));
     EXPECT_EQ(Octal(StatusOf(Root() + u"/conf"_s).st_mode), u"2770"_s);
 }
 
@@ -265,7 +268,8 @@ TEST_F(InstallationRights, LinksAndFilesWithASecondNameAreLeftAlone) {
     }
     ASSERT_TRUE(QFile::link(secret, Root() + u"/data/link"_s));
     ASSERT_TRUE(QFile::link(folder.path(), Root() + u"/users/link"_s));
-    ASSERT_EQ(::link(QFile::encodeName(other).constData(), QFile::encodeName(Root() + u"/data/second"_s).constData()), 0);
+    ASSERT_EQ(::link(QFile::encodeName(other).constData(), QFile::encodeName(Root() + u"/data/second"_s).constData()),
+              0);
     EXPECT_EQ(Tool({u"upgrade"_s, Root()}).status, 1);
     for (const QString& file : {secret, other}) {
         EXPECT_EQ(Octal(StatusOf(file).st_mode), u"0600"_s);

@@ -41,8 +41,7 @@ int OpenLockFile(const QString& file) {
 }  // namespace
 
 RegistryLock::RegistryLock(const QString& file)
-    : lock_(OpenLockFile(file + u".lock"_s)),
-      status_(lock_ < 0 ? kRegistryDenied : TakeLock(lock_)) {}
+    : lock_(OpenLockFile(file + u".lock"_s)), status_(lock_ < 0 ? kRegistryDenied : TakeLock(lock_)) {}
 
 RegistryLock::~RegistryLock() {
     if (lock_ >= 0) ::close(lock_);
