@@ -15,12 +15,12 @@ struct FileRights {
 
 inline constexpr unsigned kSetGroupId = 02000;  ///< of a folder: what is made in it takes over its group
 
-/// Rights of the entry itself: a link is not followed. Nothing for a missing entry, a link, and anything that is neither
-/// file nor folder.
+/// Rights of the entry itself: a link is not followed. Nothing for a missing entry, a link, and anything that is
+/// neither file nor folder.
 std::optional<FileRights> RightsOf(const QString& path);
 
-/// Gives a plain file or folder this group and mode. False if the system refuses, and for a link or a file with a second
-/// name: either may have been made by another user to have a file elsewhere opened up.
+/// Gives a plain file or folder this group and mode. False if the system refuses, and for a link or a file with a
+/// second name: either may have been made by another user to have a file elsewhere opened up.
 bool SetRights(const QString& path, unsigned group, unsigned mode);
 
 /// In a folder with the setgid bit, gives a file the folder's group and its read and write bits for owner and group,

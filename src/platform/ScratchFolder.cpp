@@ -42,7 +42,8 @@ bool IsThere(int file) {
 
 /// The lock file goes last: without it, what is left after an interruption would not be known for a leftover.
 bool RemoveFolder(const QString& folder) {
-    const auto entries = QDir(folder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const auto entries =
+        QDir(folder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     bool gone = true;
     for (const QFileInfo& entry : entries) {
         if (entry.fileName() == kLockFile) continue;
@@ -76,7 +77,8 @@ void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
     path_ = QFile::decodeName(name);
     lock_ = TakeLock(path_, O_CREAT | O_EXCL);
     if (lock_ < 0) error_ = QString::fromLocal8Bit(std::strerror(errno));
-    const bool written = lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
+    const bool written =
+        lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
     if (written && IsThere(lock_)) return;
     if (lock_ >= 0) ::close(std::exchange(lock_, -1));
     RemoveFolder(path_);

@@ -21,9 +21,10 @@ namespace {
 QStringList FaultsIn(const QString& folder, const QString& prefix, const QString& known) {
     QStringList faults;
     for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(folder, prefix))
-        faults.append(leftover.known ? known.arg(leftover.path, platform::UserName(leftover.owner))
-                                     : u"途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
-                                           leftover.path));
+        faults.append(leftover.known
+                          ? known.arg(leftover.path, platform::UserName(leftover.owner))
+                          : u"途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
+                                leftover.path));
     return faults;
 }
 
@@ -57,9 +58,9 @@ QStringList LeftoverFaults(const QString& root) {
         QFileInfo(QFileInfo(root).canonicalFilePath()).path(), kWorkFolderPrefix,
         u"途中で終わった suite-setup init のフォルダ %1 が残っています。利用者 %2 が次に init を実行すると消えます。"_s);
     for (const QString& folder : FoldersOfTheHost(root))
-        faults += FaultsIn(
-            folder, kPrintFolderPrefix,
-            u"途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 %2 が次に印刷すると消えます。"_s);
+        faults +=
+            FaultsIn(folder, kPrintFolderPrefix,
+                     u"途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 %2 が次に印刷すると消えます。"_s);
     return faults;
 }
 

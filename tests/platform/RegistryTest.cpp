@@ -218,7 +218,7 @@ TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
     EXPECT_EQ(ReadBytes(UserFile()).count("=1\n"), kProcesses * kValues);
 }
 
-TEST_F(RegistryTest, MachinesPartIsReadableByAllAndItsLockByNobodyElseWhateverTheUmask) {
+TEST_F(RegistryTest, MachinesPartIsReadableByAllUsersWhateverTheUmask) {
     const QString file = folder.filePath(u"etc/machine"_s);
     FileRegistry machine(file, UserFile());
     const auto mode = [](const QString& path) { return RightsOf(path)->mode & 0777U; };
@@ -228,15 +228,6 @@ TEST_F(RegistryTest, MachinesPartIsReadableByAllAndItsLockByNobodyElseWhateverTh
     ::umask(kept);
     EXPECT_EQ(mode(folder.filePath(u"etc"_s)), 0755U);
     EXPECT_EQ(mode(file), 0644U);
-    EXPECT_EQ(mode(file + u".lock"_s), 0600U);
-}
-
-TEST_F(RegistryTest, LockOfAnEarlierVersionIsClosedToOtherUsers) {
-    const QString lock = UserFile() + u".lock"_s;
-    WriteBytes(lock, "");
-    ASSERT_TRUE(SetRights(lock, OwnGroupId(), 0644));
-    Made(kOffice);
-    EXPECT_EQ(RightsOf(lock)->mode & 0777U, 0600U);
 }
 
 TEST(RegistryPlaces, AreNamedByTheirEnvironmentVariables) {

@@ -90,8 +90,9 @@ TEST_F(Leftovers, OnlyCopyOfAReplacedInstallationGoesBack) {
     const QByteArray key = ReadBytes(folder.filePath(WorkFolders().first()) + u"/old/conf/pin.key"_s);
     const ToolOutput made = RunTool({u"init"_s, Root()});
     EXPECT_EQ(made.status, 2);
-    EXPECT_EQ(made.err.section(u'\n', 0, 0),
-              u"suite-setup: %1 には既にインストールがあります。作り直すときは --replace を付けてください。"_s.arg(Root()));
+    EXPECT_EQ(
+        made.err.section(u'\n', 0, 0),
+        u"suite-setup: %1 には既にインストールがあります。作り直すときは --replace を付けてください。"_s.arg(Root()));
     EXPECT_EQ(ReadBytes(Root() + u"/conf/pin.key"_s), key);
     EXPECT_EQ(WorkFolders(), QStringList());
 }
@@ -111,8 +112,9 @@ TEST_F(Leftovers, OnlyCopyThatCantGoBackStays) {
 TEST_F(Leftovers, OfEarlierVersionsAreNamedAndLeftToTheAdministrator) {
     Make(u"honten"_s);
     ASSERT_TRUE(QDir().mkpath(folder.filePath(u".suite-setup-AbCdEf/old/data"_s)));
-    EXPECT_EQ(CheckLines(), QStringList{u"・途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s
-                                            .arg(folder.filePath(u".suite-setup-AbCdEf"_s))});
+    EXPECT_EQ(CheckLines(),
+              QStringList{u"・途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
+                  folder.filePath(u".suite-setup-AbCdEf"_s))});
     Make(u"shiten"_s);
     EXPECT_EQ(WorkFolders(), QStringList{u".suite-setup-AbCdEf"_s});
 }
@@ -126,7 +128,9 @@ TEST_F(Leftovers, OfAKilledHostAreNamedForEachFolderThatIsPrintedTo) {
         ASSERT_TRUE(QDir().mkpath(work));
         WriteBytes(work + u"/in-use"_s, "");
         WriteOutputPlace(forms, report, {OutputPlace::Kind::Folder, place});
-        named.append(u"・途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 root が次に印刷すると消えます。"_s.arg(work));
+        named.append(
+            u"・途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 root が次に印刷すると消えます。"_s.arg(
+                work));
     }
     EXPECT_EQ(CheckLines(), named);
 }

@@ -10,7 +10,7 @@ import unittest
 
 from machine import GROUP, HANAKO, OUTSIDER, TARO, Machine, as_user, entries, rights
 
-# A written file keeps these, whoever wrote it under which umask.
+# A written file keeps these, independent of the user who wrote it and the umask.
 WRITTEN = {"data/gnrdb.accdb", "conf/usrcnfg.accdb", "report/repdb.accdb", "report/repfrmdb.accdb"}
 
 
@@ -35,7 +35,7 @@ class Squatter:
             return
 
     def close(self):
-        """The sockets that are in the folder, and how often somebody called."""
+        """The sockets that are in the folder, and the number of calls."""
         self.server.shutdown(socket.SHUT_RDWR)
         self.server.close()
         found = os.listdir(self.folder)
@@ -50,8 +50,8 @@ class Clerks(unittest.TestCase):
     def setUpClass(cls):
         cls.machine = Machine()
         cls.addClassCleanup(cls.machine.close)
-        cls.root, told = cls.machine.make("honten", "--pin", mask=0o077)
-        cls.pin = next(line.split()[2] for line in told.splitlines() if line.split()[:1] == ["00001"])
+        cls.root, output = cls.machine.make("honten", "--pin", mask=0o077)
+        cls.pin = next(line.split()[2] for line in output.splitlines() if line.split()[:1] == ["00001"])
         cls.paper = f"{cls.machine.parent}/paper"
         os.mkdir(cls.paper)
         os.chmod(cls.paper, 0o2770)
@@ -68,9 +68,9 @@ class Clerks(unittest.TestCase):
             CLERK_PAPER=self.paper, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
             PYTHONPATH=f"{self.machine.tests}/accessibility",
         )  # fmt: skip
-        told = clerk.communicate(timeout=240)[0]
+        output = clerk.communicate(timeout=240)[0]
         self.assertEqual(squatter.close(), ([os.path.basename(squatter.path)], 0))
-        self.assertEqual(clerk.returncode, 0, told)
+        self.assertEqual(clerk.returncode, 0, output)
         return set(os.listdir(self.paper)) - before
 
     def configuration(self, statement):

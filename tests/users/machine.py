@@ -54,11 +54,11 @@ def as_user(user, work):
         os._exit(0)
     os.close(writing)
     with os.fdopen(reading, "rb") as answer:
-        told = json.loads(answer.read())
+        reply = json.loads(answer.read())
     os.waitpid(child, 0)
-    if "error" in told:
-        raise AssertionError(told["error"])
-    return told["value"]
+    if "error" in reply:
+        raise AssertionError(reply["error"])
+    return reply["value"]
 
 
 class Machine:

@@ -16,8 +16,8 @@ class HostileMember(unittest.TestCase):
         cls.root, _ = cls.machine.make("shiten", "--install-kind", "1")
         cls.users = f"{cls.root}/users"
         cls.own = f"{cls.users}/{HANAKO}"
-        told = cls.machine.picture(HANAKO, cls.root)
-        assert "rows=" in told, told
+        output = cls.machine.picture(HANAKO, cls.root)
+        assert "rows=" in output, output
         cls.paths = entries(cls.own)
         cls.aside = cls.machine.home(JIRO)
 
@@ -46,11 +46,11 @@ class HostileMember(unittest.TestCase):
 
     def start_of_saburo_with(self, make):
         """Something of the other member is already there under the name of a user who starts for the first time."""
-        folder, target = f"{self.users}/{SABURO}", f"{self.aside}/trap"
+        folder, target = f"{self.users}/{SABURO}", f"{self.aside}/target"
         as_user(JIRO, lambda: make(folder, target))
         self.addCleanup(attacks.clear, folder, target)
-        told = self.machine.picture(SABURO, self.root)
-        self.assertNotIn("rows=", told)
+        output = self.machine.picture(SABURO, self.root)
+        self.assertNotIn("rows=", output)
         self.assertEqual(as_user(JIRO, lambda: attacks.files_in(target)), [])
         self.assertEqual(as_user(JIRO, lambda: attacks.files_in(folder)), [])
 

@@ -36,24 +36,11 @@ long Load(const QString& path, RegistryContent& content) {
     return kRegistryDone;
 }
 
-constexpr auto kReadableByAll =
-    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
-constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
-
-/// What is the machine's has to be read by every user, whatever the umask of the administrator who is the first to
-/// write it.
-long Store(const QString& path, const RegistryContent& content, bool forAll) {
-    const bool fresh = !QFileInfo::exists(path);
+long Store(const QString& path, const RegistryContent& content) {
     QSaveFile file(path);
     const QByteArray text = RegistryText(content);
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
-    const bool readable = !forAll || !fresh || (written && file.setPermissions(kReadableByAll));
-    return written && readable && file.commit() ? kRegistryDone : kRegistryDenied;
-}
-
-bool MakeFolder(const QString& folder, bool forAll) {
-    if (QFileInfo(folder).isDir()) return true;
-    return QDir().mkpath(folder) && (!forAll || QFile::setPermissions(folder, kPassableByAll));
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit() ? kRegistryDone
+                                                                                               : kRegistryDenied;
 }
 
 bool MayWrite(const QString& path) {
@@ -76,6 +63,16 @@ long HandOut(const QString& text, QString& buffer, int& length) {
 QString FileByEnvironment(const char* variable, const QString& otherwise) {
     const QString named = qEnvironmentVariable(variable);
     return named.isEmpty() ? otherwise : named;
+}
+
+// What is the machine's has to be read by every user, whatever the umask of the administrator who writes it first.
+constexpr auto kReadableByAll =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
+constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+
+bool MakeFolder(const QString& folder, bool forAll) {
+    if (QFileInfo(folder).isDir()) return true;
+    return QDir().mkpath(folder) && (!forAll || QFile::setPermissions(folder, kPassableByAll));
 }
 
 }  // namespace
@@ -111,7 +108,11 @@ long FileRegistry::Write(const RegistryKey& key, const std::function<long(Regist
     const long read = Load(file, content);
     if (read != kRegistryDone) return read;
     const long changed = change(content);
-    return changed == kRegistryDone ? Store(file, content, forAll) : changed;
+    if (changed != kRegistryDone) return changed;
+    const bool fresh = !QFileInfo::exists(file);
+    const long stored = Store(file, content);
+    if (stored != kRegistryDone || !fresh || !forAll) return stored;
+    return QFile::setPermissions(file, kReadableByAll) ? kRegistryDone : kRegistryDenied;
 }
 
 long FileRegistry::OpenKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) {

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -30,18 +29,10 @@ long TakeLock(int file) {
     return kRegistryDone;
 }
 
-/// For its owner alone: a user who may only read it could hold a lock on it, and nothing would be written any more.
-/// Earlier versions made it readable by all.
-int OpenLockFile(const QString& file) {
-    const int lock = ::open(QFile::encodeName(file).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (lock >= 0) ::fchmod(lock, 0600);
-    return lock;
-}
-
 }  // namespace
 
 RegistryLock::RegistryLock(const QString& file)
-    : lock_(OpenLockFile(file + u".lock"_s)),
+    : lock_(::open(QFile::encodeName(file + u".lock"_s).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644)),
       status_(lock_ < 0 ? kRegistryDenied : TakeLock(lock_)) {}
 
 RegistryLock::~RegistryLock() {
