@@ -20,8 +20,9 @@ void ReceiveStartLink(const QString& commandLine, const QString& earliest);
 bool WriteEndLink(const QString& text);
 
 /// Answers the start message once, for a program that can wait when that fails: True when the starter will find the
-/// answer, or no program waits for one; the end of the program then writes no other. False when it cannot be written, or
-/// the clock is behind the time of the start message: the starter passes over answers that are older than its question.
+/// answer, or no program waits for one; the end of the program then writes no other. False when it cannot be written,
+/// or the clock is behind the time of the start message: the starter passes over answers that are older than its
+/// question.
 bool AnswerStarter();
 
 /// Disables the main form, leaves a start message for the program `receiver` and gives it time to lie there before
