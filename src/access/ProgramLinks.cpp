@@ -45,10 +45,17 @@ QString InsertStatement(const LinkMessage& message) {
            values.join(u", "_s) + u')';
 }
 
-/// Whoever looks at the channel next does so on a fresh connection.
-void Post(const LinkMessage& message) {
-    ExecuteConfigSql(InsertStatement(message));
+/// Whoever looks at the channel next does so on a fresh connection. True when the message has been written.
+bool Post(const LinkMessage& message) {
+    const bool written = ExecuteConfigSql(InsertStatement(message));
     ReconnectConfigConnection();
+    return written;
+}
+
+/// Time of the start message that was received.
+QString& StartedAt() {
+    static QString time;
+    return time;
 }
 
 /// The statement that takes a message out. Without `key` all messages go that were sent in the same second between the
@@ -70,6 +77,7 @@ void TakeStartMessage(const QString& commandLine, const QString& earliest) {
     if (OpenConfigRecordset(message, sql)) {
         globals.LinkSenderId = message[u"発信プログラムID"].TextOr(QString());
         globals.LinkStartInfo = message[u"起動連携情報"].Text();
+        StartedAt() = message[u"発信日時"].TextOr(QString());
         ExecuteConfigSql(DeleteStatement(message, kStart));
     }
     message.Close();
@@ -79,6 +87,7 @@ void TakeStartMessage(const QString& commandLine, const QString& earliest) {
 
 void ReceiveStartLink(const QString& commandLine, const QString& earliest) {
     Globals().LinkSenderId = QString();
+    StartedAt().clear();
     try {
         TakeStartMessage(commandLine, earliest);
     } catch (const platform::RuntimeError&) {
@@ -86,7 +95,15 @@ void ReceiveStartLink(const QString& commandLine, const QString& earliest) {
     }
 }
 
-void WriteEndLink(const QString& text) {
+bool AnswerStarter() {
+    ProgramGlobals& globals = Globals();
+    if (globals.LinkStartInfo.isEmpty()) return true;
+    if (Present() < StartedAt() || !WriteEndLink(globals.LinkEndInfo)) return false;
+    globals.LinkStartInfo.clear();
+    return true;
+}
+
+bool WriteEndLink(const QString& text) {
     ProgramGlobals& globals = Globals();
     try {
         LoadLaunchStaffCode();
@@ -95,7 +112,7 @@ void WriteEndLink(const QString& text) {
     }
     globals.LinkEndInfo = text;
     const QString now = Present();
-    Post({now, globals.LinkSenderId, globals.ProgramId, now, kEnd, globals.LinkStartInfo, globals.LinkEndInfo});
+    return Post({now, globals.LinkSenderId, globals.ProgramId, now, kEnd, globals.LinkStartInfo, globals.LinkEndInfo});
 }
 
 void SendStartLink(const QString& sender, const QString& receiver, const QString& key) {

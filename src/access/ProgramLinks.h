@@ -16,8 +16,14 @@
 void ReceiveStartLink(const QString& commandLine, const QString& earliest);
 
 /// Answers the start message that was received; `text` is for the starter and may be empty. Also keeps `text` in
-/// LinkEndInfo. Throws nothing.
-void WriteEndLink(const QString& text);
+/// LinkEndInfo. True when the answer has been written. Throws nothing.
+bool WriteEndLink(const QString& text);
+
+/// Answers the start message once, for a program that can wait when that fails: True when the starter will find the
+/// answer, or no program waits for one; the end of the program then writes no other. False when it cannot be written,
+/// or the clock is behind the time of the start message: the starter passes over answers that are older than its
+/// question.
+bool AnswerStarter();
 
 /// Disables the main form, leaves a start message for the program `receiver` and gives it time to lie there before
 /// that program is started. Throws platform::DatabaseError when the staff code cannot be read; the form stays disabled.

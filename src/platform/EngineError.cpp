@@ -14,8 +14,9 @@ QString TextForPeople(const std::exception& error) {
         return WithWords(engine->Explanation(), engine->Description());
     if (const auto* failure = dynamic_cast<const RuntimeError*>(&error)) return failure->Description();
     const bool memory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
-    return WithWords(memory ? QStringLiteral("メモリーが足りません。") : QStringLiteral("予期しない問題が発生しました。"),
-                     QString::fromLocal8Bit(error.what()));
+    return WithWords(
+        memory ? QStringLiteral("メモリーが足りません。") : QStringLiteral("予期しない問題が発生しました。"),
+        QString::fromLocal8Bit(error.what()));
 }
 
 }  // namespace platform

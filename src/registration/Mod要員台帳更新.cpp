@@ -1,6 +1,7 @@
 #include "registration/Mod要員台帳更新.h"
 
 #include "access/CompanyInformation.h"
+#include "access/ProgramLinks.h"
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
 #include "access/UserInformation.h"
@@ -59,7 +60,7 @@ void StartRegistration() {
     globals.MenuName = u"販路推進データ管理"_s;
     platform::Services().dialogs->defaultTitle = globals.ProgramId;
     // Lives to the end of the process, which leaves without running destructors.
-    auto* form = new frm要員台帳更新(LeaveRegistration);
+    auto* form = new frm要員台帳更新(LeaveRegistration, AnswerStarter);
     globals.MainForm = form;
     const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());
     if (!StartIsPossible(*form, command)) return;

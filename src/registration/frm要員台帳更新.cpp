@@ -1,6 +1,8 @@
 #include "registration/frm要員台帳更新.h"
 
 #include <QComboBox>
+#include <algorithm>
+#include <chrono>
 
 #include "access/ProgramRights.h"
 #include "data/EraDates.h"
@@ -11,9 +13,11 @@
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
+constexpr std::chrono::milliseconds kFirstPause = 1s, kLongestPause = 60s;
 constexpr int kChangeRight = 2, kDeleteRight = 3;
 
 bool MayDo(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
@@ -31,10 +35,13 @@ QString Notice(const QString& text, int bytes) {
 
 }  // namespace
 
-frm要員台帳更新::frm要員台帳更新(std::function<void()> leave) : Form(u"frm要員台帳更新"_s), leave_(std::move(leave)) {
+frm要員台帳更新::frm要員台帳更新(std::function<void()> leave, std::function<bool()> answer)
+    : Form(u"frm要員台帳更新"_s), leave_(std::move(leave)), answer_(std::move(answer)) {
     setWindowTitle(u"要員台帳更新"_s);
     BuildRegistrationForm(*this);
     WireItems();
+    nextTry_.setInterval(kFirstPause);
+    nextTry_.callOnTimeout(this, [this] { RunEvent([this] { TryAgain(); }); });
     Closing = EscapePressed = [this] { End(); };
     Item(u"btn_保存"_s).Click = [this] { Save(); };
     Item(u"btn_削除"_s).Click = [this] { Delete(); };
@@ -143,11 +150,11 @@ void frm要員台帳更新::Delete() {
 void frm要員台帳更新::Conclude(StoreOutcome outcome, const QString& failure) {
     switch (outcome) {
         case StoreOutcome::Done:
-            return leave_();
+            return AnswerAndLeave();
         case StoreOutcome::Gone:
             // There is nothing left to work on, and whoever started this program takes the row out of its list.
             platform::Services().dialogs->ShowMessage(u"この担当者は他の端末で削除されています。"_s);
-            return leave_();
+            return AnswerAndLeave();
         case StoreOutcome::Changed:
             return OfferToReadAgain();
         case StoreOutcome::Failed:
@@ -164,8 +171,27 @@ void frm要員台帳更新::OfferToReadAgain() {
     if (outcome != StoreOutcome::Done) Conclude(outcome, u"データベースに問題が発生し読み込めませんでした。"_s);
 }
 
+/// The program that started this one waits for the answer without a limit, so the window stays until it is written.
+void frm要員台帳更新::AnswerAndLeave() {
+    if (answer_()) return leave_();
+    SetEnabled(false);
+    nextTry_.start();
+    platform::Services().dialogs->ShowMessage(
+        u"起動元のプログラムに終了を通知できません。ディスクの空きとコンピューターの時計を確かめてください。"
+        "この画面を開いている間は通知を繰り返し、通知できたときに画面を閉じます。"_s);
+}
+
+/// At growing intervals, since each try that fails leaves a row in the run history.
+void frm要員台帳更新::TryAgain() {
+    nextTry_.setInterval(std::min(2 * nextTry_.intervalAsDuration(), kLongestPause));
+    if (!answer_()) return;
+    nextTry_.stop();
+    leave_();
+}
+
 void frm要員台帳更新::End() {
+    if (nextTry_.isActive()) return leave_();
     const bool lost = Entered() != shown_;
     if (lost && !platform::Services().dialogs->Confirm(u"修正が保存されていません。終了しますか?"_s)) return;
-    leave_();
+    AnswerAndLeave();
 }

@@ -38,9 +38,9 @@ TEST(EngineError, PeopleAreShownJapaneseWithTheEnginesWordsInBrackets) {
                            u"UNIQUE constraint failed: 鍵.a"_s}));
     const OtherProgram other(file.Path());
     ASSERT_EQ(other.Run("BEGIN IMMEDIATE"), SQLITE_OK);
-    EXPECT_EQ(TextsOf(connection, u"INSERT INTO 鍵 VALUES ('2')"_s),
-              QStringList({u"データベースは他のプログラムが使用中です。（database is locked）"_s,
-                           u"database is locked"_s}));
+    EXPECT_EQ(
+        TextsOf(connection, u"INSERT INTO 鍵 VALUES ('2')"_s),
+        QStringList({u"データベースは他のプログラムが使用中です。（database is locked）"_s, u"database is locked"_s}));
 }
 
 TEST(EngineError, FailuresOfTheSuiteComeAsTheyAre) {

@@ -2,12 +2,15 @@
 
 #include <QElapsedTimer>
 #include <QTcpServer>
+#include <atomic>
 #include <clocale>
+#include <thread>
 
 #include "access/CompanyInformation.h"
 #include "access/MainConnection.h"
 #include "data/Recordsets.h"
 #include "inquiry/StaffQuery.h"
+#include "platform/EndRequest.h"
 #include "platform/RuntimeError.h"
 #include "registration/StaffStore.h"
 #include "servers/ServerFixture.h"
@@ -55,6 +58,36 @@ long NumberOf(const std::function<void()>& action) {
 }
 
 }  // namespace
+
+TEST_F(Trouble, ARequestToEndTheProgramCancelsAStatementThatTakesHours) {
+    ASSERT_TRUE(OpenGeneral());
+    int ends = 0;
+    platform::SetEndHandler([&ends] { ++ends; });
+    const QString running = IsPostgres() ? u"SELECT query FROM pg_stat_activity WHERE state = 'active'"_s
+                                         : u"SELECT info FROM information_schema.processlist"_s;
+    std::atomic<qint64> asked = -1;
+    QElapsedTimer timer;
+    timer.start();
+    std::thread system([&] {
+        const auto runs = [&] {
+            for (const QStringList& row : server.Rows(running))
+                if (row.first().contains(u"x7.コード"_s) && !row.first().contains(u"pg_stat_activity"_s)) return true;
+            return false;
+        };
+        while (!runs() && timer.elapsed() < 60'000) std::this_thread::yield();
+        asked = timer.elapsed();
+        platform::RequestEnd();
+    });
+    QStringList tables;
+    for (int i = 1; i <= 7; ++i) tables << u"M担当者 x%1"_s.arg(i);
+    platform::Recordset rows;
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT COUNT(x7.コード) AS n FROM "_s + tables.join(u", "_s), false));
+    system.join();
+    platform::SetEndHandler({});
+    EXPECT_EQ(ends, 1);
+    EXPECT_LT(timer.elapsed() - asked, kAtOnce);
+    EXPECT_FALSE(platform::EndRequested());
+}
 
 TEST_F(Trouble, AWrongPasswordEndsTheStartWithTheServersWordsInTheHistory) {
     Define(u"パスワード"_s, u"falsch"_s);

@@ -85,7 +85,7 @@ bool AnswerWatch::Ended() const {
     return ended_;
 }
 
-// Whoever waits for the answer is not able to notice the request.
+// The thread that waits for the answer cannot notice the request.
 void AnswerWatch::FollowEndRequest(Clock::time_point now) {
     if (turns_ == 0 || endSeen_ || !EndRequested()) return;
     endSeen_ = true;

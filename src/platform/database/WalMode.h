@@ -20,7 +20,7 @@ QByteArray NameWithoutLocks(const QString& path);
 /// True for a database that was opened under such a name: the engine does not notice what others write.
 bool IsWithoutLocks(sqlite3* database);
 
-/// Changes whenever somebody writes the file or puts another one into its place.
+/// Changes whenever the file is written or replaced.
 struct FileVersion {
     quint64 inode = 0;
     qint64 size = 0, seconds = 0, nanoseconds = 0;
