@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QtTest/QTest>
 
+#include <unistd.h>
 #include <csignal>
 
 #include "frame/MainFormFixture.h"
@@ -148,4 +149,37 @@ TEST_F(MainFormReportTest, ReportThatFailsIsToldInTheHostsWords) {
     EXPECT_TRUE(Boxes().last().contains(u"repfrmdb.accdb"_s)) << Boxes().last().toStdString();
     // Nobody kills it, but with its caller gone it has nothing left to do.
     EXPECT_TRUE(QTest::qWaitFor([this] { return Hosts().isEmpty(); }, 20000));
+}
+
+TEST_F(MainFormReportTest, FolderThatOthersMayEnterEndsThePrintWithAMessage) {
+    const QTemporaryDir temporary;
+    const QString squatted = temporary.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
+    ASSERT_TRUE(QDir().mkdir(squatted) && QFile::setPermissions(squatted, QFile::Permissions(0x7777)));
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    qunsetenv("XDG_RUNTIME_DIR");
+    qputenv("TMPDIR", temporary.path().toUtf8());
+    Start();
+    Order(u"btn_印刷"_s);
+    qputenv("XDG_RUNTIME_DIR", runtime);
+    qunsetenv("TMPDIR");
+    EXPECT_EQ(Boxes().last(),
+              u"フォルダ「%1」は自分専用のものではないため、帳票ホストとの連絡に使えません。"_s.arg(squatted));
+    EXPECT_EQ(Printed(), QStringList());
+    EXPECT_EQ(QDir(squatted).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), QStringList());
+    ExpectHosts({});
+}
+
+TEST_F(MainFormReportTest, EndedPreviewsLeaveNoDescriptor) {
+    const auto open = [] { return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size(); };
+    Start();
+    Order(u"btn_プレビュ"_s);
+    const qsizetype before = open();
+    for (int i = 0; i < 3; ++i) {
+        const QList<qint64> earlier = Hosts();
+        Order(u"btn_プレビュ"_s);
+        for (const qint64 host : Hosts())
+            if (!earlier.contains(host)) ::kill(static_cast<pid_t>(host), SIGTERM);
+        ExpectHosts(earlier);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open() <= before; }, 20000)) << open() - before;
 }
