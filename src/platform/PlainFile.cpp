@@ -1,0 +1,56 @@
+#include "platform/PlainFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace platform {
+namespace {
+
+/// Status of a path that could not be opened.
+FileRead Refused(int code) {
+    if (code == ENOENT || code == ENOTDIR) return FileRead::Missing;
+    return code == ENXIO ? FileRead::NotPlain : FileRead::Denied;
+}
+
+}  // namespace
+
+FileRead OpenPlainFile(const QString& path, QFile& file) {
+    // Opening a pipe would wait for its other end, and opening some devices already does something.
+    const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int descriptor = ::open(QFile::encodeName(path).constData(), flags);
+    if (descriptor < 0) return Refused(errno);
+    struct stat state = {};
+    const bool plain = ::fstat(descriptor, &state) == 0 && S_ISREG(state.st_mode);
+    if (plain && file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) return FileRead::Done;
+    ::close(descriptor);
+    return plain ? FileRead::Failed : FileRead::NotPlain;
+}
+
+FileRead ReadPlainFile(const QString& path, qint64 limit, QByteArray& content) {
+    QFile file;
+    const FileRead opened = OpenPlainFile(path, file);
+    if (opened != FileRead::Done) return opened;
+    // One byte more than allowed tells a file that grows meanwhile.
+    QByteArray read = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError) return FileRead::Failed;
+    if (read.size() > limit) return FileRead::TooLarge;
+    content = std::move(read);
+    return FileRead::Done;
+}
+
+bool SameContent(const QString& one, const QString& other) {
+    QFile a, b;
+    if (OpenPlainFile(one, a) != FileRead::Done || OpenPlainFile(other, b) != FileRead::Done) return false;
+    constexpr qint64 kBlock = 1 << 20;
+    for (;;) {
+        const QByteArray block = a.read(kBlock);
+        if (block != b.read(kBlock) || a.error() != QFileDevice::NoError || b.error() != QFileDevice::NoError)
+            return false;
+        if (block.isEmpty()) return true;
+    }
+}
+
+}  // namespace platform
