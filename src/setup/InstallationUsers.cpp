@@ -28,9 +28,6 @@ FilePlaces PlacesOf(const QString& root, const QString& user) {
     return {user, own + u"/conf"_s, own + u"/report"_s};
 }
 
-// A link that leads nowhere counts as "system".
-constexpr QDir::Filters kFoldersAndLinks = QDir::Dirs | QDir::System | QDir::NoDotAndDotDot;
-
 bool MayEnter(const FilePlaces& places) {
     const QByteArray folder = QFile::encodeName(QFileInfo(places.conf).path());
     return ::faccessat(AT_FDCWD, folder.constData(), R_OK | X_OK, AT_EACCESS) == 0 || errno == ENOENT;
@@ -48,8 +45,10 @@ void RequireEntry(const QList<FilePlaces>& all) {
 
 QList<FilePlaces> AllPrivatePlaces(const QString& root) {
     QList<FilePlaces> all;
-    for (const QString& user : QDir(root + u"/users"_s).entryList(kFoldersAndLinks, QDir::Name))
-        all.append(PlacesOf(root, user));
+    // With links that lead nowhere, which check has to name.
+    const auto everything = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    for (const QFileInfo& entry : QDir(root + u"/users"_s).entryInfoList(everything, QDir::Name))
+        if (entry.isDir() || entry.isSymLink()) all.append(PlacesOf(root, entry.fileName()));
     return all;
 }
 

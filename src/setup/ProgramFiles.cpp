@@ -45,7 +45,10 @@ QList<ProgramCopy> Copies(const QString& programFolder, const QString& root) {
 /// With the mode of the source.
 void PutFile(const QString& source, const QString& target) {
     platform::AtomicFile file(target);
-    if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, QFile::permissions(source)))
+    // Without what the user who runs this may do with the source, which is more for the superuser.
+    const auto ofThisUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+    const QFile::Permissions permissions = QFile::permissions(source) & ~ofThisUser;
+    if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, permissions))
         throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
 }
 
