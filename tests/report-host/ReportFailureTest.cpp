@@ -99,9 +99,10 @@ TEST_F(ReportTest, EveryFullDiskUnderAPdfIsReportedAndKeepsTheOldFile) {
     AddLabels(13);
     const auto report = Prepare(kLabels);
     const QString path = folder.filePath(u"a.pdf"_s);
+    WritePdf(*report, path);
+    const qint64 size = QFileInfo(path).size();
     WriteBytes(path, "old");
-    WritePdf(*report, folder.filePath(u"whole.pdf"_s));
-    for (const qint64 limit : FullAfter(QFileInfo(folder.filePath(u"whole.pdf"_s)).size())) {
+    for (const qint64 limit : FullAfter(size)) {
         QString reason;
         try {
             const FullBehind full(limit);
