@@ -1,11 +1,15 @@
 #include "data/UserConfiguration.h"
 
+#include <QFileInfo>
+
 #include "data/Connections.h"
 #include "data/FileCopies.h"
 #include "data/FolderPath.h"
 #include "data/ReportHostTrust.h"
 #include "data/RunHistory.h"
 #include "frame/ProgramGlobals.h"
+#include "platform/PlainFile.h"
+#include "platform/PrivateFolder.h"
 #include "platform/Services.h"
 #include "screen/msgお待ち.h"
 
@@ -39,13 +43,19 @@ long Carry(Step step) {
 /// What a killed program left unfinished in a file that has gone since: the engine would undo it in the fresh copy.
 bool RemoveJournal(const QString& database) { return platform::Services().files->RemoveFile(database + u"-journal"_s); }
 
+/// What exists is never copied again, so a copy that differs from its source must not stay.
+void CopyWhole(const QString& source, const QString& target) {
+    if (!RemoveJournal(target) || !CopyFileOver(source, target))
+        throw platform::RuntimeError(kCopyFailed,
+                                     u"ファイル %1 を複写できません。"_s.arg(QFileInfo(target).fileName()));
+    if (platform::SameContent(source, target)) return;
+    platform::Services().files->RemoveFile(target);
+    throw platform::RuntimeError(kCopyFailed, u"複写したファイル %1 が元と一致しません。"_s.arg(target));
+}
+
 /// True when the copy is there.
 bool Copy(const QString& from, const QString& to, const QString& name) {
-    return Carry([&] {
-               const QString target = to + kPathSeparator + name;
-               if (!RemoveJournal(target) || !CopyFileOver(from + kPathSeparator + name, target))
-                   throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を複写できません。"_s.arg(name));
-           }) == 0;
+    return Carry([&] { CopyWhole(from + kPathSeparator + name, to + kPathSeparator + name); }) == 0;
 }
 
 void PrepareConfiguration() {
@@ -95,7 +105,7 @@ bool CopyReportFiles(const ReportFiles& files) {
 /// Without the mark nothing is copied: a copy that then broke off would pass for a whole one.
 bool SetMark(const QString& mark) {
     return Carry([&] {
-               if (platform::Services().files->OpenForOutput(mark) == nullptr)
+               if (!platform::Services().files->CreateMark(mark))
                    throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を作成できません。"_s.arg(mark));
            }) == 0;
 }
@@ -113,9 +123,34 @@ void PrepareReportFiles(const ReportFiles& files) {
     UnloadWaitDialog();
 }
 
+/// A folder that can't be made is reported where the folders in it are made.
+void MakeFolder(const QString& folder) {
+    const platform::FileSystem& files = *platform::Services().files;
+    try {
+        if (!files.FolderExists(folder)) files.CreateFolder(folder);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
+/// False when the user's folder is not the user's alone. Then no file of it may be used, and as with an unknown install
+/// kind both folders stay empty, so that the second opening fails.
+bool ClaimOwnFolder() {
+    InstallationLayout& layout = Globals().Layout;
+    if (layout.ConfigDbKind == kNoFile && layout.ReportDbKind == kNoFile) return true;
+    const QString own = QFileInfo(layout.UserConfFolder).path();
+    MakeFolder(QFileInfo(own).path());
+    MakeFolder(own);
+    if (Carry([&] { platform::ClaimPrivateFolder(own); }) == 0) return true;
+    layout.UserConfFolder.clear();
+    layout.UserReportFolder.clear();
+    return false;
+}
+
 }  // namespace
 
 void PrepareUserConfig() {
+    if (!ClaimOwnFolder()) return;
     PrepareConfiguration();
     InstallationLayout& layout = Globals().Layout;
     if (layout.ReportDbKind == kAccdb) PrepareReportFiles({u"repdb.accdb"_s, {u"repfrmdb.accdb"_s}});

@@ -1,12 +1,14 @@
 #include "frame/FirstListPicture.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QPixmap>
 #include <QTimer>
 
 #include <cstdio>
 
 #include "frame/ProgramGlobals.h"
+#include "platform/AtomicFile.h"
 #include "screen/Form.h"
 
 namespace {
@@ -15,7 +17,10 @@ void SavePicture(QWidget& window, const QString& file) {
     const QPixmap picture = window.grab();
     std::printf("rows=%d\n", Globals().LastRow + 1);
     std::fflush(stdout);
-    if (!picture.save(file, "PNG")) std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
+    QBuffer png;
+    QString error;
+    if (!picture.save(&png, "PNG") || !platform::ReplaceFile(file, png.data(), error))
+        std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
 }
 
 /// Opens the lookup of an item as Ctrl does, and saves the window that comes up while it waits for the user.

@@ -1,14 +1,15 @@
 #include "platform/FileSystem.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <cerrno>
 #include <cstring>
 
-#include "platform/PlainFile.h"
+#include "platform/AtomicFile.h"
 #include "platform/RuntimeError.h"
 
 namespace platform {
@@ -44,15 +45,8 @@ QString NativePath(const QString& path) {
 bool HostFileSystem::FileExists(const QString& path) const { return QFileInfo(path).isFile(); }
 
 bool HostFileSystem::CopyFile(const QString& source, const QString& target) const {
-    QFile from(source);
-    QSaveFile to(target);  // appears under its name only when it is whole
-    if (!OpenPlainFile(from) || !to.open(QIODevice::WriteOnly)) return false;
-    constexpr qint64 kBlock = 1 << 20;
-    while (!from.atEnd()) {
-        const QByteArray block = from.read(kBlock);
-        if (block.isEmpty() || to.write(block) != block.size()) return false;
-    }
-    return from.error() == QFileDevice::NoError && to.commit();
+    AtomicFile copy(target, AtomicFile::Links::Refuse);
+    return ReplaceByCopy(source, copy);
 }
 
 bool HostFileSystem::RemoveFile(const QString& path) const { return QFile::remove(path) || !QFileInfo::exists(path); }
@@ -61,6 +55,15 @@ bool HostFileSystem::FolderExists(const QString& path) const { return QFileInfo(
 
 void HostFileSystem::CreateFolder(const QString& path) const {
     if (::mkdir(QFile::encodeName(NativePath(path)).constData(), 0777) != 0) RaiseFolderFailure(errno);
+}
+
+bool HostFileSystem::CreateMark(const QString& path) const {
+    const QByteArray name = QFile::encodeName(path);
+    const int mark = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (mark >= 0) return ::close(mark) == 0;
+    struct stat state = {};
+    return errno == EEXIST && ::lstat(name.constData(), &state) == 0 && S_ISREG(state.st_mode) &&
+           state.st_uid == ::geteuid();
 }
 
 std::unique_ptr<OutputFile> HostFileSystem::OpenForOutput(const QString& path) const {

@@ -20,7 +20,8 @@ class FileSystem {
     virtual ~FileSystem() = default;
     /// True for an existing file that is not a folder.
     virtual bool FileExists(const QString& path) const = 0;
-    /// Copies over whatever stands at the target. A failure leaves no half copy at the target; no message.
+    /// Copies a plain file over the one at the target, if any. False, with the target as it was, also where the target
+    /// is a link, a folder or a device; no message.
     virtual bool CopyFile(const QString& source, const QString& target) const = 0;
     /// True when it is gone, also where there was none.
     virtual bool RemoveFile(const QString& path) const = 0;
@@ -30,6 +31,9 @@ class FileSystem {
     /// Opens a file for output, for this program alone, and empties it; makes it where it is missing. Nothing where
     /// that fails or somebody else holds a lock on it; an existing file is then left as it is.
     virtual std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const = 0;
+    /// Makes an empty file whose existence says something; only its user may open it. True also when this user has made
+    /// it before. False for anything else of that name, a link included: nothing is opened or emptied.
+    virtual bool CreateMark(const QString& path) const = 0;
 };
 
 class HostFileSystem : public FileSystem {
@@ -40,6 +44,7 @@ class HostFileSystem : public FileSystem {
     bool FolderExists(const QString& path) const override;
     void CreateFolder(const QString& path) const override;
     std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const override;
+    bool CreateMark(const QString& path) const override;
 };
 
 }  // namespace platform

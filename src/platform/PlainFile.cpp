@@ -4,17 +4,53 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace platform {
+#include <cerrno>
 
-bool OpenPlainFile(QFile& file, QIODevice::OpenMode more) {
-    const QByteArray path = QFile::encodeName(file.fileName());
-    const int descriptor = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0) return false;
-    struct stat status = {};
-    const bool plain = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    if (plain && file.open(descriptor, QIODevice::ReadOnly | more, QFileDevice::AutoCloseHandle)) return true;
+namespace platform {
+namespace {
+
+/// Status of a path that could not be opened.
+FileRead Refused(int code) {
+    if (code == ENOENT || code == ENOTDIR) return FileRead::Missing;
+    return code == ENXIO ? FileRead::NotPlain : FileRead::Denied;
+}
+
+}  // namespace
+
+FileRead OpenPlainFile(const QString& path, QFile& file, QIODevice::OpenMode more) {
+    // Opening a pipe would wait for its other end, and opening some devices already does something.
+    const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const int descriptor = ::open(QFile::encodeName(path).constData(), flags);
+    if (descriptor < 0) return Refused(errno);
+    struct stat state = {};
+    const bool plain = ::fstat(descriptor, &state) == 0 && S_ISREG(state.st_mode);
+    if (plain && file.open(descriptor, QIODevice::ReadOnly | more, QFileDevice::AutoCloseHandle)) return FileRead::Done;
     ::close(descriptor);
-    return false;
+    return plain ? FileRead::Failed : FileRead::NotPlain;
+}
+
+FileRead ReadPlainFile(const QString& path, qint64 limit, QByteArray& content) {
+    QFile file;
+    const FileRead opened = OpenPlainFile(path, file);
+    if (opened != FileRead::Done) return opened;
+    // One byte more than allowed tells a file that grows meanwhile.
+    QByteArray read = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError) return FileRead::Failed;
+    if (read.size() > limit) return FileRead::TooLarge;
+    content = std::move(read);
+    return FileRead::Done;
+}
+
+bool SameContent(const QString& one, const QString& other) {
+    QFile a, b;
+    if (OpenPlainFile(one, a) != FileRead::Done || OpenPlainFile(other, b) != FileRead::Done) return false;
+    constexpr qint64 kBlock = 1 << 20;
+    for (;;) {
+        const QByteArray block = a.read(kBlock);
+        if (block != b.read(kBlock) || a.error() != QFileDevice::NoError || b.error() != QFileDevice::NoError)
+            return false;
+        if (block.isEmpty()) return true;
+    }
 }
 
 bool IsSpecialFile(const QString& path) {

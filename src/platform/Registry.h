@@ -27,9 +27,11 @@ inline constexpr long kRegistryNotFound = 2;       ///< no such key, or no such 
 inline constexpr long kRegistryDenied = 5;         ///< the user may not, or the key was not opened for it
 inline constexpr long kRegistryClosed = 6;         ///< the key is not open
 inline constexpr long kRegistryLocked = 33;        ///< other programs kept it busy for longer than five seconds
+inline constexpr long kRegistryBadName = 87;       ///< too long, too deep, or with characters that can't be written
 inline constexpr long kRegistryMoreData = 234;     ///< the text does not fit; the length says what is needed
 inline constexpr long kRegistryNoMoreItems = 259;  ///< the index is past the last subkey
 inline constexpr long kRegistryDamaged = 1015;     ///< it can't be read; nothing is written over it
+inline constexpr long kRegistryNotWritten = 1016;  ///< the disk is full or the registry too large; it stays as it was
 inline constexpr long kRegistryOtherType = 1630;   ///< the value is of the other type
 
 inline constexpr int kRegistryTextType = 1;
@@ -47,7 +49,8 @@ class Registry {
 
     /// kRegistryNotFound when there is no such key; kRegistryDenied when it is to be written and may not.
     virtual long OpenKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) = 0;
-    /// Opens the key, and makes it with all keys above it where it is missing.
+    /// Opens the key, and makes it with all keys above it where it is missing. kRegistryBadName when it is missing and
+    /// can't be made under that name.
     virtual long CreateKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) = 0;
     /// kRegistryClosed for a key that is not open. Roots stay open.
     virtual long CloseKey(RegistryKey& key) = 0;
@@ -58,6 +61,7 @@ class Registry {
     virtual long QueryText(const RegistryKey& key, const QString& name, QString& buffer, int& length) = 0;
     virtual long QueryNumber(const RegistryKey& key, const QString& name, quint32& number) = 0;
     /// Writes the first `bytes` bytes of the text's two-byte form; whatever the value was before is gone.
+    /// kRegistryBadName for a name of a value that is too long.
     virtual long SetText(const RegistryKey& key, const QString& name, const QString& text, qsizetype bytes) = 0;
     virtual long SetNumber(const RegistryKey& key, const QString& name, quint32 number) = 0;
 

@@ -1,14 +1,13 @@
 #include "platform/SealedPins.h"
 
-#include <fcntl.h>
 #include <sodium.h>
-#include <unistd.h>
 
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/DiskSync.h"
 #include "platform/PlainFile.h"
 #include "platform/Utf8Text.h"
 
@@ -34,12 +33,7 @@ const unsigned char* Raw(const QByteArray& bytes) { return reinterpret_cast<cons
 void Wipe(QByteArray& bytes) { sodium_memzero(bytes.data(), static_cast<size_t>(bytes.size())); }
 
 /// Without its key a database of sealed PINs is lost, so the key has to be on the disk before the first one is.
-bool ReachDisk(QFile& file) {
-    const int folder = ::open(QFile::encodeName(QFileInfo(file).path()).constData(), O_RDONLY | O_DIRECTORY);
-    const bool reached = ::fsync(file.handle()) == 0 && folder >= 0 && ::fsync(folder) == 0;
-    if (folder >= 0) ::close(folder);
-    return reached;
-}
+bool ReachDisk(QFile& file) { return SyncFile(file.handle()) && SyncFolder(QFileInfo(file).path()); }
 
 /// Nonce and sealed bytes; empty when the text has not the form.
 QByteArray Envelope(const QString& stored) {

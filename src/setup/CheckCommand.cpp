@@ -4,6 +4,7 @@
 
 #include "data/ServerText.h"
 #include "platform/EngineError.h"
+#include "platform/PrivateFolder.h"
 #include "platform/SealedPins.h"
 #include "platform/database/DatabaseSession.h"
 #include "setup/ConfigurationFiles.h"
@@ -133,6 +134,8 @@ void CheckPrivate(Findings& findings, const QString& root, const FilePlaces& pla
 
 void CheckUser(Findings& findings, const QString& root, const FilePlaces& places) {
     const QString users = root + u"/users"_s;
+    const QStringList faults = platform::PrivateFolderFaults(users + u'/' + places.user, UserAccess(places.user).Id());
+    if (!faults.isEmpty()) return findings.Add(faults);
     if (QFileInfo(users + u'/' + places.user).isDir()) return CheckPrivate(findings, root, places);
     findings.Add(u"この利用者のファイルがまだありません。最初の起動で作られます。"_s);
     if (!UserAccess(places.user).MayMakeFilesIn(users))
@@ -154,7 +157,10 @@ void CheckInstallation(const Arguments& arguments, const Console& console) {
     if (CheckCommon(findings, user, root) == kPrivateCopies)
         for (const FilePlaces& places : name.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, name)}) {
             console.out << u"利用者 %1\n"_s.arg(places.user);
-            CheckUser(findings, root, places);
+            if (!MayEnter(places))
+                console.out << u"この利用者だけのフォルダなので、調べられません。root で実行してください。\n"_s;
+            else
+                CheckUser(findings, root, places);
         }
     console.out.flush();
     if (findings.Count() > 0)

@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "setup/InstallationUsers.h"
 #include "setup/Installer.h"
 #include "text/mod項目編集.h"
 
@@ -13,13 +14,13 @@ namespace {
 
 constexpr int kPrivateCopies = 1;
 
-QList<ConfigurationInUse> PrivateFiles(const QString& users, const QString& user) {
+QList<ConfigurationInUse> PrivateFiles(const QString& root, const QString& user) {
     QList<ConfigurationInUse> files;
-    const QStringList names =
-        user.isEmpty() ? QDir(users).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name) : QStringList{user};
-    for (const QString& name : names) {
-        const QString file = ConfigurationFile(users + u'/' + name + u"/conf"_s);
-        if (!file.isEmpty()) files.append({file, name});
+    const QList<FilePlaces> all = user.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, user)};
+    RequireEntry(all);
+    for (const FilePlaces& places : all) {
+        const QString file = ConfigurationFile(places.conf);
+        if (!file.isEmpty()) files.append({file, places.user});
     }
     if (files.isEmpty() && !user.isEmpty()) throw Refusal(u"利用者 %1 の構成データベースがありません。"_s.arg(user));
     return files;
@@ -51,7 +52,7 @@ QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const
     if (user.contains(u'/') || user == u"."_s || user == u".."_s)
         throw Refusal(u"利用者名 %1 は正しくありません。"_s.arg(user));
     if (InstallKindOf(common) != kPrivateCopies) return {{common, QString()}};
-    return PrivateFiles(root + u"/users"_s, user);
+    return PrivateFiles(root, user);
 }
 
 }  // namespace setup

@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
+#include "platform/AtomicFile.h"
 #include "report-host/FormCheck.h"
 #include "report-host/FormOfReport.h"
 #include "report-host/FormsFile.h"
@@ -48,10 +48,8 @@ QStringList AskedForms(const Arguments& arguments, const report::FormsFile& file
 }
 
 void WriteText(const QString& path, const QString& text) {
-    QSaveFile file(path);
-    const QByteArray utf8 = text.toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(utf8) != utf8.size() || !file.flush() || !file.commit())
-        Fail(u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
+    QString error;
+    if (!platform::ReplaceFile(path, text.toUtf8(), error)) Fail(u"%1 に書き込めません。%2"_s.arg(path, error));
 }
 
 QString ReadText(const QString& path) {

@@ -1,6 +1,5 @@
 #include "setup/HostCheck.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <optional>
 
@@ -38,12 +37,25 @@ QString FreeLocation(const platform::RegistryContent& content, const QString& ve
     }
 }
 
+QStringList RegistryFaults(const QString& file, platform::RegistryContent& content) {
+    switch (platform::LoadRegistry(file, content)) {
+        case platform::kRegistryDone:
+            return {};
+        case platform::kRegistryDenied:
+            return {u"レジストリ %1 を読めません。"_s.arg(file)};
+        default:
+            return {u"レジストリ %1 が壊れています。"_s.arg(file)};
+    }
+}
+
 }  // namespace
 
 QStringList HostFaults(const UserAccess& user) {
     const QString registry = platform::MachineRegistryFile();
     if (QFileInfo::exists(registry) && !user.MayRead(registry))
         return {u"レジストリ %1 を読む権限がありません。"_s.arg(registry)};
+    platform::RegistryContent content;
+    if (const QStringList faults = RegistryFaults(registry, content); !faults.isEmpty()) return faults;
     const std::optional<QString> folder = RegisteredHostFolder();
     if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
     const QString program = *folder + kHostProgramName;
@@ -57,17 +69,12 @@ QStringList HostFaults(const UserAccess& user) {
 QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
     const QString version = TrustVersionOf(RegisteredHostFolder().value_or(QString()));
     if (version.isEmpty()) return {};
-    QFile file(user.RegistryFile());
-    std::optional<platform::RegistryContent> content = platform::RegistryContent();
-    if (file.exists()) {
-        if (!file.open(QIODevice::ReadOnly)) return {u"レジストリ %1 を読めません。"_s.arg(file.fileName())};
-        content = platform::ParseRegistry(file.readAll());
-    }
-    if (!content) return {u"レジストリ %1 が壊れています。"_s.arg(file.fileName())};
-    if (Trusts(*content, version, reportFolder)) return {};
+    platform::RegistryContent content;
+    const QStringList faults = RegistryFaults(user.RegistryFile(), content);
+    if (!faults.isEmpty() || Trusts(content, version, reportFolder)) return faults;
     return {
         u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
-        u"    suite-setup registry set 'HKCU\\%2' Path '%1/'"_s.arg(reportFolder, FreeLocation(*content, version))};
+        u"    suite-setup registry set 'HKCU\\%2' Path '%1/'"_s.arg(reportFolder, FreeLocation(content, version))};
 }
 
 }  // namespace setup

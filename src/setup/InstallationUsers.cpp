@@ -1,13 +1,25 @@
 #include "setup/InstallationUsers.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+
+#include "platform/RuntimeError.h"
 #include "setup/Installer.h"
 
 using namespace Qt::StringLiterals;
 
 namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+}  // namespace
 
 FilePlaces CommonPlaces(const QString& root) { return {{}, root + u"/conf"_s, root + u"/report"_s}; }
 
@@ -16,10 +28,33 @@ FilePlaces PlacesOf(const QString& root, const QString& user) {
     return {user, own + u"/conf"_s, own + u"/report"_s};
 }
 
+bool MayEnter(const FilePlaces& places) {
+    const QByteArray folder = QFile::encodeName(QFileInfo(places.conf).path());
+    return ::faccessat(AT_FDCWD, folder.constData(), R_OK | X_OK, AT_EACCESS) == 0 || errno == ENOENT;
+}
+
+void RequireEntry(const QList<FilePlaces>& all) {
+    QStringList closed;
+    for (const FilePlaces& places : all)
+        if (!MayEnter(places)) closed.append(places.user);
+    if (!closed.isEmpty())
+        throw platform::RuntimeError(
+            kWorkFailed,
+            u"利用者 %1 のファイルを使う権限がありません。root で実行してください。"_s.arg(closed.join(u"、"_s)));
+}
+
 QList<FilePlaces> AllPrivatePlaces(const QString& root) {
     QList<FilePlaces> all;
-    for (const QString& user : QDir(root + u"/users"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
-        all.append(PlacesOf(root, user));
+    // With links that lead nowhere, which check has to name.
+    const auto everything = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
+    for (const QFileInfo& entry : QDir(root + u"/users"_s).entryInfoList(everything, QDir::Name))
+        if (entry.isDir() || entry.isSymLink()) all.append(PlacesOf(root, entry.fileName()));
+    return all;
+}
+
+QList<FilePlaces> AllPrivatePlacesToChange(const QString& root) {
+    QList<FilePlaces> all = AllPrivatePlaces(root);
+    RequireEntry(all);
     return all;
 }
 

@@ -18,6 +18,13 @@ FilePlaces CommonPlaces(const QString& root);
 FilePlaces PlacesOf(const QString& root, const QString& user);
 /// The private places of everybody who has some, in the order of their names.
 QList<FilePlaces> AllPrivatePlaces(const QString& root);
+/// True when the user who runs this may enter the folder of the places, or it is missing. It belongs to its user alone,
+/// so that often only the administrator may.
+bool MayEnter(const FilePlaces& places);
+/// RuntimeError with the names of all users whose folders may not be entered.
+void RequireEntry(const QList<FilePlaces>& all);
+/// All private places, for commands that change all of them or none; throws as RequireEntry does.
+QList<FilePlaces> AllPrivatePlacesToChange(const QString& root);
 
 /// Absolute path of an installation named on the command line. Throws Refusal when there is none.
 QString InstallationRoot(const QString& installation);

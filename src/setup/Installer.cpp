@@ -1,10 +1,12 @@
 #include "setup/Installer.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
 
+#include "platform/AtomicFile.h"
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
 #include "platform/SealedPins.h"
@@ -54,7 +56,10 @@ void WriteGeneral(const QString& path, const InstallationRequest& request, const
 void WriteBlankPicture(const QString& path) {
     QImage blank(8, 8, QImage::Format_RGB32);
     blank.fill(Qt::white);
-    if (!blank.save(path, "JPG")) Fail(u"%1 に書き込めません。"_s.arg(path));
+    QBuffer picture;
+    QString error;
+    if (!blank.save(&picture, "JPG") || !platform::ReplaceFile(path, picture.data(), error))
+        Fail(u"%1 に書き込めません。%2"_s.arg(path, error));
 }
 
 /// Always by chance, whatever the seed: whoever knows the seed must not know the key.

@@ -1,8 +1,8 @@
 #include "setup/Manual.h"
 
-#include <QFile>
 #include <QList>
 
+#include "platform/AtomicFile.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -118,10 +118,9 @@ QByteArray ManualDocument() {
 }
 
 void WriteManual(const QString& path) {
-    QFile file(path);
-    const QByteArray document = ManualDocument();
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size() || !file.flush())
-        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
+    QString error;
+    if (!platform::ReplaceFile(path, ManualDocument(), error))
+        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, error));
 }
 
 }  // namespace setup

@@ -5,9 +5,9 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
+#include "platform/AtomicFile.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -63,11 +63,9 @@ QByteArray MenuEntry(const QString& root) {
 
 QString WriteMenuEntry(const QString& root) {
     const QString path = MenuFolder() + u'/' + EntryName(root);
-    QSaveFile file(path);
-    const QByteArray entry = MenuEntry(root);
-    if (!QDir().mkpath(MenuFolder()) || !file.open(QIODevice::WriteOnly) || file.write(entry) != entry.size() ||
-        !file.commit())
-        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, file.errorString()));
+    QString error;
+    if (!QDir().mkpath(MenuFolder()) || !platform::ReplaceFile(path, MenuEntry(root), error))
+        throw platform::RuntimeError(kWorkFailed, u"%1 に書き込めません。%2"_s.arg(path, error));
     return path;
 }
 

@@ -96,8 +96,9 @@ void MovePlaces(Move& move, const FilePlaces& places) {
 
 void MoveInstallation(const Arguments& arguments, const Console& console) {
     Move move{InstallationRoot(arguments.installation), console, 0, {}, {}};
+    const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(move.root);
     MovePlaces(move, CommonPlaces(move.root));
-    for (const FilePlaces& places : AllPrivatePlaces(move.root)) MovePlaces(move, places);
+    for (const FilePlaces& places : privatePlaces) MovePlaces(move, places);
     move.outside.removeDuplicates();
     for (const QString& file : move.outside)
         move.failures.append(u"一般データベース %1 は %2 の外にあり、変更していません。"_s.arg(file, move.root));

@@ -21,7 +21,7 @@ const QString kReport = u"--report"_s, kPrinter = u"--to-printer"_s, kFolder = u
 /// The common forms file first, then the users' copies.
 QStringList FormsFiles(const QString& root) {
     QStringList files = FormsFilesIn(CommonPlaces(root).report);
-    for (const FilePlaces& places : AllPrivatePlaces(root)) files += FormsFilesIn(places.report);
+    for (const FilePlaces& places : AllPrivatePlacesToChange(root)) files += FormsFilesIn(places.report);
     return files;
 }
 

@@ -4,8 +4,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <cstdio>
 
+#include "platform/AtomicFile.h"
+#include "platform/PlainFile.h"
 #include "platform/RuntimeError.h"
 #include "setup/ReportHostInstallation.h"
 
@@ -41,26 +42,14 @@ QList<ProgramCopy> Copies(const QString& programFolder, const QString& root) {
     return copies;
 }
 
-bool SameBytes(const QString& one, const QString& other) {
-    QFile a(one), b(other);
-    if (!a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly) || a.size() != b.size()) return false;
-    constexpr qint64 kBlock = 1 << 20;
-    while (!a.atEnd()) {
-        const QByteArray block = a.read(kBlock);
-        if (block.isEmpty() || block != b.read(kBlock)) return false;
-    }
-    return true;
-}
-
-/// In one step, with the mode of the source.
+/// With the mode of the source.
 void PutFile(const QString& source, const QString& target) {
-    const QString arriving = target + u".new"_s;
-    QFile::remove(arriving);
-    if (QDir().mkpath(QFileInfo(target).path()) && QFile::copy(source, arriving) &&
-        std::rename(QFile::encodeName(arriving).constData(), QFile::encodeName(target).constData()) == 0)
-        return;
-    QFile::remove(arriving);
-    throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
+    platform::AtomicFile file(target);
+    // Without what the user who runs this may do with the source, which is more for the superuser.
+    const auto ofThisUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+    const QFile::Permissions permissions = QFile::permissions(source) & ~ofThisUser;
+    if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, permissions))
+        throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
 }
 
 }  // namespace
@@ -70,7 +59,7 @@ QStringList InstallPrograms(const QString& programFolder, const QString& root) {
     if (programFolder.isEmpty()) return done;
     for (const auto& [source, target] : Copies(programFolder, root)) {
         const QString file = root + u'/' + target;
-        if (!QFileInfo(source).isFile() || SameBytes(source, file)) continue;
+        if (!QFileInfo(source).isFile() || platform::SameContent(source, file)) continue;
         PutFile(source, file);
         done.append(target);
     }

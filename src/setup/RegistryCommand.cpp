@@ -1,8 +1,5 @@
 #include "setup/RegistryCommand.h"
 
-#include <QFile>
-#include <optional>
-
 #include "platform/Services.h"
 #include "setup/Installer.h"
 
@@ -45,9 +42,13 @@ NamedKey ParseKey(const QString& text) {
         case kRegistryNotFound:
             throw RuntimeError(kWorkFailed, u"キーまたは値がありません。"_s);
         case kRegistryDenied:
-            throw RuntimeError(kWorkFailed, u"レジストリに書き込む権限がありません。"_s);
+            throw RuntimeError(kWorkFailed, u"レジストリを読み書きする権限がありません。"_s);
+        case kRegistryBadName:
+            throw RuntimeError(kWorkFailed, u"キーまたは値の名前が長すぎるか、使えない文字を含んでいます。"_s);
         case kRegistryDamaged:
             throw RuntimeError(kWorkFailed, u"レジストリのファイルが壊れています。"_s);
+        case kRegistryNotWritten:
+            throw RuntimeError(kWorkFailed, u"レジストリのファイルに書き込めません。元のままです。"_s);
         default:
             throw RuntimeError(kWorkFailed, u"レジストリを使用できません。（状態 %1）"_s.arg(status));
     }
@@ -95,13 +96,11 @@ void Set(const QStringList& words, const Console&, bool asNumber) {
 
 /// Keys that hold values, with the root before each.
 void ListRoot(const Root& root, const QString& path, const Console& console) {
-    QFile file(root.file());
-    if (!file.open(QIODevice::ReadOnly)) return;
-    const std::optional<RegistryContent> content = ParseRegistry(file.readAll());
-    if (!content) Fail(kRegistryDamaged);
+    RegistryContent content;
+    Need(LoadRegistry(root.file(), content));
     const QString folded = FoldedName(path);
     RegistryContent listed;
-    for (const auto& [name, key] : content->keys) {
+    for (const auto& [name, key] : content.keys) {
         const bool below = path.isEmpty() || name == folded || name.startsWith(folded + u'\\');
         if (!below || key.values.empty()) continue;
         const QString full = root.name + u'\\' + key.path;

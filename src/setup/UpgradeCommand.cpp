@@ -144,11 +144,12 @@ void UpgradeInstallation(const Arguments& arguments, const Console& console) {
     Upgrade upgrade{InstallationRoot(arguments.installation), console};
     CheckUpgrade(upgrade.root, console.programFolder);
     const FilePlaces common = CommonPlaces(upgrade.root);
+    const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(upgrade.root);
     // The tables first: old programs get on with new columns, new programs not without them.
     RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
     RenewRights(upgrade);
     RenewPlaces(upgrade, common);
-    for (const FilePlaces& places : AllPrivatePlaces(upgrade.root)) RenewPlaces(upgrade, places);
+    for (const FilePlaces& places : privatePlaces) RenewPlaces(upgrade, places);
     RenewPrograms(upgrade);
     RenewManual(upgrade);
     CorrectRights(upgrade.root);  // of what has just been added

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include <sys/types.h>
@@ -15,6 +16,8 @@ class UserAccess {
 
     /// False where the machine doesn't know the user named.
     bool IsKnown() const { return known_; }
+    /// None for a user that the machine doesn't know.
+    std::optional<uid_t> Id() const { return known_ ? std::optional(id_) : std::nullopt; }
     bool MayRead(const QString& path) const { return May(path, 4); }
     bool MayWrite(const QString& path) const { return May(path, 2); }
     bool MayMakeFilesIn(const QString& folder) const { return May(folder, 3); }

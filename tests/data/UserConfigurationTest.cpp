@@ -43,7 +43,7 @@ class WatchedFiles : public platform::HostFileSystem {
     QString noFolderBelow;                    ///< no folder can be made in this one
     std::function<void()> meanwhile = [] {};  ///< what events do during a copy
     QString unremovable;                      ///< name of a file that stays
-    bool noOutput = false;                    ///< no file can be made
+    bool noMark = false;                      ///< no mark can be made
     explicit WatchedFiles(QStringList& watched) : copies(watched) {}
 
     bool CopyFile(const QString& source, const QString& target) const override {
@@ -57,9 +57,7 @@ class WatchedFiles : public platform::HostFileSystem {
     bool RemoveFile(const QString& path) const override {
         return QFileInfo(path).fileName() != unremovable && HostFileSystem::RemoveFile(path);
     }
-    std::unique_ptr<platform::OutputFile> OpenForOutput(const QString& path) const override {
-        return noOutput ? nullptr : HostFileSystem::OpenForOutput(path);
-    }
+    bool CreateMark(const QString& path) const override { return !noMark && HostFileSystem::CreateMark(path); }
     void CreateFolder(const QString& path) const override {
         if (!noFolderBelow.isEmpty() && path.startsWith(noFolderBelow))
             throw platform::RuntimeError(70, u"書き込む権限がありません。"_s);
@@ -319,7 +317,7 @@ TEST_F(UserConfiguration, NothingIsCopiedBesideAJournalThatCantBeRemoved) {
 }
 
 TEST_F(UserConfiguration, WithoutRoomForTheMarkNoReportFileIsCopied) {
-    files->noOutput = true;
+    files->noMark = true;
     PrepareUserConfig();
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList());
     EXPECT_EQ(Globals().ProcCounter, 1);

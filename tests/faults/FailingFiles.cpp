@@ -38,6 +38,8 @@ std::unique_ptr<platform::OutputFile> FailingFiles::OpenForOutput(const QString&
     return Fails() ? nullptr : HostFileSystem::OpenForOutput(path);
 }
 
+bool FailingFiles::CreateMark(const QString& path) const { return !Fails() && HostFileSystem::CreateMark(path); }
+
 void FailingFiles::Arm(int point, bool lasting) {
     left_ = point;
     failed_ = false;

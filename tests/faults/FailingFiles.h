@@ -2,14 +2,15 @@
 
 #include "platform/FileSystem.h"
 
-/// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder, the opening of an
-/// output.
+/// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder, the opening of an output, a
+/// mark.
 class FailingFiles : public platform::HostFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override;
     bool RemoveFile(const QString& path) const override;
     void CreateFolder(const QString& path) const override;
     std::unique_ptr<platform::OutputFile> OpenForOutput(const QString& path) const override;
+    bool CreateMark(const QString& path) const override;
 
     /// `point` steps more and one fails; with `lasting` all behind it as well.
     void Arm(int point, bool lasting);

@@ -1,4 +1,5 @@
-// Registry files: a file that is read is written back with the same content.
+// Registry files: a file that is read keeps the bounds and is written back with the same content; a path of a key that
+// is taken can be read back.
 
 #include <algorithm>
 
@@ -21,11 +22,33 @@ bool Same(const RegistryContent& one, const RegistryContent& other) {
     });
 }
 
+bool WithinBounds(const RegistryContent& content) {
+    return std::ranges::all_of(content.keys, [](const auto& entry) {
+        const auto& key = entry.second;
+        return platform::IsUsableKeyPath(key.path) && key.path.count(u'\\') < platform::kMaxKeyDepth &&
+               key.path.size() <= platform::kMaxKeyDepth * (platform::kMaxNameLength + 1) &&
+               std::ranges::all_of(
+                   key.values, [](const auto& value) { return value.second.name.size() <= platform::kMaxNameLength; });
+    });
+}
+
+void CheckKeyPath(const QString& path) {
+    if (!platform::IsUsableKeyPath(path)) return;
+    RegistryContent content;
+    content.Make(path);
+    const auto again = platform::ParseRegistry(platform::RegistryText(content));
+    Require(again && Same(*again, content), "a usable path of a key is kept");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const auto content = platform::ParseRegistry(FuzzInput(data, size).Bytes());
+    const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+    CheckKeyPath(FuzzInput(data, size).Units());
+    CheckKeyPath(QString::fromUtf8(bytes));
+    const auto content = platform::ParseRegistry(bytes);
     if (!content) return 0;
+    Require(WithinBounds(*content), "what is read keeps the bounds");
     const QByteArray written = platform::RegistryText(*content);
     const auto again = platform::ParseRegistry(written);
     Require(again.has_value(), "what was written can be read");

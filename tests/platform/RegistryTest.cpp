@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include "platform/RegistryFixture.h"
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -6,60 +6,13 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <vector>
 
 #include "platform/FileRights.h"
-#include "platform/registry/FileRegistry.h"
 #include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;
-
-namespace {
-
-const QString kOffice = u"Software\\Suite\\Office"_s;
-
-class RegistryTest : public ::testing::Test {
-  protected:
-    QString MachineFile() const { return folder.filePath(u"machine"_s); }
-    QString UserFile() const { return folder.filePath(u"user"_s); }
-    FileRegistry Another() const { return {MachineFile(), UserFile()}; }
-
-    RegistryKey Made(const QString& path, const RegistryKey& root = UserRoot()) {
-        RegistryKey key;
-        EXPECT_EQ(registry.CreateKey(root, path, kRegistryAll, key), kRegistryDone);
-        return key;
-    }
-    long SetText(const RegistryKey& key, const QString& name, const QString& text) {
-        return registry.SetText(key, name, text, TwoByteLength(text));
-    }
-    /// The text as far as its NUL; the status instead, when there is none.
-    QString Text(const RegistryKey& root, const QString& path, const QString& name) {
-        QString buffer(256, u' ');
-        int length = 256;
-        const long status = Another().GetValue(root, path, name, kRegistryTextType, buffer, length);
-        return status == kRegistryDone ? buffer.first(length - 1) : u"status %1"_s.arg(status);
-    }
-    QStringList Subkeys(const RegistryKey& key) {
-        QStringList names;
-        for (int index = 0;; ++index) {
-            QString buffer(256, u' ');
-            int length = 256;
-            const long status = registry.EnumKey(key, index, buffer, length);
-            if (status != kRegistryDone) {
-                EXPECT_EQ(status, kRegistryNoMoreItems);
-                return names;
-            }
-            names.append(buffer.first(length));
-        }
-    }
-
-    QTemporaryDir folder;
-    FileRegistry registry{MachineFile(), UserFile()};
-};
-
-}  // namespace
 
 TEST_F(RegistryTest, KeysAndValuesAreFoundWithoutCaseAndKeepTheirFirstSpelling) {
     ASSERT_EQ(SetText(Made(kOffice), u"Path"_s, u"/suite/ａｂｃ/"_s), kRegistryDone);
@@ -174,18 +127,6 @@ TEST_F(RegistryTest, KeyOpenedForReadingIsNotWritten) {
     RegistryKey below;
     EXPECT_EQ(registry.CreateKey(key, u"Deep"_s, kRegistryAll, below), kRegistryDenied);
     EXPECT_EQ(Text(UserRoot(), kOffice, u"Path"_s), u"status 2"_s);
-}
-
-TEST_F(RegistryTest, DamagedFileIsToldAndNeverWrittenOver) {
-    RegistryKey key = Made(kOffice);
-    for (const QByteArray& damage :
-         {QByteArray("[Software]\nPath=x\n"), QByteArray("\"Path\"=\"x\"\n"), QByteArray("[a]\n\"b\"=\"c\n"),
-          QByteArray("[a]\n\"b\"=c\n"), QByteArray("[a]\n\"b\"=\"\\q\"\n"), QByteArray("[a]\n\"b\"=\"c\"d\n")}) {
-        WriteBytes(UserFile(), damage);
-        EXPECT_EQ(SetText(key, u"Path"_s, u"x"_s), kRegistryDamaged) << damage.toStdString();
-        EXPECT_EQ(Text(UserRoot(), kOffice, u"Path"_s), u"status 1015"_s);
-        EXPECT_EQ(ReadBytes(UserFile()), damage);
-    }
 }
 
 TEST_F(RegistryTest, PlaceThatCantBeMadeIsDenied) {

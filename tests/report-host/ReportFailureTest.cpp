@@ -4,7 +4,9 @@
 #include <QFile>
 
 #include "report-host/ReportFixture.h"
+#include "support/FileBytes.h"
 #include "support/FullBehind.h"
+#include "support/FullDiskSizes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -93,21 +95,23 @@ TEST_F(ReportTest, WhatIsNoFileIsNeverReplacedByAPdf) {
     EXPECT_FALSE(QFileInfo(pipe).isFile());
 }
 
-TEST_F(ReportTest, FullDiskInTheMiddleOfAPdfIsToldAndKeepsTheOldFile) {
+TEST_F(ReportTest, EveryFullDiskUnderAPdfIsReportedAndKeepsTheOldFile) {
     AddLabels(13);
     const auto report = Prepare(kLabels);
     const QString path = folder.filePath(u"a.pdf"_s);
-    QFile old(path);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly) && old.write("old") == 3);
-    old.close();
-    QString reason;
-    try {
-        const FullBehind full(4000);
-        WritePdf(*report, path);
-    } catch (const ReportFailure& failure) {
-        reason = failure.Reason();
+    WritePdf(*report, path);
+    const qint64 size = QFileInfo(path).size();
+    WriteBytes(path, "old");
+    for (const qint64 limit : FullAfter(size)) {
+        QString reason;
+        try {
+            const FullBehind full(limit);
+            WritePdf(*report, path);
+        } catch (const ReportFailure& failure) {
+            reason = failure.Reason();
+        }
+        EXPECT_TRUE(reason.startsWith(u"PDF ファイル「%1」に書き込めません。"_s.arg(path)))
+            << "full after " << limit << ": " << reason.toStdString();
+        EXPECT_EQ(ReadBytes(path), "old") << "full after " << limit;
     }
-    EXPECT_TRUE(reason.startsWith(u"PDF ファイル「%1」に書き込めません。"_s.arg(path))) << reason.toStdString();
-    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
-    EXPECT_EQ(old.readAll(), "old");
 }

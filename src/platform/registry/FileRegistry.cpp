@@ -1,11 +1,11 @@
 #include "platform/registry/FileRegistry.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
+#include "platform/AtomicFile.h"
+#include "platform/PlainFile.h"
 #include "platform/registry/RegistryLock.h"
 
 using namespace Qt::StringLiterals;
@@ -21,26 +21,12 @@ QString Below(const RegistryKey& parent, const QString& subkey) {
     return parent.path.isEmpty() ? subkey : parent.path + u'\\' + subkey;
 }
 
-/// False for names that the file can't hold: lines would no longer be lines.
-bool IsUsableName(const QString& name) {
-    return !name.contains(u'\n') && !name.contains(u'\r') && !name.contains(QChar(u'\0'));
-}
-
-long Load(const QString& path, RegistryContent& content) {
-    QFile file(path);
-    if (!file.exists()) return kRegistryDone;
-    if (!file.open(QIODevice::ReadOnly)) return kRegistryDenied;
-    std::optional<RegistryContent> read = ParseRegistry(file.readAll());
-    if (!read || file.error() != QFileDevice::NoError) return kRegistryDamaged;
-    content = *std::move(read);
-    return kRegistryDone;
-}
-
 long Store(const QString& path, const RegistryContent& content) {
-    QSaveFile file(path);
     const QByteArray text = RegistryText(content);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit() ? kRegistryDone
-                                                                                               : kRegistryDenied;
+    QString error;
+    // Too large a file would be taken for a damaged one by the next read.
+    const bool written = text.size() <= kMaxRegistryBytes && ReplaceFile(path, text, error);
+    return written ? kRegistryDone : kRegistryNotWritten;
 }
 
 bool MayWrite(const QString& path) {
@@ -85,6 +71,24 @@ QString UserRegistryFile() {
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/youin-meibo/registry"_s);
 }
 
+long LoadRegistry(const QString& path, RegistryContent& content) {
+    QByteArray text;
+    switch (ReadPlainFile(path, kMaxRegistryBytes, text)) {
+        case FileRead::Missing:
+            return kRegistryDone;
+        case FileRead::Denied:
+            return kRegistryDenied;
+        case FileRead::Done:
+            break;
+        default:
+            return kRegistryDamaged;
+    }
+    std::optional<RegistryContent> read = ParseRegistry(text);
+    if (!read) return kRegistryDamaged;
+    content = *std::move(read);
+    return kRegistryDone;
+}
+
 FileRegistry::FileRegistry() : FileRegistry(MachineRegistryFile(), UserRegistryFile()) {}
 
 FileRegistry::FileRegistry(QString machineFile, QString userFile)
@@ -95,7 +99,7 @@ const QString& FileRegistry::FileOf(RegistryRoot root) const {
 }
 
 long FileRegistry::Read(const RegistryKey& key, RegistryContent& content) const {
-    return key.open ? Load(FileOf(key.root), content) : kRegistryClosed;
+    return key.open ? LoadRegistry(FileOf(key.root), content) : kRegistryClosed;
 }
 
 long FileRegistry::Write(const RegistryKey& key, const std::function<long(RegistryContent&)>& change) const {
@@ -105,7 +109,7 @@ long FileRegistry::Write(const RegistryKey& key, const std::function<long(Regist
     const RegistryLock lock(file);
     if (lock.Status() != kRegistryDone) return lock.Status();
     RegistryContent content;
-    const long read = Load(file, content);
+    const long read = LoadRegistry(file, content);
     if (read != kRegistryDone) return read;
     const long changed = change(content);
     if (changed != kRegistryDone) return changed;
@@ -129,8 +133,9 @@ long FileRegistry::OpenKey(const RegistryKey& parent, const QString& subkey, qui
 long FileRegistry::CreateKey(const RegistryKey& parent, const QString& subkey, quint32 access, RegistryKey& key) {
     const long opened = OpenKey(parent, subkey, access, key);
     if (opened != kRegistryNotFound) return opened;
-    if ((parent.access & kMayMakeKeys) == 0 || !IsUsableName(subkey)) return kRegistryDenied;
+    if ((parent.access & kMayMakeKeys) == 0) return kRegistryDenied;
     const QString path = Below(parent, subkey);
+    if (!IsUsableKeyPath(path)) return kRegistryBadName;
     const long made = Write(parent, [&](RegistryContent& content) {
         content.Make(path);
         return kRegistryDone;
@@ -194,6 +199,7 @@ long FileRegistry::QueryNumber(const RegistryKey& key, const QString& name, quin
 long FileRegistry::SetValue(const RegistryKey& key, const QString& name, std::variant<QString, quint32> data) const {
     if (!key.open) return kRegistryClosed;
     if ((key.access & kMayWriteValues) == 0) return kRegistryDenied;
+    if (!IsUsableValueName(name)) return kRegistryBadName;
     return Write(key, [&](RegistryContent& content) {
         // Another program may have taken the key away meanwhile.
         RegistryContent::Key* found = content.Find(key.path);

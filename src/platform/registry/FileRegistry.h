@@ -34,6 +34,10 @@ class FileRegistry : public Registry {
     QString machineFile_, userFile_;
 };
 
+/// Content of a registry file; a missing one leaves `content` as it is. kRegistryDone, kRegistryDenied, or
+/// kRegistryDamaged for one that is no plain file as well: it is never waited for.
+long LoadRegistry(const QString& path, RegistryContent& content);
+
 /// Where the two files lie: the environment variables MEIBO_MACHINE_REGISTRY and MEIBO_USER_REGISTRY, where they are
 /// set; otherwise /etc/youin-meibo/registry, and youin-meibo/registry in the user's folder for settings.
 QString MachineRegistryFile();

@@ -1,5 +1,6 @@
 #include "platform/registry/RegistryFile.h"
 
+#include <QStringDecoder>
 #include <QStringList>
 #include <algorithm>
 #include <iterator>
@@ -51,7 +52,7 @@ std::optional<QString> TakeQuoted(QStringView& line) {
 
 bool ReadValue(QStringView line, RegistryContent::Key& key) {
     const std::optional<QString> name = TakeQuoted(line);
-    if (!name || !line.startsWith(u'=')) return false;
+    if (!name || !IsUsableValueName(*name) || !line.startsWith(u'=')) return false;
     line = line.mid(1);
     RegistryContent::Value value{*name, {}};
     if (line.startsWith(u'"')) {
@@ -74,6 +75,17 @@ QString ValueLine(const RegistryContent::Value& value) {
 }
 
 }  // namespace
+
+bool IsUsableKeyPath(const QString& path) {
+    if (!path.isValidUtf16()) return false;
+    for (const QChar unusable : {u'\n', u'\r', u'\0'})
+        if (path.contains(unusable)) return false;
+    const QList<QStringView> names = QStringView(path).split(u'\\');
+    return names.size() <= kMaxKeyDepth &&
+           std::all_of(names.begin(), names.end(), [](QStringView name) { return name.size() <= kMaxNameLength; });
+}
+
+bool IsUsableValueName(const QString& name) { return name.size() <= kMaxNameLength; }
 
 QString FoldedName(const QString& name) { return name.toCaseFolded(); }
 
@@ -102,13 +114,16 @@ QByteArray RegistryText(const RegistryContent& content) {
 }
 
 std::optional<RegistryContent> ParseRegistry(const QByteArray& text) {
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded = utf8(text);
+    if (utf8.hasError()) return std::nullopt;
     RegistryContent content;
     RegistryContent::Key* key = nullptr;
-    for (const QString& line : QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts)) {
-        if (line.startsWith(u'[') && line.endsWith(u']'))
-            key = &content.Make(line.sliced(1, line.size() - 2));
-        else if (key == nullptr || !ReadValue(line, *key))
-            return std::nullopt;
+    for (const QString& line : decoded.split(u'\n', Qt::SkipEmptyParts)) {
+        const bool isKey = line.startsWith(u'[') && line.endsWith(u']');
+        const QString path = isKey ? line.sliced(1, line.size() - 2) : QString();
+        if (isKey ? !IsUsableKeyPath(path) : key == nullptr || !ReadValue(line, *key)) return std::nullopt;
+        if (isKey) key = &content.Make(path);
     }
     return content;
 }

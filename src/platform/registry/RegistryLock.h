@@ -5,7 +5,8 @@
 namespace platform {
 
 /// Keeps other writers of a registry file out for as long as it lives. The lock lies on a file of its own beside it,
-/// since the registry file itself is replaced by each write. It ends with the process that holds it.
+/// since the registry file itself is replaced by each write, and only its owner may open that file. It ends with the
+/// process that holds it.
 class RegistryLock {
   public:
     explicit RegistryLock(const QString& file);
