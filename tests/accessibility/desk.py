@@ -34,7 +34,8 @@ class Screen:
     """A virtual display. Ends with close()."""
 
     def __init__(self, size="1152x864x24"):
-        command = ["Xvfb", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0", size]
+        # Without repetition (-r): on a busy machine a key may be down for so long that it would be typed twice.
+        command = ["Xvfb", "-r", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0", size]
         self.server = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         os.environ["DISPLAY"] = ":" + self.server.stdout.readline().decode().strip()
 
