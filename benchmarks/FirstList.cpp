@@ -8,7 +8,7 @@
 #include "FirstListBareLoop.h"
 #include "FirstListProgram.h"
 #include "PairedRuns.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 
 using namespace Qt::StringLiterals;

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"

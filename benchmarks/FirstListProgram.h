@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "inquiry/HeadForm.h"
-#include "inquiry/StaffDatabase.h"
+#include "support/HeadForm.h"
+#include "support/StaffDatabase.h"
 
 /// The program's side of the first list: a full store with eight rows on the screen, launched by one of the staff.
 namespace first_list {

@@ -9,13 +9,13 @@
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
 #include "data/Connections.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
-#include "platform/database/ConnectionString.h"
-#include "platform/database/OdbcDrivers.h"
-#include "platform/database/ServerEngine.h"
-#include "platform/database/StatementAdapter.h"
+#include "database/ConnectionString.h"
+#include "database/odbc/OdbcDrivers.h"
+#include "database/odbc/ServerEngine.h"
+#include "database/sql/StatementAdapter.h"
 
 using namespace Qt::StringLiterals;
 using namespace first_list;
@@ -23,9 +23,9 @@ using namespace first_list;
 namespace {
 
 OdbcBareLoop BareLoop() {
-    const auto request = platform::ParseConnectionString(*GeneralConnectionString(Globals().GeneralDatabase));
-    return {platform::OdbcConnectionText(request),
-            platform::AdaptStatement(BuildStaffStatement(), platform::EngineOf(ServerDatabase::Engine()).differences,
+    const auto request = database::ParseConnectionString(*GeneralConnectionString(Globals().GeneralDatabase));
+    return {database::OdbcConnectionText(request),
+            database::AdaptStatement(BuildStaffStatement(), database::EngineOf(ServerDatabase::Engine()).differences,
                                      SuiteTextRules())};
 }
 

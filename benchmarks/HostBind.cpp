@@ -80,7 +80,7 @@ struct Figures {
 
 /// The suite's own way: start hidden, stand still, one try, quit and kill.
 bool BoundAtOnce(const QString& host, const QString& forms) {
-    platform::HostProcessService processes;
+    platform::LocalProcessService processes;
     const quint32 handle = processes.OpenProcess(0x100001, false, processes.StartHidden(host, {forms, u"/runtime"_s}));
     std::this_thread::sleep_for(std::chrono::milliseconds(kAllowance));
     bool bound = true;
@@ -95,7 +95,7 @@ bool BoundAtOnce(const QString& host, const QString& forms) {
 }
 
 double TimeToConnect(const QString& program, const QStringList& arguments, const QByteArray& name) {
-    platform::HostProcessService processes;
+    platform::LocalProcessService processes;
     ::unlink(name.constData());
     const auto start = Clock::now();
     const quint32 handle = processes.OpenProcess(0x100001, false, processes.StartHidden(program, arguments));

@@ -16,10 +16,10 @@
 
 #include "access/ProgramLinks.h"
 #include "data/Connections.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "screen/Form.h"
-#include "setup/Installer.h"
+#include "setup/storage/Installer.h"
 #include "text/TimeStamp.h"
 
 using namespace Qt::StringLiterals;
@@ -105,7 +105,7 @@ void BareLoop(const QByteArray& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    platform::Services().system = std::make_unique<platform::HostSystemInformation>(argc, argv);
+    platform::Services().system = std::make_unique<platform::LocalSystemInformation>(argc, argv);
     const QApplication application(argc, argv);
     const QTemporaryDir folder;
     UseInstallation(folder.filePath(u"suite"_s));

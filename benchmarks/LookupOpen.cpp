@@ -8,9 +8,9 @@
 #include <memory>
 
 #include "PairedRuns.h"
-#include "frame/ProgramGlobals.h"
-#include "inquiry/StaffDatabase.h"
-#include "screen/Fonts.h"
+#include "globals/ProgramGlobals.h"
+#include "support/StaffDatabase.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/ListView.h"
 #include "screen/SuiteApplication.h"
 #include "selection/ListWindow.h"

@@ -10,11 +10,11 @@
 #include "BenchmarkProgram.h"
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/HeadForm.h"
+#include "support/HeadForm.h"
 #include "inquiry/RowStoreProcedures.h"
-#include "inquiry/StaffDatabase.h"
+#include "support/StaffDatabase.h"
 #include "inquiry/StaffQuery.h"
 #include "output/CsvWriter.h"
 #include "output/ReportData.h"
@@ -41,7 +41,7 @@ class WorkFile {
     explicit WorkFile(const QString& path) {
         if (sqlite3_open(path.toUtf8().constData(), &database_) != SQLITE_OK) Fail("cannot open the work file");
         QStringList columns;
-        for (const ColumnDefinition& column : SuiteTable(Store::Report, kTable).columns)
+        for (const ColumnDefinition& column : SuiteTable(DatabaseKind::Report, kTable).columns)
             columns << column.name + u' ' + column.type;
         Run(database_, (u"CREATE TABLE IF NOT EXISTS "_s + kTable + u" ("_s + columns.join(u',') + u')').toUtf8());
         Run(database_, "PRAGMA synchronous=OFF");
@@ -119,7 +119,7 @@ void PrepareProgram(StaffDatabase& database, HeadForm& form, const QString& fold
 }
 
 void WriteByProgram(const QString& target) {
-    platform::Recordset& records = Globals().ReportRecordset;
+    database::Recordset& records = Globals().ReportRecordset;
     if (!OpenReportReadOnly(records, u"SELECT * FROM "_s + kTable)) Fail("the work table is empty");
     WriteRecordsetAsCsv(records, target);
     records.Close();

@@ -17,9 +17,9 @@
 #include <memory>
 #include <vector>
 
-#include "report-host/PreparedReport.h"
-#include "setup/FormsStore.h"
-#include "setup/StoreWriter.h"
+#include "report-host/layout/PreparedReport.h"
+#include "setup/schema/TemplateStore.h"
+#include "setup/schema/DatabaseFileWriter.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +34,7 @@ struct Cost {
 };
 
 void FillRows(const QString& path, int count) {
-    setup::StoreWriter store(path, Store::Report);
+    setup::DatabaseFileWriter store(path, DatabaseKind::Report);
     {
         setup::TableWriter rows(store, u"要員名簿照会"_s);
         for (int i = 1; i <= count; ++i)

@@ -7,11 +7,11 @@
 #include <QTableView>
 
 #include "PairedRuns.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;

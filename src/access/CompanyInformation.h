@@ -3,7 +3,7 @@
 #include <QString>
 
 // Company, operating office and partner systems, loaded once at the start into Globals(). Both connections are open.
-// What the reads of the start run into rises as platform::DatabaseError, and the run history has the statement.
+// What the reads of the start run into rises as database::DatabaseError, and the run history has the statement.
 
 /// All of it, in order. False when there is no company row; the office is loaded all the same. A read that fails rises:
 /// it ends the start and must not rewrite the office.

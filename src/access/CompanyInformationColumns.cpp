@@ -77,12 +77,12 @@ constexpr MasterColumn<OfficeRecord> kOfficeColumns[] = {
 
 }  // namespace
 
-void TakeCompany(const platform::Recordset& row, CompanyRecord& target) {
+void TakeCompany(const database::Recordset& row, CompanyRecord& target) {
     TakeColumns<EstablishmentRecord>(row, kCommonColumns, target);
     TakeColumns<CompanyRecord>(row, kCompanyColumns, target);
 }
 
-void TakeOffice(const platform::Recordset& row, OfficeRecord& target) {
+void TakeOffice(const database::Recordset& row, OfficeRecord& target) {
     TakeColumns<EstablishmentRecord>(row, kCommonColumns, target);
     TakeColumns<OfficeRecord>(row, kOfficeColumns, target);
 }

@@ -3,14 +3,14 @@
 #include "access/CompanyInformationColumns.h"
 #include "access/CompanyInformationOffice.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 bool LoadCompany() {
-    platform::Recordset row;
+    database::Recordset row;
     const bool found = OpenRecordset(row, u"SELECT * FROM Mユーザ WHERE ID = '0001'"_s, false);
     if (found) {
         CompanyRecord& company = Globals().Company;
@@ -23,14 +23,14 @@ bool LoadCompany() {
 
 /// The row itself is taken by LoadOfficeInfo; here it is only seen to that there is an office to go on with.
 void CorrectOperatingOffice() {
-    platform::Recordset row;
+    database::Recordset row;
     OpenOperatingOffice(row);
     row.Close();
 }
 
 void CountOffices() {
     Globals().OfficeCount = 0;
-    platform::Recordset row;
+    database::Recordset row;
     if (OpenRecordset(row, u"SELECT COUNT(*) AS 事業所件数 FROM M事業所 WHERE コード <> '000'"_s, false))
         TakeNumber(row[u"事業所件数"], Globals().OfficeCount);
     row.Close();

@@ -5,7 +5,7 @@
 #include "access/CompanyInformation.h"
 #include "access/CompanyInformationColumns.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,7 @@ constexpr std::array<QString EstablishmentRecord::*, 7> kOverridingFolders = {
     &EstablishmentRecord::BACKUPフォルダ,
 };
 
-void TakeOperatingOffice(const platform::Recordset& row) {
+void TakeOperatingOffice(const database::Recordset& row) {
     ProgramGlobals& globals = Globals();
     TakeText(row[u"コード"], globals.Office.コード);
     globals.Environment.OperatingOfficeCode = globals.Office.コード;
@@ -43,7 +43,7 @@ void OverrideCompany() {
 
 QString OfficeStatement(const QString& code) { return u"SELECT * FROM M事業所 WHERE コード = '"_s + code + u"'"_s; }
 
-bool OpenOperatingOffice(platform::Recordset& row) {
+bool OpenOperatingOffice(database::Recordset& row) {
     if (OpenRecordset(row, OfficeStatement(Globals().Environment.OperatingOfficeCode), false)) return true;
     row.Close();
     const bool found = OpenRecordset(row, OfficeStatement(kWholeCompany), false);
@@ -54,7 +54,7 @@ bool OpenOperatingOffice(platform::Recordset& row) {
 }
 
 void LoadOfficeInfo() {
-    platform::Recordset row;
+    database::Recordset row;
     if (OpenOperatingOffice(row)) TakeOperatingOffice(row);
     row.Close();
     if (Globals().Environment.OperatingOfficeCode != kWholeCompany) OverrideCompany();
@@ -67,7 +67,7 @@ void SetOperatingOffice(const QString& code) {
 }
 
 void LoadOutputOffice(const QString& code) {
-    platform::Recordset row;
+    database::Recordset row;
     if (OpenRecordset(row, OfficeStatement(code), false)) TakeOffice(row, Globals().OutputOffice);
     CloseQuietly(row);
 }

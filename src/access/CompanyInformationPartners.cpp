@@ -3,7 +3,7 @@
 #include "access/CompanyInformation.h"
 #include "access/MasterColumns.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -44,7 +44,7 @@ constexpr PartnerColumn<int> kNumberColumns[] = {
     {u"社員更新有無区分", &PartnerLinkTable::社員更新有無区分},
 };
 
-void TakePartner(const platform::Recordset& row, size_t slot) {
+void TakePartner(const database::Recordset& row, size_t slot) {
     PartnerLinkTable& partners = Globals().PartnerLinks;
     for (const auto& column : kTextColumns) TakeText(row[column.name], (partners.*column.values)[slot]);
     for (const auto& column : kNumberColumns) TakeNumber(row[column.name], (partners.*column.values)[slot]);
@@ -54,7 +54,7 @@ void TakePartner(const platform::Recordset& row, size_t slot) {
 
 void LoadPartnerLinks() {
     for (size_t slot = 0; slot < kPartnerCodes.size(); ++slot) {
-        platform::Recordset row;
+        database::Recordset row;
         if (OpenRecordset(
                 row, u"SELECT TOP 1 * FROM M他業務連携 WHERE コード = '"_s + kPartnerCodes[slot].toString() + u"'"_s,
                 false))

@@ -3,7 +3,7 @@
 #include "access/CompanyInformation.h"
 #include "access/CompanyInformationOffice.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "text/mod項目編集.h"
 
@@ -34,7 +34,7 @@ QString BaseTitle(const QString& programId) {
 /// The name also becomes the first field of OutputOffice, where the mail pieces expect it.
 QString ReadOfficeName() {
     ProgramGlobals& globals = Globals();
-    platform::Recordset row;
+    database::Recordset row;
     if (OpenRecordset(row, OfficeStatement(globals.Environment.OperatingOfficeCode), false))
         globals.OutputOffice.名称 = row[u"名称"].TextOr(QString());
     CloseQuietly(row);

@@ -4,7 +4,7 @@
 #include "data/Connections.h"
 #include "data/RunHistory.h"
 #include "data/ServerText.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +15,7 @@ void RecordServerTextFaults() {
     try {
         for (const ServerTextFault& fault : FindServerTextFaults(Globals().MainConnection))
             RecordRunError(u"一般データベースの%1。次を実行すると直ります。%2"_s.arg(fault.what, fault.remedy));
-    } catch (const platform::DatabaseError&) {
+    } catch (const database::DatabaseError&) {
         // The statements of the start fail as well then, and are recorded.
     }
 }

@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <variant>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 /// A text that is stored as a PIN and kept in clear.
 template <typename Record>
@@ -23,16 +23,16 @@ struct MasterColumn {
 
 /// The stored text as the field's kind wants it; what is not a number is 0. A Null leaves the target as it was.
 /// A PIN is turned into clear text by Services().pins.
-void TakeText(const platform::Field& stored, QString& target);
-void TakeNumber(const platform::Field& stored, int& target);
-void TakeNumber(const platform::Field& stored, double& target);
-void TakePin(const platform::Field& stored, QString& target);
+void TakeText(const database::Field& stored, QString& target);
+void TakeNumber(const database::Field& stored, int& target);
+void TakeNumber(const database::Field& stored, double& target);
+void TakePin(const database::Field& stored, QString& target);
 
-/// Fills the fields from the current record. platform::DatabaseError when the record lacks a column.
+/// Fills the fields from the current record. database::DatabaseError when the record lacks a column.
 template <typename Record>
-void TakeColumns(const platform::Recordset& row, std::span<const MasterColumn<Record>> columns, Record& target) {
+void TakeColumns(const database::Recordset& row, std::span<const MasterColumn<Record>> columns, Record& target) {
     for (const MasterColumn<Record>& column : columns) {
-        const platform::Field stored = row[column.name];
+        const database::Field stored = row[column.name];
         const auto take = [&](auto place) {
             using Place = decltype(place);
             if constexpr (std::is_same_v<Place, PinField<Record>>)

@@ -3,7 +3,7 @@
 #include "access/StaffIdentityProcedures.h"
 #include "data/Connections.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "screen/Form.h"
 #include "text/TimeStamp.h"
@@ -60,7 +60,7 @@ QString& StartedAt() {
 
 /// The statement that takes a message out. Without `key` all messages go that were sent in the same second between the
 /// same programs; the start message goes that way, and a second one with it.
-QString DeleteStatement(const platform::Recordset& message, const QString& kind, const QString& key = {}) {
+QString DeleteStatement(const database::Recordset& message, const QString& kind, const QString& key = {}) {
     const auto value = [&](QStringView column) { return Quoted(message[column].TextOr(QString())); };
     const QString oneKey = key.isNull() ? QString() : u" AND 起動連携情報 = "_s + Quoted(key);
     return u"DELETE FROM プログラム連携情報 WHERE 発信日時 = "_s + value(u"発信日時") + u" AND 発信プログラムID = "_s +
@@ -70,7 +70,7 @@ QString DeleteStatement(const platform::Recordset& message, const QString& kind,
 
 void TakeStartMessage(const QString& commandLine, const QString& earliest) {
     ProgramGlobals& globals = Globals();
-    platform::Recordset message;
+    database::Recordset message;
     const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
                         u" AND 受信プログラムID = "_s + Quoted(globals.ProgramId) + u" AND 起動連携情報 = "_s +
                         Quoted(commandLine) + u" AND 連携区分 = "_s + Quoted(kStart);
@@ -123,7 +123,7 @@ void SendStartLink(const QString& sender, const QString& receiver, const QString
 }
 
 QString ReceiveEndLink(const QString& sender, const QString& receiver, const QString& key, const QString& earliest) {
-    platform::Recordset message;
+    database::Recordset message;
     QString found;
     const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
                         u" AND 発信プログラムID = "_s + Quoted(sender) + u" AND 受信プログラムID = "_s +
@@ -142,7 +142,7 @@ void SendLinkMessage(const QString& receiver, const QString& key) {
     Globals().MainForm->SetEnabled(false);
     SendStartLink(Globals().ProgramId, receiver, key);
     ReconnectConfigConnection();
-    platform::LetEventsThrough();
+    platform::ProcessEvents();
     platform::Services().clock->Sleep(kBeforeTheStart);
 }
 
@@ -154,7 +154,7 @@ void WaitForLinkedProgram(const QString& sibling, const QString& key, const QStr
     while (answered.isEmpty()) {
         if (ReconnectConfigConnection()) answered = ReceiveEndLink(globals.ProgramId, sibling, key, earliest);
         platform::Services().clock->Sleep(kBetweenLooks);
-        platform::LetEventsThrough();
+        platform::ProcessEvents();
     }
     globals.LinkWaiting = false;
     globals.MainForm->SetEnabled(true);

@@ -26,14 +26,14 @@ bool WriteEndLink(const QString& text);
 bool AnswerStarter();
 
 /// Disables the main form, leaves a start message for the program `receiver` and gives it time to lie there before
-/// that program is started. Throws platform::DatabaseError when the staff code cannot be read; the form stays disabled.
+/// that program is started. Throws database::DatabaseError when the staff code cannot be read; the form stays disabled.
 void SendLinkMessage(const QString& receiver, const QString& key);
 
 /// Returns when the program `sibling` has answered, however long that takes, and enables the main form. Events come
 /// through all the time, under the guard LinkWaiting.
 void WaitForLinkedProgram(const QString& sibling, const QString& key, const QString& earliest);
 
-/// Writes a start message. Throws platform::DatabaseError when the staff code cannot be read.
+/// Writes a start message. Throws database::DatabaseError when the staff code cannot be read.
 void SendStartLink(const QString& sender, const QString& receiver, const QString& key);
 
 /// Takes an end message, sent at `earliest` or later, out of the channel: its text goes into LinkEndInfo. The result

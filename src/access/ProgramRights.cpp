@@ -7,7 +7,7 @@
 #include "access/RightColumns.h"
 #include "access/StaffIdentityProcedures.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
@@ -40,7 +40,7 @@ QString PersonalRuleStatement(const QString& menu, const QString& programId) {
 std::optional<bool> PersonalRule(const QString& menu, const QString& programId) {
     StaffIdentity& staff = Globals().Staff;
     if (staff.LaunchingStaffCode.isEmpty()) return std::nullopt;
-    platform::Recordset rule;
+    database::Recordset rule;
     std::optional<bool> result;
     if (OpenRecordset(rule, PersonalRuleStatement(menu, programId), false)) {
         for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
@@ -69,7 +69,7 @@ bool ClassAllowed(int workClass) {
 
 /// The menu's table says of which class the program is. A program that is not in its menu is refused.
 bool MenuRule(const QString& menu, const QString& programId) {
-    platform::Recordset row;
+    database::Recordset row;
     const QString sql = u"SELECT * FROM "_s + menu + u" WHERE プログラムID = '"_s + programId + u'\'';
     const bool allowed =
         OpenConfigRecordset(row, sql) && ClassAllowed(NumericValue(row[u"処理分類"].TextOr(QString())));

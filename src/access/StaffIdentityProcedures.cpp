@@ -3,7 +3,7 @@
 #include "access/MasterColumns.h"
 #include "access/RightColumns.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +17,7 @@ constexpr MasterColumn<StaffIdentity> kColumns[] = {
     {u"社員区分", &StaffIdentity::StaffClass},          {u"アクセス権限", &StaffIdentity::AccessLevel},
 };
 
-void TakeIdentity(const platform::Recordset& record) {
+void TakeIdentity(const database::Recordset& record) {
     StaffIdentity& staff = Globals().Staff;
     TakeColumns<StaffIdentity>(record, kColumns, staff);
     for (size_t i = 0; i < staff.ClassRights.size(); ++i) TakeText(record[kClassRightColumns[i]], staff.ClassRights[i]);
@@ -30,7 +30,7 @@ void TakeIdentity(const platform::Recordset& record) {
 bool LoadLaunchStaffCode() {
     QString& code = Globals().Staff.LaunchingStaffCode;
     code.clear();
-    platform::Recordset record;
+    database::Recordset record;
     if (OpenConfigRecordset(record, u"SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s))
         TakeText(record[u"起動担当者コード"], code);
     record.Close();
@@ -38,7 +38,7 @@ bool LoadLaunchStaffCode() {
 }
 
 bool LoadStaffIdentity(const QString& code) {
-    platform::Recordset record;
+    database::Recordset record;
     const bool found =
         OpenRecordset(record, u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '"_s + code + u"'"_s, false);
     if (found) TakeIdentity(record);

@@ -6,10 +6,12 @@
 #include "data/Environment.h"
 #include "data/PurgeOldData.h"
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/EndRequest.h"
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
+#include "screen/Form.h"
+#include "screen/FormObserver.h"
 #include "text/TimeStamp.h"
 #include "text/mod項目編集.h"
 
@@ -18,6 +20,20 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kStartLinkAge = 60;  // seconds
+
+/// A window may be destroyed while the program goes on, which would later use what it remembers of the window's items.
+class GlobalsObserver : public FormObserver {
+  public:
+    void ControlRemoved(const Control& control) override {
+        ProgramGlobals& globals = Globals();
+        for (Control** kept : {&globals.FirstHeadItem, &globals.LastHeadItem, &globals.ActiveItem,
+                               &globals.ListResultItem, &globals.ListNextItem})
+            if (*kept == &control) *kept = nullptr;
+    }
+    Form* OpenerOf(const Form& /*form*/) override {
+        return Globals().NestedListOwner != nullptr ? Globals().NestedListOwner : Globals().MainForm;
+    }
+};
 
 /// Nothing is read yet: the cipher looks for its key at the first PIN.
 void InstallPinCipher() {
@@ -36,13 +52,26 @@ bool OpenDataEnvironment(const QString& command) {
 }
 
 /// The flag says that it was opened once and stays as it is.
-void CloseAndRelease(bool open, platform::Connection& connection) {
+void CloseAndRelease(bool open, database::Connection& connection) {
     if (!open) return;
     connection.Close();
-    connection = platform::Connection();
+    connection = database::Connection();
 }
 
 }  // namespace
+
+void ConnectFormsToGlobals() {
+    static GlobalsObserver observer;
+    ObserveForms(&observer);
+}
+
+void BeginProgram(const QString& programId) {
+    ProgramGlobals& globals = Globals();
+    globals.ProgramId = globals.ReportName = programId;
+    globals.MenuName = u"販路推進データ管理"_s;
+    platform::Services().dialogs->defaultTitle = programId;
+    ConnectFormsToGlobals();
+}
 
 bool InitializeData(int keyLength) {
     MeasureScreen();

@@ -1,8 +1,9 @@
 #include "access/UserInformation.h"
 
 #include "access/CompanyInformation.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
+#include "database/DatabaseError.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -14,7 +15,7 @@ namespace {
 bool LoadedWithoutFailure() {
     try {
         return LoadCompanyInfo();
-    } catch (const platform::DatabaseError&) {
+    } catch (const database::DatabaseError&) {
         return false;
     }
 }

@@ -1,11 +1,11 @@
 #include "access/msg暗証番号確認.h"
 
 #include "access/PinConfirmation.h"
-#include "access/PinDialogLooks.h"
+#include "access/PinDialogLayout.h"
 #include "access/ProgramRights.h"
 #include "access/RightColumns.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/SecretText.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
@@ -28,7 +28,7 @@ QString StaffStatement(const QString& column, const QString& value) {
 }
 
 /// A Null allows here, while at a start it leaves the right as it was.
-void TakeRights(const platform::Recordset& record) {
+void TakeRights(const database::Recordset& record) {
     StaffIdentity& staff = Globals().Staff;
     staff.LoginId = record[u"ログインID"].TextOr(QString());
     staff.AccessLevel = NumericValue(record[u"アクセス権限"].TextOr(QString()));
@@ -38,7 +38,7 @@ void TakeRights(const platform::Recordset& record) {
         staff.OperationRights[i] = record[kOperationRightColumns[i]].TextOr(QString());
 }
 
-void ShowPerson(const Form& form, const platform::Recordset& record) {
+void ShowPerson(const Form& form, const database::Recordset& record) {
     form.Item(u"担当者コード"_s).SetText(record[u"コード"].TextOr(QString()));
     form.Item(u"担当者名"_s).SetText(record[u"氏名"].TextOr(QString()));
 }
@@ -87,7 +87,7 @@ void msg暗証番号確認::OnLoad() {
 
 void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found) {
     platform::WipeText(clearPin_);
-    platform::Recordset record;
+    database::Recordset record;
     found = OpenRecordset(record, StaffStatement(u"ログインID"_s, QuoteSqlText(name)), false);
     if (found) ShowPerson(*this, record);
     CloseQuietly(record);
@@ -97,11 +97,11 @@ void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found)
 void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) {
     // First of all: with a code that is not found, the PIN of the person before would sign in under that code.
     platform::WipeText(clearPin_);
-    platform::Recordset record;
+    database::Recordset record;
     found = OpenRecordset(record, StaffStatement(u"コード"_s, code), false);
     if (found) {
         ShowPerson(*this, record);
-        const platform::Field stored = record[u"暗証番号"];
+        const database::Field stored = record[u"暗証番号"];
         if (!stored.IsNull()) clearPin_ = platform::Services().pins->ClearText(stored.Text());
         TakeRights(record);
     }

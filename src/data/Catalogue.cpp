@@ -6,7 +6,7 @@ namespace {
 
 // A line of the catalogue: names apart by blanks, several indexes apart by "/".
 struct CatalogueLine {
-    Store store;
+    DatabaseKind store;
     const char16_t* name;
     QString columns;
     QString key;
@@ -89,7 +89,7 @@ QString LabelColumns() {
 
 QList<CatalogueLine> GeneralLines() {
     const QString kind = u"区分 名称"_s, unit = u"コード 名称 稼動状況区分"_s;
-    const auto general = Store::General;
+    const auto general = DatabaseKind::General;
     return {
         {general, u"M担当者", StaffColumns(), u"コード"_s,
          u"部門コード/セクションコード/役職コード/事業所コード 部門コード セクションコード 役職コード コード"_s},
@@ -118,7 +118,7 @@ QList<CatalogueLine> GeneralLines() {
 }
 
 QList<CatalogueLine> ConfigurationLines() {
-    const auto configuration = Store::Configuration;
+    const auto configuration = DatabaseKind::Configuration;
     QList<CatalogueLine> lines{
         {configuration,
          u"データベース定義",
@@ -156,17 +156,17 @@ QList<CatalogueLine> ConfigurationLines() {
 
 QList<CatalogueLine> ReportLines() {
     return {
-        {Store::Report, u"要員名簿照会", kListColumns, {}, {}},
-        {Store::Report, u"要員名簿照会封筒", kRecipient + kSender + kSecondSender, {}, {}},
-        {Store::Report, u"要員名簿照会はがき", kRecipient + kSender, {}, {}},
-        {Store::Report, u"要員名簿照会宛名ラベル", LabelColumns(), {}, {}},
+        {DatabaseKind::Report, u"要員名簿照会", kListColumns, {}, {}},
+        {DatabaseKind::Report, u"要員名簿照会封筒", kRecipient + kSender + kSecondSender, {}, {}},
+        {DatabaseKind::Report, u"要員名簿照会はがき", kRecipient + kSender, {}, {}},
+        {DatabaseKind::Report, u"要員名簿照会宛名ラベル", LabelColumns(), {}, {}},
     };
 }
 
 QList<CatalogueLine> FormsLines() {
     return {
-        {Store::Forms, u"帳票", u"名称 定義"_s, u"名称"_s, {}},
-        {Store::Forms, u"リンクテーブル", u"名称 元テーブル 接続 属性"_s, u"名称"_s, {}},
+        {DatabaseKind::Forms, u"帳票", u"名称 定義"_s, u"名称"_s, {}},
+        {DatabaseKind::Forms, u"リンクテーブル", u"名称 元テーブル 接続 属性"_s, u"名称"_s, {}},
     };
 }
 
@@ -189,13 +189,13 @@ const QList<TableDefinition>& SuiteTables() {
     return tables;
 }
 
-const TableDefinition& SuiteTable(Store store, const QString& name) {
+const TableDefinition& SuiteTable(DatabaseKind store, const QString& name) {
     for (const TableDefinition& table : SuiteTables())
         if (table.store == store && table.name == name) return table;
-    throw platform::DatabaseError(platform::kItemNotFound, u"テーブル %1 は台帳にありません。"_s.arg(name));
+    throw database::DatabaseError(platform::kItemNotFound, u"テーブル %1 は台帳にありません。"_s.arg(name));
 }
 
-platform::TextRules SuiteTextRules() {
+database::TextRules SuiteTextRules() {
     const QStringList words =
         u"氏名 カナ 名称 住所A 住所B 住所C 代表者名 業務名 事業所名 部門名 セクション名"
         u" 役職名 性別区分名 在籍区分名 社員区分名"_s.split(u' ');

@@ -4,13 +4,13 @@
 #include <QString>
 #include <QStringList>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 // What the suite keeps in which table. The programs create and alter no table; the set-up tool makes them all from
 // here, and whoever opens a database learns from here which columns hold words.
 
 /// The database file that a table lies in.
-enum class Store { General, Configuration, Report, Forms };
+enum class DatabaseKind { General, Configuration, Report, Forms };
 
 struct ColumnDefinition {
     QString name;
@@ -18,7 +18,7 @@ struct ColumnDefinition {
 };
 
 struct TableDefinition {
-    Store store;
+    DatabaseKind store;
     QString name;
     QList<ColumnDefinition> columns;  ///< in the order in which the suite writes them
     QStringList key;                  ///< columns of the primary key; empty for logs, messages and work tables
@@ -29,7 +29,7 @@ struct TableDefinition {
 const QList<TableDefinition>& SuiteTables();
 
 /// The table of that name, spelled exactly. DatabaseError kItemNotFound for an unknown one.
-const TableDefinition& SuiteTable(Store store, const QString& name);
+const TableDefinition& SuiteTable(DatabaseKind store, const QString& name);
 
 /// Which columns the desktop engine sorts as words, and which it compares without letter case.
-platform::TextRules SuiteTextRules();
+database::TextRules SuiteTextRules();

@@ -1,7 +1,7 @@
 #include "data/Connections.h"
 
 #include "data/Catalogue.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
 #include "text/mod項目編集.h"
 
@@ -22,8 +22,8 @@ QString ProviderOf(int kind) {
 
 QString FieldText(const QString& name, const QString& value) { return name + u'=' + value + u';'; }
 
-void OpenAnew(platform::Connection& connection, platform::ConnectMode mode, const QString& connectionString) {
-    connection = platform::Connection();
+void OpenAnew(database::Connection& connection, database::ConnectMode mode, const QString& connectionString) {
+    connection = database::Connection();
     ApplyConnectionSettings(connection);
     connection.Mode = mode;
     connection.Rules = SuiteTextRules();
@@ -66,15 +66,15 @@ std::optional<QString> GeneralConnectionString(const GeneralDatabaseDefinition& 
            FieldText(u"Initial Catalog"_s, definition.データベース名);
 }
 
-void ApplyConnectionSettings(platform::Connection& connection) {
+void ApplyConnectionSettings(database::Connection& connection) {
     connection.ConnectionTimeout = 60;
     connection.CommandTimeout = 30000;
-    connection.CursorLocation = platform::CursorLocation::Client;
+    connection.CursorLocation = database::CursorLocation::Client;
 }
 
 void OpenConfigConnection(const QString& connectionString) {
-    platform::Connection& connection = Globals().ConfigConnection;
-    connection = platform::Connection();
+    database::Connection& connection = Globals().ConfigConnection;
+    connection = database::Connection();
     ApplyConnectionSettings(connection);
     connection.Open(connectionString);
 }
@@ -83,7 +83,7 @@ bool ReconnectConfigConnection() {
     ProgramGlobals& globals = Globals();
     if (globals.ConfigConnectionOpen) {
         globals.ConfigConnection.Close();
-        globals.ConfigConnection = platform::Connection();
+        globals.ConfigConnection = database::Connection();
         globals.ConfigConnectionOpen = false;
     }
     try {
@@ -101,12 +101,12 @@ void OpenGeneralConnection() {
     const std::optional<QString> connectionString = GeneralConnectionString(definition);
     if (definition.db == u"A"_s) globals.GeneralFilePath = TrimBlanks(definition.データソース名);
     if (!connectionString) return;
-    OpenAnew(globals.MainConnection, platform::ConnectMode::Read, *connectionString);
+    OpenAnew(globals.MainConnection, database::ConnectMode::Read, *connectionString);
 }
 
-void OpenForWriting(platform::Connection& connection) {
+void OpenForWriting(database::Connection& connection) {
     const std::optional<QString> connectionString = GeneralConnectionString(Globals().GeneralDatabase);
     if (!connectionString)
-        throw platform::DatabaseError(platform::kProviderNotFound, u"データベースの種類が定義されていません。"_s);
-    OpenAnew(connection, platform::ConnectMode::ReadWrite, *connectionString);
+        throw database::DatabaseError(database::kProviderNotFound, u"データベースの種類が定義されていません。"_s);
+    OpenAnew(connection, database::ConnectMode::ReadWrite, *connectionString);
 }

@@ -3,8 +3,8 @@
 #include <QString>
 #include <optional>
 
-#include "data/EnvironmentDefinition.h"
-#include "platform/Database.h"
+#include "globals/EnvironmentDefinition.h"
+#include "database/Database.h"
 
 /// `name` with the ending of that generation of desktop files, "repdb" to "repdb.accdb"; empty without a kind.
 QString DesktopFileName(const QString& name, int kind);
@@ -26,9 +26,9 @@ std::optional<QString> GeneralConnectionString(const GeneralDatabaseDefinition& 
 
 /// Settings of every connection, to be made before Open: wait 60 s for a server, let a statement run for 30,000 s,
 /// read results whole.
-void ApplyConnectionSettings(platform::Connection& connection);
+void ApplyConnectionSettings(database::Connection& connection);
 
-/// Puts a new configuration connection in place and opens it. Throws platform::DatabaseError.
+/// Puts a new configuration connection in place and opens it. Throws database::DatabaseError.
 void OpenConfigConnection(const QString& connectionString);
 
 /// Closes the configuration connection and opens it anew on the file in use, so that the next look at a shared
@@ -36,9 +36,9 @@ void OpenConfigConnection(const QString& connectionString);
 bool ReconnectConfigConnection();
 
 /// Opens the general database by its definition row, for reading only. Where the row names no known dialect nothing
-/// is opened and nothing said; the first query then fails by itself. Throws platform::DatabaseError.
+/// is opened and nothing said; the first query then fails by itself. Throws database::DatabaseError.
 void OpenGeneralConnection();
 
 /// Opens the general database on a connection of the caller's own, for writing, by the same row. Throws
-/// platform::DatabaseError, kProviderNotFound where the row names no known dialect.
-void OpenForWriting(platform::Connection& connection);
+/// database::DatabaseError, kProviderNotFound where the row names no known dialect.
+void OpenForWriting(database::Connection& connection);

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -34,28 +34,28 @@ constexpr std::array<QStringView, 7> kWeekdays = {u"月曜バックアップ", u
                                                   u"日曜バックアップ"};
 
 /// Null in the two leading columns is an error, as it always was; `db` is compared untrimmed later on.
-void TakeDefinition(const platform::Recordset& record) {
+void TakeDefinition(const database::Recordset& record) {
     GeneralDatabaseDefinition& definition = Globals().GeneralDatabase;
     definition.db = record[u"db"].Text();
     definition.dbmw = record[u"dbmw"].Text();
     for (const DefinitionColumn& column : kTrimmedColumns) {
-        const platform::Field field = record[column.name];
+        const database::Field field = record[column.name];
         if (!field.IsNull()) definition.*column.field = TrimBlanks(field.Text());
     }
 }
 
-QString TextOf(const platform::Recordset& record, QStringView column) { return record[column].TextOr(QString()); }
+QString TextOf(const database::Recordset& record, QStringView column) { return record[column].TextOr(QString()); }
 
-int NumberOf(const platform::Recordset& record, QStringView column) { return NumericValue(TextOf(record, column)); }
+int NumberOf(const database::Recordset& record, QStringView column) { return NumericValue(TextOf(record, column)); }
 
-void TakeInstallation(const platform::Recordset& record) {
+void TakeInstallation(const database::Recordset& record) {
     EnvironmentDefinition& environment = Globals().Environment;
     environment.OperatingOfficeCode = record[u"運用事業所コード"].TextOr(RepeatZero(kOfficeWidth));
     environment.InstallKind = NumberOf(record, u"インストール区分");
     environment.ClientUpdateKind = NumberOf(record, u"CL更新実行区分");
 }
 
-void TakeBackup(const platform::Recordset& record) {
+void TakeBackup(const database::Recordset& record) {
     EnvironmentDefinition& environment = Globals().Environment;
     environment.BackupDate = TextOf(record, u"バックアップ日付").left(kDateWidth);
     environment.ConditionSwitchDate = TextOf(record, u"運用条件切替日付").left(kDateWidth);
@@ -70,7 +70,7 @@ void TakeBackup(const platform::Recordset& record) {
 /// Close is not quieted: after a failed read it raises, and that ends the start.
 template <typename Take>
 void ReadRow(const QString& sql, Take take) {
-    platform::Recordset record;
+    database::Recordset record;
     if (OpenConfigRecordset(record, sql)) take(record);
     record.Close();
 }
@@ -86,7 +86,7 @@ void ReadGeneralDatabaseDefinition() {
 void ReadInstallation() { ReadRow(EnvironmentStatement(), TakeInstallation); }
 
 void ReadEnvironmentDefinition() {
-    ReadRow(EnvironmentStatement(), [](const platform::Recordset& record) {
+    ReadRow(EnvironmentStatement(), [](const database::Recordset& record) {
         TakeInstallation(record);
         TakeBackup(record);
     });

@@ -1,7 +1,7 @@
 #pragma once
 
 // Readers of the definition rows in the configuration database that is connected. Without a row the fields keep the
-// values they have. A failed read throws platform::DatabaseError, and so does a Null in `db` or `dbmw`
+// values they have. A failed read throws database::DatabaseError, and so does a Null in `db` or `dbmw`
 // (platform::RuntimeError).
 
 /// The row 'GNR' of データベース定義 into GeneralDatabase.

@@ -7,8 +7,8 @@
 #include "data/DefinitionRows.h"
 #include "data/FileCopies.h"
 #include "data/UserConfiguration.h"
-#include "frame/ProgramGlobals.h"
-#include "platform/EngineError.h"
+#include "globals/ProgramGlobals.h"
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;
@@ -124,7 +124,7 @@ void ChooseFoldersInUse() {
 void OpenConfigInUse() {
     ProgramGlobals& globals = Globals();
     globals.ConfigConnection.Close();
-    globals.ConfigConnection = platform::Connection();
+    globals.ConfigConnection = database::Connection();
     ChooseFoldersInUse();
     OpenConfigConnection(ConfigConnectionString(globals.Layout.ConfigDbKind, UserConfigDataSource()));
     globals.ConfigConnectionOpen = true;

@@ -22,7 +22,7 @@ struct Era {
 };
 
 std::optional<Era> FindEra(const QString& date) {
-    platform::Recordset record;
+    database::Recordset record;
     std::optional<Era> era;
     const QString sql = u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s % date % u"' ORDER BY 開始日付 DESC";
     if (OpenRecordset(record, sql, false)) era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};

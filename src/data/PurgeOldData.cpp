@@ -34,7 +34,7 @@ QString AgedRows(const AgedTable& aged) {
 
 /// The probe keeps the DELETE, and with it the lock for writing, from a table with nothing to do.
 void PurgeTable(const AgedTable& aged) {
-    platform::Recordset record;
+    database::Recordset record;
     const bool found = OpenConfigRecordset(record, u"SELECT *"_s + AgedRows(aged));
     record.Close();
     if (found) ExecuteConfigSql(u"DELETE"_s + AgedRows(aged));

@@ -1,40 +1,40 @@
 #include "data/Recordsets.h"
 
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool OpenOn(platform::Connection& connection, platform::Recordset& recordset, const QString& sql) {
-    recordset = platform::Recordset();
+bool OpenOn(database::Connection& connection, database::Recordset& recordset, const QString& sql) {
+    recordset = database::Recordset();
     recordset.Open(sql, connection);
     return !recordset.AtBOF() && !recordset.AtEOF();
 }
 
 /// A failing statement on the history table must not write into the history table.
-void RecordConfigFailure(const platform::DatabaseError& error, const QString& sql) {
+void RecordConfigFailure(const database::DatabaseError& error, const QString& sql) {
     if (!sql.contains(u"プログラム稼動履歴"_s, Qt::CaseInsensitive)) RecordRunError(error.Description() + sql);
 }
 
 }  // namespace
 
-bool OpenRecordset(platform::Recordset& recordset, const QString& sql, bool record) {
+bool OpenRecordset(database::Recordset& recordset, const QString& sql, bool record) {
     try {
         const bool found = OpenOn(Globals().MainConnection, recordset, sql);
         if (record) RecordOutputEnd(sql);
         return found;
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordRunError(error.Description() + sql);
         return false;
     }
 }
 
-bool OpenConfigRecordset(platform::Recordset& recordset, const QString& sql) {
+bool OpenConfigRecordset(database::Recordset& recordset, const QString& sql) {
     try {
         return OpenOn(Globals().ConfigConnection, recordset, sql);
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordConfigFailure(error, sql);
         return false;
     }
@@ -44,7 +44,7 @@ bool ExecuteConfigSql(const QString& sql) {
     try {
         Globals().ConfigConnection.Execute(sql);
         return true;
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordConfigFailure(error, sql);
         return false;
     }
@@ -56,6 +56,6 @@ bool ExecuteConfigSqlLogged(const QString& sql) {
     return ran;
 }
 
-void CloseQuietly(platform::Recordset& recordset) noexcept {
+void CloseQuietly(database::Recordset& recordset) noexcept {
     if (recordset.IsOpen()) recordset.Close();
 }

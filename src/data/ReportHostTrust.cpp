@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "data/TrustedLocations.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;

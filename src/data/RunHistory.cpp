@@ -1,6 +1,6 @@
 #include "data/RunHistory.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
 #include "text/mod項目編集.h"

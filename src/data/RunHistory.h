@@ -9,7 +9,7 @@
 /// `content` stands between the statement's quotes as it is.
 QString BuildHistoryStatement(const QString& content);
 /// The common row: takes the time, adds 1 to ProcCounter and runs the INSERT on the configuration connection.
-/// Throws platform::DatabaseError.
+/// Throws database::DatabaseError.
 void InsertHistoryRow(const QString& content);
 
 void RecordRunEnd();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/database/PostgresText.h"
+#include "database/collation/PostgresFunctions.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,7 +60,7 @@ QString IndexStatement(const QString& engine, const QString& table, const QStrin
 QList<QStringList> TextOrders(const QString& engine, const TableDefinition& table) {
     if (!IsPostgres(engine) || table.name != u"M担当者"_s) return {};
     const auto key = [&](const QString& column) {
-        return platform::PostgresOrderFunction() + u'(' + ServerName(engine, column) + u')';
+        return database::PostgresOrderFunction() + u'(' + ServerName(engine, column) + u')';
     };
     return {{key(u"氏名"_s)}, {key(u"カナ"_s)}, {ServerName(engine, u"郵便番号"_s), key(u"氏名"_s)}};
 }
@@ -79,7 +79,7 @@ QString ServerName(const QString& engine, const QString& name) {
     return u'"' + KeptServerName(engine, name).replace(u'"', u"\"\""_s) + u'"';
 }
 
-QList<TableDefinition> TablesOf(Store store) {
+QList<TableDefinition> TablesOf(DatabaseKind store) {
     QList<TableDefinition> tables = SuiteTables();
     tables.removeIf([store](const TableDefinition& table) { return table.store != store; });
     return tables;
@@ -104,14 +104,14 @@ QString AddServerColumnStatement(const QString& engine, const TableDefinition& t
 
 QList<std::pair<QString, QString>> ServerFunctionsOf(const QString& engine) {
     if (!IsPostgres(engine)) return {};
-    const QStringList statements = platform::PostgresTextFunctions();
-    return {{platform::PostgresFoldingFunction(), statements[0]}, {platform::PostgresOrderFunction(), statements[1]}};
+    const QStringList statements = database::PostgresTextFunctions();
+    return {{database::PostgresFoldingFunction(), statements[0]}, {database::PostgresOrderFunction(), statements[1]}};
 }
 
 ServerSchema ServerSchemaOf(const QString& engine, const QList<TableDefinition>& tables) {
     if (!IsPostgres(engine) && !IsMariaDb(engine))
-        throw platform::DatabaseError(
-            platform::kProviderNotFound,
+        throw database::DatabaseError(
+            database::kProviderNotFound,
             u"%1 の表は作れません。PostgreSQL または MariaDB を指定してください。"_s.arg(engine));
     ServerSchema schema;
     for (const auto& [name, statement] : ServerFunctionsOf(engine)) schema.tables.append(statement);

@@ -41,4 +41,4 @@ QString ServerName(const QString& engine, const QString& name);
 QString KeptServerName(const QString& engine, const QString& name);
 
 /// The tables of the catalogue that lie in one store.
-QList<TableDefinition> TablesOf(Store store);
+QList<TableDefinition> TablesOf(DatabaseKind store);

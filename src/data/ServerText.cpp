@@ -1,14 +1,14 @@
 #include "data/ServerText.h"
 
 #include "data/ServerSchema.h"
-#include "platform/database/DatabaseSession.h"
+#include "database/DatabaseSession.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<QStringList> Rows(platform::Connection& connection, const QString& sql) {
-    platform::Recordset record;
+QList<QStringList> Rows(database::Connection& connection, const QString& sql) {
+    database::Recordset record;
     QList<QStringList> rows;
     for (record.Open(sql, connection); !record.AtEOF(); record.MoveNext()) {
         rows.emplace_back();
@@ -27,7 +27,7 @@ const ColumnDefinition* SuiteColumn(const QString& engine, const TableDefinition
 
 class Search {
   public:
-    explicit Search(platform::Connection& general) : general_(general), engine_(general.Session().EngineName()) {}
+    explicit Search(database::Connection& general) : general_(general), engine_(general.Session().EngineName()) {}
 
     QList<ServerTextFault> Run() {
         LookForFunctions();
@@ -61,15 +61,15 @@ class Search {
                         u" INNER JOIN pg_collation o ON o.oid = a.attcollation"
                         u" WHERE pg_table_is_visible(c.oid) AND a.attnum > 0 AND NOT a.attisdropped"
                         u" AND NOT o.collisdeterministic ORDER BY c.relname, a.attnum"_s);
-        } catch (const platform::DatabaseError& error) {
-            if (error.Number() != platform::kStatementFailure) throw;
+        } catch (const database::DatabaseError& error) {
+            if (error.Number() != database::kStatementFailure) throw;
             return {};
         }
     }
 
     void LookForPostgresCollations() {
         const QList<QStringList> columns = NondeterministicColumns();
-        for (const TableDefinition& table : TablesOf(Store::General))
+        for (const TableDefinition& table : TablesOf(DatabaseKind::General))
             for (const QStringList& row : columns) {
                 if (KeptServerName(engine_, table.name) != row[0]) continue;
                 const ColumnDefinition* column = SuiteColumn(engine_, table, row[1]);
@@ -91,7 +91,7 @@ class Search {
                  u"SELECT table_name, column_name, collation_name FROM information_schema.columns"
                  u" WHERE table_schema = DATABASE() AND collation_name IS NOT NULL"
                  u" ORDER BY table_name, ordinal_position"_s);
-        for (const TableDefinition& table : TablesOf(Store::General))
+        for (const TableDefinition& table : TablesOf(DatabaseKind::General))
             for (const QStringList& row : columns) {
                 if (table.name.compare(row[0], Qt::CaseInsensitive) != 0 || IsExact(row[2])) continue;
                 const ColumnDefinition* column = SuiteColumn(engine_, table, row[1]);
@@ -108,14 +108,14 @@ class Search {
             {u"列 %1.%2 の照合順序 %3 は異なる文字を同じとみなします"_s.arg(table, column, collation), remedy});
     }
 
-    platform::Connection& general_;
+    database::Connection& general_;
     QString engine_;
     QList<ServerTextFault> faults_;
 };
 
 }  // namespace
 
-QList<ServerTextFault> FindServerTextFaults(platform::Connection& general) {
+QList<ServerTextFault> FindServerTextFaults(database::Connection& general) {
     if (!general.IsOpen() || general.Session().EngineName().isEmpty()) return {};
     return Search(general).Run();
 }

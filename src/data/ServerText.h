@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 /// Something of a general database on a server by which texts are compared otherwise than the suite counts on, or not
 /// at all.
@@ -15,5 +15,5 @@ struct ServerTextFault {
 /// Finds functions for searches and orders by names that are missing or that the account may not use, and columns
 /// of the suite whose collation takes different texts for equal: a search by code or login name would find other rows.
 /// Empty for a desktop file, and for an engine that gets statements as they are written. Throws
-/// platform::DatabaseError.
-QList<ServerTextFault> FindServerTextFaults(platform::Connection& general);
+/// database::DatabaseError.
+QList<ServerTextFault> FindServerTextFaults(database::Connection& general);

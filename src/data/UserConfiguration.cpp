@@ -7,11 +7,10 @@
 #include "data/FolderPath.h"
 #include "data/ReportHostTrust.h"
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/PlainFile.h"
 #include "platform/PrivateFolder.h"
 #include "platform/Services.h"
-#include "screen/msgお待ち.h"
 
 using namespace Qt::StringLiterals;
 using platform::kPathSeparator;
@@ -71,12 +70,12 @@ void PrepareConfiguration() {
 bool Relink(const QString& formsFile, const QString& workTables) {
     bool whole = true;
     const long failure = Carry([&] {
-        const auto file = platform::Services().tableEngine->OpenDatabase(formsFile);
-        for (platform::TableDef& table : file->TableDefs()) {
-            if (table.Attributes != platform::kLinkedTable) continue;
-            table.Connect = platform::ConnectTextOf(workTables);
+        const auto file = Globals().LinkedTables->OpenDatabase(formsFile);
+        for (database::TableDef& table : file->TableDefs()) {
+            if (table.Attributes != database::kLinkedTable) continue;
+            table.Connect = database::ConnectTextOf(workTables);
             const long refused = Carry([&] { file->RefreshLink(table); });
-            whole = whole && (refused == 0 || refused == platform::kNoSuchTable);
+            whole = whole && (refused == 0 || refused == database::kNoSuchTable);
         }
     });
     return failure == 0 && whole;
@@ -118,9 +117,9 @@ void PrepareReportFiles(const ReportFiles& files) {
     const QString mark = workTables + u"-unfinished"_s;
     Carry([&] { EnsureFolderPath(workTables); });
     if (FileExistsCheck(workTables) && !FileExistsCheck(mark)) return;
-    ShowWaitDialog();
+    platform::Services().waitDialog->Show();
     if (SetMark(mark) && CopyReportFiles(files)) platform::Services().files->RemoveFile(mark);
-    UnloadWaitDialog();
+    platform::Services().waitDialog->Unload();
 }
 
 /// A folder that can't be made is reported where the folders in it are made.

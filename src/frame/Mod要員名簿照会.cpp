@@ -4,8 +4,8 @@
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
 #include "access/UserInformation.h"
-#include "frame/FirstListPicture.h"
-#include "frame/ProgramGlobals.h"
+#include "frame/Screenshot.h"
+#include "globals/ProgramGlobals.h"
 #include "frame/StartCommand.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
@@ -43,8 +43,7 @@ void TakeStartCommand() {
 void ShowMainForm(Form& form) {
     AdaptScreenToHeight();
     form.ShowModeless();
-    Globals().ListNextItem = Globals().FirstHeadItem;
-    FindNextTabItem();
+    Globals().ListNextItem = FindNextTabItem(&form, Globals().FirstHeadItem);
     Globals().ListNextItem->SetFocus();
     TakeFirstListPicture(form);
 }
@@ -58,9 +57,7 @@ void LeaveProgram() {
 
 void Main() {
     ProgramGlobals& globals = Globals();
-    globals.ProgramId = globals.ReportName = u"要員名簿照会"_s;
-    globals.MenuName = u"販路推進データ管理"_s;
-    platform::Services().dialogs->defaultTitle = globals.ProgramId;
+    BeginProgram(u"要員名簿照会"_s);
     // Lives to the end of the process, which leaves without running destructors.
     globals.MainForm = new frm要員名簿照会(LeaveProgram);
     globals.RowsPerPage = kRowPositions;

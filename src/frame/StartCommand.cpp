@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
 
 namespace {

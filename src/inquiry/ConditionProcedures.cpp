@@ -1,10 +1,10 @@
 #include "inquiry/ConditionProcedures.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
+#include "screen/modクライアント処理.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "screen/Control.h"
 #include "screen/Form.h"
-#include "screen/modクライアント処理.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -87,6 +87,8 @@ const std::array<KindDefinition, 3>& KindDefinitions() {
 void SetInitialConditions() { SetOpenConditions(kStartStaffClass); }
 
 void ResetConditions() { SetOpenConditions(Globals().MainForm->Item(u"社員区分"_s).MaxValue()); }
+
+void ResetConditionFlags() { Globals().Flags = ConditionFlags(); }
 
 void CloseConditionWindows() {
     ResetConditionFlags();

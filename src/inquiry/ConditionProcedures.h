@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "inquiry/InquiryConditions.h"
+#include "globals/InquiryConditions.h"
 
 // The head's conditions: their defaults and the rules by which an item's value goes into the record.
 
@@ -40,6 +40,8 @@ const std::array<KindDefinition, 3>& KindDefinitions();
 void SetInitialConditions();
 /// Defaults of a clear: the same, but 社員区分 takes its MaxValue. The office of a start command stays.
 void ResetConditions();
+/// Clears all condition flags.
+void ResetConditionFlags();
 /// First step of a clear: flags off, selection windows unloaded, conditions and row store reset.
 void CloseConditionWindows();
 

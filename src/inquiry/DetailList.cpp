@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "inquiry/StaffRowStore.h"
+#include "globals/StaffRowStore.h"
 
 // The list of the main form: a fixed number of row positions, filled from the row store. Position p shows the row
 // TopRow + p.

@@ -1,6 +1,6 @@
 #include "inquiry/RowStoreProcedures.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 
 void ResetRowStore() {
     Globals().LastRow = -1;

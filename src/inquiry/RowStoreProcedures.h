@@ -2,14 +2,14 @@
 
 #include <QString>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 // The row store of Globals(). Row numbers run from 0.
 
 void ResetRowStore();
 void ClearRow(int row);
 /// Fills the row from the current record of the staff statement. RuntimeError for a Null 住所B beside a 住所A.
-void LoadStaffRow(platform::Recordset& record, int row);
+void LoadStaffRow(database::Recordset& record, int row);
 /// Copies everything but EMAIL, which stays at its row: so it has always been.
 void CopyRow(int source, int target);
 /// Moves the rows below up by one. 行No keeps its gap.

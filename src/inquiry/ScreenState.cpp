@@ -2,7 +2,7 @@
 
 #include <QColor>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
 #include "screen/Form.h"

@@ -1,7 +1,7 @@
 #include "inquiry/StaffRegistration.h"
 
 #include "access/ProgramLinks.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/StaffQuery.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"

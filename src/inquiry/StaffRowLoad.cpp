@@ -3,7 +3,7 @@
 
 #include "data/EraDates.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
@@ -62,18 +62,18 @@ constexpr auto kDates = std::to_array<SplitDate>({
     {退社日付, 退社日付年号, 退社日付年, 退社日付月, 退社日付日},
 });
 
-void CopyColumns(platform::Recordset& record, int row) {
+void CopyColumns(database::Recordset& record, int row) {
     StaffRowStore& rows = Globals().Rows;
     for (const ColumnOfField& entry : kColumns) {
-        const platform::Field field = record[entry.column];
+        const database::Field field = record[entry.column];
         const bool guardOfItsOwn = entry.guard.data() == entry.column.data();
         if (guardOfItsOwn ? field.IsNull() : record[entry.guard].IsNull()) continue;
         rows.Text(entry.field, row) = field.Text();
     }
 }
 
-void LoadPin(platform::Recordset& record, int row) {
-    const platform::Field stored = record[u"暗証番号"];
+void LoadPin(database::Recordset& record, int row) {
+    const database::Field stored = record[u"暗証番号"];
     if (!stored.IsNull()) Globals().Rows.Text(暗証番号, row) = platform::Services().pins->ClearText(stored.Text());
 }
 
@@ -96,13 +96,13 @@ QString StampForDisplay(const QString& stamp) {
     return cut(0, 4) % u'/' % cut(4, 2) % u'/' % cut(6, 2) % u' ' % cut(9, 2) % u':' % cut(11, 2) % u':' % cut(13, 2);
 }
 
-void LoadStamp(platform::Recordset& record, QStringView column, StaffText target, int row) {
+void LoadStamp(database::Recordset& record, QStringView column, StaffText target, int row) {
     const QString stamp = record[column].TextOr(QString());
     if (!stamp.isEmpty()) Globals().Rows.Text(target, row) = StampForDisplay(stamp);
 }
 }  // namespace
 
-void LoadStaffRow(platform::Recordset& record, int row) {
+void LoadStaffRow(database::Recordset& record, int row) {
     StaffRowStore& rows = Globals().Rows;
     rows.Text(行No, row) = FormatByMask(row + 1, u"#####0"_s);
     CopyColumns(record, row);
@@ -126,7 +126,7 @@ int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所�
         伝票事業所コード % u"' AND [T閲覧].[伝票番号基準日付] = '" % 伝票番号基準日付 % u"' AND [T閲覧].[伝票No] = '" %
         伝票No % u"' AND [T閲覧].[キー項目] = '" % キー項目 %
         u"' ORDER BY [T閲覧].[閲覧日付] DESC, [T閲覧].[閲覧時刻] DESC";
-    platform::Recordset record;
+    database::Recordset record;
     const bool found = OpenRecordset(record, sql, false);
     const int kind = found ? NumericValue(record[u"閲覧区分"].TextOr(QString())) : -1;
     CloseQuietly(record);

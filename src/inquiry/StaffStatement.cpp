@@ -3,7 +3,7 @@
 #include <QStringList>
 #include <array>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/SelectionSource.h"
 #include "inquiry/StaffQuery.h"

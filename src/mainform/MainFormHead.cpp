@@ -4,7 +4,7 @@
 #include "mainform/MainFormPanels.h"
 #include "screen/Button.h"
 #include "screen/ComboItem.h"
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Label.h"

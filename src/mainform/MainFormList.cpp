@@ -4,7 +4,7 @@
 #include "mainform/MainFormPanels.h"
 #include "screen/CheckItem.h"
 #include "screen/DisplayItem.h"
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
 #include "screen/Label.h"
 #include "screen/Panel.h"

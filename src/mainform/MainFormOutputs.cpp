@@ -3,7 +3,7 @@
 #include "inquiry/ConditionProcedures.h"
 #include "mainform/MainFormPanels.h"
 #include "screen/Button.h"
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
 #include "screen/Panel.h"
 

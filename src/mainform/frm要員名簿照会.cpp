@@ -2,12 +2,13 @@
 
 #include "access/CompanyInformation.h"
 #include "data/ClassLists.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "platform/Services.h"
+#include "screen/ComboItem.h"
 #include "screen/ScrollItem.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマウスWHeel.h"
@@ -84,8 +85,8 @@ void frm要員名簿照会::SetupForm() {
 
 void frm要員名簿照会::FillConditionLists() {
     const auto& kinds = KindDefinitions();
-    FillClassList(Item(kinds[0].item), Item(kinds[0].listItem), u"K在籍区分"_s);
-    FillClassList(Item(kinds[1].item), Item(kinds[1].listItem), u"K社員区分"_s);
+    FillClassList(Item(kinds[0].item), Item(kinds[0].listItem), ReadClassNames(u"K在籍区分"_s));
+    FillClassList(Item(kinds[1].item), Item(kinds[1].listItem), ReadClassNames(u"K社員区分"_s));
     Control& orders = Item(kinds[2].listItem);
     orders.ClearList();
     for (const QString& order : {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})
@@ -155,6 +156,6 @@ void frm要員名簿照会::FocusHeadItemByName(const QString& name) {
 
 void frm要員名簿照会::MoveFocus(Control& control) {
     Globals().ListNextItem = &control;
-    FindNextTabItem();
+    Globals().ListNextItem = FindNextTabItem(Globals().MainForm, Globals().ListNextItem);
     if (Globals().ListNextItem->Enabled() && Globals().ListNextItem->Visible()) Globals().ListNextItem->SetFocus();
 }

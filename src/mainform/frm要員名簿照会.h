@@ -48,7 +48,7 @@ class frm要員名簿照会 : public Form {
     void WireSearchText(const SearchTextDefinition& text);
     void WireKind(const KindDefinition& kind);
     /// GotFocus: sends the focus back to an empty range end among the first `reach` ranges.
-    bool SendBack(int reach);
+    bool RedirectFocus(int reach);
     /// Opens the lookup window of a range item, with the condition that its range gives.
     void OpenLookupOf(Control& item);
 

@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "access/ProgramRights.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
@@ -15,7 +15,7 @@
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
-#include "selection/PickWindows.h"
+#include "selection/MultiSelectWindows.h"
 #include "selection/ValueWindows.h"
 
 using namespace Qt::StringLiterals;
@@ -83,7 +83,7 @@ void frm要員名簿照会::WireCommands() {
     headEnd.KeyDown = [this](int) { Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); })(); };
     // The three that work whatever goes on.
     Item(u"btn_終了"_s).Click = [this] { Leave(); };
-    Item(u"manualpanel"_s).Click = [] { OpenManual(); };
+    Item(u"manualpanel"_s).Click = [] { OpenManual(Globals().Layout.ManualFolder, Globals().ProgramId); };
     Item(u"prg_ttl"_s).Click = [this] { MoveFocus(*Globals().LastHeadItem); };
 }
 
@@ -95,10 +95,10 @@ void frm要員名簿照会::Search() {
         return;
     }
     ShowWaitDialog();
-    DisableFormControls();
+    DisableFormControls(Globals().MainForm);
     ResetRowStore();
     RunStaffSearch();
-    EnableFormControls();
+    EnableFormControls(Globals().MainForm);
     RefreshScreen();
     SetupScrollBar();
     UnloadWaitDialog();

@@ -1,4 +1,4 @@
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
 #include "text/mod項目編集.h"
@@ -9,7 +9,7 @@ namespace {
 
 // How many ranges an item looks back upon when it gets the focus. The position items test one range less than their
 // place would suggest, and a missing staff end sends nobody back.
-int ReachOf(Range range) {
+int RedirectReach(Range range) {
     switch (range) {
         case Range::Department:
             return 0;
@@ -33,7 +33,7 @@ void frm要員名簿照会::WireHead() {
     for (const KindDefinition& kind : KindDefinitions()) WireKind(kind);
 }
 
-bool frm要員名簿照会::SendBack(int reach) {
+bool frm要員名簿照会::RedirectFocus(int reach) {
     const int missing = ValidateHead();
     if (missing == 0 || missing > reach) return false;
     FocusMissingRangeEnd(missing);
@@ -47,7 +47,7 @@ void frm要員名簿照会::WireRange(const RangeDefinition& range) {
 
 void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool start) {
     Control& item = Item(name);
-    item.GotFocus = Guarded([this, range] { SendBack(ReachOf(range)); });
+    item.GotFocus = Guarded([this, range] { RedirectFocus(RedirectReach(range)); });
     item.LostFocus = Guarded([&item, range, start] {
         RememberLostFocus(item);
         const QString value = FormatCodeByMask(item.Text(), DefinitionOf(range).mask);
@@ -58,7 +58,7 @@ void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool
         PaintHeadItems();  // always: the padded code, and a bound moved along, show at once
     });
     item.DblClick = Guarded([this, &item, range] {
-        if (!SendBack(ReachOf(range))) OpenLookupOf(item);
+        if (!RedirectFocus(RedirectReach(range))) OpenLookupOf(item);
     });
     item.KeyDown = [this, &item](int key) {
         if (key == kKeyControl) Guarded([this, &item] { OpenLookupOf(item); })();
@@ -78,7 +78,7 @@ void frm要員名簿照会::WireSearchText(const SearchTextDefinition& text) {
 void frm要員名簿照会::WireKind(const KindDefinition& kind) {
     Control& number = Item(kind.item);
     Control& list = Item(kind.listItem);
-    number.GotFocus = Guarded([this] { SendBack(kKindReach); });
+    number.GotFocus = Guarded([this] { RedirectFocus(kKindReach); });
     number.LostFocus = Guarded([&number] { RememberLostFocus(number); });
     number.Change = Guarded([&number, &list, kind] {
         list.SetListIndex(number.Value());

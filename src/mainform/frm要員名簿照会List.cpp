@@ -1,4 +1,4 @@
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffRegistration.h"
@@ -92,7 +92,7 @@ void frm要員名簿照会::LaunchRow(int position) {
         for (const QString& panel : kPaintedPanels) Item(panel, position).SetBackColor(color);
     };
     paint(kRowInWork);
-    platform::LetEventsThrough();
+    platform::ProcessEvents();
     LaunchStaffRegistration(position);
     paint(kept);
 }

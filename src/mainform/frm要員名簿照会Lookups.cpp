@@ -1,6 +1,6 @@
 #include <QHash>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "mainform/frm要員名簿照会.h"
 #include "selection/ListWindows.h"
 #include "text/mod項目編集.h"

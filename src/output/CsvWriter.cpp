@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "data/FolderPath.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "screen/msgお待ち.h"
 #include "text/CodePage932.h"
@@ -68,7 +68,7 @@ class CsvFile {
 
 bool IsCurrency(const QString& type) { return type == u"CURRENCY"_s || type == u"MONEY"_s; }
 
-std::vector<bool> CurrencyColumns(const platform::Recordset& recordset) {
+std::vector<bool> CurrencyColumns(const database::Recordset& recordset) {
     std::vector<bool> currency;
     currency.reserve(static_cast<size_t>(recordset.FieldCount()));
     for (int column = 0; column < recordset.FieldCount(); ++column)
@@ -76,13 +76,13 @@ std::vector<bool> CurrencyColumns(const platform::Recordset& recordset) {
     return currency;
 }
 
-void WriteHeader(CsvFile& file, const platform::Recordset& recordset) {
+void WriteHeader(CsvFile& file, const database::Recordset& recordset) {
     const int last = recordset.FieldCount() - 1;
     for (int column = 0; column <= last; ++column) file.Quoted(recordset.FieldName(column), column == last);
     file.EndLine();
 }
 
-void WriteField(CsvFile& file, const platform::Field& field, bool currency, bool last) {
+void WriteField(CsvFile& file, const database::Field& field, bool currency, bool last) {
     if (!currency)
         file.Quoted(field.TextOr(QString()), last);
     else if (!field.IsNull())
@@ -91,7 +91,7 @@ void WriteField(CsvFile& file, const platform::Field& field, bool currency, bool
         file.Plain(last ? u" " : u"", last);
 }
 
-void WriteRecords(CsvFile& file, platform::Recordset& recordset) {
+void WriteRecords(CsvFile& file, database::Recordset& recordset) {
     const std::vector<bool> currency = CurrencyColumns(recordset);
     const int last = recordset.FieldCount() - 1;
     const int count = recordset.RecordCount();
@@ -105,7 +105,7 @@ void WriteRecords(CsvFile& file, platform::Recordset& recordset) {
 
 }  // namespace
 
-LostCharacters WriteRecordsetAsCsv(platform::Recordset& recordset, const QString& path) {
+LostCharacters WriteRecordsetAsCsv(database::Recordset& recordset, const QString& path) {
     EnsureFolderPath(path);
     std::unique_ptr<platform::OutputFile>& output = Globals().TextOutputFile;
     output = platform::Services().files->OpenForOutput(path);

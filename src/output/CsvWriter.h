@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 /// Characters that have no form in code page 932 and were written as "?".
 struct LostCharacters {
@@ -18,4 +18,4 @@ struct LostCharacters {
 /// Missing folders are made. A file that can't be opened is told in a message box; nothing is written then, and the
 /// recordset stays where it is. A failure while writing rises as platform::RuntimeError and leaves
 /// Globals().TextOutputFile open.
-LostCharacters WriteRecordsetAsCsv(platform::Recordset& recordset, const QString& path);
+LostCharacters WriteRecordsetAsCsv(database::Recordset& recordset, const QString& path);

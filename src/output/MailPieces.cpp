@@ -6,7 +6,7 @@
 
 #include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
 #include "output/RowColumn.h"
 #include "output/WorkTable.h"
@@ -20,7 +20,7 @@ const QString kPerson = u"様"_s;
 
 /// Goes on with the next statement whatever this one runs into.
 template <typename Work>
-void Ignoring(Work work) {
+void IgnoreErrors(Work work) {
     try {
         work();
     } catch (const platform::RuntimeError&) {
@@ -28,13 +28,13 @@ void Ignoring(Work work) {
     }
 }
 
-void WriteIgnoring(platform::Recordset& record, QStringView column, const QString& value) {
-    Ignoring([&] { record.Write(column, value); });
+void WriteIgnoring(database::Recordset& record, QStringView column, const QString& value) {
+    IgnoreErrors([&] { record.Write(column, value); });
 }
 
-using Writer = void (*)(platform::Recordset& record, QStringView column, const QString& value);
+using Writer = void (*)(database::Recordset& record, QStringView column, const QString& value);
 
-void WriteOrRaise(platform::Recordset& record, QStringView column, const QString& value) {
+void WriteOrRaise(database::Recordset& record, QStringView column, const QString& value) {
     record.Write(column, value);
 }
 
@@ -48,7 +48,7 @@ constexpr std::array kAddress = {
 /// The recipient's block; `side` stands before each column's name. Companies are addressed by 名称A and 御中; here it
 /// is always a person, so the honorific stands twice: in its own column and, behind a blank, with the name. Each form
 /// prints the one it needs.
-void WriteRecipient(platform::Recordset& record, const QString& side, int row, Writer write) {
+void WriteRecipient(database::Recordset& record, const QString& side, int row, Writer write) {
     const StaffRowStore& rows = Globals().Rows;
     const QString name = side + u"名称B"_s;
     write(record, side + u"コード"_s, rows.Text(StaffText::担当者コード, row));
@@ -57,7 +57,7 @@ void WriteRecipient(platform::Recordset& record, const QString& side, int row, W
     for (const RowColumn& column : kAddress) write(record, QString(side % column.column), rows.Text(column.field, row));
     write(record, side + u"御中"_s, kPerson);
     if (write == &WriteIgnoring)
-        Ignoring([&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
+        IgnoreErrors([&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
     else
         record.Write(name, record[name].Text() + u' ' + kPerson);
 }
@@ -93,12 +93,12 @@ constexpr std::array kSenderCompany = {
 };
 
 template <typename Columns, typename Source>
-void WriteFrom(platform::Recordset& record, const Columns& columns, const Source& source) {
+void WriteFrom(database::Recordset& record, const Columns& columns, const Source& source) {
     for (const auto& column : columns) WriteIgnoring(record, column.column, source.*column.field);
 }
 
 /// A blank picture where the company has no logo, so that the form's picture is never without a file.
-void WriteLogo(platform::Recordset& record) {
+void WriteLogo(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     const QString column = u"ユーザ会社ロゴfile"_s, separator = platform::kPathSeparator;
     WriteIgnoring(record, column, globals.Layout.ProgramFolder + separator + u"空白.jpg"_s);
@@ -108,48 +108,48 @@ void WriteLogo(platform::Recordset& record) {
 }
 
 /// With two offices both stand on every envelope. With more, only somebody who works in a branch gets the second one.
-void WriteSecondSender(platform::Recordset& record) {
+void WriteSecondSender(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     const QString& scope = globals.ScopeOfficeCode;
     if (scope != u"000"_s && scope != u"001"_s && globals.OfficeCount >= 3) {
         WriteFrom(record, kSecondSender, globals.Office);
     } else if (globals.OfficeCount == 2) {
-        Ignoring([] { LoadOutputOffice(u"002"_s); });
+        IgnoreErrors([] { LoadOutputOffice(u"002"_s); });
         WriteFrom(record, kSecondSender, globals.OutputOffice);
     }
 }
 
-void WriteEnvelope(platform::Recordset& record, int row) {
+void WriteEnvelope(database::Recordset& record, int row) {
     WriteRecipient(record, QString(), row, &WriteIgnoring);
     WriteIgnoring(record, u"ユーザ名称", Globals().Company.名称);
     WriteLogo(record);
-    Ignoring([] { LoadOutputOffice(u"001"_s); });
+    IgnoreErrors([] { LoadOutputOffice(u"001"_s); });
     WriteFrom(record, kSenderOffice, Globals().OutputOffice);
     WriteSecondSender(record);
 }
 
 /// The sender is the company itself, unlike on an envelope, where it is the office "001" under the company's name.
-void WritePostcard(platform::Recordset& record, int row) {
+void WritePostcard(database::Recordset& record, int row) {
     WriteRecipient(record, QString(), row, &WriteIgnoring);
     WriteFrom(record, kSenderCompany, Globals().Company);
 }
 
-bool BuildPieces(const QString& table, void (*writePiece)(platform::Recordset& record, int row)) {
-    platform::Recordset& record = Globals().ReportRecordset;
+bool BuildPieces(const QString& table, void (*writePiece)(database::Recordset& record, int row)) {
+    database::Recordset& record = Globals().ReportRecordset;
     OpenEmptiedWorkTable(table);
     ForEachMarkedRow([&record, writePiece](int row) {
-        Ignoring([&record] { record.AddNew(); });
+        IgnoreErrors([&record] { record.AddNew(); });
         writePiece(record, row);
-        Ignoring([&record] { record.Update(); });
+        IgnoreErrors([&record] { record.Update(); });
     });
     bool holds = false;
-    Ignoring([&] { record.Close(); });
-    Ignoring([&] { holds = WorkTableHoldsRows(table); });
-    record = platform::Recordset();
+    IgnoreErrors([&] { record.Close(); });
+    IgnoreErrors([&] { holds = WorkTableHoldsRows(table); });
+    record = database::Recordset();
     return holds;
 }
 
-void NumberRecord(platform::Recordset& record, int number) {
+void NumberRecord(database::Recordset& record, int number) {
     record.Write(u"行番号", QString::number(number).rightJustified(6, u'0'));
     record.Update();
 }
@@ -157,7 +157,7 @@ void NumberRecord(platform::Recordset& record, int number) {
 constexpr int kRecordsOfSheet = 6;
 
 /// Number of records, the last one with its left label only where the count of labels is odd.
-int AddLabels(platform::Recordset& record) {
+int AddLabels(database::Recordset& record) {
     int counter = -1;
     ForEachMarkedRow([&](int row) {
         ++counter;
@@ -174,7 +174,7 @@ int AddLabels(platform::Recordset& record) {
 
 /// Up to one full sheet and no further: a list that is longer than a sheet is not filled up. Records without a label
 /// do not make a list, so nothing is added to none.
-void PadSheet(platform::Recordset& record, int count) {
+void PadSheet(database::Recordset& record, int count) {
     if (count % kRecordsOfSheet == 0) return;
     for (int number = count + 1; number <= kRecordsOfSheet; ++number) {
         record.AddNew();
@@ -190,7 +190,7 @@ bool BuildPostcardData() { return BuildPieces(Globals().ReportName + u"はがき
 
 bool BuildLabelData() {
     const QString table = Globals().ReportName + u"宛名ラベル"_s;
-    platform::Recordset& record = Globals().ReportRecordset;
+    database::Recordset& record = Globals().ReportRecordset;
     OpenEmptiedWorkTable(table);
     PadSheet(record, AddLabels(record));
     CloseQuietly(record);

@@ -8,5 +8,5 @@
 bool BuildEnvelopeData();
 /// Failures are ignored in the same way.
 bool BuildPostcardData();
-/// Two labels a record. Traps nothing, like the list: platform::DatabaseError.
+/// Two labels a record. Traps nothing, like the list: database::DatabaseError.
 bool BuildLabelData();

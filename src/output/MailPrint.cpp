@@ -1,6 +1,6 @@
 #include "output/MailPrint.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/MailPieces.h"
 #include "output/OutputFlow.h"
 #include "output/ReportRunner.h"

@@ -4,7 +4,7 @@
 
 #include "data/EraDates.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
 #include "output/RowColumn.h"
 #include "output/SelectionText.h"
@@ -56,7 +56,7 @@ constexpr auto kLastColumns = std::to_array<RowColumn>({
 });
 
 /// A company of a single office has none to name.
-void WriteOffice(platform::Recordset& record) {
+void WriteOffice(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     if (globals.OfficeCount <= 0) return;
     record.Write(u"運用事業所コード", globals.Environment.OperatingOfficeCode);
@@ -64,12 +64,12 @@ void WriteOffice(platform::Recordset& record) {
 }
 
 /// An era of an empty date would read "年月日", so it stays unwritten.
-void WriteShownDate(platform::Recordset& record, const RowColumn& date, int row) {
+void WriteShownDate(database::Recordset& record, const RowColumn& date, int row) {
     const QString& stored = Globals().Rows.Text(date.field, row);
     if (!stored.isEmpty()) record.Write(date.column, EraDateLong(stored));
 }
 
-void WriteRow(platform::Recordset& record, int row) {
+void WriteRow(database::Recordset& record, int row) {
     const StaffRowStore& rows = Globals().Rows;
     WriteOffice(record);
     record.Write(u"選択条件", BuildSelectionText());
@@ -84,10 +84,10 @@ void WriteRow(platform::Recordset& record, int row) {
 // remembered.
 bool BuildReportData() {
     const QString table = Globals().ReportName;
-    platform::Recordset& record = Globals().ReportRecordset;
+    database::Recordset& record = Globals().ReportRecordset;
     OpenEmptiedWorkTable(table);
     {
-        const platform::ReadScope scope(Globals().MainConnection);
+        const database::ReadScope scope(Globals().MainConnection);
         ForEachMarkedRow([&record](int row) {
             record.AddNew();
             WriteRow(record, row);

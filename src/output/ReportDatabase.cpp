@@ -2,7 +2,7 @@
 
 #include "data/Connections.h"
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
 
 using namespace Qt::StringLiterals;
@@ -20,9 +20,9 @@ bool Recorded(const QString& sql, Work work) {
     }
 }
 
-bool OpenOn(platform::Recordset& recordset, const QString& sql, platform::CursorType cursor, platform::LockType lock) {
+bool OpenOn(database::Recordset& recordset, const QString& sql, database::CursorType cursor, database::LockType lock) {
     return Recorded(sql, [&] {
-        recordset = platform::Recordset();
+        recordset = database::Recordset();
         recordset.Open(sql, Globals().ReportDatabase, cursor, lock);
         return !recordset.AtBOF() && !recordset.AtEOF();
     });
@@ -34,8 +34,8 @@ bool OpenReportDatabase() {
     const InstallationLayout& layout = Globals().Layout;
     const QString file = DesktopFileName(u"repdb"_s, layout.ReportDbKind);
     if (file.isEmpty()) return false;
-    platform::Connection& connection = Globals().ReportDatabase;
-    connection = platform::Connection();
+    database::Connection& connection = Globals().ReportDatabase;
+    connection = database::Connection();
     ApplyConnectionSettings(connection);
     connection.Scratch = true;
     connection.Open(
@@ -45,7 +45,7 @@ bool OpenReportDatabase() {
 
 void CloseReportDatabase() noexcept {
     Globals().ReportDatabase.Close();
-    Globals().ReportDatabase = platform::Connection();
+    Globals().ReportDatabase = database::Connection();
 }
 
 bool ExecuteReportSql(const QString& sql) {
@@ -55,10 +55,10 @@ bool ExecuteReportSql(const QString& sql) {
     });
 }
 
-bool OpenReportForUpdate(platform::Recordset& recordset, const QString& sql) {
-    return OpenOn(recordset, sql, platform::CursorType::Keyset, platform::LockType::Optimistic);
+bool OpenReportForUpdate(database::Recordset& recordset, const QString& sql) {
+    return OpenOn(recordset, sql, database::CursorType::Keyset, database::LockType::Optimistic);
 }
 
-bool OpenReportReadOnly(platform::Recordset& recordset, const QString& sql) {
-    return OpenOn(recordset, sql, platform::CursorType::ForwardOnly, platform::LockType::ReadOnly);
+bool OpenReportReadOnly(database::Recordset& recordset, const QString& sql) {
+    return OpenOn(recordset, sql, database::CursorType::ForwardOnly, database::LockType::ReadOnly);
 }

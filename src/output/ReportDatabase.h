@@ -2,14 +2,14 @@
 
 #include <QString>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 
 // The database of work tables, open for the length of one output: Globals().ReportDatabase, and on it one recordset,
 // Globals().ReportRecordset. A work table holds the rows of one output and is left filled. No transactions: every
 // statement and every added record stands by itself.
 
 /// Opens the file in the report folder in use. False, and nothing is touched, where the installation has none
-/// (ReportDbKind neither 1 nor 2). A file that can't be opened rises as platform::DatabaseError.
+/// (ReportDbKind neither 1 nor 2). A file that can't be opened rises as database::DatabaseError.
 bool OpenReportDatabase();
 /// Closes and releases the connection, whatever its state.
 void CloseReportDatabase() noexcept;
@@ -20,6 +20,6 @@ void CloseReportDatabase() noexcept;
 /// True when the statement ran.
 bool ExecuteReportSql(const QString& sql);
 /// Opens for adding records. True when there are rows; after a failure the recordset is not open.
-bool OpenReportForUpdate(platform::Recordset& recordset, const QString& sql);
+bool OpenReportForUpdate(database::Recordset& recordset, const QString& sql);
 /// Opens for reading forward. True when there are rows; after a failure the recordset is not open.
-bool OpenReportReadOnly(platform::Recordset& recordset, const QString& sql);
+bool OpenReportReadOnly(database::Recordset& recordset, const QString& sql);

@@ -1,11 +1,11 @@
 #include "output/ReportRunner.h"
 
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
-#include "platform/EngineError.h"
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 

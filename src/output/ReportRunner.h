@@ -3,7 +3,7 @@
 #include <QString>
 
 /// The whole way of the list's print: report database, wait dialog, work table, host. Shows what keeps it from
-/// printing. A failure of the report database rises as platform::DatabaseError and leaves the wait dialog standing.
+/// printing. A failure of the report database rises as database::DatabaseError and leaves the wait dialog standing.
 void RunReportPrint();
 /// The same on the screen.
 void RunReportPreview();

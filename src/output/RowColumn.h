@@ -2,7 +2,7 @@
 
 #include <QStringView>
 
-#include "inquiry/StaffRowStore.h"
+#include "globals/StaffRowStore.h"
 
 /// A column of a work table and the text of the list's row that it takes.
 struct RowColumn {

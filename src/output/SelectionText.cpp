@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/SelectionSource.h"
 #include "screen/Control.h"

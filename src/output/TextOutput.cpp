@@ -2,7 +2,7 @@
 
 #include "data/Recordsets.h"
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/CsvWriter.h"
 #include "output/OutputFlow.h"
 #include "output/ReportData.h"
@@ -39,7 +39,7 @@ void WriteWorkTableToText() {
     if (OpenReportReadOnly(globals.ReportRecordset, u"SELECT * FROM "_s + globals.ReportName))
         lost = WriteRecordsetAsCsv(globals.ReportRecordset, globals.TextOutputFileName);
     CloseQuietly(globals.ReportRecordset);
-    globals.ReportRecordset = platform::Recordset();
+    globals.ReportRecordset = database::Recordset();
     RecordOutputEnd(kWord);
     globals.MainForm->SetEnabled(true);
     TellLost(lost);

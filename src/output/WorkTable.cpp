@@ -1,6 +1,6 @@
 #include "output/WorkTable.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
 #include "screen/msgお待ち.h"
 
@@ -34,11 +34,11 @@ void ForEachMarkedRow(const std::function<void(int row)>& work) {
 }
 
 bool WorkTableHoldsRows(const QString& table) {
-    platform::Recordset& record = Globals().ReportRecordset;
-    record = platform::Recordset();
+    database::Recordset& record = Globals().ReportRecordset;
+    record = database::Recordset();
     OpenReportReadOnly(record, u"SELECT * FROM "_s + table);
     const bool holds = !record.AtBOF() && !record.AtEOF();
     record.Close();
-    record = platform::Recordset();
+    record = database::Recordset();
     return holds;
 }

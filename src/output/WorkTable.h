@@ -14,5 +14,5 @@ void OpenEmptiedWorkTable(const QString& table);
 void ForEachMarkedRow(const std::function<void(int row)>& work);
 
 /// What the table really holds, and not what a count kept while writing would say. A table that can't be read rises as
-/// platform::DatabaseError.
+/// database::DatabaseError.
 bool WorkTableHoldsRows(const QString& table);

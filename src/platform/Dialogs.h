@@ -33,13 +33,4 @@ class Dialogs {
     QString defaultTitle;
 };
 
-class WidgetDialogs : public Dialogs {
-  public:
-    using Dialogs::Confirm;
-    using Dialogs::ShowMessage;
-    void ShowMessage(const QString& text, const QString& title) override;
-    bool Confirm(const QString& text, const QString& title) override;
-    std::optional<QString> ShowSave(const SaveQuestion& question) override;
-};
-
 }  // namespace platform

@@ -36,7 +36,7 @@ class FileSystem {
     virtual bool CreateMark(const QString& path) const = 0;
 };
 
-class HostFileSystem : public FileSystem {
+class LocalFileSystem : public FileSystem {
   public:
     bool FileExists(const QString& path) const override;
     bool CopyFile(const QString& source, const QString& target) const override;

@@ -40,7 +40,7 @@ class ProcessService {
     static constexpr quint32 kStillActive = 259;
 };
 
-class HostProcessService : public ProcessService {
+class LocalProcessService : public ProcessService {
   public:
     void EndProcess(int exitCode) override;
     void StartProgram(const QString& path, const QString& arguments) override;

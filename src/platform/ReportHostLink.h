@@ -35,11 +35,11 @@ inline constexpr long kHostGone = 462;
 class LocalReportHostLink : public ReportHostLink {
   public:
     /// `patience`: milliseconds that a host which listens already has to answer the bind.
-    explicit LocalReportHostLink(int patience = 10000) : patience_(patience) {}
+    explicit LocalReportHostLink(int patience = 10000) : timeout_(patience) {}
     std::unique_ptr<ReportHost> Bind(const QString& formsFile) override;
 
   private:
-    int patience_;
+    int timeout_;
 };
 
 }  // namespace platform

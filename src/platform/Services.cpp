@@ -9,12 +9,12 @@ ServiceSet& Services() {
     return services;
 }
 
-void LetEventsThrough() { QCoreApplication::processEvents(); }
+void ProcessEvents() { QCoreApplication::processEvents(); }
 
-void EventGate::LetEventsThrough() {
+void EventPump::ProcessEvents() {
     const auto now = std::chrono::steady_clock::now();
     if (now < next_) return;
-    platform::LetEventsThrough();
+    platform::ProcessEvents();
     next_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(1);
 }
 

@@ -32,13 +32,13 @@ class SystemInformation {
 };
 
 /// The real machine. Made from main's arguments before QApplication, which takes some of them away.
-class HostSystemInformation : public SystemInformation {
+class LocalSystemInformation : public SystemInformation {
   public:
-    HostSystemInformation(int argc, char** argv);
+    LocalSystemInformation(int argc, char** argv);
 
     void ReadUserName(QString& buffer) const override;
     void ReadComputerName(QString& buffer) const override;
-    QSize ScreenSize() const override;
+    QSize ScreenSize() const override { return {}; }  ///< known only to a program with windows
     std::optional<SystemVersion> OsVersion() const override { return std::nullopt; }
     QString ApplicationFolder() const override { return applicationFolder_; }
     QString CommandLine() const override { return commandLine_; }

@@ -5,7 +5,7 @@
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
 #include "access/UserInformation.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "registration/frm要員台帳更新.h"
 #include "text/mod項目編集.h"
@@ -56,9 +56,7 @@ void LeaveRegistration() {
 
 void StartRegistration() {
     ProgramGlobals& globals = Globals();
-    globals.ProgramId = globals.ReportName = u"要員台帳更新"_s;
-    globals.MenuName = u"販路推進データ管理"_s;
-    platform::Services().dialogs->defaultTitle = globals.ProgramId;
+    BeginProgram(u"要員台帳更新"_s);
     // Lives to the end of the process, which leaves without running destructors.
     auto* form = new frm要員台帳更新(LeaveRegistration, AnswerStarter);
     globals.MainForm = form;

@@ -1,4 +1,4 @@
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/TerminationSignal.h"
 #include "registration/Mod要員台帳更新.h"
 #include "screen/Form.h"

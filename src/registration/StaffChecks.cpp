@@ -51,12 +51,12 @@ bool IsDate(const QString& text) {
            text.left(4) != u"0000"_s;
 }
 
-std::optional<Objection> FindObjection(const StaffValues& entered, const StaffValues& before,
+std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
                                        const StaffMasters& masters) {
     for (size_t i = 0; i < kStaffItemCount; ++i) {
         if (entered[i] == before[i]) continue;
         const QString message = CheckValue(kStaffItems[i], entered[i], masters[i]);
-        if (!message.isEmpty()) return Objection{i, message};
+        if (!message.isEmpty()) return ValidationError{i, message};
     }
     return std::nullopt;
 }

@@ -6,7 +6,7 @@
 #include "registration/StaffMasters.h"
 
 /// What stands against saving: the item to go to, and the sentence for the clerk.
-struct Objection {
+struct ValidationError {
     size_t item;
     QString message;
 };
@@ -16,5 +16,5 @@ bool IsDate(const QString& text);
 
 /// The first objection in the order of the items. What the clerk has left as it was is not held against him: a
 /// retired person keeps the code of a department that is gone.
-std::optional<Objection> FindObjection(const StaffValues& entered, const StaffValues& before,
+std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
                                        const StaffMasters& masters);

@@ -12,7 +12,7 @@ QList<MasterEntry> LoadMaster(const StaffItem& item) {
     const QString key = item.key.toString();
     const QString sql = u"SELECT "_s + key + u", 名称 FROM "_s + item.master.toString() + u" ORDER BY "_s + key;
     QList<MasterEntry> entries;
-    platform::Recordset rows;
+    database::Recordset rows;
     if (OpenRecordset(rows, sql, false)) {
         for (; !rows.AtEOF(); rows.MoveNext())
             entries.append({rows[item.key].TextOr(QString()), rows[u"名称"].TextOr(QString())});

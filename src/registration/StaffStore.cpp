@@ -2,7 +2,7 @@
 
 #include "data/Connections.h"
 #include "data/RunHistory.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
 #include "text/mod項目編集.h"
@@ -15,7 +15,7 @@ QString Literal(const QString& text) { return u'\'' + QuoteSqlText(text) + u'\''
 
 QString OfPerson(const QString& code) { return u" WHERE コード = "_s + Literal(code); }
 
-StaffRecord RecordFrom(const platform::Recordset& row) {
+StaffRecord RecordFrom(const database::Recordset& row) {
     const auto text = [&row](QStringView column) { return row[column].TextOr(QString()); };
     StaffRecord record{text(u"コード"), {}, text(u"登録日付"), text(u"更新日付")};
     for (size_t i = 0; i < kStaffItemCount; ++i) record.values[i] = text(kStaffItems[i].column);
@@ -53,7 +53,7 @@ bool StaffStore::Open() {
     try {
         OpenForWriting(connection_);
         return true;
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordRunError(u"DB_OPEN ERROR"_s + QString::number(error.Number()) + u' ' + error.Description());
         return false;
     }
@@ -66,7 +66,7 @@ void StaffStore::Execute(const QString& sql) {
 
 bool StaffStore::Read(const QString& code, StaffRecord& record) {
     statement_ = u"SELECT * FROM M担当者"_s + OfPerson(code);
-    platform::Recordset row;
+    database::Recordset row;
     row.Open(statement_, connection_);
     const bool found = !row.AtEOF();
     if (found) record = RecordFrom(row);
@@ -76,7 +76,7 @@ bool StaffStore::Read(const QString& code, StaffRecord& record) {
 StoreOutcome StaffStore::Load(const QString& code, StaffRecord& record) {
     try {
         return Read(code, record) ? StoreOutcome::Done : StoreOutcome::Gone;
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordRunError(error.Description() + statement_);
         return StoreOutcome::Failed;
     }
@@ -86,7 +86,7 @@ template <typename Write>
 StoreOutcome StaffStore::WriteUnlessChanged(const StaffRecord& before, const Write& write) {
     statement_.clear();
     try {
-        platform::Transaction whole(connection_);
+        database::Transaction whole(connection_);
         // Servers keep a row for the one who has written it, and not for the one who has read it.
         Execute(u"UPDATE M担当者 SET コード = コード"_s + OfPerson(before.担当者コード));
         StaffRecord now;
@@ -95,7 +95,7 @@ StoreOutcome StaffStore::WriteUnlessChanged(const StaffRecord& before, const Wri
         write();
         whole.Commit();
         return StoreOutcome::Done;
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordRunError(error.Description() + statement_);
         return StoreOutcome::Failed;
     }
@@ -121,7 +121,7 @@ void StaffStore::LogView(const QString& code, ViewKind kind) {
     if (viewer.isEmpty()) return;
     try {
         Execute(ViewStatement(viewer, code, kind));
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         RecordRunError(error.Description() + statement_);
     }
 }

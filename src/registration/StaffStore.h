@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "platform/Database.h"
+#include "database/Database.h"
 #include "registration/StaffItems.h"
 
 /// What became of a read, a save or a deletion.
@@ -39,6 +39,6 @@ class StaffStore {
     bool Read(const QString& code, StaffRecord& record);
     void Execute(const QString& sql);
 
-    platform::Connection connection_;
+    database::Connection connection_;
     QString statement_;  ///< the last one, for the row of a failure
 };

@@ -6,9 +6,9 @@
 
 #include "access/ProgramRights.h"
 #include "data/EraDates.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
-#include "registration/RegistrationLooks.h"
+#include "registration/RegistrationLayout.h"
 #include "registration/StaffChecks.h"
 #include "text/mod項目編集.h"
 
@@ -128,7 +128,7 @@ StaffValues frm要員台帳更新::Entered() const {
 }
 
 bool frm要員台帳更新::Object(const StaffValues& entered) {
-    const std::optional<Objection> objection = FindObjection(entered, shown_, masters_);
+    const std::optional<ValidationError> objection = FindObjection(entered, shown_, masters_);
     if (!objection) return false;
     platform::Services().dialogs->ShowMessage(objection->message);
     ItemOf(objection->item).SetFocus();

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
-#include "screen/SecondPress.h"
+#include "screen/DoubleClickGuard.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
-#include "screen/ComboAccess.h"
+#include "screen/AccessibleCombo.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
@@ -47,3 +47,11 @@ void ComboItem::showPopup() {
 }
 
 void ComboItem::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+void FillClassList(Control& number, Control& list, const QStringList& names) {
+    list.ClearList();
+    for (const QString& name : names) list.AddItem(name);
+    list.AddItem(QStringLiteral("全て"));
+    number.SetMinValue(0);
+    number.SetMaxValue(static_cast<int>(names.size()));
+}

@@ -27,3 +27,7 @@ class ComboItem : public QComboBox, public Control {
     bool EnterMovesOn() const override { return true; }
     void wheelEvent(QWheelEvent* event) override;
 };
+
+/// Fills a class list with the names and "全て" after them. The number beside it goes from 0 to the count of names, so
+/// that its MaxValue means all. Neither shows another value than before.
+void FillClassList(Control& number, Control& list, const QStringList& names);

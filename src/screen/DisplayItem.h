@@ -1,13 +1,13 @@
 #pragma once
 
-#include "screen/FlatItem.h"
+#include "screen/LabelItem.h"
 
 /// An item of a list row: DisplayItem(form, parent, type, name, index). It bears the class name of an input item and
 /// takes no focus, no typing and no tab stop.
-class DisplayItem : public FlatItem {
+class DisplayItem : public LabelItem {
   public:
     DisplayItem(Form& form, QWidget& parent, QString typeName, QString name, int index)
-        : FlatItem(form, parent, std::move(typeName), std::move(name), index) {
+        : LabelItem(form, parent, std::move(typeName), std::move(name), index) {
         SetBackColor(palette().color(QPalette::Base));
         SetForeColor(palette().color(QPalette::Text));
         SetEdge(Edge::Sunken);

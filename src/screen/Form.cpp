@@ -9,9 +9,9 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "frame/ProgramGlobals.h"
-#include "platform/EngineError.h"
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
+#include "screen/FormObserver.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,19 @@ std::vector<Form*>& Loaded() {
     static std::vector<Form*> forms;
     return forms;
 }
+
+FormObserver*& CurrentObserver() {
+    static FormObserver* observer = nullptr;
+    return observer;
+}
+
+FormObserver& Observer() {
+    static FormObserver none;
+    return CurrentObserver() != nullptr ? *CurrentObserver() : none;
+}
 }  // namespace
+
+void ObserveForms(FormObserver* observer) { CurrentObserver() = observer; }
 
 const std::vector<Form*>& LoadedForms() { return Loaded(); }
 
@@ -70,12 +82,7 @@ void Form::Unregister(Control& control) {
     std::erase(controls_, &control);
     byName_.remove({control.Name(), control.Index()});
     byWidget_.remove(&control.Widget());
-    // Windows go while the program goes on, and what it remembers of their items may be asked for later.
-    ProgramGlobals& globals = Globals();
-    for (Control** kept : {&globals.FirstHeadItem, &globals.LastHeadItem, &globals.ActiveItem, &globals.ListResultItem,
-                           &globals.ListNextItem}) {
-        if (*kept == &control) *kept = nullptr;
-    }
+    Observer().ControlRemoved(control);
 }
 
 Control& Form::Item(const QString& name, int index) const {
@@ -93,9 +100,8 @@ void Form::EnsureLoaded() {
     if (Load) Load();
 }
 
-/// Who opened this window: the list window behind it, or else the main form.
 Form* Form::OpenedFrom() const {
-    Form* owner = Globals().NestedListOwner != nullptr ? Globals().NestedListOwner : Globals().MainForm;
+    Form* owner = Observer().OpenerOf(*this);
     return owner == this ? nullptr : owner;
 }
 

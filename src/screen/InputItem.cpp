@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 
 InputItem::InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design)
-    : EditItem(form, parent, std::move(typeName), std::move(name), index),
+    : LineEditItem(form, parent, std::move(typeName), std::move(name), index),
       design_(std::move(design)),
       text_(design_.text) {
     setText(design_.text);

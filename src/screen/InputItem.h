@@ -1,13 +1,13 @@
 #pragma once
 
-#include "screen/EditItem.h"
+#include "screen/LineEditItem.h"
 #include "screen/ItemDesign.h"
 
 /// xField or xPass: InputItem(form, parent, typeName, name, index, design). Typing and pasting obey the design's
 /// length and character classes, and kana become half-width where the input method's mode says so, by whatever way they
 /// come in; what the program writes is taken as it stands, however long. Raises Change at each change of Text; text
 /// that an input method is still composing is not Text yet. xPass shows dots.
-class InputItem : public EditItem {
+class InputItem : public LineEditItem {
   public:
     InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design);
 

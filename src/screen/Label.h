@@ -1,13 +1,13 @@
 #pragma once
 
-#include "screen/FlatItem.h"
-#include "screen/Fonts.h"
+#include "screen/LabelItem.h"
+#include "screen/fonts/Fonts.h"
 
 /// xLabel: Label(form, parent, name, index, caption), on the captions' colour.
-class Label : public FlatItem {
+class Label : public LabelItem {
   public:
     Label(Form& form, QWidget& parent, QString name, int index, const QString& caption)
-        : FlatItem(form, parent, QStringLiteral("xLabel"), std::move(name), index) {
+        : LabelItem(form, parent, QStringLiteral("xLabel"), std::move(name), index) {
         SetBackColor(kCaptionColor);
         SetEdge(Edge::Line);
         Show(caption);

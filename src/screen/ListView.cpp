@@ -8,7 +8,7 @@
 
 #include "platform/Services.h"
 #include "screen/Form.h"
-#include "screen/SecondPress.h"
+#include "screen/DoubleClickGuard.h"
 
 using namespace Qt::StringLiterals;
 

@@ -15,7 +15,7 @@ bool IsNumber(const QString& text) { return !text.isEmpty() && Admitted(text, Ch
 
 }  // namespace
 
-NumItem::NumItem(Form& form, QWidget& parent, QString name) : EditItem(form, parent, u"xNum"_s, std::move(name), -1) {
+NumItem::NumItem(Form& form, QWidget& parent, QString name) : LineEditItem(form, parent, u"xNum"_s, std::move(name), -1) {
     setInputMethodHints(Qt::ImhDigitsOnly);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignCenter);
@@ -25,7 +25,7 @@ NumItem::NumItem(Form& form, QWidget& parent, QString name) : EditItem(form, par
 
 void NumItem::FocusGiven(bool byPress) {
     digitTyped_ = false;
-    EditItem::FocusGiven(byPress);
+    LineEditItem::FocusGiven(byPress);
 }
 
 void NumItem::AddToMenu(QMenu& menu) {
@@ -66,7 +66,7 @@ void NumItem::Insert(const QString& text, bool composed) {
 
 void NumItem::keyPressEvent(QKeyEvent* event) {
     const int step = event->key() == Qt::Key_Up ? 1 : event->key() == Qt::Key_Down ? -1 : 0;
-    if (step == 0) return EditItem::keyPressEvent(event);
+    if (step == 0) return LineEditItem::keyPressEvent(event);
     event->accept();
     digitTyped_ = false;
     if (Within(value_ + step)) TakeFromUser(value_ + step);

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "screen/EditItem.h"
+#include "screen/LineEditItem.h"
 
 /// xNum: NumItem(form, parent, name). A number of 0 or more. A typed digit replaces the number, or goes behind the
 /// digit typed just before while that stays within the bounds; what would leave the bounds is refused; the arrow
 /// keys count up and down, deleting goes back to MinValue. What the program writes is taken as it is, also beyond
 /// the bounds. Raises Change at each change of Value. The wheel does nothing.
-class NumItem : public EditItem {
+class NumItem : public LineEditItem {
   public:
     NumItem(Form& form, QWidget& parent, QString name);
 

@@ -6,22 +6,22 @@
 #include <vector>
 
 QString Panel::SpokenDescription() const {
-    if (!HoldsOthers()) return FlatItem::SpokenDescription();
+    if (!HoldsOthers()) return LabelItem::SpokenDescription();
     return isVisible() && !Shown().isEmpty() ? Shown() : TextsOnIt();
 }
 
 /// What can be seen on the panel, line by line. Put together only when a tool asks, so that writing a row costs
 /// nothing.
 QString Panel::TextsOnIt() const {
-    std::vector<const FlatItem*> items;
+    std::vector<const LabelItem*> items;
     for (const QObject* child : children()) {
-        const auto* item = dynamic_cast<const FlatItem*>(child);
+        const auto* item = dynamic_cast<const LabelItem*>(child);
         if (item != nullptr && item->isVisible() && !item->Shown().isEmpty()) items.push_back(item);
     }
-    std::stable_sort(items.begin(), items.end(), [](const FlatItem* a, const FlatItem* b) {
+    std::stable_sort(items.begin(), items.end(), [](const LabelItem* a, const LabelItem* b) {
         return std::make_tuple(a->y(), a->x()) < std::make_tuple(b->y(), b->x());
     });
     QStringList texts;
-    for (const FlatItem* item : items) texts << item->Shown();
+    for (const LabelItem* item : items) texts << item->Shown();
     return texts.join(u' ');
 }

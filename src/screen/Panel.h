@@ -1,15 +1,15 @@
 #pragma once
 
-#include "screen/FlatItem.h"
-#include "screen/Fonts.h"
+#include "screen/LabelItem.h"
+#include "screen/fonts/Fonts.h"
 
 /// SSPanel: Panel(form, parent, name, index, caption). Holds other controls or shows its caption in the middle.
 /// Assistive tools are told the caption as of a label. Of a panel that holds others they are told the texts on it: that
 /// is how they read a row of the list.
-class Panel : public FlatItem {
+class Panel : public LabelItem {
   public:
     Panel(Form& form, QWidget& parent, QString name, int index, const QString& caption)
-        : FlatItem(form, parent, QStringLiteral("SSPanel"), std::move(name), index) {
+        : LabelItem(form, parent, QStringLiteral("SSPanel"), std::move(name), index) {
         setAlignment(Qt::AlignCenter);
         SetEdge(Edge::Raised);
         Show(caption);
@@ -25,9 +25,9 @@ class Panel : public FlatItem {
     void SetCaption(const QString& caption) override { Show(caption); }
 
     QAccessible::Role SpokenRole() const override {
-        return HoldsOthers() ? QAccessible::Grouping : FlatItem::SpokenRole();
+        return HoldsOthers() ? QAccessible::Grouping : LabelItem::SpokenRole();
     }
-    QString SpokenName() const override { return HoldsOthers() ? Name() : FlatItem::SpokenName(); }
+    QString AccessibleName() const override { return HoldsOthers() ? Name() : LabelItem::AccessibleName(); }
     QString SpokenDescription() const override;
 
   private:

@@ -3,10 +3,14 @@
 #include <QApplication>
 #include <memory>
 
-#include "screen/ToolkitStart.h"
+#include "platform/ToolkitStart.h"
 
-/// The application object of a program with forms: Japanese throughout, in the suite's look, and going on without a
-/// window, as every program of the suite ends by a step of its own.
+namespace platform {
+struct ServiceSet;
+}
+
+/// The application object of a program with windows: Japanese texts and the suite's style. It does not end with the last
+/// window, since every program of the suite ends by a step of its own.
 class SuiteApplication : public QApplication {
   public:
     /// Keeps the whole command line in Services().system; the toolkit gets the program's name alone. Without a display
@@ -16,3 +20,6 @@ class SuiteApplication : public QApplication {
   private:
     SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start);
 };
+
+/// Message boxes, save dialog and wait dialog as windows.
+void InstallWindowServices(platform::ServiceSet& services);

@@ -5,7 +5,7 @@
 #include <QLocale>
 #include <QTranslator>
 
-void SpeakJapanese(QCoreApplication& application) {
+void InstallTranslator(QCoreApplication& application) {
     static QTranslator translator;
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),

@@ -3,4 +3,4 @@
 class QCoreApplication;
 
 /// Japanese number and date forms, and Qt's own dialogs in Japanese, whatever the user's environment says.
-void SpeakJapanese(QCoreApplication& application);
+void InstallTranslator(QCoreApplication& application);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "frame/ProgramGlobals.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
@@ -21,39 +20,35 @@ bool IsOf(const Control& control, TypeNames types) {
     return std::any_of(types.begin(), types.end(), [&control](QStringView type) { return type == control.TypeName(); });
 }
 
-void SetAllEnabled(TypeNames types, bool enabled) {
-    for (Control* control : Globals().MainForm->Controls()) {
+void SetAllEnabled(const Form& form, TypeNames types, bool enabled) {
+    for (Control* control : form.Controls()) {
         if (IsOf(*control, types) && control->Visible() && control->Enabled() != enabled) control->SetEnabled(enabled);
     }
 }
 
 }  // namespace
 
-void FindNextTabItem() {
-    ProgramGlobals& globals = Globals();
-    if (globals.MainForm == nullptr || globals.ListNextItem == nullptr) return;
-    const int wanted = globals.ListNextItem->TabIndex();
+Control* FindNextTabItem(const Form* form, Control* from) {
+    if (form == nullptr || from == nullptr) return from;
     Control* best = nullptr;
-    for (Control* control : globals.MainForm->Controls()) {
+    for (Control* control : form->Controls()) {
         if (!IsOf(*control, kFocusTypes) || !control->Visible() || !control->Enabled() || !control->TabStop()) continue;
-        if (control->TabIndex() < wanted) continue;
+        if (control->TabIndex() < from->TabIndex()) continue;
         if (best == nullptr || control->TabIndex() <= best->TabIndex()) best = control;
     }
-    if (best != nullptr) globals.ListNextItem = best;
+    return best != nullptr ? best : from;
 }
 
-void DisableFormControls() {
-    if (Globals().MainForm == nullptr) return;
-    SetAllEnabled(kWorkingTypes, false);
-    SetAllEnabled(kContainerTypes, false);
+void DisableFormControls(const Form* form) {
+    if (form == nullptr) return;
+    SetAllEnabled(*form, kWorkingTypes, false);
+    SetAllEnabled(*form, kContainerTypes, false);
 }
 
-void EnableFormControls() {
-    if (Globals().MainForm == nullptr) return;
-    SetAllEnabled(kContainerTypes, true);
-    SetAllEnabled(kWorkingTypes, true);
+void EnableFormControls(const Form* form) {
+    if (form == nullptr) return;
+    SetAllEnabled(*form, kContainerTypes, true);
+    SetAllEnabled(*form, kWorkingTypes, true);
 }
 
 bool IsFormLoaded(const QString& name) { return LoadedForm(name) != nullptr; }
-
-void ResetConditionFlags() { Globals().Flags = ConditionFlags(); }

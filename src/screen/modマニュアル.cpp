@@ -1,6 +1,5 @@
 #include "screen/modマニュアル.h"
 
-#include "frame/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/mod文字変換.h"
 
@@ -12,7 +11,6 @@ bool OpenDocument(const QString& path) {
     return platform::Services().processes->OpenDocument(path, folder);
 }
 
-void OpenManual() {
-    OpenDocument(Globals().Layout.ManualFolder + platform::kPathSeparator + ToFullWidth(Globals().ProgramId) +
-                 u".doc"_s);
+void OpenManual(const QString& folder, const QString& programId) {
+    OpenDocument(folder + platform::kPathSeparator + ToFullWidth(programId) + u".doc"_s);
 }

@@ -6,5 +6,5 @@
 /// never a message.
 bool OpenDocument(const QString& path);
 
-/// Opens the program's manual; nothing happens where there is none.
-void OpenManual();
+/// Opens the program's manual, a document of its id in full width in `folder`; does nothing if there is none.
+void OpenManual(const QString& folder, const QString& programId);

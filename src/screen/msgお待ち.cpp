@@ -7,7 +7,7 @@
 #include <QWindow>
 
 #include "platform/Services.h"
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/Label.h"
 #include "screen/Panel.h"
 
@@ -75,7 +75,7 @@ void SetWindowTop(QWidget& window) { window.raise(); }
 void ShowWaitDialog() {
     if (Dialog().isNull()) Dialog() = new msgお待ち;
     Dialog()->ShowModeless();
-    platform::LetEventsThrough();
+    platform::ProcessEvents();
     PaintNow(Dialog().data());
 }
 

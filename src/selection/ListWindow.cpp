@@ -1,7 +1,7 @@
 #include "selection/ListWindow.h"
 
-#include "frame/ProgramGlobals.h"
-#include "selection/ListWindowLooks.h"
+#include "globals/ProgramGlobals.h"
+#include "selection/ListWindowLayout.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +32,7 @@ void ListWindow::SortByColumn(int column) {
     list.SetSorted(true);
 }
 
-ListRow ListWindow::RowOf(const platform::Recordset& record) const {
+ListRow ListWindow::RowOf(const database::Recordset& record) const {
     ListRow row;
     for (const ListColumn& column : definition_.columns) row.subItems << record[column.field].TextOr(QString());
     row.text = row.subItems.takeFirst();

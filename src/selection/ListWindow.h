@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Database.h"
+#include "database/Database.h"
 #include "screen/Form.h"
 #include "screen/ListView.h"
 #include "selection/ListWindowDefinition.h"
@@ -8,7 +8,7 @@
 /// What all list windows have in common: a title, a list, btn_戻る. Column titles sort, Esc and the close box run
 /// btn_戻る. It is loaded once, when it is shown first: Prepare, the columns, LoadList, nothing selected. Made with
 /// new. The classes derived build the rest and say what is queried; what a chosen row and btn_戻る do is wired by who
-/// makes the window (LookupReturn).
+/// makes the window (LookupController).
 class ListWindow : public Form {
   public:
     explicit ListWindow(ListWindowDefinition definition);
@@ -23,7 +23,7 @@ class ListWindow : public Form {
     virtual void LoadList() = 0;
 
     /// The present record as a list row. The first column is the code; a Null leaves its cell empty.
-    ListRow RowOf(const platform::Recordset& record) const;
+    ListRow RowOf(const database::Recordset& record) const;
     /// The item becomes ActiveItem when it gets the focus.
     static void ReportsItself(Control& item);
     /// Pairs a class number with its list: a change of either is shown by the other, and `taken` gets the value.

@@ -1,10 +1,11 @@
 #include "selection/MasterListWindow.h"
 
 #include "data/ClassLists.h"
+#include "screen/ComboItem.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "selection/ConditionStrings.h"
-#include "selection/ListWindowLooks.h"
+#include "selection/ListWindowLayout.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -37,7 +38,7 @@ void MasterListWindow::WireStatus() {
 
 void MasterListWindow::Prepare() {
     if (!master_.hasStatus) return;
-    FillClassList(Item(kStatus), Item(kStatusList), u"K"_s + kStatus);
+    FillClassList(Item(kStatus), Item(kStatusList), ReadClassNames(u"K"_s + kStatus));
     status_ = kInOperation;
     QString& condition = Globals().ListCondition;
     const QString column = master_.table + u'.' + kStatus;
@@ -62,7 +63,7 @@ QString MasterListWindow::ListQuery() const {
 void MasterListWindow::LoadMasterList() {
     List().ClearRows();
     QList<ListRow> rows;
-    platform::Recordset record;
+    database::Recordset record;
     if (OpenRecordset(record, ListQuery(), false)) {
         for (; !record.AtEOF(); record.MoveNext()) rows << RowOf(record);
     }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "selection/LookupReturn.h"
+#include "selection/LookupController.h"
 #include "selection/MasterListWindow.h"
-#include "selection/PickReturn.h"
+#include "selection/MultiSelectController.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString NameOf(const QString& table, const QString& code) {
-    platform::Recordset record;
+    database::Recordset record;
     QString name;
     if (OpenRecordset(record, u"SELECT 名称 FROM "_s + table + u" WHERE コード = '"_s + code + u'\'', false))
         name = record[u"名称"].TextOr(QString());

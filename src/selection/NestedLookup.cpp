@@ -1,6 +1,6 @@
 #include "selection/NestedLookup.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "selection/LoadedListWindow.h"
 #include "selection/MasterListWindows.h"

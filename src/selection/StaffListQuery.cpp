@@ -2,7 +2,7 @@
 
 #include <QList>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;

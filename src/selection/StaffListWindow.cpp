@@ -1,11 +1,12 @@
 #include "selection/StaffListWindow.h"
 
 #include "data/ClassLists.h"
+#include "screen/ComboItem.h"
 #include "data/Recordsets.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "selection/ConditionStrings.h"
 #include "selection/MasterNames.h"
-#include "selection/StaffListLooks.h"
+#include "selection/StaffListLayout.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -48,8 +49,8 @@ StaffListWindow::StaffListWindow(StaffListDefinition staff) : ListWindow(staff.w
 }
 
 void StaffListWindow::Prepare() {
-    FillClassList(Item(u"在籍区分"_s), Item(u"在籍区分名称"_s), u"K在籍区分"_s);
-    FillClassList(Item(u"社員区分"_s), Item(u"社員区分名称"_s), u"K社員区分"_s);
+    FillClassList(Item(u"在籍区分"_s), Item(u"在籍区分名称"_s), ReadClassNames(u"K在籍区分"_s));
+    FillClassList(Item(u"社員区分"_s), Item(u"社員区分名称"_s), ReadClassNames(u"K社員区分"_s));
     conditions_.allEnrolments = Item(u"在籍区分"_s).MaxValue();
     conditions_.allEmployees = Item(u"社員区分"_s).MaxValue();
     // One begins with those on the payroll, the other with everybody.
@@ -96,7 +97,7 @@ void StaffListWindow::LoadStaffList() {
     const QString sql = BuildStaffListQuery(searchKind_, conditions_);
     int count = staff_.firstCount;
     QList<ListRow> rows;
-    platform::Recordset record;
+    database::Recordset record;
     if (!sql.isEmpty() && OpenRecordset(record, sql, false)) {
         for (; count < kRowLimit && !record.AtEOF(); record.MoveNext(), ++count) rows << RowOf(record);
     }

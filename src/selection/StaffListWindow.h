@@ -38,7 +38,7 @@ class StaffListWindow : public ListWindow {
     void WireMaster(const QString& name, const QString& window, const QString& button);
     void WireClasses();
     void WireButtons();
-    void PassOver(Control& item);
+    void SkipFocus(Control& item);
     void Search(int kind);
     void ClearConditions();
 

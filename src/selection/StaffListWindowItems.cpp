@@ -1,6 +1,6 @@
 // The part of the staff list window that answers its items and buttons.
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/modクライアント処理.h"
 #include "selection/MasterNames.h"
 #include "selection/NestedLookup.h"
@@ -25,7 +25,7 @@ void StaffListWindow::WireTexts() {
     WireMaster(u"セクションコード"_s, u"wndセクション一覧"_s, u"btn_セクションコード検索"_s);
     for (const QString& name : {u"部門名"_s, u"セクション名"_s}) {
         Control& item = Item(name);
-        item.GotFocus = [this, &item] { PassOver(item); };
+        item.GotFocus = [this, &item] { SkipFocus(item); };
     }
 }
 
@@ -59,10 +59,10 @@ void StaffListWindow::WireMaster(const QString& name, const QString& window, con
 
 /// The caret does not rest on a name that is only shown. The walk goes over the main form, which is disabled and takes
 /// no focus then: the caret moves on in this window, and the caller's ListNextItem stays its own.
-void StaffListWindow::PassOver(Control& item) {
+void StaffListWindow::SkipFocus(Control& item) {
     Control* const callers = Globals().ListNextItem;
     Globals().ListNextItem = &item;
-    FindNextTabItem();
+    Globals().ListNextItem = FindNextTabItem(Globals().MainForm, Globals().ListNextItem);
     Globals().ListNextItem->SetFocus();
     if (ActiveControl() == &item) MoveToNextStop(true);
     Globals().ListNextItem = callers;

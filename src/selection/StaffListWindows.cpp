@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "selection/LookupReturn.h"
-#include "selection/PickReturn.h"
+#include "selection/LookupController.h"
+#include "selection/MultiSelectController.h"
 #include "selection/StaffListWindow.h"
 
 using namespace Qt::StringLiterals;

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "inquiry/InquiryConditions.h"
+#include "globals/InquiryConditions.h"
 #include "screen/ItemDesign.h"
 
 /// In what one window of search values differs from the other four.

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "selection/SelectionWindow.h"
-#include "selection/ValueWindowLooks.h"
+#include "selection/ValueWindowLayout.h"
 #include "selection/ValueWindows.h"
 #include "text/mod項目編集.h"
 
@@ -21,13 +21,13 @@ wnd担当者複数指定::wnd担当者複数指定(const ValueWindowDefinition& 
         back.Click();
     };
     Load = [this] {
-        AnnounceSelection(Name(), *this);
+        RegisterSelection(Name(), *this);
         ClearEntries();
     };
-    Unload = [this] { WithdrawSelection(Name(), *this); };
+    Unload = [this] { UnregisterSelection(Name(), *this); };
 }
 
-wnd担当者複数指定::~wnd担当者複数指定() { WithdrawSelection(Name(), *this); }
+wnd担当者複数指定::~wnd担当者複数指定() { UnregisterSelection(Name(), *this); }
 
 void wnd担当者複数指定::ClearEntries() {
     for (int row = 0; row < kValueRows; ++row) Item(definition_.item, row).SetText(QString());

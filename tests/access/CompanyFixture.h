@@ -45,7 +45,7 @@ class WithCompany : public WithConnections {
     QHash<QString, QString> NumberColumns(const QString& table, const QString& key, const QString& code) {
         QHash<QString, QString> numbers{{key, code}};
         QStringList assignments;
-        for (const ColumnDefinition& column : SuiteTable(Store::General, table).columns) {
+        for (const ColumnDefinition& column : SuiteTable(DatabaseKind::General, table).columns) {
             if (column.name == key) continue;
             numbers.insert(column.name, QString::number(1000 + numbers.size()));
             assignments.append(column.name + QStringLiteral(" = ") + numbers[column.name]);
@@ -55,7 +55,7 @@ class WithCompany : public WithConnections {
     }
 
     /// The row that the failed statement leaves in the history: the engine's words, then the statement, quotes doubled.
-    QString FailedRow(const QString& statement, platform::Connection& connection = Globals().MainConnection) {
+    QString FailedRow(const QString& statement, database::Connection& connection = Globals().MainConnection) {
         QString text = FailureOf([&] { connection.Execute(statement); }).description + statement;
         return QStringLiteral("エラー ") + text.replace(QStringLiteral("'"), QStringLiteral("''"));
     }

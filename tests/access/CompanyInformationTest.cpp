@@ -168,7 +168,7 @@ TEST_F(CompanyInformation, AFailedReadRaisesAndLeavesItsStatementInTheHistory) {
         Operate(u"001"_s);
         General(u"DROP TABLE "_s + c.table);
         const Failure failure = FailureOf([] { LoadCompanyInfo(); });
-        EXPECT_EQ(failure.number, platform::kObjectClosed);
+        EXPECT_EQ(failure.number, database::kObjectClosed);
         EXPECT_EQ(History().last(), FailedRow(c.statement));
         EXPECT_EQ(Globals().Environment.OperatingOfficeCode, u"001"_s);
         EXPECT_EQ(StoredOffice(), u"001"_s);
@@ -186,6 +186,6 @@ TEST_F(CompanyInformation, AFailedCountRaisesAndLeavesItsStatementInTheHistory) 
     General(
         u"ALTER TABLE M事業所 RENAME TO 元; CREATE VIEW M事業所 AS SELECT 元.* FROM 元"
         u" WHERE コード = '000' OR json('{') IS NULL"_s);
-    EXPECT_THROW(LoadCompanyInfo(), platform::DatabaseError);
+    EXPECT_THROW(LoadCompanyInfo(), database::DatabaseError);
     EXPECT_EQ(History(), QStringList{FailedRow(u"SELECT COUNT(*) AS 事業所件数 FROM M事業所 WHERE コード <> '000'"_s)});
 }

@@ -158,7 +158,7 @@ TEST_F(OfficeInformation, AReadThatFailsOnTheWholeCompanyRewritesNothing) {
     Operate(u"009"_s);
     General(
         u"ALTER TABLE M事業所 RENAME TO 元; CREATE VIEW M事業所 AS SELECT コード, json('{' || コード) AS 名称 FROM 元"_s);
-    EXPECT_THROW(LoadCompanyInfo(), platform::DatabaseError);
+    EXPECT_THROW(LoadCompanyInfo(), database::DatabaseError);
     EXPECT_EQ(History(), QStringList{FailedRow(u"SELECT * FROM M事業所 WHERE コード = '000'"_s)});
     EXPECT_EQ(Globals().Environment.OperatingOfficeCode, u"009"_s);
     EXPECT_EQ(StoredOffice(), u"009"_s);
@@ -166,7 +166,7 @@ TEST_F(OfficeInformation, AReadThatFailsOnTheWholeCompanyRewritesNothing) {
 
 TEST_F(OfficeInformation, ACodeWithAQuoteFailsAndRewritesNothing) {
     Operate(u"0'1"_s);
-    EXPECT_THROW(LoadCompanyInfo(), platform::DatabaseError);
+    EXPECT_THROW(LoadCompanyInfo(), database::DatabaseError);
     EXPECT_EQ(StoredOffice(), u"0'1"_s);
     EXPECT_EQ(History().count(kCorrection), 0);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "support/ModalUser.h"
+#include "support/ModalRobot.h"
 
 /// Somebody at the PIN dialog.
-class PinDialogDriver : public ModalUser {
+class PinDialogDriver : public ModalRobot {
   public:
     using Work = std::function<void(PinDialogDriver&)>;
 
     explicit PinDialogDriver(Work work)
-        : ModalUser(QStringLiteral("msg暗証番号確認"), [this, work = std::move(work)](ModalUser&) { work(*this); }) {}
+        : ModalRobot(QStringLiteral("msg暗証番号確認"), [this, work = std::move(work)](ModalRobot&) { work(*this); }) {}
 
     /// Types over what stands in the PIN and moves on.
     void EnterPin(const QString& pin) const {

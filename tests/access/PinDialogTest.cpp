@@ -1,3 +1,4 @@
+#include "screen/WidgetDialogs.h"
 #include "access/PinDialogDriver.h"
 #include "access/RightsFixture.h"
 #include "data/RunHistory.h"
@@ -130,7 +131,7 @@ TEST_F(PinDialog, AWrongPinShowsExactlyOneBoxAndReturnsToThePin) {
 
 TEST_F(PinDialog, OneConfirmationShowsOneRealBox) {
     /// Boxes that somebody closes with Enter as soon as they stand.
-    class RealBoxes : public platform::WidgetDialogs {
+    class RealBoxes : public WidgetDialogs {
       public:
         explicit RealBoxes(int& count) : count_(count) {}
         void ShowMessage(const QString& text, const QString& title) override {

@@ -249,7 +249,7 @@ TEST_F(ProgramLinks, EveryMessageWrittenIsFollowedByAFreshConnection) {
         // Lives as long as its connection.
         Globals().ConfigConnection.Execute(u"CREATE TEMP TABLE mark (x)"_s);
         write();
-        EXPECT_THROW(Globals().ConfigConnection.Execute(u"DROP TABLE mark"_s), platform::DatabaseError);
+        EXPECT_THROW(Globals().ConfigConnection.Execute(u"DROP TABLE mark"_s), database::DatabaseError);
         EXPECT_TRUE(Globals().ConfigConnectionOpen);
     }
     EXPECT_EQ(Rows().size(), 2);

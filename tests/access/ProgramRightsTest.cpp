@@ -176,7 +176,7 @@ TEST_F(Rights, AStoredCodeWithQuotesFailsLoudlyAndGrantsNothing) {
     Globals().PinRequired = 1;
     SetSignIn(u"0'1"_s);
     Globals().OperatorAuthenticated = true;
-    EXPECT_THROW(Check(4), platform::DatabaseError);
+    EXPECT_THROW(Check(4), database::DatabaseError);
     EXPECT_FALSE(Globals().OperatorAuthenticated);
 }
 

@@ -35,7 +35,7 @@ TEST_F(StaffIdentityOf, NoStoredCodeIsNobody) {
 
 TEST_F(StaffIdentityOf, AFailedReadOfTheCodeRaises) {
     installation.Configuration().Execute(u"DROP TABLE 動作環境定義"_s);
-    EXPECT_THROW(LoadLaunchStaffCode(), platform::DatabaseError);
+    EXPECT_THROW(LoadLaunchStaffCode(), database::DatabaseError);
     EXPECT_EQ(Globals().Staff.LaunchingStaffCode, QString());
 }
 
@@ -84,7 +84,7 @@ TEST_F(StaffIdentityOf, ACodeWithoutARowIsFalseAndChangesNothing) {
 }
 
 TEST_F(StaffIdentityOf, AFailedReadOfTheStaffMasterRaisesAndLeavesARow) {
-    EXPECT_THROW(LoadStaffIdentity(u"0'1"_s), platform::DatabaseError);
+    EXPECT_THROW(LoadStaffIdentity(u"0'1"_s), database::DatabaseError);
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().endsWith(u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = ''0''1''"_s));
 }

@@ -59,18 +59,18 @@ TEST_F(Connections, OnlyTheFileInUseIsClosedByASemicolon) {
 }
 
 TEST_F(Connections, EveryConnectionHasTheThreeSettings) {
-    for (const platform::Connection* connection : {&Globals().ConfigConnection, &Globals().MainConnection}) {
+    for (const database::Connection* connection : {&Globals().ConfigConnection, &Globals().MainConnection}) {
         EXPECT_EQ(connection->ConnectionTimeout, 60);
         EXPECT_EQ(connection->CommandTimeout, 30000);
-        EXPECT_EQ(connection->CursorLocation, platform::CursorLocation::Client);
+        EXPECT_EQ(connection->CursorLocation, database::CursorLocation::Client);
     }
 }
 
 TEST_F(Connections, NothingCanBeWrittenToTheGeneralDatabase) {
     const QByteArray before = ReadBytes(installation.General().Path());
-    EXPECT_THROW(Globals().MainConnection.Execute(u"UPDATE M担当者 SET 氏名 = 'x'"_s), platform::DatabaseError);
-    EXPECT_THROW(Globals().MainConnection.Execute(u"CREATE TABLE x (a TEXT)"_s), platform::DatabaseError);
-    platform::Recordset record;
+    EXPECT_THROW(Globals().MainConnection.Execute(u"UPDATE M担当者 SET 氏名 = 'x'"_s), database::DatabaseError);
+    EXPECT_THROW(Globals().MainConnection.Execute(u"CREATE TABLE x (a TEXT)"_s), database::DatabaseError);
+    database::Recordset record;
     EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, true));
     EXPECT_EQ(ReadBytes(installation.General().Path()), before);
 }
@@ -83,7 +83,7 @@ TEST_F(Connections, TheFilePathOfADesktopDatabaseIsKeptTrimmed) {
 
 TEST_F(Connections, AMissingGeneralFileIsNotMade) {
     Globals().GeneralDatabase.データソース名 = installation.Root() + u"/data/none.accdb"_s;
-    EXPECT_THROW(OpenGeneralConnection(), platform::DatabaseError);
+    EXPECT_THROW(OpenGeneralConnection(), database::DatabaseError);
     EXPECT_FALSE(QFile::exists(installation.Root() + u"/data/none.accdb"_s));
 }
 

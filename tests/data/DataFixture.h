@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "data/Connections.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "support/FileBytes.h"
 #include "support/OtherProgram.h"
 #include "support/SampleInstallation.h"

@@ -30,7 +30,7 @@ class Environment : public InInstallation {
     /// Text of the message for whatever opening the common file runs into.
     QString OpenErrorText() {
         const Failure failure = FailureOf([this] {
-            platform::Connection connection;
+            database::Connection connection;
             connection.Open(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
         });
         return u"SYB_OPEN ERROR"_s + QString::number(failure.number) + u" "_s + failure.description +
@@ -169,7 +169,7 @@ TEST_F(Environment, APrivateFileThatCannotBeMadeFailsTheSecondOpening) {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(folder).path()));
     QFile inTheWay(folder);
     ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
-    EXPECT_THROW(LoadEnvironment(), platform::DatabaseError);
+    EXPECT_THROW(LoadEnvironment(), database::DatabaseError);
     EXPECT_TRUE(Globals().ConfigConnectionOpen);
     EXPECT_FALSE(QFile::exists(PrivateConfig()));
 }
@@ -177,7 +177,7 @@ TEST_F(Environment, APrivateFileThatCannotBeMadeFailsTheSecondOpening) {
 TEST_F(Environment, AnyOtherInstallKindSetsNoFolderAndFailsTheSecondOpening) {
     for (const QString& kind : {u"2"_s, u"3"_s, u"99999999999"_s}) {
         Set(u"インストール区分 = '"_s + kind + u"'"_s);
-        EXPECT_THROW(LoadEnvironment(), platform::DatabaseError) << kind.toStdString();
+        EXPECT_THROW(LoadEnvironment(), database::DatabaseError) << kind.toStdString();
         EXPECT_EQ(Globals().Layout.UserConfFolder, QString());
         EXPECT_EQ(Globals().Layout.UserReportFolder, QString());
     }
@@ -220,7 +220,7 @@ TEST_F(Environment, AnExclusivelyLockedConfigurationFileIsTold) {
 
 TEST_F(Environment, AMissingDefinitionTableEndsTheStartAndLeavesARow) {
     installation.Configuration().Execute(u"DROP TABLE データベース定義"_s);
-    EXPECT_EQ(FailureOf(LoadEnvironment).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf(LoadEnvironment).number, database::kObjectClosed);
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().startsWith(u"エラー "_s));
     EXPECT_TRUE(History().first().endsWith(u"SELECT * FROM データベース定義 WHERE 情報種類 = ''GNR''"_s));
@@ -229,7 +229,7 @@ TEST_F(Environment, AMissingDefinitionTableEndsTheStartAndLeavesARow) {
 
 TEST_F(Environment, AMissingEnvironmentTableEndsTheStartAndLeavesARow) {
     installation.Configuration().Execute(u"DROP TABLE 動作環境定義"_s);
-    EXPECT_EQ(FailureOf(LoadEnvironment).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf(LoadEnvironment).number, database::kObjectClosed);
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().endsWith(u"SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = ''001''"_s));
 }

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Folders that exist by name alone, on whatever system.
-class NamedFolders : public platform::HostFileSystem {
+class NamedFolders : public platform::LocalFileSystem {
   public:
     NamedFolders(QStringList& made, QStringList existing) : made_(made), existing_(std::move(existing)) {}
     bool FolderExists(const QString& path) const override { return existing_.contains(path) || made_.contains(path); }

@@ -10,12 +10,12 @@
 
 #include "data/Environment.h"
 #include "data/UserConfiguration.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "support/FileBytes.h"
 #include "support/GivenAway.h"
 #include "support/SampleInstallation.h"
-#include "support/StandInRegistry.h"
+#include "support/FakeRegistry.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;
@@ -58,10 +58,10 @@ class PrivateCopies : public testing::Test {
 };
 
 /// Copies that say they are whole and are not.
-class CuttingFiles : public platform::HostFileSystem {
+class CuttingFiles : public platform::LocalFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override {
-        return HostFileSystem::CopyFile(source, target) && QFile::resize(target, QFileInfo(source).size() - 1);
+        return LocalFileSystem::CopyFile(source, target) && QFile::resize(target, QFileInfo(source).size() - 1);
     }
 };
 
@@ -90,7 +90,7 @@ TEST_F(PrivateCopies, CopyThatDiffersFromItsSourceIsNotKept) {
     for (const QString& file : {u"conf/usrcnfg.accdb"_s, u"report/repdb.accdb"_s, u"report/repfrmdb.accdb"_s})
         EXPECT_FALSE(QFile::exists(Own(file))) << file.toStdString();
     EXPECT_TRUE(QFile::exists(Own(u"report/repdb.accdb-unfinished"_s)));
-    platform::Services().files = std::make_unique<platform::HostFileSystem>();
+    platform::Services().files = std::make_unique<platform::LocalFileSystem>();
     EXPECT_TRUE(Start());
     EXPECT_EQ(ReadBytes(Own(u"report/repdb.accdb"_s)), ReadBytes(installation.Report().Path()));
     EXPECT_FALSE(QFile::exists(Own(u"report/repdb.accdb-unfinished"_s)));

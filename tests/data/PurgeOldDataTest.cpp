@@ -60,11 +60,11 @@ TEST_F(Purge, SixCalendarMonthsEndOnTheLastDayOfAShortMonth) {
 
 TEST_F(Purge, AFailedProbeRaisesAndLeavesARowButNotForTheHistory) {
     installation.Configuration().Execute(u"DROP TABLE プログラム連携情報"_s);
-    EXPECT_THROW(PurgeOldData(), platform::DatabaseError);
+    EXPECT_THROW(PurgeOldData(), database::DatabaseError);
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(
         History().first().endsWith(u"SELECT * FROM プログラム連携情報 WHERE 発信日時 <= ''20261118 093015''"_s));
     installation.Configuration().Execute(u"DROP TABLE プログラム稼動履歴"_s);
-    EXPECT_THROW(PurgeOldData(), platform::DatabaseError);
+    EXPECT_THROW(PurgeOldData(), database::DatabaseError);
     EXPECT_EQ(Globals().ProcCounter, 1);
 }

@@ -7,15 +7,15 @@ using namespace Qt::StringLiterals;
 namespace {
 using Recordsets = WithConnections;
 
-QString DescriptionOn(platform::Connection& connection, const QString& sql) {
-    return FailureOf([&] { platform::Recordset().Open(sql, connection); }).description;
+QString DescriptionOn(database::Connection& connection, const QString& sql) {
+    return FailureOf([&] { database::Recordset().Open(sql, connection); }).description;
 }
 
 QString Doubled(QString text) { return text.replace(u"'"_s, u"''"_s); }
 }  // namespace
 
 TEST_F(Recordsets, ARowIsFoundAndStandsFirst) {
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, false));
     EXPECT_EQ(record[u"コード"].Text(), u"00001"_s);
     record.Close();
@@ -25,7 +25,7 @@ TEST_F(Recordsets, ARowIsFoundAndStandsFirst) {
 }
 
 TEST_F(Recordsets, NoRowsIsFalseWithAnOpenRecordset) {
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s, false));
     EXPECT_TRUE(record.IsOpen());
     record.Close();
@@ -35,7 +35,7 @@ TEST_F(Recordsets, NoRowsIsFalseWithAnOpenRecordset) {
 }
 
 TEST_F(Recordsets, TheRecordFlagLeavesTheStatementAlsoWithoutRows) {
-    platform::Recordset record;
+    database::Recordset record;
     OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s, true);
     EXPECT_EQ(History(), QStringList{u"出力終了 SELECT * FROM M担当者 WHERE コード = ''9''"_s});
 }
@@ -43,23 +43,23 @@ TEST_F(Recordsets, TheRecordFlagLeavesTheStatementAlsoWithoutRows) {
 TEST_F(Recordsets, AFailedReadLeavesDescriptionAndStatement) {
     const QString sql = u"SELECT * FROM M無 WHERE a = 'b'"_s;
     const QString description = DescriptionOn(Globals().MainConnection, sql);
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenRecordset(record, sql, true));
     EXPECT_EQ(History(), QStringList{u"エラー "_s + Doubled(description + sql)});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
 TEST_F(Recordsets, CloseAfterAFailedReadRaises) {
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s, false));
     EXPECT_FALSE(record.IsOpen());
-    EXPECT_EQ(FailureOf([&] { record.Close(); }).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf([&] { record.Close(); }).number, database::kObjectClosed);
     CloseQuietly(record);
     EXPECT_FALSE(record.IsOpen());
 }
 
 TEST_F(Recordsets, AFailedReadDropsTheRowsThatTheVariableHeld) {
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, false));
     EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s, false));
     EXPECT_FALSE(record.IsOpen());
@@ -68,7 +68,7 @@ TEST_F(Recordsets, AFailedReadDropsTheRowsThatTheVariableHeld) {
 TEST_F(Recordsets, AnUndoubledQuoteFailsInTheWrapper) {
     const QString sql = u"SELECT * FROM M担当者 WHERE 氏名 = 'O'Neil'"_s;
     const QString description = DescriptionOn(Globals().MainConnection, sql);
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenRecordset(record, sql, false));
     EXPECT_EQ(History(), QStringList{u"エラー "_s + Doubled(description + sql)});
 }
@@ -76,13 +76,13 @@ TEST_F(Recordsets, AnUndoubledQuoteFailsInTheWrapper) {
 TEST_F(Recordsets, AFailingStatementOnAnotherConfigurationTableLeavesARow) {
     const QString sql = u"SELECT 無 FROM 動作環境定義"_s;
     const QString description = DescriptionOn(Globals().ConfigConnection, sql);
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenConfigRecordset(record, sql));
     EXPECT_EQ(History(), QStringList{u"エラー "_s + Doubled(description + sql)});
 }
 
 TEST_F(Recordsets, AFailingStatementOnTheHistoryTableWritesNothing) {
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenConfigRecordset(record, u"SELECT 無 FROM プログラム稼動履歴"_s));
     EXPECT_FALSE(ExecuteConfigSql(u"DELETE FROM プログラム稼動履歴 WHERE 無 = 1"_s));
     EXPECT_FALSE(ExecuteConfigSqlLogged(u"DELETE FROM プログラム稼動履歴 WHERE 無 = 1"_s));
@@ -107,7 +107,7 @@ TEST_F(Recordsets, AFailingStatementLeavesDescriptionAndStatement) {
 
 TEST_F(Recordsets, WithoutAGeneralConnectionEachReadLeavesARow) {
     Globals().MainConnection.Close();
-    platform::Recordset record;
+    database::Recordset record;
     EXPECT_FALSE(OpenRecordset(record, u"SELECT 1"_s, true));
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().startsWith(u"エラー "_s));

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "support/FileBytes.h"
-#include "support/StandInRegistry.h"
+#include "support/FakeRegistry.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;
@@ -36,7 +36,7 @@ class ReportHostTrust : public testing::Test {
     }
 
     TestServices services;
-    StandInRegistry& registry = UseStandInRegistry();
+    FakeRegistry& registry = UseStandInRegistry();
 };
 
 struct VersionCase {

@@ -133,8 +133,8 @@ TEST_F(RunHistory, ALockedTableLosesTheRowQuietly) {
 }
 
 TEST_F(RunHistory, AReadOnlyDatabaseLosesTheRowQuietly) {
-    Globals().ConfigConnection = platform::Connection();
-    Globals().ConfigConnection.Mode = platform::ConnectMode::Read;
+    Globals().ConfigConnection = database::Connection();
+    Globals().ConfigConnection.Mode = database::ConnectMode::Read;
     Globals().ConfigConnection.Open(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
     const QByteArray before = ReadBytes(installation.Configuration().Path());
     RecordRunError(u"x"_s);

@@ -13,14 +13,15 @@
 
 #include "data/Connections.h"
 #include "data/Environment.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
+#include "database/DatabaseError.h"
 #include "platform/RuntimeError.h"
 #include "screen/Form.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 #include "support/SampleInstallation.h"
-#include "support/StandInRegistry.h"
+#include "support/FakeRegistry.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;
@@ -36,7 +37,7 @@ bool WaitDialogStands() {
 }
 
 /// Tells the copies in their order, those during which the wait dialog stands with a star behind.
-class WatchedFiles : public platform::HostFileSystem {
+class WatchedFiles : public platform::LocalFileSystem {
   public:
     QStringList& copies;
     QString diskFullAt;                       ///< no room is left while this file is copied
@@ -50,25 +51,25 @@ class WatchedFiles : public platform::HostFileSystem {
         const QString name = QFileInfo(target).fileName();
         meanwhile();
         copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
-        std::optional<FullBehind> full;
+        std::optional<FileSizeLimit> full;
         if (name == diskFullAt) full.emplace(QFileInfo(source).size() / 2);
-        return HostFileSystem::CopyFile(source, target);
+        return LocalFileSystem::CopyFile(source, target);
     }
     bool RemoveFile(const QString& path) const override {
-        return QFileInfo(path).fileName() != unremovable && HostFileSystem::RemoveFile(path);
+        return QFileInfo(path).fileName() != unremovable && LocalFileSystem::RemoveFile(path);
     }
-    bool CreateMark(const QString& path) const override { return !noMark && HostFileSystem::CreateMark(path); }
+    bool CreateMark(const QString& path) const override { return !noMark && LocalFileSystem::CreateMark(path); }
     void CreateFolder(const QString& path) const override {
         if (!noFolderBelow.isEmpty() && path.startsWith(noFolderBelow))
             throw platform::RuntimeError(70, u"書き込む権限がありません。"_s);
-        HostFileSystem::CreateFolder(path);
+        LocalFileSystem::CreateFolder(path);
     }
 };
 
-class BrokenTableEngine : public platform::TableEngine {
+class BrokenTableEngine : public database::TableEngine {
   public:
-    std::unique_ptr<platform::TableFile> OpenDatabase(const QString&) override {
-        throw platform::DatabaseError(platform::kEngineFailure, u"disk I/O error"_s);
+    std::unique_ptr<database::TableFile> OpenDatabase(const QString&) override {
+        throw database::DatabaseError(database::kEngineFailure, u"disk I/O error"_s);
     }
 };
 
@@ -118,7 +119,7 @@ class UserConfiguration : public testing::Test {
 
     TestServices services;
     SampleInstallation installation;
-    StandInRegistry& registry = UseStandInRegistry();
+    FakeRegistry& registry = UseStandInRegistry();
     QStringList copies;
     WatchedFiles* files = nullptr;
     int kind;
@@ -297,10 +298,10 @@ TEST_F(UserConfiguration, StartThatWasEndedBeforeTheFormsWereThereIsDoneAnewByTh
 }
 
 TEST_F(UserConfiguration, LinksThatTheDiskRefusedAreMadeByTheNextStart) {
-    platform::Services().tableEngine = std::make_unique<BrokenTableEngine>();
+    Globals().LinkedTables = std::make_unique<BrokenTableEngine>();
     PrepareUserConfig();
     EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{u";DATABASE="_s + installation.Report().Path()});
-    platform::Services().tableEngine = std::make_unique<platform::SuiteTableEngine>();
+    Globals().LinkedTables = std::make_unique<database::SuiteTableEngine>();
     PrepareUserConfig();
     EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
 }

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 
 #include "platform/RuntimeError.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 
 namespace {
 
@@ -21,24 +21,24 @@ bool FailingFiles::CopyFile(const QString& source, const QString& target) const 
     const qint64 size = QFileInfo(source).size();
     for (qint64 at = 0; at < size; at += kBlock) {
         if (!Fails()) continue;
-        const FullBehind full(at);
-        return HostFileSystem::CopyFile(source, target);
+        const FileSizeLimit full(at);
+        return LocalFileSystem::CopyFile(source, target);
     }
-    return HostFileSystem::CopyFile(source, target);
+    return LocalFileSystem::CopyFile(source, target);
 }
 
-bool FailingFiles::RemoveFile(const QString& path) const { return !Fails() && HostFileSystem::RemoveFile(path); }
+bool FailingFiles::RemoveFile(const QString& path) const { return !Fails() && LocalFileSystem::RemoveFile(path); }
 
 void FailingFiles::CreateFolder(const QString& path) const {
     if (Fails()) throw platform::RuntimeError(75, QStringLiteral("この装置では入出力ができません。"));
-    HostFileSystem::CreateFolder(path);
+    LocalFileSystem::CreateFolder(path);
 }
 
 std::unique_ptr<platform::OutputFile> FailingFiles::OpenForOutput(const QString& path) const {
-    return Fails() ? nullptr : HostFileSystem::OpenForOutput(path);
+    return Fails() ? nullptr : LocalFileSystem::OpenForOutput(path);
 }
 
-bool FailingFiles::CreateMark(const QString& path) const { return !Fails() && HostFileSystem::CreateMark(path); }
+bool FailingFiles::CreateMark(const QString& path) const { return !Fails() && LocalFileSystem::CreateMark(path); }
 
 void FailingFiles::Arm(int point, bool lasting) {
     left_ = point;

@@ -4,7 +4,7 @@
 
 /// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder, the opening of an output, a
 /// mark.
-class FailingFiles : public platform::HostFileSystem {
+class FailingFiles : public platform::LocalFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override;
     bool RemoveFile(const QString& path) const override;

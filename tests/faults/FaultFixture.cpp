@@ -90,10 +90,10 @@ void FaultTest::OpenConnections() {
 void FaultTest::EndProgram() {
     UnloadWaitDialog();
     ProgramGlobals& globals = Globals();
-    globals.ReportRecordset = platform::Recordset();
-    globals.ReportDatabase = platform::Connection();
-    globals.MainConnection = platform::Connection();
-    globals.ConfigConnection = platform::Connection();
+    globals.ReportRecordset = database::Recordset();
+    globals.ReportDatabase = database::Connection();
+    globals.MainConnection = database::Connection();
+    globals.ConfigConnection = database::Connection();
     globals.ConfigConnectionOpen = globals.MainConnectionOpen = false;
     globals.TextOutputFile.reset();
     globals.LinkWaiting = false;

@@ -6,7 +6,7 @@
 #include "faults/FailingFiles.h"
 #include "faults/FailingMemory.h"
 #include "faults/FaultyDisk.h"
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 
 /// One way of failing that can be planned for a point of a piece of work.
 struct Fault {

@@ -2,7 +2,7 @@
 
 #include "data/Environment.h"
 #include "faults/FaultFixture.h"
-#include "support/StandInRegistry.h"
+#include "support/FakeRegistry.h"
 
 using namespace Qt::StringLiterals;
 

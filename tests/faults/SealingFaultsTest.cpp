@@ -1,8 +1,8 @@
 #include <optional>
 
 #include "faults/FaultFixture.h"
-#include "setup/PinSealing.h"
-#include "support/FullBehind.h"
+#include "setup/storage/PinSealing.h"
+#include "support/FileSizeLimit.h"
 #include "support/SamplePins.h"
 
 using namespace Qt::StringLiterals;
@@ -73,7 +73,7 @@ TEST_F(SealingUnderFaults, NoPinIsLostOnABrokenDisk) {
 
 TEST_F(SealingUnderFaults, NoPinIsSealedUnderAKeyOfWhichTheDiskTookAPart) {
     constexpr int kKeyBytes = 32;
-    std::optional<FullBehind> full;
+    std::optional<FileSizeLimit> full;
     Try({u"full behind some bytes of the key"_s,
          [&](int point) {
              if (point <= kKeyBytes) full.emplace(point - 1);

@@ -1,6 +1,6 @@
 #include "faults/FaultFixture.h"
-#include "platform/database/SqliteOpening.h"
-#include "report-host/RowSpool.h"
+#include "database/sqlite/OpenSqlite.h"
+#include "report-host/layout/ReportRowStore.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,11 +24,11 @@ class SpoolUnderFaults : public FaultTest {
 
     void Work() override {
         rows_.clear();
-        platform::ConnectionRequest request;
+        database::ConnectionRequest request;
         request.dataSource = installation.Report().Path();
-        request.mode = platform::ConnectMode::Read;
-        const platform::SqliteDatabase source = platform::OpenSqliteFile(request);
-        report::RowSpool spool(source.get(), u"要員名簿照会"_s, kColumns, {u"コード"_s});
+        request.mode = database::ConnectMode::Read;
+        const database::SqliteDatabase source = database::OpenSqliteFile(request);
+        report::ReportRowStore spool(source.get(), u"要員名簿照会"_s, kColumns, {u"コード"_s});
         for (int row = 0; row < spool.Count(); ++row) rows_ << spool.Row(row);
     }
     void CheckBehindFault(bool untold) override {

@@ -8,8 +8,8 @@
 #include <functional>
 #include <thread>
 
-#include "frame/MainFormFixture.h"
-#include "frame/ProgramGlobals.h"
+#include "mainform/MainFormFixture.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/StaffRegistration.h"
 #include "screen/Form.h"
@@ -29,7 +29,7 @@ class LinkProcesses : public MainFormTest {
     LinkProcesses() {
         QFile::link(QStringLiteral(TEST_PROGRAMS "/link-sibling"), InProgramFolder(u"要員台帳更新"_s));
         services.processes.started = [](const RecordingProcesses::Start& start) {
-            platform::HostProcessService().StartProgram(start.path, start.arguments);
+            platform::LocalProcessService().StartProgram(start.path, start.arguments);
         };
         services.clock.now = QDateTime::currentDateTime();
     }
@@ -69,7 +69,7 @@ enum Outcome { kClosed = 0, kCloseBoxReturned = 7, kNoEnd = 8, kWaitEnded = 9 };
 /// after that and uses the close box.
 void LinkProcesses::KillSiblingAndClose() {
     [[maybe_unused]] const auto* kept = platform::Services().processes.release();
-    platform::Services().processes = std::make_unique<platform::HostProcessService>();
+    platform::Services().processes = std::make_unique<platform::LocalProcessService>();
     Start();
     PaintCount count(MainForm());
     QTimer turn;
@@ -171,7 +171,7 @@ TEST_F(LinkProcesses, TwoWaitingSiblingsWithDifferentKeysAreTakenForThemselves) 
     LetSiblingWait();
     const QString other = u"00199999"_s, now = services.clock.now.toString(u"yyyyMMdd HHmmss"_s);
     AddLinkRow(installation.Configuration(), {.sentAt = now, .kind = u"00"_s, .key = other});
-    platform::HostProcessService().StartProgram(InProgramFolder(u"要員台帳更新.exe"_s), other);
+    platform::LocalProcessService().StartProgram(InProgramFolder(u"要員台帳更新.exe"_s), other);
     ASSERT_TRUE(QTest::qWaitFor([&] { return Sibling() != 0; }, 10000));
     const int othersSibling = Sibling();
     ASSERT_TRUE(QFile::remove(InProgramFolder(u"sibling.waits"_s)));

@@ -6,8 +6,8 @@
 
 #include <thread>
 
-#include "frame/MainFormFixture.h"
-#include "frame/ProgramGlobals.h"
+#include "mainform/MainFormFixture.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"
 #include "support/VirtualScreen.h"
@@ -26,7 +26,7 @@ class RegistrationRoundTrip : public MainFormTest {
         ASSERT_TRUE(QFile::link(QStringLiteral(SUITE_PROGRAMS "/要員台帳更新"),
                                 installation.ProgramFolder() + u"/要員台帳更新"_s));
         Start();
-        platform::Services().processes = std::make_unique<platform::HostProcessService>();
+        platform::Services().processes = std::make_unique<platform::LocalProcessService>();
     }
 
     /// Clicks the row by mouse; meanwhile somebody else works the registration program, whose window is given.

@@ -1,8 +1,8 @@
 #include <QFile>
 
-#include "frame/MainFormFixture.h"
+#include "mainform/MainFormFixture.h"
 #include "frame/Mod要員名簿照会.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

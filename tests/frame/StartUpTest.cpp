@@ -28,8 +28,8 @@ class StartUp : public InInstallation {
     /// Row of a refused general database, by what opening it through the same string says.
     QString OpenErrorRow() {
         const Failure failure = FailureOf([] {
-            platform::Connection connection;
-            connection.Mode = platform::ConnectMode::Read;
+            database::Connection connection;
+            connection.Mode = database::ConnectMode::Read;
             connection.Open(*GeneralConnectionString(Globals().GeneralDatabase));
         });
         const QString text = u"DB_OPEN ERROR"_s + QString::number(failure.number) + u" "_s + failure.description;
@@ -119,7 +119,7 @@ TEST_F(StartUp, UnderAnUnknownDialectTheFirstQueryFailsAndLeavesARow) {
     EXPECT_TRUE(Globals().MainConnectionOpen);
     const QString statement = u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '00001'"_s;
     const QString words =
-        FailureOf([&] { platform::Recordset().Open(statement, Globals().MainConnection); }).description;
+        FailureOf([&] { database::Recordset().Open(statement, Globals().MainConnection); }).description;
     EXPECT_FALSE(words.isEmpty());
     EXPECT_EQ(History(), QStringList({u"開始 "_s, u"エラー "_s + QString(words + statement).replace(u"'"_s, u"''"_s)}));
 }

@@ -5,12 +5,12 @@
 #include <QMap>
 
 #include "data/ReportHostTrust.h"
-#include "frame/MainFormFixture.h"
-#include "frame/ProgramGlobals.h"
+#include "mainform/MainFormFixture.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/registry/FileRegistry.h"
-#include "report-host/PdfFile.h"
+#include "support/PdfFile.h"
 #include "screen/Form.h"
-#include "setup/ReportHostInstallation.h"
+#include "setup/storage/ReportHostInstallation.h"
 #include "support/HostProgram.h"
 #include "support/SuiteUser.h"
 

@@ -7,48 +7,48 @@
 
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
-#include "platform/database/ServerEngine.h"
-#include "platform/database/SqliteText.h"
-#include "platform/database/StatementAdapter.h"
-#include "platform/database/StatementTokens.h"
-#include "platform/database/StatementTree.h"
+#include "database/odbc/ServerEngine.h"
+#include "database/sqlite/SqliteFunctions.h"
+#include "database/sql/StatementAdapter.h"
+#include "database/sql/Tokenizer.h"
+#include "database/sql/SyntaxTree.h"
 
 // What holds for every statement on its way to each of the three engines.
 
-inline platform::EngineDifferences DesktopDifferences() {
-    return {true, true, true, 200, QString::fromLatin1(platform::kSuiteTextCollation), QStringLiteral("NOCASE")};
+inline database::SqlDialect DesktopDifferences() {
+    return {true, true, true, 200, QString::fromLatin1(database::kSuiteTextCollation), QStringLiteral("NOCASE")};
 }
 
 /// One adapted statement and the rules that it is checked by.
 class AdapterRules {
   public:
-    AdapterRules(const QString& sql, const platform::EngineDifferences& engine, const platform::TextRules& rules)
+    AdapterRules(const QString& sql, const database::SqlDialect& engine, const database::TextRules& rules)
         : sql_(sql), engine_(engine), rules_(rules) {}
 
     /// The adapted text, checked; none where it was refused.
     std::optional<QString> Check() const {
-        const bool server = engine_.like != platform::LikeWriting::Own;
+        const bool server = engine_.like != database::LikeWriting::Own;
         try {
-            const QString adapted = platform::Adapt(sql_, engine_, rules_).text;
+            const QString adapted = database::Adapt(sql_, engine_, rules_).text;
             CheckTokens(adapted);
             if (server) CheckServerWords(adapted);
             return adapted;
-        } catch (const platform::DatabaseError& error) {
+        } catch (const database::DatabaseError& error) {
             Require(server, "the desktop engine gets every statement");
-            Require(error.Number() == platform::kStatementFailure, "a refusal is a failure of the statement");
+            Require(error.Number() == database::kStatementFailure, "a refusal is a failure of the statement");
             Require(!error.Description().isEmpty(), "a refusal has a reason");
             return std::nullopt;
         }
     }
 
   private:
-    using Tokens = std::vector<platform::Token>;
+    using Tokens = std::vector<database::Token>;
 
     static bool IsClosed(const Tokens& tokens) {
         int depth = 0;
-        for (const platform::Token& token : tokens) {
-            if (token.kind == platform::TokenKind::Broken) return false;
-            if (token.kind == platform::TokenKind::Sign) depth += token.text == u"(" ? 1 : token.text == u")" ? -1 : 0;
+        for (const database::Token& token : tokens) {
+            if (token.kind == database::TokenKind::Invalid) return false;
+            if (token.kind == database::TokenKind::Sign) depth += token.text == u"(" ? 1 : token.text == u")" ? -1 : 0;
             if (depth < 0) return false;
         }
         return depth == 0;
@@ -58,9 +58,9 @@ class AdapterRules {
     static QStringList Values(const Tokens& tokens) {
         QStringList values;
         bool pattern = false;
-        for (const platform::Token& token : tokens) {
-            if (token.kind == platform::TokenKind::Text && !pattern) values.append(token.text);
-            const bool bracket = token.kind == platform::TokenKind::Sign && token.text == u"(";
+        for (const database::Token& token : tokens) {
+            if (token.kind == database::TokenKind::Text && !pattern) values.append(token.text);
+            const bool bracket = token.kind == database::TokenKind::Sign && token.text == u"(";
             pattern = token.Is(u"LIKE") || token.Is(u"ESCAPE") || token.Is(u"REGEXP") || token.text == u"~" ||
                       token.text == u"!~" || (pattern && bracket);
         }
@@ -69,24 +69,24 @@ class AdapterRules {
     }
 
     void CheckTokens(const QString& adapted) const {
-        const Tokens before = platform::SplitStatement(sql_), after = platform::SplitStatement(adapted);
+        const Tokens before = database::SplitStatement(sql_), after = database::SplitStatement(adapted);
         Require(IsClosed(after) == IsClosed(before), "quotes and brackets are closed as they were");
         if (!IsClosed(before)) return Require(adapted == sql_, "what can't be read passes as it is");
         const QStringList written = Values(before), sent = Values(after);
         Require(std::includes(sent.begin(), sent.end(), written.begin(), written.end()), "no text in quotes is lost");
-        if (engine_.like == platform::LikeWriting::Own) Require(sent == written, "no text in quotes is added");
+        if (engine_.like == database::LikeWriting::Own) Require(sent == written, "no text in quotes is added");
     }
 
     void CheckServerWords(const QString& adapted) const {
-        if (const auto tree = platform::ParseStatement(adapted)) return CheckLevel(tree->level);
-        const Tokens tokens = platform::SplitStatement(adapted);
+        if (const auto tree = database::ParseStatement(adapted)) return CheckLevel(tree->level);
+        const Tokens tokens = database::SplitStatement(adapted);
         if (!IsClosed(tokens)) return;  // the engine refuses it
         for (size_t at = 0; at < tokens.size(); ++at)
             if (adapted == sql_ && tokens[at].Is(u"LIKE") && (at == 0 || tokens[at - 1].text != u"."))
                 Require(false, "no LIKE is sent in a statement that was not read");
     }
 
-    void CheckLevel(const platform::Level& level) const {
+    void CheckLevel(const database::NodeList& level) const {
         bool order = false;
         for (size_t at = 0; at < level.size(); ++at) {
             if (level[at].group) CheckLevel(level[at].inside);
@@ -94,29 +94,29 @@ class AdapterRules {
             if (level[at].IsSign(u";") || level[at].Is(u"LIMIT")) order = false;
             const bool table = at + 1 < level.size() && level[at + 1].IsSign(u".");
             if (order && !table)
-                Require(!platform::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
+                Require(!database::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
             if (at > 0 && level[at - 1].Is(u"ORDER") && level[at].Is(u"BY")) order = true;
         }
     }
 
-    void CheckLike(const platform::Level& level, size_t at) const {
-        Require(engine_.like == platform::LikeWriting::FoldedText, "the engine's own LIKE is never sent");
+    void CheckLike(const database::NodeList& level, size_t at) const {
+        Require(engine_.like == database::LikeWriting::FoldedText, "the engine's own LIKE is never sent");
         const size_t end = at > 0 && level[at - 1].Is(u"NOT") ? at - 1 : at;
         const bool folded = end >= 2 && level[end - 1].group && level[end - 2].Is(engine_.foldingFunction);
         Require(folded, "a LIKE compares folded texts");
-        const bool literal = at + 1 < level.size() && level[at + 1].token.kind == platform::TokenKind::Text;
+        const bool literal = at + 1 < level.size() && level[at + 1].token.kind == database::TokenKind::Text;
         Require(literal, "a LIKE has one literal for its pattern");
     }
 
     const QString& sql_;
-    const platform::EngineDifferences& engine_;
-    const platform::TextRules& rules_;
+    const database::SqlDialect& engine_;
+    const database::TextRules& rules_;
 };
 
 /// Checks the statement for both servers' engines, and returns what the desktop engine gets.
-inline QString CheckForEveryEngine(const QString& sql, const platform::TextRules& rules) {
+inline QString CheckForEveryEngine(const QString& sql, const database::TextRules& rules) {
     for (const QString& engine : {QStringLiteral("PostgreSQL"), QStringLiteral("MariaDB")})
-        AdapterRules(sql, platform::EngineOf(engine).differences, rules).Check();
-    static const platform::EngineDifferences desktop = DesktopDifferences();
+        AdapterRules(sql, database::EngineOf(engine).differences, rules).Check();
+    static const database::SqlDialect desktop = DesktopDifferences();
     return *AdapterRules(sql, desktop, rules).Check();
 }

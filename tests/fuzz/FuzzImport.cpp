@@ -9,9 +9,9 @@
 #include "data/ServerSchema.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
-#include "setup/ImportCommand.h"
-#include "setup/JetFormat.h"
-#include "setup/TableStream.h"
+#include "setup/commands/ImportCommand.h"
+#include "setup/storage/JetFormat.h"
+#include "setup/storage/TableStream.h"
 
 using namespace Qt::StringLiterals;
 
@@ -62,7 +62,7 @@ void CheckDate(QByteArrayView bytes) {
 
 void ReadStream(QByteArray bytes) {
     QStringList columns;
-    const QList<TableDefinition> tables = TablesOf(Store::General);
+    const QList<TableDefinition> tables = TablesOf(DatabaseKind::General);
     for (qsizetype number = 0; !bytes.isEmpty(); ++number) {
         const qsizetype length = setup::FrameLength(bytes.first(std::min(setup::kFrameHead, bytes.size())));
         if (length > bytes.size() - setup::kFrameHead) return;

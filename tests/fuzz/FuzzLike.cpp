@@ -4,15 +4,15 @@
 #include <QRegularExpression>
 
 #include "fuzz/FuzzInput.h"
-#include "platform/database/LikePattern.h"
-#include "platform/database/PatternText.h"
-#include "platform/database/TextFolding.h"
+#include "database/collation/LikePattern.h"
+#include "database/collation/LikeToRegex.h"
+#include "database/collation/TextFolding.h"
 
 namespace {
 
 QString Folded(const QByteArray& utf8) {
     QString folded;
-    for (platform::FoldedReader reader(utf8); !reader.AtEnd();) folded += platform::TextOfCharacter(reader.Next());
+    for (database::FoldedReader reader(utf8); !reader.AtEnd();) folded += platform::TextOfCharacter(reader.Next());
     return folded;
 }
 
@@ -36,15 +36,15 @@ std::optional<bool> Matches(const QString& expression, const QString& text) {
     return match.isValid() ? std::optional(match.hasMatch()) : std::nullopt;
 }
 
-void CheckServers(const platform::LikePattern& pattern, const QByteArray& text, bool found) {
+void CheckServers(const database::LikePattern& pattern, const QByteArray& text, bool found) {
     const QString folded = Folded(text);
-    if (const auto plain = platform::FoldedLikeText(pattern))
+    if (const auto plain = database::FoldedLikeText(pattern))
         Require(PlainLike(plain->toUcs4(), folded.toUcs4()) == found, "a plain LIKE takes the same folded texts");
-    QString expression = platform::FoldedExpression(pattern);
+    QString expression = database::FoldedExpression(pattern);
     expression.chop(1);  // "$" of this engine would also stand before a last line end
     Require(Matches(expression + QStringLiteral("\\z"), folded).value_or(found) == found,
             "the expression for folded texts takes the same ones");
-    Require(Matches(platform::StoredExpression(pattern), platform::TextFromUtf8(text)).value_or(found) == found,
+    Require(Matches(database::StoredExpression(pattern), platform::TextFromUtf8(text)).value_or(found) == found,
             "the expression for stored texts takes the same ones");
 }
 
@@ -53,13 +53,13 @@ void CheckServers(const platform::LikePattern& pattern, const QByteArray& text, 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput input(data, size);
     const QByteArray pattern = input.Bytes(), text = input.Bytes();
-    const auto compiled = platform::LikePattern::Compile(pattern);
+    const auto compiled = database::LikePattern::Compile(pattern);
     if (!compiled) {
         Require(pattern.contains('['), "only an open list is refused");
         return 0;
     }
     const bool found = compiled->Matches(text);
-    const auto anywhere = platform::LikePattern::Compile('%' + pattern + '%');
+    const auto anywhere = database::LikePattern::Compile('%' + pattern + '%');
     Require(anywhere.has_value(), "a pattern stays one between percent signs");
     Require(!found || anywhere->Matches(text), "what matches the whole is found anywhere");
     if (!pattern.contains('%') && !pattern.contains('_') && !pattern.contains('['))

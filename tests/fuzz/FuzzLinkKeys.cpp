@@ -4,10 +4,10 @@
 
 #include "access/ProgramLinks.h"
 #include "data/Connections.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/Services.h"
-#include "setup/ConfigurationStore.h"
+#include "setup/schema/ConfigurationWriter.h"
 
 using namespace Qt::StringLiterals;
 

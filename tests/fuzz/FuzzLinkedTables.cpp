@@ -1,13 +1,13 @@
 // Connect texts of linked tables: the path that went in comes out.
 
 #include "fuzz/FuzzInput.h"
-#include "platform/LinkedTables.h"
+#include "database/LinkedTables.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString text = FuzzInput(data, size).Text();
-    const QString path = platform::DatabaseOfConnectText(text);
+    const QString path = database::DatabaseOfConnectText(text);
     Require(path.size() <= text.size(), "a path is a piece of its text");
     for (const QString& any : {path, text.section(u';', 0, 0)})
-        Require(platform::DatabaseOfConnectText(platform::ConnectTextOf(any)) == any, "a path survives");
+        Require(database::DatabaseOfConnectText(database::ConnectTextOf(any)) == any, "a path survives");
     return 0;
 }

@@ -1,6 +1,6 @@
 // Command lines: every field is a piece of the command at its place, and only a full one counts as given.
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "frame/StartCommand.h"
 #include "fuzz/FuzzInput.h"
 

@@ -5,20 +5,20 @@
 
 #include "fuzz/AdapterRules.h"
 #include "fuzz/FuzzInput.h"
-#include "platform/database/LiteralLift.h"
-#include "platform/database/SqliteText.h"
-#include "platform/database/StatementTokens.h"
-#include "platform/database/StatementTree.h"
+#include "database/sql/ParameterisedStatement.h"
+#include "database/sqlite/SqliteFunctions.h"
+#include "database/sql/Tokenizer.h"
+#include "database/sql/SyntaxTree.h"
 
 namespace {
 
-const platform::TextRules kRules = {{QStringLiteral("x")}, {QStringLiteral("y")}};
+const database::TextRules kRules = {{QStringLiteral("x")}, {QStringLiteral("y")}};
 
 sqlite3* Engine() {
     static sqlite3* const database = [] {
         sqlite3* made = nullptr;
         sqlite3_open(":memory:", &made);
-        platform::AddSuiteText(made);
+        database::AddSuiteText(made);
         sqlite3_exec(made, "CREATE TABLE a (x TEXT, y TEXT); CREATE TABLE b (x TEXT, z TEXT)", nullptr, nullptr,
                      nullptr);
         return made;
@@ -27,10 +27,10 @@ sqlite3* Engine() {
 }
 
 /// The values that were lifted are those of the last texts in quotes.
-bool ArriveAsWritten(const std::vector<platform::Token>& tokens, const platform::LiftedStatement& lifted) {
+bool ArriveAsWritten(const std::vector<database::Token>& tokens, const database::ParameterisedStatement& lifted) {
     size_t left = lifted.LiteralCount();
     for (auto token = tokens.rbegin(); token != tokens.rend() && left > 0; ++token) {
-        if (token->kind != platform::TokenKind::Text) continue;
+        if (token->kind != database::TokenKind::Text) continue;
         QString written = token->text.sliced(1, token->text.size() - 2);
         written.replace(QStringLiteral("''"), QStringLiteral("'"));
         if (lifted.Literal(--left) != written.toUtf8()) return false;
@@ -42,13 +42,13 @@ bool ArriveAsWritten(const std::vector<platform::Token>& tokens, const platform:
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString sql = FuzzInput(data, size).Text();
-    const std::vector<platform::Token> tokens = platform::SplitStatement(sql);
+    const std::vector<database::Token> tokens = database::SplitStatement(sql);
     QString whole;
-    for (const platform::Token& token : tokens) whole += token.before + token.text;
+    for (const database::Token& token : tokens) whole += token.before + token.text;
     Require(whole == sql, "the tokens are the statement");
-    if (const auto tree = platform::ParseStatement(sql))
-        Require(platform::StatementText(*tree) == sql, "an untouched tree is the statement");
-    platform::LiftedStatement lifted;
+    if (const auto tree = database::ParseStatement(sql))
+        Require(database::StatementText(*tree) == sql, "an untouched tree is the statement");
+    database::ParameterisedStatement lifted;
     for (int time = 0; time < 2; ++time) {  // the second time by its shape
         lifted.Lift(sql);
         Require(ArriveAsWritten(tokens, lifted), "a text in quotes arrives as it was written");

@@ -6,8 +6,8 @@
 
 #include "fuzz/FuzzInput.h"
 #include "output/CsvWriter.h"
-#include "platform/Database.h"
-#include "setup/SqliteFile.h"
+#include "database/Database.h"
+#include "setup/storage/SqliteFile.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
@@ -26,10 +26,10 @@ class WorkTable {
         connection_.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;Data Source="_s + Path());
     }
     QString Target() const { return folder_.filePath(u"out.csv"_s); }
-    platform::Recordset With(const QString& a, const QString& b, const QString& c) {
+    database::Recordset With(const QString& a, const QString& b, const QString& c) {
         connection_.Execute(u"DELETE FROM t"_s);
-        platform::Recordset rows;
-        rows.Open(u"SELECT * FROM t"_s, connection_, platform::CursorType::Keyset, platform::LockType::Optimistic);
+        database::Recordset rows;
+        rows.Open(u"SELECT * FROM t"_s, connection_, database::CursorType::Keyset, database::LockType::Optimistic);
         rows.AddNew();
         rows.Write(u"a", a);
         rows.Write(u"b", b);
@@ -43,7 +43,7 @@ class WorkTable {
   private:
     QString Path() const { return folder_.filePath(u"work.accdb"_s); }
     QTemporaryDir folder_;
-    platform::Connection connection_;
+    database::Connection connection_;
 };
 
 }  // namespace
@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static WorkTable table;
     FuzzInput input(data, size);
     const QString a = input.Text(), b = input.Text(), c = input.Text();
-    platform::Recordset rows = table.With(a, b, c);
+    database::Recordset rows = table.With(a, b, c);
     WriteRecordsetAsCsv(rows, table.Target());
     QFile file(table.Target());
     Require(file.open(QIODevice::ReadOnly), "the file is there");

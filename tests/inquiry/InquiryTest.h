@@ -6,9 +6,9 @@
 #include <QString>
 #include <QStringList>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/HeadForm.h"
+#include "support/HeadForm.h"
 #include "inquiry/SelectionSource.h"
 #include "support/TestServices.h"
 

@@ -4,7 +4,7 @@
 
 #include "inquiry/InquiryTest.h"
 #include "inquiry/RowStoreProcedures.h"
-#include "inquiry/StaffDatabase.h"
+#include "support/StaffDatabase.h"
 #include "inquiry/StaffQuery.h"
 
 /// Searches over a database of the test's own, with nobody known as launching staff.

@@ -9,7 +9,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 #include "platform/OutputFile.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
@@ -54,7 +54,7 @@ class Csv : public OutputTest {
     static QByteArray In932(const QString& text) { return Encode932(text).bytes; }
 
     QTemporaryDir folder;
-    platform::Recordset& records = Globals().ReportRecordset;
+    database::Recordset& records = Globals().ReportRecordset;
     LostCharacters lost;
 };
 

@@ -1,6 +1,6 @@
 #include "output/MailPieces.h"
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 using enum StaffText;
@@ -204,7 +204,7 @@ TEST_F(MailPieces, AMissingTableGivesFalseForEnvelopesAndPostcardsAndRisesForLab
         installation.Report().Execute(u"DROP TABLE "_s + table);
     EXPECT_FALSE(BuildEnvelopeData());
     EXPECT_FALSE(BuildPostcardData());
-    EXPECT_EQ(FailureOf(BuildLabelData).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf(BuildLabelData).number, database::kObjectClosed);
 }
 
 TEST_F(MailPieces, AMissingColumnOfLabelsRises) {

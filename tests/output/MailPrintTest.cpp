@@ -1,6 +1,6 @@
 #include "output/MailPrint.h"
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 #include "screen/msgお待ち.h"
 
 using namespace Qt::StringLiterals;

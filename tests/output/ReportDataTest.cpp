@@ -1,6 +1,6 @@
 #include "output/ReportData.h"
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 using enum StaffText;
@@ -172,7 +172,7 @@ TEST_F(ReportData, ValuesArriveAsTheyAre) {
     const QString value = u"a,\"b\"\r\n'c' %"_s + QChar(u'\0') + u"𠮷 "_s;
     AddRow({{担当者メモ, value}});
     EXPECT_TRUE(BuildReportData());
-    platform::Recordset& record = Globals().ReportRecordset;
+    database::Recordset& record = Globals().ReportRecordset;
     ASSERT_TRUE(OpenReportReadOnly(record, u"SELECT * FROM 要員名簿照会"_s));
     EXPECT_EQ(record[u"担当者メモ"].Text(), value);
 }
@@ -209,13 +209,13 @@ TEST_F(ReportData, ARecordThatIsRefusedRisesAndThoseBeforeItStay) {
 TEST_F(ReportData, AMissingTableLeavesItsErrorRowsAndRises) {
     installation.Report().Execute(u"DROP TABLE 要員名簿照会"_s);
     AddRows(1);
-    EXPECT_EQ(FailureOf(BuildReportData).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf(BuildReportData).number, database::kObjectClosed);
     EXPECT_EQ(ErrorRows(), QStringList({u"エラー DELETE FROM 要員名簿照会no such table: 要員名簿照会"_s,
                                         u"エラー SELECT * FROM 要員名簿照会no such table: 要員名簿照会"_s}));
 }
 
 TEST_F(ReportData, AMissingTableRisesWithoutRowsAsWell) {
     installation.Report().Execute(u"DROP TABLE 要員名簿照会"_s);
-    EXPECT_EQ(FailureOf(BuildReportData).number, platform::kObjectClosed);
+    EXPECT_EQ(FailureOf(BuildReportData).number, database::kObjectClosed);
     EXPECT_EQ(ErrorRows().size(), 3);
 }

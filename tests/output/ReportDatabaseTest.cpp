@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 #include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
@@ -15,7 +15,7 @@ const QString kAll = u"SELECT * FROM 要員名簿照会"_s;
 class ReportDatabase : public OutputTest {
   protected:
     QString File() const { return installation.Report().Path(); }
-    platform::Recordset& Records() const { return Globals().ReportRecordset; }
+    database::Recordset& Records() const { return Globals().ReportRecordset; }
 };
 
 }  // namespace
@@ -31,10 +31,10 @@ TEST_F(ReportDatabase, ReadsAndWritesTheWorkTablesOfItsFile) {
 
 TEST_F(ReportDatabase, HasTheSettingsOfEveryConnectionAndWaitsForNoDisk) {
     ASSERT_TRUE(OpenReportDatabase());
-    const platform::Connection& connection = Globals().ReportDatabase;
+    const database::Connection& connection = Globals().ReportDatabase;
     EXPECT_EQ(connection.ConnectionTimeout, 60);
     EXPECT_EQ(connection.CommandTimeout, 30000);
-    EXPECT_EQ(connection.CursorLocation, platform::CursorLocation::Client);
+    EXPECT_EQ(connection.CursorLocation, database::CursorLocation::Client);
     EXPECT_TRUE(connection.Scratch);
 }
 
@@ -99,7 +99,7 @@ TEST_F(ReportDatabase, ATableWithRowsGivesTrueBothWays) {
     ExecuteReportSql(u"INSERT INTO 要員名簿照会 (コード) VALUES ('00007')"_s);
     EXPECT_TRUE(OpenReportForUpdate(Records(), kAll));
     EXPECT_TRUE(OpenReportReadOnly(Records(), kAll));
-    EXPECT_EQ(FailureOf([&] { Records().AddNew(); }).number, platform::kNotUpdatable);
+    EXPECT_EQ(FailureOf([&] { Records().AddNew(); }).number, database::kNotUpdatable);
 }
 
 TEST_F(ReportDatabase, ErrorRowsHaveTheStatementFirstAndTheDescriptionBehindIt) {

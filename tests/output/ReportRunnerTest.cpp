@@ -1,13 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
 #include "output/ReportRunner.h"
 #include "screen/Form.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "output/SelectionText.h"
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 

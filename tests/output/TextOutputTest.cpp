@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <functional>
 
-#include "output/OutputFixture.h"
+#include "support/OutputFixture.h"
 #include "platform/OutputFile.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"

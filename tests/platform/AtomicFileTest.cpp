@@ -13,7 +13,7 @@
 #include "platform/FileSystem.h"
 #include "platform/PlainFile.h"
 #include "support/FileBytes.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 #include "support/FullDiskSizes.h"
 
 using namespace Qt::StringLiterals;
@@ -60,7 +60,7 @@ TEST_F(AtomicFileTest, EveryFullDiskLeavesTheOldFileAndNothingBesideIt) {
             bool replaced = true;
             error.clear();
             {
-                const FullBehind full(limit);
+                const FileSizeLimit full(limit);
                 replaced = platform::ReplaceFile(Path(), Bytes(size), error);
             }
             EXPECT_FALSE(replaced) << size << " bytes, full after " << limit;
@@ -74,7 +74,7 @@ TEST_F(AtomicFileTest, EveryFullDiskLeavesTheOldFileAndNothingBesideIt) {
 }
 
 TEST_F(AtomicFileTest, EveryFullDiskUnderACopyLeavesTheOldFileAndNothingBesideIt) {
-    const platform::HostFileSystem files;
+    const platform::LocalFileSystem files;
     const QStringList names{u"source"_s, u"target"_s};
     for (const qint64 size : kSizesAroundBuffers) {
         WriteBytes(Path(u"source"_s), Bytes(size));
@@ -82,7 +82,7 @@ TEST_F(AtomicFileTest, EveryFullDiskUnderACopyLeavesTheOldFileAndNothingBesideIt
         for (const qint64 limit : FullAfter(size)) {
             bool copied = true;
             {
-                const FullBehind full(limit);
+                const FileSizeLimit full(limit);
                 copied = files.CopyFile(Path(u"source"_s), Path());
             }
             EXPECT_FALSE(copied) << size << " bytes, full after " << limit;
@@ -129,7 +129,7 @@ TEST_F(AtomicFileTest, LinkIsFollowedOrRefusedAndNeverReplaced) {
         AtomicFile refusing(Path(name), AtomicFile::Links::Refuse);
         EXPECT_FALSE(refusing.Open());
         EXPECT_EQ(refusing.ErrorText(), u"リンクは置き換えません。"_s);
-        EXPECT_FALSE(platform::HostFileSystem().CopyFile(Path(u"pointed"_s), Path(name)));
+        EXPECT_FALSE(platform::LocalFileSystem().CopyFile(Path(u"pointed"_s), Path(name)));
     }
     EXPECT_EQ(ReadBytes(Path(u"pointed"_s)), "old");
     EXPECT_FALSE(QFile::exists(Path(u"missing"_s)));
@@ -145,7 +145,7 @@ TEST_F(AtomicFileTest, MissingFolderIsAnError) {
 
 TEST_F(AtomicFileTest, CopyOfAPipeOrADeviceFailsAtOnce) {
     ASSERT_EQ(::mkfifo(EncodedPath(u"pipe"_s).constData(), 0600), 0);
-    const platform::HostFileSystem files;
+    const platform::LocalFileSystem files;
     for (const QString& source : {Path(u"pipe"_s), u"/dev/zero"_s, folder.path()})
         EXPECT_FALSE(files.CopyFile(source, Path())) << source.toStdString();
     EXPECT_EQ(Names(), QStringList{u"pipe"_s});

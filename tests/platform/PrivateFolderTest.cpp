@@ -27,7 +27,7 @@ class PrivateFolder : public ::testing::Test {
         return platform::PrivateFolderFaults(Own(), owner);
     }
     /// Description of what keeps the folder from being claimed; empty when it was.
-    QString Refusal() const {
+    QString UsageError() const {
         try {
             platform::ClaimPrivateFolder(Own());
         } catch (const platform::RuntimeError& error) {
@@ -46,14 +46,14 @@ TEST_F(PrivateFolder, IsClosedToOthersWithEveryFolderInIt) {
     SetModeOf(Own(u"/conf"_s), 0775);
     EXPECT_EQ(Faults(), QStringList());
     EXPECT_EQ(ModeOf(Own()), 02777U) << "a look changes nothing";
-    EXPECT_EQ(Refusal(), QString());
+    EXPECT_EQ(UsageError(), QString());
     EXPECT_EQ(ModeOf(Own()), 0700U);
     EXPECT_EQ(ModeOf(Own(u"/conf"_s)), 0700U);
 }
 
 TEST_F(PrivateFolder, MissingOneIsNoFailure) {
     QDir(Own()).removeRecursively();
-    EXPECT_EQ(Refusal(), QString());
+    EXPECT_EQ(UsageError(), QString());
     EXPECT_FALSE(QFileInfo::exists(Own()));
 }
 
@@ -64,18 +64,18 @@ TEST_F(PrivateFolder, LinksAndSpecialFilesAreNamed) {
                              Own(u"/pipe"_s) + u" はファイルでもフォルダでもありません。"_s};
     EXPECT_EQ(Faults(), faults);
     EXPECT_EQ(Faults(std::nullopt), faults);
-    EXPECT_EQ(Refusal(), faults.join(u'\n'));
+    EXPECT_EQ(UsageError(), faults.join(u'\n'));
 }
 
 TEST_F(PrivateFolder, LinkOrFileInPlaceOfTheFolderIsNamed) {
     QDir().rename(Own(), folder.filePath(u"other"_s));
     SetModeOf(folder.filePath(u"other"_s), 0755);
     MakeLink(folder.filePath(u"other"_s), Own());
-    EXPECT_EQ(Refusal(), Own() + u" はリンクです。"_s);
+    EXPECT_EQ(UsageError(), Own() + u" はリンクです。"_s);
     EXPECT_EQ(ModeOf(folder.filePath(u"other"_s)), 0755U);
     ASSERT_TRUE(QFile::remove(Own()));
     WriteBytes(Own(), "");
-    EXPECT_EQ(Refusal(), Own() + u" はフォルダではありません。"_s);
+    EXPECT_EQ(UsageError(), Own() + u" はフォルダではありません。"_s);
 }
 
 TEST_F(PrivateFolder, FilesOfTheAdministratorAreTakenAndThoseOfOtherUsersAreNamed) {
@@ -92,7 +92,7 @@ TEST_F(PrivateFolder, FilesOfTheAdministratorAreTakenAndThoseOfOtherUsersAreName
 }
 
 TEST_F(PrivateFolder, MarkIsMadeOnceAndNeverThroughALink) {
-    const platform::HostFileSystem files;
+    const platform::LocalFileSystem files;
     EXPECT_TRUE(files.CreateMark(Own(u"/mark"_s)));
     EXPECT_EQ(ModeOf(Own(u"/mark"_s)) & 077U, 0U);
     EXPECT_TRUE(files.CreateMark(Own(u"/mark"_s))) << "left by a start that was ended";

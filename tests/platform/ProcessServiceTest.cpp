@@ -37,7 +37,7 @@ class ProcessServiceTest : public ::testing::Test {
     static bool Runs(quint32 process) { return ::kill(static_cast<pid_t>(process), 0) == 0; }
 
     QTemporaryDir folder;
-    HostProcessService processes;
+    LocalProcessService processes;
 };
 
 const QByteArray kStay = "exec sleep 60";

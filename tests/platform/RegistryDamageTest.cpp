@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "support/FileBytes.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 #include "support/FullDiskSizes.h"
 
 using namespace Qt::StringLiterals;
@@ -59,7 +59,7 @@ TEST_F(RegistryTest, EveryFullDiskLeavesTheOldFileAndIsReported) {
         for (const qint64 limit : FullAfter(text.size() + kAroundTheText)) {
             long status = kRegistryDone;
             {
-                const FullBehind full(limit);
+                const FileSizeLimit full(limit);
                 status = SetText(key, u"v"_s, text);
             }
             EXPECT_EQ(status, kRegistryNotWritten) << size << " bytes, full after " << limit;

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "registration/Mod要員台帳更新.h"
 #include "registration/StaffItems.h"
 #include "screen/Form.h"

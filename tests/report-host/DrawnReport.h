@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "report-host/PreparedReport.h"
+#include "report-host/layout/PreparedReport.h"
 
 /// A report that draws nothing but the number of each page, on paper of any size.
 class DrawnReport : public PreparedReport {

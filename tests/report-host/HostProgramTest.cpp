@@ -9,9 +9,9 @@
 
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
-#include "report-host/OutputPlace.h"
-#include "report-host/PdfFile.h"
-#include "report-host/PreparedReport.h"
+#include "report-host/template/OutputTarget.h"
+#include "support/PdfFile.h"
+#include "report-host/layout/PreparedReport.h"
 #include "support/HostProgram.h"
 #include "support/PrintService.h"
 #include "support/SampleInstallation.h"
@@ -30,7 +30,7 @@ class HostProgramTest : public ::testing::Test {
     HostProgramTest() {
         installation.Report().Execute(
             u"INSERT INTO 要員名簿照会 (選択条件, コード, 氏名) VALUES ('', '00001', '山田　太郎')"_s);
-        WriteOutputPlace(Forms(), {}, {OutputPlace::Kind::Folder, folder.path()});
+        WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Folder, folder.path()});
     }
 
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
@@ -39,7 +39,7 @@ class HostProgramTest : public ::testing::Test {
     }
     std::unique_ptr<ReportHost> Bind() const { return Bind(Forms()); }
     template <typename Work>
-    static QString Refusal(Work work) {
+    static QString UsageError(Work work) {
         try {
             work();
         } catch (const platform::RuntimeError& error) {
@@ -66,14 +66,14 @@ TEST_F(HostProgramTest, QuitEndsIt) {
     host.Bind()->Quit();
     EXPECT_TRUE(host.Ends());
     EXPECT_EQ(host.ExitCode(), 0);
-    EXPECT_EQ(Refusal([&] { Bind(); }), u"帳票ホストに接続できません。"_s);
+    EXPECT_EQ(UsageError([&] { Bind(); }), u"帳票ホストに接続できません。"_s);
 }
 
 TEST_F(HostProgramTest, FormThatIsMissingOrHasAMistakeIsToldInItsAnswer) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
-    EXPECT_TRUE(Refusal([&] { bound->OpenReport(u"無い帳票"_s, platform::kPrintReport); }).contains(u"無い帳票"_s));
-    EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, 1); }), u"帳票の表示方法 1 は使えません。"_s);
+    EXPECT_TRUE(UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::kPrintReport); }).contains(u"無い帳票"_s));
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, 1); }), u"帳票の表示方法 1 は使えません。"_s);
     bound->OpenReport(kList, platform::kPrintReport);
     EXPECT_EQ(Printed().size(), 1);
 }
@@ -83,7 +83,7 @@ TEST_F(HostProgramTest, FormsFileThatIsMissingOrBrokenIsTold) {
     ASSERT_TRUE(QFile(broken).open(QIODevice::WriteOnly));
     for (const QString& forms : {u"/nowhere/repfrmdb.accdb"_s, broken}) {
         HostProgram host(forms);
-        EXPECT_TRUE(Refusal([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }).endsWith(u"。"_s));
+        EXPECT_TRUE(UsageError([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }).endsWith(u"。"_s));
     }
 }
 
@@ -91,9 +91,9 @@ TEST_F(HostProgramTest, PrinterThatRefusesIsToldInItsAnswer) {
     PrintService prints;
     prints.AddPrinter(u"office"_s);
     prints.Reject(u"office"_s);
-    WriteOutputPlace(Forms(), {}, {OutputPlace::Kind::Printer, u"office"_s});
+    WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Printer, u"office"_s});
     HostProgram host(Forms());
-    EXPECT_EQ(Refusal([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }),
+    EXPECT_EQ(UsageError([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }),
               u"プリンター「office」は印刷を受け付けていません。"_s);
 }
 
@@ -115,7 +115,7 @@ TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
     const std::unique_ptr<ReportHost> bound = host.Bind();
     host.Freeze();  // it has the request and never comes to the answer
     std::thread death([&host] { host.KillNow(); });
-    EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, platform::kPrintReport); }),
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::kPrintReport); }),
               u"帳票ホストが途中で終了しました。"_s);
     death.join();
 }
@@ -133,7 +133,7 @@ TEST_F(HostProgramTest, TerminationRequestEndsALongPrintAndLeavesNoFile) {
         while (entries().isEmpty()) QThread::msleep(10);
         host.Terminate();
     });
-    EXPECT_EQ(Refusal([&] { bound->OpenReport(kList, platform::kPrintReport); }), u"帳票の作成を中止しました。"_s);
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::kPrintReport); }), u"帳票の作成を中止しました。"_s);
     administrator.join();
     EXPECT_TRUE(host.Ends());
     EXPECT_EQ(entries(), QStringList());
@@ -174,7 +174,7 @@ TEST_F(HostProgramTest, MaximisedPreviewFillsAScreenWithoutWindowManager) {
 TEST_F(HostProgramTest, MailPiecesArriveAtThePrinterOnTheirOwnPaper) {
     PrintService prints;
     prints.AddMailPrinter(u"tray"_s);
-    WriteOutputPlace(Forms(), {}, {OutputPlace::Kind::Printer, u"tray"_s});
+    WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Printer, u"tray"_s});
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
     for (const auto& [piece, page] : {std::pair{u"封筒"_s, QSizeF(120, 235)}, {u"はがき"_s, QSizeF(100, 148)}}) {

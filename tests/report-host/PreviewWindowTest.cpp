@@ -16,10 +16,10 @@
 #include <chrono>
 
 #include "report-host/DrawnReport.h"
-#include "report-host/OutputPlace.h"
-#include "report-host/PageView.h"
-#include "report-host/PreviewWindow.h"
-#include "report-host/RenderWatch.h"
+#include "report-host/template/OutputTarget.h"
+#include "report-host/preview/PageView.h"
+#include "report-host/preview/PreviewWindow.h"
+#include "report-host/render/RenderWatch.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
@@ -234,7 +234,7 @@ TEST_F(PreviewWindowTest, PrintGoesWhereTheReportsGoOrTellsWhyNot) {
     EXPECT_TRUE(services.dialogs.shown[0].text.startsWith(u"出力先を読めません。"_s));
     const SampleInstallation installation;
     forms = installation.ReportFolder() + u"/repfrmdb.accdb"_s;
-    WriteOutputPlace(forms, {}, {OutputPlace::Kind::Folder, folder.path()});
+    WriteOutputPlace(forms, {}, {OutputTarget::Kind::Folder, folder.path()});
     Show(2);
     Press(u"print"_s);
     EXPECT_EQ(services.dialogs.shown.size(), 1);

@@ -11,10 +11,10 @@
 
 #include "platform/FileRights.h"
 #include "report-host/DrawnReport.h"
-#include "report-host/OutputPlace.h"
-#include "report-host/PdfFile.h"
-#include "report-host/PrintQueue.h"
-#include "report-host/PutOut.h"
+#include "report-host/template/OutputTarget.h"
+#include "support/PdfFile.h"
+#include "report-host/service/PrintQueue.h"
+#include "report-host/service/ReportOutput.h"
 #include "support/FileBytes.h"
 #include "support/PrintService.h"
 #include "support/SampleInstallation.h"
@@ -69,7 +69,7 @@ class PutOutTest : public ::testing::Test {
         return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
     void ToFolder(const QString& name, const QString& path) const {
-        WriteOutputPlace(Forms(), name, {OutputPlace::Kind::Folder, path});
+        WriteOutputPlace(Forms(), name, {OutputTarget::Kind::Folder, path});
     }
 
     TestServices services;
@@ -133,8 +133,8 @@ TEST(PrintQueue, MissingPrintServiceIsTold) {
 
 TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
     ToFolder({}, folder.path());
-    PutOutReport(report, u"要員名簿照会"_s, Forms());
-    PutOutReport(report, u"要員名簿照会"_s, Forms());
+    PrintReport(report, u"要員名簿照会"_s, Forms());
+    PrintReport(report, u"要員名簿照会"_s, Forms());
     EXPECT_EQ(Left(folder.path()),
               QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
     EXPECT_TRUE(ReadBytes(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).startsWith("%PDF"));
@@ -146,7 +146,7 @@ TEST_F(PutOutTest, PagesInAFolderOfAGroupBelongToItWhateverTheUmask) {
     for (const mode_t mask : {077, 022, 0}) {
         ASSERT_EQ(::chmod(path.constData(), 02770), 0);
         const mode_t kept = ::umask(mask);
-        PutOutReport(report, u"要員名簿照会"_s, Forms());
+        PrintReport(report, u"要員名簿照会"_s, Forms());
         ::umask(kept);
         const QString pdf = folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s);
         EXPECT_EQ(platform::RightsOf(pdf)->mode, 0660U) << mask;
@@ -160,7 +160,7 @@ TEST_F(PutOutTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay
     const pid_t killed = ::fork();
     if (killed == 0) {
         report.Fails = [](int) -> bool { ::_exit(0); };
-        PutOutReport(report, u"要員名簿照会"_s, Forms());
+        PrintReport(report, u"要員名簿照会"_s, Forms());
     }
     int status = 0;
     ASSERT_EQ(::waitpid(killed, &status, 0), killed);
@@ -168,10 +168,10 @@ TEST_F(PutOutTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay
     const QString leftover = Left(folder.path()).first();
     DrawnReport others(1);
     others.Fails = [&](int) {
-        PutOutReport(report, u"要員名簿照会"_s, Forms());
+        PrintReport(report, u"要員名簿照会"_s, Forms());
         return false;
     };
-    PutOutReport(others, u"要員名簿照会"_s, Forms());
+    PrintReport(others, u"要員名簿照会"_s, Forms());
     EXPECT_EQ(Left(folder.path()),
               QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
     EXPECT_TRUE(leftover.startsWith(kPrintFolderPrefix)) << leftover.toStdString();
@@ -181,10 +181,10 @@ TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
     ToFolder({}, folder.path());
     DrawnReport others(3);
     report.Fails = [&](int page) {
-        if (page == 1) PutOutReport(others, u"要員名簿照会"_s, Forms());
+        if (page == 1) PrintReport(others, u"要員名簿照会"_s, Forms());
         return false;
     };
-    PutOutReport(report, u"要員名簿照会"_s, Forms());
+    PrintReport(report, u"要員名簿照会"_s, Forms());
     ASSERT_EQ(Left(folder.path()),
               QStringList({u"要員名簿照会-20261121-093015-2.pdf"_s, u"要員名簿照会-20261121-093015.pdf"_s}));
     EXPECT_EQ(PdfFile(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).Pages(), 3);
@@ -194,7 +194,7 @@ TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
 TEST_F(PutOutTest, PagesInAFolderCanBeReadByEverybody) {
     ToFolder({}, folder.path());
     const mode_t kept = ::umask(022);
-    PutOutReport(report, u"r"_s, Forms());
+    PrintReport(report, u"r"_s, Forms());
     ::umask(kept);
     EXPECT_TRUE(QFile::permissions(folder.filePath(Left(folder.path()).value(0))).testFlag(QFile::ReadOther));
 }
@@ -202,35 +202,35 @@ TEST_F(PutOutTest, PagesInAFolderCanBeReadByEverybody) {
 TEST_F(PutOutTest, FailureLeavesNothingInTheFolder) {
     ToFolder({}, folder.path());
     report.Fails = [](int page) { return page == 1; };
-    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }), u"作業ファイルを読めません。"_s);
+    EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }), u"作業ファイルを読めません。"_s);
     EXPECT_EQ(Left(folder.path()), QStringList());
 }
 
 TEST_F(PutOutTest, MissingFolderIsTold) {
     ToFolder({}, folder.filePath(u"gone"_s));
-    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }),
+    EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }),
               u"出力先のフォルダ「%1」がありません。"_s.arg(folder.filePath(u"gone"_s)));
 }
 
 TEST_F(PutOutTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
     ToFolder({}, folder.path());
-    WriteOutputPlace(Forms(), u"要員名簿照会はがき"_s, {OutputPlace::Kind::Printer, u"it's cards"_s});
-    const OutputPlace cards = ReadOutputPlace(Forms(), u"要員名簿照会はがき"_s);
-    EXPECT_EQ(cards.kind, OutputPlace::Kind::Printer);
+    WriteOutputPlace(Forms(), u"要員名簿照会はがき"_s, {OutputTarget::Kind::Printer, u"it's cards"_s});
+    const OutputTarget cards = ReadOutputPlace(Forms(), u"要員名簿照会はがき"_s);
+    EXPECT_EQ(cards.kind, OutputTarget::Kind::Printer);
     EXPECT_EQ(cards.name, u"it's cards"_s);
     EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).name, folder.path());
     WriteOutputPlace(Forms(), {}, {});
-    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).kind, OutputPlace::Kind::DefaultPrinter);
+    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).kind, OutputTarget::Kind::DefaultPrinter);
 }
 
 TEST_F(PutOutTest, UnknownKindOfPlaceIsTold) {
     ToFolder({}, folder.path());
     SampleFile(Forms()).Execute(u"UPDATE 出力先 SET 種類 = 'FAX'"_s);
-    EXPECT_EQ(Reason([&] { PutOutReport(report, u"r"_s, Forms()); }), u"出力先の種類「FAX」は使えません。"_s);
+    EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }), u"出力先の種類「FAX」は使えません。"_s);
 }
 
 TEST_F(PutOutTest, MissingFormsFileIsTold) {
     EXPECT_TRUE(Reason([&] {
-                    PutOutReport(report, u"r"_s, u"/nowhere/repfrmdb.accdb"_s);
+                    PrintReport(report, u"r"_s, u"/nowhere/repfrmdb.accdb"_s);
                 }).startsWith(u"出力先を読めません。"_s));
 }

@@ -5,7 +5,7 @@
 
 #include "report-host/ReportFixture.h"
 #include "support/FileBytes.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 #include "support/FullDiskSizes.h"
 
 using namespace Qt::StringLiterals;
@@ -105,7 +105,7 @@ TEST_F(ReportTest, EveryFullDiskUnderAPdfIsReportedAndKeepsTheOldFile) {
     for (const qint64 limit : FullAfter(size)) {
         QString reason;
         try {
-            const FullBehind full(limit);
+            const FileSizeLimit full(limit);
             WritePdf(*report, path);
         } catch (const ReportFailure& failure) {
             reason = failure.Reason();

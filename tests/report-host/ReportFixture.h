@@ -5,8 +5,8 @@
 #include <QHash>
 #include <QTemporaryDir>
 
-#include "report-host/PdfFile.h"
-#include "report-host/PreparedReport.h"
+#include "support/PdfFile.h"
+#include "report-host/layout/PreparedReport.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 

@@ -1,6 +1,7 @@
 #include <QtTest/QTest>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
+#include "inquiry/ConditionProcedures.h"
 #include "screen/Button.h"
 #include "screen/CheckItem.h"
 #include "screen/ComboItem.h"
@@ -37,7 +38,7 @@ class ControlWalks : public ScreenTest {
 
     Control* NextFrom(Control& wanted) {
         Globals().ListNextItem = &wanted;
-        FindNextTabItem();
+        Globals().ListNextItem = FindNextTabItem(Globals().MainForm, Globals().ListNextItem);
         return Globals().ListNextItem;
     }
     QStringList Disabled() const {
@@ -93,7 +94,7 @@ TEST_F(ControlWalks, WalkSetsNoFocus) {
 }
 
 TEST_F(ControlWalks, DisablingTakesTheWorkingControlsAndTheContainersAndNothingElse) {
-    DisableFormControls();
+    DisableFormControls(Globals().MainForm);
     EXPECT_EQ(Disabled(), (QStringList{u"bak_dtla"_s, u"検索名称"_s, u"検索カナ"_s, u"在籍区分"_s, u"在籍区分名称"_s,
                                        u"btn_集計検索"_s, u"chb_出力対象"_s, u"scl_行"_s, u"tab_詳細"_s}));
 }
@@ -101,8 +102,8 @@ TEST_F(ControlWalks, DisablingTakesTheWorkingControlsAndTheContainersAndNothingE
 TEST_F(ControlWalks, EnablingAlsoEnablesWhatWasDisabledOnPurpose) {
     name.SetEnabled(false);
     bar.SetEnabled(false);
-    DisableFormControls();
-    EnableFormControls();
+    DisableFormControls(Globals().MainForm);
+    EnableFormControls(Globals().MainForm);
     EXPECT_EQ(Disabled(), QStringList());
 }
 
@@ -110,16 +111,16 @@ TEST_F(ControlWalks, HiddenControlsAreLeftAloneInBothDirections) {
     name.SetVisible(false);
     kana.SetVisible(false);
     kana.SetEnabled(false);
-    DisableFormControls();
+    DisableFormControls(Globals().MainForm);
     EXPECT_TRUE(name.Enabled());
-    EnableFormControls();
+    EnableFormControls(Globals().MainForm);
     EXPECT_FALSE(kana.Enabled());
 }
 
 TEST_F(ControlWalks, ClassesThatOnlyOneListNamesStayAsTheyAre) {
     for (Control* control : std::initializer_list<Control*>{&pass, &memo, &kanaItem, &zip, &telephone, &label})
         control->SetEnabled(false);
-    EnableFormControls();
+    EnableFormControls(Globals().MainForm);
     EXPECT_EQ(Disabled(),
               (QStringList{u"お知らせ"_s, u"暗証番号"_s, u"担当者メモ"_s, u"カナ"_s, u"郵便番号"_s, u"電話"_s}));
 }
@@ -133,8 +134,8 @@ TEST_F(ControlWalks, DisablingDuringASearchRaisesNoFocusEvents) {
     }
     name.SetFocus();
     events.clear();
-    DisableFormControls();
-    EnableFormControls();
+    DisableFormControls(Globals().MainForm);
+    EnableFormControls(Globals().MainForm);
     QCoreApplication::processEvents();
     EXPECT_EQ(events, QStringList());
     EXPECT_EQ(form.ActiveControl(), nullptr);

@@ -1,4 +1,5 @@
-#include "screen/Fonts.h"
+#include "screen/fonts/Fonts.h"
+#include "screen/Style.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,7 @@ TEST(Fonts, LookIsLightWhateverTheDesktopSays) {
     const QPalette kept = QApplication::palette();
     QPalette dark(Qt::black);
     QApplication::setPalette(dark);
-    ApplySuiteLook(*static_cast<QApplication*>(QCoreApplication::instance()));
+    ApplySuiteStyle(*static_cast<QApplication*>(QCoreApplication::instance()));
     const QPalette palette = QApplication::palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         EXPECT_GT(palette.color(group, QPalette::Window).lightness(), 200);

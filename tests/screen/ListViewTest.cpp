@@ -257,7 +257,7 @@ TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere)
 }
 
 /// A click that hides its window, and what a form behind gets afterwards.
-class SecondPressTest : public ListViewTest {
+class DoubleClickGuardTest : public ListViewTest {
   protected:
     ThreeItems behind{u"後ろ"_s};
     QPointF place;
@@ -287,7 +287,7 @@ class SecondPressTest : public ListViewTest {
     }
 };
 
-TEST_F(SecondPressTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
+TEST_F(DoubleClickGuardTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
     PutPanelUnderPlace();
     for (const QEvent::Type press : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
         form.ShowModeless();
@@ -300,7 +300,7 @@ TEST_F(SecondPressTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
     }
 }
 
-TEST_F(SecondPressTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindowBehindAsWell) {
+TEST_F(DoubleClickGuardTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindowBehindAsWell) {
     Button button(form, form, u"btn_戻る"_s, u"戻る"_s);
     button.setGeometry(10, 100, 80, 30);
     button.show();
@@ -315,7 +315,7 @@ TEST_F(SecondPressTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindow
     EXPECT_EQ(events, QStringList{u"behind"_s}) << "the third press is the user's own";
 }
 
-TEST_F(SecondPressTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
+TEST_F(DoubleClickGuardTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
     const QPointF inside = behind.panel.mapToGlobal(QPointF(5, 5));
     const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
     ClickAt(*list.viewport(), place, 1000);

@@ -3,7 +3,7 @@
 #include <QtTest/QTest>
 #include <algorithm>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/ScreenTest.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
@@ -117,7 +117,7 @@ class Manual : public ScreenTest {};
 TEST_F(Manual, IsNamedByTheFullWidthProgramIdInItsFolder) {
     Globals().Layout.ManualFolder = u"/suite/manual"_s;
     Globals().ProgramId = u"要員名簿照会A1 ｶﾞ"_s;
-    OpenManual();
+    OpenManual(Globals().Layout.ManualFolder, Globals().ProgramId);
     ASSERT_EQ(services.processes.documents.size(), 1);
     EXPECT_EQ(services.processes.documents.first().path, u"/suite/manual/要員名簿照会Ａ１ ガ.doc"_s);
     EXPECT_EQ(services.processes.documents.first().workingFolder, u"/suite/manual"_s);
@@ -135,7 +135,7 @@ TEST_F(Manual, PanelIsDisabledWithTheOthersDuringASearch) {
     int opened = 0;
     form.panel.Click = [&] { ++opened; };
     ShowActive(form);
-    DisableFormControls();
+    DisableFormControls(Globals().MainForm);
     Click(form.panel);
     EXPECT_EQ(opened, 0);
 }

@@ -42,7 +42,7 @@ void ListWindowTest::UseMainForm(const QString& name) {
 }
 
 void ListWindowTest::Open(const QString& window, const QString& condition, const Works& works) {
-    const WindowDriver driver(works);
+    const ModalScript driver(works);
     caller_->SetEnabled(false);
     Globals().ListCondition = condition;
     Globals().ListResultItem = result_;

@@ -4,19 +4,19 @@
 
 #include <memory>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "selection/ListWindows.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
-#include "support/WindowDriver.h"
+#include "support/ModalScript.h"
 
 /// A form with a caller's two items, over a sample installation of its own; list windows are opened from it as the main
 /// form does, and worked by real keys and mouse.
 class ListWindowTest : public ::testing::Test {
   protected:
-    using Works = QList<WindowDriver::Work>;
+    using Works = QList<ModalScript::Work>;
 
     ListWindowTest();
     ~ListWindowTest() override;
@@ -32,7 +32,7 @@ class ListWindowTest : public ::testing::Test {
     /// Statements and failures that the run history tells of, oldest first.
     QStringList History() const { return installation.HistoryTexts(); }
 
-    static void GoBack(const FormHands& hands) { hands.Click(QStringLiteral("btn_戻る")); }
+    static void GoBack(const FormRobot& hands) { hands.Click(QStringLiteral("btn_戻る")); }
 
     TestServices services;
     SampleInstallation installation;

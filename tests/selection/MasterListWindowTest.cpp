@@ -15,7 +15,7 @@ class MasterListWindowTest : public ListWindowTest {
     /// Codes that a window shows at an opening.
     QStringList Shown(const QString& window, const QString& condition = {}) {
         QStringList codes;
-        Open(window, condition, {[&](const FormHands& hands) {
+        Open(window, condition, {[&](const FormRobot& hands) {
                  codes = hands.Codes();
                  GoBack(hands);
              }});
@@ -28,7 +28,7 @@ TEST_F(MasterListWindowTest, WindowsBearTheirTitlesListsCaptionsAndColumns) {
                                         {u"wndセクション一覧"_s, u"セクション一覧"_s, u"Listセクション"_s},
                                         {u"wnd役職一覧"_s, u"役職一覧"_s, u"List役職"_s}};
     for (const QStringList& window : windows) {
-        Open(window[0], {[&](const FormHands& hands) {
+        Open(window[0], {[&](const FormRobot& hands) {
                  EXPECT_EQ(hands.Window().Name(), window[0]);
                  EXPECT_EQ(hands.Window().windowTitle(), window[1]);
                  EXPECT_EQ(hands.Item(u"prg_ttl"_s).Caption(), window[1]);
@@ -53,7 +53,7 @@ TEST_F(MasterListWindowTest, WindowsBearTheirTitlesListsCaptionsAndColumns) {
 }
 
 TEST_F(MasterListWindowTest, NothingIsSelectedAfterTheLoadAndEnterDoesNothing) {
-    Open(u"wnd部門一覧"_s, {[](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.List().SelectedRow(), -1);
              hands.List().SetFocus();
              hands.Press(Qt::Key_Return);
@@ -65,7 +65,7 @@ TEST_F(MasterListWindowTest, NothingIsSelectedAfterTheLoadAndEnterDoesNothing) {
 }
 
 TEST_F(MasterListWindowTest, ShowsValueOneByDefaultAndAllAfterAllIsPickedAndTheButtonPressed) {
-    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, {[&](const FormRobot& hands) {
              EXPECT_EQ(hands.Codes(), kInOperation);
              EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 1);
              EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"稼動"_s);
@@ -81,7 +81,7 @@ TEST_F(MasterListWindowTest, ShowsValueOneByDefaultAndAllAfterAllIsPickedAndTheB
 }
 
 TEST_F(MasterListWindowTest, ClearButtonClearsNothing) {
-    Open(u"wndセクション一覧"_s, {[&](const FormHands& hands) {
+    Open(u"wndセクション一覧"_s, {[&](const FormRobot& hands) {
              hands.Click(u"稼動状況区分"_s);
              hands.TypeSigns(u"0"_s);
              hands.Click(u"btn_画面クリア"_s);
@@ -93,7 +93,7 @@ TEST_F(MasterListWindowTest, ClearButtonClearsNothing) {
 }
 
 TEST_F(MasterListWindowTest, NumberAndListOfTheStatusShowEachOtherAndReportThemselves) {
-    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, {[&](const FormRobot& hands) {
              hands.Click(u"稼動状況区分"_s);
              EXPECT_EQ(Globals().ActiveItem, &hands.Item(u"稼動状況区分"_s));
              hands.Press(Qt::Key_Tab);
@@ -118,7 +118,7 @@ TEST_F(MasterListWindowTest, HiddenWindowShowsItsFirstListAgain) {
 }
 
 TEST_F(MasterListWindowTest, StatusTermOfACallerIsTakenOutOfItsCondition) {
-    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '0' AND M部門.コード >= '5'"_s, {[](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '0' AND M部門.コード >= '5'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Codes(), (QStringList{u"110"_s, u"120"_s}));
              EXPECT_EQ(hands.Item(u"稼動状況区分"_s).Value(), 0);
              EXPECT_EQ(Globals().ListCondition, u"M部門.コード >= '5'"_s);
@@ -135,7 +135,7 @@ TEST_F(MasterListWindowTest, StatusTermsThatNobodyWritesGiveAnEmptyOrAFullListAn
 }
 
 TEST_F(MasterListWindowTest, StatusBeyondTheListShowsNoEntryAndFindsNothing) {
-    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '7'"_s, {[](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, u"M部門.稼動状況区分 = '7'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Codes(), QStringList());
              EXPECT_EQ(hands.Item(u"稼動状況区分名称"_s).ListIndex(), -1);
              GoBack(hands);
@@ -152,7 +152,7 @@ TEST_F(MasterListWindowTest, ConditionThatNoCallerWritesLeavesThePositionsEmptyA
 
 TEST_F(MasterListWindowTest, OneStatusAloneMakesAllTheDefault) {
     installation.General().Execute(u"DELETE FROM K稼動状況区分 WHERE 区分 = '1'"_s);
-    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, {[&](const FormRobot& hands) {
              EXPECT_EQ(hands.Item(u"稼動状況区分"_s).MaxValue(), 1);
              EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"全て"_s);
              EXPECT_EQ(hands.Codes(), kAll);
@@ -162,7 +162,7 @@ TEST_F(MasterListWindowTest, OneStatusAloneMakesAllTheDefault) {
 
 TEST_F(MasterListWindowTest, MissingStatusTableLeavesAllAloneAndAValueWithoutAnEntry) {
     installation.General().Execute(u"DROP TABLE K稼動状況区分"_s);
-    Open(u"wnd部門一覧"_s, {[&](const FormHands& hands) {
+    Open(u"wnd部門一覧"_s, {[&](const FormRobot& hands) {
              EXPECT_EQ(hands.Item(u"稼動状況区分"_s).MaxValue(), 0);
              EXPECT_EQ(hands.Item(u"稼動状況区分名称"_s).ListIndex(), -1);
              EXPECT_EQ(hands.Codes(), kInOperation);
@@ -175,7 +175,7 @@ TEST_F(MasterListWindowTest, MissingStatusTableLeavesAllAloneAndAValueWithoutAnE
 TEST_F(MasterListWindowTest, MissingAndEmptyMastersGiveAnEmptyListThatEscLeaves) {
     installation.General().Execute(u"DROP TABLE M部門; DELETE FROM M役職"_s);
     for (const QString& window : {u"wnd部門一覧"_s, u"wnd役職一覧"_s}) {
-        Open(window, {[](const FormHands& hands) {
+        Open(window, {[](const FormRobot& hands) {
                  EXPECT_EQ(hands.Codes(), QStringList());
                  hands.List().SetFocus();
                  hands.Press(Qt::Key_Return);
@@ -195,7 +195,7 @@ TEST_F(MasterListWindowTest, MastersWithAStatusAreReadByItAndWithoutATermForAll)
     for (const QString& name : {u"部門"_s, u"セクション"_s}) {
         installation.General().Execute(u"DROP TABLE M"_s + name);
         const auto before = History().size();
-        Open(u"wnd"_s + name + u"一覧"_s, {[](const FormHands& hands) {
+        Open(u"wnd"_s + name + u"一覧"_s, {[](const FormRobot& hands) {
                  hands.Click(u"稼動状況区分"_s);
                  hands.TypeSigns(u"2"_s);
                  hands.Click(u"btn_画面クリア"_s);
@@ -227,7 +227,7 @@ TEST_F(MasterListWindowTest, MasterOfMoreThanAThousandRowsIsShownWhole) {
 TEST_F(MasterListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAsTheyAre) {
     installation.General().Execute(
         u"INSERT INTO M役職 (コード, 名称) VALUES ('A''', NULL), ('Ab', '%1')"_s.replace(u"%1"_s, QString(200, u'長')));
-    Open(u"wnd役職一覧"_s, {[](const FormHands& hands) {
+    Open(u"wnd役職一覧"_s, {[](const FormRobot& hands) {
              const auto place = hands.Codes().indexOf(u"A'"_s);
              ASSERT_GE(place, 0);
              EXPECT_EQ(hands.Column(1).at(place), QString());

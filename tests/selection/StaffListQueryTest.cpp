@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;

@@ -32,7 +32,7 @@ class StaffListWindowTest : public ListWindowTest {
 };
 
 TEST_F(StaffListWindowTest, BearsItsCaptionsLimitsAndColumns) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         const QList<QStringList> captions = {
             {u"prg_ttl"_s, u"担当者一覧"_s},
             {u"lab_コード"_s, u"以降"_s},
@@ -98,7 +98,7 @@ TEST_F(StaffListWindowTest, BeginsWithTheFirstEnrolmentClassAndAllEmployeesFromT
     installation.AddStaff(u"00002"_s, {{u"社員区分"_s, u"3"_s}});
     installation.AddStaff(u"00001"_s);
     installation.AddStaff(u"00003"_s, {{u"在籍区分"_s, u"1"_s}});
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
         EXPECT_EQ(hands.Text(u"在籍区分名称"_s), u"在籍"_s);
         EXPECT_EQ(hands.Text(u"社員区分名称"_s), u"全て"_s);
@@ -117,7 +117,7 @@ TEST_F(StaffListWindowTest, BeginsWithTheFirstEnrolmentClassAndAllEmployeesFromT
 TEST_F(StaffListWindowTest, CellsOfMissingMastersAreEmpty) {
     installation.ClearStaff();
     installation.AddStaff(u"00001"_s, {{u"部門コード"_s, u"777"_s}, {u"事業所コード"_s, u"001"_s}});
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         const ListRow& row = hands.List().Row(0);
         EXPECT_EQ(row.key, u"C00001"_s);
         EXPECT_EQ(row.subItems, (QStringList{QString(), u"本社"_s, QString(), QString()}));
@@ -126,7 +126,7 @@ TEST_F(StaffListWindowTest, CellsOfMissingMastersAreEmpty) {
 }
 
 TEST_F(StaffListWindowTest, CallersCodeFillsItsItemAndIsUsedUp) {
-    Open(kWindow, u"M担当者.コード >= '00020'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"M担当者.コード >= '00020'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
              ASSERT_FALSE(hands.Codes().isEmpty());
@@ -137,7 +137,7 @@ TEST_F(StaffListWindowTest, CallersCodeFillsItsItemAndIsUsedUp) {
 }
 
 TEST_F(StaffListWindowTest, CodeThatIsStillBeingTypedIsFormattedToFiveDigits) {
-    Open(kWindow, u"M担当者.コード >= '20'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"M担当者.コード >= '20'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
              ASSERT_FALSE(hands.Codes().isEmpty());
              GoBack(hands);
@@ -145,7 +145,7 @@ TEST_F(StaffListWindowTest, CodeThatIsStillBeingTypedIsFormattedToFiveDigits) {
 }
 
 TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
-    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
              EXPECT_EQ(hands.Text(u"部門名"_s), u"総務部"_s);
              EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
@@ -157,8 +157,8 @@ TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
 
 TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearchesUntilTheyAreCleared) {
     installation.ReplaceStaff(30);
-    Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormHands& hands) { GoBack(hands); }});
-    Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormRobot& hands) { GoBack(hands); }});
+    Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Codes().size(), 21) << "the earlier list";
              EXPECT_EQ(hands.Text(u"コード"_s), u"00010"_s);
              hands.Click(u"btn_コード検索"_s);
@@ -175,7 +175,7 @@ TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearches
 }
 
 TEST_F(StaffListWindowTest, ClearEmptiesTheTextsAndKeepsTheClasses) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         hands.Enter(u"コード"_s, u"3"_s);
         hands.Enter(u"カナ"_s, u"ｱ"_s);
         hands.Enter(u"名称"_s, u"山"_s);
@@ -198,7 +198,7 @@ TEST_F(StaffListWindowTest, ClearEmptiesTheTextsAndKeepsTheClasses) {
 }
 
 TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
         hands.Click(u"名称"_s);
         hands.TypeSigns(u" "_s);
@@ -213,7 +213,7 @@ TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
 
 TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFocusFirst) {
     installation.ReplaceStaff(30);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         hands.Type(u"コード"_s, u"27"_s);
         EXPECT_EQ(hands.Text(u"コード"_s), u"27"_s);
         hands.Click(u"btn_コード検索"_s);
@@ -226,11 +226,11 @@ TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFoc
 
 TEST_F(StaffListWindowTest, TextThatWasBeingTypedWhenEscHidTheWindowIsSearchedLater) {
     installation.ReplaceStaff(12);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         hands.Type(u"名称"_s, u"氏名12"_s);
         hands.Press(Qt::Key_Escape);
     }});
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         ASSERT_EQ(hands.Text(u"名称"_s), u"氏名12"_s);
         hands.Click(u"btn_複合検索"_s);
         EXPECT_EQ(hands.Codes(), QStringList{u"00012"_s});
@@ -243,7 +243,7 @@ TEST_F(StaffListWindowTest, EachSearchFindsByItsOwnItemAlone) {
     AddPerson(u"00001"_s, u"山田　太郎"_s, u"ﾔﾏﾀﾞ ﾀﾛｳ"_s, u"010"_s);
     AddPerson(u"00002"_s, u"田中　花子"_s, u"ﾀﾅｶ ﾊﾅｺ"_s, u"020"_s);
     AddPerson(u"00003"_s, u"青山　一郎"_s, u"ｱｵﾔﾏ ｲﾁﾛｳ"_s, u"020"_s);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         hands.Enter(u"コード"_s, u"2"_s);
         hands.Enter(u"カナ"_s, u"やま"_s);
         hands.Enter(u"名称"_s, u"山"_s);
@@ -269,7 +269,7 @@ TEST_F(StaffListWindowTest, NegativeSearchWithACodeListsTheCodesBelowAndNegatesT
     installation.AddStaff(u"00001"_s, {{u"在籍区分"_s, u"1"_s}});
     installation.AddStaff(u"00002"_s);
     installation.AddStaff(u"00009"_s, {{u"在籍区分"_s, u"1"_s}});
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         hands.Enter(u"コード"_s, u"5"_s);
         hands.Click(u"btn_否定検索"_s);
         EXPECT_EQ(hands.Codes(), QStringList{u"00001"_s});
@@ -281,7 +281,7 @@ TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
     installation.ClearStaff();
     AddPerson(u"00001"_s, u"O'Brien"_s, u"ｵﾌﾞﾗｲｴﾝ"_s);
     AddPerson(u"00002"_s, u"山田"_s, u"ﾔﾏﾀﾞ"_s);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         const QList<std::pair<QString, int>> texts = {{u"O'B"_s, 1}, {u"'"_s, 1},     {u"''"_s, 0},    {u"%"_s, 2},
                                                       {u"_"_s, 2},   {u"山%田"_s, 1}, {u"[山]田"_s, 1}};
         for (const auto& [text, found] : texts) {
@@ -296,7 +296,7 @@ TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
 
 TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWithoutAMessage) {
     installation.ReplaceStaff(1000);
-    OpenStaff({[this](const FormHands& hands) {
+    OpenStaff({[this](const FormRobot& hands) {
         ASSERT_TRUE(hands.Item(u"lab_注意"_s).Visible());
         installation.General().Execute(u"DROP TABLE M担当者"_s);
         hands.Click(u"btn_複合検索"_s);
@@ -311,7 +311,7 @@ TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWitho
 TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandLookTheSame) {
     for (const int staff : {999, 1000, 1001}) {
         installation.ReplaceStaff(staff);
-        OpenStaff({[&](const FormHands& hands) {
+        OpenStaff({[&](const FormRobot& hands) {
             hands.Click(u"btn_画面クリア"_s);
             EXPECT_EQ(hands.Codes().size(), qMin(staff, 1000));
             EXPECT_EQ(hands.Item(u"lab_注意"_s).Visible(), staff >= 1000) << staff;
@@ -333,7 +333,7 @@ TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHa
 
 TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilItIsCleared) {
     installation.ReplaceStaff(3);
-    Open(kWindow, u"そんな条件 は ない"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"そんな条件 は ない"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Codes(), QStringList());
              EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
              EXPECT_EQ(Globals().ListCondition, u"そんな条件 は ない"_s);
@@ -348,7 +348,7 @@ TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilIt
 
 TEST_F(StaffListWindowTest, CallersTermIsTakenWhateverItsLetterCase) {
     installation.ReplaceStaff(30);
-    Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Text(u"コード"_s), u"00029"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
              EXPECT_EQ(hands.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
@@ -361,7 +361,7 @@ TEST_F(StaffListWindowTest, MissingAndEmptyClassTablesLeaveAllAloneAndNarrowNoth
     installation.AddStaff(u"00001"_s);
     installation.AddStaff(u"00002"_s, {{u"在籍区分"_s, u"1"_s}});
     installation.General().Execute(u"DROP TABLE K在籍区分; DELETE FROM K社員区分"_s);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         for (const QString& item : {u"在籍区分"_s, u"社員区分"_s}) {
             EXPECT_EQ(hands.Item(item).MaxValue(), 0);
             EXPECT_EQ(hands.Text(item + u"名称"_s), u"全て"_s);
@@ -381,7 +381,7 @@ TEST_F(StaffListWindowTest, ClassListsThatCannotBeReadLeaveTheirStatementsInTheH
 
 TEST_F(StaffListWindowTest, NamesThatCannotBeLookedUpStayEmptyAndLeaveTheirStatementsInTheHistory) {
     installation.General().Execute(u"DROP TABLE M部門; DROP TABLE Mセクション"_s);
-    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormHands& hands) {
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& hands) {
              EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
              EXPECT_EQ(hands.Text(u"部門名"_s), QString());
              EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
@@ -399,7 +399,7 @@ TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChos
     installation.General().Execute(
         u"INSERT INTO M担当者 (コード, 氏名, 在籍区分, 社員区分)"
         u" VALUES ('A0001', NULL, '0', '0'), ('Ab''01', '%1', '0', '0')"_s.replace(u"%1"_s, QString(200, u'長')));
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_EQ(hands.Codes(), (QStringList{u"A0001"_s, u"Ab'01"_s}));
         EXPECT_EQ(hands.Column(1), (QStringList{QString(), QString(200, u'長')}));
         EXPECT_EQ(hands.List().Row(1).key, u"CAb'01"_s);
@@ -410,7 +410,7 @@ TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChos
 
 TEST_F(StaffListWindowTest, PastedTextKeepsToSignsAndLengthsOfItsItemAndIsSearched) {
     installation.ReplaceStaff(30);
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         const auto paste = [&](const QString& item, const QString& text) {
             QGuiApplication::clipboard()->setText(text);
             hands.Click(item);
@@ -433,7 +433,7 @@ TEST_F(StaffListWindowTest, PastedTextKeepsToSignsAndLengthsOfItsItemAndIsSearch
 
 TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
     Globals().GeneralDatabase.db = u"X"_s;
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_EQ(hands.Codes(), QStringList());
         GoBack(hands);
     }});
@@ -446,7 +446,7 @@ TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
 
 TEST_F(StaffListWindowTest, DialectWithOuterJoinSignsIsSentWithItsLimitAndEndsEmptyWhereNobodyTakesIt) {
     Globals().GeneralDatabase.db = u"O"_s;
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_EQ(hands.Codes(), QStringList());
         EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
         GoBack(hands);
@@ -463,7 +463,7 @@ TEST_F(StaffListWindowTest, DialectWithOuterJoinSignsIsSentWithItsLimitAndEndsEm
 }
 
 TEST_F(StaffListWindowTest, CaretPassesOverTheNamesThatAreOnlyShown) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         Control* const next = Globals().ListNextItem;
         hands.Click(u"名称"_s);
         hands.Press(Qt::Key_Tab);
@@ -482,7 +482,7 @@ TEST_F(StaffListWindowTest, CaretPassesOverTheNamesThatAreOnlyShown) {
 }
 
 TEST_F(StaffListWindowTest, ItemsWithAFocusHandlerReportThemselvesAndTheCodesDoNot) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         for (const QString& item :
              {u"名称"_s, u"カナ"_s, u"在籍区分"_s, u"在籍区分名称"_s, u"社員区分"_s, u"社員区分名称"_s}) {
             Globals().ActiveItem = nullptr;
@@ -499,7 +499,7 @@ TEST_F(StaffListWindowTest, ItemsWithAFocusHandlerReportThemselvesAndTheCodesDoN
 }
 
 TEST_F(StaffListWindowTest, FirstCtrlOnlyReportsTheItemAndTheSecondOpensItsLookup) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
                    hands.Click(u"名称"_s);
                    hands.Press(Qt::Key_Tab);
                    ASSERT_EQ(hands.Focused(), u"部門コード"_s);
@@ -510,7 +510,7 @@ TEST_F(StaffListWindowTest, FirstCtrlOnlyReportsTheItemAndTheSecondOpensItsLooku
                    EXPECT_EQ(hands.Text(u"部門コード"_s), u"020"_s);
                    GoBack(hands);
                },
-               [](const FormHands& hands) {
+               [](const FormRobot& hands) {
                    EXPECT_EQ(hands.Window().Name(), u"wnd部門一覧"_s);
                    EXPECT_EQ(Globals().NestedListFlag, 1);
                    hands.ClickRow(1);
@@ -518,7 +518,7 @@ TEST_F(StaffListWindowTest, FirstCtrlOnlyReportsTheItemAndTheSecondOpensItsLooku
 }
 
 TEST_F(StaffListWindowTest, SecondDoubleClickOpensTheLookupOfSections) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
                    hands.DoubleClick(u"セクションコード"_s);
                    EXPECT_EQ(Globals().NestedListFlag, 0);
                    hands.DoubleClick(u"セクションコード"_s);
@@ -527,7 +527,7 @@ TEST_F(StaffListWindowTest, SecondDoubleClickOpensTheLookupOfSections) {
                    EXPECT_EQ(hands.Focused(), u"btn_セクションコード検索"_s);
                    GoBack(hands);
                },
-               [](const FormHands& hands) {
+               [](const FormRobot& hands) {
                    EXPECT_EQ(hands.Window().Name(), u"wndセクション一覧"_s);
                    hands.ClickRow(1);
                }});
@@ -536,7 +536,7 @@ TEST_F(StaffListWindowTest, SecondDoubleClickOpensTheLookupOfSections) {
 TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAndKeepsTheCaller) {
     Control* const result = &Result();
     Open(kWindow, u"M担当者.氏名 LIKE '%a%'"_s,
-         {[&](const FormHands& hands) {
+         {[&](const FormRobot& hands) {
               Control* const next = Globals().ListNextItem;
               hands.Item(u"部門コード"_s).SetFocus();
               hands.Press(Qt::Key_Control);
@@ -555,7 +555,7 @@ TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAn
               EXPECT_EQ(Distinct(hands.Column(3)), QStringList{u"経理部"_s});
               hands.ClickRow(0);
           },
-          [&](const FormHands& hands) {
+          [&](const FormRobot& hands) {
               EXPECT_FALSE(Globals().NestedListOwner->Enabled());
               EXPECT_EQ(Globals().ListCondition, QString());
               hands.ClickRow(2);
@@ -565,7 +565,7 @@ TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAn
 }
 
 TEST_F(StaffListWindowTest, EscInTheNestedLookupGoesBackToTheItemAndNoFurther) {
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
                    hands.Type(u"部門コード"_s, u"7"_s);
                    hands.Press(Qt::Key_Control);
                    hands.Press(Qt::Key_Control);
@@ -575,7 +575,7 @@ TEST_F(StaffListWindowTest, EscInTheNestedLookupGoesBackToTheItemAndNoFurther) {
                    EXPECT_EQ(hands.Text(u"部門コード"_s), u"7"_s) << "not accepted by that";
                    GoBack(hands);
                },
-               [](const FormHands& hands) { hands.Press(Qt::Key_Escape); }});
+               [](const FormRobot& hands) { hands.Press(Qt::Key_Escape); }});
 }
 
 TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
@@ -584,7 +584,7 @@ TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
         installation.AddStaff(u"00"_s + office, {{u"事業所コード"_s, office}});
     Globals().Environment.OperatingOfficeCode = u"001"_s;
     Globals().ScopeOfficeCode = u"002"_s;
-    OpenStaff({[](const FormHands& hands) {
+    OpenStaff({[](const FormRobot& hands) {
         EXPECT_EQ(hands.Codes(), (QStringList{u"00000"_s, u"00002"_s}));
         GoBack(hands);
     }});

@@ -6,7 +6,7 @@
 #include <QtTest/QTest>
 #include <memory>
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "selection/ValueWindows.h"
 #include "selection/wnd担当者複数指定.h"
 #include "support/TestServices.h"

@@ -4,7 +4,7 @@
 
 #include "data/Connections.h"
 #include "inquiry/StaffQuery.h"
-#include "platform/database/TextOrder.h"
+#include "database/collation/TextOrder.h"
 #include "selection/StaffListQuery.h"
 #include "servers/ServerFixture.h"
 
@@ -58,7 +58,7 @@ class Agreement : public OnServer {
   protected:
     Agreement() : OnServer(40) {
         for (int i = 0; i < kOddTexts.size(); ++i) AddOdd(i);
-        file.CursorLocation = platform::CursorLocation::Client;
+        file.CursorLocation = database::CursorLocation::Client;
         Globals().GeneralDatabase = {};
         Globals().GeneralDatabase.db = u"A"_s;
         Globals().GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;
@@ -81,8 +81,8 @@ class Agreement : public OnServer {
     }
 
     using Row = QStringList;
-    static QList<Row> RowsOf(platform::Connection& connection, const QString& sql) {
-        platform::Recordset rows;
+    static QList<Row> RowsOf(database::Connection& connection, const QString& sql) {
+        database::Recordset rows;
         rows.Open(sql, connection);
         QList<Row> all;
         for (; !rows.AtEOF(); rows.MoveNext()) {
@@ -114,7 +114,7 @@ class Agreement : public OnServer {
     }
     static bool SameKey(const QString& one, const QString& other, const QString& key) {
         const bool words = key == u"氏名"_s || key == u"カナ"_s;
-        return words ? platform::CompareTexts(one.toUtf8(), other.toUtf8()) == 0 : one == other;
+        return words ? database::CompareTexts(one.toUtf8(), other.toUtf8()) == 0 : one == other;
     }
     static QStringList Sorted(const QList<Row>& rows) {
         QStringList lines;
@@ -137,7 +137,7 @@ class Agreement : public OnServer {
         }
     }
 
-    platform::Connection file;
+    database::Connection file;
 };
 
 }  // namespace
@@ -257,7 +257,7 @@ TEST_F(Agreement, LookUpsInsideAScopeAreThoseOfTheServer) {
                u" AND [T閲覧].[キー項目] = '"_s +
                code + u"' ORDER BY [T閲覧].[閲覧日付] DESC, [T閲覧].[閲覧時刻] DESC"_s;
     };
-    const platform::ReadScope scope(Globals().MainConnection);
+    const database::ReadScope scope(Globals().MainConnection);
     for (int i = 0; i < 200; ++i) {
         const QString code = u"%1"_s.arg(i % 45, 5, 10, QChar(u'0'));
         EXPECT_EQ(RowsOf(Globals().MainConnection, look(code)), RowsOf(file, look(code))) << code.toStdString();

@@ -75,7 +75,7 @@ TEST_F(ByDataSource, TheStaffListsJoinedByTheSignGiveTheRowsOfTheOtherDialects) 
     Globals().Environment.OperatingOfficeCode = Globals().ScopeOfficeCode = u"001"_s;
     const auto rows = [&](int kind) {
         QStringList lines;
-        platform::Recordset record;
+        database::Recordset record;
         OpenRecordset(record, BuildStaffListQuery(kind, conditions), false);
         EXPECT_TRUE(record.IsOpen()) << LastHistory().toStdString();
         for (; record.IsOpen() && !record.AtEOF(); record.MoveNext()) {

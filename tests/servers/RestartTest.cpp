@@ -32,7 +32,7 @@ TEST_F(ServerRestart, EachSearchFailsUntilTheProgramIsStartedAnew) {
     }
     EXPECT_FALSE(OpenGeneral());
     EXPECT_TRUE(LastHistory().startsWith(u"エラー DB_OPEN ERROR-"_s)) << LastHistory().toStdString();
-    Globals().MainConnection = platform::Connection();
+    Globals().MainConnection = database::Connection();
     ASSERT_EQ(Control("start"), 0);
     EXPECT_EQ(Search(), QStringList());
     EXPECT_TRUE(OpenGeneral());

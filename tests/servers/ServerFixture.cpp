@@ -5,7 +5,7 @@
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
-#include "setup/GeneralDatabase.h"
+#include "setup/schema/GeneralDatabase.h"
 #include "setup/RunTool.h"
 
 using namespace Qt::StringLiterals;

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/ProgramGlobals.h"
-#include "inquiry/HeadForm.h"
+#include "globals/ProgramGlobals.h"
+#include "support/HeadForm.h"
 #include "support/SampleInstallation.h"
 #include "support/ServerDatabase.h"
 #include "support/TestServices.h"

@@ -1,7 +1,7 @@
 // server-init and use-server.
 
 #include "servers/ServerFixture.h"
-#include "setup/GeneralDatabase.h"
+#include "setup/schema/GeneralDatabase.h"
 #include "setup/RunTool.h"
 
 using namespace Qt::StringLiterals;

@@ -19,13 +19,13 @@ constexpr qint64 kShortest = 1'000 * kStatementSeconds;
 
 class SilentNetwork : public OnServer {
   protected:
-    SilentNetwork() { Open(Globals().MainConnection, platform::ConnectMode::Read); }
+    SilentNetwork() { Open(Globals().MainConnection, database::ConnectMode::Read); }
 
     /// As the program opens its own, but through the relay and with a statement's time-out that a test can wait for.
-    void Open(platform::Connection& connection, platform::ConnectMode mode) const {
-        connection = platform::Connection();
+    void Open(database::Connection& connection, database::ConnectMode mode) const {
+        connection = database::Connection();
         connection.CommandTimeout = kStatementSeconds;
-        connection.CursorLocation = platform::CursorLocation::Client;
+        connection.CursorLocation = database::CursorLocation::Client;
         connection.Mode = mode;
         connection.Rules = SuiteTextRules();
         connection.Open(server.ConnectionString().replace(ServerDatabase::Server(), relay.Address()));
@@ -64,8 +64,8 @@ TEST_F(SilentNetwork, EndsASearchAsAFailedReadWhenItsTimeIsOverAndTheProgramAnsw
 }
 
 TEST_F(SilentNetwork, InsideASnapshotIsWaitedForOnce) {
-    platform::Recordset rows;
-    platform::ReadScope scope(Globals().MainConnection);
+    database::Recordset rows;
+    database::ReadScope scope(Globals().MainConnection);
     ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, false));
     relay.FallSilent();
     EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '020'"_s, false));
@@ -75,23 +75,23 @@ TEST_F(SilentNetwork, InsideASnapshotIsWaitedForOnce) {
     EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '030'"_s, false));
     EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''030''"_s));
     scope.End();
-    const platform::ReadScope next(Globals().MainConnection);
+    const database::ReadScope next(Globals().MainConnection);
     Globals().MainConnection.Close();
     EXPECT_LT(timer.elapsed(), kAtOnce);
 }
 
 TEST_F(SilentNetwork, InATransactionIsAFailureAndNothingIsKept) {
-    platform::Connection connection;
-    Open(connection, platform::ConnectMode::ReadWrite);
+    database::Connection connection;
+    Open(connection, database::ConnectMode::ReadWrite);
     {
-        platform::Transaction writing(connection);
+        database::Transaction writing(connection);
         connection.Execute(u"DELETE FROM M部門"_s);
         relay.FallSilent();
         QElapsedTimer timer;
         timer.start();
-        EXPECT_THROW(connection.Execute(u"DELETE FROM M役職"_s), platform::DatabaseError);
+        EXPECT_THROW(connection.Execute(u"DELETE FROM M役職"_s), database::DatabaseError);
         EXPECT_LT(timer.elapsed(), kInTime);
-        EXPECT_THROW(writing.Commit(), platform::DatabaseError);
+        EXPECT_THROW(writing.Commit(), database::DatabaseError);
     }
     EXPECT_FALSE(server.Rows(u"SELECT * FROM M部門"_s).isEmpty());
     EXPECT_FALSE(server.Rows(u"SELECT * FROM M役職"_s).isEmpty());

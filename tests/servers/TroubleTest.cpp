@@ -10,6 +10,7 @@
 #include "access/MainConnection.h"
 #include "data/Recordsets.h"
 #include "inquiry/StaffQuery.h"
+#include "database/DatabaseError.h"
 #include "platform/EndRequest.h"
 #include "platform/RuntimeError.h"
 #include "registration/StaffStore.h"
@@ -42,8 +43,8 @@ class Trouble : public OnServer {
         }
         EXPECT_TRUE(services.dialogs.shown.isEmpty());
     }
-    void Connect(platform::Connection& connection, const QString& text) const {
-        connection.CursorLocation = platform::CursorLocation::Client;
+    void Connect(database::Connection& connection, const QString& text) const {
+        connection.CursorLocation = database::CursorLocation::Client;
         connection.Open(text);
     }
 };
@@ -51,7 +52,7 @@ class Trouble : public OnServer {
 long NumberOf(const std::function<void()>& action) {
     try {
         action();
-    } catch (const platform::DatabaseError& error) {
+    } catch (const database::DatabaseError& error) {
         return error.Number();
     }
     return 0;
@@ -80,7 +81,7 @@ TEST_F(Trouble, ARequestToEndTheProgramCancelsAStatementThatTakesHours) {
     });
     QStringList tables;
     for (int i = 1; i <= 7; ++i) tables << u"M担当者 x%1"_s.arg(i);
-    platform::Recordset rows;
+    database::Recordset rows;
     EXPECT_FALSE(OpenRecordset(rows, u"SELECT COUNT(x7.コード) AS n FROM "_s + tables.join(u", "_s), false));
     system.join();
     platform::SetEndHandler({});
@@ -111,7 +112,7 @@ TEST_F(Trouble, ASilentServerIsWaitedForAsLongAsTheConnectionsTimeOutSays) {
     ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
     const QString text = server.ConnectionString().replace(ServerDatabase::Server(),
                                                            u"127.0.0.1:"_s + QString::number(silent.serverPort()));
-    platform::Connection connection;
+    database::Connection connection;
     connection.ConnectionTimeout = 2;
     QElapsedTimer timer;
     timer.start();
@@ -122,7 +123,7 @@ TEST_F(Trouble, ASilentServerIsWaitedForAsLongAsTheConnectionsTimeOutSays) {
 }
 
 TEST_F(Trouble, AStatementIsEndedWhenItsTimeOutIsOver) {
-    platform::Connection connection;
+    database::Connection connection;
     connection.CommandTimeout = 1;
     Connect(connection, server.ConnectionString());
     QElapsedTimer timer;
@@ -130,7 +131,7 @@ TEST_F(Trouble, AStatementIsEndedWhenItsTimeOutIsOver) {
     const QString endless =
         u"SELECT COUNT(*) AS n FROM M担当者 a CROSS JOIN M担当者 b CROSS JOIN M担当者 c CROSS JOIN M担当者 d"
         u" CROSS JOIN M担当者 e WHERE a.氏名 <> b.カナ"_s;
-    platform::Recordset rows;
+    database::Recordset rows;
     EXPECT_NE(NumberOf([&] { rows.Open(endless, connection); }), 0);
     EXPECT_GE(timer.elapsed(), 900);
     EXPECT_LT(timer.elapsed(), kAtOnce);
@@ -153,23 +154,23 @@ TEST_F(Trouble, AServerStoppedInMidSessionMakesEachSearchAFailedReadAndIsNotReco
 
 TEST_F(Trouble, AServerStoppedInsideASnapshotFailsTheLookUpsThatAreStillToCome) {
     ASSERT_TRUE(OpenGeneral());
-    platform::Recordset rows;
-    platform::ReadScope scope(Globals().MainConnection);
+    database::Recordset rows;
+    database::ReadScope scope(Globals().MainConnection);
     ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, false));
     StopSessions();
     for (const QString& code : {u"020"_s, u"030"_s})
         EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '"_s + code + u'\'', false));
     EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''030''"_s));
     scope.End();
-    const platform::ReadScope next(Globals().MainConnection);
+    const database::ReadScope next(Globals().MainConnection);
     EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M役職"_s, false));
 }
 
 TEST_F(Trouble, AServerStoppedInATransactionTakesItBack) {
-    platform::Connection connection;
+    database::Connection connection;
     Connect(connection, server.ConnectionString());
     {
-        platform::Transaction writing(connection);
+        database::Transaction writing(connection);
         connection.Execute(u"DELETE FROM M部門"_s);
         StopSessions();
         EXPECT_NE(NumberOf([&] { connection.Execute(u"DELETE FROM M役職"_s); }), 0);
@@ -184,9 +185,9 @@ TEST_F(Trouble, AUserWhoMayOnlyReadSearchesAndWritesNothing) {
     Define(u"パスワード"_s, ReadingUser::Password());
     EXPECT_TRUE(OpenGeneral());
     EXPECT_FALSE(Search().isEmpty());
-    platform::Connection writer;
+    database::Connection writer;
     Connect(writer, server.ConnectionString(user.Name(), ReadingUser::Password()));
-    EXPECT_EQ(NumberOf([&] { writer.Execute(u"DELETE FROM M部門"_s); }), platform::kPermissionDenied);
+    EXPECT_EQ(NumberOf([&] { writer.Execute(u"DELETE FROM M部門"_s); }), database::kPermissionDenied);
     writer.Close();
     Globals().MainConnection.Close();
 }
@@ -203,8 +204,8 @@ TEST_F(Trouble, AUserWhoMayReadTheColumnsOfALookUpAloneIsAnsweredAllTheSameFromO
     const QList<QStringList> names = server.Rows(u"SELECT コード, 名称 FROM M部門 ORDER BY コード"_s);
     ASSERT_FALSE(names.isEmpty());
     const auto look = [](const QString& code) { return u"SELECT 名称 FROM M部門 WHERE コード = '%1'"_s.arg(code); };
-    const platform::ReadScope scope(Globals().MainConnection);
-    platform::Recordset found;
+    const database::ReadScope scope(Globals().MainConnection);
+    database::Recordset found;
     server.Run(u"UPDATE M部門 SET 名称 = '新'"_s);
     // So many that fetching all of them at once would pay.
     for (int code = 960; code < 1000; ++code) EXPECT_FALSE(OpenRecordset(found, look(QString::number(code)), false));
@@ -218,7 +219,7 @@ TEST_F(Trouble, AUserWhoMayReadTheColumnsOfALookUpAloneIsAnsweredAllTheSameFromO
 
 TEST_F(Trouble, TheGeneralConnectionOfTheProgramCannotWriteWhateverItsUserMay) {
     ASSERT_TRUE(OpenGeneral());
-    EXPECT_EQ(NumberOf([] { Globals().MainConnection.Execute(u"DELETE FROM M部門"_s); }), platform::kPermissionDenied);
+    EXPECT_EQ(NumberOf([] { Globals().MainConnection.Execute(u"DELETE FROM M部門"_s); }), database::kPermissionDenied);
 }
 
 TEST_F(Trouble, AMissingColumnFailsTheStatementsThatNameItAndIsToldByTheTool) {
@@ -256,7 +257,7 @@ TEST_F(Trouble, ABackslashInASearchIsASignWhateverTheServersSettingsSay) {
         Globals().Conditions.SearchName = piece;
         EXPECT_EQ(Search(), QStringList{u"00001"_s}) << piece.toStdString();
     }
-    platform::Recordset rows;
+    database::Recordset rows;
     EXPECT_TRUE(OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '山\\田'"_s, false));
     // With another meaning the first text would end at the third quote.
     EXPECT_FALSE(
@@ -268,7 +269,7 @@ TEST_F(Trouble, TheProcessesLocaleDoesNotTouchTheTexts) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     std::setlocale(LC_ALL, "C");
     ASSERT_TRUE(OpenGeneral());
-    platform::Recordset rows;
+    database::Recordset rows;
     EXPECT_TRUE(
         OpenRecordset(rows, u"SELECT 名称 AS 部門の名 FROM M部門 WHERE 名称 LIKE '%ぶ%' OR コード = '010'"_s, false));
     EXPECT_EQ(rows[u"部門の名"].Text(), server.Rows(u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s)[0][0]);
@@ -281,7 +282,7 @@ TEST_F(Trouble, VeryLongTextsComeWholeBesideShortOnes) {
     const QString memo = u"長い𠮷ﾒﾓ"_s.repeated(100'000);
     server.Run(u"UPDATE M担当者 SET 担当者メモ = '%1' WHERE コード = '00002'"_s.arg(memo));
     ASSERT_TRUE(OpenGeneral());
-    platform::Recordset rows;
+    database::Recordset rows;
     ASSERT_TRUE(OpenRecordset(rows, u"SELECT コード, 担当者メモ FROM M担当者 ORDER BY コード"_s, false));
     EXPECT_EQ(rows.RecordCount(), 60);
     for (int i = 1; !rows.AtEOF(); rows.MoveNext(), ++i) {

@@ -7,14 +7,14 @@
 #include <QProcess>
 
 #include "data/UserConfiguration.h"
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"
-#include "setup/InstallationRights.h"
+#include "setup/storage/InstallationRights.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
-#include "support/StandInRegistry.h"
+#include "support/FakeRegistry.h"
 #include "support/SuiteUser.h"
 #include "support/TestServices.h"
 #include "support/WithoutFileRights.h"
@@ -74,7 +74,7 @@ class SuiteSetupCheck : public testing::Test {
 
     TestServices services;
     SampleInstallation installation{{.staff = 1, .installKind = 1}};
-    StandInRegistry& registry = UseStandInRegistry();
+    FakeRegistry& registry = UseStandInRegistry();
     QByteArray kept;
 };
 

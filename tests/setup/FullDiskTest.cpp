@@ -9,13 +9,13 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/registry/FileRegistry.h"
-#include "report-host/StandardForms.h"
-#include "setup/Manual.h"
-#include "setup/MenuEntry.h"
-#include "setup/ProgramFiles.h"
+#include "report-host/template/StandardTemplates.h"
+#include "setup/sample/Manual.h"
+#include "setup/storage/MenuEntry.h"
+#include "setup/storage/ProgramFiles.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
-#include "support/FullBehind.h"
+#include "support/FileSizeLimit.h"
 #include "support/FullDiskSizes.h"
 #include "support/GivenAway.h"
 #include "support/SampleInstallation.h"
@@ -46,7 +46,7 @@ void ExpectOldFileKept(const QString& path, qint64 size, Work work) {
         WriteBytes(path, "old");
         QString failure;
         {
-            const FullBehind full(limit);
+            const FileSizeLimit full(limit);
             failure = FailureOf(work);
         }
         EXPECT_TRUE(failure.contains(path)) << "full after " << limit << ": " << failure.toStdString();
@@ -65,7 +65,7 @@ TEST(FullDiskUnderTheTool, RegistryKeepsItsValuesAndTheToolFails) {
     for (const qint64 limit : FullAfter(old.size() + 40)) {
         ToolOutput output;
         {
-            const FullBehind full(limit);
+            const FileSizeLimit full(limit);
             output = RunTool({u"registry"_s, u"set"_s, key, u"Other"_s, QString(50, u'b')});
         }
         EXPECT_EQ(output.status, 1) << "full after " << limit;

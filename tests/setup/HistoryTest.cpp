@@ -2,9 +2,9 @@
 
 #include <QDir>
 
-#include "setup/HistoryRuns.h"
+#include "setup/commands/HistoryRuns.h"
 #include "setup/RunTool.h"
-#include "setup/TextTable.h"
+#include "setup/commands/TerminalTable.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -197,7 +197,7 @@ TEST(RunSorter, RowBehindAnEndOrBeforeABeginningIsARunOfItsOwn) {
     EXPECT_EQ(Sorted(steps), Expected(steps));
 }
 
-TEST(TextTable, WidthIsWhatATerminalShows) {
+TEST(TerminalTable, WidthIsWhatATerminalShows) {
     struct {
         const char16_t* text;
         int width;
@@ -209,5 +209,5 @@ TEST(TextTable, WidthIsWhatATerminalShows) {
     }
     EXPECT_EQ(setup::PadRight(u"部門"_s, 6), u"部門  "_s);
     EXPECT_EQ(setup::PadLeft(u"番号"_s, 3), u"番号"_s);
-    EXPECT_EQ(setup::OnOneLine(u"a\r\nb\tc"_s), u"a  b c"_s);
+    EXPECT_EQ(setup::StripControlCharacters(u"a\r\nb\tc"_s), u"a  b c"_s);
 }

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "data/ServerSchema.h"
-#include "setup/ImportCommand.h"
+#include "setup/commands/ImportCommand.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
@@ -34,13 +34,13 @@ class OtherTables : public setup::ForeignTables {
 
     QStringList Tables() const override {
         QStringList names = {u"お知らせ"_s};
-        for (const TableDefinition& table : TablesOf(Store::General))
+        for (const TableDefinition& table : TablesOf(DatabaseKind::General))
             if (!without.contains(table.name)) names.append(table.name.toLower());
         return names;
     }
     QStringList Columns(const QString& table) const override {
         QStringList names;
-        for (const TableDefinition& known : TablesOf(Store::General))
+        for (const TableDefinition& known : TablesOf(DatabaseKind::General))
             if (known.name.toLower() == table)
                 for (const ColumnDefinition& column : known.columns) names.append(column.name);
         return columns.value(table, names);
@@ -73,7 +73,7 @@ class Import : public testing::Test {
     }
 
     SampleInstallation installation{{.staff = 3}};
-    platform::Connection connection;
+    database::Connection connection;
     OtherTables tables;
 };
 

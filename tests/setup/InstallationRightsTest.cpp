@@ -71,9 +71,9 @@ TEST_F(InstallationRights, JournalOfTheHistoryBelongsToTheGroupUnderANarrowUmask
     const QString file = Root() + u"/conf/usrcnfg.accdb"_s;
     const mode_t kept = ::umask(077);
     {
-        platform::Connection history;
+        database::Connection history;
         history.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
-        platform::Transaction row(history);
+        database::Transaction row(history);
         history.Execute(u"INSERT INTO プログラム稼動履歴 (実行日付) VALUES ('20261121 093015')"_s);
         const struct stat journal = StatusOf(file + u"-journal"_s);
         EXPECT_EQ(Octal(journal.st_mode), u"0660"_s);

@@ -1,4 +1,4 @@
-#include "setup/Installer.h"
+#include "setup/storage/Installer.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 
 #include "data/Catalogue.h"
-#include "setup/Manual.h"
+#include "setup/sample/Manual.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -33,10 +33,10 @@ class InstallerTest : public testing::Test {
         ASSERT_EQ(file.write(content), content.size());
     }
     /// Description of the refusal; empty when there was none.
-    QString Refusal() {
+    QString UsageError() {
         try {
             Make();
-        } catch (const setup::Refusal& refusal) {
+        } catch (const setup::UsageError& refusal) {
             return refusal.Description();
         }
         return {};
@@ -102,7 +102,7 @@ TEST_F(InstallerTest, SameSeedGivesTheSameRowsButForTheSealedPins) {
     request.folder = folder.filePath(u"other"_s);
     const QString second = Make();
     for (const TableDefinition& table : SuiteTables()) {
-        if (table.store != Store::General) continue;
+        if (table.store != DatabaseKind::General) continue;
         QStringList columns;
         for (const ColumnDefinition& column : table.columns)
             if (!column.name.endsWith(u"暗証番号"_s)) columns << column.name;
@@ -174,7 +174,7 @@ TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {
     const QString root = Make();
     const QByteArray before = Bytes(root + u"/data/gnrdb.accdb"_s);
     request.staff = 9;
-    EXPECT_EQ(Refusal(), root + u" には既にインストールがあります。作り直すときは --replace を付けてください。"_s);
+    EXPECT_EQ(UsageError(), root + u" には既にインストールがあります。作り直すときは --replace を付けてください。"_s);
     EXPECT_EQ(Bytes(root + u"/data/gnrdb.accdb"_s), before);
 }
 
@@ -200,12 +200,12 @@ TEST_F(InstallerTest, ReplaceOfALinkKeepsTheLink) {
 
 TEST_F(InstallerTest, EmptyFolderIsTakenAndAForeignOneNever) {
     ASSERT_TRUE(QDir().mkdir(request.folder));
-    EXPECT_EQ(Refusal(), QString());
+    EXPECT_EQ(UsageError(), QString());
     request.folder = folder.filePath(u"letters"_s);
     Write(u"letters/private.txt"_s, "mine");
     for (const bool replace : {false, true}) {
         request.replace = replace;
-        EXPECT_EQ(Refusal(), request.folder + u" は空のフォルダではなく、インストールでもありません。"_s);
+        EXPECT_EQ(UsageError(), request.folder + u" は空のフォルダではなく、インストールでもありません。"_s);
     }
     EXPECT_EQ(Entries(u"letters"_s), QStringList{u"private.txt"_s});
 }
@@ -213,11 +213,11 @@ TEST_F(InstallerTest, EmptyFolderIsTakenAndAForeignOneNever) {
 TEST_F(InstallerTest, RefusesAFileAndPathsThatTheProgramsCouldNotRead) {
     Write(u"file"_s, "");
     request.folder = folder.filePath(u"file"_s);
-    EXPECT_EQ(Refusal(), request.folder + u" はフォルダではありません。"_s);
+    EXPECT_EQ(UsageError(), request.folder + u" はフォルダではありません。"_s);
     request.folder = folder.filePath(u"PrgBin2/suite"_s);
-    EXPECT_EQ(Refusal(), request.folder + u" は使えません。パスに prgbin または prgsrc を含めないでください。"_s);
+    EXPECT_EQ(UsageError(), request.folder + u" は使えません。パスに prgbin または prgsrc を含めないでください。"_s);
     request.folder = folder.filePath(u"a;b"_s);
-    EXPECT_EQ(Refusal(), request.folder + u" は使えません。パスに「;」や「\"」を含めないでください。"_s);
+    EXPECT_EQ(UsageError(), request.folder + u" は使えません。パスに「;」や「\"」を含めないでください。"_s);
     EXPECT_EQ(Entries(u"."_s), QStringList{u"file"_s});
 }
 

@@ -1,6 +1,6 @@
 // Reading database files of the formats Jet 3, Jet 4 and ACE, which tests/setup/jet/write-jet-files has written.
 
-#include "setup/JetFile.h"
+#include "setup/storage/JetFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "setup/JetFormat.h"
+#include "setup/storage/JetFormat.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ TEST(JetDates, OutsideTheYears100To9999ThereIsNoDate) {
 
 namespace {
 
-QString Refusal(const QString& path) {
+QString UsageError(const QString& path) {
     try {
         setup::CheckJetFile(path);
     } catch (const platform::RuntimeError& error) {
@@ -63,20 +63,20 @@ TEST(JetFileCheck, AFileIsWholePagesOfItsVersion) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"general.mdb"_s);
     WriteSparse(path, 0, 3 * 2048);
-    EXPECT_EQ(Refusal(path), QString());
+    EXPECT_EQ(UsageError(path), QString());
     WriteSparse(path, 1, 3 * 2048);
-    EXPECT_EQ(Refusal(path), path + u" は途中で切れています。"_s);
+    EXPECT_EQ(UsageError(path), path + u" は途中で切れています。"_s);
     WriteSparse(path, 1, 3 * 4096);
-    EXPECT_EQ(Refusal(path), QString());
+    EXPECT_EQ(UsageError(path), QString());
 }
 
 TEST(JetFileCheck, AFileHasAtMostTwoGigabytes) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"general.accdb"_s);
     WriteSparse(path, 2, qint64{1} << 31);
-    EXPECT_EQ(Refusal(path), QString());
+    EXPECT_EQ(UsageError(path), QString());
     WriteSparse(path, 2, (qint64{1} << 31) + 4096);
-    EXPECT_EQ(Refusal(path), path + u" は Jet/ACE 形式の上限の 2 GB を超えています。"_s);
+    EXPECT_EQ(UsageError(path), path + u" は Jet/ACE 形式の上限の 2 GB を超えています。"_s);
 }
 
 TEST(JetFileCheck, AFileWithoutReadPermissionIsRefused) {
@@ -85,5 +85,5 @@ TEST(JetFileCheck, AFileWithoutReadPermissionIsRefused) {
     WriteSparse(path, 1, 4096);
     QFile::setPermissions(path, QFile::WriteOwner);
     const WithoutFileRights rights;
-    EXPECT_EQ(Refusal(path), path + u" を読む権限がありません。"_s);
+    EXPECT_EQ(UsageError(path), path + u" を読む権限がありません。"_s);
 }

@@ -1,6 +1,6 @@
 // What a reader process may do to the program that started it: nothing but end the import with one message.
 
-#include "setup/JetReader.h"
+#include "setup/storage/JetReader.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 
 #include "platform/RuntimeError.h"
-#include "setup/TableStream.h"
+#include "setup/storage/TableStream.h"
 #include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;

@@ -9,8 +9,8 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
-#include "report-host/OutputPlace.h"
-#include "setup/Installer.h"
+#include "report-host/template/OutputTarget.h"
+#include "setup/storage/Installer.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
@@ -127,7 +127,7 @@ TEST_F(Leftovers, OfAKilledHostAreNamedForEachFolderThatIsPrintedTo) {
         const QString place = folder.filePath(u"to"_s + report), work = place + u"/.youin-meibo-print-AbCdEf"_s;
         ASSERT_TRUE(QDir().mkpath(work));
         WriteBytes(work + u"/in-use"_s, "");
-        WriteOutputPlace(forms, report, {OutputPlace::Kind::Folder, place});
+        WriteOutputPlace(forms, report, {OutputTarget::Kind::Folder, place});
         named.append(
             u"・途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 root が次に印刷すると消えます。"_s.arg(
                 work));

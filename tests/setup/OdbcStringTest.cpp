@@ -1,8 +1,8 @@
-#include "setup/OdbcString.h"
+#include "setup/commands/OdbcString.h"
 
 #include <gtest/gtest.h>
 
-#include "setup/Installer.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 using setup::DefinitionOf;
@@ -14,7 +14,7 @@ const QString kBraced = u"{p}}{ w};"_s;
 QString RefusalOf(const QString& text) {
     try {
         DefinitionOf(text);
-    } catch (const setup::Refusal& refusal) {
+    } catch (const setup::UsageError& refusal) {
         return refusal.Description();
     }
     return u"taken"_s;

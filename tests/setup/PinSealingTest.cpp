@@ -1,4 +1,4 @@
-#include "setup/PinSealing.h"
+#include "setup/storage/PinSealing.h"
 
 #include <gtest/gtest.h>
 

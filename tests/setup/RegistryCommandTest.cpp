@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 
 #include "platform/Services.h"
-#include "setup/ReportHostInstallation.h"
+#include "setup/storage/ReportHostInstallation.h"
 #include "setup/RunTool.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"

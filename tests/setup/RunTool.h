@@ -5,7 +5,7 @@
 #include <QTextStream>
 #include <functional>
 
-#include "setup/Commands.h"
+#include "setup/commands/Commands.h"
 
 struct ToolOutput {
     int status = 0;

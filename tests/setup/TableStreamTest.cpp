@@ -1,4 +1,4 @@
-#include "setup/TableStream.h"
+#include "setup/storage/TableStream.h"
 
 #include <gtest/gtest.h>
 

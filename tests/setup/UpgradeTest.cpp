@@ -8,10 +8,10 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include "setup/InstallationRights.h"
-#include "setup/MenuEntry.h"
+#include "setup/storage/InstallationRights.h"
+#include "setup/storage/MenuEntry.h"
 #include "setup/RunTool.h"
-#include "setup/SqliteFile.h"
+#include "setup/storage/SqliteFile.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
@@ -23,15 +23,15 @@ namespace {
 const QString kUpToDate = u"このインストールは新しい版になっています。\n"_s;
 
 QStringList Rows(const QString& file, const QString& sql) {
-    const platform::SqliteDatabase database = setup::OpenSqlite(file, platform::ConnectMode::Read);
-    const platform::SqliteStatement rows = setup::PrepareSql(database.get(), sql);
+    const database::SqliteDatabase database = setup::OpenSqlite(file, database::ConnectMode::Read);
+    const database::SqliteStatement rows = setup::PrepareSql(database.get(), sql);
     QStringList texts;
     while (setup::NextRow(database.get(), rows.get())) texts.append(setup::ColumnText(rows.get(), 0));
     return texts;
 }
 
 void Alter(const QString& file, const QStringList& statements) {
-    const platform::SqliteDatabase database = setup::OpenSqlite(file, platform::ConnectMode::ReadWrite);
+    const database::SqliteDatabase database = setup::OpenSqlite(file, database::ConnectMode::ReadWrite);
     for (const QString& sql : statements) setup::RunSql(database.get(), sql);
 }
 

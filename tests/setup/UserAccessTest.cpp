@@ -1,4 +1,4 @@
-#include "setup/UserAccess.h"
+#include "setup/checks/UserAccess.h"
 
 #include <gtest/gtest.h>
 #include <pwd.h>

@@ -10,7 +10,7 @@
 #include <tuple>
 
 #include "platform/FileRights.h"
-#include "setup/Installer.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "platform/database/PostgresText.h"
+#include "database/collation/PostgresFunctions.h"
 #include "support/OdbcCalls.h"
 
 using namespace Qt::StringLiterals;
@@ -98,7 +98,7 @@ ServerDatabase::ServerDatabase() : name_(NextName()) {
     if (!IsPostgres())
         Run(u"SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,STRICT_TRANS_TABLES'"_s);
     else
-        for (const QString& function : platform::PostgresTextFunctions()) link_->Run(function);
+        for (const QString& function : database::PostgresTextFunctions()) link_->Run(function);
 }
 
 ServerDatabase::~ServerDatabase() {

@@ -9,7 +9,7 @@
 
 #include <stdexcept>
 
-#include "report-host/OutputPlace.h"
+#include "report-host/template/OutputTarget.h"
 
 using namespace Qt::StringLiterals;
 
@@ -106,7 +106,7 @@ void SuiteUser::StartProgram(const QString& startCommand) {
 void SuiteUser::AwaitList() {
     if (!QTest::qWaitFor([this] { return ListStands(); }, kPatience))
         throw std::runtime_error("the program shows no list to " + name_.toStdString());
-    WriteOutputPlace(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputPlace::Kind::Folder, PrinterFolder()});
+    WriteOutputPlace(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputTarget::Kind::Folder, PrinterFolder()});
 }
 
 void SuiteUser::Click(const QPoint& place) {

@@ -1,7 +1,9 @@
 #include "support/TestServices.h"
 
-#include "frame/ProgramGlobals.h"
+#include "globals/ProgramGlobals.h"
+#include "access/StartUp.h"
 #include "platform/RuntimeError.h"
+#include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,8 +52,9 @@ bool RecordingProcesses::CloseHandle(quint32 handle) {
 }
 
 namespace {
-platform::ServiceSet StandIns() {
+platform::ServiceSet Fakes() {
     platform::ServiceSet set;
+    InstallWindowServices(set);
     set.clock = std::make_unique<FixedClock>();
     set.dialogs = std::make_unique<QueuedDialogs>();
     set.system = std::make_unique<FixedSystem>();
@@ -60,7 +63,7 @@ platform::ServiceSet StandIns() {
 }
 }  // namespace
 
-TestServices::TestServices() : TestServices(StandIns()) {}
+TestServices::TestServices() : TestServices(Fakes()) {}
 
 TestServices::TestServices(platform::ServiceSet&& set)
     : clock(static_cast<FixedClock&>(*set.clock)),
@@ -70,6 +73,7 @@ TestServices::TestServices(platform::ServiceSet&& set)
       kept_(std::move(platform::Services())) {
     platform::Services() = std::move(set);
     ResetGlobals();
+    ConnectFormsToGlobals();
 }
 
 TestServices::~TestServices() {

@@ -6,7 +6,7 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/PlainFile.h"
-#include "platform/registry/RegistryLock.h"
+#include "platform/posix/RegistryLock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +21,7 @@ QString Below(const RegistryKey& parent, const QString& subkey) {
     return parent.path.isEmpty() ? subkey : parent.path + u'\\' + subkey;
 }
 
-long Store(const QString& path, const RegistryContent& content) {
+long DatabaseKind(const QString& path, const RegistryContent& content) {
     const QByteArray text = RegistryText(content);
     QString error;
     // Too large a file would be taken for a damaged one by the next read.
@@ -114,7 +114,7 @@ long FileRegistry::Write(const RegistryKey& key, const std::function<long(Regist
     const long changed = change(content);
     if (changed != kRegistryDone) return changed;
     const bool fresh = !QFileInfo::exists(file);
-    const long stored = Store(file, content);
+    const long stored = DatabaseKind(file, content);
     if (stored != kRegistryDone || !fresh || !forAll) return stored;
     return QFile::setPermissions(file, kReadableByAll) ? kRegistryDone : kRegistryDenied;
 }

@@ -24,7 +24,7 @@ const VerbName kVerbNames[] = {{HostVerb::Bind, u"Bind"_s},
                                {HostVerb::OpenReport, u"OpenReport"_s},
                                {HostVerb::Maximize, u"Maximize"_s},
                                {HostVerb::Quit, u"Quit"_s},
-                               {HostVerb::StepAside, u"StepAside"_s}};
+                               {HostVerb::Release, u"Release"_s}};
 
 QByteArray Line(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n'; }
 

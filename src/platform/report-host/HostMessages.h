@@ -14,7 +14,7 @@ enum class HostVerb {
     OpenReport,  ///< name and view
     Maximize,
     Quit,
-    StepAside,  ///< from a host that takes over the forms file; not answered
+    Release,  ///< from a host that takes over the forms file; not answered
 };
 
 struct HostRequest {

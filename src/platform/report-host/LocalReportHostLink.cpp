@@ -59,7 +59,7 @@ class SocketReportHost : public ReportHost {
 
 std::unique_ptr<ReportHost> LocalReportHostLink::Bind(const QString& formsFile) {
     auto host = std::make_unique<SocketReportHost>(HostSocketPath(formsFile));
-    host->Ask({HostVerb::Bind, {}, 0}, patience_);
+    host->Ask({HostVerb::Bind, {}, 0}, timeout_);
     return host;
 }
 

@@ -1,0 +1,37 @@
+#include "database/QueryCache.h"
+
+namespace database {
+namespace {
+
+constexpr quint32 kTrial = 256;        // results that every statement may leave before it has to pay
+constexpr quint32 kPayingShare = 8;    // one answer for so many remembered results pays
+constexpr qsizetype kEntryCost = 160;  // bytes around the text and the cells, roughly
+
+bool Pays(const StatementUse& use) { return use.remembered < kTrial || use.answered >= use.remembered / kPayingShare; }
+
+}  // namespace
+
+std::shared_ptr<ResultTable> QueryCache::Find(const QString& sql) {
+    const auto found = entries_.constFind(sql);
+    if (found == entries_.cend()) return nullptr;
+    ++found->use->answered;
+    return found->result;
+}
+
+void QueryCache::Keep(const QString& sql, const std::shared_ptr<ResultTable>& result,
+                      const std::shared_ptr<StatementUse>& use) {
+    if (!Pays(*use) || entries_.size() >= kMostEntries) return;
+    const qsizetype size = result->Size();
+    const qsizetype cost = size + sql.size() * static_cast<qsizetype>(sizeof(QChar)) + kEntryCost;
+    if (size > kLargestResult || bytes_ + cost > kMostBytes) return;
+    entries_.insert(sql, {result, use});
+    bytes_ += cost;
+    ++use->remembered;
+}
+
+void QueryCache::Forget() {
+    entries_ = {};
+    bytes_ = 0;
+}
+
+}  // namespace database

@@ -1,0 +1,116 @@
+#include "database/Database.h"
+#include "database/DatabaseSession.h"
+#include "database/NewRecord.h"
+#include "database/ResultTable.h"
+
+namespace database {
+namespace {
+
+[[noreturn]] void RaiseClosed() {
+    throw DatabaseError(kObjectClosed, QStringLiteral("レコードセットが開いていません。"));
+}
+
+[[noreturn]] void RaiseNoRecord() {
+    throw DatabaseError(kNoCurrentRecord, QStringLiteral("現在のレコードがありません。"));
+}
+
+}  // namespace
+
+bool Field::IsNull() const { return table_->IsNull(row_, column_); }
+
+QString Field::Text() const {
+    if (IsNull()) throw platform::RuntimeError(platform::kInvalidUseOfNull, QStringLiteral("Null の使い方が不正です。"));
+    return table_->Text(row_, column_);
+}
+
+QString Field::DeclaredType() const { return table_->Columns().DeclaredType(column_); }
+
+Recordset::Recordset() = default;
+Recordset::~Recordset() = default;
+Recordset::Recordset(Recordset&&) noexcept = default;
+Recordset& Recordset::operator=(Recordset&&) noexcept = default;
+
+void Recordset::Open(const QString& sql, Connection& connection, CursorType cursor, LockType lock) {
+    table_.reset();
+    newRecord_.reset();
+    row_ = 0;
+    forwardOnly_ = cursor == CursorType::ForwardOnly;
+    if (lock == LockType::ReadOnly) {
+        table_ = connection.Session().Query(sql);
+        return;
+    }
+    UpdatableResult result = connection.Session().QueryForUpdate(sql);
+    table_ = result.rows;
+    newRecord_ = std::make_unique<NewRecord>(connection.SharedSession(), std::move(result));
+}
+
+void Recordset::Close() {
+    if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ != nullptr && newRecord_->InWork())
+        throw DatabaseError(kNotAllowedHere, QStringLiteral("追加中のレコードがあるため、この操作はできません。"));
+    table_.reset();
+    newRecord_.reset();
+}
+
+const ResultTable& Recordset::OpenTable() const {
+    if (table_ == nullptr) RaiseClosed();
+    return *table_;
+}
+
+// Reading goes forward only, so the place before the first row exists in an empty result alone.
+bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0; }
+
+bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount(); }
+
+void Recordset::MoveNext() {
+    if (AtEOF()) RaiseNoRecord();
+    ++row_;
+    // Rows that others may still read, since the provider remembers them, stay.
+    if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
+}
+
+int Recordset::ColumnOf(QStringView name) const {
+    const int column = OpenTable().Columns().Find(name);
+    if (column < 0)
+        throw DatabaseError(platform::kItemNotFound, QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
+    return column;
+}
+
+Field Recordset::operator[](QStringView name) const { return FieldAt(ColumnOf(name)); }
+
+int Recordset::RecordCount() const { return OpenTable().RowCount(); }
+
+int Recordset::FieldCount() const { return OpenTable().Columns().Count(); }
+
+const QString& Recordset::FieldName(int column) const { return OpenTable().Columns().Name(column); }
+
+const QString& Recordset::FieldType(int column) const { return OpenTable().Columns().DeclaredType(column); }
+
+Field Recordset::FieldAt(int column) const {
+    const ResultTable& table = OpenTable();
+    if (newRecord_ != nullptr && newRecord_->Exists()) return {newRecord_->AsTable(), 0, column};
+    if (row_ >= table.RowCount()) RaiseNoRecord();
+    return {table, row_, column};
+}
+
+void Recordset::AddNew() {
+    if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ == nullptr)
+        throw DatabaseError(kNotUpdatable, QStringLiteral("このレコードセットには追加できません。"));
+    newRecord_->Begin();
+}
+
+NewRecord& Recordset::RecordInWork() const {
+    if (table_ == nullptr) RaiseClosed();
+    if (newRecord_ == nullptr || !newRecord_->InWork()) RaiseNoRecord();
+    return *newRecord_;
+}
+
+void Recordset::Write(QStringView name, const QString& value) {
+    NewRecord& record = RecordInWork();
+    record.Write(ColumnOf(name), value);
+}
+
+void Recordset::Update() { RecordInWork().DatabaseKind(); }
+
+}  // namespace database

@@ -1,0 +1,176 @@
+#include "database/odbc/LookupCache.h"
+
+#include <algorithm>
+
+#include "database/DatabaseError.h"
+#include "platform/Utf8Text.h"
+
+namespace database {
+namespace {
+
+constexpr quint64 kRowsForRun = 16;  // fetched together cost about half of a look-up on its own
+constexpr quint64 kMostRows = 500'000;
+constexpr quint64 kTriesGrowBy = 4;
+
+bool IsDigits(QByteArrayView text) {
+    return std::all_of(text.begin(), text.end(), [](char sign) { return sign >= '0' && sign <= '9'; });
+}
+
+QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
+
+// The suite's brackets, so that the server's adapter gives the name its own quotes.
+QString Bracketed(const QString& name) { return u'[' + name + u']'; }
+
+QString Literal(const QByteArray& value) {
+    return u'\'' + platform::TextFromUtf8(value).replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+bool IsTextType(const QString& type) {
+    return type.contains(QStringLiteral("TEXT")) || type.startsWith(QStringLiteral("VARCHAR"));
+}
+
+[[noreturn]] void Fail(sqlite3* database) { throw SqliteFailure(database); }
+
+void Run(sqlite3* database, const QString& sql) {
+    if (RunPlain(database, sql.toUtf8().constData()) != SQLITE_OK) Fail(database);
+}
+
+SqliteDatabase InMemory() {
+    sqlite3* raw = nullptr;
+    const int code =
+        sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+    SqliteDatabase database(raw);
+    if (code != SQLITE_OK) Fail(raw);
+    return database;
+}
+
+void InsertRows(sqlite3* database, const QString& table, const ResultTable& rows) {
+    const int columns = rows.Columns().Count();
+    const QStringList places(columns, QStringLiteral("?"));
+    const QByteArray sql = QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(Quoted(table), places.join(u',')).toUtf8();
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(database, sql.constData(), static_cast<int>(sql.size()), &raw, nullptr) != SQLITE_OK)
+        Fail(database);
+    const SqliteStatement statement(raw);
+    for (int row = 0; row < rows.RowCount(); ++row) {
+        const SqliteRun run(raw);
+        sqlite3_clear_bindings(raw);
+        for (int column = 0; column < columns; ++column) {
+            if (rows.IsNull(row, column)) continue;
+            const QByteArrayView cell = rows.Utf8(row, column);
+            sqlite3_bind_text(raw, column + 1, cell.data(), static_cast<int>(cell.size()), SQLITE_STATIC);
+        }
+        if (sqlite3_step(raw) != SQLITE_DONE) Fail(database);
+    }
+}
+
+}  // namespace
+
+void LookupCache::Forget() { lookups_.clear(); }
+
+std::shared_ptr<LookupCache::Lookup> LookupCache::Known(const ParameterisedStatement& lifted) {
+    std::shared_ptr<Lookup>& known = lookups_[lifted.Text()];
+    if (known != nullptr) return known;
+    known = std::make_shared<Lookup>();
+    known->shape = ReadLookup(lifted.Text());
+    if (known->shape && known->shape->terms.size() != lifted.LiteralCount()) known->shape.reset();
+    return known;
+}
+
+void LookupCache::Note(Lookup& lookup, const ParameterisedStatement& lifted) const {
+    const bool first = lookup.runs++ == 0;
+    for (size_t i = 0; i < lifted.LiteralCount(); ++i) {
+        const QByteArrayView value = lifted.Literal(i);
+        if (first) {
+            lookup.values.push_back(value.toByteArray());
+            lookup.varies.push_back(false);
+        } else if (lookup.values[i] != value) {
+            lookup.varies[i] = true;
+        }
+    }
+}
+
+std::shared_ptr<ResultTable> LookupCache::Find(const QString& sql, const ParameterisedStatement& lifted) {
+    if (lifted.LiteralCount() == 0 || givenUp_) return nullptr;
+    // Held here too: a fetch that fails ends the scope, and all that is known with it.
+    const std::shared_ptr<Lookup> known = Known(lifted);
+    Lookup& lookup = *known;
+    if (!lookup.shape) return nullptr;
+    if (lookup.copy == nullptr) {
+        Note(lookup, lifted);
+        if (lookup.runs >= lookup.nextTry) TryCopy(lookup);
+    }
+    if (lookup.copy == nullptr || !Covers(lookup, lifted)) return nullptr;
+    return lookup.copy->Query(sql);
+}
+
+bool LookupCache::Covers(const Lookup& lookup, const ParameterisedStatement& lifted) const {
+    for (size_t i = 0; i < lookup.values.size(); ++i) {
+        const bool covered = lookup.varies[i] ? IsDigits(lifted.Literal(i)) : lookup.values[i] == lifted.Literal(i);
+        if (!covered) return false;
+    }
+    return true;
+}
+
+void LookupCache::TryCopy(Lookup& lookup) {
+    const quint64 most = std::min(lookup.runs * kRowsForRun, kMostRows);
+    lookup.nextTry = lookup.runs * kTriesGrowBy;
+    QStringList conditions;
+    for (const LookupQuery::Term& term : lookup.shape->terms)
+        if (!lookup.varies[term.literal])
+            conditions.append(Bracketed(term.column) + u' ' + term.sign + u' ' + Literal(lookup.values[term.literal]));
+    const QString where = conditions.isEmpty() ? QString() : QStringLiteral(" WHERE ") + conditions.join(u" AND ");
+    const auto rows = FetchedOrNone(
+        QStringLiteral("SELECT TOP %1 * FROM %2").arg(most + 1).arg(Bracketed(lookup.shape->table)) + where);
+    if (rows == nullptr || static_cast<quint64>(rows->RowCount()) > most) return;
+    if (Comparable(lookup, *rows))
+        lookup.copy = Filled(lookup, *rows);
+    else
+        lookup.shape.reset();
+}
+
+std::shared_ptr<ResultTable> LookupCache::FetchedOrNone(const QString& sql) {
+    try {
+        return fetch_(sql);
+    } catch (const DatabaseError&) {
+        givenUp_ = true;
+        return nullptr;
+    }
+}
+
+// Columns whose terms the copy has to decide, or by which it puts rows in order.
+bool LookupCache::Comparable(const Lookup& lookup, const ResultTable& rows) const {
+    QStringList names = lookup.shape->order;
+    for (const LookupQuery::Term& term : lookup.shape->terms)
+        if (lookup.varies[term.literal]) names.append(term.column);
+    for (int column = 0; column < rows.Columns().Count(); ++column)
+        if (!IsTextType(rows.Columns().DeclaredType(column))) return false;
+    for (const QString& name : names) {
+        const int column = rows.Columns().Find(name);
+        if (column < 0) return false;
+        for (int row = 0; row < rows.RowCount(); ++row)
+            if (!rows.IsNull(row, column) && !IsDigits(rows.Utf8(row, column))) return false;
+    }
+    return true;
+}
+
+std::unique_ptr<SqliteSession> LookupCache::Filled(const Lookup& lookup, const ResultTable& rows) const {
+    SqliteDatabase database = InMemory();
+    QStringList columns, keys;
+    for (int column = 0; column < rows.Columns().Count(); ++column)
+        columns.append(Quoted(rows.Columns().Name(column)) + u' ' + rows.Columns().DeclaredType(column));
+    for (const LookupQuery::Term& term : lookup.shape->terms)
+        if (lookup.varies[term.literal] && term.sign == u"=") keys.append(Quoted(term.column));
+    for (const QString& column : lookup.shape->order) keys.append(Quoted(column));
+    const QString& table = lookup.shape->table;
+    Run(database.get(), QStringLiteral("CREATE TABLE %1 (%2)").arg(Quoted(table), columns.join(u',')));
+    Run(database.get(), QStringLiteral("BEGIN"));
+    InsertRows(database.get(), table, rows);
+    Run(database.get(), QStringLiteral("COMMIT"));
+    keys.removeDuplicates();
+    if (!keys.isEmpty())
+        Run(database.get(), QStringLiteral("CREATE INDEX 鍵 ON %1 (%2)").arg(Quoted(table), keys.join(u',')));
+    return std::make_unique<SqliteSession>(std::move(database), rules_);
+}
+
+}  // namespace database

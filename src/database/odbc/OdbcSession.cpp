@@ -1,0 +1,210 @@
+#include "database/odbc/OdbcSession.h"
+
+#include "database/odbc/OdbcDrivers.h"
+#include "database/ClientSort.h"
+#include "database/sql/StatementAdapter.h"
+#include "database/sql/Tokenizer.h"
+
+namespace database {
+namespace {
+
+const QString kSavepoint = QStringLiteral("suite_statement");
+
+[[noreturn]] void Refuse(const QString& text) { throw DatabaseError(kStatementFailure, text); }
+
+// PostgreSQL's bodies of functions stand between two equal words like $name$.
+qsizetype EndOfDollarQuote(const QString& sql, const TokenSpan& mark) {
+    const QStringView word = QStringView(sql).sliced(mark.begin, mark.end - mark.begin);
+    const qsizetype close = word.endsWith(u'$') && word.size() > 1 ? sql.indexOf(word, mark.end) : -1;
+    return close < 0 ? mark.end : close + word.size();
+}
+
+// The driver would run several statements at once, and ask for the value of a "?".
+void CheckSingle(const QString& sql) {
+    bool closed = false, empty = true;
+    qsizetype from = 0;
+    for (;;) {
+        const TokenSpan token = NextToken(sql, from);
+        if (token.kind == TokenKind::End) break;
+        if (token.kind == TokenKind::Invalid) Refuse(QStringLiteral("SQL 文の引用符または括弧が閉じていません。"));
+        if (token.kind == TokenKind::Parameter && sql[token.begin] == u'?')
+            Refuse(QStringLiteral("必要なパラメーターの値が指定されていません。"));
+        if (token.kind == TokenKind::Parameter && sql[token.begin] == u'$') {
+            from = EndOfDollarQuote(sql, token);
+            empty = false;
+            continue;
+        }
+        const bool semicolon = token.kind == TokenKind::Sign && sql[token.begin] == u';';
+        if (closed && !semicolon) Refuse(QStringLiteral("SQL 文は 1 つだけ指定してください。"));
+        closed = closed || (semicolon && !empty);
+        empty = empty && semicolon;
+        from = token.end;
+    }
+    if (empty) Refuse(QStringLiteral("SQL 文は 1 つだけ指定してください。"));
+}
+
+bool Selects(const QString& sql) {
+    const TokenSpan first = NextToken(sql, 0);
+    return QStringView(sql).sliced(first.begin, first.end - first.begin).compare(u"SELECT", Qt::CaseInsensitive) == 0;
+}
+
+}  // namespace
+
+std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& request) {
+    return std::make_unique<OdbcSession>(request);
+}
+
+OdbcSession::OdbcSession(const ConnectionRequest& request)
+    : rules_(request.rules),
+      connection_(OdbcConnectionText(request), request.connectionTimeout, AnswerSeconds(request)),
+      reportedName_(connection_.Information(SQL_DBMS_NAME)),
+      engine_(EngineOf(reportedName_)),
+      readOnly_(request.mode == ConnectMode::Read),
+      copies_(request.rules, [this](const QString& sql) { return Read(sql, Failure::IsNoMatter); }) {
+    StartSession(request);
+}
+
+OdbcSession::~OdbcSession() { EndReadScope(); }
+
+void OdbcSession::StartSession(const ConnectionRequest& request) {
+    const qint64 seconds = request.commandTimeout;
+    if (engine_.atStart.isEmpty()) connection_.LimitStatements(request.commandTimeout);
+    for (const QString& statement : engine_.atStart)
+        RunInOwnWords(QString(statement)
+                          .replace(QStringLiteral("%1"), QString::number(seconds * 1000))
+                          .replace(QStringLiteral("%2"), QString::number(seconds)));
+    if (readOnly_ && !engine_.readOnly.isEmpty()) RunInOwnWords(engine_.readOnly);
+}
+
+void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql); }
+
+AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
+    CheckSingle(sql);
+    // Where no statement makes the engine refuse what writes, it is not sent.
+    if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
+        throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
+    if (!engine_.adapted) return {sql, {}, -1};
+    return Adapt(sql, engine_.differences, rules_);
+}
+
+// A failed statement leaves what is around it to its owner, also where the engine would take back all of it.
+void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
+    const bool inside = transaction_ || (scope_ && failure == Failure::IsNoMatter);
+    const bool savepoint = inside && engine_.failureEndsTransaction;
+    if (savepoint) RunInOwnWords(QStringLiteral("SAVEPOINT ") + kSavepoint);
+    try {
+        work();
+    } catch (const DatabaseError&) {
+        if (engine_.failureEndsTransaction) Recover(savepoint);
+        throw;
+    }
+    if (savepoint) RunInOwnWords(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
+}
+
+// Every statement of a scope would pay for a savepoint, and a snapshot can't be had again without: a failure inside a
+// scope begins a new one, of which nothing is remembered.
+void OdbcSession::Recover(bool savepoint) noexcept {
+    try {
+        if (savepoint) return RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
+        if (!scope_) return;
+        EndReadScope();
+        BeginReadScope();
+    } catch (const DatabaseError&) {
+        // The server is gone; the next statement will say so.
+    }
+}
+
+std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failure) {
+    const AdaptedStatement adapted = InEngineWords(sql);
+    std::shared_ptr<ResultTable> rows;
+    const auto read = [&] {
+        const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+        const auto running = connection_.Cancellable(statement);
+        return ReadOdbcRows(statement, engine_.fetch);
+    };
+    Guarded([&] { rows = connection_.InTime(read); }, failure);
+    return adapted.order.isEmpty() ? rows : SortedRows(*rows, adapted.order, adapted.limit);
+}
+
+std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
+    if (!scope_) return Read(sql);
+    if (auto known = memory_.Find(sql)) return known;
+    lifted_.Lift(sql);
+    if (auto copied = copies_.Find(sql, lifted_)) return copied;
+    auto rows = Read(sql);
+    // It ends with the server.
+    if (scope_) memory_.Keep(sql, rows, UseOf(lifted_.Text()));
+    return rows;
+}
+
+// Statements that differ in their values alone count as one.
+const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
+    std::shared_ptr<StatementUse>& use = uses_[lifted];
+    if (use == nullptr) use = std::make_shared<StatementUse>();
+    return use;
+}
+
+// Inside the scope's transaction the write would be refused, or not be there for others before the scope ends.
+void OdbcSession::Execute(const QString& sql) {
+    EndReadScope();
+    const AdaptedStatement adapted = InEngineWords(sql);
+    Guarded([&] { RunInOwnWords(adapted.text); });
+}
+
+void OdbcSession::BeginTransaction() {
+    EndReadScope();
+    if (engine_.beginWriting.isEmpty())
+        SetAutomaticCommit(false);
+    else
+        RunInOwnWords(engine_.beginWriting);
+    transaction_ = true;
+}
+
+void OdbcSession::CommitTransaction() { EndTransaction(true); }
+
+void OdbcSession::RollBackTransaction() { EndTransaction(false); }
+
+void OdbcSession::EndTransaction(bool keep) {
+    transaction_ = false;
+    if (!engine_.beginWriting.isEmpty())
+        return RunInOwnWords(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
+    connection_.InTime([&] {
+        const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
+    SetAutomaticCommit(true);
+}
+
+void OdbcSession::SetAutomaticCommit(bool on) const {
+    const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+    connection_.InTime([&] {
+        const SQLRETURN result =
+            SQLSetConnectAttr(connection_.Get(), SQL_ATTR_AUTOCOMMIT, reinterpret_cast<SQLPOINTER>(value), 0);
+        if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
+    });
+}
+
+bool OdbcSession::BeginReadScope() noexcept {
+    if (scope_ || transaction_ || engine_.beginReading.isEmpty()) return false;
+    try {
+        for (const QString& statement : engine_.beginReading) RunInOwnWords(statement);
+        scope_ = true;
+    } catch (const DatabaseError&) {
+        scope_ = false;
+    }
+    return scope_;
+}
+
+void OdbcSession::EndReadScope() noexcept {
+    if (!scope_) return;
+    scope_ = false;
+    memory_.Forget();
+    copies_.Forget();
+    try {
+        RunInOwnWords(QStringLiteral("ROLLBACK"));
+    } catch (const DatabaseError&) {
+        // The scope went with the server.
+    }
+}
+
+}  // namespace database

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QHash>
+#include <functional>
+
+#include "database/DatabaseSession.h"
+#include "database/sql/ParameterisedStatement.h"
+#include "database/odbc/LookupCache.h"
+#include "database/odbc/OdbcHandle.h"
+#include "database/QueryCache.h"
+#include "database/odbc/ServerEngine.h"
+
+namespace database {
+
+/// A database on a server, reached by the driver manager. It never connects anew: once the server is gone, every
+/// statement fails.
+class OdbcSession : public DatabaseSession {
+  public:
+    /// Throws what OdbcConnectionText and the driver throw.
+    explicit OdbcSession(const ConnectionRequest& request);
+    ~OdbcSession() override;
+
+    QString EngineName() const override { return reportedName_; }
+    std::shared_ptr<ResultTable> Query(const QString& sql) override;
+    void Execute(const QString& sql) override;
+    void BeginTransaction() override;
+    void CommitTransaction() override;
+    void RollBackTransaction() override;
+    bool BeginReadScope() noexcept override;
+    void EndReadScope() noexcept override;
+
+  private:
+    /// What a failed statement means inside a scope: it fails for the caller, who has to take another snapshot, or
+    /// nobody needs it and the snapshot stays.
+    enum class Failure { IsTheCallers, IsNoMatter };
+
+    void StartSession(const ConnectionRequest& request);
+    std::shared_ptr<ResultTable> Read(const QString& sql, Failure failure = Failure::IsTheCallers);
+    AdaptedStatement InEngineWords(const QString& sql) const;
+    const std::shared_ptr<StatementUse>& UseOf(const QString& lifted);
+    void RunInOwnWords(const QString& sql) const;
+    void Guarded(const std::function<void()>& work, Failure failure = Failure::IsTheCallers);
+    void Recover(bool savepoint) noexcept;
+    void SetAutomaticCommit(bool on) const;
+    void EndTransaction(bool keep);
+
+    TextRules rules_;
+    OdbcConnection connection_;
+    QString reportedName_;
+    const ServerEngine& engine_;
+    bool readOnly_;
+    bool scope_ = false;
+    bool transaction_ = false;
+    ParameterisedStatement lifted_;
+    QHash<QString, std::shared_ptr<StatementUse>> uses_;
+    QueryCache memory_;
+    LookupCache copies_;
+};
+
+/// For every provider that is none of a desktop file.
+std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& request);
+
+}  // namespace database

@@ -1,0 +1,162 @@
+#include "database/odbc/OdbcWatchdog.h"
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "platform/EndRequest.h"
+
+namespace database {
+namespace {
+
+bool IsNetworkConnection(int descriptor) {
+    sockaddr_storage peer = {};
+    socklen_t size = sizeof peer;
+    if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0) return false;
+    return peer.ss_family == AF_INET || peer.ss_family == AF_INET6;
+}
+
+constexpr auto kBetweenPolls = std::chrono::milliseconds(200);
+constexpr auto kTimeToCancel = std::chrono::seconds(2);
+
+struct Socket {
+    int descriptor;
+    unsigned long identity;  // a descriptor's number comes again, this does not as long as the socket is there
+};
+
+std::vector<Socket> NetworkConnections() {
+    std::vector<Socket> found;
+    std::error_code unreadable;
+    std::filesystem::directory_iterator entry("/proc/self/fd", unreadable);
+    for (; !unreadable && entry != std::filesystem::directory_iterator(); entry.increment(unreadable)) {
+        const std::string name = entry->path().filename();
+        int descriptor = -1;
+        std::from_chars(name.data(), name.data() + name.size(), descriptor);
+        struct stat status = {};
+        if (IsNetworkConnection(descriptor) && ::fstat(descriptor, &status) == 0)
+            found.push_back({descriptor, status.st_ino});
+    }
+    return found;
+}
+
+}  // namespace
+
+OdbcWatchdog::OdbcWatchdog() {
+    for (const Socket& socket : NetworkConnections()) before_.insert(socket.identity);
+}
+
+OdbcWatchdog::~OdbcWatchdog() {
+    if (thread_.joinable()) {
+        {
+            const std::lock_guard lock(mutex_);
+            over_ = true;
+        }
+        changed_.notify_one();
+        thread_.join();
+    }
+    for (const int socket : sockets_) ::close(socket);
+}
+
+void OdbcWatchdog::Begin(Clock::duration patience) {
+    for (const Socket& socket : NetworkConnections()) {
+        if (before_.count(socket.identity) != 0) continue;
+        // The driver may close its own at any time, and the number may be another file's when the time is over.
+        const int own = ::fcntl(socket.descriptor, F_DUPFD_CLOEXEC, 0);
+        if (own >= 0) sockets_.push_back(own);
+    }
+    timeout_ = patience;
+    try {
+        thread_ = std::thread([this] { Watch(); });
+    } catch (const std::system_error&) {
+        // Without a thread nothing is watched.
+    }
+}
+
+bool OdbcWatchdog::Ended() const {
+    const std::lock_guard lock(mutex_);
+    return ended_;
+}
+
+// The thread that waits for the answer cannot notice the request.
+void OdbcWatchdog::FollowEndRequest(Clock::time_point now) {
+    if (turns_ == 0 || endSeen_ || !platform::EndRequested()) return;
+    endSeen_ = true;
+    deadline_ = std::min(deadline_, now + kTimeToCancel);
+    if (cancel_ != nullptr) CallCancel();
+}
+
+// Not on the watcher's thread: a cancel connects to the server, and may wait there for ever.
+void OdbcWatchdog::CallCancel() {
+    call_ = std::make_shared<CancelCall>();
+    try {
+        std::thread([call = call_, cancel = cancel_, statement = statement_] {
+            cancel(statement);
+            const std::lock_guard lock(call->mutex);
+            call->returned = true;
+            call->changed.notify_one();
+        }).detach();
+    } catch (const std::system_error&) {
+        call_.reset();
+    }
+}
+
+// A turn need not wake the watcher: one that begins while it sleeps ends no earlier than it wakes by itself.
+void OdbcWatchdog::Watch() {
+    std::unique_lock lock(mutex_);
+    while (!over_) {
+        const Clock::time_point now = Clock::now();
+        FollowEndRequest(now);
+        if (deadline_ <= now) {
+            ended_ = true;
+            for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
+            return;
+        }
+        const bool limited = timeout_ > Clock::duration::zero();
+        changed_.wait_until(
+            lock,
+            std::min(deadline_, now + (limited ? std::min<Clock::duration>(timeout_, kBetweenPolls) : kBetweenPolls)));
+    }
+}
+
+OdbcWatchdog::ScopedCall::ScopedCall(OdbcWatchdog& watch) : watch_(watch) {
+    const std::lock_guard lock(watch_.mutex_);
+    outermost_ = watch_.turns_++ == 0;
+    if (outermost_ && watch_.timeout_ > Clock::duration::zero() && !watch_.sockets_.empty())
+        watch_.deadline_ = Clock::now() + watch_.timeout_;
+}
+
+OdbcWatchdog::ScopedCall::~ScopedCall() {
+    const std::lock_guard lock(watch_.mutex_);
+    --watch_.turns_;
+    if (!outermost_) return;
+    watch_.deadline_ = Clock::time_point::max();
+    watch_.endSeen_ = false;
+}
+
+OdbcWatchdog::Cancellable::Cancellable(OdbcWatchdog& watch, Cancel cancel, void* statement) : watch_(watch) {
+    const std::lock_guard lock(watch_.mutex_);
+    watch_.cancel_ = cancel;
+    watch_.statement_ = statement;
+}
+
+OdbcWatchdog::Cancellable::~Cancellable() {
+    std::shared_ptr<CancelCall> call;
+    {
+        const std::lock_guard lock(watch_.mutex_);
+        watch_.cancel_ = nullptr;
+        call = std::exchange(watch_.call_, nullptr);
+    }
+    if (call == nullptr) return;
+    std::unique_lock lock(call->mutex);
+    call->changed.wait_for(lock, kTimeToCancel, [&] { return call->returned; });
+}
+
+}  // namespace database

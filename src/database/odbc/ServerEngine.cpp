@@ -1,0 +1,78 @@
+#include "database/odbc/ServerEngine.h"
+
+#include "database/collation/PostgresFunctions.h"
+
+namespace database {
+namespace {
+
+constexpr size_t kLongestChain = 200;  // engines differ in the depth that they allow; all take this one
+
+SqlDialect WithoutSpecialities() {
+    SqlDialect differences;
+    differences.topIsLimit = differences.bracketQuotedNames = differences.hasPlusOuterJoin = true;
+    differences.longestChain = kLongestChain;
+    return differences;
+}
+
+ServerEngine PostgreSql() {
+    ServerEngine engine;
+    engine.name = QStringLiteral("PostgreSQL");
+    engine.adapted = true;
+    engine.differences = WithoutSpecialities();
+    engine.differences.namesAreLowerCase = true;
+    engine.differences.nullsSortLast = true;
+    engine.differences.like = LikeWriting::FoldedText;
+    engine.differences.foldingFunction = PostgresFoldingFunction();
+    engine.differences.orderFunction = PostgresOrderFunction();
+    // This collation knows the case of ASCII letters alone.
+    engine.differences.caseBlindCall = QStringLiteral("lower(operand COLLATE \"C\")");
+    engine.fetch = OdbcFetch::Utf16Blocks;
+    // The suite doubles quotes and nothing else: a backslash is a sign like any other, whatever the site has set.
+    engine.atStart = {QStringLiteral("SET statement_timeout = %1"),
+                      QStringLiteral("SET standard_conforming_strings = on")};
+    engine.readOnly = QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY");
+    // The snapshot is taken by the first statement that reads.
+    engine.beginReading = {QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"),
+                           QStringLiteral("SELECT 1")};
+    engine.beginWriting = QStringLiteral("BEGIN READ WRITE");
+    engine.failureEndsTransaction = true;
+    return engine;
+}
+
+ServerEngine MariaDb(const QString& name) {
+    ServerEngine engine;
+    engine.name = name;
+    engine.adapted = true;
+    engine.differences = WithoutSpecialities();
+    engine.differences.like = LikeWriting::RegularExpression;
+    engine.differences.sortsOnClient = true;
+    // Of the texts' own bytes, no byte below 0x80 is part of a longer character, and the case pairs of this character
+    // set beyond ASCII change the first byte of a character into one that more bytes follow: so texts that differ in
+    // anything but ASCII case stay different.
+    engine.differences.caseBlindCall =
+        QStringLiteral("CAST(LOWER(CONVERT(CAST(CONVERT(operand USING utf8mb4) AS BINARY) USING latin1)) AS BINARY)");
+    engine.fetch = OdbcFetch::Utf8Blocks;
+    engine.atStart = {
+        QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"
+                       "STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION'"
+                       // Each of the two takes the other's setting for a comment.
+                       " /*M!100100 , max_statement_time = %2 */ /*!50708 , max_execution_time = %1 */")};
+    engine.readOnly = QStringLiteral("SET SESSION TRANSACTION READ ONLY");
+    engine.beginReading = {QStringLiteral("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ"),
+                           QStringLiteral("START TRANSACTION WITH CONSISTENT SNAPSHOT, READ ONLY")};
+    engine.beginWriting = QStringLiteral("START TRANSACTION READ WRITE");
+    return engine;
+}
+
+}  // namespace
+
+const ServerEngine& EngineOf(const QString& reportedName) {
+    static const QList<ServerEngine> engines = {PostgreSql(), MariaDb(QStringLiteral("MariaDB")),
+                                                MariaDb(QStringLiteral("MySQL"))};
+    static const ServerEngine asWritten;
+    for (const ServerEngine& engine : engines)
+        if (reportedName.startsWith(engine.name, Qt::CaseInsensitive)) return engine;
+    return asWritten;
+}
+
+}  // namespace database

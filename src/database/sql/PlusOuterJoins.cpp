@@ -1,0 +1,170 @@
+#include "database/sql/PlusOuterJoins.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace database {
+namespace {
+
+/// x.a(+) = y.b: table x may lack the row.
+struct SignJoin {
+    QString lacking, present;
+    NodeList condition;  // without the sign
+};
+
+struct Clause {
+    size_t from = 0, where = 0, end = 0;  // first pieces behind FROM and WHERE, and behind the conditions
+    std::vector<Node> tables;
+    std::vector<SignJoin> joins;
+    std::vector<NodeList> others;  // the conditions that join nothing
+};
+
+bool IsSignGroup(const Node& piece) {
+    return piece.group && piece.inside.size() == 1 && piece.inside.front().IsSign(u"+");
+}
+
+std::vector<NodeList> CutAt(const NodeList& level, size_t begin, size_t end, bool (*cuts)(const Node&)) {
+    std::vector<NodeList> parts(1);
+    for (size_t i = begin; i < end; ++i) {
+        if (cuts(level[i]))
+            parts.emplace_back();
+        else
+            parts.back().push_back(level[i]);
+    }
+    return parts;
+}
+
+// A qualified name, and the sign behind it where there is one.
+struct Side {
+    QString table;
+    bool sign = false;
+    size_t behind = 0;
+};
+
+std::optional<Side> SideAt(const NodeList& term, size_t at) {
+    if (at + 2 >= term.size() || !term[at].IsName() || !term[at + 1].IsSign(u".") || !term[at + 2].IsName())
+        return std::nullopt;
+    const bool sign = at + 3 < term.size() && IsSignGroup(term[at + 3]);
+    return Side{NameOf(term[at]), sign, at + 3 + (sign ? 1 : 0)};
+}
+
+std::optional<SignJoin> JoinOf(const NodeList& term) {
+    const std::optional<Side> left = SideAt(term, 0);
+    if (!left || left->behind >= term.size() || !term[left->behind].IsSign(u"=")) return std::nullopt;
+    const std::optional<Side> right = SideAt(term, left->behind + 1);
+    if (!right || right->behind != term.size() || left->sign == right->sign) return std::nullopt;
+    SignJoin join{left->sign ? left->table : right->table, left->sign ? right->table : left->table, {}};
+    for (const Node& piece : term)
+        if (!IsSignGroup(piece)) join.condition.push_back(piece);
+    return join;
+}
+
+bool ReadTables(const NodeList& level, Clause& clause) {
+    const auto comma = [](const Node& piece) { return piece.IsSign(u","); };
+    for (const NodeList& table : CutAt(level, clause.from, clause.where - 1, comma)) {
+        if (table.size() != 1 || !table.front().IsName()) return false;
+        clause.tables.push_back(table.front());
+    }
+    return true;
+}
+
+bool HasSign(const NodeList& level) { return std::any_of(level.begin(), level.end(), IsSignGroup); }
+
+bool ReadClause(const NodeList& level, Clause& clause) {
+    const auto at = [&](QStringView word, size_t begin) {
+        while (begin < level.size() && !level[begin].Is(word)) ++begin;
+        return begin + 1;
+    };
+    clause.from = at(u"FROM", 0);
+    clause.where = at(u"WHERE", clause.from);
+    if (clause.where >= level.size() || !ReadTables(level, clause)) return false;
+    clause.end = EndOfFrom(level, clause.where);
+    for (size_t i = clause.where; i < clause.end; ++i)
+        if (level[i].Is(u"OR") || level[i].Is(u"BETWEEN")) return false;
+    const auto conjunction = [](const Node& piece) { return piece.Is(u"AND"); };
+    for (NodeList& term : CutAt(level, clause.where, clause.end, conjunction)) {
+        if (std::optional<SignJoin> join = JoinOf(term))
+            clause.joins.push_back(std::move(*join));
+        else if (term.empty() || HasSign(term))
+            return false;
+        else
+            clause.others.push_back(std::move(term));
+    }
+    return !clause.joins.empty();
+}
+
+void Append(NodeList& target, const NodeList& more) { target.insert(target.end(), more.begin(), more.end()); }
+
+/// The tables in an order in which each one that may lack rows stands behind the one that it hangs on.
+class Chain {
+  public:
+    explicit Chain(const Clause& clause) : clause_(clause) {}
+
+    // None where a table hangs on several, or on none.
+    std::optional<NodeList> Build() {
+        NodeList text;
+        for (const Node& table : clause_.tables) {
+            if (Lacks(NameOf(table))) continue;
+            if (!text.empty()) return std::nullopt;
+            text.push_back(table);
+            text.front().token.before = QStringLiteral(" ");
+            placed_.append(NameOf(table));
+        }
+        while (!text.empty() && placed_.size() < static_cast<qsizetype>(clause_.tables.size()))
+            if (!PlaceNext(text)) return std::nullopt;
+        if (text.empty()) return std::nullopt;
+        return text;
+    }
+
+  private:
+    bool Lacks(const QString& table) const {
+        return std::any_of(clause_.joins.begin(), clause_.joins.end(),
+                           [&](const SignJoin& join) { return join.lacking == table; });
+    }
+
+    bool PlaceNext(NodeList& text) {
+        for (const Node& table : clause_.tables) {
+            const QString name = NameOf(table);
+            if (placed_.contains(name)) continue;
+            NodeList conditions;
+            bool ready = true;
+            for (const SignJoin& join : clause_.joins) {
+                if (join.lacking != name) continue;
+                ready = ready && placed_.contains(join.present);
+                conditions.push_back(MakeWord(conditions.empty() ? QStringLiteral("ON") : QStringLiteral("AND")));
+                Append(conditions, join.condition);
+            }
+            if (!ready || conditions.empty()) continue;
+            for (const QString& word : {QStringLiteral("LEFT"), QStringLiteral("JOIN")}) text.push_back(MakeWord(word));
+            text.push_back(table);
+            text.back().token.before = QStringLiteral(" ");
+            Append(text, conditions);
+            placed_.append(name);
+            return true;
+        }
+        return false;
+    }
+
+    const Clause& clause_;
+    QStringList placed_;
+};
+
+}  // namespace
+
+void RewriteSignJoins(NodeList& level) {
+    if (!HasSign(level)) return;
+    Clause clause;
+    if (!ReadClause(level, clause)) return;
+    std::optional<NodeList> text = Chain(clause).Build();
+    if (!text) return;
+    for (size_t i = 0; i < clause.others.size(); ++i) {
+        text->push_back(MakeWord(i == 0 ? QStringLiteral("WHERE") : QStringLiteral("AND")));
+        Append(*text, clause.others[i]);
+    }
+    const auto begin = level.begin() + static_cast<std::ptrdiff_t>(clause.from);
+    const auto place = level.erase(begin, level.begin() + static_cast<std::ptrdiff_t>(clause.end));
+    level.insert(place, std::make_move_iterator(text->begin()), std::make_move_iterator(text->end()));
+}
+
+}  // namespace database

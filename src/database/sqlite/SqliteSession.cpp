@@ -1,0 +1,202 @@
+#include "database/sqlite/SqliteSession.h"
+
+#include "database/sqlite/OpenSqlite.h"
+#include "database/sqlite/InsertTarget.h"
+#include "database/sqlite/SqliteFunctions.h"
+#include "database/sql/StatementAdapter.h"
+
+namespace database {
+namespace {
+
+// The engine counts each term of a chain as one level of a tree and allows 1,000.
+const SqlDialect kDifferences = {
+    true, true, true, 200, QString::fromLatin1(kSuiteTextCollation), QStringLiteral("NOCASE")};
+
+// A whole number in a floating-point column reads as "5" and not as "5.0".
+QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
+
+// Through the value itself, which is safe since one thread alone uses a connection, and costs a third of asking the
+// statement for text and length of each column.
+void AppendCell(ResultTable& result, sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_NULL:
+            result.AppendNull();
+            break;
+        case SQLITE_FLOAT:
+            result.AppendText(RealText(sqlite3_value_double(value)));
+            break;
+        default: {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+            result.AppendText({text, text == nullptr ? 0 : sqlite3_value_bytes(value)});
+        }
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request) {
+    return std::make_unique<SqliteSession>(request);
+}
+
+// The version is taken before the opening, so that a change in between is noticed later.
+SqliteSession::SqliteSession(const ConnectionRequest& request)
+    : request_(request),
+      path_(SqlitePath(request.dataSource)),
+      version_(FileVersionOf(path_)),
+      rules_(request.rules),
+      database_(OpenSqliteFile(request)) {
+    SetUp();
+}
+
+SqliteSession::SqliteSession(SqliteDatabase database, const TextRules& rules)
+    : rules_(rules), database_(std::move(database)) {
+    SetUp();
+}
+
+void SqliteSession::SetUp() {
+    if (!IsWithoutLocks(database_.get())) version_.reset();
+    if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
+}
+
+// The engine keeps what it has read of such a file for ever.
+void SqliteSession::ReopenChangedFile() {
+    if (!version_ || scope_ || FileVersionOf(path_) == *version_) return;
+    statements_.Clear();
+    version_ = FileVersionOf(path_);
+    database_ = OpenSqliteFile(request_);
+    SetUp();
+}
+
+SqliteSession::~SqliteSession() { EndReadScope(); }
+
+// A literal may stand where the engine takes no parameter, as the name of a table or a collation does. Then, and
+// for the wording of every failure, the statement counts as it was written.
+PreparedStatement& SqliteSession::Prepare(const QString& sql) {
+    ReopenChangedFile();
+    lifted_.Lift(sql);
+    if (lifted_.LiteralCount() > 0) {
+        try {
+            return statements_.Get(lifted_.Text(), [this] { return Compile(lifted_.Text()); });
+        } catch (const DatabaseError& error) {
+            if (error.Number() != kStatementFailure) throw;
+            lifted_.Lift({});
+        }
+    }
+    return statements_.Get(sql, [this, &sql] { return Compile(sql); });
+}
+
+PreparedStatement SqliteSession::Compile(const QString& sql) {
+    return {database_.get(), AdaptStatement(sql, kDifferences, rules_)};
+}
+
+void SqliteSession::BindLiterals(const PreparedStatement& statement) {
+    const auto count = static_cast<int>(lifted_.LiteralCount());
+    if (sqlite3_bind_parameter_count(statement.Handle()) != count)
+        throw DatabaseError(kStatementFailure, QStringLiteral("必要なパラメーターの値が指定されていません。"));
+    for (int i = 0; i < count; ++i) {
+        const QByteArrayView value = lifted_.Literal(static_cast<size_t>(i));
+        // The values stay where they are until the next statement, and the run ends before that.
+        const int code =
+            sqlite3_bind_text(statement.Handle(), i + 1, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
+        if (code != SQLITE_OK) throw SqliteFailure(database_.get());
+    }
+}
+
+// A writer that was killed meanwhile leaves a journal that a reader can't roll back.
+int SqliteSession::FirstStep(PreparedStatement& statement) {
+    int code = sqlite3_step(statement.Handle());
+    if (code == SQLITE_READONLY_ROLLBACK && !scope_) {
+        sqlite3_reset(statement.Handle());
+        if (RollBackHotJournal(path_)) code = sqlite3_step(statement.Handle());
+    }
+    return code;
+}
+
+std::shared_ptr<ResultTable> SqliteSession::ReadRows(PreparedStatement& statement) {
+    const SqliteRun run(statement.Handle());
+    int code = FirstStep(statement);
+    if (code == SQLITE_DONE) return statement.EmptyResult();
+    auto result = std::make_shared<ResultTable>(statement.Columns());
+    const int columns = result->Columns().Count();
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement.Handle())) {
+        result->BeginRow();
+        for (int column = 0; column < columns; ++column)
+            AppendCell(*result, sqlite3_column_value(statement.Handle(), column));
+    }
+    if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
+    return result;
+}
+
+std::shared_ptr<ResultTable> SqliteSession::Query(const QString& sql) {
+    if (scope_) {
+        if (auto known = memory_.Find(sql)) return known;
+    }
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    auto result = ReadRows(statement);
+    if (scope_) memory_.Keep(sql, result, statement.use);
+    return result;
+}
+
+// Inside the scope's transaction the write would not be there for others before the scope ends.
+void SqliteSession::Execute(const QString& sql) {
+    EndReadScope();
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    const SqliteRun run(statement.Handle());
+    int code = FirstStep(statement);
+    while (code == SQLITE_ROW) code = sqlite3_step(statement.Handle());
+    if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
+}
+
+// A transaction that begins by reading is refused at its first write, without any waiting, when another program has
+// written meanwhile.
+void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
+
+void SqliteSession::RollBackTransaction() {
+    if (!LeaveTransaction()) throw SqliteFailure(database_.get());
+}
+
+UpdatableResult SqliteSession::QueryForUpdate(const QString& sql) {
+    PreparedStatement& statement = Prepare(sql);
+    BindLiterals(statement);
+    auto target = std::make_shared<InsertTarget>(database_.get(), statement.Handle());
+    return {ReadRows(statement), std::move(target)};
+}
+
+void SqliteSession::Insert(RecordTarget& target, const std::vector<WrittenField>& fields) {
+    EndReadScope();
+    static_cast<InsertTarget&>(target).Insert(fields);
+}
+
+// The engine fixes its snapshot with the first read and not with BEGIN.
+bool SqliteSession::BeginReadScope() noexcept {
+    if (scope_ || sqlite3_get_autocommit(database_.get()) == 0) return false;
+    try {
+        ReopenChangedFile();
+    } catch (const DatabaseError&) {
+        return false;
+    }
+    if (RunPlain(database_.get(), "BEGIN") != SQLITE_OK) return false;
+    scope_ = RunPlain(database_.get(), "SELECT 1 FROM sqlite_schema LIMIT 1") == SQLITE_OK;
+    if (!scope_) RunPlain(database_.get(), "ROLLBACK");
+    return scope_;
+}
+
+void SqliteSession::EndReadScope() noexcept {
+    if (!scope_) return;
+    scope_ = false;
+    memory_.Forget();
+    RunPlain(database_.get(), "COMMIT");
+    LeaveTransaction();
+}
+
+// One that stayed, for want of memory to end it, would lock everybody out for as long as this program runs.
+bool SqliteSession::LeaveTransaction() noexcept {
+    constexpr int kTries = 3;
+    for (int i = 0; i < kTries && sqlite3_get_autocommit(database_.get()) == 0; ++i)
+        RunPlain(database_.get(), "ROLLBACK");
+    return sqlite3_get_autocommit(database_.get()) != 0;
+}
+
+}  // namespace database

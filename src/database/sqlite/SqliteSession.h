@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+
+#include "database/DatabaseSession.h"
+#include "database/sql/ParameterisedStatement.h"
+#include "database/sqlite/PreparedStatements.h"
+#include "database/QueryCache.h"
+#include "database/sqlite/SqliteHandle.h"
+#include "database/sqlite/WalMode.h"
+
+namespace database {
+
+/// A database file of the suite, opened by the desktop engine of this platform.
+class SqliteSession : public DatabaseSession {
+  public:
+    /// Throws what OpenSqliteFile throws.
+    explicit SqliteSession(const ConnectionRequest& request);
+    /// Over a database that the caller has opened, mostly one in memory.
+    SqliteSession(SqliteDatabase database, const TextRules& rules);
+    ~SqliteSession() override;
+
+    std::shared_ptr<ResultTable> Query(const QString& sql) override;
+    void Execute(const QString& sql) override;
+    void BeginTransaction() override;
+    void RollBackTransaction() override;
+    UpdatableResult QueryForUpdate(const QString& sql) override;
+    void Insert(RecordTarget& target, const std::vector<WrittenField>& fields) override;
+    bool BeginReadScope() noexcept override;
+    void EndReadScope() noexcept override;
+
+  private:
+    bool LeaveTransaction() noexcept;
+    void SetUp();
+    void ReopenChangedFile();
+    PreparedStatement& Prepare(const QString& sql);
+    PreparedStatement Compile(const QString& sql);
+    void BindLiterals(const PreparedStatement& statement);
+    int FirstStep(PreparedStatement& statement);
+    std::shared_ptr<ResultTable> ReadRows(PreparedStatement& statement);
+
+    ConnectionRequest request_;
+    QString path_;
+    std::optional<FileVersion> version_;  // of a file that is read without locks
+    TextRules rules_;
+    SqliteDatabase database_;
+    PreparedStatements statements_;
+    ParameterisedStatement lifted_;
+    QueryCache memory_;
+    bool scope_ = false;
+};
+
+std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request);
+
+}  // namespace database

@@ -1,0 +1,127 @@
+#include "platform/posix/ChildProcess.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSocketNotifier>
+#include <csignal>
+#include <utility>
+#include <vector>
+
+#include "platform/posix/ProcessDescriptor.h"
+#include "platform/StartHidden.h"
+
+using namespace Qt::StringLiterals;
+
+namespace platform {
+namespace {
+
+/// Texts as exec takes them: pointers that live as long as the object.
+class TextVector {
+  public:
+    void Add(QByteArray text) { texts_.append(std::move(text)); }
+    char* const* Pointers() {
+        pointers_.clear();
+        for (QByteArray& text : texts_) pointers_.push_back(text.data());
+        pointers_.push_back(nullptr);
+        return pointers_.data();
+    }
+
+  private:
+    QByteArrayList texts_;
+    std::vector<char*> pointers_;
+};
+
+TextVector Environment(bool hidden) {
+    const QByteArray mark = QByteArray(kStartHiddenVariable) + '=';
+    TextVector environment;
+    for (char** variable = environ; *variable != nullptr; ++variable)
+        if (!QByteArrayView(*variable).startsWith(mark)) environment.Add(*variable);
+    if (hidden) environment.Add(mark + '1');
+    return environment;
+}
+
+/// What the child is made with; freed with the object.
+class SpawnSettings {
+  public:
+    SpawnSettings() {
+        posix_spawnattr_init(&attributes);
+        posix_spawn_file_actions_init(&actions);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK);
+        sigset_t none;
+        sigemptyset(&none);
+        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+    }
+    ~SpawnSettings() {
+        posix_spawn_file_actions_destroy(&actions);
+        posix_spawnattr_destroy(&attributes);
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+
+    posix_spawnattr_t attributes;
+    posix_spawn_file_actions_t actions;
+};
+
+/// Without this a child that the user closes would stay in the process table until this program ends.
+void ReapWhenEnded(pid_t child) {
+    if (QCoreApplication::instance() == nullptr) return;
+    const int descriptor = ::pidfd_open(child, 0);
+    if (descriptor < 0) return;
+    WatchForEnd(descriptor, [descriptor] {
+        int code = 0;
+        HasEnded(descriptor, code);
+        ::close(descriptor);
+    });
+}
+
+}  // namespace
+
+int StartChild(const QString& program, const QStringList& arguments, bool hidden) {
+    TextVector words;
+    words.Add(QFile::encodeName(program));
+    for (const QString& argument : arguments) words.Add(argument.toLocal8Bit());
+    TextVector environment = Environment(hidden);
+    SpawnSettings settings;
+    pid_t child = 0;
+    if (::posix_spawn(&child, QFile::encodeName(program).constData(), &settings.actions, &settings.attributes,
+                      words.Pointers(), environment.Pointers()) != 0)
+        return 0;
+    ReapWhenEnded(child);
+    return child;
+}
+
+QSocketNotifier* WatchForEnd(int processDescriptor, std::function<void()> ended) {
+    if (QCoreApplication::instance() == nullptr) return nullptr;
+    auto* notifier = new QSocketNotifier(processDescriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, ended = std::move(ended)] {
+        notifier->setEnabled(false);
+        notifier->deleteLater();
+        ended();
+    });
+    return notifier;
+}
+
+bool HasEnded(int processDescriptor, int& code) {
+    siginfo_t end{};
+    const int result = ::waitid(P_PIDFD, static_cast<id_t>(processDescriptor), &end, WEXITED | WNOHANG);
+    if (result == 0) {
+        code = end.si_status;
+        return end.si_pid != 0;
+    }
+    // Not our child, or reaped before: the descriptor alone still tells.
+    pollfd look{processDescriptor, POLLIN, 0};
+    return ::poll(&look, 1, 0) == 1;
+}
+
+}  // namespace platform

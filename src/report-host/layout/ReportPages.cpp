@@ -1,0 +1,96 @@
+#include "report-host/layout/ReportPages.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "report-host/template/TemplateCheck.h"
+
+namespace report {
+
+namespace {
+
+/// Puts the painter's state back at the end of a block.
+class PainterState {
+  public:
+    explicit PainterState(QPainter& painter) : painter_(painter) { painter_.save(); }
+    ~PainterState() { painter_.restore(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+
+  private:
+    QPainter& painter_;
+};
+
+}  // namespace
+
+QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot) {
+    if (!form.grid) return {{form.margins.left(), form.margins.top() + form.head.height + slot * form.detail.height}};
+    const CellGrid& grid = *form.grid;
+    QList<QPointF> cells;
+    for (int i = 0; i < grid.CellsPerRow(); ++i) {
+        const int cell = slot * grid.CellsPerRow() + i;
+        const int across = cell % grid.across, down = cell / grid.across;
+        cells.append(grid.first + QPointF(across * grid.pitchX, down * grid.pitchY));
+    }
+    return cells;
+}
+
+ReportPages::ReportPages(FormDefinition form, QStringList columns, ReportRowStore rows, QString today)
+    : form_(std::move(form)), rows_(std::move(rows)), today_(std::move(today)), rowsPerPage_(RowsPerPage(form_)) {
+    for (int i = 0; i < columns.size(); ++i) columns_.insert(columns[i], i);
+}
+
+int ReportPages::PageCount() const { return (rows_.Count() + rowsPerPage_ - 1) / rowsPerPage_; }
+
+void ReportPages::PaintPage(QPainter& painter, int page) {
+    const PainterState whole(painter);
+    painter.translate(form_.offset);
+    page_ = page;
+    const int first = page * rowsPerPage_, last = std::min(first + rowsPerPage_, rows_.Count());
+    QStringList heading;
+    for (row_ = first; row_ < last; ++row_) {
+        const QStringList values = rows_.Row(row_);
+        if (row_ == first) heading = values;
+        PaintRow(painter, row_, row_ - first, values);
+    }
+    row_ = first;
+    PaintSection(painter, form_.head, form_.margins.top(), heading);
+    PaintSection(painter, form_.foot, form_.page.height() - form_.margins.bottom() - form_.foot.height, heading);
+}
+
+void ReportPages::PaintRow(QPainter& painter, int row, int slot, const QStringList& values) {
+    const QList<QPointF> cells = CellsOfSlot(form_, slot);
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        const PainterState moved(painter);
+        painter.translate(cells[i]);
+        if (form_.stripe.isValid() && row % 2 == 1)
+            painter.fillRect(QRectF(0, 0, form_.grid ? form_.grid->pitchX : InnerWidth(form_), form_.detail.height),
+                             form_.stripe);
+        const QString prefix = form_.grid ? form_.grid->prefixes.value(i) : QString();
+        elements_.Paint(painter, form_.detail.elements, FieldsOf(values, prefix));
+    }
+}
+
+void ReportPages::PaintSection(QPainter& painter, const FormSection& section, double top, const QStringList& row) {
+    const PainterState moved(painter);
+    painter.translate(form_.margins.left(), top);
+    elements_.Paint(painter, section.elements, FieldsOf(row, QString()));
+}
+
+QString ReportPages::Running(const QString& name) const {
+    if (name == u"頁") return QString::number(page_ + 1);
+    if (name == u"総頁") return QString::number(PageCount());
+    if (name == u"件数") return QString::number(rows_.Count());
+    if (name == u"番号") return QString::number(row_ + 1);
+    return name == u"改行" ? QString(u'\n') : today_;
+}
+
+FieldText ReportPages::FieldsOf(const QStringList& values, const QString& prefix) const {
+    return [this, &values, prefix](const QString& name) {
+        auto column = columns_.constFind(prefix + name);
+        if (column == columns_.constEnd() && !prefix.isEmpty()) column = columns_.constFind(name);
+        return column == columns_.constEnd() ? Running(name) : values.value(*column);
+    };
+}
+
+}  // namespace report

@@ -1,0 +1,70 @@
+#include "report-host/layout/ReportRowStore.h"
+
+#include "report-host/layout/SqliteQuery.h"
+
+using namespace Qt::StringLiterals;
+
+namespace report {
+
+namespace {
+
+QString ListOf(const QStringList& names) {
+    QStringList quoted;
+    for (const QString& name : names) quoted.append(QuotedName(name));
+    return quoted.join(u", "_s);
+}
+
+database::SqliteDatabase OpenPrivateFile() {
+    sqlite3* raw = nullptr;
+    // An empty name is a file that the engine makes for itself and deletes at the end.
+    const int code = sqlite3_open_v2("", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    database::SqliteDatabase database(raw);
+    if (code != SQLITE_OK) throw database::SqliteFailure(raw);
+    database::RunPlain(raw, "PRAGMA journal_mode=OFF");
+    database::RunPlain(raw, "PRAGMA synchronous=OFF");
+    database::RunPlain(raw, "PRAGMA cache_size=-256");  // KiB: rows are read once, one after the other
+    return database;
+}
+
+}  // namespace
+
+ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns, const QStringList& order)
+    : spool_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
+    QStringList named{u"c0"_s};  // one column at least, so that the rows of a form that shows none can be counted
+    for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));
+    EachRow(spool_.get(), PrepareStatement(spool_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(),
+            [] {});
+    Copy(source, u"SELECT "_s + (columns.isEmpty() ? u"NULL"_s : ListOf(columns)) + u" FROM "_s + QuotedName(table) +
+                     (order.isEmpty() ? QString() : u" ORDER BY "_s + ListOf(order)));
+    read_ = PrepareStatement(spool_.get(), u"SELECT * FROM spool WHERE rowid = ?"_s);
+}
+
+void ReportRowStore::Copy(sqlite3* source, const QString& select) {
+    const database::SqliteStatement from = PrepareStatement(source, select);
+    const int width = sqlite3_column_count(from.get());
+    const QString places = QStringList(width, u"?"_s).join(u", "_s);
+    const database::SqliteStatement to =
+        PrepareStatement(spool_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
+    database::RunPlain(spool_.get(), "BEGIN");
+    EachRow(source, from.get(), [&] {
+        for (int i = 0; i < width; ++i)
+            if (sqlite3_bind_value(to.get(), i + 1, sqlite3_column_value(from.get(), i)) != SQLITE_OK)
+                throw database::SqliteFailure(spool_.get());
+        EachRow(spool_.get(), to.get(), [] {});
+        sqlite3_reset(to.get());
+        ++count_;
+    });
+    if (database::RunPlain(spool_.get(), "COMMIT") != SQLITE_OK) throw database::SqliteFailure(spool_.get());
+}
+
+QStringList ReportRowStore::Row(int row) {
+    const database::SqliteRun run(read_.get());
+    sqlite3_bind_int(read_.get(), 1, row + 1);
+    if (sqlite3_step(read_.get()) != SQLITE_ROW) throw database::SqliteFailure(spool_.get());
+    QStringList values;
+    values.reserve(width_);
+    for (int i = 0; i < width_; ++i) values.append(TextOf(read_.get(), i));
+    return values;
+}
+
+}  // namespace report

@@ -1,0 +1,29 @@
+#include "report-host/preview/RenderEvents.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
+
+#include "platform/InputEvent.h"
+#include "platform/TerminationSignal.h"
+
+namespace {
+
+class InputDrop : public QObject {
+  public:
+    // Not every event loop leaves the sockets out when it is asked to; their data is still there afterwards.
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        return platform::IsInput(event->type()) || event->type() == QEvent::SockAct;
+    }
+};
+
+}  // namespace
+
+void ProcessRenderEvents() {
+    QCoreApplication* application = QCoreApplication::instance();
+    if (application == nullptr || application->thread() != QThread::currentThread()) return;
+    platform::ServeTerminationRequest();
+    InputDrop drop;
+    application->installEventFilter(&drop);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers);
+}

@@ -1,0 +1,65 @@
+#include "report-host/service/ReportOutput.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSizeF>
+
+#include "platform/FileRights.h"
+#include "platform/ScratchFolder.h"
+#include "platform/Services.h"
+#include "report-host/template/OutputTarget.h"
+#include "report-host/layout/PreparedReport.h"
+#include "report-host/service/PrintQueue.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A name that says what and when, and that no file has yet.
+QString FreeName(const QDir& folder, const QString& report) {
+    const QString stamp = platform::Services().clock->Now().toString(u"yyyyMMdd-hhmmss"_s);
+    for (int number = 1;; ++number) {
+        const QString ending = number == 1 ? QString() : u"-%1"_s.arg(number);
+        const QString name = folder.filePath(report + u'-' + stamp + ending + u".pdf"_s);
+        if (!QFileInfo::exists(name)) return name;
+    }
+}
+
+void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
+    if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
+    platform::RemoveScratchLeftovers(folder, kPrintFolderPrefix);
+    // A program that watches the folder must never take half a file, and several users may print into it at the same
+    // moment.
+    const platform::ScratchFolder own(folder, kPrintFolderPrefix);
+    if (!own.IsValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
+    const QString growing = own.FilePath(u"report.pdf"_s);
+    WritePdf(report, growing);
+    if (!platform::ShareWithFolder(growing, folder))
+        throw ReportFailure(u"「%1」に置くファイルの権限を設定できません。"_s.arg(folder));
+    for (;;) {
+        const QString target = FreeName(QDir(folder), name);
+        if (QFile::rename(growing, target)) return;
+        // Somebody else may have taken the name meanwhile.
+        if (!QFileInfo::exists(target)) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
+    }
+}
+
+void Print(PreparedReport& report, const QString& name, const QString& printer) {
+    platform::RemoveScratchLeftovers(QDir::tempPath(), kPrintFolderPrefix);
+    const platform::ScratchFolder folder(QDir::tempPath(), kPrintFolderPrefix);
+    const QString pdf = folder.FilePath(u"report.pdf"_s);
+    if (!folder.IsValid()) throw ReportFailure(u"作業用のフォルダを作成できません。"_s);
+    WritePdf(report, pdf);
+    HandToPrinter(pdf, printer, name, report.PageMillimetres());
+}
+
+}  // namespace
+
+void PrintReport(PreparedReport& report, const QString& name, const QString& formsFile) {
+    const OutputTarget place = ReadOutputPlace(formsFile, name);
+    if (place.kind == OutputTarget::Kind::Folder)
+        LeaveInFolder(report, name, place.name);
+    else
+        Print(report, name, place.name);
+}

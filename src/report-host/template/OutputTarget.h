@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// Where the printed pages of a report go: to a printer, or as a PDF into a folder.
+struct OutputTarget {
+    enum class Kind { DefaultPrinter, Printer, Folder };
+    Kind kind = Kind::DefaultPrinter;
+    QString name;  ///< the printer's name, or the folder's path
+};
+
+// The places lie in the table 出力先 of the forms file: one row for a report, and one with an empty report's name for
+// all that have none. Without a row, or without the table, it is the default printer.
+
+/// The place of a report. Throws ReportFailure when the forms file can't be read or names an unknown kind.
+OutputTarget ReadOutputPlace(const QString& formsFile, const QString& report);
+/// An empty `report` means all that have no place of their own; the default printer takes the row away. Throws
+/// database::DatabaseError.
+void WriteOutputPlace(const QString& formsFile, const QString& report, const OutputTarget& place);

@@ -1,0 +1,53 @@
+#include "screen/DoubleClickGuard.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QStyleHints>
+
+namespace {
+
+class DoubleClickGuard : public QObject {
+  public:
+    void Await(const QMouseEvent& click) {
+        until_ = click.timestamp() + static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+        place_ = click.globalPosition();
+        button_ = click.button();
+        swallowing_ = false;
+        qApp->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        const QEvent::Type type = event->type();
+        if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick)
+            return Pressed(static_cast<QMouseEvent&>(*event));
+        if (type == QEvent::MouseMove) return swallowing_;
+        if (type != QEvent::MouseButtonRelease || !swallowing_) return false;
+        qApp->removeEventFilter(this);
+        return true;
+    }
+
+  private:
+    /// The window sees a press first and its widget afterwards. What the window does not get, no widget sees.
+    bool Pressed(const QMouseEvent& press) {
+        const int reach = QGuiApplication::styleHints()->mouseDoubleClickDistance();
+        const QPointF way = press.globalPosition() - place_;
+        const bool second = press.button() == button_ && press.timestamp() <= until_ && qAbs(way.x()) <= reach &&
+                            qAbs(way.y()) <= reach;
+        if (!second) qApp->removeEventFilter(this);
+        swallowing_ = second;
+        return second;
+    }
+
+    quint64 until_ = 0;
+    QPointF place_;
+    Qt::MouseButton button_ = Qt::NoButton;
+    bool swallowing_ = false;
+};
+
+}  // namespace
+
+SecondPressGuard::~SecondPressGuard() {
+    static DoubleClickGuard second;
+    if (window_ == nullptr || !window_->isVisible()) second.Await(click_);
+}

@@ -1,0 +1,118 @@
+#include "screen/LabelItem.h"
+
+#include <QAccessible>
+#include <QMouseEvent>
+#include <QPainter>
+#include <utility>
+
+namespace {
+
+constexpr int kPadding = 3;
+
+}  // namespace
+
+LabelItem::LabelItem(Form& form, QWidget& parent, QString typeName, QString name, int index)
+    : QWidget(&parent),
+      Control(form, *this, std::move(typeName), std::move(name), index),
+      fore_(palette().color(QPalette::WindowText)),
+      back_(palette().color(QPalette::Window)) {
+    InstallSpokenTextAccess();
+    setAttribute(Qt::WA_OpaquePaintEvent);  // nothing behind has to be painted first
+}
+
+void LabelItem::setAlignment(Qt::Alignment alignment) {
+    alignment_ = alignment;
+    update();
+}
+
+void LabelItem::SetEdge(Edge edge) {
+    edge_ = edge;
+    update();
+}
+
+void LabelItem::SetWrapped(bool wrapped) {
+    wrapped_ = wrapped;
+    update();
+}
+
+void LabelItem::Show(const QString& text) {
+    if (text_ == text) return;
+    text_ = text;
+    update();
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent event(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void LabelItem::SetForeColor(const QColor& color) {
+    if (fore_ == color) return;
+    fore_ = color;
+    update();
+}
+
+void LabelItem::SetBackColor(const QColor& color) {
+    if (back_ == color) return;
+    back_ = color;
+    update();
+}
+
+void LabelItem::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), back_);
+    PaintEdge(painter);
+    if (text_.isEmpty()) return;
+    painter.setPen(isEnabled() ? fore_ : palette().color(QPalette::Disabled, QPalette::WindowText));
+    const QRect area = rect().adjusted(kPadding, 1, -kPadding, -1);
+    if (wrapped_) {
+        painter.drawText(area, static_cast<int>(Qt::AlignLeft | Qt::AlignTop) | Qt::TextWrapAnywhere, text_);
+    } else {
+        PaintLine(painter, area);
+    }
+}
+
+void LabelItem::PaintEdge(QPainter& painter) const {
+    const QPalette& colors = palette();
+    const int right = width() - 1;
+    const int bottom = height() - 1;
+    if (edge_ == Edge::Line || edge_ == Edge::Sunken) {
+        painter.setPen(colors.color(edge_ == Edge::Line ? QPalette::Mid : QPalette::Midlight));
+        painter.drawRect(0, 0, right, bottom);
+    } else if (edge_ == Edge::Raised) {
+        painter.setPen(colors.color(QPalette::Light));
+        painter.drawLine(0, 0, right, 0);
+        painter.drawLine(0, 0, 0, bottom);
+        painter.setPen(colors.color(QPalette::Dark));
+        painter.drawLine(0, bottom, right, bottom);
+        painter.drawLine(right, 0, right, bottom);
+    }
+}
+
+void LabelItem::PaintLine(QPainter& painter, const QRect& area) const {
+    const QFontMetrics metrics = painter.fontMetrics();
+    // Measuring a text costs as much as drawing it, and most are far too short to reach the edge.
+    const bool fits = text_.size() * metrics.maxWidth() <= area.width();
+    const QString line = fits ? text_ : metrics.elidedText(text_, Qt::ElideRight, area.width());
+    int x = area.left();
+    if (!(alignment_ & Qt::AlignLeft)) {
+        const int free = area.width() - metrics.horizontalAdvance(line);
+        x += alignment_ & Qt::AlignRight ? free : free / 2;
+    }
+    const int free = alignment_ & Qt::AlignTop ? 0 : area.height() - metrics.height();
+    painter.drawText(QPoint(x, area.top() + free / 2 + metrics.ascent()), line);
+}
+
+void LabelItem::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    if (event->button() == Qt::LeftButton) pressed_ = true;
+}
+
+void LabelItem::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
+    if (rect().contains(event->position().toPoint())) RaiseByUser(Click);
+}
+
+void LabelItem::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
+    if (event->button() == Qt::LeftButton) RaiseByUser(DblClick);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QClipboard>
+#include <QLineEdit>
+
+#include "screen/Control.h"
+
+class QMenu;
+
+/// What the items that are typed into have in common: every way in (keys, input method, clipboard, dropped text)
+/// ends in Insert, the text is selected when the focus arrives, Enter moves on, clicks raise Click and DblClick, the
+/// context menu is Japanese.
+class LineEditItem : public QLineEdit, public Control {
+  public:
+    LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
+
+    QString Caption() const override { return accessibleDescription(); }
+    void SetCaption(const QString& caption) override { setAccessibleDescription(caption); }
+    QColor ForeColor() const override;
+    void SetForeColor(const QColor& color) override;
+    QColor BackColor() const override;
+    void SetBackColor(const QColor& color) override;
+
+    void FocusGiven(bool byPress) override;
+    bool EnterMovesOn() const override { return true; }
+
+  protected:
+    virtual void AddToMenu(QMenu& /*menu*/) {}
+    /// Text that the user brings in at the cursor, in place of the selection. `composed` is what was typed, by keys
+    /// or an input method, in contrast to what was pasted or dropped.
+    virtual void Insert(const QString& text, bool composed) = 0;
+
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void Paste(QClipboard::Mode mode);
+    void SetColor(QPalette::ColorRole role, const QColor& color);
+
+    bool pressed_ = false;
+    bool arrivedByPress_ = false;  // the press that is going on has brought the focus
+};

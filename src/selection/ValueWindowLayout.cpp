@@ -1,0 +1,82 @@
+#include "selection/ValueWindowLayout.h"
+
+#include "screen/Button.h"
+#include "screen/CheckItem.h"
+#include "screen/fonts/Fonts.h"
+#include "screen/Form.h"
+#include "screen/InputItem.h"
+#include "screen/Panel.h"
+#include "selection/ValueWindowDefinitions.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Pixels.
+constexpr int kMargin = 12;
+constexpr int kTitleHeight = 32;
+constexpr int kLine = 28;    // from one row to the next
+constexpr int kHeight = 26;  // of a row
+constexpr int kNumberWidth = 56;
+constexpr int kItemLeft = kMargin + kNumberWidth + 2;
+constexpr int kHeadTop = kMargin + kTitleHeight + 8;
+constexpr int kRowsTop = kHeadTop + kLine;
+constexpr int kCommandTop = kRowsTop + kValueRows * kLine + 8;
+constexpr int kCommandHeight = 46;
+constexpr int kButtonWidth = 104;
+constexpr int kButtonHeight = 32;
+
+void MakePanel(Form& form, const QString& name, int index, const QString& caption, SuiteFace face, const QRect& place) {
+    auto* panel = new Panel(form, form, name, index, caption);
+    panel->setFont(SuiteFont(face, 12));
+    panel->setGeometry(place);
+}
+
+void BuildRow(Form& form, const ValueWindowDefinition& definition, int row) {
+    ItemDesign design;
+    design.maxLength = 30;
+    design.imeMode = definition.ime;
+    design.classes = definition.classes;
+    const int top = kRowsTop + row * kLine;
+    MakePanel(form, u"Lab_行No"_s, row, QString::number(row + 1), SuiteFace::PMincho,
+              {kMargin, top, kNumberWidth, kHeight});
+    auto* item = new InputItem(form, form, u"xField"_s, definition.item, row, design);
+    item->setFont(SuiteFont(SuiteFace::PMincho, 12));
+    item->SetCaption(QString::number(row + 1));  // told by screen readers: all rows have one name
+    item->setGeometry(kItemLeft, top, definition.itemWidth, kHeight);
+}
+
+void MakeButton(Form& form, QWidget& panel, int left, const QString& name, const QString& caption) {
+    auto* button = new Button(form, panel, name, caption);
+    button->setFont(SuiteFont(SuiteFace::PGothic, 12));
+    button->setGeometry(left, (kCommandHeight - kButtonHeight) / 2, kButtonWidth, kButtonHeight);
+}
+
+void BuildCommands(Form& form, int width) {
+    auto* panel = new Panel(form, form, u"bak_操作"_s, -1, QString());
+    panel->setGeometry(kMargin, kCommandTop, width, kCommandHeight);
+    auto* narrowing = new CheckItem(form, *panel, u"chb_絞込み"_s, -1, u"絞込み"_s);
+    narrowing->setFont(SuiteFont(SuiteFace::PGothic, 12));
+    narrowing->setGeometry(10, 8, 84, kCommandHeight - 16);
+    const int right = width - kButtonWidth - 8;
+    MakeButton(form, *panel, right - kButtonWidth - 8, u"btn_画面クリア"_s, u"条件ｸﾘｱ"_s);
+    MakeButton(form, *panel, right, u"btn_戻る"_s, u"戻る"_s);
+}
+
+}  // namespace
+
+void BuildValueWindow(Form& form, const ValueWindowDefinition& definition) {
+    form.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    form.setWindowTitle(definition.Title());
+    QPalette colors = form.palette();
+    colors.setColor(QPalette::Window, kCaptionColor);
+    form.setPalette(colors);
+    const int width = kNumberWidth + 2 + definition.itemWidth;
+    MakePanel(form, u"itm_ttl"_s, -1, definition.Title(), SuiteFace::PGothic, {kMargin, kMargin, width, kTitleHeight});
+    MakePanel(form, u"itm_ttl_行No"_s, -1, u"行No"_s, SuiteFace::PMincho, {kMargin, kHeadTop, kNumberWidth, kHeight});
+    MakePanel(form, u"itm_ttl_"_s + definition.item, -1, definition.item, SuiteFace::PMincho,
+              {kItemLeft, kHeadTop, definition.itemWidth, kHeight});
+    for (int row = 0; row < kValueRows; ++row) BuildRow(form, definition, row);
+    BuildCommands(form, width);
+    form.setFixedSize(width + 2 * kMargin, kCommandTop + kCommandHeight + kMargin);
+}

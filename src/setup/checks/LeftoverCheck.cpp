@@ -1,0 +1,67 @@
+#include "setup/checks/LeftoverCheck.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "platform/FileRights.h"
+#include "platform/ScratchFolder.h"
+#include "report-host/template/TemplateFile.h"
+#include "report-host/template/OutputTarget.h"
+#include "report-host/layout/PreparedReport.h"
+#include "report-host/service/ReportOutput.h"
+#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+QStringList FaultsIn(const QString& folder, const QString& prefix, const QString& known) {
+    QStringList faults;
+    for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(folder, prefix))
+        faults.append(leftover.known
+                          ? known.arg(leftover.path, platform::UserName(leftover.owner))
+                          : u"途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
+                                leftover.path));
+    return faults;
+}
+
+/// The folders that the reports of a forms file go to. A file that can't be read is reported by other checks.
+QStringList OutputFolders(const QString& formsFile) {
+    QStringList folders;
+    try {
+        for (const QString& report : QStringList{QString()} + report::FormsFile(formsFile).Names())
+            if (const OutputTarget place = ReadOutputPlace(formsFile, report); place.kind == OutputTarget::Kind::Folder)
+                folders.append(place.name);
+    } catch (const platform::RuntimeError&) {
+        return folders;
+    } catch (const ReportFailure&) {
+        return folders;
+    }
+    return folders;
+}
+
+QStringList FoldersOfTheHost(const QString& root) {
+    QStringList files = FormsFilesIn(CommonPlaces(root).report), folders{QDir::tempPath()};
+    for (const FilePlaces& places : AllPrivatePlaces(root)) files += FormsFilesIn(places.report);
+    for (const QString& file : files) folders += OutputFolders(file);
+    folders.removeDuplicates();
+    return folders;
+}
+
+}  // namespace
+
+QStringList LeftoverFaults(const QString& root) {
+    QStringList faults = FaultsIn(
+        QFileInfo(QFileInfo(root).canonicalFilePath()).path(), kWorkFolderPrefix,
+        u"途中で終わった suite-setup init のフォルダ %1 が残っています。利用者 %2 が次に init を実行すると消えます。"_s);
+    for (const QString& folder : FoldersOfTheHost(root))
+        faults +=
+            FaultsIn(folder, kPrintFolderPrefix,
+                     u"途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 %2 が次に印刷すると消えます。"_s);
+    return faults;
+}
+
+}  // namespace setup

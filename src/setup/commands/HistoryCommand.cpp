@@ -1,0 +1,85 @@
+#include "setup/commands/HistoryCommand.h"
+
+#include <limits>
+
+#include "setup/commands/HistorySource.h"
+#include "setup/storage/Installer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+const QString kFollow = u"--follow"_s, kRun = u"--run"_s, kUser = u"--user"_s;
+
+/// The history of all sources as far as it has been read, and what of it has been printed.
+class HistoryView {
+  public:
+    HistoryView(QList<HistorySource> sources, QString user, QTextStream& out)
+        : sources_(std::move(sources)), user_(std::move(user)), out_(out) {}
+
+    /// Runs from the `number`-th newest, or all for 0.
+    void PrintRuns(int number) {
+        Read([](int, const HistoryRow&) {});
+        const QList<int> order = runs_.ByTime();
+        if (order.isEmpty()) out_ << u"履歴はまだありません。\n"_s;
+        if (number > order.size() && number > 1) throw UsageError(u"実行は %1 件しかありません。"_s.arg(order.size()));
+        for (qsizetype i = 0; i < order.size(); ++i) {
+            const int fromNewest = static_cast<int>(order.size() - i);
+            if (number == 0 || number == fromNewest) PrintRun(order[i], fromNewest);
+        }
+        out_.flush();
+    }
+
+    void PrintNewRows() {
+        Read([this](int run, const HistoryRow& row) {
+            if (run != lastPrinted_) {
+                StartBlock(run);
+                out_ << RunTitle(BeginsRun(row) ? u"新しい実行"_s : u"続き"_s, runs_.Runs()[run].rows.first()) << u'\n'
+                     << RowHeading() << u'\n';
+            }
+            out_ << RowLine(row) << u'\n';
+        });
+        out_.flush();
+    }
+
+  private:
+    template <typename Visitor>
+    void Read(Visitor visit) {
+        for (HistorySource& source : sources_)
+            for (const HistoryRow& row : source.NewRows())
+                if (user_.isEmpty() || row.user == user_) visit(runs_.Add(row), row);
+    }
+
+    void StartBlock(int run) {
+        if (lastPrinted_ >= 0) out_ << u'\n';
+        lastPrinted_ = run;
+    }
+
+    void PrintRun(int run, int number) {
+        StartBlock(run);
+        for (const QString& line : RunLines(runs_.Runs()[run], number)) out_ << line << u'\n';
+    }
+
+    QList<HistorySource> sources_;
+    QString user_;
+    QTextStream& out_;
+    RunSorter runs_;
+    int lastPrinted_ = -1;
+};
+
+}  // namespace
+
+QList<OptionRule> HistoryOptions() { return {{kFollow, false}, {kRun, true}, {kUser, true}}; }
+
+void ShowHistory(const Arguments& arguments, const Console& console) {
+    const auto run = static_cast<int>(arguments.Number(kRun, 0, 1, std::numeric_limits<int>::max()));
+    const QString user = arguments.options.value(kUser);
+    HistoryView view(HistorySources(arguments.installation, user), user, console.out);
+    view.PrintRuns(run);
+    if (!arguments.Has(kFollow)) return;
+    while (console.waitForMore()) view.PrintNewRows();
+}
+
+}  // namespace setup

@@ -1,0 +1,132 @@
+#include "setup/commands/RegistryCommand.h"
+
+#include "platform/Services.h"
+#include "setup/storage/Installer.h"
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+struct Root {
+    QString name;
+    RegistryKey key;
+    QString (*file)();
+};
+
+const QList<Root>& Roots() {
+    static const QList<Root> roots = {{u"HKLM"_s, MachineRoot(), MachineRegistryFile},
+                                      {u"HKCU"_s, UserRoot(), UserRegistryFile}};
+    return roots;
+}
+
+struct NamedKey {
+    const Root* root;
+    QString path;
+};
+
+NamedKey ParseKey(const QString& text) {
+    const qsizetype end = text.indexOf(u'\\');
+    for (const Root& root : Roots())
+        if (text.first(end < 0 ? text.size() : end).compare(root.name, Qt::CaseInsensitive) == 0)
+            return {&root, end < 0 ? QString() : text.sliced(end + 1)};
+    throw UsageError(u"キー %1 は HKLM または HKCU で始めてください。"_s.arg(text));
+}
+
+[[noreturn]] void Fail(long status) {
+    switch (status) {
+        case kRegistryNotFound:
+            throw RuntimeError(kWorkFailed, u"キーまたは値がありません。"_s);
+        case kRegistryDenied:
+            throw RuntimeError(kWorkFailed, u"レジストリを読み書きする権限がありません。"_s);
+        case kRegistryBadName:
+            throw RuntimeError(kWorkFailed, u"キーまたは値の名前が長すぎるか、使えない文字を含んでいます。"_s);
+        case kRegistryDamaged:
+            throw RuntimeError(kWorkFailed, u"レジストリのファイルが壊れています。"_s);
+        case kRegistryNotWritten:
+            throw RuntimeError(kWorkFailed, u"レジストリのファイルに書き込めません。元のままです。"_s);
+        default:
+            throw RuntimeError(kWorkFailed, u"レジストリを使用できません。（状態 %1）"_s.arg(status));
+    }
+}
+
+void Need(long status) {
+    if (status != kRegistryDone) Fail(status);
+}
+
+QString TextOf(const RegistryKey& key, const QString& name) {
+    Registry& registry = *Services().registry;
+    QString buffer;
+    int length = 0;
+    const long status = registry.QueryText(key, name, buffer, length);
+    if (status == kRegistryOtherType) {
+        quint32 number = 0;
+        Need(registry.QueryNumber(key, name, number));
+        return QString::number(number);
+    }
+    if (status != kRegistryMoreData) Need(status);
+    buffer = QString(length, u' ');
+    Need(registry.QueryText(key, name, buffer, length));
+    return buffer.first(length - 1);
+}
+
+void Get(const QStringList& words, const Console& console) {
+    const NamedKey named = ParseKey(words[0]);
+    RegistryKey key;
+    Need(Services().registry->OpenKey(named.root->key, named.path, kRegistryRead, key));
+    console.out << TextOf(key, words[1]) << u'\n';
+}
+
+void Set(const QStringList& words, const Console&, bool asNumber) {
+    const NamedKey named = ParseKey(words[0]);
+    bool good = true;
+    const quint32 number = asNumber ? words[2].toUInt(&good) : 0;
+    if (!good) throw UsageError(u"値 %1 は 0 から 4294967295 までの整数にしてください。"_s.arg(words[2]));
+    if (named.path.isEmpty()) throw UsageError(u"値は %1 の下のキーに付けてください。"_s.arg(named.root->name));
+    Registry& registry = *Services().registry;
+    RegistryKey key;
+    Need(registry.CreateKey(named.root->key, named.path, kRegistryAll, key));
+    Need(asNumber ? registry.SetNumber(key, words[1], number)
+                  : registry.SetText(key, words[1], words[2], TwoByteLength(words[2])));
+}
+
+/// Keys that hold values, with the root before each.
+void ListRoot(const Root& root, const QString& path, const Console& console) {
+    RegistryContent content;
+    Need(LoadRegistry(root.file(), content));
+    const QString folded = FoldedName(path);
+    RegistryContent listed;
+    for (const auto& [name, key] : content.keys) {
+        const bool below = path.isEmpty() || name == folded || name.startsWith(folded + u'\\');
+        if (!below || key.values.empty()) continue;
+        const QString full = root.name + u'\\' + key.path;
+        listed.keys[full] = {full, key.values};
+    }
+    console.out << QString::fromUtf8(RegistryText(listed));
+}
+
+void List(const QStringList& words, const Console& console) {
+    if (!words.isEmpty()) {
+        const NamedKey named = ParseKey(words[0]);
+        return ListRoot(*named.root, named.path, console);
+    }
+    for (const Root& root : Roots()) ListRoot(root, {}, console);
+}
+
+}  // namespace
+
+void RunRegistryCommand(const QStringList& words, const Console& console) {
+    QStringList rest = words.mid(1);
+    const QString verb = words.value(0);
+    if (verb == u"list"_s && rest.size() <= 1) return List(rest, console);
+    if (verb == u"get"_s && rest.size() == 2) return Get(rest, console);
+    const bool asNumber = rest.removeOne(u"--number"_s);
+    if (verb == u"set"_s && rest.size() == 3) return Set(rest, console, asNumber);
+    throw UsageError(u"registry には list、get、set のどれかと、その引数を指定してください。"_s);
+}
+
+}  // namespace setup

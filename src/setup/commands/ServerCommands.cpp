@@ -1,0 +1,142 @@
+#include "setup/commands/ServerCommands.h"
+
+#include <QScopeGuard>
+
+#include "data/Connections.h"
+#include "data/ServerSchema.h"
+#include "data/ServerText.h"
+#include "database/DatabaseSession.h"
+#include "setup/storage/ConfigurationFiles.h"
+#include "setup/schema/GeneralDatabase.h"
+#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installer.h"
+#include "setup/commands/OdbcString.h"
+#include "setup/storage/PinSealing.h"
+#include "setup/schema/ServerSchemaUpgrade.h"
+#include "setup/schema/TableCopy.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+const QString kFrom = u"--from"_s, kAddMissing = u"--add-missing"_s;
+
+/// Several tables in one statement of an engine that takes back what it has made, one by one on one that does not.
+void DropTables(database::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
+    for (const TableDefinition& table : tables) {
+        try {
+            server.Execute(u"DROP TABLE "_s + ServerName(engine, table.name));
+        } catch (const database::DatabaseError&) {
+            // It was not made any more.
+        }
+    }
+}
+
+void RefuseExisting(database::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
+    for (const TableDefinition& table : tables)
+        if (HasTable(server, ServerName(engine, table.name)))
+            throw UsageError(u"サーバーに表 %1 が既にあります。空のデータベースを指定してください。"_s.arg(table.name));
+}
+
+/// Columns that a site has added are copied along.
+QList<TableDefinition> TablesToMake(database::Connection* source) {
+    QList<TableDefinition> tables = TablesOf(DatabaseKind::General);
+    if (source == nullptr) return tables;
+    for (TableDefinition& table : tables)
+        for (const QString& column : ColumnsOf(*source, table.name))
+            if (!HasColumn(table, column)) table.columns.append({column, u"TEXT"_s});
+    return tables;
+}
+
+void MakeTables(database::Connection& server, const QString& engine, database::Connection* source,
+                const QList<TableDefinition>& tables, const Console& console) {
+    const ServerSchema schema = ServerSchemaOf(engine, tables);
+    for (const QString& statement : schema.tables) server.Execute(statement);
+    if (source != nullptr)
+        for (const TableDefinition& table : tables) CopyTable(*source, server, table, console);
+    for (const QString& statement : schema.indexes) server.Execute(statement);
+    if (engine.startsWith(u"PostgreSQL"_s)) server.Execute(u"ANALYZE"_s);
+}
+
+void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
+    const auto literal = [](QString value) { return u'\'' + value.replace(u'\'', u"''"_s) + u'\''; };
+    database::Connection connection;
+    ApplyConnectionSettings(connection);
+    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
+    database::Transaction whole(connection);
+    connection.Execute(
+        u"UPDATE データベース定義 SET db = %1, dbmw = %2, プロバイダ名 = %3, データソース名 = %4,"
+        u" サーバー名 = %5, データベース名 = %6, ユーザーID = %7, パスワード = %8"
+        u" WHERE 情報種類 = 'GNR'"_s.arg(literal(definition.db), literal(definition.dbmw),
+                                         literal(definition.プロバイダ名), literal(definition.データソース名),
+                                         literal(definition.サーバー名), literal(definition.データベース名),
+                                         literal(definition.ユーザーID), literal(definition.パスワード)));
+    whole.Commit();
+}
+
+void AddMissing(const Arguments& arguments, const Console& console) {
+    if (arguments.Has(kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
+    database::Connection server;
+    OpenDefined(server, DefinitionFrom(arguments), database::ConnectMode::ReadWrite);
+    const QStringList done = RenewServer(server);
+    for (const QString& line : done) console.out << line << u'\n';
+    if (done.isEmpty()) console.out << u"サーバーの一般データベースに足りないものはありません。\n"_s;
+}
+
+/// Throws platform::RuntimeError where the programs could not read the database, or would search it wrongly.
+void CheckServer(database::Connection& server) {
+    const QStringList missing = MissingIn(server, server.Session().EngineName());
+    if (!missing.isEmpty())
+        throw platform::RuntimeError(
+            1, u"サーバーに足りないものがあります。%1。server-init で作るか、管理者に追加を依頼してください。"_s.arg(
+                   missing.join(u'、')));
+    QStringList faults;
+    for (const ServerTextFault& fault : FindServerTextFaults(server))
+        faults.append(u"%1。次を実行してください。\n    %2"_s.arg(fault.what, fault.remedy));
+    if (!faults.isEmpty())
+        throw platform::RuntimeError(1, u"サーバーでは検索が正しく動きません。"_s + faults.join(u'\n'));
+}
+
+}  // namespace
+
+QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}, {kAddMissing, false}}; }
+
+QList<OptionRule> UseServerOptions() { return {{kOdbcOption, true}}; }
+
+void InitServer(const Arguments& arguments, const Console& console) {
+    if (arguments.Has(kAddMissing)) return AddMissing(arguments, console);
+    const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
+    std::optional<database::Connection> source;
+    if (arguments.Has(kFrom)) {
+        source.emplace();
+        OpenGeneralFile(*source, InstallationRoot(arguments.options.value(kFrom)), database::ConnectMode::Read);
+    }
+    database::Connection server;
+    OpenDefined(server, definition, database::ConnectMode::ReadWrite);
+    const QString engine = server.Session().EngineName();
+    const QList<TableDefinition> tables = TablesToMake(source ? &*source : nullptr);
+    RefuseExisting(server, engine, tables);
+    auto takeBack = qScopeGuard([&] { DropTables(server, engine, tables); });
+    MakeTables(server, engine, source ? &*source : nullptr, tables, console);
+    takeBack.dismiss();
+    console.out << u"%1 に表 %2 個を作りました。\n"_s.arg(engine).arg(tables.size());
+}
+
+void UseServer(const Arguments& arguments, const Console& console) {
+    const QString root = InstallationRoot(arguments.installation);
+    const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
+    const QString file = ConfigurationFile(root + u"/conf"_s);
+    if (file.isEmpty()) throw UsageError(u"%1 に構成データベースがありません。"_s.arg(root));
+    database::Connection server;
+    OpenDefined(server, definition, database::ConnectMode::Read);
+    CheckServer(server);
+    WriteDefinition(file, definition);
+    console.out << u"%1 の一般データベースを %2 のものにしました。動いているプログラムは起動し直してください。\n"_s.arg(
+        root, server.Session().EngineName());
+    const QString pins = ClearPinsFault(root, server, true);
+    if (!pins.isEmpty()) console.out << pins << u'\n';
+}
+
+}  // namespace setup

@@ -1,0 +1,49 @@
+#include <QGuiApplication>
+#include <QTextStream>
+#include <QThread>
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+#include "platform/EndRequest.h"
+#include "platform/ToolkitStart.h"
+#include "setup/commands/Commands.h"
+
+namespace {
+
+void Interrupt(int) { platform::RequestEnd(); }
+
+bool WaitForMore() {
+    constexpr unsigned long kLookMilliseconds = 300;
+    if (!platform::EndRequested()) QThread::msleep(kLookMilliseconds);
+    return !platform::EndRequested();
+}
+
+/// Making pages takes fonts, and those take a window system, if only one without a screen.
+bool MakesPages(int argc, char** argv) {
+    return argc > 2 && std::string_view(argv[1]) == "forms" && std::string_view(argv[2]) == "pdf";
+}
+
+std::unique_ptr<QCoreApplication> MakeApplication(int argc, char** argv) {
+    int& count = ToolkitStart::ArgumentCount(argc);
+    if (!MakesPages(argc, argv)) return std::make_unique<QCoreApplication>(count, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(count, argv);
+}
+
+QStringList Arguments(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
+    std::signal(SIGINT, Interrupt);
+    std::signal(SIGTERM, Interrupt);
+    QTextStream out(stdout), err(stderr);
+    return setup::RunSetup(Arguments(argc, argv), {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
+}

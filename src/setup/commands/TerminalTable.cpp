@@ -1,0 +1,56 @@
+#include "setup/commands/TerminalTable.h"
+
+#include <QList>
+#include <algorithm>
+#include <iterator>
+
+namespace setup {
+
+namespace {
+
+struct Range {
+    char32_t first, last;
+};
+
+// What terminals draw two columns wide. Half-width kana (U+FF61 to U+FFDC) lie between the last ranges and take one.
+constexpr Range kWide[] = {
+    {0x1100, 0x115F}, {0x2E80, 0x303E},   {0x3041, 0x33FF},   {0x3400, 0x4DBF},   {0x4E00, 0x9FFF},
+    {0xA000, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},
+    {0xFFE0, 0xFFE6}, {0x1F300, 0x1F64F}, {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD},
+};
+
+int CharacterWidth(char32_t character) {
+    const QChar::Category category = QChar::category(character);
+    if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing || category == QChar::Other_Format)
+        return 0;
+    const auto wide = [&](const Range& range) { return character >= range.first && character <= range.last; };
+    return std::any_of(std::begin(kWide), std::end(kWide), wide) ? 2 : 1;
+}
+
+QString Blanks(const QString& text, int width) { return QString(qMax(0, width - DisplayWidth(text)), u' '); }
+
+}  // namespace
+
+int DisplayWidth(QStringView text) {
+    int width = 0;
+    for (const auto character : text.toUcs4()) width += CharacterWidth(character);
+    return width;
+}
+
+QString PadRight(const QString& text, int width) { return text + Blanks(text, width); }
+QString PadLeft(const QString& text, int width) { return Blanks(text, width) + text; }
+
+QString StripControlCharacters(const QString& text) {
+    QString line = text;
+    for (QChar& unit : line)
+        if (unit.category() == QChar::Other_Control) unit = u' ';
+    return line;
+}
+
+QString ReadableTime(const QString& stamp) {
+    if (stamp.size() != 15) return stamp;
+    return stamp.left(4) + u'/' + stamp.mid(4, 2) + u'/' + stamp.mid(6, 2) + u' ' + stamp.mid(9, 2) + u':' +
+           stamp.mid(11, 2) + u':' + stamp.mid(13, 2);
+}
+
+}  // namespace setup

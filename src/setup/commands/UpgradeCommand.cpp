@@ -1,0 +1,163 @@
+#include "setup/commands/UpgradeCommand.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <functional>
+
+#include "platform/RuntimeError.h"
+#include "setup/storage/ConfigurationFiles.h"
+#include "setup/schema/GeneralDatabase.h"
+#include "setup/storage/InstallationRights.h"
+#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installer.h"
+#include "setup/sample/Manual.h"
+#include "setup/storage/MenuEntry.h"
+#include "setup/commands/OdbcString.h"
+#include "setup/storage/ProgramFiles.h"
+#include "setup/schema/SchemaUpgrade.h"
+#include "setup/schema/ServerSchemaUpgrade.h"
+#include "setup/storage/SqliteFile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+const QString kMenuOption = u"--menu"_s;
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+/// One upgrade and what it says.
+struct Upgrade {
+    QString root;
+    const Console& console;
+    bool changed = false;
+    QStringList refused{};  ///< entries of others, whose rights stay wrong
+
+    void Tell(const QString& line) {
+        changed = true;
+        console.out << line << u'\n';
+    }
+};
+
+using Renewal = std::function<QStringList(sqlite3*)>;
+
+/// Runs the renewal in one transaction, so that a file is never left half done.
+void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
+    try {
+        const database::SqliteDatabase database = OpenSqlite(file, database::ConnectMode::ReadWrite);
+        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
+        const QStringList added = renewal(database.get());
+        RunSql(database.get(), u"COMMIT"_s);
+        for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
+    } catch (const database::DatabaseError& error) {
+        throw platform::RuntimeError(kWorkFailed,
+                                     u"%1 を更新できません。%2"_s.arg(file, platform::TextForPeople(error)));
+    }
+}
+
+Renewal Schema(DatabaseKind store) {
+    return [store](sqlite3* database) { return RenewSchema(database, store); };
+}
+
+void RenewPlaces(Upgrade& upgrade, const FilePlaces& places) {
+    if (const QString file = ConfigurationFile(places.conf); !file.isEmpty())
+        RenewFile(upgrade, file, Schema(DatabaseKind::Configuration));
+    const QString workTables = WorkTablesIn(places.report);
+    if (QFileInfo(workTables).isFile()) RenewFile(upgrade, workTables, Schema(DatabaseKind::Report));
+    for (const QString& forms : FormsFilesIn(places.report))
+        RenewFile(upgrade, forms, [&](sqlite3* database) {
+            return RenewSchema(database, DatabaseKind::Forms) + AddMissingForms(database, workTables);
+        });
+}
+
+/// Tables are changed by their owner, who is seldom the account of the programs.
+void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& owner, const QString& configuration) {
+    try {
+        database::Connection server;
+        OpenDefined(server, owner, database::ConnectMode::ReadWrite);
+        for (const QString& line : RenewServer(server)) upgrade.Tell(u"サーバー: %1"_s.arg(line));
+    } catch (const database::DatabaseError& error) {
+        throw platform::RuntimeError(
+            kWorkFailed, u"サーバーの一般データベースを更新できません。%1"_s.arg(platform::TextForPeople(error)));
+    }
+    CheckSeenByPrograms(ReadDefinition(configuration));
+}
+
+/// The general database is the one of the definition row.
+void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
+    const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
+    if (!definition) return;
+    const bool file = definition->db == u"A"_s, asked = arguments.Has(kOdbcOption);
+    if (file && asked) throw UsageError(u"一般データベースはファイルです。--odbc は付けられません。"_s);
+    if (file) return RenewFile(upgrade, database::SqlitePath(definition->データソース名), Schema(DatabaseKind::General));
+    if (asked) return RenewGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
+    upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。"_s
+                        << u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s;
+}
+
+void RenewPrograms(Upgrade& upgrade) {
+    for (const QString& file : InstallPrograms(upgrade.console.programFolder, upgrade.root))
+        upgrade.Tell(u"%1 を新しくしました。"_s.arg(file));
+}
+
+/// A manual that differs may be the site's own, and is not written over.
+void RenewManual(Upgrade& upgrade) {
+    const QString manual = upgrade.root + u"/manual/要員名簿照会.doc"_s;
+    QFile present(manual);
+    if (!present.exists()) {
+        WriteManual(manual);
+        return upgrade.Tell(u"%1 を作りました。"_s.arg(manual));
+    }
+    if (!present.open(QIODevice::ReadOnly) || present.readAll() == ManualDocument()) return;
+    const QString beside = manual + u".new"_s;
+    WriteManual(beside);
+    upgrade.console.out << u"%1 は変更されているので、新しい版を %2 に置きました。\n"_s.arg(manual, beside);
+}
+
+/// Installations of earlier versions could be read by every user of the machine, and belonged to the maker's own group.
+void RenewRights(Upgrade& upgrade) {
+    const RightsChanges changes = CorrectRights(upgrade.root);
+    for (const QString& line : changes.done) upgrade.Tell(u"権限を直しました。"_s + line);
+    upgrade.refused = changes.refused;
+}
+
+void CheckUpgrade(const QString& root, const QString& programFolder) {
+    if (ConfigurationFile(root + u"/conf"_s).isEmpty())
+        throw UsageError(u"%1 に構成データベースがありません。"_s.arg(root));
+    // Its own programs are what shall be renewed.
+    if (QFileInfo(programFolder).canonicalFilePath() == QFileInfo(root + u"/prgbin"_s).canonicalFilePath())
+        throw UsageError(u"新しい版の suite-setup で実行してください。これはこのインストール自身のものです。"_s);
+    if (!HoldsPrograms(programFolder)) throw UsageError(u"%1 に新しいプログラムが揃っていません。"_s.arg(programFolder));
+}
+
+}  // namespace
+
+void EnterInMenu(const QString& root, const Console& console) {
+    console.out << u"%1 をメニューに登録しました。\n"_s.arg(WriteMenuEntry(root));
+}
+
+QList<OptionRule> UpgradeOptions() { return {{kMenuOption, false}, {kOdbcOption, true}}; }
+
+void UpgradeInstallation(const Arguments& arguments, const Console& console) {
+    Upgrade upgrade{InstallationRoot(arguments.installation), console};
+    CheckUpgrade(upgrade.root, console.programFolder);
+    const FilePlaces common = CommonPlaces(upgrade.root);
+    const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(upgrade.root);
+    // The tables first: old programs get on with new columns, new programs not without them.
+    RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
+    RenewRights(upgrade);
+    RenewPlaces(upgrade, common);
+    for (const FilePlaces& places : privatePlaces) RenewPlaces(upgrade, places);
+    RenewPrograms(upgrade);
+    RenewManual(upgrade);
+    CorrectRights(upgrade.root);  // of what has just been added
+    if (arguments.Has(kMenuOption)) EnterInMenu(upgrade.root, console);
+    if (!upgrade.refused.isEmpty())
+        throw platform::RuntimeError(
+            kWorkFailed, u"権限を直せません。所有者か root で実行してください。\n"_s + upgrade.refused.join(u'\n'));
+    if (!upgrade.changed) console.out << u"このインストールは新しい版になっています。\n"_s;
+}
+
+}  // namespace setup

@@ -1,0 +1,111 @@
+#include "setup/storage/PinStore.h"
+
+#include "data/Catalogue.h"
+#include "database/DatabaseSession.h"
+#include "setup/storage/SqliteFile.h"
+
+using namespace Qt::StringLiterals;
+using database::SqliteStatement;
+
+namespace setup {
+
+namespace {
+
+class FilePinStore : public PinStore {
+  public:
+    explicit FilePinStore(const QString& file) : database_(OpenSqlite(file, database::ConnectMode::ReadWrite)) {}
+
+    void Begin() override {
+        // Otherwise the clear texts would stay readable in the free places of the file.
+        RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
+        RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
+    }
+    QList<StoredPin> Pins(const PinColumn& place) override {
+        const SqliteStatement rows = PrepareSql(
+            database_.get(), u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
+        QList<StoredPin> pins;
+        while (NextRow(database_.get(), rows.get()))
+            pins.append({{ColumnText(rows.get(), 0)}, ColumnText(rows.get(), 1)});
+        return pins;
+    }
+    void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) override {
+        const SqliteStatement update = PrepareSql(
+            database_.get(), u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
+        BindText(update.get(), 1, text);
+        sqlite3_bind_int64(update.get(), 2, pin.row.first().toLongLong());
+        NextRow(database_.get(), update.get());
+    }
+    void Commit() override { RunSql(database_.get(), u"COMMIT"_s); }
+    bool StillLocked() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
+
+  private:
+    database::SqliteDatabase database_;
+};
+
+QString Name(QStringView name) { return u'"' + name.toString() + u'"'; }
+
+QString Literal(const QString& value) { return u'\'' + QString(value).replace(u'\'', u"''"_s) + u'\''; }
+
+QString Equals(const QString& name, const QString& value) {
+    return Name(name) + (value.isNull() ? u" IS NULL"_s : u" = "_s + Literal(value));
+}
+
+/// Another sealing waits at the first row with a PIN.
+class ServerPinStore : public PinStore {
+  public:
+    explicit ServerPinStore(database::Connection connection) : connection_(std::move(connection)) {}
+
+    void Begin() override {
+        whole_ = std::make_unique<database::Transaction>(connection_);
+        for (const PinColumn& place : kPinColumns) Pins(place);
+    }
+    QList<StoredPin> Pins(const PinColumn& place) override {
+        const QString engine = connection_.Session().EngineName();
+        const bool locks = engine.startsWith(u"PostgreSQL"_s) || engine.startsWith(u"M"_s);
+        return ReadPins(connection_, place, locks ? u" FOR UPDATE"_s : QString());
+    }
+    void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) override {
+        QString where = Equals(place.column.toString(), pin.text);
+        const QStringList& key = SuiteTable(DatabaseKind::General, place.table.toString()).key;
+        for (qsizetype i = 0; i < key.size(); ++i) where += u" AND "_s + Equals(key[i], pin.row[i]);
+        connection_.Execute(
+            u"UPDATE %1 SET %2 = %3 WHERE "_s.arg(Name(place.table), Name(place.column), Literal(text)) + where);
+    }
+    void Commit() override { whole_->Commit(); }
+    /// A connection that is lost has given its locks back.
+    bool StillLocked() const override { return false; }
+
+  private:
+    database::Connection connection_;
+    std::unique_ptr<database::Transaction> whole_;
+};
+
+}  // namespace
+
+std::unique_ptr<PinStore> OpenFilePins(const QString& file) { return std::make_unique<FilePinStore>(file); }
+
+std::unique_ptr<PinStore> MakeServerPins(database::Connection connection) {
+    return std::make_unique<ServerPinStore>(std::move(connection));
+}
+
+QList<StoredPin> ReadPins(database::Connection& connection, const PinColumn& place, const QString& suffix) {
+    const QStringList key = SuiteTable(DatabaseKind::General, place.table.toString()).key;
+    QStringList columns;
+    for (const QString& column : key) columns.append(Name(column));
+    columns.append(Name(place.column));
+    database::Recordset rows;
+    QList<StoredPin> pins;
+    for (rows.Open(
+             u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(columns.join(u", "_s), Name(place.table), Name(place.column)) +
+                 suffix,
+             connection);
+         !rows.AtEOF(); rows.MoveNext()) {
+        StoredPin pin;
+        for (int i = 0; i < key.size(); ++i) pin.row.append(rows.FieldAt(i).TextOr(QString()));
+        pin.text = rows.FieldAt(static_cast<int>(key.size())).Text();
+        pins.append(pin);
+    }
+    return pins;
+}
+
+}  // namespace setup

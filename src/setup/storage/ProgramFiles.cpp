@@ -1,0 +1,75 @@
+#include "setup/storage/ProgramFiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+
+#include "platform/AtomicFile.h"
+#include "platform/PlainFile.h"
+#include "platform/RuntimeError.h"
+#include "setup/storage/ReportHostInstallation.h"
+
+using namespace Qt::StringLiterals;
+
+namespace setup {
+
+namespace {
+
+constexpr long kWorkFailed = 1;
+
+const QString kReportHost = u"report-host"_s;
+const QStringList kPrograms{u"要員名簿照会"_s, u"要員台帳更新"_s, u"suite-setup"_s};
+
+struct ProgramCopy {
+    QString source;
+    QString target;  ///< against the installation's folder
+};
+
+/// Each folder of a host tells a version, and one of them is registered.
+QStringList HostFolders(const QString& root) {
+    QStringList folders;
+    for (const QString& name : QDir(root + u"/host"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
+        folders.append(u"host/"_s + name + u'/');
+    return folders.isEmpty() ? QStringList{ReportHostFolder(root).mid(root.size() + 1)} : folders;
+}
+
+QList<ProgramCopy> Copies(const QString& programFolder, const QString& root) {
+    QList<ProgramCopy> copies;
+    for (const QString& program : kPrograms) copies.append({programFolder + u'/' + program, u"prgbin/"_s + program});
+    for (const QString& folder : HostFolders(root))
+        copies.append({programFolder + u'/' + kReportHost, folder + kHostProgramName});
+    return copies;
+}
+
+/// With the mode of the source.
+void PutFile(const QString& source, const QString& target) {
+    platform::AtomicFile file(target);
+    // Without what the user who runs this may do with the source, which is more for the superuser.
+    const auto ofThisUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+    const QFile::Permissions permissions = QFile::permissions(source) & ~ofThisUser;
+    if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, permissions))
+        throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
+}
+
+}  // namespace
+
+QStringList InstallPrograms(const QString& programFolder, const QString& root) {
+    QStringList done;
+    if (programFolder.isEmpty()) return done;
+    for (const auto& [source, target] : Copies(programFolder, root)) {
+        const QString file = root + u'/' + target;
+        if (!QFileInfo(source).isFile() || platform::SameContent(source, file)) continue;
+        PutFile(source, file);
+        done.append(target);
+    }
+    return done;
+}
+
+bool HoldsPrograms(const QString& programFolder) {
+    const QStringList needed = kPrograms + QStringList{kReportHost};
+    return std::all_of(needed.begin(), needed.end(),
+                       [&](const QString& program) { return QFileInfo(programFolder + u'/' + program).isFile(); });
+}
+
+}  // namespace setup

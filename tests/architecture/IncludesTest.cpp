@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A static library of src/ as CMake links it.
+struct Module {
+    QStringList folders;  ///< below src/, those of other modules inside them included
+    QStringList uses;     ///< linked directly
+};
+
+QString Content(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return QString::fromUtf8(file.readAll());
+}
+
+/// Lines "module|folder;folder|library;library", written when the build is configured.
+QHash<QString, Module> Modules() {
+    QHash<QString, Module> modules;
+    for (const QString& line : Content(QStringLiteral(SUITE_PROGRAMS "/modules.txt")).split(u'\n', Qt::SkipEmptyParts)) {
+        const QStringList parts = line.split(u'|');
+        modules.insert(parts[0], {parts[1].split(u';'), parts[2].split(u';').filter(u"meibo_"_s).replaceInStrings(u"meibo_"_s, u""_s)});
+    }
+    return modules;
+}
+
+/// The module of a file below src/: the one with the longest folder. Empty for a file of no module.
+QString ModuleOf(const QString& file, const QHash<QString, Module>& modules) {
+    QString owner;
+    qsizetype longest = 0;
+    for (auto module = modules.begin(); module != modules.end(); ++module)
+        for (const QString& folder : module->folders)
+            if (file.startsWith(folder + u'/') && folder.size() > longest) {
+                owner = module.key();
+                longest = folder.size();
+            }
+    return owner;
+}
+
+/// A module and everything that it links, directly or not.
+QSet<QString> Reachable(const QString& module, const QHash<QString, Module>& modules) {
+    QSet<QString> seen;
+    QStringList waiting{module};
+    while (!waiting.isEmpty()) {
+        const QString next = waiting.takeLast();
+        if (seen.contains(next)) continue;
+        seen.insert(next);
+        waiting += modules.value(next).uses;
+    }
+    return seen;
+}
+
+/// Paths of headers and sources below src/, relative to it.
+QStringList Sources() {
+    const QString root = QStringLiteral(SUITE_SOURCES "/src/");
+    QStringList files;
+    QDirIterator all(root, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+    while (all.hasNext()) files.append(all.next().mid(root.size()));
+    return files;
+}
+
+QStringList Includes(const QString& file, const QString& pattern) {
+    const QRegularExpression include(u"^\\s*#\\s*include\\s+"_s + pattern, QRegularExpression::MultilineOption);
+    QStringList found;
+    auto matches = include.globalMatch(Content(QStringLiteral(SUITE_SOURCES "/src/") + file));
+    while (matches.hasNext()) found.append(matches.next().captured(1));
+    return found;
+}
+
+}  // namespace
+
+TEST(Architecture, EverySourceBelongsToAModuleThatCMakeLinks) {
+    const QHash<QString, Module> modules = Modules();
+    EXPECT_GE(modules.size(), 15);
+    for (const QString& file : Sources()) EXPECT_NE(ModuleOf(file, modules), QString()) << qPrintable(file);
+}
+
+TEST(Architecture, FilesIncludeOnlyModulesThatTheirModuleLinks) {
+    const QHash<QString, Module> modules = Modules();
+    QStringList faults;
+    for (const QString& file : Sources()) {
+        const QSet<QString> usable = Reachable(ModuleOf(file, modules), modules);
+        for (const QString& header : Includes(file, u"\"([^\"]+)\""_s))
+            if (!usable.contains(ModuleOf(header, modules))) faults.append(file + u": "_s + header);
+    }
+    EXPECT_EQ(faults.join(u'\n').toStdString(), "");
+}
+
+TEST(Architecture, NoModuleLinksAModuleThatLinksIt) {
+    const QHash<QString, Module> modules = Modules();
+    for (auto module = modules.begin(); module != modules.end(); ++module)
+        for (const QString& used : module->uses)
+            EXPECT_FALSE(Reachable(used, modules).contains(module.key())) << qPrintable(module.key() + u" "_s + used);
+}

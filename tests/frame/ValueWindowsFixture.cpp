@@ -1,7 +1,0 @@
-#include "frame/ValueWindowsFixture.h"
-
-#include "frame/ProgramGlobals.h"
-
-using namespace Qt::StringLiterals;
-
-bool ValueWindowsTest::Given(const ValueWindowDefinition& definition) { return Globals().Flags.*definition.flag; }

@@ -1,0 +1,487 @@
+#include <QHeaderView>
+
+#include "mainform/MultiSelectWindowsFixture.h"
+#include "globals/ProgramGlobals.h"
+#include "inquiry/SelectionSource.h"
+#include "screen/Form.h"
+#include "screen/ListView.h"
+#include "screen/modクライアント処理.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QColor kGreen(0, 192, 0);
+const QColor kDarkBlue(0, 0, 128);
+
+void HighlightAll(const FormRobot& hands) {
+    hands.List().SetFocus();
+    hands.Press(Qt::Key_A, Qt::ControlModifier);
+}
+
+void ExpectInside(const Form& window) {
+    for (const Control* control : window.Controls()) {
+        const QWidget& widget = control->Widget();
+        EXPECT_TRUE(window.rect().contains(widget.geometry())) << control->Name().toStdString();
+        for (const Control* other : window.Controls()) {
+            if (other == control || !widget.isVisible() || !other->Widget().isVisible()) continue;
+            EXPECT_FALSE(widget.geometry().intersects(other->Widget().geometry()))
+                << control->Name().toStdString() << " lies on " << other->Name().toStdString();
+        }
+    }
+}
+
+}  // namespace
+
+TEST_F(PickWindowsTest, WindowsBearTheirTitlesButtonsAndColumns) {
+    struct Looks {
+        QString caption, title, list;
+        QList<int> widths;
+    };
+    const QList<Looks> looks = {
+        {u"部門選択一覧"_s, u"部門一覧"_s, u"List部門"_s, {67, 153}},  // 1000 and 2300 twips
+        {u"セクション選択一覧"_s, u"セクション一覧"_s, u"Listセクション"_s, {67, 153}},
+        {u"役職選択一覧"_s, u"役職一覧"_s, u"List役職"_s, {50, 167}},                        // 750 and 2500
+        {u"担当者選択一覧"_s, u"担当者一覧"_s, u"List担当者"_s, {70, 167, 153, 153, 153}}};  // 1050
+    Start();
+    for (size_t i = 0; i < 4; ++i) {
+        const Looks& expected = looks[static_cast<int>(i)];
+        Open(PickDefinitions()[i], [&](const FormRobot& hands) {
+            EXPECT_EQ(hands.Window().windowTitle(), expected.caption);
+            EXPECT_EQ(hands.Item(u"prg_ttl"_s).Caption(), expected.title);
+            EXPECT_EQ(hands.List().Name(), expected.list);
+            for (int column = 0; column < expected.widths.size(); ++column)
+                EXPECT_EQ(hands.List().header()->sectionSize(column), expected.widths[column]);
+            EXPECT_EQ(hands.Item(u"btn_複数選択"_s).Caption(), u"複数選択"_s);
+            EXPECT_EQ(hands.Item(u"btn_選択クリア"_s).Caption(), u"選択ｸﾘｱ"_s);
+            EXPECT_EQ(hands.Window().Find(u"btn_全て選択"_s) != nullptr, i == 3);
+            EXPECT_EQ(hands.Window().Find(u"稼動状況区分"_s) != nullptr, i < 2);
+            EXPECT_EQ(hands.Window().Find(u"btn_画面クリア"_s) != nullptr, i != 2);
+            EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+            ExpectInside(hands.Window());
+            GoBack(hands);
+        });
+    }
+}
+
+TEST_F(PickWindowsTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
+    using Counts = QHash<QString, int>;
+    const Counts status = {
+        {u"xNum"_s, 1}, {u"ComboBox"_s, 1}, {u"SSCommand"_s, 4}, {u"SSPanel"_s, 2}, {u"ListView"_s, 1}};
+    const Counts positions = {{u"SSCommand"_s, 3}, {u"SSPanel"_s, 1}, {u"ListView"_s, 1}};
+    const Counts staff = {{u"xField"_s, 7},     {u"xNum"_s, 2},    {u"ComboBox"_s, 2}, {u"xLabel"_s, 2},
+                          {u"SSCommand"_s, 12}, {u"SSPanel"_s, 3}, {u"ListView"_s, 1}};
+    const QList<Counts> expected = {status, status, positions, staff};
+    Start();
+    for (int i = 0; i < expected.size(); ++i) {
+        Open(PickDefinitions()[static_cast<size_t>(i)], [&](const FormRobot& hands) {
+            Counts count;
+            for (const Control* control : hands.Window().Controls()) ++count[control->TypeName()];
+            EXPECT_EQ(count, expected[i]);
+            GoBack(hands);
+        });
+    }
+}
+
+TEST_F(PickWindowsTest, OpeningDisablesTheMainFormEmptiesTheConditionAndNamesButtonAndStartItem) {
+    Start();
+    for (const PickDefinition& window : PickDefinitions()) {
+        Globals().ListCondition = u"M役職.コード >= '90'"_s;
+        Open(window, [&](const FormRobot& hands) {
+            EXPECT_FALSE(MainForm().Enabled());
+            EXPECT_EQ(Globals().ListCondition, QString());
+            EXPECT_EQ(Globals().ListResultItem, &Item(window.button));
+            EXPECT_EQ(Globals().ListNextItem, &Item(window.nextItem));
+            EXPECT_GT(hands.Codes().size(), 5);
+            GoBack(hands);
+        });
+        EXPECT_TRUE(MainForm().Enabled());
+    }
+}
+
+TEST_F(PickWindowsTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace) {
+    Start();
+    // Each next one is out of use by then, so the focus goes on to what is still in use.
+    QStringList next = {u"開始セクションコード"_s, u"開始役職コード"_s, u"開始担当者コード"_s, u"表示順区分"_s};
+    for (const PickDefinition& window : PickDefinitions()) {
+        Open(window, [](const FormRobot& hands) {
+            hands.ClickMark(1);
+            GoBack(hands);
+        });
+        EXPECT_TRUE(Picked(window));
+        EXPECT_EQ(Item(window.button).ForeColor(), kGreen);
+        EXPECT_TRUE(Item(window.button).Enabled());
+        EXPECT_FALSE(Item(window.nextItem).Enabled());
+        EXPECT_FALSE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
+        EXPECT_EQ(Focused(), next.takeFirst());
+    }
+}
+
+TEST_F(PickWindowsTest, FocusPassesTheRangesThatAreReplaced) {
+    Start();
+    Tick(Sections(), {u"011"_s});
+    Tick(Departments(), {u"010"_s});
+    EXPECT_EQ(Focused(), u"開始役職コード"_s);
+}
+
+TEST_F(PickWindowsTest, NoMarkLeavesTheRangeInUseAndGivesItTheFocus) {
+    Start();
+    for (const PickDefinition& window : PickDefinitions()) {
+        Open(window, GoBack);
+        EXPECT_FALSE(Picked(window));
+        EXPECT_EQ(Item(window.button).ForeColor(), kDarkBlue);
+        EXPECT_EQ(Focused(), window.nextItem);
+    }
+}
+
+TEST_F(PickWindowsTest, StaffWindowIsUnloadedWithoutMarksWhileTheOthersAreHidden) {
+    Start();
+    for (const PickDefinition& window : PickDefinitions()) {
+        Open(window, GoBack);
+        const bool stays = window.window != u"wnd担当者選択一覧";
+        EXPECT_EQ(IsFormLoaded(window.window), stays) << window.window.toStdString();
+        EXPECT_EQ(Globals().SelectionWindows.contains(window.window), stays);
+    }
+}
+
+TEST_F(PickWindowsTest, StaffWindowKeepsItsConditionsWithOneMarkAndForgetsThemWithNone) {
+    Start();
+    Open(People(), [](const FormRobot& hands) {
+        hands.Enter(u"名称"_s, u"田"_s);
+        hands.Click(u"btn_名称検索"_s);
+        hands.ClickMark(0);
+        GoBack(hands);
+    });
+    Open(People(), [](const FormRobot& hands) {
+        EXPECT_EQ(hands.Text(u"名称"_s), u"田"_s);
+        EXPECT_EQ(hands.MarkedCodes(), QStringList{hands.Codes().first()});
+        hands.ClickMark(0);
+        GoBack(hands);
+    });
+    EXPECT_FALSE(Picked(People()));
+    Open(People(), [](const FormRobot& hands) {
+        EXPECT_EQ(hands.Text(u"名称"_s), QString());
+        GoBack(hands);
+    });
+}
+
+TEST_F(PickWindowsTest, SecondOpeningShowsListStatusAndMarksAsTheyWereLeft) {
+    Start();
+    QStringList left;
+    Open(Departments(), [&](const FormRobot& hands) {
+        hands.Click(u"稼動状況区分"_s);
+        hands.TypeSigns(u"2"_s);
+        hands.Click(u"btn_画面クリア"_s);
+        hands.ClickTitle(1);
+        hands.ClickMarkOf(u"120"_s);
+        left = hands.Codes();
+        GoBack(hands);
+    });
+    Open(Departments(), [&](const FormRobot& hands) {
+        EXPECT_EQ(hands.Codes(), left);
+        EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"全て"_s);
+        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"120"_s});
+        GoBack(hands);
+    });
+}
+
+TEST_F(PickWindowsTest, EveryWayOutWorksOutTheFlag) {
+    const QList<ModalScript::Work> waysOut = {
+        GoBack,
+        [](const FormRobot& hands) { hands.Press(Qt::Key_Escape); },
+        [](const FormRobot& hands) {
+            hands.Item(u"btn_複数選択"_s).SetFocus();
+            hands.Press(Qt::Key_Escape);
+        },
+        [](const FormRobot& hands) { hands.Window().close(); },
+    };
+    Start();
+    for (const PickDefinition& window : PickDefinitions()) {
+        for (const ModalScript::Work& leave : waysOut) {
+            Open(window, [&](const FormRobot& hands) {
+                hands.ClickMark(0);
+                EXPECT_FALSE(Picked(window)) << "only the way out sets it";
+                leave(hands);
+            });
+            EXPECT_TRUE(Picked(window));
+            EXPECT_TRUE(MainForm().Enabled());
+            Click(u"btn_画面クリア"_s);
+        }
+    }
+}
+
+TEST_F(PickWindowsTest, EnterAndAClickOnARowChooseNothing) {
+    Start();
+    for (const PickDefinition& window : PickDefinitions()) {
+        Open(window, [](const FormRobot& hands) {
+            hands.ClickRow(1);
+            hands.Press(Qt::Key_Return);
+            EXPECT_TRUE(hands.Window().isVisible());
+            EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+            GoBack(hands);
+        });
+        EXPECT_FALSE(Picked(window));
+    }
+}
+
+TEST_F(PickWindowsTest, SpaceMarksTheRowWithTheCaretInWhateverColumnItStands) {
+    Start();
+    Open(Departments(), [](const FormRobot& hands) {
+        ListView& list = hands.List();
+        const QRect name = list.visualRect(list.model()->index(2, 1));
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, name.center());
+        hands.Press(Qt::Key_Space);
+        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"030"_s});
+        hands.Press(Qt::Key_Down);
+        hands.Press(Qt::Key_Space);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"030"_s, u"040"_s}));
+        hands.Press(Qt::Key_Space);
+        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"030"_s});
+        GoBack(hands);
+    });
+}
+
+TEST_F(PickWindowsTest, KeysAloneMarkSeveralHighlightedRows) {
+    Start();
+    Open(Positions(), [](const FormRobot& hands) {
+        EXPECT_EQ(hands.Focused(), u"List役職"_s);
+        hands.Press(Qt::Key_Home);
+        hands.Press(Qt::Key_Down, Qt::ShiftModifier);
+        hands.Press(Qt::Key_Down, Qt::ControlModifier);
+        hands.Press(Qt::Key_Down, Qt::ControlModifier);
+        hands.Press(Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_TRUE(hands.MarkedCodes().isEmpty()) << "Ctrl highlights and marks nothing";
+        hands.Press(Qt::Key_Tab);
+        EXPECT_EQ(hands.Focused(), u"btn_複数選択"_s);
+        hands.Press(Qt::Key_Space);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"10"_s, u"20"_s, u"30"_s}));
+        hands.Press(Qt::Key_Escape);
+    });
+    EXPECT_TRUE(Picked(Positions()));
+}
+
+TEST_F(PickWindowsTest, CtrlHighlightsRowsAndOpensNoLookup) {
+    Start();
+    Open(Departments(), [](const FormRobot& hands) {
+        hands.ClickRow(0);
+        hands.Press(Qt::Key_Control);
+        hands.ClickRow(2, Qt::ControlModifier);
+        hands.ClickRow(4, Qt::ControlModifier);
+        hands.ClickRow(2, Qt::ControlModifier);
+        hands.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"010"_s, u"050"_s}));
+        GoBack(hands);
+    });
+}
+
+TEST_F(PickWindowsTest, HighlightedRowsAreMarkedBesideThoseThatAreMarkedAlready) {
+    Start();
+    Open(Sections(), [](const FormRobot& hands) {
+        hands.ClickMarkOf(u"102"_s);
+        hands.ClickRow(1);
+        hands.ClickRow(3, Qt::ShiftModifier);
+        hands.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"012"_s, u"021"_s, u"022"_s, u"102"_s}));
+        hands.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(hands.MarkedCodes().size(), 4) << "marks of highlighted rows stay";
+        hands.Click(u"btn_選択クリア"_s);
+        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+        GoBack(hands);
+    });
+    EXPECT_FALSE(Picked(Sections()));
+}
+
+TEST_F(PickWindowsTest, AllCanBeMarkedAtOnceFromOneRowToFifty) {
+    for (const auto& [count, enabled] : {std::pair{0, false}, {1, true}, {50, true}, {51, false}}) {
+        installation.ReplaceStaff(count);
+        Start();
+        Open(People(), [&, wanted = count, on = enabled](const FormRobot& hands) {
+            EXPECT_EQ(hands.Codes().size(), wanted);
+            EXPECT_EQ(hands.Item(u"btn_全て選択"_s).Enabled(), on) << wanted;
+            hands.Click(u"btn_全て選択"_s);
+            EXPECT_EQ(hands.MarkedCodes().size(), on ? wanted : 0);
+            GoBack(hands);
+        });
+        EXPECT_EQ(Picked(People()), enabled);
+        TearDown();
+        ResetGlobals();
+    }
+}
+
+TEST_F(PickWindowsTest, SmallerListOfALaterSearchCanBeMarkedAtOnce) {
+    installation.ReplaceStaff(60);
+    Start();
+    Open(People(), [](const FormRobot& hands) {
+        EXPECT_FALSE(hands.Item(u"btn_全て選択"_s).Enabled());
+        hands.Enter(u"コード"_s, u"58"_s);
+        hands.Click(u"btn_コード検索"_s);
+        hands.Click(u"btn_全て選択"_s);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"00058"_s, u"00059"_s, u"00060"_s}));
+        GoBack(hands);
+    });
+}
+
+TEST_F(PickWindowsTest, NoticeStaysHiddenAtAThousandRowsAndBeyond) {
+    for (const int count : {1000, 1001}) {
+        installation.ReplaceStaff(count);
+        Start();
+        Open(People(), [](const FormRobot& hands) {
+            EXPECT_EQ(hands.Codes().size(), 1000);
+            EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
+            GoBack(hands);
+        });
+        TearDown();
+        ResetGlobals();
+    }
+}
+
+TEST_F(PickWindowsTest, LaterSearchDropsAllMarksEvenWhenTheSameRowsReturn) {
+    Start();
+    Open(People(), [](const FormRobot& hands) {
+        const QStringList before = hands.Codes();
+        hands.ClickMark(0);
+        hands.ClickMark(3);
+        hands.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(hands.Codes(), before);
+        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+        GoBack(hands);
+    });
+    EXPECT_FALSE(Picked(People()));
+}
+
+TEST_F(PickWindowsTest, ChangedStatusAloneChangesNothingAndTheButtonReadsAnewAndDropsTheMarks) {
+    Start();
+    Tick(Departments(), {u"010"_s});
+    Open(Departments(), [](const FormRobot& hands) {
+        const QStringList before = hands.Codes();
+        hands.Click(u"稼動状況区分"_s);
+        hands.TypeSigns(u"0"_s);
+        EXPECT_EQ(hands.Codes(), before);
+        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"010"_s});
+        hands.Click(u"btn_画面クリア"_s);
+        EXPECT_EQ(hands.Codes(), (QStringList{u"110"_s, u"120"_s}));
+        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+        EXPECT_EQ(hands.Focused(), u"List部門"_s);
+        EXPECT_TRUE(Picked(Departments())) << "the flag changes only when the window closes";
+        EXPECT_EQ(Source(Departments()).BuildSelectionCondition(u"M担当者"_s, u"部門コード"_s), QString());
+        GoBack(hands);
+    });
+    EXPECT_FALSE(Picked(Departments()));
+    EXPECT_TRUE(Item(u"開始部門コード"_s).Enabled());
+}
+
+TEST_F(PickWindowsTest, MarksGoWithTheirRowsWhenTheListIsSorted) {
+    Start();
+    Open(Positions(), [](const FormRobot& hands) {
+        hands.ClickMarkOf(u"20"_s);
+        hands.ClickMarkOf(u"90"_s);
+        hands.ClickTitle(0);
+        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"90"_s, u"20"_s}));
+        GoBack(hands);
+    });
+    EXPECT_EQ(Source(Positions()).BuildSelectionCondition(u"M担当者"_s, u"役職コード"_s),
+              u"(M担当者.役職コード = '90' OR M担当者.役職コード = '20')"_s);
+}
+
+TEST_F(PickWindowsTest, SelectionInWordsNamesTheMarkedRowsAsTheMasterHasThemNow) {
+    installation.ReplaceStaff(3);
+    Start();
+    Tick(Departments(), {u"010"_s, u"030"_s});
+    Tick(Sections(), {u"011"_s});
+    Tick(Positions(), {u"20"_s, u"30"_s});
+    Tick(People(), {u"00001"_s, u"00003"_s});
+    installation.General().Execute(u"UPDATE M部門 SET 名称 = '財務部' WHERE コード = '030'"_s);
+    EXPECT_EQ(Source(Departments()).DescribeSelection(), u"部門：総務部,財務部"_s);
+    EXPECT_EQ(Source(Sections()).DescribeSelection(), u"セクション：総務課"_s);
+    EXPECT_EQ(Source(Positions()).DescribeSelection(), u"役職：部長,課長"_s);
+    EXPECT_EQ(Source(People()).DescribeSelection(), u"担当者：氏名1,氏名3"_s);
+}
+
+TEST_F(PickWindowsTest, NamesThatHaveGoneAreLeftOutAndAGoneFirstOneLeavesItsComma) {
+    installation.ReplaceStaff(3);
+    Start();
+    Tick(People(), {u"00001"_s, u"00002"_s, u"00003"_s});
+    Tick(Departments(), {u"010"_s, u"020"_s});
+    installation.General().Execute(
+        u"DELETE FROM M担当者 WHERE コード = '00002'; DELETE FROM M部門 WHERE コード = '010'"_s);
+    EXPECT_EQ(Source(People()).DescribeSelection(), u"担当者：氏名1,氏名3"_s);
+    EXPECT_EQ(Source(Departments()).DescribeSelection(), u",人事部"_s);
+    installation.General().Execute(u"DELETE FROM M担当者 WHERE コード = '00001'"_s);
+    EXPECT_EQ(Source(People()).DescribeSelection(), u",氏名3"_s);
+}
+
+TEST_F(PickWindowsTest, MastersThatCannotBeReadSayNothingAndLeaveTheStatementsInTheHistory) {
+    installation.ReplaceStaff(3);
+    Start();
+    const QList<QStringList> masters = {
+        {u"M部門"_s, u"010"_s}, {u"Mセクション"_s, u"011"_s}, {u"M役職"_s, u"20"_s}, {u"M担当者"_s, u"00002"_s}};
+    for (int i = 0; i < masters.size(); ++i) Tick(PickDefinitions()[static_cast<size_t>(i)], {masters[i][1]});
+    QStringList statements;
+    for (int i = 0; i < masters.size(); ++i) {
+        const QString &table = masters[i][0], &code = masters[i][1];
+        installation.General().Execute(u"DROP TABLE "_s + table);
+        EXPECT_EQ(Source(PickDefinitions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
+        statements << u"エラー no such table: %1SELECT * FROM %1 WHERE コード = ''%2''"_s.arg(table, code);
+    }
+    EXPECT_EQ(History().filter(u"エラー "_s), statements);
+}
+
+TEST_F(PickWindowsTest, NothingMarkedSaysNothing) {
+    Start();
+    Open(Departments(), GoBack);
+    EXPECT_EQ(Source(Departments()).DescribeSelection(), QString());
+    EXPECT_EQ(Source(Departments()).BuildSelectionCondition(u"M担当者"_s, u"部門コード"_s), QString());
+}
+
+TEST_F(PickWindowsTest, NestedLookupOfTheStaffWindowBringsItsCodeAndTheWindowStaysOpen) {
+    Start();
+    const ModalScript driver({[&](const FormRobot& hands) {
+                                   hands.Item(u"部門コード"_s).SetFocus();
+                                   hands.Press(Qt::Key_Control);
+                                   hands.Press(Qt::Key_Control);
+                                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"030"_s);
+                                   EXPECT_EQ(Globals().ListNextItem, &Item(u"開始担当者コード"_s));
+                                   GoBack(hands);
+                               },
+                               [](const FormRobot& hands) { hands.ClickRow(2); }});
+    Click(People().button);
+    EXPECT_EQ(driver.Opened(), 2);
+    EXPECT_EQ(Focused(), u"開始担当者コード"_s);
+}
+
+TEST_F(PickWindowsTest, ButtonsOpenNothingWhileTheScreenIsPaintedOrASiblingIsAwaited) {
+    Start();
+    for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
+        Globals().*flag = true;
+        for (const PickDefinition& window : PickDefinitions()) {
+            Click(window.button);
+            EXPECT_FALSE(IsFormLoaded(window.window));
+        }
+        Globals().*flag = false;
+    }
+}
+
+TEST_F(PickWindowsTest, EachWindowLiesWholeOnALowScreen) {
+    Start({}, 768);
+    for (const PickDefinition& window : PickDefinitions()) {
+        Open(window, [](const FormRobot& hands) {
+            EXPECT_LE(hands.Window().WindowHeight(), 768 * kTwipsPerPixel);
+            EXPECT_LE(hands.Window().width(), 1024);
+            ExpectInside(hands.Window());
+            GoBack(hands);
+        });
+    }
+}
+
+TEST_F(PickWindowsTest, ManyHighlightedRowsAreMarkedAtOnce) {
+    installation.ReplaceStaff(1000);
+    Start();
+    Open(People(), [](const FormRobot& hands) {
+        HighlightAll(hands);
+        hands.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(hands.MarkedCodes().size(), 1000);
+        hands.Click(u"btn_選択クリア"_s);
+        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
+        GoBack(hands);
+    });
+}

@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <thread>
+
+#include "platform/RuntimeError.h"
+#include "platform/report-host/HostMessages.h"
+#include "report-host/DrawnReport.h"
+#include "report-host/service/HostListener.h"
+#include "report-host/service/HostService.h"
+#include "support/AsOtherUser.h"
+
+using namespace Qt::StringLiterals;
+using platform::HostAnswer;
+using platform::HostVerb;
+
+namespace {
+
+/// Hosts inside the test, and a caller who talks to them without waiting.
+class HostListenerTest : public ::testing::Test {
+  protected:
+    struct Host {
+        explicit Host(const QString& forms)
+            : door(forms), service(door, forms, [](auto&, auto&) { return std::make_unique<DrawnReport>(1); }) {
+            service.Finished = [this] { finished = true; };
+        }
+        HostListener door;
+        HostService service;
+        bool finished = false;
+    };
+
+    QString Forms() const { return folder.filePath(u"repfrmdb.accdb"_s); }
+    QString Name() const { return platform::HostSocketPath(Forms()); }
+
+    HostAnswer Ask(QLocalSocket& caller, const QByteArray& line) {
+        caller.write(line);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return caller.canReadLine(); }));
+        return platform::ParseAnswer(caller.readLine()).value_or(HostAnswer{-1, {}});
+    }
+    HostAnswer Ask(QLocalSocket& caller, HostVerb verb) { return Ask(caller, platform::LineOf({verb, {}, 0})); }
+
+    QTemporaryDir folder;
+};
+
+}  // namespace
+
+TEST_F(HostListenerTest, CallerIsAcceptedBeforeAnyEventRuns) {
+    const HostListener door(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostListenerTest, OneFileHasOneNameHoweverItsPathIsWritten) {
+    ASSERT_TRUE(QFile(Forms()).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link(folder.path(), folder.filePath(u"link"_s)));
+    EXPECT_EQ(platform::HostSocketPath(folder.filePath(u"link/./repfrmdb.accdb"_s)), Name());
+    EXPECT_NE(platform::HostSocketPath(folder.filePath(u"other.accdb"_s)), Name());
+    EXPECT_LE(platform::HostSocketPath(folder.filePath(QString(3000, u'長'))).toUtf8().size(), 100);
+}
+
+TEST_F(HostListenerTest, YoungerHostTakesOverAndTheOlderStopsListening) {
+    Host older(Forms());
+    QLocalSocket before;
+    before.connectToServer(Name());
+    ASSERT_EQ(Ask(before, HostVerb::Bind).number, 0);
+    Host younger(Forms());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !older.door.IsOpen(); }));
+    EXPECT_EQ(Ask(before, HostVerb::Bind).number, 0);  // whoever is bound stays bound
+    EXPECT_FALSE(older.finished);
+    QLocalSocket after;
+    after.connectToServer(Name());
+    EXPECT_EQ(Ask(after, HostVerb::Quit).number, 0);
+    EXPECT_TRUE(younger.finished);
+    EXPECT_FALSE(older.finished);
+    EXPECT_TRUE(QFile::exists(Name()));
+}
+
+TEST_F(HostListenerTest, OlderHostLeavesTheYoungerOnesName) {
+    auto older = std::make_unique<HostListener>(Forms());
+    const HostListener younger(Forms());
+    older.reset();
+    EXPECT_TRUE(QFile::exists(Name()));
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostListenerTest, NameOfAKilledHostIsTakenOver) {
+    {
+        QFile left(Name());  // nothing listens behind it
+        ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    }
+    const HostListener door(Forms());
+    EXPECT_TRUE(door.IsOpen());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostListenerTest, ClosedDoorLeavesNoName) {
+    {
+        const HostListener door(Forms());
+        EXPECT_TRUE(QFile::exists(Name()));
+    }
+    EXPECT_FALSE(QFile::exists(Name()));
+}
+
+TEST_F(HostListenerTest, LineThatIsNoRequestIsAnsweredAndTheNextOneServed) {
+    Host host(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    EXPECT_EQ(Ask(caller, "{\"verb\":\"Dance\"}\n").description, u"帳票ホストへの要求が正しくありません。"_s);
+    EXPECT_EQ(Ask(caller, "garbage\n").number, 5);
+    EXPECT_EQ(Ask(caller, HostVerb::Bind).number, 0);
+}
+
+TEST_F(HostListenerTest, CallerWithoutEndIsDropped) {
+    Host host(Forms());
+    QLocalSocket caller;
+    caller.connectToServer(Name());
+    caller.write(QByteArray(200000, 'x'));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return caller.state() == QLocalSocket::UnconnectedState; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
+}
+
+TEST_F(HostListenerTest, LastCallerGoneFinishesAHostWithoutWindow) {
+    Host host(Forms());
+    auto first = std::make_unique<QLocalSocket>();
+    QLocalSocket second;
+    first->connectToServer(Name());
+    second.connectToServer(Name());
+    ASSERT_EQ(Ask(*first, HostVerb::Bind).number, 0);
+    ASSERT_EQ(Ask(second, HostVerb::Bind).number, 0);
+    first.reset();
+    ASSERT_EQ(Ask(second, HostVerb::Maximize).number, 0);
+    EXPECT_FALSE(host.finished);
+    second.disconnectFromServer();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
+}
+
+TEST_F(HostListenerTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
+    if (!AsOtherUser::IsPossible()) GTEST_SKIP() << "only the superuser can become another user";
+    Host host(Forms());
+    std::atomic_bool done = false;
+    QByteArray answer = "none";
+    std::thread other([&] {
+        const AsOtherUser nobody;
+        QLocalSocket caller;
+        caller.connectToServer(Name());
+        caller.write(platform::LineOf({HostVerb::Quit, {}, 0}));
+        caller.waitForReadyRead(10000);
+        answer = caller.readAll();
+        done = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, 20000));
+    other.join();
+    EXPECT_EQ(answer, "");
+    EXPECT_FALSE(host.finished);
+    QLocalSocket own;
+    own.connectToServer(Name());
+    EXPECT_EQ(Ask(own, HostVerb::Bind).number, 0);
+}
+
+TEST_F(HostListenerTest, DoorStaysClosedWithoutAFolderOfThisUserAlone) {
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    qunsetenv("XDG_RUNTIME_DIR");
+    qputenv("TMPDIR", folder.path().toUtf8());
+    const QString squatted = folder.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
+    ASSERT_TRUE(QDir().mkdir(squatted) && QDir().mkdir(squatted + u"/nobody"_s));
+    ASSERT_TRUE(QFile::setPermissions(squatted, QFile::Permissions(0x7777)));
+    EXPECT_FALSE(HostListener(Forms()).IsOpen());
+    qputenv("XDG_RUNTIME_DIR", runtime);
+    qunsetenv("TMPDIR");
+}
