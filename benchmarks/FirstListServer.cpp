@@ -9,13 +9,13 @@
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
 #include "data/Connections.h"
-#include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
-#include "inquiry/StaffQuery.h"
 #include "database/ConnectionString.h"
 #include "database/odbc/OdbcDrivers.h"
 #include "database/odbc/ServerEngine.h"
 #include "database/sql/StatementAdapter.h"
+#include "globals/ProgramGlobals.h"
+#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;
 using namespace first_list;

@@ -9,12 +9,12 @@
 
 #include "PairedRuns.h"
 #include "globals/ProgramGlobals.h"
-#include "support/StaffDatabase.h"
-#include "screen/fonts/Fonts.h"
 #include "screen/ListView.h"
 #include "screen/SuiteApplication.h"
+#include "screen/fonts/Fonts.h"
 #include "selection/ListWindow.h"
-#include "selection/StaffListWindows.h"
+#include "selection/OpenListWindow.h"
+#include "support/StaffDatabase.h"
 
 using namespace Qt::StringLiterals;
 

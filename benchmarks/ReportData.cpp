@@ -12,13 +12,13 @@
 #include "data/Catalogue.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "support/HeadForm.h"
 #include "inquiry/RowStoreProcedures.h"
-#include "support/StaffDatabase.h"
 #include "inquiry/StaffQuery.h"
 #include "output/CsvWriter.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
+#include "support/HeadForm.h"
+#include "support/StaffDatabase.h"
 
 using namespace Qt::StringLiterals;
 

@@ -18,8 +18,8 @@
 #include <vector>
 
 #include "report-host/layout/PreparedReport.h"
-#include "setup/schema/TemplateStore.h"
 #include "setup/schema/DatabaseFileWriter.h"
+#include "setup/schema/TemplateStore.h"
 
 using namespace Qt::StringLiterals;
 

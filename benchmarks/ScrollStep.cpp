@@ -11,8 +11,8 @@
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
-#include "screen/fonts/Fonts.h"
 #include "screen/SuiteApplication.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 

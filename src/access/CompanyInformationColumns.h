@@ -1,7 +1,7 @@
 #pragma once
 
-#include "globals/CompanyRecord.h"
 #include "access/MasterColumns.h"
+#include "globals/CompanyRecord.h"
 
 /// Fills the record from a row of Mユーザ. A Null leaves its field as it was; database::DatabaseError when the row
 /// lacks a column.

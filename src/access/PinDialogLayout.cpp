@@ -1,10 +1,10 @@
 #include "access/PinDialogLayout.h"
 
-#include "screen/Button.h"
-#include "screen/fonts/Fonts.h"
+#include "screen/Buttons.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
-#include "screen/Panel.h"
+#include "screen/Labels.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "access/UserInformation.h"
 
 #include "access/CompanyInformation.h"
+#include "database/DatabaseError.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
-#include "database/DatabaseError.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;

@@ -3,8 +3,8 @@
 #include <QString>
 #include <optional>
 
-#include "globals/EnvironmentDefinition.h"
 #include "database/Database.h"
+#include "globals/EnvironmentDefinition.h"
 
 /// `name` with the ending of that generation of desktop files, "repdb" to "repdb.accdb"; empty without a kind.
 QString DesktopFileName(const QString& name, int kind);

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "database/sql/SqlDialect.h"
 #include "database/ResultTable.h"
+#include "database/sql/SqlDialect.h"
 
 namespace database {
 

@@ -4,8 +4,8 @@
 #include <QStringView>
 #include <memory>
 
-#include "database/DatabaseTypes.h"
 #include "database/DatabaseError.h"
+#include "database/DatabaseTypes.h"
 
 namespace database {
 
@@ -90,10 +90,10 @@ class Recordset {
     bool AtEOF() const;
     void MoveNext();
 
-    /// A field of the current record, found by name without regard to letter case. platform::kItemNotFound when there is
-    /// no such column, kNoCurrentRecord at BOF or EOF. Where a column name occurs twice, the first one counts.
-    /// From AddNew on, and behind Update, the record that is added is the current one; the view then ends with the
-    /// next write.
+    /// A field of the current record, found by name without regard to letter case. platform::kItemNotFound when there
+    /// is no such column, kNoCurrentRecord at BOF or EOF. Where a column name occurs twice, the first one counts. From
+    /// AddNew on, and behind Update, the record that is added is the current one; the view then ends with the next
+    /// write.
     Field operator[](QStringView name) const;
 
     /// Rows of the whole result, those already passed included.

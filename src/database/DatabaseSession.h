@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
-#include "database/DatabaseTypes.h"
 #include "database/DatabaseError.h"
+#include "database/DatabaseTypes.h"
 #include "database/ResultTable.h"
 
 namespace database {

@@ -6,7 +6,7 @@ NewRecord::NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult res
     : session_(std::move(session)), target_(std::move(result.target)), rows_(std::move(result.rows)) {}
 
 void NewRecord::Begin() {
-    if (inWork_) DatabaseKind();
+    if (inWork_) WriteToTable();
     written_.clear();
     places_.assign(static_cast<size_t>(rows_->Columns().Count()), -1);
     view_.reset();
@@ -24,7 +24,7 @@ void NewRecord::Write(int column, const QString& value) {
     written_.push_back({column, value});
 }
 
-void NewRecord::DatabaseKind() {
+void NewRecord::WriteToTable() {
     const std::shared_ptr<DatabaseSession> session = session_.lock();
     if (session == nullptr) throw DatabaseError(kObjectClosed, QStringLiteral("接続が開いていません。"));
     session->Insert(*target_, written_);

@@ -14,14 +14,14 @@ class NewRecord {
     /// The record's columns are those of `target`'s query. It notices when the session is gone.
     NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult result);
 
-    /// From Begin until a DatabaseKind that succeeds.
+    /// From Begin until a WriteToTable that succeeds.
     bool InWork() const { return inWork_; }
     /// True from the first Begin on: there is a record to read.
     bool Exists() const { return exists_; }
 
     void Begin();
     void Write(int column, const QString& value);
-    void DatabaseKind();
+    void WriteToTable();
     /// The record as the only row of a result; stands until the next write.
     const ResultTable& AsTable();
 

@@ -4,8 +4,8 @@
 #include <QString>
 #include <memory>
 
-#include "database/sqlite/PreparedStatements.h"
 #include "database/ResultTable.h"
+#include "database/sqlite/PreparedStatements.h"
 
 namespace database {
 

@@ -19,7 +19,8 @@ namespace {
 bool Field::IsNull() const { return table_->IsNull(row_, column_); }
 
 QString Field::Text() const {
-    if (IsNull()) throw platform::RuntimeError(platform::kInvalidUseOfNull, QStringLiteral("Null の使い方が不正です。"));
+    if (IsNull())
+        throw platform::RuntimeError(platform::kInvalidUseOfNull, QStringLiteral("Null の使い方が不正です。"));
     return table_->Text(row_, column_);
 }
 
@@ -72,7 +73,8 @@ void Recordset::MoveNext() {
 int Recordset::ColumnOf(QStringView name) const {
     const int column = OpenTable().Columns().Find(name);
     if (column < 0)
-        throw DatabaseError(platform::kItemNotFound, QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
+        throw DatabaseError(platform::kItemNotFound,
+                            QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
     return column;
 }
 
@@ -111,6 +113,6 @@ void Recordset::Write(QStringView name, const QString& value) {
     record.Write(ColumnOf(name), value);
 }
 
-void Recordset::Update() { RecordInWork().DatabaseKind(); }
+void Recordset::Update() { RecordInWork().WriteToTable(); }
 
 }  // namespace database

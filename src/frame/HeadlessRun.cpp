@@ -36,5 +36,6 @@ class ModalAutoCloser : public QObject {
 }  // namespace
 
 void TellAndCloseModalWindows(QApplication& application) {
-    if (!qEnvironmentVariableIsEmpty("MEIBO_PICTURE")) application.installEventFilter(new ModalAutoCloser(&application));
+    if (!qEnvironmentVariableIsEmpty("MEIBO_PICTURE"))
+        application.installEventFilter(new ModalAutoCloser(&application));
 }

@@ -1,6 +1,6 @@
+#include "frame/HeadlessRun.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
-#include "frame/HeadlessRun.h"
 #include "platform/OutputFile.h"
 #include "platform/TerminationSignal.h"
 #include "screen/Form.h"

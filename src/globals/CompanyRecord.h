@@ -3,20 +3,19 @@
 #include <QString>
 #include <array>
 
-/// What a company and its offices both have. An office may override the company in the folders, in 暗証番号有無 and in
-/// 更新実行区分.
+/// Fields shared by the company and its offices. An office may override folders, 暗証番号有無 and 更新実行区分.
 struct EstablishmentRecord {
     QString 名称, 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, HOMEPAGE, EMAIL;
     QString 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D;
     QString 総合振込ファイル, 基本読込フォルダ, 帳票イメージフォルダ, その他読込ファイル, 本支店連携フォルダ,
         テキスト出力フォルダ, BACKUPフォルダ;
     int 暗証番号有無 = 0;
-    QString 特権暗証番号;  ///< in clear; that of the operating office opens the PIN dialog for any staff code
+    QString 特権暗証番号;  ///< decrypted; that of the operating office is accepted for any staff code
     int 更新実行区分 = 0;
 };
 
-/// The row '0001' of Mユーザ. A Null leaves its field empty or 0. After the office has been read, its folders and its
-/// 更新実行区分 stand here where it has its own.
+/// The row '0001' of Mユーザ. Null is stored as empty or 0. Reading the office overwrites folders and 更新実行区分 with
+/// those of the office.
 struct CompanyRecord : EstablishmentRecord {
     QString ID, 会社ロゴfile, 社印file;
     int 決算月 = 0, 決算日 = 0, 締日区分 = 0, 締日 = 0, 決済方法 = 0, 決済月 = 0, 決済日 = 0;
@@ -29,7 +28,7 @@ struct CompanyRecord : EstablishmentRecord {
     int 明細保存月数 = 0, 統計保存年数 = 0, 整理実施可能日自 = 0, 整理実施可能日至 = 0, 整理実施可能時刻 = 0;
     QString 明細整理実行日, 統計整理実行日;
     int 伝票番号管理区分 = 0;
-    QString システム特権暗証番号;  ///< in clear
+    QString システム特権暗証番号;  ///< decrypted
     QString 登録日付, 更新日付;
 };
 
@@ -38,8 +37,8 @@ struct OfficeRecord : EstablishmentRecord {
     QString コード, 登録番号, 地区コード;
 };
 
-/// Partner systems by slot; the last two slots hold the same row. Loaded for the suite's common record, used by
-/// nothing here.
+/// Partner systems by slot; the last two slots contain the same row. Part of the suite's common record, not used by
+/// these programs.
 struct PartnerLinkTable {
     static constexpr int kSlots = 10;
     std::array<QString, kSlots> 業務名;

@@ -3,17 +3,17 @@
 #include <QString>
 #include <array>
 
-/// Which generation of a desktop database file was found.
+/// Generation of a desktop database file.
 enum FileKind { kNoFile = 0, kAccdb = 1, kMdb = 2 };
 
-/// Where the installation lies. Folders carry no closing separator.
+/// Paths of the installation. Folders have no trailing separator.
 struct InstallationLayout {
     QString RootFolder;
     QString ProgramFolder;
     QString CommonConfFolder;
     QString CommonReportFolder;
     QString ManualFolder;
-    QString GeneralDbPath;  ///< kept only: the general database is reached by its definition row
+    QString GeneralDbPath;  ///< not used: the general database is opened by its definition row
     int GeneralDbKind = kNoFile;
     int ConfigDbKind = kNoFile;
     int ReportDbKind = kNoFile;
@@ -21,7 +21,7 @@ struct InstallationLayout {
     QString UserReportFolder;
 };
 
-/// The row '001' of 動作環境定義. Of these, only the office and the install kind steer this program.
+/// The row '001' of 動作環境定義. Only the office and the install kind affect these programs.
 struct EnvironmentDefinition {
     QString OperatingOfficeCode;
     int InstallKind = 0;  ///< 0: all users share the common folders; 1: each user has private copies
@@ -35,14 +35,14 @@ struct EnvironmentDefinition {
     QString BackupFolder;
 };
 
-/// The row 'GNR' of データベース定義: how the general database is reached.
+/// The row 'GNR' of データベース定義: how to connect to the general database.
 struct GeneralDatabaseDefinition {
     QString db;    ///< the dialect: exactly "A", "S" or "O"; not trimmed
-    QString dbmw;  ///< kept only
+    QString dbmw;  ///< not used
     QString ドライバ名;
     QString データベース名;
     QString サーバー名;
-    QString 接続文字列;  ///< kept only: the connection string is always built
+    QString 接続文字列;  ///< not used: the connection string is always built
     QString ユーザーID;
     QString パスワード;
     QString プロバイダ名;

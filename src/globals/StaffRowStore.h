@@ -4,8 +4,7 @@
 #include <array>
 #include <vector>
 
-/// Text fields of a row, in the order in which a row is cleared. The two 16-bit fields and the row flag stand
-/// beside them.
+/// Text fields of a row in the order of clearing. The two 16-bit fields and the row flag are stored separately.
 enum class StaffText {
     行No,
     担当者コード,
@@ -51,16 +50,17 @@ enum class StaffText {
 };
 inline constexpr int kStaffTextCount = static_cast<int>(StaffText::退社日付) + 1;
 
-/// The result of a search: parallel arrays of a fixed size, so that no row access ever allocates. Rows past the
-/// last one hold empty values, and painting relies on that.
+/// The result of a search: parallel arrays of a fixed size, so that row access never allocates. Rows after the last one
+/// are empty, which painting relies on.
 struct StaffRowStore {
     static constexpr int kRows = 32761;            ///< indices 0 to 32760
-    static constexpr int kLastClearedRow = 32759;  ///< the one behind it only keeps the bound
+    static constexpr int kLastClearedRow = 32759;  ///< the row after it only exists as a bound
 
     std::array<std::vector<QString>, kStaffTextCount> texts;
-    std::vector<qint16> 出力対象 = std::vector<qint16>(kRows);  ///< 1: the row goes into the outputs
-    std::vector<qint16> 閲覧区分 = std::vector<qint16>(kRows);  ///< -2 nobody known, -1 never viewed, else the log's
-    std::vector<qint16> rowFlag = std::vector<qint16>(kRows);   ///< only ever reset and copied
+    std::vector<qint16> 出力対象 = std::vector<qint16>(kRows);  ///< 1: the row is checked for output
+    std::vector<qint16> 閲覧区分 =
+        std::vector<qint16>(kRows);  ///< -2 unknown viewer, -1 never viewed, else from the log
+    std::vector<qint16> rowFlag = std::vector<qint16>(kRows);  ///< only reset and copied
 
     StaffRowStore() { texts.fill(std::vector<QString>(kRows)); }
 

@@ -1,10 +1,10 @@
 #include "inquiry/ConditionProcedures.h"
 
 #include "globals/ProgramGlobals.h"
-#include "screen/modクライアント処理.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "screen/Control.h"
 #include "screen/Form.h"
+#include "screen/modクライアント処理.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -27,7 +27,7 @@ void SetOpenConditions(int staffClass) {
     conditions.DisplayOrder = kStartDisplayOrder;
 }
 
-/// The single lookup windows are not among them: they stay as they are through a clear.
+/// Without the lookup windows, which a clear does not affect.
 const std::array<QString, 9>& ConditionWindows() {
     static const std::array<QString, 9> windows = {
         u"wnd担当者名複数指定"_s,   u"wnd担当者カナ複数指定"_s,     u"wnd担当者住所複数指定"_s,
@@ -37,7 +37,7 @@ const std::array<QString, 9>& ConditionWindows() {
     return windows;
 }
 
-/// Stores one bound. The other one follows when the two would cross.
+/// Stores one bound. If the bounds would cross, the other one is set to it.
 int AcceptBound(QString& bound, QString& other, const QString& value, bool isStart) {
     if (bound == value) return 1;
     bound = value;
@@ -122,7 +122,7 @@ int AcceptRangeEnd(Range range, const QString& value) {
 bool AcceptSearchText(const SearchTextDefinition& definition, const QString& text) {
     QString& field = Globals().Conditions.*definition.field;
     if (text == field) return false;
-    // A text that is cut back to what stood there before counts as a change: the item still shows the long one.
+    // Even if the cut text equals the stored one, report a change: the item still shows the long one.
     field = definition.cut ? CutToLength(text, Globals().MainForm->Item(definition.item).MaxLength()) : text;
     return true;
 }

@@ -6,11 +6,11 @@
 
 #include "globals/InquiryConditions.h"
 
-// The head's conditions: their defaults and the rules by which an item's value goes into the record.
+// The head's conditions: defaults and rules for storing an item's value in Globals().Conditions.
 
 enum class Range { Department, Section, Position, Staff };
 
-/// One code range of the head: where its bounds stand, by which mask, under which items.
+/// A code range of the head: fields of its bounds, number mask of the codes, names of the items.
 struct RangeDefinition {
     Range range;
     QString InquiryConditions::*from;
@@ -21,7 +21,7 @@ struct RangeDefinition {
 const std::array<RangeDefinition, 4>& RangeDefinitions();
 const RangeDefinition& DefinitionOf(Range range);
 
-/// One search text of the head. `cut`: stored within MaxLength bytes; the others are stored as typed.
+/// A search text of the head. `cut`: cut to MaxLength bytes of code page 932 when stored.
 struct SearchTextDefinition {
     QString item;
     QString InquiryConditions::*field;
@@ -29,33 +29,33 @@ struct SearchTextDefinition {
 };
 const std::array<SearchTextDefinition, 5>& SearchTextDefinitions();
 
-/// One class item with its list.
+/// A class item with its list.
 struct KindDefinition {
     QString item, listItem;
     int InquiryConditions::*field;
 };
 const std::array<KindDefinition, 3>& KindDefinitions();
 
-/// Defaults of a start: all ranges open, texts empty, 在籍区分 0, 社員区分 9, 表示順区分 1.
+/// Defaults at start: ranges open, texts empty, 在籍区分 0, 社員区分 9, 表示順区分 1.
 void SetInitialConditions();
-/// Defaults of a clear: the same, but 社員区分 takes its MaxValue. The office of a start command stays.
+/// Defaults after a clear: the same, but 社員区分 has its MaxValue. The office of a start command is kept.
 void ResetConditions();
 /// Clears all condition flags.
 void ResetConditionFlags();
-/// First step of a clear: flags off, selection windows unloaded, conditions and row store reset.
+/// First step of a clear: resets flags, conditions and row store, unloads the selection windows.
 void CloseConditionWindows();
 
-/// 1 to 4 for the first empty end of department, section, position, staff; 0 when none is empty. Starts are not
-/// tested.
+/// 1 to 4 for the first empty end of department, section, position, staff; 0 if none is empty. Starts are not checked.
 int CheckRangeEnds();
 
-/// 1: the bound had this value already; -1: stored, range in order; 0: stored, and the other bound was moved
-/// along, since the bound just typed wins.
+/// Stores a code formatted by the mask. 1: unchanged; -1: stored; 0: stored, and the other bound was set to it because
+/// the bounds would have crossed.
 int AcceptRangeStart(Range range, const QString& value);
 int AcceptRangeEnd(Range range, const QString& value);
-/// True when the field changed. The item's MaxLength is read from the main form.
+/// True if the field changed. Reads the item's MaxLength from the main form.
 bool AcceptSearchText(const SearchTextDefinition& definition, const QString& text);
 bool AcceptKind(const KindDefinition& definition, int value);
 
-/// Notice in お知らせ of the main form while a text is typed: how many characters are too many, or nothing.
+/// Shows in お知らせ of the main form by how many characters a text exceeds `maxBytes` (code page 932); empty if it
+/// fits.
 void CheckInputLength(const QString& text, int maxBytes);

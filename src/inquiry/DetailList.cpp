@@ -12,23 +12,23 @@ namespace {
 
 constexpr int kFullScreenHeight = 864;  // pixels
 constexpr int kLowRows = 6;
-constexpr int kTabAllowance = 30;  // twips: the tab keeps its own border below the last row
+constexpr int kTabAllowance = 30;  // twips, border of the tab below the last row
 
-// Colour of a staff code by what the viewing log says: nothing, kind 0, another kind.
+// Colour of a staff code by the last entry of the viewing log: none, kind 0, another kind.
 QColor CodeColor(int viewKind) {
     if (viewKind < 0) return QApplication::palette().color(QPalette::ButtonText);
     return viewKind == 0 ? QColor(0, 128, 128) : QColor(0, 128, 0);
 }
 
-/// Only somebody of the whole company with the right of class 9 sees PINs. The field is loaded in any case.
+/// PINs are visible only to staff of the whole company with the right of class 9. The field is always loaded.
 bool PinColumnShows() {
     const ProgramGlobals& globals = Globals();
     return globals.ScopeOfficeCode == "000"_L1 && !globals.Staff.LaunchingStaffCode.isEmpty() &&
            globals.Staff.ClassRights[9] == "0"_L1;
 }
 
-void Lower(Control& control, int twips) { control.SetHeight(control.Height() - twips); }
-void Raise(Control& control, int twips) { control.SetTop(control.Top() - twips); }
+void Shrink(Control& control, int twips) { control.SetHeight(control.Height() - twips); }
+void MoveUp(Control& control, int twips) { control.SetTop(control.Top() - twips); }
 
 void ShrinkForm(Form& form) {
     const int twoRows = 2 * form.Item(u"bak_dtla"_s, 0).Height();
@@ -36,12 +36,12 @@ void ShrinkForm(Form& form) {
         form.Item(u"bak_dtl_行No"_s, position).SetVisible(false);
         form.Item(u"bak_dtla"_s, position).SetVisible(false);
     }
-    Lower(form.Item(u"tab_詳細"_s), twoRows - kTabAllowance);
-    Lower(form.Item(u"scl_行"_s), twoRows - kTabAllowance);
+    Shrink(form.Item(u"tab_詳細"_s), twoRows - kTabAllowance);
+    Shrink(form.Item(u"scl_行"_s), twoRows - kTabAllowance);
     form.Item(u"scl_行"_s).SetLargeChange(Globals().RowsPerPage);
     for (const QString& name : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s, u"btn_はがき"_s,
                                 u"btn_宛名ラベル"_s, u"btn_終了"_s, u"お知らせ"_s})
-        Raise(form.Item(name), twoRows);
+        MoveUp(form.Item(name), twoRows);
     form.SetWindowHeight(form.WindowHeight() - twoRows);
 }
 

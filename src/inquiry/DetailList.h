@@ -6,8 +6,7 @@
 
 #include "globals/StaffRowStore.h"
 
-// The list of the main form: a fixed number of row positions, filled from the row store. Position p shows the row
-// TopRow + p.
+// The list of the main form: a fixed number of row positions. Position p shows row TopRow + p of the row store.
 
 inline constexpr int kRowPositions = 8;
 
@@ -16,11 +15,11 @@ struct DetailItem {
     StaffText field;
     QString item;
 };
-/// All of them, in the order in which a row is painted.
+/// In the order of painting.
 const std::vector<DetailItem>& DetailItems();
 
-/// Sets RowsPerPage by the screen's height: 8 from 864 pixels on, otherwise 6 and a shorter form.
+/// Sets RowsPerPage by the height of the screen: 8 from 864 pixels on, otherwise 6 and a shorter form.
 void AdaptScreenToHeight();
 
-/// Writes one row of the store into one position of the list, whatever stood there.
+/// Writes all items of a row of the store to a position of the list.
 void PaintDetailRow(int row, int position);

@@ -20,7 +20,7 @@ struct TextItem {
     QString InquiryConditions::*field;
 };
 
-/// A selection button: its flag colours it and takes its items out of use.
+/// A selection button: its flag determines its colour and disables its items.
 struct SelectionItem {
     bool ConditionFlags::*flag;
     QString button;

@@ -1,13 +1,13 @@
 #pragma once
 
-// The screen is a projection of the state in Globals(): handlers change state and ask for a paint, and never fix up
-// a neighbouring control. A paint writes everything, whatever stood there before.
+// The screen is a view of the state in Globals(): handlers change the state and repaint, and never update other
+// controls themselves. Painting writes every item.
 
-/// Head, rows, and the end of painting.
+/// Paints head and rows, then EndPainting.
 void RefreshScreen();
-/// The head items and their state by condition flag.
+/// Paints the head items and enables them by the condition flags.
 void PaintHeadItems();
-/// The visible rows from TopRow on.
+/// Paints the visible rows, from TopRow on.
 void PaintDetailRows();
-/// Painting is over, whatever happened before.
+/// Clears ScreenPainting.
 void EndPainting();

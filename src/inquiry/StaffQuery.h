@@ -2,14 +2,19 @@
 
 #include <QString>
 
-/// The statement of the staff list for the present conditions, word for word as every dialect gets it. Writes
-/// MaxValue back into 在籍区分 and 社員区分 where they are at or above it: that is how "all" shows in the list.
+// The staff query: its statement (StaffStatement.cpp), the search and the reload of one row (StaffQuery.cpp).
+
+/// The statement of the staff list for Globals().Conditions, identical for all dialects. Side effect: classes at or
+/// above the MaxValue of 在籍区分 and 社員区分 are set to it, which shows as "all" in the list.
 QString BuildStaffStatement();
 
-/// Runs the statement and fills the row store, which the caller has reset. Leaves LastRow at the last row or -1.
-/// Events are let through between rows. Too many rows: a message, and those read so far stay.
+/// SELECT and FROM of search and reload, up to the blank before " WHERE".
+QString StaffStatementHead();
+
+/// Runs the statement and appends the rows to the row store, which the caller has reset. LastRow is the last row or -1
+/// afterwards. Processes events between rows. If there are more rows than the store takes: a message; those read so far
+/// stay. A failed query leaves an empty list.
 void RunStaffSearch();
 
-/// Reads the row's staff member again, or takes the row out when there is none any more (a failed read counts as
-/// none). Repaints.
+/// Reads the row's staff member again, or removes the row if there is none any more or the query fails. Repaints.
 void ReloadStaffRow(int row);

@@ -14,7 +14,7 @@ namespace {
 const QString kRegistration = u"要員台帳更新"_s;
 constexpr int kStaffCodeLength = 5;
 
-/// Office and exactly five characters of staff code; the sibling cuts them apart by position.
+/// Office and staff code of exactly five characters; the other program splits them by position.
 QString KeyOf(const QString& staffCode) {
     return Globals().ScopeOfficeCode + staffCode.left(kStaffCodeLength).leftJustified(kStaffCodeLength);
 }
@@ -37,7 +37,7 @@ void LaunchStaffRegistration(int position) {
     try {
         Exchange(row, KeyOf(code), earliest);
     } catch (const platform::RuntimeError&) {
-        // The form stays disabled: only the end of a wait enables it, and this program is then closed from outside.
+        // The form stays disabled: only a completed wait enables it.
         platform::Services().dialogs->ShowMessage(u"情報登録プログラムが有りません"_s);
     }
 }

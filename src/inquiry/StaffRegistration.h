@@ -1,6 +1,6 @@
 #pragma once
 
-/// Opens the program 要員台帳更新 on the staff member at the list's position, waits for its end and reads the row
-/// again. A blank position does nothing. Any failure on the way shows a message; the main form then stays disabled, as
-/// it was for the exchange.
+/// Starts the program 要員台帳更新 for the staff member at a position of the list, waits for its end and reloads the
+/// row. Ignores an empty position. Any platform::RuntimeError is shown as a message; the main form, disabled for the
+/// exchange, then stays disabled.
 void LaunchStaffRegistration(int position);

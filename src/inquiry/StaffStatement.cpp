@@ -1,4 +1,4 @@
-#include "inquiry/StaffStatement.h"
+// The part of StaffQuery that builds the statement.
 
 #include <QStringList>
 #include <array>
@@ -26,7 +26,7 @@ struct CodeCondition {
     Range range;
 };
 
-/// Staff stands before position here, unlike on the screen.
+/// In the order of the statement: staff before position, unlike on the screen.
 const std::array<CodeCondition, 4>& CodeConditions() {
     static const std::array<CodeCondition, 4> conditions = {{
         {&Flags::DepartmentPicked, u"wnd部門選択一覧"_s, u"部門コード"_s, Range::Department},
@@ -45,8 +45,8 @@ struct TextCondition {
     QString joinerOfSingleText;
 };
 
-/// The single telephone text has no AND in front, so the engine refuses the statement and such a search ends
-/// empty. It has always behaved so; a list of telephones works.
+/// A single telephone text has no AND before it, so the engine rejects the statement and the search finds nothing. This
+/// behaviour is expected; a list of telephones works.
 const std::array<TextCondition, 5>& TextConditions() {
     static const std::array<TextCondition, 5> conditions = {{
         {&Flags::NameListGiven, u"wnd担当者名複数指定"_s, {u"氏名"_s}, &Conditions::SearchName, u" AND "_s},
@@ -62,14 +62,14 @@ const std::array<TextCondition, 5>& TextConditions() {
     return conditions;
 }
 
-/// Without its window a flag gives nothing, and the engine then refuses the statement.
+/// Empty if the window is not loaded; the engine then rejects the statement.
 QString SelectionCondition(const QString& window, const QString& column) {
     const SelectionSource* source = Globals().SelectionWindows.value(window, nullptr);
     return source ? source->BuildSelectionCondition(kStaffTable, column) : QString();
 }
 
-/// Open ranges add nothing, so that a search of all staff tests no code. One changed bound brings both in, and an
-/// empty bound is a changed one.
+/// Empty for an open range, so that a search for all staff compares no codes. If either bound differs from its default,
+/// even by being empty, both are written.
 QString RangeConditionText(const QString& column, Range range) {
     const RangeDefinition& definition = DefinitionOf(range);
     const QString& from = Globals().Conditions.*definition.from;
@@ -84,7 +84,7 @@ QString CodeConditionText(const CodeCondition& condition) {
     return RangeConditionText(condition.column, condition.range);
 }
 
-/// Writes MaxValue back where the class means all, which is how a start's 9 becomes the list's last entry.
+/// If the class means all, MaxValue is written back; so the initial 9 becomes the last entry of the list.
 QString ClassConditionText(const KindDefinition& definition) {
     int& value = Globals().Conditions.*definition.field;
     const int all = Globals().MainForm->Item(definition.item).MaxValue();
@@ -128,8 +128,8 @@ QString OrderText(int displayOrder) {
 }
 }  // namespace
 
-// Office, department, section and position may be missing: outer joins. The three class tables are joined inner,
-// so a staff row with an unknown class drops out of the list without a word.
+// Outer joins, since office, department, section and position may be missing. The class tables are inner joins: a staff
+// row with an unknown class is silently omitted.
 QString StaffStatementHead() {
     return u"SELECT"
            " M担当者.*, M事業所.名称 as 事業所名, M部門.名称 as 部門名, Mセクション.名称 as セクション名,"

@@ -1,21 +1,22 @@
+// Layout of the main form (MainFormPanels.h): head.
+
 #include <QRect>
 
 #include "inquiry/ConditionProcedures.h"
 #include "mainform/MainFormPanels.h"
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
-#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
-#include "screen/Label.h"
+#include "screen/Labels.h"
 #include "screen/NumItem.h"
-#include "screen/Panel.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLine = 28;    // from one line of the head to the next
+constexpr int kLine = 28;    // line pitch
 constexpr int kHeight = 26;  // of an item
 constexpr int kTop = 44;     // first line of the head
 constexpr int kButtonWidth = 126;
@@ -38,48 +39,49 @@ InputItem& MakeInput(Form& form, const QString& name, const ItemDesign& design, 
     return *item;
 }
 
-// Ranges: the button that opens the selection window stands in front of both bounds as their title.
-struct RangeLook {
+// The title of a range is the button that opens its selection window.
+struct RangeLayout {
     Range range;
     QStringView button;
     QStringView caption;
     int length;
     int maxValue;
 };
-constexpr RangeLook kRanges[] = {
+constexpr RangeLayout kRanges[] = {
     {Range::Department, u"btn_部門個別選択", u"部門コード範囲", 3, 999},
-    // This caption really differs from the item's name, unlike its neighbours.
+    // Intentionally not "セクションコード範囲".
     {Range::Section, u"btn_セクション個別選択", u"所属コード範囲", 3, 999},
     {Range::Position, u"btn_役職個別選択", u"役職コード範囲", 2, 99},
     {Range::Staff, u"btn_担当者個別選択", u"担当者コード範囲", 5, 999999},
 };
 
-ItemDesign CodeDesign(const RangeLook& look) {
+ItemDesign CodeDesign(const RangeLayout& layout) {
     ItemDesign design;
-    design.maxLength = look.length;
+    design.maxLength = layout.length;
     design.imeMode = ImeMode::Off;
     design.classes = CharacterClass::Num;
     design.minValue = 0;
-    design.maxValue = look.maxValue;
-    design.text = QString(look.length, u'0');
+    design.maxValue = layout.maxValue;
+    design.text = QString(layout.length, u'0');
     return design;
 }
 
-void BuildRange(Form& form, const RangeLook& look, int line) {
-    const RangeDefinition& range = DefinitionOf(look.range);
+void BuildRange(Form& form, const RangeLayout& layout, int line) {
+    const RangeDefinition& range = DefinitionOf(layout.range);
     constexpr int kCodeWidth = 60;
     const int from = kRangeColumn + kButtonWidth + 4;
-    MakeSelectionButton(form, look.button.toString(), look.caption.toString(), Place(kRangeColumn, line, kButtonWidth));
-    MakeInput(form, range.fromItem, CodeDesign(look), Place(from, line, kCodeWidth));
+    MakeSelectionButton(form, layout.button.toString(), layout.caption.toString(),
+                        Place(kRangeColumn, line, kButtonWidth));
+    MakeInput(form, range.fromItem, CodeDesign(layout), Place(from, line, kCodeWidth));
     auto* until = new Label(form, form, u"lab_範囲"_s, line, u"～"_s);
     until->setFont(SuiteFont(SuiteFace::PGothic, 10));
     until->SetEdgeless();
     until->setAlignment(Qt::AlignCenter);
     until->setGeometry(Place(from + kCodeWidth, line, 20));
-    MakeInput(form, range.toItem, CodeDesign(look), Place(from + kCodeWidth + 20, line, kCodeWidth));
+    MakeInput(form, range.toItem, CodeDesign(layout), Place(from + kCodeWidth + 20, line, kCodeWidth));
 }
 
-struct TextLook {
+struct TextLayout {
     QStringView item;
     QStringView button;
     QStringView caption;
@@ -89,28 +91,29 @@ struct TextLook {
     int width;
 };
 
-const QList<TextLook>& TextLooks() {
-    // Telephone and postal code take half-width signs only.
+const QList<TextLayout>& TextLayouts() {
+    // Telephone and postal code accept half-width characters only.
     static const CharacterClasses halfWidth = CharacterClass::Kana | CharacterClass::Lower | CharacterClass::Num |
                                               CharacterClass::NumExt | CharacterClass::Space | CharacterClass::Symbol |
                                               CharacterClass::Upper;
-    static const QList<TextLook> looks = {
+    static const QList<TextLayout> layouts = {
         {u"検索名称", u"btn_名称複数指定", u"名称複数指定", 20, ImeMode::On, CharacterClass::All, 330},
         {u"検索カナ", u"btn_カナ複数指定", u"カナ複数指定", 20, ImeMode::HalfKatakana, CharacterClass::All, 330},
         {u"検索住所", u"btn_住所複数指定", u"住所複数指定", 40, ImeMode::On, CharacterClass::All, 330},
         {u"検索電話", u"btn_電話複数指定", u"電話複数指定", 16, ImeMode::Disabled, halfWidth, 160},
         {u"検索郵便番号", u"btn_郵便番号複数指定", u"郵便番号複数指定", 8, ImeMode::Disabled, halfWidth, 96},
     };
-    return looks;
+    return layouts;
 }
 
-void BuildText(Form& form, const TextLook& look, int line) {
+void BuildText(Form& form, const TextLayout& layout, int line) {
     ItemDesign design;
-    design.maxLength = look.maxLength;
-    design.imeMode = look.ime;
-    design.classes = look.classes;
-    MakeSelectionButton(form, look.button.toString(), look.caption.toString(), Place(kTextColumn, line, kButtonWidth));
-    MakeInput(form, look.item.toString(), design, Place(kTextColumn + kButtonWidth + 4, line, look.width));
+    design.maxLength = layout.maxLength;
+    design.imeMode = layout.ime;
+    design.classes = layout.classes;
+    MakeSelectionButton(form, layout.button.toString(), layout.caption.toString(),
+                        Place(kTextColumn, line, kButtonWidth));
+    MakeInput(form, layout.item.toString(), design, Place(kTextColumn + kButtonWidth + 4, line, layout.width));
 }
 
 void BuildKind(Form& form, const KindDefinition& kind, int line) {
@@ -135,7 +138,7 @@ void BuildCommands(Form& form) {
     const int top = kTop + 3 * kLine + 4;
     make(u"btn_集計検索"_s, u"検索"_s, {kKindColumn, top, 126, 2 * kLine - 8});
     make(u"btn_画面クリア"_s, u"画面ｸﾘｱ"_s, {kKindColumn + 130, top, 126, 2 * kLine - 8});
-    // The border between head and list: it takes the focus at the end of the head and has no face of its own.
+    // Invisible border between head and list: takes the focus at the end of the head.
     auto* headEnd = new Button(form, form, u"ヘッド終了"_s, QString());
     headEnd->SetFaceless();
     headEnd->setGeometry(kKindColumn + 258, top, 2, 2);
@@ -155,9 +158,9 @@ void BuildTitlePanel(Form& form) {
 
 void BuildHeadPanel(Form& form) {
     int line = 0;
-    for (const RangeLook& look : kRanges) BuildRange(form, look, line++);
+    for (const RangeLayout& layout : kRanges) BuildRange(form, layout, line++);
     line = 0;
-    for (const TextLook& look : TextLooks()) BuildText(form, look, line++);
+    for (const TextLayout& layout : TextLayouts()) BuildText(form, layout, line++);
     line = 0;
     for (const KindDefinition& kind : KindDefinitions()) BuildKind(form, kind, line++);
     BuildCommands(form);
@@ -166,8 +169,8 @@ void BuildHeadPanel(Form& form) {
 const QStringList& SelectionButtons() {
     static const QStringList names = [] {
         QStringList list;
-        for (const TextLook& look : TextLooks()) list << look.button.toString();
-        for (const RangeLook& look : kRanges) list << look.button.toString();
+        for (const TextLayout& layout : TextLayouts()) list << layout.button.toString();
+        for (const RangeLayout& layout : kRanges) list << layout.button.toString();
         return list;
     }();
     return names;

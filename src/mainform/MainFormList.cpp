@@ -1,21 +1,21 @@
+// Layout of the main form (MainFormPanels.h): list.
+
 #include <QRect>
 
 #include "inquiry/DetailList.h"
 #include "mainform/MainFormPanels.h"
-#include "screen/CheckItem.h"
-#include "screen/DisplayItem.h"
-#include "screen/fonts/Fonts.h"
+#include "screen/Buttons.h"
 #include "screen/Form.h"
-#include "screen/Label.h"
-#include "screen/Panel.h"
+#include "screen/Labels.h"
 #include "screen/ScrollItem.h"
 #include "screen/TabItem.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// On a low screen the tab keeps two pixels of the first row that is out of use; a row's items leave them free.
+// On a low screen two pixels of the first hidden row stay visible in the tab; row items leave them free.
 constexpr int kRowHeight = 64;
 constexpr int kTitleHeight = 24;
 constexpr int kTabTop = 190;
@@ -27,7 +27,7 @@ constexpr int kTabLeft = kLeft + kNumberWidth + kStaffWidth;
 constexpr int kTabWidth = 670;
 constexpr int kListTop = kTabTop + kTabBar + kTitleHeight;
 
-/// An item of a row, in pixels within its panel. The font is the detail rows' Mincho unless told otherwise.
+/// An item of a row, in pixels relative to its panel.
 struct RowItem {
     QStringView type;
     QStringView name;
@@ -62,7 +62,7 @@ constexpr RowLabel kOrganisationLabels[] = {
     {u"itm_ttl_社員区分名", u"社員区分", 225, kLine3, 60},
 };
 
-/// A date of the row: its title, its era, and year, month and day, each with a sign behind.
+/// A date of the row: title, era, and year, month and day, each followed by its unit.
 struct RowDate {
     QStringView name;
     QStringView caption;
@@ -74,7 +74,7 @@ constexpr RowItem kDateParts[] = {{u"xField", u"年号", 481, 0, 38},
                                   {u"xField", u"年", 520, 0, 38, false, 20, true},
                                   {u"xField", u"月", 577, 0, 22},
                                   {u"xField", u"日", 618, 0, 22}};
-constexpr int kSignWidth = 18;
+constexpr int kUnitWidth = 18;
 
 constexpr RowItem kAddressItems[] = {
     {u"xZip", u"郵便番号", 1, kLine1, 84},   {u"xField", u"住所A", 87, kLine1, 244},
@@ -130,12 +130,12 @@ void AddDate(Form& form, Panel& panel, int position, const RowDate& date) {
     for (const RowItem& part : kDateParts) {
         const QString partName = part.name.toString();
         AddItem(form, panel, position, part, name + partName, date.y);
-        if (partName == u"年号") continue;  // an era says itself what it is
-        auto* sign = new Label(form, panel, u"lab_"_s + name + partName, position, partName);
-        sign->setFont(SuiteFont(SuiteFace::PGothic, kRowTitlePoints));
-        sign->setAlignment(Qt::AlignCenter);
-        sign->SetEdgeless();
-        sign->setGeometry(part.x + part.width, date.y, kSignWidth, 20);
+        if (partName == u"年号") continue;  // an era has no unit
+        auto* unit = new Label(form, panel, u"lab_"_s + name + partName, position, partName);
+        unit->setFont(SuiteFont(SuiteFace::PGothic, kRowTitlePoints));
+        unit->setAlignment(Qt::AlignCenter);
+        unit->SetEdgeless();
+        unit->setGeometry(part.x + part.width, date.y, kUnitWidth, 20);
     }
 }
 

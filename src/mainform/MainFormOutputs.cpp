@@ -1,11 +1,13 @@
+// Layout of the main form (MainFormPanels.h): outputs, and the tab order.
+
 #include <QStringList>
 
 #include "inquiry/ConditionProcedures.h"
 #include "mainform/MainFormPanels.h"
-#include "screen/Button.h"
-#include "screen/fonts/Fonts.h"
+#include "screen/Buttons.h"
 #include "screen/Form.h"
-#include "screen/Panel.h"
+#include "screen/Labels.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,12 +19,12 @@ constexpr int kNoticeTop = 796;
 constexpr int kNoticeHeight = 24;
 constexpr int kWindowWidth = 1012;
 
-struct OutputLook {
+struct OutputLayout {
     QStringView name;
     QStringView caption;
     int x, width;
 };
-constexpr OutputLook kOutputs[] = {
+constexpr OutputLayout kOutputs[] = {
     {u"btn_印刷", u"印刷", 8, 116},
     {u"btn_プレビュ", u"プレビュ", 128, 116},
     {u"btn_テキスト出力", u"ﾃｷｽﾄ出力", 248, 116},
@@ -32,8 +34,8 @@ constexpr OutputLook kOutputs[] = {
     {u"btn_終了", u"終了", 888, 116},
 };
 
-/// The stops of the Tab key in their order. A head item that a selection has just disabled is followed by the next
-/// item and not by a button, so the focus stays among the items; the head's buttons come behind all of them.
+/// Tab stops in tab order. The head's buttons come after all its items, so that the focus moves from an item that a
+/// selection has disabled to the next item and not to a button.
 QStringList TabStops() {
     QStringList stops;
     for (const SearchTextDefinition& text : SearchTextDefinitions()) stops << text.item;
@@ -42,17 +44,17 @@ QStringList TabStops() {
     for (const RangeDefinition& range : RangeDefinitions()) stops << range.fromItem << range.toItem;
     stops << kinds[2].item << kinds[2].listItem << u"btn_集計検索"_s << u"btn_画面クリア"_s;
     stops << SelectionButtons() << u"ヘッド終了"_s << u"tab_詳細"_s;
-    for (const OutputLook& look : kOutputs) stops << look.name.toString();
+    for (const OutputLayout& layout : kOutputs) stops << layout.name.toString();
     return stops;
 }
 
 }  // namespace
 
 void BuildOutputPanel(Form& form) {
-    for (const OutputLook& look : kOutputs) {
-        auto* button = new Button(form, form, look.name.toString(), look.caption.toString());
+    for (const OutputLayout& layout : kOutputs) {
+        auto* button = new Button(form, form, layout.name.toString(), layout.caption.toString());
         button->setFont(SuiteFont(SuiteFace::PGothic, 12));
-        button->setGeometry(look.x, kButtonTop, look.width, kButtonHeight);
+        button->setGeometry(layout.x, kButtonTop, layout.width, kButtonHeight);
     }
     auto* notice = new Panel(form, form, u"お知らせ"_s, -1, QString());
     notice->setFont(SuiteFont(SuiteFace::PGothic, 12));

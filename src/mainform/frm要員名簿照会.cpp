@@ -17,10 +17,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWidthAllowance = 90;  // twips left and right of the notice, for the frame
+constexpr int kWidthAllowance = 90;  // twips, for the frame left and right of the notice
 constexpr int kUnusedRowLimit = 32760;
 
-/// What the window's frame needs below the lowest control, in twips: it differs between versions of the system.
+/// Height of title bar and frame in twips, which depends on the version of the system.
 int FrameMargin() {
     const auto version = platform::Services().system->OsVersion();
     if (!version) return 420;
@@ -36,9 +36,9 @@ frm要員名簿照会::frm要員名簿照会(std::function<void()> leave) : Form
     BuildListPanel(*this);
     BuildOutputPanel(*this);
     SetTabOrder(*this);
-    WireHead();
-    WireList();
-    WireCommands();
+    ConnectHead();
+    ConnectList();
+    ConnectCommands();
     Load = [this] { OnLoad(); };
     Closing = [this] { Leave(); };
 }
@@ -92,7 +92,7 @@ void frm要員名簿照会::FillConditionLists() {
     for (const QString& order : {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})
         orders.AddItem(order);
     Item(kinds[2].item).SetMinValue(0);
-    // One more than the list has: the value 5 can be typed, shows no entry and sorts by nothing.
+    // One more than the list has: 5 can be typed, shows no entry and gives no ORDER BY.
     Item(kinds[2].item).SetMaxValue(5);
 }
 
@@ -111,7 +111,7 @@ void frm要員名簿照会::SetupScrollBar() {
         return;
     }
     bar.SetEnabled(true);
-    // Max is the last row and not the last page, so the last row can stand alone in the first position.
+    // The maximum is the last row, not the last page: the last row can be scrolled to the top.
     bar.TakePlace(globals.TopRow, qMin(globals.LastRow, kUnusedRowLimit - 1));
 }
 
@@ -150,7 +150,7 @@ void frm要員名簿照会::FocusHeadItemByName(const QString& name) {
         u"検索住所"_s,
         u"表示順区分"_s,
     };
-    // Most callers pass "btn_集計検索", which is none of these: their focus stays where it is.
+    // Most callers pass "btn_集計検索", which is not in the list, so the focus does not move.
     if (items.contains(name)) MoveFocus(Item(name));
 }
 

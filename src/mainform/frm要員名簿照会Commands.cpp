@@ -1,3 +1,5 @@
+// The part of frm要員名簿照会 with the handlers of the command buttons.
+
 #include <QDir>
 #include <optional>
 
@@ -8,15 +10,14 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
-#include "output/MailPrint.h"
 #include "output/ReportRunner.h"
 #include "output/TextOutput.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
-#include "selection/MultiSelectWindows.h"
-#include "selection/ValueWindows.h"
+#include "selection/OpenListWindow.h"
+#include "selection/wnd担当者複数指定.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +27,7 @@ constexpr int kPrint = 4;
 constexpr int kPreview = 5;
 constexpr int kTextOutput = 6;
 
-/// An output button that asks before it works.
+/// An output button with a confirmation.
 struct OutputButton {
     QString button;
     int operation;
@@ -45,8 +46,8 @@ const QList<OutputButton>& OutputButtons() {
     return buttons;
 }
 
-/// From the dialog on everything that rises is trapped here without a word, and nothing is tidied up: after a failure
-/// in the middle of writing the form stays disabled and the wait dialog stays up.
+/// Errors from the dialog on are silently ignored without cleanup: after a write error the form stays disabled and the
+/// wait dialog stays open.
 void AskAndOutputText() {
     ProgramGlobals& globals = Globals();
     const QString filter = u"テキスト ファイル (*.txt)|*.txt|CSV ファイル (*.csv)|*.csv"_s;
@@ -65,7 +66,7 @@ bool Permitted(int operation) { return CheckProgramPermission(Globals().MenuName
 
 }  // namespace
 
-void frm要員名簿照会::WireCommands() {
+void frm要員名簿照会::ConnectCommands() {
     Item(u"btn_集計検索"_s).Click = Guarded([this] { Search(); });
     Item(u"btn_画面クリア"_s).Click = Guarded([this] { Clear(); });
     for (const OutputButton& output : OutputButtons())
@@ -77,11 +78,11 @@ void frm要員名簿照会::WireCommands() {
             if (!OpenValueWindow(name)) OpenSelectionWindow(name);
         });
     }
-    // Behind the last item of the head: tabbing onto it, or a key on it, validates the head and moves nothing.
+    // After the last item of the head: focus or a key validates the head and does not move the focus.
     Control& headEnd = Item(u"ヘッド終了"_s);
     headEnd.GotFocus = Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); });
     headEnd.KeyDown = [this](int) { Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); })(); };
-    // The three that work whatever goes on.
+    // These three have no guard: they are always available.
     Item(u"btn_終了"_s).Click = [this] { Leave(); };
     Item(u"manualpanel"_s).Click = [] { OpenManual(Globals().Layout.ManualFolder, Globals().ProgramId); };
     Item(u"prg_ttl"_s).Click = [this] { MoveFocus(*Globals().LastHeadItem); };
@@ -89,7 +90,7 @@ void frm要員名簿照会::WireCommands() {
 
 void frm要員名簿照会::Search() {
     const int missing = ValidateHead();
-    // A missing end of positions or staff does not stop the search: it runs with an empty bound and finds nothing.
+    // A missing end of positions or staff does not prevent the search; with an empty bound it finds nothing.
     if (missing == 1 || missing == 2) {
         FocusMissingRangeEnd(missing);
         return;
@@ -118,7 +119,7 @@ void frm要員名簿照会::Output(int operation, const QString& question, const
     MoveFocus(*Globals().LastHeadItem);
 }
 
-// The file dialog may leave the working folder anywhere.
+// The file dialog may have changed the working directory.
 void frm要員名簿照会::OutputText() {
     if (Permitted(kTextOutput)) {
         const QString programFolder = platform::Services().system->ApplicationFolder();

@@ -1,3 +1,5 @@
+// The part of frm要員名簿照会 with the handlers of the head.
+
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
@@ -7,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// How many ranges an item looks back upon when it gets the focus. The position items test one range less than their
-// place would suggest, and a missing staff end sends nobody back.
+// Number of preceding ranges that an item validates when it gets the focus. Position items check one range fewer than
+// their order suggests, and a missing staff end never redirects the focus.
 int RedirectReach(Range range) {
     switch (range) {
         case Range::Department:
@@ -27,10 +29,10 @@ void RememberLostFocus(Control& item) { Globals().LastHeadItem = &item; }
 
 }  // namespace
 
-void frm要員名簿照会::WireHead() {
-    for (const RangeDefinition& range : RangeDefinitions()) WireRange(range);
-    for (const SearchTextDefinition& text : SearchTextDefinitions()) WireSearchText(text);
-    for (const KindDefinition& kind : KindDefinitions()) WireKind(kind);
+void frm要員名簿照会::ConnectHead() {
+    for (const RangeDefinition& range : RangeDefinitions()) ConnectRange(range);
+    for (const SearchTextDefinition& text : SearchTextDefinitions()) ConnectSearchText(text);
+    for (const KindDefinition& kind : KindDefinitions()) ConnectKind(kind);
 }
 
 bool frm要員名簿照会::RedirectFocus(int reach) {
@@ -40,12 +42,12 @@ bool frm要員名簿照会::RedirectFocus(int reach) {
     return true;
 }
 
-void frm要員名簿照会::WireRange(const RangeDefinition& range) {
-    WireRangeItem(range.range, range.fromItem, true);
-    WireRangeItem(range.range, range.toItem, false);
+void frm要員名簿照会::ConnectRange(const RangeDefinition& range) {
+    ConnectRangeItem(range.range, range.fromItem, true);
+    ConnectRangeItem(range.range, range.toItem, false);
 }
 
-void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool start) {
+void frm要員名簿照会::ConnectRangeItem(Range range, const QString& name, bool start) {
     Control& item = Item(name);
     item.GotFocus = Guarded([this, range] { RedirectFocus(RedirectReach(range)); });
     item.LostFocus = Guarded([&item, range, start] {
@@ -55,7 +57,7 @@ void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool
             AcceptRangeStart(range, value);
         else
             AcceptRangeEnd(range, value);
-        PaintHeadItems();  // always: the padded code, and a bound moved along, show at once
+        PaintHeadItems();  // unconditionally: shows the padded code and the other bound if it was moved
     });
     item.DblClick = Guarded([this, &item, range] {
         if (!RedirectFocus(RedirectReach(range))) OpenLookupOf(item);
@@ -65,7 +67,7 @@ void frm要員名簿照会::WireRangeItem(Range range, const QString& name, bool
     };
 }
 
-void frm要員名簿照会::WireSearchText(const SearchTextDefinition& text) {
+void frm要員名簿照会::ConnectSearchText(const SearchTextDefinition& text) {
     Control& item = Item(text.item);
     item.GotFocus = Guarded([this] { ValidateHead(); });
     item.Change = Guarded([&item] { CheckInputLength(item.Text(), item.MaxLength()); });
@@ -75,7 +77,7 @@ void frm要員名簿照会::WireSearchText(const SearchTextDefinition& text) {
     });
 }
 
-void frm要員名簿照会::WireKind(const KindDefinition& kind) {
+void frm要員名簿照会::ConnectKind(const KindDefinition& kind) {
     Control& number = Item(kind.item);
     Control& list = Item(kind.listItem);
     number.GotFocus = Guarded([this] { RedirectFocus(kKindReach); });
@@ -87,7 +89,7 @@ void frm要員名簿照会::WireKind(const KindDefinition& kind) {
     list.GotFocus = Guarded([this] { ValidateHead(); });
     list.LostFocus = Guarded([&list] { RememberLostFocus(list); });
     list.Click = Guarded([&number, &list] {
-        // No entry is shown for a value beyond the list, which keeps that value.
+        // A value beyond the list shows no entry and must not be overwritten.
         if (list.ListIndex() >= 0) number.SetValue(list.ListIndex());
     });
 }

@@ -1,3 +1,5 @@
+// The part of frm要員名簿照会 with the handlers of the list.
+
 #include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
@@ -9,12 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What most callers name as the item to go to. No item bears it, so the focus stays.
+// Most callers pass this name. It is not in FocusHeadItemByName, so the focus does not move.
 const QString kNoItem = u"btn_集計検索"_s;
 const QColor kRowInWork(255, 128, 128);
 
-// The row's panels that show that it is being worked on. bak_dtld is the row's part on the third page and keeps its
-// colour.
+// The panels coloured while a row is being edited in the other program; bak_dtld, on the third page, is not.
 const QStringList kPaintedPanels = {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s};
 
 const QStringList kTitles = {u"bak_dtl_head_行No"_s, u"baK_dtl_heada"_s, u"baK_dtl_headb"_s, u"itm_ttl_行No"_s,
@@ -29,19 +30,19 @@ bool RowExists(int position) { return Globals().TopRow + position <= Globals().L
 
 }  // namespace
 
-void frm要員名簿照会::WireList() {
+void frm要員名簿照会::ConnectList() {
     for (const QString& name : kTitles) Item(name).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
     for (const QString& name : {u"在籍区分"_s, u"社員区分"_s, u"表示順区分"_s})
         Item(u"itm_ttl_"_s + name).Click = Guarded([this, name] { ItemClicked(1, 0, name); });
     Item(u"tab_詳細"_s).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
-    // Works whatever has the focus, so it has no guard.
+    // Scrolling is always possible, so no guard.
     Item(u"scl_行"_s).Change = [this] { ScrollList(); };
-    for (int position = 0; position < kRowPositions; ++position) WireRow(position);
+    for (int position = 0; position < kRowPositions; ++position) ConnectRow(position);
 }
 
-void frm要員名簿照会::WireRow(int position) {
+void frm要員名簿照会::ConnectRow(int position) {
     const auto rowClick = Guarded([this, position] { ItemClicked(2, position, kNoItem); });
-    const auto panelClick = Guarded([this, position] { RowPanelClicked(2, position, kNoItem); });
+    const auto panelClick = Guarded([this, position] { RowPanelClicked(position); });
     Item(u"bak_dtl_行No"_s, position).Click = panelClick;
     Item(u"bak_dtla"_s, position).Click = panelClick;
     for (const QString& name : kRowPanelsAndLabels) Item(name, position).Click = rowClick;
@@ -59,7 +60,7 @@ void frm要員名簿照会::WireRow(int position) {
 void frm要員名簿照会::ScrollList() {
     Globals().TopRow = Item(u"scl_行"_s).Value();
     RefreshScreen();
-    MoveFocus(*Globals().LastHeadItem);  // the list takes no focus of its own
+    MoveFocus(*Globals().LastHeadItem);  // the list takes no focus
 }
 
 bool frm要員名簿照会::ItemClicked(int kind, int position, const QString& name) {
@@ -74,14 +75,12 @@ bool frm要員名簿照会::ItemClicked(int kind, int position, const QString& n
     return missing != 0;
 }
 
-bool frm要員名簿照会::RowPanelClicked(int kind, int position, const QString& name) {
+bool frm要員名簿照会::RowPanelClicked(int position) {
     const int missing = CheckRangeEnds();
     if (missing != 0)
         FocusMissingRangeEnd(missing);
-    else if (kind == 2 && RowExists(position))
+    else if (RowExists(position))
         LaunchRow(position);
-    else
-        FocusHeadItemByName(name);
     SetOutputButtons();
     return missing != 0;
 }

@@ -1,21 +1,23 @@
+// The part of frm要員名簿照会 with the lookups of the range items.
+
 #include <QHash>
 
 #include "globals/ProgramGlobals.h"
 #include "mainform/frm要員名簿照会.h"
-#include "selection/ListWindows.h"
+#include "selection/OpenListWindow.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Which lookup a range item opens. The list begins at the range's start, also for the end item; where `always`, an
-/// empty start gives a condition as well.
+/// The lookup of a range item. Its list begins at the start of the range, for both items of the range. With `always` an
+/// empty start gives a condition, too.
 struct Lookup {
     QString window;
     QString table;
     QString startItem;
-    QString mask;  ///< empty: the start goes in as it stands
+    QString mask;  ///< for the start; empty: not formatted
     bool always;
     QString nextItem;
 };

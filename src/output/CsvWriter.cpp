@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// At most four decimals, without zeros at their end, the way currency is kept.
+/// At most four decimals without trailing zeros, the precision of currency.
 QString PlainDecimals(const QString& value) {
     const qsizetype point = value.indexOf(u'.');
     const bool asStored = !value.contains(u'e', Qt::CaseInsensitive) && (point < 0 || value.size() - point <= 5);
@@ -27,13 +27,13 @@ QString PlainDecimals(const QString& value) {
     return text == u"-0"_s ? u"0"_s : text;
 }
 
-/// The sign, or a blank in its place, and one blank behind.
+/// The minus sign or a blank before the number, one blank after it.
 QString NumberForm(const QString& value) {
     const QString plain = PlainDecimals(value);
     return (plain.startsWith(u'-') ? plain : u' ' + plain) + u' ';
 }
 
-/// The file, line by line, and what got lost on the way.
+/// Encodes the file line by line and counts the lost characters.
 class CsvFile {
   public:
     explicit CsvFile(platform::OutputFile& file) : file_(file) {}

@@ -1,4 +1,4 @@
-#include "output/MailPieces.h"
+// The part of ReportData that fills the work tables of mail pieces.
 
 #include <QStringBuilder>
 #include <array>
@@ -7,8 +7,8 @@
 #include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "output/ReportData.h"
 #include "output/ReportDatabase.h"
-#include "output/RowColumn.h"
 #include "output/WorkTable.h"
 #include "platform/FileSystem.h"
 
@@ -18,24 +18,28 @@ namespace {
 
 const QString kPerson = u"様"_s;
 
-/// Goes on with the next statement whatever this one runs into.
-template <typename Work>
-void IgnoreErrors(Work work) {
+/// Runs one statement; a failure does not stop the next one.
+template <typename Callback>
+void IgnoreErrors(Callback callback) {
     try {
-        work();
+        callback();
     } catch (const platform::RuntimeError&) {
         return;
     }
 }
 
-void WriteIgnoring(database::Recordset& record, QStringView column, const QString& value) {
-    IgnoreErrors([&] { record.Write(column, value); });
+enum class OnError { Ignore, Throw };
+
+template <typename Callback>
+void Run(OnError onError, Callback callback) {
+    if (onError == OnError::Ignore)
+        IgnoreErrors(callback);
+    else
+        callback();
 }
 
-using Writer = void (*)(database::Recordset& record, QStringView column, const QString& value);
-
-void WriteOrRaise(database::Recordset& record, QStringView column, const QString& value) {
-    record.Write(column, value);
+void WriteIgnoringErrors(database::Recordset& record, QStringView column, const QString& value) {
+    IgnoreErrors([&] { record.Write(column, value); });
 }
 
 constexpr std::array kAddress = {
@@ -45,21 +49,20 @@ constexpr std::array kAddress = {
     RowColumn{u"住所C", StaffText::住所C},
 };
 
-/// The recipient's block; `side` stands before each column's name. Companies are addressed by 名称A and 御中; here it
-/// is always a person, so the honorific stands twice: in its own column and, behind a blank, with the name. Each form
-/// prints the one it needs.
-void WriteRecipient(database::Recordset& record, const QString& side, int row, Writer write) {
+/// Writes the recipient; `side` is the prefix of the column names. Companies would be addressed by 名称A and 御中. A
+/// person's honorific is written twice, to its own column and after the name; each template prints one of them.
+void WriteRecipient(database::Recordset& record, const QString& side, int row, OnError onError) {
     const StaffRowStore& rows = Globals().Rows;
     const QString name = side + u"名称B"_s;
-    write(record, side + u"コード"_s, rows.Text(StaffText::担当者コード, row));
-    write(record, side + u"名称A"_s, QString());
-    write(record, name, rows.Text(StaffText::担当者名, row));
-    for (const RowColumn& column : kAddress) write(record, QString(side % column.column), rows.Text(column.field, row));
-    write(record, side + u"御中"_s, kPerson);
-    if (write == &WriteIgnoring)
-        IgnoreErrors([&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
-    else
-        record.Write(name, record[name].Text() + u' ' + kPerson);
+    const auto write = [&](const QString& column, const QString& value) {
+        Run(onError, [&] { record.Write(column, value); });
+    };
+    write(side + u"コード"_s, rows.Text(StaffText::担当者コード, row));
+    write(side + u"名称A"_s, QString());
+    write(name, rows.Text(StaffText::担当者名, row));
+    for (const RowColumn& column : kAddress) write(side % column.column, rows.Text(column.field, row));
+    write(side + u"御中"_s, kPerson);
+    Run(onError, [&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
 }
 
 struct OfficeColumn {
@@ -94,20 +97,22 @@ constexpr std::array kSenderCompany = {
 
 template <typename Columns, typename Source>
 void WriteFrom(database::Recordset& record, const Columns& columns, const Source& source) {
-    for (const auto& column : columns) WriteIgnoring(record, column.column, source.*column.field);
+    for (const auto& column : columns) WriteIgnoringErrors(record, column.column, source.*column.field);
 }
 
-/// A blank picture where the company has no logo, so that the form's picture is never without a file.
+/// A blank picture if the company has no logo: the template's picture always needs a file.
 void WriteLogo(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     const QString column = u"ユーザ会社ロゴfile"_s, separator = platform::kPathSeparator;
-    WriteIgnoring(record, column, globals.Layout.ProgramFolder + separator + u"空白.jpg"_s);
+    WriteIgnoringErrors(record, column, globals.Layout.ProgramFolder + separator + u"空白.jpg"_s);
     if (globals.Company.会社ロゴfile.isEmpty()) return;
-    WriteIgnoring(record, column,
-                  globals.Company.写真フォルダ + separator + u"会社ロゴ"_s + separator + globals.Company.会社ロゴfile);
+    WriteIgnoringErrors(
+        record, column,
+        globals.Company.写真フォルダ + separator + u"会社ロゴ"_s + separator + globals.Company.会社ロゴfile);
 }
 
-/// With two offices both stand on every envelope. With more, only somebody who works in a branch gets the second one.
+/// With two offices both are printed on every envelope; with more, the second sender is printed for branch offices
+/// only.
 void WriteSecondSender(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     const QString& scope = globals.ScopeOfficeCode;
@@ -120,17 +125,17 @@ void WriteSecondSender(database::Recordset& record) {
 }
 
 void WriteEnvelope(database::Recordset& record, int row) {
-    WriteRecipient(record, QString(), row, &WriteIgnoring);
-    WriteIgnoring(record, u"ユーザ名称", Globals().Company.名称);
+    WriteRecipient(record, QString(), row, OnError::Ignore);
+    WriteIgnoringErrors(record, u"ユーザ名称", Globals().Company.名称);
     WriteLogo(record);
     IgnoreErrors([] { LoadOutputOffice(u"001"_s); });
     WriteFrom(record, kSenderOffice, Globals().OutputOffice);
     WriteSecondSender(record);
 }
 
-/// The sender is the company itself, unlike on an envelope, where it is the office "001" under the company's name.
+/// The sender is the company; on an envelope it is office "001" with the company's name.
 void WritePostcard(database::Recordset& record, int row) {
-    WriteRecipient(record, QString(), row, &WriteIgnoring);
+    WriteRecipient(record, QString(), row, OnError::Ignore);
     WriteFrom(record, kSenderCompany, Globals().Company);
 }
 
@@ -156,14 +161,14 @@ void NumberRecord(database::Recordset& record, int number) {
 
 constexpr int kRecordsOfSheet = 6;
 
-/// Number of records, the last one with its left label only where the count of labels is odd.
+/// Adds two labels per record, in the last one only the left label if their count is odd. Returns the record count.
 int AddLabels(database::Recordset& record) {
     int counter = -1;
     ForEachMarkedRow([&](int row) {
         ++counter;
         const bool left = counter % 2 == 0;
         if (left) record.AddNew();
-        WriteRecipient(record, left ? u"A列"_s : u"B列"_s, row, &WriteOrRaise);
+        WriteRecipient(record, left ? u"A列"_s : u"B列"_s, row, OnError::Throw);
         if (!left) NumberRecord(record, (counter + 1) / 2);
     });
     const bool halfFull = counter % 2 == 0;
@@ -172,8 +177,7 @@ int AddLabels(database::Recordset& record) {
     return count;
 }
 
-/// Up to one full sheet and no further: a list that is longer than a sheet is not filled up. Records without a label
-/// do not make a list, so nothing is added to none.
+/// Pads the first sheet with empty records; further sheets are not padded, and an empty list stays empty.
 void PadSheet(database::Recordset& record, int count) {
     if (count % kRecordsOfSheet == 0) return;
     for (int number = count + 1; number <= kRecordsOfSheet; ++number) {

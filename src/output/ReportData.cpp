@@ -6,7 +6,6 @@
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "output/ReportDatabase.h"
-#include "output/RowColumn.h"
 #include "output/SelectionText.h"
 #include "output/WorkTable.h"
 
@@ -55,7 +54,7 @@ constexpr auto kLastColumns = std::to_array<RowColumn>({
     {u"更新日付", 更新日付},
 });
 
-/// A company of a single office has none to name.
+/// Not written for a company without other offices.
 void WriteOffice(database::Recordset& record) {
     const ProgramGlobals& globals = Globals();
     if (globals.OfficeCount <= 0) return;
@@ -63,7 +62,7 @@ void WriteOffice(database::Recordset& record) {
     record.Write(u"運用事業所名", globals.Office.名称);
 }
 
-/// An era of an empty date would read "年月日", so it stays unwritten.
+/// An empty date is not written, since its era text would be "年月日".
 void WriteShownDate(database::Recordset& record, const RowColumn& date, int row) {
     const QString& stored = Globals().Rows.Text(date.field, row);
     if (!stored.isEmpty()) record.Write(date.column, EraDateLong(stored));
@@ -80,8 +79,7 @@ void WriteRow(database::Recordset& record, int row) {
 
 }  // namespace
 
-// The eras and the names of a selection are asked for again with every row; under one snapshot the answers are
-// remembered.
+// Eras and selection names are queried for every row; within one ReadScope the results are cached.
 bool BuildReportData() {
     const QString table = Globals().ReportName;
     database::Recordset& record = Globals().ReportRecordset;

@@ -1,6 +1,16 @@
 #pragma once
 
-/// Empties the list's work table and fills it with the rows ticked for output, in their order, the text of the
-/// conditions on each. The report database is open. True when the table then holds a row. Traps nothing: a column that
-/// the table lacks, a record that can't be added rise as database::DatabaseError, and what was added before stays.
+/// Empties the list's work table and fills it with the rows checked for output, in their order, each with the selection
+/// text. The report database must be open. True if the table contains a row afterwards. Throws database::DatabaseError,
+/// e.g. if the table lacks a column; records added before stay.
 bool BuildReportData();
+
+// The same for envelopes, postcards and address labels (MailPieces.cpp).
+
+/// Failed statements are ignored one by one: a column that the table lacks is skipped. Reads office "001", and with two
+/// offices also "002", into OutputOffice for each envelope.
+bool BuildEnvelopeData();
+/// Ignores errors in the same way.
+bool BuildPostcardData();
+/// Two labels per record. Throws database::DatabaseError.
+bool BuildLabelData();

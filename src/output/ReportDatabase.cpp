@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The way of all three: what goes wrong with the statement is written down, the statement first.
-template <typename Work>
-bool Recorded(const QString& sql, Work work) {
+/// Error handler of the three statements: logs statement and description to the run history, returns false.
+template <typename Callback>
+bool LogErrors(const QString& sql, Callback callback) {
     try {
-        return work();
+        return callback();
     } catch (const platform::RuntimeError& error) {
         RecordRunError(sql + error.Description());
         return false;
@@ -21,7 +21,7 @@ bool Recorded(const QString& sql, Work work) {
 }
 
 bool OpenOn(database::Recordset& recordset, const QString& sql, database::CursorType cursor, database::LockType lock) {
-    return Recorded(sql, [&] {
+    return LogErrors(sql, [&] {
         recordset = database::Recordset();
         recordset.Open(sql, Globals().ReportDatabase, cursor, lock);
         return !recordset.AtBOF() && !recordset.AtEOF();
@@ -49,7 +49,7 @@ void CloseReportDatabase() noexcept {
 }
 
 bool ExecuteReportSql(const QString& sql) {
-    return Recorded(sql, [&] {
+    return LogErrors(sql, [&] {
         Globals().ReportDatabase.Execute(sql);
         return true;
     });

@@ -2,11 +2,11 @@
 
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
-#include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
+#include "screen/msgお待ち.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +17,7 @@ const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Pat
 const QString kHostProgram = u"MSACCESS.EXE"_s;
 constexpr int kRegistryBuffer = 256;
 constexpr quint32 kTerminateAndSynchronize = 0x100001;
-constexpr int kHostStartTime = 400;  // milliseconds: all that a host is given to come up
+constexpr int kHostStartTimeout = 400;  // milliseconds until the single attempt to connect
 constexpr long kInvalidCall = 5;
 
 QString FormsFile() {
@@ -32,7 +32,7 @@ QString FormsFile() {
     }
 }
 
-/// Read anew for each run. What a failed reading leaves in the buffer has no NUL, and the cut fails.
+/// Read for each run, not cached. After a failed read the buffer has no NUL terminator, which throws.
 QString RegisteredHostFolder() {
     QString buffer(kRegistryBuffer, u' ');
     int length = kRegistryBuffer;
@@ -47,12 +47,12 @@ void StartHost(const QString& formsFile) {
     HostRun& run = Globals().Host;
     platform::ProcessService& processes = *platform::Services().processes;
     run.HostFolder = RegisteredHostFolder();
-    // No separator is put in between: the registered folder ends with one.
+    // The registered folder ends with a separator.
     run.HostProcessId = processes.StartHidden(TrimBlanks(run.HostFolder) + kHostProgram, {formsFile, u"/runtime"_s});
     run.HostProcessHandle = processes.OpenProcess(kTerminateAndSynchronize, false, run.HostProcessId);
-    // Asked with the id and not with the handle, so nothing comes of it and the code stays 0. The kill hands it on.
+    // Called with the id instead of the handle: fails, and the code passed to TerminateProcess stays 0.
     processes.GetExitCodeProcess(run.HostProcessId, run.HostExitCode);
-    platform::Services().clock->Sleep(kHostStartTime);
+    platform::Services().clock->Sleep(kHostStartTimeout);
 }
 
 void OpenOnHost(const QString& formsFile, const QString& report, int view) {
@@ -61,7 +61,7 @@ void OpenOnHost(const QString& formsFile, const QString& report, int view) {
     run.HostApplication->OpenReport(report, view);
 }
 
-/// Killed in every run that went well, whatever became of the polite request before.
+/// After a successful run the host is always killed, even if Quit succeeded.
 void EndHost() {
     HostRun& run = Globals().Host;
     run.HostApplication->Quit();
@@ -70,59 +70,89 @@ void EndHost() {
     platform::Services().processes->CloseHandle(run.HostProcessHandle);
 }
 
-/// The user closes it. Its handle stays open.
+/// The user closes the host. Its process handle stays open.
 void LeaveHostToUser() {
     Globals().Host.HostApplication->Maximize();
     Globals().Host.HostApplication.reset();
 }
 
-/// What print and preview differ in.
+/// The differences between print and preview.
 struct HostUse {
-    QString word;  ///< in the run history
+    QString operation;  ///< in the run history
     int view;
-    void (*afterwards)();
-    bool tellsFailures;
+    void (*finish)();
+    bool showsErrors;
 };
 
+/// Catches runtime errors; shows them if `use` asks for it.
 template <typename Step>
-void Attempt(const HostUse& use, Step step) {
+void TryShowing(const HostUse& use, Step step) {
     try {
         step();
     } catch (const platform::RuntimeError& error) {
         Globals().Host.HostApplication.reset();
-        if (use.tellsFailures) platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
+        if (use.showsErrors) platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
     }
 }
 
-void BringOutOnHost(const HostUse& use, const QString& report) {
-    RecordOutputStart(use.word);
+void OutputOnHost(const HostUse& use, const QString& report) {
+    RecordOutputStart(use.operation);
     CloseReportDatabase();
-    Attempt(use, [&] {
+    TryShowing(use, [&] {
         const QString formsFile = FormsFile();
         if (formsFile.isEmpty()) return;
         StartHost(formsFile);
         OpenOnHost(formsFile, report, use.view);
-        use.afterwards();
+        use.finish();
     });
-    Attempt(use, [] { OpenReportDatabase(); });
-    RecordOutputEnd(use.word);
+    TryShowing(use, [] { OpenReportDatabase(); });
+    RecordOutputEnd(use.operation);
 }
 
-void RunReport(void (*bringOut)(const QString&)) {
+void RunReport(void (*output)(const QString&)) {
     RunOutput(
-        BuildReportData, [bringOut] { bringOut(Globals().ReportName); }, u"印刷情報が有りません"_s);
+        BuildReportData, [output] { output(Globals().ReportName); }, u"印刷情報が有りません"_s);
+}
+
+void PrintMailPieces(bool (*build)(), const QString& suffix) {
+    RunOutput(
+        build, [suffix] { PrintReportOnHost(Globals().ReportName + suffix); }, u"印刷情報が有りません"_s);
 }
 
 }  // namespace
+
+void RunOutput(bool (*build)(), const std::function<void()>& output, const QString& nothing) {
+    platform::Dialogs& dialogs = *platform::Services().dialogs;
+    if (!OpenReportDatabase()) {
+        dialogs.ShowMessage(u"帳票が使用できません。"_s);
+        return;
+    }
+    ShowWaitDialog();
+    if (build())
+        output();
+    else
+        dialogs.ShowMessage(nothing);
+    UnloadWaitDialog();
+    CloseReportDatabase();
+}
 
 void RunReportPrint() { RunReport(PrintReportOnHost); }
 
 void RunReportPreview() { RunReport(PreviewReportOnHost); }
 
+void RunEnvelopePrint() { PrintMailPieces(BuildEnvelopeData, u"封筒"_s); }
+
+void RunPostcardPrint() { PrintMailPieces(BuildPostcardData, u"はがき"_s); }
+
+void RunLabelPrint() { PrintMailPieces(BuildLabelData, u"宛名ラベル"_s); }
+
 void PrintReportOnHost(const QString& report) {
-    BringOutOnHost({u"印刷"_s, platform::kPrintReport, EndHost, true}, report);
+    OutputOnHost({.operation = u"印刷"_s, .view = platform::kPrintReport, .finish = EndHost, .showsErrors = true},
+                 report);
 }
 
 void PreviewReportOnHost(const QString& report) {
-    BringOutOnHost({u"プレビュ"_s, platform::kPreviewReport, LeaveHostToUser, false}, report);
+    OutputOnHost(
+        {.operation = u"プレビュ"_s, .view = platform::kPreviewReport, .finish = LeaveHostToUser, .showsErrors = false},
+        report);
 }

@@ -1,19 +1,32 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
-/// The whole way of the list's print: report database, wait dialog, work table, host. Shows what keeps it from
-/// printing. A failure of the report database rises as database::DatabaseError and leaves the wait dialog standing.
+/// Common steps of all outputs: opens the report database, shows the wait dialog, runs `build`, then `output` if it
+/// returned true, otherwise a message box with `nothing`; closes dialog and connection. If the installation has no
+/// report database, only shows a message. Exceptions propagate without cleanup: dialog and connection stay open.
+void RunOutput(bool (*build)(), const std::function<void()>& output, const QString& nothing);
+
+// Complete outputs on the report host: report database, wait dialog, work table, host. If there is nothing to print or
+// no report database, they show a message. An error of the report database propagates as database::DatabaseError and
+// leaves the wait dialog open.
+
+/// Prints the list on the report host's default printer.
 void RunReportPrint();
-/// The same on the screen.
+/// Shows the list in the report host's preview.
 void RunReportPreview();
+/// Print mail pieces for the checked rows, each with its own work table and report.
+void RunEnvelopePrint();
+void RunPostcardPrint();
+void RunLabelPrint();
 
-// Starts the report host on the forms file in use and has it bring out one report, whose work table is filled. The
-// report database is closed while the host runs and open again afterwards. Each attempt has a row at its beginning and
-// its end in the run history, whatever became of it. No failure rises.
+// Start the report host on the forms file in use and have it render one report, whose work table is filled. The report
+// database is closed while the host runs and reopened afterwards. Start and end are logged in the run history, also
+// after an error. Errors never propagate.
 
-/// On paper. Returns when the print has been handed over and the host is gone. A failure is told in a message box; the
-/// host is then left as it is.
+/// Prints and returns when the job has been handed over and the host has ended. An error is shown in a message box; the
+/// host is then left running.
 void PrintReportOnHost(const QString& report);
-/// On the screen, where the host stays until the user closes it. A failure is told to nobody.
+/// Shows the preview; the host runs until the user closes it. Errors are ignored silently.
 void PreviewReportOnHost(const QString& report);

@@ -16,8 +16,7 @@ namespace {
 using Conditions = InquiryConditions;
 using Flags = ConditionFlags;
 
-/// Text with its segments. An empty segment is one as well: the blanks before it stand, so that four blanks can follow
-/// one another.
+/// Joins segments by two blanks. An empty segment counts, so four blanks can follow one another.
 class Segments {
   public:
     void Add(const QString& segment) {
@@ -39,7 +38,8 @@ struct SearchText {
     QString Conditions::*text;
 };
 
-/// Not in the order of the screen. These labels end in a full-width colon, those of the ranges in a half-width one.
+/// In the order of the text, not of the screen. These labels end in a full-width colon, those of the ranges in a
+/// half-width one.
 const std::array<SearchText, 5>& SearchTexts() {
     static const std::array<SearchText, 5> texts = {{
         {&Flags::NameListGiven, u"wnd担当者名複数指定"_s, u"検索担当者名："_s, &Conditions::SearchName},
@@ -68,19 +68,19 @@ const std::array<CodeRange, 4>& CodeRanges() {
     return ranges;
 }
 
-/// A window that is not loaded holds no selection and says nothing.
+/// Empty if the window is not loaded.
 QString DescribeWindow(const QString& window) {
     const SelectionSource* source = Globals().SelectionWindows.value(window, nullptr);
     return source == nullptr ? QString() : source->DescribeSelection();
 }
 
-/// The class's value for "全て" is the MaxValue of its item.
+/// The MaxValue of the item means "全て" and is not described.
 void AddChoice(Segments& segments, int value, const QString& item, const QString& label) {
     const Form& form = *Globals().MainForm;
     if (value != form.Item(item).MaxValue()) segments.Add(label + form.Item(item + u"名称"_s).Text());
 }
 
-/// Blanks alone are no search, but those around a text are shown.
+/// A blank text is not a condition; leading and trailing blanks of others are shown.
 void AddSearchText(Segments& segments, const SearchText& search) {
     const QString& text = Globals().Conditions.*search.text;
     if (Globals().Flags.*search.listed)

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The conditions of the head in words, for a printed list: what differs from the defaults, and always the order.
-/// Segments stand two blanks apart. Reads the conditions, the lists of the main form and the selection windows;
-/// changes nothing.
+/// The conditions of the head as text for the printed list: those that differ from the defaults, and always the order,
+/// separated by two blanks. Reads Globals().Conditions, the lists of the main form and the selection windows. Never
+/// fails.
 QString BuildSelectionText();

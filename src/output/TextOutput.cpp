@@ -4,9 +4,9 @@
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
 #include "output/CsvWriter.h"
-#include "output/OutputFlow.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
+#include "output/ReportRunner.h"
 #include "screen/Form.h"
 #include "text/mod項目編集.h"
 
@@ -14,16 +14,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kWord = u"テキスト出力"_s;
-const QString kLostWords = u"文字はシフトJISにないため「?」で出力しました。"_s;
+const QString kOperation = u"テキスト出力"_s;
+const QString kLostNotice = u"文字はシフトJISにないため「?」で出力しました。"_s;
 
-/// An earlier output's notice goes with the next one; what else stands there stays.
-void TellLost(const LostCharacters& lost) {
+/// Replaces the notice of an earlier output; leaves other notices.
+void ShowLostCharacters(const LostCharacters& lost) {
     Control& notice = Globals().MainForm->Item(u"お知らせ"_s);
     if (lost.characters > 0)
         notice.SetCaption(FormatByMask(lost.lines, u"#,###,##0"_s) + u"行の"_s +
-                          FormatByMask(lost.characters, u"#,###,##0"_s) + kLostWords);
-    else if (notice.Caption().endsWith(kLostWords))
+                          FormatByMask(lost.characters, u"#,###,##0"_s) + kLostNotice);
+    else if (notice.Caption().endsWith(kLostNotice))
         notice.SetCaption(QString());
 }
 
@@ -34,13 +34,13 @@ void RunTextOutput() { RunOutput(BuildReportData, WriteWorkTableToText, u"出力
 void WriteWorkTableToText() {
     ProgramGlobals& globals = Globals();
     globals.MainForm->SetEnabled(false);
-    RecordOutputStart(kWord);
+    RecordOutputStart(kOperation);
     LostCharacters lost;
     if (OpenReportReadOnly(globals.ReportRecordset, u"SELECT * FROM "_s + globals.ReportName))
         lost = WriteRecordsetAsCsv(globals.ReportRecordset, globals.TextOutputFileName);
     CloseQuietly(globals.ReportRecordset);
     globals.ReportRecordset = database::Recordset();
-    RecordOutputEnd(kWord);
+    RecordOutputEnd(kOperation);
     globals.MainForm->SetEnabled(true);
-    TellLost(lost);
+    ShowLostCharacters(lost);
 }

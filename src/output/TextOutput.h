@@ -1,10 +1,10 @@
 #pragma once
 
-/// The whole way of a text output to Globals().TextOutputFileName: report database, wait dialog, work table, file. What
-/// rises from it leaves screen and connection as they then stand.
+/// Complete text output to Globals().TextOutputFileName: report database, wait dialog, work table, file. Errors
+/// propagate without cleanup of screen and connection.
 void RunTextOutput();
 
-/// The list's work table into the file, the main form disabled and the run history told. Says in お知らせ how many
-/// characters the file could not hold, if any. The report database is open. A failure while writing rises, and the
-/// main form stays disabled.
+/// Writes the list's work table to the file while the main form is disabled, and logs it in the run history. Shows the
+/// number of characters that code page 932 cannot encode in お知らせ. The report database must be open. A write error
+/// throws platform::RuntimeError; the main form then stays disabled.
 void WriteWorkTableToText();

@@ -23,12 +23,12 @@ void OpenEmptiedWorkTable(const QString& table) {
     OpenReportForUpdate(Globals().ReportRecordset, u"SELECT * FROM "_s + table);
 }
 
-void ForEachMarkedRow(const std::function<void(int row)>& work) {
+void ForEachMarkedRow(const std::function<void(int row)>& callback) {
     const int count = CountMarked();
     int done = 0;
     for (int row = 0; row <= Globals().LastRow; ++row) {
         if (!Marked(row)) continue;
-        work(row);
+        callback(row);
         PaintProgress(u"データ作成"_s, ++done, count);
     }
 }

@@ -1,18 +1,26 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 #include <functional>
 
-// What the filling of every work table begins and ends with. All of it works on Globals().ReportRecordset.
+#include "globals/StaffRowStore.h"
 
-/// Empties the table and opens it for adding records. Whether that went well is not looked at: an emptied table has no
-/// rows anyway, and where the recordset did not open, the first record to be added tells.
+// Common steps of filling a work table, on Globals().ReportRecordset.
+
+/// Empties the table and opens it for adding records. The result is not checked: an empty table has no rows, and if the
+/// recordset is not open, adding the first record throws.
 void OpenEmptiedWorkTable(const QString& table);
 
-/// Runs the work for each row of the list that is ticked for output, in the list's order, and shows in the wait dialog
-/// how far it is.
-void ForEachMarkedRow(const std::function<void(int row)>& work);
+/// Calls back for each row checked for output, in the order of the list, and shows the progress in the wait dialog.
+void ForEachMarkedRow(const std::function<void(int row)>& callback);
 
-/// What the table really holds, and not what a count kept while writing would say. A table that can't be read rises as
-/// database::DatabaseError.
+/// Queries the table instead of counting the writes, which may have failed. Throws database::DatabaseError if the table
+/// cannot be read.
 bool WorkTableHoldsRows(const QString& table);
+
+/// A column of a work table and the field of the list row to write to it.
+struct RowColumn {
+    QStringView column;
+    StaffText field;
+};

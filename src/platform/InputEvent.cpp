@@ -1,35 +1,29 @@
 #include "platform/InputEvent.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace platform {
+namespace {
+
+constexpr QEvent::Type kInputEvents[] = {
+    QEvent::KeyPress,           QEvent::KeyRelease,
+    QEvent::ShortcutOverride,   QEvent::Shortcut,
+    QEvent::InputMethod,        QEvent::MouseButtonPress,
+    QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+    QEvent::MouseMove,          QEvent::HoverEnter,
+    QEvent::HoverMove,          QEvent::Wheel,
+    QEvent::TouchBegin,         QEvent::TouchUpdate,
+    QEvent::TouchEnd,           QEvent::TabletPress,
+    QEvent::TabletMove,         QEvent::TabletRelease,
+    QEvent::ContextMenu,        QEvent::DragEnter,
+    QEvent::DragMove,           QEvent::Drop,
+};
+
+}  // namespace
 
 bool IsInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::InputMethod:
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::HoverEnter:
-        case QEvent::HoverMove:
-        case QEvent::Wheel:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletMove:
-        case QEvent::TabletRelease:
-        case QEvent::ContextMenu:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
-            return true;
-        default:
-            return false;
-    }
+    return std::find(std::begin(kInputEvents), std::end(kInputEvents), type) != std::end(kInputEvents);
 }
 
 }  // namespace platform

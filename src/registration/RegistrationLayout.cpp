@@ -3,13 +3,12 @@
 #include <QRect>
 
 #include "registration/StaffItems.h"
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
-#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
-#include "screen/Label.h"
-#include "screen/Panel.h"
+#include "screen/Labels.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 

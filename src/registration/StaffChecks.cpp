@@ -52,7 +52,7 @@ bool IsDate(const QString& text) {
 }
 
 std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
-                                       const StaffMasters& masters) {
+                                             const StaffMasters& masters) {
     for (size_t i = 0; i < kStaffItemCount; ++i) {
         if (entered[i] == before[i]) continue;
         const QString message = CheckValue(kStaffItems[i], entered[i], masters[i]);

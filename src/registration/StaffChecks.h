@@ -17,4 +17,4 @@ bool IsDate(const QString& text);
 /// The first objection in the order of the items. What the clerk has left as it was is not held against him: a
 /// retired person keeps the code of a department that is gone.
 std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
-                                       const StaffMasters& masters);
+                                             const StaffMasters& masters);

@@ -3,7 +3,7 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
-#include "screen/AccessibleCombo.h"
+#include "screen/Accessibility.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
@@ -15,7 +15,7 @@ ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(20);
-    connect(this, &QComboBox::activated, this, [this] { RaiseByUser(Click); });
+    connect(this, &QComboBox::activated, this, [this] { EmitByUser(Click); });
 }
 
 void ComboItem::SetListIndex(int index) {
@@ -26,7 +26,7 @@ void ComboItem::SetListIndex(int index) {
         const QSignalBlocker quiet(this);
         setCurrentIndex(wanted);
     }
-    // Whoever pairs the list with a number copies ListIndex in Click; -1 would wipe out a number beyond the list.
+    // Handlers copy ListIndex to the paired number; -1 would overwrite a number beyond the list.
     if (inside && Click) Click();
 }
 

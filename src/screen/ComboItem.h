@@ -4,23 +4,23 @@
 
 #include "screen/Control.h"
 
-/// ComboBox: ComboItem(form, parent, name). A list to choose from, nothing to type. Raises Click when the user
-/// chooses an entry and when the program writes another ListIndex. A ListIndex beyond the list shows no entry and
-/// raises nothing. Assistive tools are told its name, and the entry shown as its description.
+/// ComboBox: ComboItem(form, parent, name), not editable. Emits Click when the user chooses an entry and when the
+/// program writes another ListIndex. A ListIndex beyond the list shows no entry and emits nothing. Accessibility: the
+/// control's name is the accessible name, the current entry the description. The wheel does nothing.
 class ComboItem : public QComboBox, public Control {
   public:
     ComboItem(Form& form, QWidget& parent, QString name);
 
-    /// The entry shown, empty when there is none.
+    /// The current entry; empty without one.
     QString Text() const override { return currentText(); }
-    /// Counted from 0; -1 when no entry is shown.
+    /// 0-based; -1 if no entry is shown.
     int ListIndex() const override { return currentIndex(); }
     void SetListIndex(int index) override;
     void ClearList() override;
-    /// Adds an entry at the end; the one that is shown stays, also where there is none.
+    /// Appends an entry; the current entry does not change.
     void AddItem(const QString& text) override;
 
-    /// Not in a form that takes no input: a screen reader asks past the form.
+    /// Ignored while the form takes no input: a screen reader bypasses the form's event filter.
     void showPopup() override;
 
   protected:
@@ -28,6 +28,6 @@ class ComboItem : public QComboBox, public Control {
     void wheelEvent(QWheelEvent* event) override;
 };
 
-/// Fills a class list with the names and "全て" after them. The number beside it goes from 0 to the count of names, so
-/// that its MaxValue means all. Neither shows another value than before.
+/// Fills a class list with the names, followed by "全て". The paired number gets the bounds 0 to the count of names, so
+/// its MaxValue means all. Values and current entry do not change.
 void FillClassList(Control& number, Control& list, const QStringList& names);

@@ -14,13 +14,12 @@ inline constexpr int kKeyEscape = 27;
 
 inline constexpr int kTwipsPerPixel = 15;
 
-/// What a procedure knows of a control. Name, class, enabled, visible, tab stop and tab index are the control's
-/// own values, whatever panel it lies in. Every property that a class of control lacks raises
-/// platform::RuntimeError kPropertyNotSupported. Places and sizes are twips, relative to the panel around.
+/// Interface of all controls. Enabled, Visible, TabStop and TabIndex are the control's own values, independent of its
+/// panel. A property that a class of control lacks throws platform::RuntimeError kPropertyNotSupported. Positions and
+/// sizes are twips relative to the parent widget.
 ///
-/// What the program writes raises the same events as what the user does, at once and before the write returns,
-/// but only where the value really changes. Events are called directly; the form traps what rises from one that
-/// the user started.
+/// Writing a value emits the same event as user input does, synchronously, but only if the value changes. Events are
+/// plain callbacks; exceptions from an event that the user started are caught by the form.
 class Control {
   public:
     Control(Form& form, QWidget& widget, QString typeName, QString name, int index);
@@ -30,13 +29,13 @@ class Control {
 
     const QString& Name() const { return name_; }
     const QString& TypeName() const { return typeName_; }
-    /// Place in its control array, -1 for a control that stands alone.
+    /// Position in its control array, -1 outside an array.
     int Index() const { return index_; }
     Form& Owner() const { return form_; }
     QWidget& Widget() const { return widget_; }
 
     bool Enabled() const { return enabled_; }
-    /// Disabling the item that has the focus drops the focus to nothing and raises nothing.
+    /// Disabling the focused item leaves no item active and emits nothing.
     void SetEnabled(bool enabled);
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
@@ -44,7 +43,7 @@ class Control {
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
     int TabIndex() const { return tabIndex_; }
     void SetTabIndex(int tabIndex) { tabIndex_ = tabIndex; }
-    /// Asks the form for the focus; see Form::SetFocus.
+    /// See Form::SetFocus.
     void SetFocus();
 
     virtual QString Text() const;
@@ -81,22 +80,22 @@ class Control {
     std::function<void()> Change;
     std::function<void()> Click;
     std::function<void()> DblClick;
-    std::function<void(int keyCode)> KeyDown;  ///< only the first press of a key that is held
+    std::function<void(int keyCode)> KeyDown;  ///< not for the auto-repeat of a key
 
     // For the form.
-    /// The widget that takes keyboard focus for this control: itself, or the edit area inside it.
+    /// The widget that takes the keyboard focus: the control or its edit area.
     virtual QWidget& FocusWidget() const { return widget_; }
-    /// The focus has just come here; GotFocus is still to be raised. `byPress`: by a mouse press that the control
-    /// has yet to see.
+    /// Called when the control becomes active, before GotFocus. `byPress`: by a mouse press that has not been delivered
+    /// to the control yet.
     virtual void FocusGiven(bool /*byPress*/) {}
-    /// Enter goes on to the next stop, as Tab does.
+    /// Enter moves to the next tab stop, as Tab does.
     virtual bool EnterMovesOn() const { return false; }
 
   protected:
     [[noreturn]] void Unsupported(const char* property) const;
-    /// Raises an event that Qt reports: under the form's trap, and not at all while the form or the control takes
-    /// no input. What the program itself writes calls its event directly instead.
-    void RaiseByUser(const std::function<void()>& event);
+    /// Emits an event caused by user input, with the form's error handler; ignored while the form or the control takes
+    /// no input. Changes by the program call their event directly.
+    void EmitByUser(const std::function<void()>& event);
 
   private:
     Form& form_;

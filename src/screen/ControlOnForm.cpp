@@ -1,4 +1,4 @@
-// The part of Control that leans on its form.
+// The part of Control that depends on Form; in a file separate from Control.cpp to avoid an include cycle.
 
 #include "screen/Control.h"
 #include "screen/Form.h"
@@ -10,13 +10,13 @@ Control::Control(Form& form, QWidget& widget, QString typeName, QString name, in
 }
 
 Control::~Control() {
-    // Some widgets still signal while they come apart, and the handlers are gone by then.
+    // Some widgets emit signals in their destructors, when the handlers are already destroyed.
     widget_.blockSignals(true);
     form_.Unregister(*this);
 }
 
 void Control::SetEnabled(bool enabled) {
-    // Qt hops to a neighbour when the widget that has its focus is disabled or hidden, so the focus goes first.
+    // Qt moves the focus to a neighbour when the focused widget is disabled or hidden, so drop the focus first.
     if (!enabled) form_.DropFocusFrom(*this);
     enabled_ = enabled;
     widget_.setEnabled(enabled);
@@ -30,7 +30,7 @@ void Control::SetVisible(bool visible) {
 
 void Control::SetFocus() { form_.SetFocus(*this); }
 
-void Control::RaiseByUser(const std::function<void()>& event) {
+void Control::EmitByUser(const std::function<void()>& event) {
     form_.FlushFocus();
     if (!event || !form_.TakesInput(*this)) return;
     Form::RunEvent(event);

@@ -28,7 +28,7 @@ class DoubleClickGuard : public QObject {
     }
 
   private:
-    /// The window sees a press first and its widget afterwards. What the window does not get, no widget sees.
+    /// Qt delivers a press to the window first, then to the widget. Filtering the first event discards both.
     bool Pressed(const QMouseEvent& press) {
         const int reach = QGuiApplication::styleHints()->mouseDoubleClickDistance();
         const QPointF way = press.globalPosition() - place_;

@@ -5,9 +5,9 @@
 
 class QMouseEvent;
 
-/// Stands around the handling of a click that may take its own window away. Who double-clicks out of habit would press
-/// a second time on whatever has come to light behind, so one more press at the same place and within the double-click
-/// time is swallowed, together with its release, whichever window of the program it meets. `click` outlives this.
+/// Scope guard around the handling of a click that may close its own window. Users who double-click out of habit would
+/// press whatever the closed window uncovers. If the window has closed, one more press at the same position within the
+/// double-click interval is discarded with its release, in all windows of the program. `click` must outlive the guard.
 class SecondPressGuard {
   public:
     SecondPressGuard(const QWidget& clicked, const QMouseEvent& click) : window_(clicked.window()), click_(click) {}

@@ -34,8 +34,6 @@ FormObserver& Observer() {
 
 void ObserveForms(FormObserver* observer) { CurrentObserver() = observer; }
 
-const std::vector<Form*>& LoadedForms() { return Loaded(); }
-
 Form* LoadedForm(const QString& name) {
     const auto form = std::find_if(Loaded().begin(), Loaded().end(), [&](const Form* f) { return f->Name() == name; });
     return form == Loaded().end() ? nullptr : *form;
@@ -49,7 +47,7 @@ Form::Form(QString name) : name_(std::move(name)) {
 Form::~Form() {
     std::erase(Loaded(), this);
     EndModal();
-    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));  // while the form can still be told
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));  // while they can still unregister
 }
 
 Control* Form::ControlAround(const QWidget* widget) const {
@@ -59,11 +57,11 @@ Control* Form::ControlAround(const QWidget* widget) const {
     return nullptr;
 }
 
-void Form::RunEvent(const std::function<void()>& work) {
+void Form::RunEvent(const std::function<void()>& callback) {
     try {
-        work();
+        callback();
     } catch (const std::exception& error) {
-        // Nothing may pass through Qt's own frames.
+        // Exceptions must not propagate through Qt's event loop.
         platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
     }
 }
@@ -105,13 +103,13 @@ Form* Form::OpenedFrom() const {
     return owner == this ? nullptr : owner;
 }
 
-/// In the middle of the window in front, or of the screen, and never with its title off the screen.
+/// Centred over the active window or the screen, the title bar always on the screen.
 void Form::PlaceOverOwner() {
     const QScreen* screen = QGuiApplication::primaryScreen();
     if (screen == nullptr) return;
     const QRect area = screen->availableGeometry();
-    const QWidget* front = QApplication::activeWindow();
-    const QWidget* owner = front != nullptr ? front : OpenedFrom();
+    const QWidget* active = QApplication::activeWindow();
+    const QWidget* owner = active != nullptr ? active : OpenedFrom();
     const bool beside = owner != nullptr && owner != this && owner->isVisible();
     const QPoint middle = beside ? owner->frameGeometry().center() : area.center();
     const QSize framed = size() + QSize(kFrameWidth, kFrameHeight) / kTwipsPerPixel;
@@ -127,7 +125,7 @@ void Form::Present() {
     if (!isVisible()) PlaceOverOwner();
     const Form* owner = OpenedFrom();
     if (owner != nullptr && owner->windowHandle() != nullptr) {
-        winId();  // makes the handle; without a window behind it, a dialog may come to lie under its owner
+        winId();  // creates the native window; without a transient parent a dialog may be placed below its owner
         windowHandle()->setTransientParent(owner->windowHandle());
     }
     show();
@@ -145,7 +143,7 @@ void Form::ShowModal() {
         if (self) self->modalLoop_ = nullptr;
     });
     Present();
-    // Load or the first GotFocus may have taken the window away again.
+    // Load or the first GotFocus may have closed the window again.
     if (isVisible()) loop.exec();
 }
 

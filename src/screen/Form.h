@@ -13,12 +13,12 @@
 class QEventLoop;
 class QKeyEvent;
 
-/// A window of the program with its controls. It keeps its own active control and raises LostFocus and GotFocus
-/// by itself, also while the window is not active yet; Qt's focus only follows. Activation of windows, pop-ups,
-/// context menus and message boxes raise neither event.
+/// A window of the program with its controls. The form tracks the active control and emits LostFocus and GotFocus
+/// itself, even before the window is active; Qt's focus is only set to match. Activation of windows, pop-ups, context
+/// menus and message boxes emit neither event.
 ///
-/// Every event that the user starts runs under the form's trap: a platform::RuntimeError that nobody caught is
-/// shown as a plain message box with its description, and nothing is tidied up.
+/// Events started by the user run under the form's error handler: an uncaught platform::RuntimeError is shown in a
+/// message box with its description, and nothing is cleaned up.
 class Form : public QWidget {
   public:
     explicit Form(QString name);
@@ -26,60 +26,61 @@ class Form : public QWidget {
 
     const QString& Name() const { return name_; }
 
-    /// The control of that name; RuntimeError when there is none. `index` is -1 outside a control array.
+    /// The control of that name; RuntimeError kItemNotFound if there is none. `index` is -1 outside a control array.
     Control& Item(const QString& name, int index = -1) const;
+    /// The same, nullptr if there is none.
     Control* Find(const QString& name, int index = -1) const { return byName_.value({name, index}, nullptr); }
-    /// All controls in the order in which they were made.
+    /// All controls in the order of their creation.
     const std::vector<Control*>& Controls() const { return controls_; }
 
-    /// A disabled form takes no key, no mouse and no wheel; its controls look as before, its close box works.
-    /// Disabling drops the focus to nothing and raises nothing.
+    /// A disabled form takes no key, mouse or wheel input; its controls are painted as enabled, its close box works.
+    /// Disabling leaves no control active and emits nothing.
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
 
     Control* ActiveControl() const { return activeControl_; }
-    /// Raises LostFocus of the active control and GotFocus of the new one, at once. Does nothing when the form
-    /// is disabled, or the control is disabled, hidden, inside a disabled or hidden panel, or active already. A
-    /// LostFocus that sends the focus elsewhere wins.
+    /// Emits LostFocus of the active control and GotFocus of the new one, synchronously. Ignored if the form is
+    /// disabled, or the control is disabled, hidden, inside a disabled or hidden panel, or active already. If LostFocus
+    /// moves the focus elsewhere, that move wins.
     void SetFocus(Control& control);
-    /// The next stop of the tab order behind (or before) the active control, as the Tab key takes it.
+    /// Moves to the next (or previous) tab stop, as the Tab key does.
     void MoveToNextStop(bool forward);
 
-    /// Height and width of the window in twips, its frame counted as kFrameHeight and kFrameWidth: the real frame is
-    /// the desktop's affair and not known before the window stands.
+    /// Window size in twips including a nominal frame of kFrameHeight and kFrameWidth; the real frame belongs to the
+    /// desktop and is unknown before the window is shown.
     int WindowHeight() const { return height() * kTwipsPerPixel + kFrameHeight; }
     void SetWindowHeight(int twips);
     void SetWindowWidth(int twips);
     static constexpr int kFrameHeight = 420;
     static constexpr int kFrameWidth = 90;
 
-    /// Shows the window and returns when it is hidden or unloaded. Other windows take no input meanwhile. Where no
-    /// control is active yet, the first stop becomes it.
+    /// Shows the window as application-modal and returns when it is hidden or unloaded. If no control is active, the
+    /// first tab stop becomes active.
     void ShowModal();
     void ShowModeless();
-    /// Hides the window and ends its ShowModal; controls keep their values, the focus drops to nothing.
+    /// Hides the window and ends its ShowModal; controls keep their values, no control is active.
     void HideForm();
-    /// Raises Unload, takes the window away and deletes it later, so that one of its own events may call it. Forms
-    /// made with new only.
+    /// Emits Unload, hides the window and deletes it later, so that its own events may call this. Only for forms
+    /// allocated with new.
     void UnloadForm();
 
-    std::function<void()> Load;           ///< once, before the window is shown first
+    std::function<void()> Load;           ///< once, before the window is first shown
     std::function<void()> Unload;         ///< once, by UnloadForm
-    std::function<void()> Closing;        ///< the window's close box; the form itself stays as it is
+    std::function<void()> Closing;        ///< close box; closing the window is up to the handler
     std::function<void()> EscapePressed;  ///< Esc anywhere in the window
 
-    /// Runs one piece of work started by the user under the trap.
-    static void RunEvent(const std::function<void()>& work);
+    /// Runs a callback started by the user with the error handler above.
+    static void RunEvent(const std::function<void()>& callback);
 
     // For controls.
     void Register(Control& control);
     void Unregister(Control& control);
-    /// Drops the focus to nothing, raising nothing, when it lies on the control or inside it.
+    /// Leaves no control active, without events, if the active one is the control or inside it.
     void DropFocusFrom(const Control& control);
 
-    /// False while the form, or anything around the control, is disabled.
+    /// False while the form, the control or a parent widget of it is disabled.
     bool TakesInput(const Control& control) const;
-    /// Raises what a focus change by mouse or screen reader still owes.
+    /// Emits the pending events of a focus change by mouse or screen reader.
     void FlushFocus();
 
   protected:
@@ -109,19 +110,17 @@ class Form : public QWidget {
     bool enabled_ = true;
     bool loaded_ = false;
     bool unloading_ = false;
-    bool leadingQt_ = false;  ///< Qt's focus is being set by the form itself
+    bool leadingQt_ = false;  ///< the form is setting Qt's focus
     bool flushQueued_ = false;
-    bool pressing_ = false;  ///< a mouse press is on its way to its widget
+    bool pressing_ = false;  ///< a mouse press is being delivered to its widget
     Control* activeControl_ = nullptr;
-    Control* pendingFocus_ = nullptr;  ///< got Qt's focus by the user; its events are not raised yet
-    Control* arriving_ = nullptr;      ///< is active while LostFocus of the one before is still running
+    Control* pendingFocus_ = nullptr;  ///< got Qt's focus from the user; its events are pending
+    Control* arriving_ = nullptr;      ///< active, while LostFocus of the previous control is running
     QEventLoop* modalLoop_ = nullptr;
     std::vector<Control*> controls_;
     QHash<QPair<QString, int>, Control*> byName_;
     QHash<const QWidget*, Control*> byWidget_;
 };
 
-/// All loaded forms, for those who ask whether a window of some name is loaded.
-const std::vector<Form*>& LoadedForms();
-/// The loaded form of exactly this name, letter case included; nullptr when there is none.
+/// The loaded form of exactly this name, case-sensitive; nullptr if there is none.
 Form* LoadedForm(const QString& name);

@@ -1,4 +1,4 @@
-// The part of Form that decides who is active and raises LostFocus and GotFocus.
+// The part of Form that tracks the active control and emits LostFocus and GotFocus.
 
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -11,7 +11,7 @@ bool Inside(const QWidget& around, const QWidget* widget) {
     return widget != nullptr && (widget == &around || around.isAncestorOf(widget));
 }
 
-void Raise(const std::function<void()>& event) {
+void Emit(const std::function<void()>& event) {
     if (event) event();
 }
 
@@ -35,16 +35,16 @@ void Form::SetFocus(Control& control) {
     Control* old = activeControl_;
     activeControl_ = &control;
     pendingFocus_ = nullptr;
-    // Qt goes first: leaving an item commits what an input method still holds, and LostFocus has to find it there.
+    // Set Qt's focus first: leaving an item commits the input method's composition, which LostFocus must see.
     LetQtFollow();
     if (old != nullptr && old != arriving_) {
         const QScopedValueRollback<Control*> arriving(arriving_, &control);
-        Raise(old->LostFocus);
+        Emit(old->LostFocus);
     }
-    // A handler that has sent the focus on has raised the events of that move already.
+    // A handler that moved the focus has already emitted the events of that move.
     if (activeControl_ != &control) return;
     control.FocusGiven(pressing_);
-    Raise(control.GotFocus);
+    Emit(control.GotFocus);
 }
 
 void Form::LetQtFollow() {
@@ -112,5 +112,5 @@ void Form::FlushFocus() {
     LetQtFollow();
 }
 
-// Qt looks for a neighbour here whenever it thinks that the focus has lost its place; the form alone moves it.
+// Qt calls this to find another focus widget, also when the focused one disappears; only the form moves the focus.
 bool Form::focusNextPrevChild(bool) { return false; }

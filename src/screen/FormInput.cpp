@@ -1,13 +1,14 @@
-// The part of Form that sees every event of its widgets first.
+// The part of Form that filters the events of its widgets.
 
 #include <QChildEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <algorithm>
+#include <iterator>
 
 #include "platform/InputEvent.h"
 #include "screen/Form.h"
-#include "screen/KeyCodes.h"
 
 namespace {
 
@@ -30,10 +31,51 @@ bool TakesClickFocus(const Control& control, const QWidget& clicked) {
     return (target.focusPolicy() & Qt::ClickFocus) != 0 && (&clicked == &target || target.isAncestorOf(&clicked));
 }
 
-/// A held key reports itself once, and Ctrl only when it is pressed without another modifier.
-bool RaisesKeyDown(const QKeyEvent& key) {
+/// Not for auto-repeat, and for Ctrl only without another modifier.
+bool EmitsKeyDown(const QKeyEvent& key) {
     if (key.isAutoRepeat()) return false;
     return key.key() != Qt::Key_Control || (key.modifiers() & ~Qt::ControlModifier) == 0;
+}
+
+struct KeyPair {
+    int qtKey;
+    int keyCode;
+};
+
+constexpr KeyPair kNamedKeys[] = {
+    {Qt::Key_Backspace, 8},
+    {Qt::Key_Tab, 9},
+    {Qt::Key_Backtab, 9},
+    {Qt::Key_Shift, 16},
+    {Qt::Key_Alt, 18},
+    {Qt::Key_Pause, 19},
+    {Qt::Key_PageUp, 33},
+    {Qt::Key_PageDown, 34},
+    {Qt::Key_End, 35},
+    {Qt::Key_Home, 36},
+    {Qt::Key_Left, 37},
+    {Qt::Key_Up, 38},
+    {Qt::Key_Right, 39},
+    {Qt::Key_Down, 40},
+    {Qt::Key_Insert, 45},
+    {Qt::Key_Delete, 46},
+    {Qt::Key_Return, kKeyReturn},
+    {Qt::Key_Enter, kKeyReturn},
+    {Qt::Key_Control, kKeyControl},
+    {Qt::Key_Escape, kKeyEscape},
+    {Qt::Key_Space, 32},
+};
+constexpr int kFirstFunctionKey = 112;
+
+bool Between(int key, int first, int last) { return first <= key && key <= last; }
+
+/// Key code of KeyDown for a Qt key: letters and digits have the code of their capital. 0 for a key without one.
+int KeyCodeOf(int qtKey) {
+    if (Between(qtKey, Qt::Key_0, Qt::Key_9) || Between(qtKey, Qt::Key_A, Qt::Key_Z)) return qtKey;
+    if (Between(qtKey, Qt::Key_F1, Qt::Key_F24)) return kFirstFunctionKey + qtKey - Qt::Key_F1;
+    const auto* found = std::find_if(std::begin(kNamedKeys), std::end(kNamedKeys),
+                                     [qtKey](const KeyPair& pair) { return pair.qtKey == qtKey; });
+    return found == std::end(kNamedKeys) ? 0 : found->keyCode;
 }
 
 }  // namespace
@@ -54,7 +96,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     const bool focusIn = event->type() == QEvent::FocusIn;
     const bool hidden = event->type() == QEvent::HideToParent;
     if (!focusIn && !hidden && !platform::IsInput(event->type())) return false;
-    // Menus and the lists of combo boxes are windows of their own.
+    // Menus and the lists of combo boxes are separate windows.
     auto& widget = static_cast<QWidget&>(*watched);
     if (widget.window() != this) return false;
     if (focusIn) NoteQtFocus(widget, static_cast<QFocusEvent*>(event)->reason());
@@ -77,7 +119,7 @@ bool Form::FilterInput(QWidget& widget, QEvent& event) {
 
 bool Form::FilterMouse(QWidget& widget, QEvent::Type type) {
     Control* control = ControlAround(&widget);
-    // In a window that is not active yet, Qt moves its focus without a word.
+    // In a window that is not active yet, Qt moves its focus without an event.
     if (type != QEvent::MouseButtonRelease && control != nullptr && TakesClickFocus(*control, widget)) {
         pendingFocus_ = control;
     }
@@ -85,7 +127,7 @@ bool Form::FilterMouse(QWidget& widget, QEvent::Type type) {
         const QScopedValueRollback<bool> pressing(pressing_, type == QEvent::MouseButtonPress);
         FlushFocus();
     }
-    // A disabled widget would hand its click on to the panel behind.
+    // A disabled widget would propagate its click to the panel below.
     return !enabled_ || (control != nullptr && !control->Widget().isEnabled());
 }
 
@@ -93,19 +135,19 @@ bool Form::FilterKey(QWidget& widget, const QKeyEvent& key) {
     FlushFocus();
     if (!enabled_) return true;
     Control* control = ControlAround(&widget);
-    // A key that its item leaves over comes by again at the widgets around it.
+    // A key ignored by its item is propagated to the parent widgets.
     if (control != activeControl_) return control != nullptr;
     if (control != nullptr && &widget != &control->FocusWidget()) return false;
     if (FilterFormKey(key)) return true;
     if (control == nullptr) return false;
-    if (control->KeyDown && RaisesKeyDown(key)) RunEvent([&] { control->KeyDown(KeyCodeOf(key.key())); });
+    if (control->KeyDown && EmitsKeyDown(key)) RunEvent([&] { control->KeyDown(KeyCodeOf(key.key())); });
     if (control != activeControl_) return true;
     if (!IsEnter(key) || !control->EnterMovesOn()) return false;
     RunEvent([&] { MoveToNextStop(true); });
     return true;
 }
 
-/// The keys that mean the same all over the window.
+/// Keys with the same meaning in the whole window.
 bool Form::FilterFormKey(const QKeyEvent& key) {
     const bool escape = key.key() == Qt::Key_Escape && EscapePressed;
     if (!IsTab(key) && !escape) return false;

@@ -3,7 +3,7 @@
 class Control;
 class Form;
 
-/// What the windows report to the program that they belong to, and ask of it. This base class answers nothing.
+/// Callbacks from the forms to the program that uses them. The base class does nothing.
 class FormObserver {
   public:
     virtual ~FormObserver() = default;

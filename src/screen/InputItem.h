@@ -1,12 +1,49 @@
 #pragma once
 
-#include "screen/LineEditItem.h"
-#include "screen/ItemDesign.h"
+#include <QFlags>
+#include <QString>
 
-/// xField or xPass: InputItem(form, parent, typeName, name, index, design). Typing and pasting obey the design's
-/// length and character classes, and kana become half-width where the input method's mode says so, by whatever way they
-/// come in; what the program writes is taken as it stands, however long. Raises Change at each change of Text; text
-/// that an input method is still composing is not Text yet. xPass shows dots.
+#include "screen/LineEditItem.h"
+
+/// Input method of an input item. The numbers are those of the form designs.
+enum class ImeMode { None = 0, On = 1, Off = 2, Disabled = 3, Hiragana = 4, HalfKatakana = 6 };
+
+/// Characters that an item accepts while typing and pasting.
+enum class CharacterClass {
+    All = 0x001,  ///< no limit
+    DblByte = 0x002,
+    Kana = 0x004,  ///< half-width katakana
+    Lower = 0x008,
+    Num = 0x010,
+    NumExt = 0x020,  ///< + - . ,
+    Space = 0x040,
+    Symbol = 0x080,
+    Upper = 0x100,
+};
+Q_DECLARE_FLAGS(CharacterClasses, CharacterClass)
+Q_DECLARE_OPERATORS_FOR_FLAGS(CharacterClasses)
+
+/// True if the classes include this UTF-16 unit. Control characters and line breaks are never accepted.
+bool Allows(CharacterClasses classes, QChar character);
+/// The text without the characters outside the classes.
+QString Filtered(const QString& text, CharacterClasses classes);
+/// The first `length` UTF-16 units, one less if that would split a surrogate pair. Empty for a negative length.
+QString CutToLimit(const QString& text, int length);
+
+/// Design-time properties of an input item.
+struct ItemDesign {
+    int maxLength = 0;  ///< UTF-16 units that can be entered, 0 for no limit; text set by the program is never cut
+    ImeMode imeMode = ImeMode::None;
+    CharacterClasses classes = CharacterClass::All;
+    int minValue = 0;
+    int maxValue = 0;
+    QString text;  ///< initial text
+};
+
+/// xField or xPass: InputItem(form, parent, typeName, name, index, design). User input, by keys or clipboard, is
+/// limited to the design's length and character classes, and kana are normalised to half-width for
+/// ImeMode::HalfKatakana. Text set by the program is not checked. Emits Change at each change of Text, which does not
+/// include an unfinished composition of the input method. xPass shows dots.
 class InputItem : public LineEditItem {
   public:
     InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design);
@@ -22,10 +59,10 @@ class InputItem : public LineEditItem {
 
   private:
     void ApplyImeMode();
-    /// What the design takes of a text beside so many characters that are there already.
+    /// The part of an input that the design accepts when `present` characters remain in the item.
     QString Bounded(const QString& text, int present) const;
     void TakeOver();
 
     ItemDesign design_;
-    QString text_;  // the Text of the last Change
+    QString text_;  // Text at the last Change
 };

@@ -1,5 +1,6 @@
 #include "screen/LineEditItem.h"
 
+#include <QAction>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
@@ -7,13 +8,14 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <functional>
 #include <limits>
 
-#include "screen/EditMenu.h"
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ctrl+Alt together are AltGr, which types.
+/// Ctrl+Alt is AltGr, which types characters.
 bool Types(const QKeyEvent& key) {
     if (key.text().isEmpty()) return false;
     const QChar first = key.text().front();
@@ -22,13 +24,40 @@ bool Types(const QKeyEvent& key) {
     return (held == Qt::NoModifier || altGr) && (first.isPrint() || first.isSurrogate());
 }
 
+void AddAction(QMenu& menu, const QString& caption, QKeySequence::StandardKey shortcut, bool enabled,
+               const std::function<void()>& run) {
+    QAction* action = menu.addAction(caption);
+    action->setShortcut(shortcut);
+    action->setEnabled(enabled);
+    QObject::connect(action, &QAction::triggered, menu.parent(), run);
+}
+
+/// The context menu in Japanese, deleted when it closes. `paste` inserts the clipboard within the item's limits.
+QMenu* MakeEditMenu(QLineEdit& edit, const std::function<void()>& paste) {
+    auto* menu = new QMenu(&edit);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const bool selected = edit.hasSelectedText();
+    const bool readable = selected && edit.echoMode() == QLineEdit::Normal;
+    const bool pasteable = !QGuiApplication::clipboard()->text().isEmpty();
+    AddAction(*menu, u"元に戻す(&U)"_s, QKeySequence::Undo, edit.isUndoAvailable(), [&edit] { edit.undo(); });
+    menu->addSeparator();
+    AddAction(*menu, u"切り取り(&T)"_s, QKeySequence::Cut, readable, [&edit] { edit.cut(); });
+    AddAction(*menu, u"ｺﾋﾟｰ(&C)"_s, QKeySequence::Copy, readable, [&edit] { edit.copy(); });
+    AddAction(*menu, u"貼り付け(&P)"_s, QKeySequence::Paste, pasteable, paste);
+    AddAction(*menu, u"削除(&D)"_s, QKeySequence::Delete, selected, [&edit] { edit.del(); });
+    menu->addSeparator();
+    AddAction(*menu, u"すべて選択(&A)"_s, QKeySequence::SelectAll, !edit.text().isEmpty(),
+              [&edit] { edit.selectAll(); });
+    return menu;
+}
+
 }  // namespace
 
 LineEditItem::LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index)
     : QLineEdit(&parent), Control(form, *this, std::move(typeName), std::move(name), index) {
     SetTabStop(true);
     setAccessibleName(Name());
-    // Qt's own limit also cuts what the program writes, so it stays out of the way.
+    // Qt's limit would also truncate text that the program writes.
     setMaxLength(std::numeric_limits<int>::max());
 }
 
@@ -96,20 +125,20 @@ void LineEditItem::mouseReleaseEvent(QMouseEvent* event) {
     }
     QLineEdit::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
-    // Qt has put the cursor where the press was; a text that has just been entered stays selected.
+    // Qt has moved the cursor to the press; an item that just got the focus keeps its text selected.
     if (std::exchange(arrivedByPress_, false) && !hasSelectedText()) selectAll();
-    if (rect().contains(event->position().toPoint())) RaiseByUser(Click);
+    if (rect().contains(event->position().toPoint())) EmitByUser(Click);
 }
 
 void LineEditItem::mouseDoubleClickEvent(QMouseEvent* event) {
     QLineEdit::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton) RaiseByUser(DblClick);
+    if (event->button() == Qt::LeftButton) EmitByUser(DblClick);
 }
 
 void LineEditItem::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
-    // The dropped text has to be accepted some time, which the loss of the focus does.
-    RaiseByUser([this] { SetFocus(); });
+    // The text is accepted on LostFocus, so the item must be active.
+    EmitByUser([this] { SetFocus(); });
     deselect();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
     Insert(event->mimeData()->text(), false);

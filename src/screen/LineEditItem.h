@@ -7,9 +7,9 @@
 
 class QMenu;
 
-/// What the items that are typed into have in common: every way in (keys, input method, clipboard, dropped text)
-/// ends in Insert, the text is selected when the focus arrives, Enter moves on, clicks raise Click and DblClick, the
-/// context menu is Japanese.
+/// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert. The text
+/// is selected when the item gets the focus, Enter moves to the next stop, clicks emit Click and DblClick, the context
+/// menu is Japanese.
 class LineEditItem : public QLineEdit, public Control {
   public:
     LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
@@ -26,8 +26,8 @@ class LineEditItem : public QLineEdit, public Control {
 
   protected:
     virtual void AddToMenu(QMenu& /*menu*/) {}
-    /// Text that the user brings in at the cursor, in place of the selection. `composed` is what was typed, by keys
-    /// or an input method, in contrast to what was pasted or dropped.
+    /// Inserts user input at the cursor, replacing the selection. `composed`: typed by keys or input method, not pasted
+    /// or dropped.
     virtual void Insert(const QString& text, bool composed) = 0;
 
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,5 +43,5 @@ class LineEditItem : public QLineEdit, public Control {
     void SetColor(QPalette::ColorRole role, const QColor& color);
 
     bool pressed_ = false;
-    bool arrivedByPress_ = false;  // the press that is going on has brought the focus
+    bool arrivedByPress_ = false;  // the current mouse press has moved the focus here
 };

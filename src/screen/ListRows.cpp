@@ -34,7 +34,7 @@ void ListRows::SetChecked(int row, bool checked) {
 }
 
 void ListRows::SortBy(int column, Qt::SortOrder order) {
-    // A collator of the C locale knows no Japanese order, so the language is named.
+    // The collation of the C locale is not Japanese.
     const QCollator collator(QLocale(QLocale::Japanese, QLocale::Japan));
     std::vector<QCollatorSortKey> keys;
     keys.reserve(static_cast<size_t>(rows_.size()));

@@ -2,10 +2,19 @@
 
 #include <QAbstractTableModel>
 #include <QList>
+#include <QString>
+#include <QStringList>
 
-#include "screen/ListRow.h"
+/// One row of a ListView. The key is "C" and the code, since keys must not begin with a digit. Keys need not be unique:
+/// a master with a duplicate code can still be read.
+struct ListRow {
+    QString text;          ///< first column
+    QString key;           ///< "C00012"
+    QStringList subItems;  ///< from the second column on
+    bool checked = false;
+};
 
-/// The rows behind a ListView, in the order in which they are shown.
+/// Model of a ListView: the rows in the order shown.
 class ListRows : public QAbstractTableModel {
   public:
     using QAbstractTableModel::QAbstractTableModel;
@@ -18,7 +27,7 @@ class ListRows : public QAbstractTableModel {
     void Append(QList<ListRow> rows);
     const QList<ListRow>& All() const { return rows_; }
     void SetChecked(int row, bool checked);
-    /// Sorts what is loaded by the text of one column, in Japanese order; equal texts keep their order.
+    /// Stable sort by the text of a column, in Japanese collation.
     void SortBy(int column, Qt::SortOrder order);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -30,7 +39,7 @@ class ListRows : public QAbstractTableModel {
 
   private:
     QString CellText(int row, int column) const;
-    /// Puts the rows into the order given by their present places; selection and marks go with them.
+    /// Reorders the rows; `places` contains their present positions. Selection and check marks move with their rows.
     void Reorder(const QList<int>& places);
 
     QStringList titles_;

@@ -7,16 +7,16 @@
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
-#include "screen/Form.h"
 #include "screen/DoubleClickGuard.h"
+#include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kTypingPause = 1000;   // milliseconds after which typed signs begin a new word
+constexpr int kTypingPause = 1000;   // milliseconds, timeout of the incremental search
 constexpr int kRowAir = 4;           // pixels
-constexpr int kSmallestColumn = 16;  // pixels: a column dragged shut could not be found again
+constexpr int kSmallestColumn = 16;  // pixels; a column of width 0 could not be widened again
 
 bool MovesAmongRows(int key) {
     switch (key) {
@@ -32,7 +32,7 @@ bool MovesAmongRows(int key) {
     }
 }
 
-/// Rows with some air between them, all of one height.
+/// Rows of one height with some space between them.
 class RowDelegate : public QStyledItemDelegate {
   public:
     explicit RowDelegate(ListView& list) : QStyledItemDelegate(&list), list_(list) {}
@@ -44,7 +44,7 @@ class RowDelegate : public QStyledItemDelegate {
     const ListView& list_;
 };
 
-/// Column titles whose strip goes on behind the last one, where Qt would let the form's colour show.
+/// Header whose background extends to the right of the last column, where Qt leaves the form's colour.
 class Titles : public QHeaderView {
   public:
     explicit Titles(QWidget& list) : QHeaderView(Qt::Horizontal, &list) {}
@@ -73,7 +73,7 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     setItemDelegate(new RowDelegate(*this));
     setRootIsDecorated(false);
     setItemsExpandable(false);
-    setUniformRowHeights(true);  // or each of a thousand rows is measured
+    setUniformRowHeights(true);  // avoids measuring a thousand rows
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -83,11 +83,11 @@ ListView::ListView(Form& form, QWidget& parent, QString name)
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(false);
     header()->setMinimumSectionSize(kSmallestColumn);
-    // A scroll area takes the input of its viewport in a filter of its own, which would run before the form's: clicks
-    // would work in a disabled form. Installed again, the form's filter is the first.
+    // A scroll area filters the input of its viewport, before the form's event filter, so a disabled form would accept
+    // clicks. Event filters run in reverse order of installation: install the form's again.
     for (QWidget* view : {viewport(), header()->viewport()}) view->installEventFilter(&form);
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
-        RaiseByUser([this, column] {
+        EmitByUser([this, column] {
             if (ColumnClick) ColumnClick(column);
         });
     });
@@ -106,7 +106,6 @@ int ListView::RowHeight() const { return fontMetrics().height() + kRowAir; }
 
 void ListView::ClearRows() {
     rows_.Clear();
-    sorted_ = false;
     header()->setSortIndicatorShown(false);
     pressedRow_ = -1;
     typed_.clear();
@@ -133,7 +132,6 @@ void ListView::SelectRow(int row) {
 bool ListView::Highlighted(int row) const { return selectionModel()->isRowSelected(row); }
 
 void ListView::SetSorted(bool sorted) {
-    sorted_ = sorted;
     if (sorted) rows_.SortBy(sortKey_, sortOrder_);
     header()->setSortIndicator(sortKey_, sortOrder_);
     header()->setSortIndicatorShown(sorted);
@@ -154,7 +152,7 @@ void ListView::keyboardSearch(const QString& typed) {
     typed_ = paused ? typed : typed_ + typed;
     int row = FirstRowBeginningWith(typed_);
     if (row < 0 && typed_ != typed) {
-        // No such word: the last sign may begin another one.
+        // No match: the last character may begin another word.
         typed_ = typed;
         row = FirstRowBeginningWith(typed_);
     }
@@ -163,15 +161,15 @@ void ListView::keyboardSearch(const QString& typed) {
 
 void ListView::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
-    // Qt puts its caret onto the first row now, and the frame around it would look like a choice.
+    // Qt makes the first row current, whose focus frame would look like a selection.
     if (SelectedRow() < 0 && selectionMode() == SingleSelection) selectionModel()->clearCurrentIndex();
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
-        // A held key must not choose in a list to which the search has just moved the focus.
-        if (!event->isAutoRepeat() && KeyPress) RaiseByUser([this] { KeyPress(kKeyReturn); });
+        // Auto-repeat must not choose a row in a list to which the search has just moved the focus.
+        if (!event->isAutoRepeat() && KeyPress) EmitByUser([this] { KeyPress(kKeyReturn); });
         return;
     }
     if (event->key() == Qt::Key_Space && rows_.CheckBoxes()) {
@@ -179,7 +177,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat()) TakeSpace(*event);
         return;
     }
-    // Without a selected row Qt would begin behind the first one.
+    // Without a selected row Qt would move to the second one.
     if (SelectedRow() < 0 && selectionMode() == SingleSelection && MovesAmongRows(event->key())) {
         event->accept();
         SelectRow(event->key() == Qt::Key_End ? RowCount() - 1 : 0);
@@ -188,7 +186,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     QTreeView::keyPressEvent(event);
 }
 
-/// Qt toggles the mark only while its caret stands in the first column, and with Ctrl, which highlights, as well.
+/// Qt toggles the check mark only if the current cell is in the first column, and also with Ctrl, which should select.
 void ListView::TakeSpace(const QKeyEvent& event) {
     const QModelIndex caret = currentIndex();
     if (!caret.isValid()) return;
@@ -210,5 +208,5 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) pressedRow_ = -1;
     if (!clicked) return;
     const SecondPressGuard guard(*this, *event);
-    RaiseByUser(Click);
+    EmitByUser(Click);
 }

@@ -6,27 +6,26 @@
 #include "screen/Control.h"
 #include "screen/ListRows.h"
 
-/// ListView: ListView(form, parent, name). Rows with columns, of which one can be selected, or none. Nothing is
-/// selected until the user, or SelectRow, picks a row: filling the list and giving it the focus don't.
+/// ListView: ListView(form, parent, name). Rows with columns; one row can be selected, or none. Filling the list and
+/// giving it the focus select nothing.
 ///
-/// Raises Click when the left button goes up on the row on which it went down (a click beside the rows, or on a column
-/// title, is none), KeyPress for Enter pressed anew, ColumnClick for a column title. Typed letters and digits go to
-/// the first row whose text begins with them; after a second without a key a new word begins. Column borders can be
-/// dragged. A click whose handler takes the window away keeps the second press of a double click from whatever lies
-/// behind.
+/// Emits Click when the left button is released on the row on which it was pressed, KeyPress for Enter without
+/// auto-repeat, ColumnClick for a column title. Typed characters select the first row whose text begins with them; the
+/// search text is reset after a timeout of one second. Column widths can be dragged. If the handler of a click closes
+/// the window, the second press of a double-click is discarded (DoubleClickGuard).
 class ListView : public QTreeView, public Control {
   public:
     ListView(Form& form, QWidget& parent, QString name);
 
-    /// A further column on the right; width in twips.
+    /// Appends a column; width in twips.
     void AddColumn(const QString& title, int width);
-    /// A check mark in front of each row, toggled by a click on it or, in the row with the caret, by Space.
+    /// Shows a check box in each row, toggled by a click on it or, in the current row, by Space.
     void SetCheckBoxes(bool on);
-    /// Several rows can be highlighted, with Ctrl and Shift.
+    /// Lets the user highlight several rows with Ctrl and Shift.
     void SetMultiSelect(bool on);
 
-    /// Takes all rows away, their marks and the selection with them. Rows added afterwards stand as they were added:
-    /// Sorted is taken back, SortKey and SortOrder stay.
+    /// Removes all rows with their check marks and the selection. Rows added afterwards are not sorted; SortKey and
+    /// SortOrder do not change.
     void ClearRows();
     void AddRows(QList<ListRow> rows);
     int RowHeight() const;  ///< pixels
@@ -35,8 +34,7 @@ class ListView : public QTreeView, public Control {
     bool Checked(int row) const { return Row(row).checked; }
     void SetChecked(int row, bool checked) { rows_.SetChecked(row, checked); }
 
-    /// The selected row, counted from 0 in the order shown; -1 for none, -1 too where several are highlighted and the
-    /// one with the caret is not.
+    /// The current row if it is selected, 0-based in the order shown; otherwise -1.
     int SelectedRow() const;
     /// Selects one row and scrolls to it; -1 for none.
     void SelectRow(int row);
@@ -46,8 +44,7 @@ class ListView : public QTreeView, public Control {
     void SetSortKey(int column) { sortKey_ = column; }
     Qt::SortOrder SortOrder() const { return sortOrder_; }
     void SetSortOrder(Qt::SortOrder order) { sortOrder_ = order; }
-    bool Sorted() const { return sorted_; }
-    /// True sorts what is loaded by SortKey and SortOrder, also when it was sorted before.
+    /// True sorts the present rows by SortKey and SortOrder, even if they are sorted already.
     void SetSorted(bool sorted);
 
     std::function<void(int column)> ColumnClick;
@@ -68,7 +65,6 @@ class ListView : public QTreeView, public Control {
     ListRows rows_;
     int sortKey_ = 0;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
-    bool sorted_ = false;
     int pressedRow_ = -1;
     QString typed_;
     QDateTime lastTyped_;

@@ -5,17 +5,18 @@
 #include <QMenu>
 #include <QSignalBlocker>
 
-#include "screen/ItemDesign.h"
+#include "screen/InputItem.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsNumber(const QString& text) { return !text.isEmpty() && Admitted(text, CharacterClass::Num) == text; }
+bool IsNumber(const QString& text) { return !text.isEmpty() && Filtered(text, CharacterClass::Num) == text; }
 
 }  // namespace
 
-NumItem::NumItem(Form& form, QWidget& parent, QString name) : LineEditItem(form, parent, u"xNum"_s, std::move(name), -1) {
+NumItem::NumItem(Form& form, QWidget& parent, QString name)
+    : LineEditItem(form, parent, u"xNum"_s, std::move(name), -1) {
     setInputMethodHints(Qt::ImhDigitsOnly);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignCenter);
@@ -51,7 +52,7 @@ void NumItem::TakeFromUser(int value) {
     const bool changed = value != value_;
     value_ = value;
     Show();
-    if (changed) RaiseByUser(Change);
+    if (changed) EmitByUser(Change);
 }
 
 void NumItem::Insert(const QString& text, bool composed) {
@@ -72,8 +73,8 @@ void NumItem::keyPressEvent(QKeyEvent* event) {
     if (Within(value_ + step)) TakeFromUser(value_ + step);
 }
 
-// Deleting and cutting are left to Qt, and a screen reader writes past Insert: what comes of it counts only as far
-// as it is a number within the bounds.
+// Deletion, cutting and text set by a screen reader bypass Insert; the result is accepted if it is a number within the
+// bounds.
 void NumItem::TakeOver() {
     const QString now = text();
     const int wanted = now.isEmpty() ? minValue_ : IsNumber(now) ? now.toInt() : value_;

@@ -2,10 +2,10 @@
 
 #include "screen/LineEditItem.h"
 
-/// xNum: NumItem(form, parent, name). A number of 0 or more. A typed digit replaces the number, or goes behind the
-/// digit typed just before while that stays within the bounds; what would leave the bounds is refused; the arrow
-/// keys count up and down, deleting goes back to MinValue. What the program writes is taken as it is, also beyond
-/// the bounds. Raises Change at each change of Value. The wheel does nothing.
+/// xNum: NumItem(form, parent, name). A number >= 0. A typed digit replaces the number, or is appended to the digit
+/// typed just before if the result is within the bounds; input outside the bounds is rejected. The arrow keys count up
+/// and down, deletion resets to MinValue. The program can write values outside the bounds. Emits Change at each change
+/// of Value. The wheel does nothing.
 class NumItem : public LineEditItem {
   public:
     NumItem(Form& form, QWidget& parent, QString name);
@@ -34,5 +34,5 @@ class NumItem : public LineEditItem {
     int value_ = 0;
     int minValue_ = 0;
     int maxValue_ = 9;
-    bool digitTyped_ = false;  // the number shown is one that is being typed
+    bool digitTyped_ = false;  // the next digit may be appended
 };

@@ -1,3 +1,5 @@
+// The part of WidgetDialogs with the save dialog.
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -21,7 +23,7 @@ constexpr QSize kSize(800, 520);
 constexpr int kPlaces = 140;
 constexpr int kDateColumn = 3;
 
-/// Qt's Japanese texts lack this one.
+/// Qt's Japanese translation lacks this text.
 class FileKinds : public QFileIconProvider {
   public:
     QString type(const QFileInfo& file) const override {
@@ -29,7 +31,7 @@ class FileKinds : public QFileIconProvider {
     }
 };
 
-/// "text (*.txt)" and "*.txt" in turn become Qt's kinds, whose description carries the pattern.
+/// Converts "description|pattern|..." to Qt's name filters, whose description contains the wildcard pattern.
 QStringList NameFilters(const QString& filter) {
     const QStringList parts = filter.split(u'|');
     QStringList filters;
@@ -40,8 +42,8 @@ QStringList NameFilters(const QString& filter) {
     return filters;
 }
 
-/// By itself the dialog comes up too narrow for its columns and places, and cuts dates and names.
-void MakeRoomForColumns(QFileDialog& dialog) {
+/// The dialog's default size is too narrow and elides dates and names.
+void WidenForColumns(QFileDialog& dialog) {
     dialog.resize(kSize);
     if (const auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView")))
         files->header()->setSectionResizeMode(kDateColumn, QHeaderView::ResizeToContents);
@@ -49,8 +51,8 @@ void MakeRoomForColumns(QFileDialog& dialog) {
         parts->setSizes({kPlaces, kSize.width() - kPlaces});
 }
 
-/// A list of entries tells assistive tools its entry, and what the entry is for only where it has a name.
-void NameLists(QFileDialog& dialog) {
+/// Accessibility: without an accessible name a combo box reports only its entry.
+void NameCombos(QFileDialog& dialog) {
     for (const QString& list : {QStringLiteral("lookIn"), QStringLiteral("fileType")}) {
         const auto* caption = dialog.findChild<QLabel*>(list + QStringLiteral("Label"));
         auto* combo = dialog.findChild<QComboBox*>(list + QStringLiteral("Combo"));
@@ -58,28 +60,28 @@ void NameLists(QFileDialog& dialog) {
     }
 }
 
-/// Where the user keeps his documents. Not every desktop has made a folder for them.
-QString OwnFolder() {
+/// The user's documents folder, or the home folder on desktops that have not created one.
+QString DocumentsFolder() {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
-/// A name in no folder, or in the root as where the office has chosen none for its files, is proposed among the user's
-/// own files: in the root he may not write.
+/// A name without a folder, or in the root because the office has configured no folder, is proposed in the documents
+/// folder, since users may not write to the root.
 QString ProposedPath(const QString& fileName) {
     const QString path = platform::NativePath(fileName);
     const bool inFolder = path.lastIndexOf(u'/') > 0;
-    return inFolder ? path : OwnFolder() + u'/' + path.section(u'/', -1);
+    return inFolder ? path : DocumentsFolder() + u'/' + path.section(u'/', -1);
 }
 
-/// The folder of the proposed name, or the nearest one around it that exists.
+/// The folder of the path or its nearest existing parent.
 QString NearestFolder(const QString& path) {
     QString folder = QFileInfo(path).absolutePath();
     while (!QDir(folder).exists()) folder = QFileInfo(folder).absolutePath();
     return folder;
 }
 
-/// Where the folder is still to be made the whole path is proposed, so that the user sees where the file goes.
+/// If the folder does not exist yet, the whole path is proposed, so that the user sees where the file will be created.
 void Propose(QFileDialog& dialog, const QString& fileName) {
     const QString path = ProposedPath(fileName);
     const QString folder = NearestFolder(path);
@@ -91,13 +93,13 @@ void Propose(QFileDialog& dialog, const QString& fileName) {
 
 }  // namespace
 
-// Qt's own dialog and not the desktop's: those ask before they overwrite, and some append a suffix.
+// Not the desktop's native dialog, which asks before overwriting and may append a suffix.
 std::optional<QString> WidgetDialogs::ShowSave(const platform::SaveQuestion& question) {
     FileKinds kinds;
     QFileDialog dialog(QApplication::activeWindow());
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setIconProvider(&kinds);
-    MakeRoomForColumns(dialog);
+    WidenForColumns(dialog);
     dialog.setWindowTitle(QStringLiteral("名前を付けて保存"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
@@ -105,9 +107,8 @@ std::optional<QString> WidgetDialogs::ShowSave(const platform::SaveQuestion& que
     dialog.setNameFilters(filters);
     if (question.FilterIndex >= 1 && question.FilterIndex <= filters.size())
         dialog.selectNameFilter(filters[question.FilterIndex - 1]);
-    NameLists(dialog);
+    NameCombos(dialog);
     Propose(dialog, question.FileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return dialog.selectedFiles().first();
 }
-

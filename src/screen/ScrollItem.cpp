@@ -10,28 +10,16 @@ ScrollItem::ScrollItem(Form& form, QWidget& parent, QString name)
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(Name());
     setContextMenuPolicy(Qt::NoContextMenu);
-    connect(this, &QScrollBar::valueChanged, this, [this] { RaiseByUser(Change); });
-}
-
-void ScrollItem::Write(const std::function<void()>& write) {
-    const int before = value();
-    {
-        const QSignalBlocker quiet(this);
-        write();
-    }
-    if (value() != before && Change) Change();
+    connect(this, &QScrollBar::valueChanged, this, [this] { EmitByUser(Change); });
 }
 
 void ScrollItem::SetValue(int value) {
-    Write([&] { setValue(value); });
-}
-
-void ScrollItem::SetMinValue(int value) {
-    Write([&] { setMinimum(value); });
-}
-
-void ScrollItem::SetMaxValue(int value) {
-    Write([&] { setMaximum(value); });
+    const int before = this->value();
+    {
+        const QSignalBlocker quiet(this);
+        setValue(value);
+    }
+    if (this->value() != before && Change) Change();
 }
 
 void ScrollItem::SetLargeChange(int rows) { setPageStep(rows); }

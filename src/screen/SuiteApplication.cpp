@@ -1,12 +1,18 @@
 #include "screen/SuiteApplication.h"
 
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
 #include <QScreen>
+#include <QStyleFactory>
+#include <QTranslator>
 
 #include "platform/Services.h"
-#include "screen/Style.h"
-#include "screen/Translation.h"
 #include "screen/WidgetDialogs.h"
+#include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -30,7 +36,37 @@ int& KeepArguments(int argc, char** argv) {
     return ToolkitStart::ArgumentCount(argc);
 }
 
+QPalette BusinessPalette() {
+    const QColor face(0xF0, 0xEE, 0xE9);
+    QPalette palette(face);
+    palette.setColor(QPalette::Window, face);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::WindowText, Qt::black);
+    palette.setColor(QPalette::ButtonText, Qt::black);
+    palette.setColor(QPalette::Highlight, QColor(0x31, 0x6A, 0xC5));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE4, 0xE2, 0xDD));
+    return palette;
+}
+
 }  // namespace
+
+void ApplySuiteStyle(QApplication& application) {
+    application.setStyle(QStyleFactory::create(u"Fusion"_s));
+    application.setPalette(BusinessPalette());
+    application.setFont(SuiteFont(SuiteFace::PGothic, 10));
+}
+
+void InstallTranslator(QCoreApplication& application) {
+    static QTranslator translator;
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        application.installTranslator(&translator);
+}
 
 void InstallWindowServices(platform::ServiceSet& services) {
     services.dialogs = std::make_unique<WidgetDialogs>();

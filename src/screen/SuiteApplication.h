@@ -9,8 +9,8 @@ namespace platform {
 struct ServiceSet;
 }
 
-/// The application object of a program with windows: Japanese texts and the suite's style. It does not end with the last
-/// window, since every program of the suite ends by a step of its own.
+/// The application object of a program with windows: Japanese texts and the suite's style. Closing the last window does
+/// not quit; every program of the suite quits explicitly.
 class SuiteApplication : public QApplication {
   public:
     /// Keeps the whole command line in Services().system; the toolkit gets the program's name alone. Without a display
@@ -21,5 +21,12 @@ class SuiteApplication : public QApplication {
     SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start);
 };
 
-/// Message boxes, save dialog and wait dialog as windows.
+/// Sets services.dialogs and services.waitDialog to implementations with windows.
 void InstallWindowServices(platform::ServiceSet& services);
+
+/// Sets the same style, palette and default font on every desktop, whose dark or high-contrast palette is not used.
+/// Call it before any window is created.
+void ApplySuiteStyle(QApplication& application);
+
+/// Japanese number and date formats and Qt's own dialogs in Japanese, independent of the user's locale.
+void InstallTranslator(QCoreApplication& application);

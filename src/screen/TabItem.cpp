@@ -2,7 +2,6 @@
 
 #include <QSignalBlocker>
 #include <QWheelEvent>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +16,7 @@ TabItem::TabItem(Form& form, QWidget& parent, QString name)
     strip_->setAccessibleName(Name());
     connect(strip_, &QTabBar::currentChanged, this, [this](int page) {
         ShowPage(page);
-        RaiseByUser(Click);
+        EmitByUser(Click);
     });
 }
 
@@ -42,7 +41,6 @@ void TabItem::SetValue(int page) {
 }
 
 void TabItem::ShowPage(int page) {
-    previousTab_ = std::exchange(shownTab_, page);
     for (int i = 0; i < static_cast<int>(pages_.size()); ++i) pages_[static_cast<size_t>(i)]->setVisible(i == page);
 }
 

@@ -6,7 +6,7 @@
 
 #include "screen/Control.h"
 
-/// The strip of captions. Qt's own turns pages by the wheel, which here belongs to the list.
+/// The strip of captions, without Qt's page change by the wheel, which scrolls the list here.
 class TabStrip : public QTabBar {
   public:
     using QTabBar::QTabBar;
@@ -15,9 +15,9 @@ class TabStrip : public QTabBar {
     void wheelEvent(QWheelEvent* event) override;
 };
 
-/// SSTab: TabItem(form, parent, name), then AddPage for each page. The strip has a fixed height, so that the pages can
-/// be lined up with what stands beside the tab. Value is the page in front, counted from 0. Raises Click when another
-/// page comes to the front, by whomever; PreviousTab then tells which one was there.
+/// SSTab: TabItem(form, parent, name), then AddPage for each page. The strip has a fixed height, so that pages can be
+/// aligned with controls beside the tab. Value is the current page, 0-based. Emits Click when the page changes, by the
+/// user or by the program.
 class TabItem : public QWidget, public Control {
   public:
     static constexpr int kStripHeight = 26;  // pixels
@@ -27,9 +27,8 @@ class TabItem : public QWidget, public Control {
     QWidget& AddPage(const QString& caption);
 
     int Value() const override { return strip_->currentIndex(); }
-    /// A page that is not there changes nothing.
+    /// Ignored for a page that does not exist.
     void SetValue(int page) override;
-    int PreviousTab() const { return previousTab_; }
     QWidget& FocusWidget() const override { return *strip_; }
 
   protected:
@@ -40,6 +39,4 @@ class TabItem : public QWidget, public Control {
 
     TabStrip* strip_;  // a child widget
     std::vector<QWidget*> pages_;
-    int shownTab_ = 0;
-    int previousTab_ = 0;
 };

@@ -6,18 +6,18 @@
 
 namespace {
 
-/// The window that a box lies on. A hidden one is about to be deleted, such as a dialog that has just ended, and would
-/// take the box along.
+/// Parent window of a box. A hidden window, such as a dialog that has just closed, is about to be deleted and would
+/// delete the box with it.
 QWidget* Front() {
     QWidget* active = QApplication::activeWindow();
     return active != nullptr && active->isVisible() ? active : nullptr;
 }
 
 QMessageBox& Prepare(QMessageBox& box, const QString& text, const QString& title) {
-    // A window whose title is empty bears the program's name.
+    // With an empty title Qt would show the program's name.
     box.setWindowTitle(title.isEmpty() ? QStringLiteral(" ") : title);
     box.setTextFormat(Qt::PlainText);
-    // Messages of the suite end their lines by carriage returns, which Qt would draw as a character.
+    // The suite's messages use carriage returns as line breaks, which Qt would draw as a character.
     box.setText(QString(text).replace(u'\r', u'\n'));
     return box;
 }
@@ -38,4 +38,3 @@ bool WidgetDialogs::Confirm(const QString& text, const QString& title) {
     box.exec();
     return box.clickedButton() == yes;
 }
-

@@ -2,7 +2,7 @@
 
 #include "platform/Dialogs.h"
 
-/// Message boxes and the save dialog as windows over the active one, modal for the whole program.
+/// Application-modal message boxes and save dialog over the active window.
 class WidgetDialogs : public platform::Dialogs {
   public:
     using Dialogs::Confirm;

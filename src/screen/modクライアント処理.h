@@ -5,19 +5,19 @@
 class Control;
 class Form;
 
-// Walks over all controls of a form, which is the main form for every caller. Controls are chosen by their TypeName; a
-// class that a walk does not name is passed over. Without a form nothing happens.
+// Loops over all controls of a form, for every caller the main form. Controls are selected by their TypeName; other
+// types are skipped. All of them ignore a null form.
 
 /// The first control of the form, at or after `from` in tab order, that can take the focus: a button or an item that is
-/// enabled, visible and a tab stop by its own values, whatever its panel's values are. Combo boxes are never chosen.
-/// `from` if nothing qualifies; it may be on another form, since only its TabIndex counts. The focus is not moved.
+/// enabled, visible and a tab stop by its own values, independent of its panel. Never a combo box. `from` if there is
+/// none. `from` may be on another form, since only its TabIndex is used. Does not move the focus.
 Control* FindNextTabItem(const Form* form, Control* from);
 
-/// Disables what is visible and enabled: first the working controls, then their containers.
+/// Disables all visible enabled controls: first the input controls, then their containers.
 void DisableFormControls(const Form* form);
-/// Enables what is visible and disabled, containers first. What was disabled on purpose before is not remembered: the
-/// caller paints the screen afterwards.
+/// Enables all visible disabled controls, containers first. That includes controls disabled before
+/// DisableFormControls; the caller repaints the screen afterwards.
 void EnableFormControls(const Form* form);
 
-/// True when a loaded form has exactly this name, letter case included.
+/// True if a form of exactly this name, case-sensitive, is loaded.
 bool IsFormLoaded(const QString& name);

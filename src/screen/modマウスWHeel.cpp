@@ -27,18 +27,18 @@ class WheelHook : public QObject {
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::Wheel) return false;
         const auto& wheel = static_cast<const QWheelEvent&>(*event);
-        // A purely sideways turn is no wheel message at all.
+        // Horizontal scrolling is no wheel message.
         if (wheel.angleDelta().y() == 0 || !form_.Enabled() || barWidget_.isNull()) return false;
         try {
-            Turn(WheelDelta(MessageOf(wheel)));
+            Scroll(WheelDelta(MessageOf(wheel)));
         } catch (const std::exception&) {
-            // Whatever a handler of the bar runs into, the message goes on and nobody is told.
+            // Errors of the bar's handlers are ignored; the message is passed on.
         }
         return false;
     }
 
   private:
-    void Turn(int delta) {
+    void Scroll(int delta) {
         if (!bar_.Enabled()) return;
         const int wanted = delta < 0 ? bar_.Value() + step_ : bar_.Value() - step_;
         const auto [low, high] = std::minmax({bar_.MinValue(), bar_.MaxValue()});
@@ -46,7 +46,7 @@ class WheelHook : public QObject {
     }
 
     Form& form_;
-    QPointer<QWidget> barWidget_;  // tells when the bar is gone
+    QPointer<QWidget> barWidget_;  // null once the bar is destroyed
     Control& bar_;
     int step_;
 };
@@ -69,8 +69,7 @@ bool RemoveWheelHook() {
     return present;
 }
 
-// By way of the hexadecimal text: it has no digits for a high word of 0, which is why such a message counts as a
-// turn towards the user.
+// Parses the hexadecimal text. With a high word of 0 it has no digits for it, so such a message counts as -1.
 int WheelDelta(quint32 wParam) {
     const QString digits = QString::number(wParam, 16);
     if (digits.size() <= kWordDigits) return -1;

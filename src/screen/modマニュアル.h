@@ -2,9 +2,9 @@
 
 #include <QString>
 
-/// Opens a document with the program that the desktop has for it, in the document's folder. True when that was started;
-/// never a message.
+/// Opens the document `path` with the desktop's program for it, started in the document's folder. True if the program
+/// was started. Shows no message.
 bool OpenDocument(const QString& path);
 
-/// Opens the program's manual, a document of its id in full width in `folder`; does nothing if there is none.
+/// Opens the manual of a program, "<folder>/<id in full-width characters>.doc". Silently ignores a missing file.
 void OpenManual(const QString& folder, const QString& programId);

@@ -7,9 +7,8 @@
 #include <QWindow>
 
 #include "platform/Services.h"
+#include "screen/Labels.h"
 #include "screen/fonts/Fonts.h"
-#include "screen/Label.h"
-#include "screen/Panel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kPaintPatience = 300;  // milliseconds
+constexpr int kPaintTimeout = 300;  // milliseconds
 constexpr auto kProgressAfter = 500ms;
 constexpr auto kProgressEvery = 100ms;
 
@@ -26,13 +25,13 @@ QPointer<msgお待ち>& Dialog() {
     return dialog;
 }
 
-/// A display server answers later than one round of events, and the window would stay blank for the whole job. The
-/// user's input waits meanwhile.
+/// The display server exposes the window later than one iteration of events; without waiting it would stay blank for
+/// the whole job. User input stays queued.
 void PaintNow(const QPointer<QWidget>& window) {
-    QElapsedTimer patience;
-    patience.start();
+    QElapsedTimer elapsed;
+    elapsed.start();
     while (window && window->windowHandle() != nullptr && !window->windowHandle()->isExposed() &&
-           patience.elapsed() < kPaintPatience)
+           elapsed.elapsed() < kPaintTimeout)
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
     if (window) window->repaint();
 }
@@ -61,12 +60,12 @@ msgお待ち::msgお待ち() : Form(u"msgお待ち"_s), shown_(platform::Service
     Load = [this] { SetWindowTop(*this); };
 }
 
-void msgお待ち::ShowProgress(const QString& work, int done, int count) {
+void msgお待ち::ShowProgress(const QString& job, int done, int count) {
     const auto now = platform::Services().clock->Elapsed();
     if (now - shown_ <= kProgressAfter || now - painted_ < kProgressEvery) return;
     painted_ = now;
     const QLocale numbers(QLocale::Japanese, QLocale::Japan);
-    progress_->SetCaption(work + u' ' + numbers.toString(done) + u" / "_s + numbers.toString(count) + u" 件"_s);
+    progress_->SetCaption(job + u' ' + numbers.toString(done) + u" / "_s + numbers.toString(count) + u" 件"_s);
     progress_->repaint();
 }
 
@@ -79,8 +78,8 @@ void ShowWaitDialog() {
     PaintNow(Dialog().data());
 }
 
-void PaintProgress(const QString& work, int done, int count) {
-    if (!Dialog().isNull()) Dialog()->ShowProgress(work, done, count);
+void PaintProgress(const QString& job, int done, int count) {
+    if (!Dialog().isNull()) Dialog()->ShowProgress(job, done, count);
 }
 
 void UnloadWaitDialog() {

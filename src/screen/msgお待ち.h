@@ -6,13 +6,13 @@
 
 class Label;
 
-/// The modeless notice that a long job is running. It takes no input and has no close box.
+/// Wait dialog: modeless notice that a long job is running. It takes no input and has no close box.
 class msgお待ち : public Form {
   public:
     msgお待ち();
 
-    /// Below the sentence: what is done of how many, once the job takes long. Empty at first.
-    void ShowProgress(const QString& work, int done, int count);
+    /// Shows "`job` done / count 件" below the message, not before 0.5 s and at most every 0.1 s.
+    void ShowProgress(const QString& job, int done, int count);
 
   private:
     std::chrono::milliseconds shown_;
@@ -20,13 +20,13 @@ class msgお待ち : public Form {
     Label* progress_;
 };
 
-/// To the top of the windows, size and place unchanged.
+/// Raises the window to the top, size and position unchanged.
 void SetWindowTop(QWidget& window);
 
-/// Makes the dialog, shows it and lets events through once, so that it paints.
+/// Creates and shows the dialog and processes events until it is painted (timeout 300 ms).
 void ShowWaitDialog();
-/// For the loops of an output, at every row: "`work` 120 / 3,456 件" in the dialog, from half a second after it came up
-/// and then ten times a second. Painted at once and by itself: no event is let through. Nothing without the dialog.
-void PaintProgress(const QString& work, int done, int count);
-/// Takes it away; the next use makes it anew.
+/// To be called for each row of an output. Shows the progress in the dialog and repaints it without processing events.
+/// Does nothing if the dialog is not shown.
+void PaintProgress(const QString& job, int done, int count);
+/// Closes and deletes the dialog.
 void UnloadWaitDialog();

@@ -6,17 +6,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Positions count from 1 here, and 0 means nowhere, as in the conditions' own arithmetic: a distance of 8 or 5 from an
-// anchor is the room that a word in front of it takes.
+// Positions are 1-based and 0 means not found. Distances such as 8 and 5 are the lengths of the joiner before a term:
+// " WHERE " needs 7 characters before the anchor, " AND " 5, " OR " 4.
 
 struct Operator {
     QString token;
-    QString anchor;      ///< of the term's place
-    QString afterWhere;  ///< of the place to cut at behind WHERE
+    QString anchor;       ///< its position decides where the cut starts
+    QString whereAnchor;  ///< where to cut if the term follows WHERE
 };
 
-/// The anchors of >, < and LIKE look for a >= term of the column. Where there is none they are nowhere, and then
-/// everything in front of the term goes with it. Callers rely on it: one term is what they write.
+/// The anchors of >, < and LIKE are those of a >= term of the column. Without one, everything before the term is
+/// removed with it. Callers rely on that; they write a single term.
 const QList<Operator>& Operators() {
     static const QList<Operator> operators = {
         {u" >= '"_s, u" >= '"_s, u" >= '"_s}, {u" <= '"_s, u" <= '"_s, u" <= '"_s},
@@ -31,9 +31,9 @@ qsizetype Position(const QString& text, const QString& wanted, qsizetype from = 
 }
 
 QString Before(const QString& text, qsizetype position) { return text.left(position - 1); }
-QString Behind(const QString& text, qsizetype position) { return text.mid(position); }
+QString After(const QString& text, qsizetype position) { return text.mid(position); }
 
-/// The end of the term, moved past " AND " or " OR " where one follows at once.
+/// `end` moved past an " AND " or " OR " that follows immediately.
 qsizetype PastJoiner(const QString& condition, qsizetype end) {
     if (Position(condition, u" AND "_s, end) == end + 1) return end + 5;
     if (Position(condition, u" OR "_s, end) == end + 1) return end + 4;
@@ -45,12 +45,12 @@ qsizetype JoinerBefore(const QString& condition, qsizetype anchor) {
     return conjunction > 0 ? conjunction : Position(condition, u" OR "_s, anchor - 4);
 }
 
-/// Where the removed part begins, 1 for the whole beginning. Moves `end` past the joiner where the term stands first.
+/// First removed position; 1 removes everything before `end`. Moves `end` past the joiner if the term is the first one.
 qsizetype CutStart(const QString& column, const Operator& used, const QString& condition, qsizetype& end) {
     const qsizetype anchor = Position(condition, column + used.anchor);
     qsizetype cut = 1;
     if (anchor >= 8 && Position(condition, u" WHERE "_s, anchor - 7) > 0) {
-        cut = Position(condition, column + used.afterWhere);
+        cut = Position(condition, column + used.whereAnchor);
         end = PastJoiner(condition, end);
     } else if (anchor >= 6) {
         cut = JoinerBefore(condition, anchor);
@@ -63,10 +63,10 @@ qsizetype CutStart(const QString& column, const Operator& used, const QString& c
 }
 
 QString Rest(const QString& condition, qsizetype cut, qsizetype end) {
-    if (cut == 1) return Behind(condition, end);
+    if (cut == 1) return After(condition, end);
     const qsizetype bracket = Position(condition, u"("_s, cut);
     const bool opensInside = bracket > cut && bracket < end;
-    return Before(condition, cut) + Behind(condition, opensInside ? Position(condition, u")"_s, end) : end);
+    return Before(condition, cut) + After(condition, opensInside ? Position(condition, u")"_s, end) : end);
 }
 
 }  // namespace

@@ -2,18 +2,17 @@
 
 #include <QString>
 
-// Conditions as callers leave them for a list window: terms of a column, a blank, an operator, a blank and a value in
-// single quotes, such as "M部門.コード >= '001'"; several are joined by " AND " or " OR ", with " WHERE " in front or
-// without, with or without brackets.
+// Parser for the conditions that callers pass to a list window: terms such as "M部門.コード >= '001'", joined by " AND
+// " or " OR ", optionally after " WHERE ", optionally in brackets. Operators are surrounded by single blanks.
 
-/// Takes the value of a column's term out of a condition.
-///   column     qualified name, "M担当者.コード"; letter case does not count
-///   condition  the text to read
-///   rest       gets the condition without the term; may be the same text as `condition`
-/// The result is the value without its quotes, and for LIKE without "%". Of several terms of the column the one whose
-/// operator comes first in the order >=, <=, =, >, <, LIKE counts. Without a term the result is empty and `rest` stays
-/// as it was. A term without a closing quote gives an empty value. Never reports anything.
+/// Extracts the value of a column's term from a condition.
+///   column     qualified name, "M担当者.コード"; not case-sensitive
+///   condition  the text to parse
+///   rest       receives the condition without the term; may be the same object as `condition`
+/// Returns the value without its quotes, for LIKE also without "%". If the column has several terms, the first operator
+/// in the order >=, <=, =, >, <, LIKE is used. Without a term the result is empty and `rest` is unchanged. An
+/// unterminated quote gives an empty value. Never fails.
 QString ExtractCondition(const QString& column, const QString& condition, QString& rest);
 
-/// The text without any "%".
+/// The text without the wildcard "%".
 QString RemovePercent(const QString& text);

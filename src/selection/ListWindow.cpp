@@ -1,7 +1,6 @@
 #include "selection/ListWindow.h"
 
 #include "globals/ProgramGlobals.h"
-#include "selection/ListWindowLayout.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +39,7 @@ ListRow ListWindow::RowOf(const database::Recordset& record) const {
     return row;
 }
 
-void ListWindow::ReportsItself(Control& item) {
+void ListWindow::TrackActiveItem(Control& item) {
     item.GotFocus = [&item] { Globals().ActiveItem = &item; };
 }
 
@@ -50,7 +49,7 @@ void ListWindow::PairClass(Control& number, Control& list, const std::function<v
         taken(number.Value());
     };
     list.Click = [&number, &list] {
-        // No entry is shown for a value beyond the list, which keeps that value.
+        // A value beyond the list shows no entry and must not be overwritten.
         if (list.ListIndex() >= 0) number.SetValue(list.ListIndex());
     };
 }

@@ -3,12 +3,12 @@
 #include "database/Database.h"
 #include "screen/Form.h"
 #include "screen/ListView.h"
-#include "selection/ListWindowDefinition.h"
+#include "selection/ListWindowLayout.h"
 
-/// What all list windows have in common: a title, a list, btn_戻る. Column titles sort, Esc and the close box run
-/// btn_戻る. It is loaded once, when it is shown first: Prepare, the columns, LoadList, nothing selected. Made with
-/// new. The classes derived build the rest and say what is queried; what a chosen row and btn_戻る do is wired by who
-/// makes the window (LookupController).
+/// Base class of the list windows: title, list, btn_戻る. Column titles sort, Esc and the close box run btn_戻る. Loads
+/// once, when first shown: Prepare, columns, LoadList, no row selected. Allocate with new. Derived classes build the
+/// other controls and run the query; a controller (LookupController, MultiSelectController) connects what choosing a
+/// row and btn_戻る do.
 class ListWindow : public Form {
   public:
     explicit ListWindow(ListWindowDefinition definition);
@@ -17,16 +17,16 @@ class ListWindow : public Form {
     ListView& List() const;
 
   protected:
-    /// Fills the class lists and takes out of ListCondition what the window understands.
+    /// Fills the class lists and extracts the terms that the window has items for from ListCondition.
     virtual void Prepare() {}
-    /// Empties the list and fills it in the order of the query.
+    /// Clears the list and fills it in the order of the query.
     virtual void LoadList() = 0;
 
-    /// The present record as a list row. The first column is the code; a Null leaves its cell empty.
+    /// The current record as a list row. The first column is the code; a Null gives an empty cell.
     ListRow RowOf(const database::Recordset& record) const;
-    /// The item becomes ActiveItem when it gets the focus.
-    static void ReportsItself(Control& item);
-    /// Pairs a class number with its list: a change of either is shown by the other, and `taken` gets the value.
+    /// Sets ActiveItem when the item gets the focus.
+    static void TrackActiveItem(Control& item);
+    /// Keeps a class number and its list in step; `taken` receives each new value.
     static void PairClass(Control& number, Control& list, const std::function<void(int value)>& taken);
 
   private:

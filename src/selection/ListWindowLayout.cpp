@@ -3,14 +3,13 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
-#include "screen/fonts/Fonts.h"
 #include "screen/Form.h"
+#include "screen/Labels.h"
 #include "screen/ListView.h"
 #include "screen/NumItem.h"
-#include "screen/Panel.h"
-#include "selection/ListWindowDefinition.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,11 +18,11 @@ namespace {
 constexpr int kTitleTop = 8;
 constexpr int kTitleHeight = 32;
 constexpr int kHeadTop = kTitleTop + kTitleHeight + 8;
-constexpr int kLine = 30;    // from one line of the head to the next
+constexpr int kLine = 30;    // line pitch of the head
 constexpr int kHeight = 26;  // of an item
 constexpr int kButtonHeight = 32;
 constexpr int kButtonWidth = 108;
-constexpr int kButtonPitch = kButtonWidth + 4;  // from one button to the next
+constexpr int kButtonPitch = kButtonWidth + 4;
 constexpr int kGap = 8;
 
 const QString kTitle = u"prg_ttl"_s;
@@ -35,7 +34,7 @@ int ListWidth(const ListView& list, const ListWindowDefinition& definition) {
     return width;
 }
 
-/// Moves what stands at that height down by a line, and makes the window as much higher.
+/// Moves the controls at y = `top` down by one line of buttons and grows the window by it.
 void AddButtonLine(Form& form, int top) {
     constexpr int kPitch = kButtonHeight + kGap;
     for (const Control* control : form.Controls()) {
@@ -45,7 +44,7 @@ void AddButtonLine(Form& form, int top) {
     form.setFixedSize(form.width(), form.height() + kPitch);
 }
 
-/// Gives controls the stops of the Tab key before another one.
+/// Inserts controls into the tab order before another one.
 void InsertStops(Form& form, const QStringList& names, const Control& before) {
     const int first = before.TabIndex();
     for (Control* control : form.Controls()) {
@@ -54,14 +53,14 @@ void InsertStops(Form& form, const QStringList& names, const Control& before) {
     for (int i = 0; i < names.size(); ++i) form.Item(names[i]).SetTabIndex(first + i);
 }
 
-/// Whole rows only, so that none is cut at the bottom.
+/// Height for whole rows only, so that none is cut off at the bottom.
 int ListHeight(const ListView& list, int visibleRows) {
     return 2 * list.frameWidth() + list.header()->sizeHint().height() + visibleRows * list.RowHeight();
 }
 
 }  // namespace
 
-QRect HeadPlace(int left, int line, int width) { return {left, kHeadTop + line * kLine, width, kHeight}; }
+QRect HeadRect(int left, int line, int width) { return {left, kHeadTop + line * kLine, width, kHeight}; }
 
 int HeadHeight(int lines) { return lines * kLine; }
 
@@ -121,21 +120,21 @@ void MakeClassItems(Form& form, const QString& name, const QString& title, int l
     constexpr int kTitleWidth = 76, kNumberWidth = 30, kBetween = 2;
     auto* caption = new Panel(form, form, u"itm_ttl_"_s + name, -1, title);
     caption->setFont(SuiteFont(SuiteFace::PGothic, 10));
-    caption->setGeometry(HeadPlace(left, line, kTitleWidth));
+    caption->setGeometry(HeadRect(left, line, kTitleWidth));
     auto* number = new NumItem(form, form, name);
     number->setFont(SuiteFont(SuiteFace::PMincho, 12));
-    number->setGeometry(HeadPlace(left + kTitleWidth + kBetween, line, kNumberWidth));
+    number->setGeometry(HeadRect(left + kTitleWidth + kBetween, line, kNumberWidth));
     const int used = kTitleWidth + kNumberWidth + 2 * kBetween;
     auto* list = new ComboItem(form, form, name + u"名称"_s);
     list->setFont(SuiteFont(SuiteFace::PMincho, 12));
-    list->setGeometry(HeadPlace(left + used, line, width - used));
+    list->setGeometry(HeadRect(left + used, line, width - used));
 }
 
 void NumberStops(Form& form, const QStringList& names) {
-    int behind = static_cast<int>(names.size());
+    int last = static_cast<int>(names.size());
     for (Control* control : form.Controls()) {
         const auto place = names.indexOf(control->Name());
-        control->SetTabIndex(place < 0 ? behind++ : static_cast<int>(place));
+        control->SetTabIndex(place < 0 ? last++ : static_cast<int>(place));
     }
 }
 

@@ -8,36 +8,53 @@
 class Button;
 class Control;
 class Form;
-struct ListWindowDefinition;
 
-// The looks of the list windows. From top to bottom: the title, a head of some lines, the list, a line of buttons with
-// btn_戻る at its right end. Places are pixels.
+struct ListColumn {
+    QString title;
+    int width;      ///< twips
+    QString field;  ///< of the query
+};
 
-/// The controls that every list window has. ArrangeListFrame puts them into their places.
+/// The values in which list windows differ.
+struct ListWindowDefinition {
+    QString name;     ///< of the form
+    QString caption;  ///< of the window frame
+    QString title;    ///< at the top of the window
+    QString list;     ///< name of the list control
+    QList<ListColumn> columns;
+    /// Lookups: unloaded on closing if the main form's name contains this word, since that program changes the rows
+    /// shown. Otherwise the window is hidden and keeps its rows.
+    QString unloadWord;
+};
+
+// Layout of the list windows in pixels. From top to bottom: title, head of n lines, list, a line of buttons with
+// btn_戻る at its right end.
+
+/// Creates the controls that every list window has; ArrangeListFrame places them.
 void BuildListFrame(Form& form, const ListWindowDefinition& definition);
-/// Lays the window out around a head of so many pixels and a list of so many rows; fixes its size.
+/// Places title, list and btn_戻る for a head of `headHeight` pixels and a list of `visibleRows` rows; fixes the
+/// window's size.
 void ArrangeListFrame(Form& form, const ListWindowDefinition& definition, int headHeight, int visibleRows);
 
-/// Place on a line of the head, counted from 0; left and width as they are.
-QRect HeadPlace(int left, int line, int width);
-/// Height of a head of so many lines.
+/// Rectangle on a 0-based line of the head.
+QRect HeadRect(int left, int line, int width);
 int HeadHeight(int lines);
-/// Where the head's items begin, and the list below them.
+/// Left edge of the head's items and of the list.
 inline constexpr int kListLeft = 10;
 
 Button& MakeListButton(Form& form, const QString& name, const QString& caption);
-/// Puts buttons into the line below the list, from the left.
+/// Places existing buttons in the line below the list, from the left.
 void PlaceBelowList(Form& form, const QStringList& buttons);
 struct ListButton {
     QString name, caption;
 };
-/// Adds buttons to a window that is laid out: into the line below the list, or, where they find no room beside
-/// btn_戻る, into a line of their own, the last one above btn_戻る. The Tab key stops on them before btn_戻る.
+/// Creates buttons in a window that is laid out: in the line of btn_戻る, or, if they do not fit, in an additional line
+/// above it with the last button above btn_戻る. In the tab order they come before btn_戻る.
 void AddListButtons(Form& form, const QList<ListButton>& buttons);
-/// A class number with its title in front and its list behind, from `left` to `left + width`.
+/// Creates title, number and list of a class, from `left` to `left + width`.
 void MakeClassItems(Form& form, const QString& name, const QString& title, int left, int line, int width);
-/// Numbers the stops of the Tab key in the order given; what is not named comes behind.
+/// Sets the tab order; controls not named follow in their present order.
 void NumberStops(Form& form, const QStringList& names);
 
-/// What the windows over the masters have besides, and their places.
+/// Lays out a master list window; with `hasStatus` also creates 稼動状況区分 and btn_画面クリア.
 void BuildMasterItems(Form& form, const ListWindowDefinition& definition, bool hasStatus);

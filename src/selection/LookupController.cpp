@@ -17,7 +17,7 @@ void CloseLookup(ListWindow& window) {
 
 bool IsNested() { return Globals().NestedListFlag == 1; }
 
-void EnableFormBehind() {
+void EnableCaller() {
     (IsNested() ? Globals().NestedListOwner : Globals().MainForm)->SetEnabled(true);
     Globals().ListCondition.clear();
 }
@@ -27,8 +27,8 @@ void ChooseRow(ListWindow& window) {
     if (row < 0) return;
     Globals().ListResultItem->SetText(window.List().Row(row).text);
     CloseLookup(window);
-    EnableFormBehind();
-    // Onto the item and away from it: its LostFocus is what takes the code over and reads the name.
+    EnableCaller();
+    // The item's LostFocus accepts the code and reads the name.
     Globals().ListResultItem->SetFocus();
     if (!IsNested()) Globals().ListNextItem = FindNextTabItem(Globals().MainForm, Globals().ListNextItem);
     Globals().ListNextItem->SetFocus();
@@ -36,13 +36,13 @@ void ChooseRow(ListWindow& window) {
 
 void GoBack(ListWindow& window) {
     CloseLookup(window);
-    EnableFormBehind();
+    EnableCaller();
     Globals().ListResultItem->SetFocus();
 }
 
 }  // namespace
 
-void WireLookup(ListWindow& window) {
+void ConnectLookup(ListWindow& window) {
     ListView& list = window.List();
     list.KeyPress = [&window](int key) {
         if (key == kKeyReturn) ChooseRow(window);

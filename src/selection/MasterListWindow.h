@@ -1,23 +1,24 @@
 #pragma once
 
+#include <QString>
+
 #include "selection/ListWindow.h"
 
-/// What tells the windows over the masters apart, beside what tells list windows apart.
+/// The values in which the master list windows differ.
 struct MasterListDefinition {
     ListWindowDefinition window;
     QString table;
-    /// Departments and sections: the list is narrowed by 稼動状況区分. Positions have none, and take ListCondition
-    /// whole.
+    /// Departments and sections are filtered by 稼動状況区分. Positions have no status; ListCondition is used whole.
     bool hasStatus = false;
 };
 
-/// A master as one list. Departments and sections show what is in operation (value 1) until another status is picked
-/// and btn_画面クリア pressed; positions begin at the code that the caller left in ListCondition.
+/// The rows of one master. Departments and sections show those in operation (value 1) until another status is chosen
+/// and btn_画面クリア pressed; positions are filtered by ListCondition.
 class MasterListWindow : public ListWindow {
   public:
     explicit MasterListWindow(MasterListDefinition master);
 
-    /// Empties the list and reads it anew, with the present status.
+    /// Reloads the list with the current status.
     void LoadMasterList();
 
   protected:
@@ -25,9 +26,24 @@ class MasterListWindow : public ListWindow {
     void LoadList() override { LoadMasterList(); }
 
   private:
-    void WireStatus();
+    void ConnectStatus();
     QString ListQuery() const;
 
     MasterListDefinition master_;
     int status_ = 0;
 };
+
+/// A new window over a master by the form's name; nullptr for any other name.
+ListWindow* MakeMasterListWindow(const QString& name);
+
+/// The loaded form of that name, hidden or not, otherwise a new window from `make`, which returns nullptr for an
+/// unknown name. RuntimeError kItemNotFound for an unknown name.
+Form& LoadedOrNew(const QString& name, ListWindow* (*make)(const QString& name));
+
+/// Opens a master lookup from another list window and returns when it has closed. The chosen code is written to `item`,
+/// then `next` gets the focus. ListResultItem and ListNextItem are restored afterwards, ListCondition is left empty.
+void OpenNestedLookup(Form& owner, const QString& window, Control& item, Control& next);
+
+// Names by code; empty if there is no such row or the query fails.
+QString LookUpDepartmentName(const QString& code);
+QString LookUpSectionName(const QString& code);

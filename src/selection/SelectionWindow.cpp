@@ -10,7 +10,7 @@ void RegisterSelection(const QString& window, SelectionSource& source) {
 }
 
 void UnregisterSelection(const QString& window, const SelectionSource& source) {
-    // A window that has been unloaded goes later, and its successor may be there before.
+    // An unloaded window is deleted later, possibly after its successor has registered.
     if (Globals().SelectionWindows.value(window) == &source) Globals().SelectionWindows.remove(window);
 }
 

@@ -4,13 +4,13 @@
 
 class SelectionSource;
 
-// What the windows that hold a selection have in common, whatever they are made of.
+// Shared by the windows that contain a selection: multi-select and value windows.
 
-/// From here on query and condition text find the selection under the window's name.
+/// Makes the selection available to query and condition text under the window's name. `source` is not owned.
 void RegisterSelection(const QString& window, SelectionSource& source);
-/// Takes it back, unless another window of that name has taken the place meanwhile.
+/// Removes the registration, unless another window of that name has registered since.
 void UnregisterSelection(const QString& window, const SelectionSource& source);
 
-/// Gives the main form back to the user after a window has set its flag and has gone: the form is enabled and
-/// painted, and the focus goes to ListNextItem, or to the first item behind it where the flag has disabled that one.
+/// Returns to the main form after a window has set its flag and closed: enables and repaints the form and moves the
+/// focus to ListNextItem, or to the next enabled item if the flag has disabled that one.
 void ReturnToHead();

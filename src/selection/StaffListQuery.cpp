@@ -11,7 +11,7 @@ namespace {
 
 using Conditions = StaffListConditions;
 
-/// A statement that is being put together: the first term opens with WHERE, every further one with AND.
+/// Statement builder: the first term follows WHERE, each further one AND.
 class ListStatement {
   public:
     ListStatement() : sql_(BuildListQueryHead()), joined_(Globals().GeneralDatabase.db == u"O") {}
@@ -24,10 +24,10 @@ class ListStatement {
 
   private:
     QString sql_;
-    bool joined_;  // dialect O has a WHERE in its head already
+    bool joined_;  // the head of dialect O already contains a WHERE
 };
 
-/// What stands between a column and its value, and behind the value.
+/// Text between a column and its value, and after the value.
 struct Comparison {
     QString meets, differs, end;
 };
@@ -58,13 +58,13 @@ QString Term(const QString& column, const Comparison& comparison, const QString&
     return u"M担当者."_s + column + (negated ? comparison.differs : comparison.meets) + value + comparison.end;
 }
 
-/// Staff of the company as a whole, office 000, are seen from every office.
+/// Staff of office 000, the whole company, are visible to every office.
 QString OfficeTerm() {
     return u"(M担当者.事業所コード = '"_s + Globals().ScopeOfficeCode + u"' OR M担当者.事業所コード = '"_s +
            RepeatZero(3) + u"')"_s;
 }
 
-/// The place in the class list is the code of the class.
+/// The list index is the code of the class.
 void AddClass(ListStatement& statement, const QString& column, int value, int all, bool negated) {
     if (value != all) statement.Add(Term(column, kEqual, FormatByMask(value, u"0"_s), negated));
 }
@@ -73,7 +73,7 @@ QString BuildQuery(const Conditions& conditions, const QList<Own>& terms, const 
     ListStatement statement;
     const ProgramGlobals& globals = Globals();
     if (!TrimBlanks(globals.ListCondition).isEmpty()) statement.Add(u'(' + globals.ListCondition + u')');
-    // Whether there is a limit is asked of the office that works here, which one it is of the office in scope.
+    // The operating office decides whether there is a filter, the scope office which one.
     if (globals.Environment.OperatingOfficeCode != RepeatZero(3)) statement.Add(OfficeTerm());
     for (const Own own : terms) {
         const OwnTerm& term = OwnTerms()[own];
@@ -99,7 +99,7 @@ QString BuildListQueryHead() {
             u" FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M事業所 RIGHT JOIN M担当者"
             " ON M事業所.コード = M担当者.事業所コード) ON M部門.コード = M担当者.部門コード)"
             " ON Mセクション.コード = M担当者.セクションコード"_s;
-    // TOP is written for this dialect too.
+    // Dialect O gets TOP as well.
     if (dialect == u"O")
         sql +=
             u" FROM Mセクション,M部門,M事業所,M担当者"

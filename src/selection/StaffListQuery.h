@@ -4,7 +4,7 @@
 
 /// The conditions of a staff list window.
 struct StaffListConditions {
-    QString code;  ///< as formatted, five digits
+    QString code;  ///< five digits
     QString kana;
     QString name;
     QString departmentCode, departmentName;
@@ -26,11 +26,11 @@ enum ListSearch {
     kSectionSearch = 5,
 };
 
-// Statements of the staff lists. Beside the conditions they read Globals(): the dialect of the general database,
-// ListCondition, which goes in whole and in brackets, and the two offices. Name and kana are quoted, wildcards in them
-// stay wildcards; codes go in as they stand, since their items take digits only.
+// Statements of the staff lists. They also depend on Globals(): dialect of the general database, ListCondition
+// (inserted whole, in brackets) and the two offices. Quotes in name and kana are escaped, wildcards are not; codes are
+// not escaped, since their items accept digits only.
 
-/// Beginning of all of them, up to the joins, by the dialect. For a dialect that is none there is no FROM.
+/// SELECT and FROM for the dialect; without FROM for an unknown dialect.
 QString BuildListQueryHead();
 
 QString BuildCodeQuery(const StaffListConditions& conditions);
@@ -38,10 +38,10 @@ QString BuildKanaQuery(const StaffListConditions& conditions);
 QString BuildNameQuery(const StaffListConditions& conditions);
 QString BuildDepartmentQuery(const StaffListConditions& conditions);
 QString BuildSectionQuery(const StaffListConditions& conditions);
-/// Staff who meet every condition that is filled.
+/// Staff who match every condition that is not blank.
 QString BuildCompositeQuery(const StaffListConditions& conditions);
-/// Staff who differ in every condition that is filled; of the code that means codes below it.
+/// Staff who match none of the conditions that are not blank; for the code that means lower codes.
 QString BuildNegativeQuery(const StaffListConditions& conditions);
 
-/// The statement of a search; empty for a kind that is none.
+/// The statement of a ListSearch; empty for any other number.
 QString BuildStaffListQuery(int searchKind, const StaffListConditions& conditions);

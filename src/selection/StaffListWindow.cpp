@@ -1,12 +1,11 @@
 #include "selection/StaffListWindow.h"
 
 #include "data/ClassLists.h"
-#include "screen/ComboItem.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "screen/ComboItem.h"
 #include "selection/ConditionStrings.h"
-#include "selection/MasterNames.h"
-#include "selection/StaffListLayout.h"
+#include "selection/MasterListWindow.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -14,10 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRowLimit = 1000;
-constexpr int kMarkAllLimit = 50;  // more rows than one looks through are only marked by hand
+constexpr int kMarkAllLimit = 50;  // longer lists are checked by hand only
 const QString kCodeMask = u"00000"_s;
 
-/// Value of a column's term in ListCondition, which keeps the rest; empty without such a term.
+/// Extracts the value of a column's term from ListCondition; empty without one.
 QString TakeCondition(const QString& column) {
     QString& condition = Globals().ListCondition;
     if (!condition.contains(column, Qt::CaseInsensitive)) return {};
@@ -42,10 +41,10 @@ const QList<ItemSearch>& ItemSearches() {
 }  // namespace
 
 StaffListWindow::StaffListWindow(StaffListDefinition staff) : ListWindow(staff.window), staff_(std::move(staff)) {
-    BuildStaffItems(*this, Definition());
-    WireTexts();
-    WireClasses();
-    WireButtons();
+    BuildItems();
+    ConnectTexts();
+    ConnectClasses();
+    ConnectButtons();
 }
 
 void StaffListWindow::Prepare() {
@@ -53,7 +52,7 @@ void StaffListWindow::Prepare() {
     FillClassList(Item(u"社員区分"_s), Item(u"社員区分名称"_s), ReadClassNames(u"K社員区分"_s));
     conditions_.allEnrolments = Item(u"在籍区分"_s).MaxValue();
     conditions_.allEmployees = Item(u"社員区分"_s).MaxValue();
-    // One begins with those on the payroll, the other with everybody.
+    // Initially enrolled staff of all employee classes.
     conditions_.enrolmentClass = 0;
     conditions_.employeeClass = conditions_.allEmployees;
     ReadConditionIntoItems();
@@ -66,7 +65,7 @@ void StaffListWindow::LoadList() {
 }
 
 void StaffListWindow::ReadConditionIntoItems() {
-    // A head item may hand over a code that is still being typed.
+    // A head item may pass a code that is still being typed.
     conditions_.code = FormatCodeByMask(TakeCondition(u"M担当者.コード"_s), kCodeMask);
     conditions_.departmentCode = TakeCondition(u"M担当者.部門コード"_s);
     conditions_.departmentName =
@@ -116,8 +115,8 @@ void StaffListWindow::UpdateSearchButtons() {
 }
 
 void StaffListWindow::Search(int kind) {
-    // Esc hides the window without leaving the item that is being typed into. When the window comes up again, that
-    // item has not been accepted and shows what it would not be searched by.
+    // Esc hides the window without LostFocus of the current item. When shown again, that item contains text that has
+    // not been accepted yet.
     for (const ItemSearch& search : ItemSearches()) Item(search.item).LostFocus();
     searchKind_ = kind;
     LoadStaffList();

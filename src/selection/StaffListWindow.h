@@ -3,28 +3,27 @@
 #include "selection/ListWindow.h"
 #include "selection/StaffListQuery.h"
 
-/// What tells the windows over the staff apart, beside what tells list windows apart.
+/// The values in which the two staff list windows differ.
 struct StaffListDefinition {
     ListWindowDefinition window;
-    /// Where the row counter begins; 1000 ends a load and shows the notice. From 0 the notice comes with the
-    /// thousandth row, from -1 with one more, which the query's own limit does not let happen.
+    /// Initial row counter; at 1000 loading stops and the notice appears. From 0 that is the thousandth row; from -1 it
+    /// would be the 1001st, which the query's TOP 1000 never returns.
     int firstCount = 0;
 };
 
-/// Finds staff by seven searches, each with a button of its own. The items keep what was accepted when they were left;
-/// only a button searches. A search never gives more than 1000 rows.
+/// List of staff with seven searches, one button each. Items accept their text on LostFocus; only a button starts a
+/// search. At most 1000 rows.
 class StaffListWindow : public ListWindow {
   public:
     explicit StaffListWindow(StaffListDefinition staff);
 
-    /// Empties the list and runs the search that was chosen last.
+    /// Clears the list and runs the last chosen search.
     void LoadStaffList();
-    /// Takes code, department and section out of ListCondition, which keeps what is left; name and kana become empty.
+    /// Extracts code, department and section from ListCondition, which keeps the rest; clears name and kana.
     void ReadConditionIntoItems();
     /// Writes all conditions into their items.
     void ShowConditionItems();
-    /// A search by one item can be pressed while the item holds something; btn_全て選択, where the window has it, with
-    /// 1 to 50 rows in the list.
+    /// Enables the search button of each item that is not blank, and btn_全て選択, if present, for 1 to 50 rows.
     void UpdateSearchButtons();
 
   protected:
@@ -32,12 +31,13 @@ class StaffListWindow : public ListWindow {
     void LoadList() override;
 
   private:
-    void WireTexts();
-    void WireCode(const QString& name, const QString& mask, QString StaffListConditions::*field,
-                  const std::function<void()>& accepted);
-    void WireMaster(const QString& name, const QString& window, const QString& button);
-    void WireClasses();
-    void WireButtons();
+    void BuildItems();
+    void ConnectTexts();
+    void ConnectCode(const QString& name, const QString& mask, QString StaffListConditions::*field,
+                     const std::function<void()>& accepted);
+    void ConnectMaster(const QString& name, const QString& window, const QString& button);
+    void ConnectClasses();
+    void ConnectButtons();
     void SkipFocus(Control& item);
     void Search(int kind);
     void ClearConditions();

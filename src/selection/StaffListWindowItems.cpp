@@ -1,9 +1,8 @@
-// The part of the staff list window that answers its items and buttons.
+// The part of StaffListWindow with the handlers of its items and buttons.
 
 #include "globals/ProgramGlobals.h"
 #include "screen/modクライアント処理.h"
-#include "selection/MasterNames.h"
-#include "selection/NestedLookup.h"
+#include "selection/MasterListWindow.h"
 #include "selection/StaffListWindow.h"
 #include "text/mod項目編集.h"
 
@@ -11,27 +10,27 @@ using namespace Qt::StringLiterals;
 
 using Conditions = StaffListConditions;
 
-void StaffListWindow::WireTexts() {
-    WireCode(u"コード"_s, u"00000"_s, &Conditions::code, [] {});
-    WireCode(u"部門コード"_s, u"000"_s, &Conditions::departmentCode,
-             [this] { conditions_.departmentName = LookUpDepartmentName(conditions_.departmentCode); });
-    WireCode(u"セクションコード"_s, u"000"_s, &Conditions::sectionCode,
-             [this] { conditions_.sectionName = LookUpSectionName(conditions_.sectionCode); });
-    WireCode(u"名称"_s, QString(), &Conditions::name, [] {});
-    WireCode(u"カナ"_s, QString(), &Conditions::kana, [] {});
-    ReportsItself(Item(u"名称"_s));
-    ReportsItself(Item(u"カナ"_s));
-    WireMaster(u"部門コード"_s, u"wnd部門一覧"_s, u"btn_部門コード検索"_s);
-    WireMaster(u"セクションコード"_s, u"wndセクション一覧"_s, u"btn_セクションコード検索"_s);
+void StaffListWindow::ConnectTexts() {
+    ConnectCode(u"コード"_s, u"00000"_s, &Conditions::code, [] {});
+    ConnectCode(u"部門コード"_s, u"000"_s, &Conditions::departmentCode,
+                [this] { conditions_.departmentName = LookUpDepartmentName(conditions_.departmentCode); });
+    ConnectCode(u"セクションコード"_s, u"000"_s, &Conditions::sectionCode,
+                [this] { conditions_.sectionName = LookUpSectionName(conditions_.sectionCode); });
+    ConnectCode(u"名称"_s, QString(), &Conditions::name, [] {});
+    ConnectCode(u"カナ"_s, QString(), &Conditions::kana, [] {});
+    TrackActiveItem(Item(u"名称"_s));
+    TrackActiveItem(Item(u"カナ"_s));
+    ConnectMaster(u"部門コード"_s, u"wnd部門一覧"_s, u"btn_部門コード検索"_s);
+    ConnectMaster(u"セクションコード"_s, u"wndセクション一覧"_s, u"btn_セクションコード検索"_s);
     for (const QString& name : {u"部門名"_s, u"セクション名"_s}) {
         Control& item = Item(name);
         item.GotFocus = [this, &item] { SkipFocus(item); };
     }
 }
 
-/// An item that accepts its text when it is left; an empty mask takes the text as it stands.
-void StaffListWindow::WireCode(const QString& name, const QString& mask, QString Conditions::*field,
-                               const std::function<void()>& accepted) {
+/// Accepts the item's text on LostFocus, formatted by the mask; an empty mask changes nothing.
+void StaffListWindow::ConnectCode(const QString& name, const QString& mask, QString Conditions::*field,
+                                  const std::function<void()>& accepted) {
     Control& item = Item(name);
     item.Change = [this] { UpdateSearchButtons(); };
     item.LostFocus = [this, &item, mask, field, accepted] {
@@ -43,9 +42,9 @@ void StaffListWindow::WireCode(const QString& name, const QString& mask, QString
     };
 }
 
-/// These two items report themselves by the gesture alone, not by the focus. So the first Ctrl or double click after
-/// another item reported itself only says which item is meant, and the second one opens.
-void StaffListWindow::WireMaster(const QString& name, const QString& window, const QString& button) {
+/// These two items set ActiveItem on Ctrl or double-click, not on focus. So after another item was active, the first
+/// Ctrl or double-click only activates the item and the second one opens the lookup.
+void StaffListWindow::ConnectMaster(const QString& name, const QString& window, const QString& button) {
     Control& item = Item(name);
     item.DblClick = [this, &item, window, button] {
         const Control* active = Globals().ActiveItem;
@@ -57,8 +56,8 @@ void StaffListWindow::WireMaster(const QString& name, const QString& window, con
     };
 }
 
-/// The caret does not rest on a name that is only shown. The walk goes over the main form, which is disabled and takes
-/// no focus then: the caret moves on in this window, and the caller's ListNextItem stays its own.
+/// Moves the focus off a read-only name. FindNextTabItem searches the main form, which is disabled and takes no focus;
+/// so the focus moves to the next stop of this window. The caller's ListNextItem is restored.
 void StaffListWindow::SkipFocus(Control& item) {
     Control* const callers = Globals().ListNextItem;
     Globals().ListNextItem = &item;
@@ -68,14 +67,14 @@ void StaffListWindow::SkipFocus(Control& item) {
     Globals().ListNextItem = callers;
 }
 
-void StaffListWindow::WireClasses() {
+void StaffListWindow::ConnectClasses() {
     PairClass(Item(u"在籍区分"_s), Item(u"在籍区分名称"_s), [this](int value) { conditions_.enrolmentClass = value; });
     PairClass(Item(u"社員区分"_s), Item(u"社員区分名称"_s), [this](int value) { conditions_.employeeClass = value; });
     for (const QString& name : {u"在籍区分"_s, u"在籍区分名称"_s, u"社員区分"_s, u"社員区分名称"_s})
-        ReportsItself(Item(name));
+        TrackActiveItem(Item(name));
 }
 
-void StaffListWindow::WireButtons() {
+void StaffListWindow::ConnectButtons() {
     const QList<std::pair<QString, int>> searches = {
         {u"btn_コード検索"_s, kCodeSearch},    {u"btn_カナ検索"_s, kKanaSearch},
         {u"btn_名称検索"_s, kNameSearch},      {u"btn_部門コード検索"_s, kDepartmentSearch},

@@ -1,21 +1,20 @@
 #include "selection/ValueWindowLayout.h"
 
-#include "screen/Button.h"
-#include "screen/CheckItem.h"
-#include "screen/fonts/Fonts.h"
+#include "screen/Buttons.h"
 #include "screen/Form.h"
-#include "screen/InputItem.h"
-#include "screen/Panel.h"
-#include "selection/ValueWindowDefinitions.h"
+#include "screen/Labels.h"
+#include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // Pixels.
+constexpr int kFullWidth = 500;  // of an item for full-width characters
+constexpr int kHalfWidth = 270;
 constexpr int kMargin = 12;
 constexpr int kTitleHeight = 32;
-constexpr int kLine = 28;    // from one row to the next
+constexpr int kLine = 28;    // row pitch
 constexpr int kHeight = 26;  // of a row
 constexpr int kNumberWidth = 56;
 constexpr int kItemLeft = kMargin + kNumberWidth + 2;
@@ -42,7 +41,7 @@ void BuildRow(Form& form, const ValueWindowDefinition& definition, int row) {
               {kMargin, top, kNumberWidth, kHeight});
     auto* item = new InputItem(form, form, u"xField"_s, definition.item, row, design);
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
-    item->SetCaption(QString::number(row + 1));  // told by screen readers: all rows have one name
+    item->SetCaption(QString::number(row + 1));  // for screen readers: all rows have the same name
     item->setGeometry(kItemLeft, top, definition.itemWidth, kHeight);
 }
 
@@ -64,6 +63,24 @@ void BuildCommands(Form& form, int width) {
 }
 
 }  // namespace
+
+const std::array<ValueWindowDefinition, 5>& ValueWindowDefinitions() {
+    static const CharacterClasses anything = CharacterClass::DblByte | CharacterClass::All;
+    static const CharacterClasses numbers = CharacterClass::Num | CharacterClass::Symbol;
+    static const std::array<ValueWindowDefinition, 5> windows = {{
+        {u"wnd担当者名複数指定"_s, u"担当者名"_s, u"btn_名称複数指定"_s, u"検索名称"_s, &ConditionFlags::NameListGiven,
+         ImeMode::On, anything, kFullWidth},
+        {u"wnd担当者カナ複数指定"_s, u"担当者カナ"_s, u"btn_カナ複数指定"_s, u"検索カナ"_s,
+         &ConditionFlags::KanaListGiven, ImeMode::HalfKatakana, CharacterClass::Kana, kHalfWidth},
+        {u"wnd担当者住所複数指定"_s, u"担当者住所"_s, u"btn_住所複数指定"_s, u"検索住所"_s,
+         &ConditionFlags::AddressListGiven, ImeMode::On, anything, kFullWidth},
+        {u"wnd担当者電話複数指定"_s, u"担当者電話"_s, u"btn_電話複数指定"_s, u"検索電話"_s,
+         &ConditionFlags::PhoneListGiven, ImeMode::Off, numbers, kHalfWidth},
+        {u"wnd担当者郵便番号複数指定"_s, u"担当者郵便番号"_s, u"btn_郵便番号複数指定"_s, u"検索郵便番号"_s,
+         &ConditionFlags::ZipListGiven, ImeMode::Off, numbers, kHalfWidth},
+    }};
+    return windows;
+}
 
 void BuildValueWindow(Form& form, const ValueWindowDefinition& definition) {
     form.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);

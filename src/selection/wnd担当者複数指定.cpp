@@ -4,8 +4,6 @@
 
 #include "globals/ProgramGlobals.h"
 #include "selection/SelectionWindow.h"
-#include "selection/ValueWindowLayout.h"
-#include "selection/ValueWindows.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -17,7 +15,7 @@ wnd担当者複数指定::wnd担当者複数指定(const ValueWindowDefinition& 
     Control& back = Item(u"btn_戻る"_s);
     back.Click = [this] { Leave(); };
     EscapePressed = Closing = [&back] {
-        back.SetFocus();  // a text that an input method still holds goes into its row first
+        back.SetFocus();  // commits what an input method is still composing
         back.Click();
     };
     Load = [this] {

@@ -4,29 +4,32 @@
 
 #include "inquiry/SelectionSource.h"
 #include "screen/Form.h"
-#include "selection/ValueWindowDefinitions.h"
+#include "selection/ValueWindowLayout.h"
 
-/// Up to ten values in place of one search text of the head: the one design of the five windows for names, kana,
-/// addresses, telephones and postal codes. The entries stay in the window; the main form knows only by the window's
-/// flag, which is worked out when the window is closed, that there are any. Made with new, it lives hidden until it is
-/// unloaded.
+/// Up to ten values in place of one search text of the head; one class for the five windows of names, kana, addresses,
+/// telephones and postal codes. The entries exist only in the window; the main form knows the window's flag, which is
+/// set when the window closes. Allocate with new; hidden until it is unloaded.
 class wnd担当者複数指定 : public Form, public SelectionSource {
   public:
     explicit wnd担当者複数指定(const ValueWindowDefinition& definition);
     ~wnd担当者複数指定() override;
 
-    /// One LIKE term for each filled row, joined by OR, or by AND where 絞込み is checked.
+    /// One LIKE term for each filled row, quotes escaped, wildcards kept; joined by OR, or by AND if 絞込み is checked.
     QString BuildSelectionCondition(const QString& table, const QString& column) const override;
     QString DescribeSelection() const override;
 
-    /// All rows empty, 絞込み unchecked. The flag stays until the window closes.
+    /// Empties all rows and unchecks 絞込み. The flag changes only when the window closes.
     void ClearEntries();
 
   private:
     void Leave();
     bool Narrowing() const;
-    /// Texts of the filled rows in their order, blanks around them taken off.
+    /// Texts of the filled rows from top to bottom, trimmed.
     QStringList Entries() const;
 
     const ValueWindowDefinition& definition_;
 };
+
+/// Opens the value window of a button on the main form and returns when it has closed. Created at its first use, it
+/// keeps its entries. The main form stays enabled. False if the button opens no value window.
+bool OpenValueWindow(const QString& button);

@@ -12,38 +12,38 @@ constexpr std::size_t kCodes = 0x10000;
 constexpr char16_t kNoCharacter = 0xFFFD;
 constexpr quint16 kNoForm = 0xFFFF;
 
-/// Both directions for the whole basic plane. A form of one byte lies below 0x100, one of two bytes above.
+/// Both directions for the whole Basic Multilingual Plane. Forms below 0x100 are one byte, others two.
 struct Tables {
     std::vector<quint16> forms = std::vector<quint16>(kCodes, kNoForm);
     std::vector<char16_t> characters = std::vector<char16_t>(kCodes, kNoCharacter);
 };
 
-// The converter encodes these nine although Windows has no form for them; they never come back as themselves.
+// iconv encodes these nine characters, which Windows cannot encode and which do not round-trip.
 constexpr std::array<char16_t, 9> kOneWayOnly = {0x00A2, 0x00A3, 0x00A5, 0x00AC, 0x2014,
                                                  0x2016, 0x203E, 0x2212, 0x301C};
 
 bool IsSurrogate(std::size_t unit) { return unit >= 0xD800 && unit < 0xE000; }
 
-/// A converter of the C library, closed at the end.
+/// RAII wrapper of an iconv handle.
 class Converter {
   public:
     Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        // Going on would write "?" for every character into a site's files.
+        // Continuing would replace every character in the user's files by "?".
         if (handle_ == reinterpret_cast<iconv_t>(-1)) qFatal("The C library lacks its converter for code page 932.");
     }
     ~Converter() { iconv_close(handle_); }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    /// Number of bytes written for one character; 0 when it has no form.
+    /// Number of bytes written for one character; 0 if it cannot be converted.
     std::size_t Convert(std::array<char, 2> source, std::size_t length, std::array<char, 4>& target) const {
         char* from = source.data();
         char* to = target.data();
         std::size_t left = length;
-        std::size_t room = target.size();
+        std::size_t space = target.size();
         iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        const bool failed = iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1);
-        return failed ? 0 : target.size() - room;
+        const bool failed = iconv(handle_, &from, &left, &to, &space) == static_cast<std::size_t>(-1);
+        return failed ? 0 : target.size() - space;
     }
 
   private:
@@ -67,7 +67,7 @@ quint16 FormOf(const Converter& converter, char16_t unit) {
     }
 }
 
-/// Read the other way as well: some characters have two codes, of which writing uses one.
+/// Decoded separately, since some characters have two codes, of which encoding uses one.
 char16_t CharacterOf(const Converter& converter, quint16 form) {
     std::array<char, 4> bytes{};
     const auto high = static_cast<char>(form >> 8);

@@ -3,8 +3,7 @@
 #include <QDateTime>
 #include <QString>
 
-/// "yyyymmdd hhnnss", 15 characters: the form of every stamp in the suite's tables, in which text order is time
-/// order.
+/// "yyyymmdd hhnnss", 15 characters: format of the time stamps in the suite's tables, which sorts chronologically.
 QString TimeStamp(const QDateTime& time);
 /// "yyyymmdd".
 QString DateText(const QDate& date);

@@ -1,7 +1,10 @@
 #include "text/mod文字変換.h"
 
+#include <QHash>
 #include <QStringView>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -12,8 +15,8 @@ struct RuleGroup {
     qsizetype units;
 };
 
-// The order is the meaning: the first rule that matches wins, so the marks stand before the plain kana, and the
-// second rule for "-" is shadowed by the signs. "'" and "\" have results of their own.
+// The first matching rule wins: kana with marks come before plain kana, and the second rule for "-" is unreachable. "'"
+// and "\" do not map to their full-width forms.
 constexpr std::array kRules = {
     RuleGroup{u"0123456789", u"０１２３４５６７８９", 1},
     RuleGroup{u"ABCDEFGHIJKLMNOPQRSTUVWXYZ", u"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮＯＰＱＲＳＴＵＶＷＸＹＺ", 1},
@@ -37,7 +40,7 @@ constexpr bool EverySourceHasItsResult() {
 }
 static_assert(EverySourceHasItsResult());
 
-/// Index of the source that stands at the head of `rest`, -1 without one.
+/// Index of the source at the beginning of `rest`; -1 without one.
 qsizetype FindSource(const RuleGroup& group, QStringView rest) {
     if (rest.size() < group.units) return -1;
     const QStringView head = rest.first(group.units);
@@ -46,7 +49,7 @@ qsizetype FindSource(const RuleGroup& group, QStringView rest) {
     return -1;
 }
 
-/// Appends what the head of `rest` becomes and gives the number of units that it took.
+/// Appends the converted beginning of `rest`; returns the number of units consumed.
 qsizetype ConvertHead(QStringView rest, QString& result) {
     for (const RuleGroup& group : kRules) {
         const qsizetype found = FindSource(group, rest);
@@ -58,6 +61,33 @@ qsizetype ConvertHead(QStringView rest, QString& result) {
     return 1;
 }
 
+constexpr char16_t kVoicedMark = u'ﾞ';
+constexpr char16_t kSemiVoicedMark = u'ﾟ';
+
+QHash<QChar, QString> MakeHalfWidthTable() {
+    const QString full =
+        u"アイウエオカキクケコサシスセソタチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワヲン"
+        "ァィゥェォッャュョー・「」。、゛゜"_s;
+    const QString half =
+        u"ｱｲｳｴｵｶｷｸｹｺｻｼｽｾｿﾀﾁﾂﾃﾄﾅﾆﾇﾈﾉﾊﾋﾌﾍﾎﾏﾐﾑﾒﾓﾔﾕﾖﾗﾘﾙﾚﾛﾜｦﾝ"
+        "ｧｨｩｪｫｯｬｭｮｰ･｢｣｡､ﾞﾟ"_s;
+    QHash<QChar, QString> table;
+    for (qsizetype i = 0; i < full.size(); ++i) table.insert(full[i], QString(half[i]));
+    const QString voiced = u"ガギグゲゴザジズゼゾダヂヅデドバビブベボヴ"_s;
+    const QString base = u"ｶｷｸｹｺｻｼｽｾｿﾀﾁﾂﾃﾄﾊﾋﾌﾍﾎｳ"_s;
+    for (qsizetype i = 0; i < voiced.size(); ++i) table.insert(voiced[i], QString(base[i]) + QChar(kVoicedMark));
+    const QString semiVoiced = u"パピプペポ"_s;
+    for (qsizetype i = 0; i < semiVoiced.size(); ++i)
+        table.insert(semiVoiced[i], QString(QChar(u"ﾊﾋﾌﾍﾎ"[i])) + QChar(kSemiVoicedMark));
+    return table;
+}
+
+/// Hiragana code points are 0x60 below the corresponding katakana.
+QChar Katakana(QChar character) {
+    const bool hiragana = character.unicode() >= 0x3041 && character.unicode() <= 0x3096;
+    return hiragana ? QChar(character.unicode() + 0x60) : character;
+}
+
 }  // namespace
 
 QString ToFullWidth(const QString& text) {
@@ -66,4 +96,14 @@ QString ToFullWidth(const QString& text) {
     QStringView rest = text;
     while (!rest.isEmpty()) rest = rest.sliced(ConvertHead(rest, result));
     return result;
+}
+
+QString ToHalfWidthKana(const QString& text) {
+    static const QHash<QChar, QString> table = MakeHalfWidthTable();
+    QString half;
+    for (const QChar character : text) {
+        const auto found = table.constFind(Katakana(character));
+        half += found == table.constEnd() ? QString(character) : *found;
+    }
+    return half;
 }

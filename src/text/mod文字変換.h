@@ -2,7 +2,11 @@
 
 #include <QString>
 
-/// Half-width digits, letters, signs and kana as their full-width forms; a half-width kana with its voiced or
-/// semi-voiced mark becomes one character. Blank, double quote, "^", backquote, ｡｢｣､･ and a mark without a kana that
-/// takes it stay half-width, as does everything else that no rule names.
+/// Converts half-width digits, letters, symbols and kana to full-width; a half-width kana followed by a voiced or
+/// semi-voiced mark becomes one character. Blank, double quote, "^", backquote, ｡｢｣､･ and a mark that no kana precedes
+/// stay half-width; all other characters are unchanged.
 QString ToFullWidth(const QString& text);
+
+/// Normalises hiragana and katakana to half-width katakana, voiced ones to two characters; all other characters are
+/// unchanged.
+QString ToHalfWidthKana(const QString& text);

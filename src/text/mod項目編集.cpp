@@ -37,8 +37,8 @@ qsizetype SkipDigits(QStringView text, qsizetype from) {
     return from;
 }
 
-/// Sign, digits, fraction; blanks around. None for anything else. Kept as digits, so that a code of any length
-/// passes through exactly.
+/// Parses sign, digits and fraction, surrounded by blanks; nullopt for anything else. The digits stay text, so that
+/// codes of any length are exact.
 std::optional<PlainNumber> ParseNumber(const QString& value) {
     const QString text = TrimBlanks(value);
     PlainNumber number;
@@ -69,8 +69,7 @@ QString ApplyMask(const PlainNumber& number, const QString& mask) {
     return number.negative && !number.digits.isEmpty() ? u'-' + digits : digits;
 }
 
-/// Number of leading characters within `maxBytes`. Half of a surrogate pair is no character: a statement with one
-/// in it finds nobody.
+/// Number of leading UTF-16 units within `maxBytes`, never splitting a surrogate pair.
 qsizetype FittingLength(const QString& text, int maxBytes) {
     int bytes = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -3,38 +3,38 @@
 #include <QString>
 #include <QStringView>
 
-// Small text procedures that every screen and query leans on. Lengths called bytes are those of the text in code
-// page 932 (full-width 2, ASCII and half-width kana 1, a character without a form 1 for each UTF-16 unit);
-// everything else counts UTF-16 units.
+// Text procedures used by all screens and queries. Lengths in bytes refer to code page 932 (see CodePage932.h), all
+// other lengths to UTF-16 units. None of them fails.
 
-/// Blanks U+0020 taken off both ends. Full-width blanks stay, unlike with QString::trimmed().
+/// Removes blanks U+0020 from both ends. Full-width blanks are kept, unlike with QString::trimmed().
 QString TrimBlanks(QStringView text);
 
-/// Number at the head of a text: digits with blanks ignored, up to the first other character; 0 without any.
+/// Number at the beginning of a text: digits, blanks ignored, up to the first other character; 0 without digits.
+/// Saturates at the maximum of int.
 int NumericValue(QStringView text);
 
-/// A number mask ("000", "0", "#,###,##0", "#####0", "##0") applied to a text. What is not a number, and an empty
-/// text, comes back unchanged.
+/// Formats a number by a mask ("000", "0", "#,###,##0", "#####0", "##0"). Text that is not a number is returned
+/// unchanged.
 QString FormatByMask(const QString& value, const QString& mask);
 QString FormatByMask(qint64 value, const QString& mask);
 
-/// The longest beginning of whole characters within `maxBytes`; the text itself when it fits.
+/// The longest prefix of whole characters within `maxBytes`.
 QString CutToLength(const QString& text, int maxBytes);
 
-/// Number of characters from the first that does not fit into `maxBytes` to the end; 0 when the text fits.
+/// Number of UTF-16 units after that prefix; 0 if the text fits.
 int OverflowCount(const QString& text, int maxBytes);
 
-/// The text for a place between single quotes of a statement: quotes doubled, blanks at the right end removed.
-/// Wildcards stay wildcards.
+/// Escapes a text for use between single quotes in SQL: doubles quotes, removes trailing blanks. Wildcards are not
+/// escaped.
 QString QuoteSqlText(const QString& text);
 
-/// Lowest code of a mask: as many "0" as the mask is long; empty for an empty mask, whatever the length.
+/// Lowest code of a mask: "0" repeated to the mask's length; `length` is ignored.
 QString DefaultRangeFrom(const QString& mask, int length);
-/// Highest code of a mask: as many "9"; for an empty mask `length` times "Z".
+/// Highest code of a mask: "9" repeated to the mask's length; for an empty mask "Z" repeated `length` times.
 QString DefaultRangeTo(const QString& mask, int length);
 
-/// A code under its mask: zero-padded on the left, or cut to the mask's left part. Empty stays empty, an empty
-/// mask changes nothing, what is not a number is only cut.
+/// Formats a code: zero-padded on the left or cut on the right to the mask's length. Text that is not a number is only
+/// cut; an empty value or mask changes nothing.
 QString FormatCodeByMask(const QString& value, const QString& mask);
 
 QString RepeatZero(int count);

@@ -1,8 +1,8 @@
-#include "screen/WidgetDialogs.h"
 #include "access/PinDialogDriver.h"
 #include "access/RightsFixture.h"
 #include "data/RunHistory.h"
 #include "screen/InputItem.h"
+#include "screen/WidgetDialogs.h"
 
 #include <QtTest/QTest>
 

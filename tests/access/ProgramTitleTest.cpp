@@ -1,6 +1,6 @@
 #include "access/CompanyFixture.h"
 #include "screen/Form.h"
-#include "screen/Panel.h"
+#include "screen/Labels.h"
 
 using namespace Qt::StringLiterals;
 

@@ -26,9 +26,11 @@ QString Content(const QString& path) {
 /// Lines "module|folder;folder|library;library", written when the build is configured.
 QHash<QString, Module> Modules() {
     QHash<QString, Module> modules;
-    for (const QString& line : Content(QStringLiteral(SUITE_PROGRAMS "/modules.txt")).split(u'\n', Qt::SkipEmptyParts)) {
+    for (const QString& line :
+         Content(QStringLiteral(SUITE_PROGRAMS "/modules.txt")).split(u'\n', Qt::SkipEmptyParts)) {
         const QStringList parts = line.split(u'|');
-        modules.insert(parts[0], {parts[1].split(u';'), parts[2].split(u';').filter(u"meibo_"_s).replaceInStrings(u"meibo_"_s, u""_s)});
+        modules.insert(parts[0], {parts[1].split(u';'),
+                                  parts[2].split(u';').filter(u"meibo_"_s).replaceInStrings(u"meibo_"_s, u""_s)});
     }
     return modules;
 }

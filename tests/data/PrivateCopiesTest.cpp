@@ -12,10 +12,10 @@
 #include "data/UserConfiguration.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
+#include "support/FakeRegistry.h"
 #include "support/FileBytes.h"
 #include "support/GivenAway.h"
 #include "support/SampleInstallation.h"
-#include "support/FakeRegistry.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "globals/ProgramGlobals.h"
-#include "support/FileBytes.h"
 #include "support/FakeRegistry.h"
+#include "support/FileBytes.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;

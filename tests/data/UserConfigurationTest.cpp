@@ -13,15 +13,15 @@
 
 #include "data/Connections.h"
 #include "data/Environment.h"
-#include "globals/ProgramGlobals.h"
 #include "database/DatabaseError.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "screen/Form.h"
 #include "screen/msgお待ち.h"
+#include "support/FakeRegistry.h"
 #include "support/FileBytes.h"
 #include "support/FileSizeLimit.h"
 #include "support/SampleInstallation.h"
-#include "support/FakeRegistry.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;
@@ -30,11 +30,7 @@ namespace {
 
 const QString kLinks = u"SELECT 接続 FROM リンクテーブル ORDER BY rowid"_s;
 
-bool WaitDialogStands() {
-    for (const Form* form : LoadedForms())
-        if (form->Name() == u"msgお待ち"_s) return true;
-    return false;
-}
+bool WaitDialogStands() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
 
 /// Tells the copies in their order, those during which the wait dialog stands with a star behind.
 class WatchedFiles : public platform::LocalFileSystem {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "database/ConnectionString.h"
 #include "database/DatabaseFile.h"
 #include "database/OwnDrivers.h"
-#include "database/ConnectionString.h"
 #include "database/odbc/OdbcHandle.h"
 
 using namespace Qt::StringLiterals;

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "database/DatabaseError.h"
-#include "platform/RuntimeError.h"
 #include "database/odbc/ServerEngine.h"
 #include "database/sql/StatementAdapter.h"
+#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 using namespace database;

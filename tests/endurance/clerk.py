@@ -108,8 +108,8 @@ class Clerk:
 
     def open_form(self, position):
         """In a shared configuration the first receiver deletes all start messages of one second, and two exchanges with
-        the same key within a minute receive each other's messages, as specified for the channel. There, each clerk has
-        different people, and no two clerks click within one second."""
+        the same key within a minute receive each other's messages, since the channel has no other key. There, each clerk
+        has different people, and no two clerks click within one second."""
         if not self.plan["shared"]:
             return self.session.open_form(position)
         with open(self.plan["channel"], "w", encoding="ascii") as channel:

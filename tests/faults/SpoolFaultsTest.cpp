@@ -1,5 +1,5 @@
-#include "faults/FaultFixture.h"
 #include "database/sqlite/OpenSqlite.h"
+#include "faults/FaultFixture.h"
 #include "report-host/layout/ReportRowStore.h"
 
 using namespace Qt::StringLiterals;

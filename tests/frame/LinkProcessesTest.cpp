@@ -8,13 +8,13 @@
 #include <functional>
 #include <thread>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/StaffRegistration.h"
 #include "screen/Form.h"
 #include "support/FileBytes.h"
 #include "support/LinkAnswers.h"
+#include "support/MainFormFixture.h"
 #include "support/OtherProgram.h"
 
 using namespace Qt::StringLiterals;

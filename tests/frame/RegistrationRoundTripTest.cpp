@@ -6,10 +6,10 @@
 
 #include <thread>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"
+#include "support/MainFormFixture.h"
 #include "support/VirtualScreen.h"
 #include "text/TimeStamp.h"
 

@@ -5,10 +5,10 @@
 #include <QFile>
 #include <QtTest/QTest>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "setup/storage/ReportHostInstallation.h"
+#include "support/MainFormFixture.h"
 #include "support/SuiteUser.h"
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,9 @@
 #include <QFile>
 
-#include "mainform/MainFormFixture.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 

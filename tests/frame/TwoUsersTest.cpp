@@ -5,13 +5,13 @@
 #include <QMap>
 
 #include "data/ReportHostTrust.h"
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/registry/FileRegistry.h"
-#include "support/PdfFile.h"
 #include "screen/Form.h"
 #include "setup/storage/ReportHostInstallation.h"
 #include "support/HostProgram.h"
+#include "support/MainFormFixture.h"
+#include "support/PdfFile.h"
 #include "support/SuiteUser.h"
 
 using namespace Qt::StringLiterals;

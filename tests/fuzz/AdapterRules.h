@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "database/odbc/ServerEngine.h"
+#include "database/sql/StatementAdapter.h"
+#include "database/sql/SyntaxTree.h"
+#include "database/sql/Tokenizer.h"
+#include "database/sqlite/SqliteFunctions.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
-#include "database/odbc/ServerEngine.h"
-#include "database/sqlite/SqliteFunctions.h"
-#include "database/sql/StatementAdapter.h"
-#include "database/sql/Tokenizer.h"
-#include "database/sql/SyntaxTree.h"
 
 // What holds for every statement on its way to each of the three engines.
 

@@ -3,10 +3,10 @@
 
 #include <QRegularExpression>
 
-#include "fuzz/FuzzInput.h"
 #include "database/collation/LikePattern.h"
 #include "database/collation/LikeToRegex.h"
 #include "database/collation/TextFolding.h"
+#include "fuzz/FuzzInput.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "access/ProgramLinks.h"
 #include "data/Connections.h"
-#include "globals/ProgramGlobals.h"
 #include "fuzz/FuzzInput.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "setup/schema/ConfigurationWriter.h"
 

@@ -1,7 +1,7 @@
 // Connect texts of linked tables: the path that went in comes out.
 
-#include "fuzz/FuzzInput.h"
 #include "database/LinkedTables.h"
+#include "fuzz/FuzzInput.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString text = FuzzInput(data, size).Text();

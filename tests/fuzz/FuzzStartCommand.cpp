@@ -1,8 +1,8 @@
 // Command lines: every field is a piece of the command at its place, and only a full one counts as given.
 
-#include "globals/ProgramGlobals.h"
 #include "frame/StartCommand.h"
 #include "fuzz/FuzzInput.h"
+#include "globals/ProgramGlobals.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString command = FuzzInput(data, size).Units();

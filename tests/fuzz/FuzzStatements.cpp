@@ -3,12 +3,12 @@
 
 #include <sqlite3.h>
 
+#include "database/sql/ParameterisedStatement.h"
+#include "database/sql/SyntaxTree.h"
+#include "database/sql/Tokenizer.h"
+#include "database/sqlite/SqliteFunctions.h"
 #include "fuzz/AdapterRules.h"
 #include "fuzz/FuzzInput.h"
-#include "database/sql/ParameterisedStatement.h"
-#include "database/sqlite/SqliteFunctions.h"
-#include "database/sql/Tokenizer.h"
-#include "database/sql/SyntaxTree.h"
 
 namespace {
 

@@ -8,12 +8,12 @@
 #include <cmath>
 
 #include "fuzz/FuzzInput.h"
+#include "report-host/layout/ReportPages.h"
+#include "report-host/layout/TextLayout.h"
 #include "report-host/render/ElementPainter.h"
 #include "report-host/template/TemplateCheck.h"
 #include "report-host/template/TemplateLimits.h"
 #include "report-host/template/TemplateParser.h"
-#include "report-host/layout/ReportPages.h"
-#include "report-host/layout/TextLayout.h"
 
 using namespace Qt::StringLiterals;
 using namespace report;

@@ -4,9 +4,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "database/Database.h"
 #include "fuzz/FuzzInput.h"
 #include "output/CsvWriter.h"
-#include "database/Database.h"
 #include "setup/storage/SqliteFile.h"
 #include "text/CodePage932.h"
 

@@ -1,6 +1,7 @@
 #include <stdexcept>
 
 #include "inquiry/InquiryTest.h"
+#include "support/FormRobot.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +29,7 @@ void FillEverything() {
                             u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s, 1,      2,      3};
 }
 
-/// As a window lies behind the main form while it holds a selection.
+/// Leaves the window loaded and hidden, as a window with a selection is.
 void UseAndHide(Form& window) {
     window.ShowModeless();
     window.HideForm();
@@ -53,7 +54,7 @@ TEST_F(ConditionDefaults, AClearTakesMaxValueForTheStaffClass) {
     EXPECT_EQ(Summary(Conditions()), u"000|999|000|999|00|99|00000|99999||||||0|4|1"_s);
 }
 
-TEST_F(RangeBounds, AStartBeyondTheEndDragsTheEndAndAnEndBelowTheStartDragsTheStart) {
+TEST_F(RangeBounds, CrossingBoundMovesTheOtherOne) {
     Conditions().DepartmentTo = u"100"_s;
     EXPECT_EQ(AcceptRangeStart(Range::Department, u"500"_s), 0);
     EXPECT_EQ(Conditions().DepartmentFrom, u"500"_s);
@@ -137,13 +138,13 @@ TEST_F(SearchTexts, TheSameTextIsNoChange) {
     EXPECT_EQ(Conditions().SearchName, u"山田 "_s);
 }
 
-TEST_F(SearchTexts, ATextCutBackToWhatStoodThereStillAsksForARepaint) {
+TEST_F(SearchTexts, TextCutToTheStoredOneStillNeedsARepaint) {
     Conditions().SearchName = QString(10, u'山');
     EXPECT_TRUE(AcceptSearchText(TextOf(u"検索名称"_s), QString(11, u'山')));
     EXPECT_EQ(Conditions().SearchName, QString(10, u'山'));
 }
 
-TEST_F(Kinds, EachKindStandsInItsField) {
+TEST_F(Kinds, EachKindIsStoredInItsField) {
     EXPECT_TRUE(AcceptKind(KindDefinitions()[0], 1));
     EXPECT_TRUE(AcceptKind(KindDefinitions()[1], 2));
     EXPECT_TRUE(AcceptKind(KindDefinitions()[2], 5));

@@ -8,11 +8,11 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "support/HeadForm.h"
 #include "inquiry/SelectionSource.h"
+#include "support/HeadForm.h"
 #include "support/TestServices.h"
 
-/// The inquiry behind a head without a window, with the conditions of a start, eight rows and all offices.
+/// The inquiry with a fake main form, initial conditions, eight rows per page and all offices.
 class InquiryTest : public ::testing::Test {
   protected:
     InquiryTest() {
@@ -30,7 +30,7 @@ class InquiryTest : public ::testing::Test {
     HeadForm form;
 };
 
-/// A selection window that holds the given values: codes as equalities, texts as LIKE terms.
+/// Fake selection window with the given values: codes as equalities, texts as LIKE terms.
 class HeldSelection : public SelectionSource {
   public:
     HeldSelection(QString window, QStringList values, bool texts, QString joiner = QStringLiteral(" OR "))

@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(Of, RowLimit,
                                            LimitCase{6, 32'756, 32'754, u"対象件数が32,754を超えました。"_s}));
 
 namespace {
-/// While its box is up, another program writes, and would not wait a moment for it.
+/// Message boxes during which another program writes without waiting for a lock.
 class WritingDialogs : public QueuedDialogs {
   public:
     explicit WritingDialogs(StaffDatabase& database) : database_(database) {}

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 QString TextFor(int field, int row) { return u"%1/%2"_s.arg(field).arg(row); }
 
-/// Rows 0 to `last`, every field filled so that each tells where it came from.
+/// Fills rows 0 to `last`; each field identifies its row.
 class RowStore : public InquiryTest {
   protected:
     void Fill(int last) {
@@ -24,7 +24,7 @@ class RowStore : public InquiryTest {
         Globals().LastRow = last;
     }
 
-    /// What row holds for each text field, as the row where it came from; -1 for empty.
+    /// For each text field of a row the row that it came from; -1 if empty.
     void ExpectRowFrom(int row, int source, int mailSource) const {
         for (int field = 0; field < kStaffTextCount; ++field) {
             const int from = field == static_cast<int>(StaffText::EMAIL) ? mailSource : source;
@@ -146,5 +146,5 @@ INSTANTIATE_TEST_SUITE_P(Of, TopRowAfterRemoval,
                          ::testing::Values(TopRowCase{8, 7, 5, 0},     // eight rows, seven left
                                            TopRowCase{8, 8, 5, 0},     // nine rows, eight left
                                            TopRowCase{8, 9, 5, 5},     // nine left
-                                           TopRowCase{8, 30, 30, 30},  // the page now lies past the end
+                                           TopRowCase{8, 30, 30, 30},  // the page is now past the end
                                            TopRowCase{6, 6, 2, 0}, TopRowCase{6, 7, 2, 2}));

@@ -87,7 +87,7 @@ TEST_F(StaffRow, ANullOfAddressAHidesAddressB) {
     EXPECT_EQ(Cell(StaffText::住所C), u"一号館"_s);
 }
 
-TEST_F(StaffRow, ANullOfAddressBBesideAFilledAddressARaises) {
+TEST_F(StaffRow, NullOfAddressBWithAnAddressAThrows) {
     database.AddStaff(u"00001"_s, {{u"住所A"_s, u"東京都"_s}});
     try {
         Search();
@@ -95,7 +95,7 @@ TEST_F(StaffRow, ANullOfAddressBBesideAFilledAddressARaises) {
     } catch (const platform::RuntimeError& error) {
         EXPECT_EQ(error.Number(), platform::kInvalidUseOfNull);
     }
-    // Nothing of the failed load may keep other programs from writing.
+    // The failed load must leave no lock that blocks other programs.
     EXPECT_NO_THROW(database.General(u"UPDATE M担当者 SET 住所B = ''"_s));
 }
 
@@ -167,7 +167,7 @@ TEST_F(RowStamps, EmptyTextAndNullShowNothing) {
     EXPECT_EQ(Cell(StaffText::更新日付), QString());
 }
 
-TEST_F(LastView, WithoutALaunchingMemberNobodyIsAskedFor) {
+TEST_F(LastView, WithoutALaunchingMemberThereIsNoQuery) {
     database.General(u"DROP TABLE T閲覧"_s);
     database.OpenConnections();
     database.AddStaff(u"00001"_s);
@@ -183,9 +183,9 @@ TEST_F(LastView, IsTheNewestEntryOfTheLaunchingMember) {
     database.Insert(u"T閲覧"_s, ViewOf(u"00001"_s, u"20250102"_s, u"090000"_s, u"0"_s));
     database.Insert(u"T閲覧"_s, ViewOf(u"00002"_s, u"20250101"_s, u"090000"_s, u"0"_s));
     database.Insert(u"T閲覧"_s, ViewOf(u"00002"_s, u"20250101"_s, u"090001"_s, u"3"_s));
-    StaffDatabase::Row ofSomebodyElse = ViewOf(u"00003"_s, u"20250101"_s, u"090001"_s, u"3"_s);
-    ofSomebodyElse[0].second = u"00008"_s;
-    database.Insert(u"T閲覧"_s, ofSomebodyElse);
+    StaffDatabase::Row ofAnotherViewer = ViewOf(u"00003"_s, u"20250101"_s, u"090001"_s, u"3"_s);
+    ofAnotherViewer[0].second = u"00008"_s;
+    database.Insert(u"T閲覧"_s, ofAnotherViewer);
     StaffDatabase::Row ofAVoucher = ViewOf(u"00004"_s, u"20250101"_s, u"090001"_s, u"3"_s);
     ofAVoucher[4].second = u"77"_s;
     database.Insert(u"T閲覧"_s, ofAVoucher);
@@ -203,7 +203,7 @@ TEST_F(LastView, LeavesNoStatementInTheHistory) {
     EXPECT_TRUE(database.History().isEmpty());
 }
 
-TEST_F(LastView, AFailedLookUpCountsAsNoEntryAndIsRecordedWordForWord) {
+TEST_F(LastView, FailedQueryCountsAsNoEntryAndIsLogged) {
     Globals().Staff.LaunchingStaffCode = u"00009"_s;
     database.General(u"DROP TABLE T閲覧"_s);
     database.OpenConnections();

@@ -6,13 +6,13 @@ namespace {
 using StaffSearch = StaffSearchTest;
 using StaffReload = StaffSearchTest;
 
-/// What the history shows of a statement.
-QString Recorded(const QString& statement) { return u"出力終了 "_s + QString(statement).replace(u"'"_s, u"''"_s); }
+/// The history row of a statement: quotes are doubled.
+QString HistoryEntry(const QString& statement) { return u"出力終了 "_s + QString(statement).replace(u"'"_s, u"''"_s); }
 
 QString Codes(const QString& first) { return u"コード = '"_s + first + u'\''; }
 }  // namespace
 
-TEST_F(StaffSearch, FillsTheStoreInTheOrderOfTheStatementAndLeavesItInTheHistory) {
+TEST_F(StaffSearch, FillsTheStoreInOrderAndLogsTheStatement) {
     database.AddStaff(u"00002"_s, {{u"事業所コード"_s, u"001"_s}});
     database.AddStaff(u"00001"_s, {{u"事業所コード"_s, u"002"_s}});
     Search();
@@ -21,13 +21,13 @@ TEST_F(StaffSearch, FillsTheStoreInTheOrderOfTheStatementAndLeavesItInTheHistory
     EXPECT_EQ(Rows().出力対象[0], 1);
     EXPECT_EQ(Rows().出力対象[1], 1);
     EXPECT_EQ(Rows().出力対象[2], 0);
-    EXPECT_EQ(database.History(), QStringList{Recorded(BuildStaffStatement())});
+    EXPECT_EQ(database.History(), QStringList{HistoryEntry(BuildStaffStatement())});
 }
 
 TEST_F(StaffSearch, WithoutRowsLeavesItsStatementInTheHistoryToo) {
     Search();
     EXPECT_EQ(Globals().LastRow, -1);
-    EXPECT_EQ(database.History(), QStringList{Recorded(BuildStaffStatement())});
+    EXPECT_EQ(database.History(), QStringList{HistoryEntry(BuildStaffStatement())});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
@@ -40,7 +40,7 @@ TEST_F(StaffSearch, ByTelephoneFailsQuietlyWithAnEmptyListAndOneErrorRow) {
     const QStringList history = database.History();
     ASSERT_EQ(history.size(), 1);
     EXPECT_TRUE(history[0].startsWith(u"エラー "_s));
-    EXPECT_TRUE(history[0].endsWith(Recorded(BuildStaffStatement()).mid(5)));
+    EXPECT_TRUE(history[0].endsWith(HistoryEntry(BuildStaffStatement()).mid(5)));
 }
 
 TEST_F(StaffSearch, ByAListOfTelephonesWorks) {
@@ -98,7 +98,7 @@ TEST_F(StaffSearch, AnEmptyClassTableDropsEverybody) {
     database.General(u"DELETE FROM K社員区分"_s);
     Search();
     EXPECT_EQ(Globals().LastRow, -1);
-    EXPECT_EQ(database.History(), QStringList{Recorded(BuildStaffStatement())});
+    EXPECT_EQ(database.History(), QStringList{HistoryEntry(BuildStaffStatement())});
 }
 
 TEST_F(StaffSearch, AnEmptyEndFindsNothing) {
@@ -125,7 +125,7 @@ TEST_F(StaffSearch, WithoutAConnectionEndsEmptyAndLeavesAnErrorRow) {
     EXPECT_TRUE(database.History()[0].startsWith(u"エラー "_s));
 }
 
-TEST_F(StaffSearch, GoesOnWithTheRowsItHasWhenAnEventClosesTheConnections) {
+TEST_F(StaffSearch, KeepsLoadingIfAHandlerClosesTheConnections) {
     for (int i = 1; i <= 20; ++i) database.AddStaff(u"000"_s + QString::number(10 + i));
     Globals().Staff.LaunchingStaffCode = u"00001"_s;
     const WhenEventsPass close([] {
@@ -153,7 +153,7 @@ TEST_P(StaffSearchByText, FindsWhatHoldsIt) {
     Conditions().SearchName = GetParam().text;
     Search();
     EXPECT_EQ(Found(), QStringList{u"00001"_s});
-    EXPECT_EQ(database.History(), QStringList{Recorded(BuildStaffStatement())});
+    EXPECT_EQ(database.History(), QStringList{HistoryEntry(BuildStaffStatement())});
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, StaffSearchByText,
@@ -198,7 +198,7 @@ TEST_F(StaffReload, LeavesItsStatementInTheHistory) {
     Search();
     ReloadStaffRow(0);
     ASSERT_EQ(database.History().size(), 2);
-    const QString head = Recorded(BuildStaffStatement().section(u" WHERE "_s, 0, 0));
+    const QString head = HistoryEntry(BuildStaffStatement().section(u" WHERE "_s, 0, 0));
     EXPECT_EQ(database.History()[1], head + u" WHERE M担当者.コード = ''00001''"_s);
 }
 

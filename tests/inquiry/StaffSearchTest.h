@@ -4,10 +4,10 @@
 
 #include "inquiry/InquiryTest.h"
 #include "inquiry/RowStoreProcedures.h"
-#include "support/StaffDatabase.h"
 #include "inquiry/StaffQuery.h"
+#include "support/StaffDatabase.h"
 
-/// Searches over a database of the test's own, with nobody known as launching staff.
+/// Searches in a temporary database, without a launching staff member.
 class StaffSearchTest : public InquiryTest {
   protected:
     void SetUp() override { database.OpenConnections(); }
@@ -19,7 +19,7 @@ class StaffSearchTest : public InquiryTest {
 
     QString Cell(StaffText field, int row = 0) const { return Rows().Text(field, row); }
 
-    /// One field of all rows found.
+    /// One field of all found rows.
     QStringList Found(StaffText field = StaffText::担当者コード) const {
         QStringList texts;
         for (int row = 0; row <= Globals().LastRow; ++row) texts << Rows().Text(field, row);
@@ -29,10 +29,10 @@ class StaffSearchTest : public InquiryTest {
     StaffDatabase database;
 };
 
-/// For its length, a piece of work that runs as soon as the row loop lets events through.
+/// While it exists, runs a callback as soon as the row loop processes events.
 class WhenEventsPass : public QObject {
   public:
-    explicit WhenEventsPass(std::function<void()> work) {
-        QMetaObject::invokeMethod(this, std::move(work), Qt::QueuedConnection);
+    explicit WhenEventsPass(std::function<void()> callback) {
+        QMetaObject::invokeMethod(this, std::move(callback), Qt::QueuedConnection);
     }
 };

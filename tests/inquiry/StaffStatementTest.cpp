@@ -50,7 +50,7 @@ const StatementCase kCases[] = {
      u" AND M担当者.部門コード >= '000' AND M担当者.部門コード <= ''"_s + kOnPayroll + kOrder},
     {"SectionRange", [](C& c) { c.SectionFrom = u"003"_s, c.SectionTo = u"007"_s; },
      u" AND M担当者.セクションコード >= '003' AND M担当者.セクションコード <= '007'"_s + kOnPayroll + kOrder},
-    {"StaffRangeStandsBeforeThePositionRange", [](C& c) { c.PositionTo = u"50"_s, c.StaffFrom = u"00100"_s; },
+    {"StaffRangePrecedesThePositionRange", [](C& c) { c.PositionTo = u"50"_s, c.StaffFrom = u"00100"_s; },
      u" AND M担当者.コード >= '00100' AND M担当者.コード <= '99999'"
      u" AND M担当者.役職コード >= '00' AND M担当者.役職コード <= '50'"_s +
          kOnPayroll + kOrder},
@@ -116,7 +116,7 @@ struct SelectionCase {
     QString window;
     bool Flags::*flag;
     bool texts;
-    QString InquiryConditions::*bound;  ///< what the selection wins over
+    QString InquiryConditions::*bound;  ///< overridden by the selection
     QString expected;
 };
 
@@ -148,7 +148,7 @@ const SelectionCase kSelections[] = {
 };
 }  // namespace
 
-TEST_P(StaffStatementOfSelection, WinsOverWhatStandsInTheHead) {
+TEST_P(StaffStatementOfSelection, OverridesTheHead) {
     const HeldSelection window(GetParam().window, {u"a1"_s, u"b2"_s}, GetParam().texts);
     Globals().Flags.*GetParam().flag = true;
     Conditions().*GetParam().bound = u"7"_s;
@@ -174,7 +174,7 @@ TEST_F(StaffStatementOfWindow, WithoutItsWindowAFlagGivesAnEmptyCondition) {
 
 using StaffStatementOfOffice = InquiryTest;
 
-TEST_F(StaffStatementOfOffice, StandsBehindTheTexts) {
+TEST_F(StaffStatementOfOffice, FollowsTheTexts) {
     Globals().ScopeOfficeCode = u"001"_s;
     Conditions().SearchZip = u"100"_s;
     EXPECT_EQ(BuildStaffStatement(),

@@ -3,22 +3,22 @@
 #include <QScreen>
 #include <QtTest/QTest>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "screen/ListView.h"
 #include "screen/modクライアント処理.h"
+#include "support/MainFormFixture.h"
 #include "support/ModalScript.h"
 
 using namespace Qt::StringLiterals;
 
 class LookupTest : public MainFormTest {
   protected:
-    using Works = QList<ModalScript::Work>;
+    using Works = QList<ModalScript::Callback>;
 
-    static void Esc(const FormRobot& hands) { hands.Press(Qt::Key_Escape); }
+    static void Esc(const FormRobot& robot) { robot.Press(Qt::Key_Escape); }
 
-    /// Presses Ctrl in a head item while somebody works the windows that come up.
+    /// Presses Ctrl in a head item; the callbacks close the windows that appear.
     void OpenByCtrl(const QString& item, const Works& works) {
         const ModalScript driver(works);
         Item(item).SetFocus();
@@ -29,16 +29,16 @@ class LookupTest : public MainFormTest {
         Hands().DoubleClick(item);
     }
     /// Chooses the row of a code.
-    static ModalScript::Work Choose(const QString& code) {
-        return [code](const FormRobot& hands) {
-            const auto row = hands.Codes().indexOf(code);
+    static ModalScript::Callback Choose(const QString& code) {
+        return [code](const FormRobot& robot) {
+            const auto row = robot.Codes().indexOf(code);
             ASSERT_GE(row, 0) << code.toStdString();
-            hands.ClickRow(static_cast<int>(row));
+            robot.ClickRow(static_cast<int>(row));
         };
     }
 };
 
-TEST_F(LookupTest, EveryRangeItemOpensItsWindowWithItsConditionByCtrlAndByDoubleClick) {
+TEST_F(LookupTest, CtrlAndDoubleClickOpenTheLookupOfEachRangeItem) {
     struct Opening {
         QString item, text, window, condition, next;
     };
@@ -58,18 +58,18 @@ TEST_F(LookupTest, EveryRangeItemOpensItsWindowWithItsConditionByCtrlAndByDouble
         {u"終了担当者コード"_s, u"12"_s, u"wnd担当者一覧"_s, u""_s, u"表示順区分"_s},
     };
     Start();
-    // The first opening takes conditions apart; these are about what is handed over, so all windows stand already.
+    // The first opening parses ListCondition; load all windows first, to see the condition that is passed.
     for (const QString& item :
          {u"開始部門コード"_s, u"開始セクションコード"_s, u"開始役職コード"_s, u"開始担当者コード"_s})
         OpenByCtrl(item, {Esc});
     for (const Opening& opening : openings) {
-        const ModalScript::Work look = [&](const FormRobot& hands) {
-            EXPECT_EQ(hands.Window().Name(), opening.window);
+        const ModalScript::Callback record = [&](const FormRobot& robot) {
+            EXPECT_EQ(robot.Window().Name(), opening.window);
             EXPECT_EQ(Globals().ListCondition, opening.condition) << opening.item.toStdString();
             EXPECT_EQ(Globals().ListResultItem, &Item(opening.item));
             EXPECT_EQ(Globals().ListNextItem, &Item(opening.next)) << opening.item.toStdString();
             EXPECT_FALSE(MainForm().Enabled());
-            Esc(hands);
+            Esc(robot);
         };
         for (const bool byKey : {true, false}) {
             Item(u"検索名称"_s).SetFocus();
@@ -78,9 +78,9 @@ TEST_F(LookupTest, EveryRangeItemOpensItsWindowWithItsConditionByCtrlAndByDouble
                 Item(start).SetText(QString());
             Item(opening.item).SetText(opening.text);
             if (byKey)
-                OpenByCtrl(opening.item, {look});
+                OpenByCtrl(opening.item, {record});
             else
-                OpenByDoubleClick(opening.item, {look});
+                OpenByDoubleClick(opening.item, {record});
             EXPECT_TRUE(MainForm().Enabled());
             EXPECT_EQ(Focused(), opening.item);
         }
@@ -99,9 +99,9 @@ TEST_F(LookupTest, EndItemReadsTheStartOfItsRange) {
         {u"開始担当者コード"_s, u"00012"_s, u"終了担当者コード"_s, u"M担当者.コード >= '00012'"_s}};
     for (const QStringList& end : ends) {
         Enter(end[0], end[1]);
-        OpenByCtrl(end[2], {[&](const FormRobot& hands) {
+        OpenByCtrl(end[2], {[&](const FormRobot& robot) {
                        EXPECT_EQ(Globals().ListCondition, end[3]);
-                       Esc(hands);
+                       Esc(robot);
                    }});
     }
 }
@@ -118,34 +118,34 @@ TEST_F(LookupTest, ChosenCodeIsAcceptedShownAndLeftForTheNextItem) {
     EXPECT_EQ(Focused(), u"開始セクションコード"_s);
 }
 
-TEST_F(LookupTest, StartCodeNeitherRestrictsNorPositionsDepartmentsAndRestrictsPositions) {
+TEST_F(LookupTest, StartCodeFiltersPositionsButNotDepartments) {
     Start();
     Enter(u"開始部門コード"_s, u"050"_s);
-    OpenByCtrl(u"開始部門コード"_s, {[](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Codes(), (QStringList{u"010"_s, u"020"_s, u"030"_s, u"040"_s, u"050"_s, u"060"_s,
+    OpenByCtrl(u"開始部門コード"_s, {[](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Codes(), (QStringList{u"010"_s, u"020"_s, u"030"_s, u"040"_s, u"050"_s, u"060"_s,
                                                          u"070"_s, u"080"_s, u"090"_s, u"100"_s}));
-                   EXPECT_EQ(hands.List().SelectedRow(), -1);
-                   EXPECT_EQ(hands.Focused(), u"List部門"_s);
-                   hands.Press(Qt::Key_Return);
-                   EXPECT_TRUE(hands.Window().isVisible()) << "no row counts as chosen";
-                   Esc(hands);
+                   EXPECT_EQ(robot.List().SelectedRow(), -1);
+                   EXPECT_EQ(robot.Focused(), u"List部門"_s);
+                   robot.Press(Qt::Key_Return);
+                   EXPECT_TRUE(robot.Window().isVisible()) << "no row counts as chosen";
+                   Esc(robot);
                }});
     EXPECT_EQ(Item(u"開始部門コード"_s).Text(), u"050"_s);
     Enter(u"開始役職コード"_s, u"30"_s);
-    OpenByCtrl(u"開始役職コード"_s, {[](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Codes(), (QStringList{u"30"_s, u"40"_s, u"50"_s, u"90"_s}));
-                   EXPECT_EQ(hands.List().SelectedRow(), -1);
-                   Esc(hands);
+    OpenByCtrl(u"開始役職コード"_s, {[](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Codes(), (QStringList{u"30"_s, u"40"_s, u"50"_s, u"90"_s}));
+                   EXPECT_EQ(robot.List().SelectedRow(), -1);
+                   Esc(robot);
                }});
     EXPECT_EQ(Item(u"開始役職コード"_s).Text(), u"30"_s);
 }
 
 TEST_F(LookupTest, KeysAloneFindAPosition) {
     Start();
-    OpenByCtrl(u"終了役職コード"_s, {[](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Focused(), u"List役職"_s);
-                   hands.TypeSigns(u"4"_s);
-                   hands.Press(Qt::Key_Return);
+    OpenByCtrl(u"終了役職コード"_s, {[](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Focused(), u"List役職"_s);
+                   robot.TypeText(u"4"_s);
+                   robot.Press(Qt::Key_Return);
                }});
     EXPECT_EQ(Globals().Conditions.PositionTo, u"40"_s);
     EXPECT_EQ(Focused(), u"開始担当者コード"_s);
@@ -154,15 +154,15 @@ TEST_F(LookupTest, KeysAloneFindAPosition) {
 TEST_F(LookupTest, StaffFoundByNameGoIntoTheRange) {
     installation.AddStaff(u"99990"_s, {{u"氏名"_s, u"探索　対象"_s}});
     Start();
-    OpenByCtrl(u"開始担当者コード"_s, {[](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Focused(), u"コード"_s);
-                   hands.Enter(u"名称"_s, u"探索"_s);
-                   hands.Click(u"btn_名称検索"_s);
-                   EXPECT_EQ(hands.Focused(), u"List担当者"_s);
-                   hands.Press(Qt::Key_Return);
-                   EXPECT_TRUE(hands.Window().isVisible()) << "no row is selected yet";
-                   hands.Press(Qt::Key_Down);
-                   hands.Press(Qt::Key_Return);
+    OpenByCtrl(u"開始担当者コード"_s, {[](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Focused(), u"コード"_s);
+                   robot.Enter(u"名称"_s, u"探索"_s);
+                   robot.Click(u"btn_名称検索"_s);
+                   EXPECT_EQ(robot.Focused(), u"List担当者"_s);
+                   robot.Press(Qt::Key_Return);
+                   EXPECT_TRUE(robot.Window().isVisible()) << "no row is selected yet";
+                   robot.Press(Qt::Key_Down);
+                   robot.Press(Qt::Key_Return);
                }});
     EXPECT_EQ(Globals().Conditions.StaffFrom, u"99990"_s);
     EXPECT_EQ(Focused(), u"終了担当者コード"_s);
@@ -210,15 +210,15 @@ TEST_F(LookupTest, HiddenWindowShowsItsFirstListAgain) {
     Start();
     Enter(u"開始役職コード"_s, u"40"_s);
     const QStringList first = {u"40"_s, u"50"_s, u"90"_s};
-    OpenByCtrl(u"開始役職コード"_s, {[&](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Codes(), first);
-                   Esc(hands);
+    OpenByCtrl(u"開始役職コード"_s, {[&](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Codes(), first);
+                   Esc(robot);
                }});
     Enter(u"開始役職コード"_s, u"90"_s);
-    OpenByCtrl(u"開始役職コード"_s, {[&](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Codes(), first);
+    OpenByCtrl(u"開始役職コード"_s, {[&](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Codes(), first);
                    EXPECT_EQ(Globals().ListCondition, u"M役職.コード >= '90'"_s);
-                   Esc(hands);
+                   Esc(robot);
                }});
     Click(u"btn_画面クリア"_s);
     EXPECT_TRUE(IsFormLoaded(u"wnd役職一覧"_s)) << "a clear leaves the lookups alone";
@@ -226,23 +226,23 @@ TEST_F(LookupTest, HiddenWindowShowsItsFirstListAgain) {
 
 TEST_F(LookupTest, NestedLookupIsWorkedByKeysInTwoSteps) {
     Start();
-    OpenByCtrl(u"終了担当者コード"_s, {[](const FormRobot& hands) {
-                                           hands.Click(u"名称"_s);
-                                           hands.Press(Qt::Key_Tab);
-                                           hands.Press(Qt::Key_Control);
-                                           EXPECT_EQ(QApplication::activeModalWidget(), &hands.Window());
-                                           hands.Press(Qt::Key_Control);
-                                           EXPECT_EQ(hands.Text(u"部門名"_s), u"購買部"_s);
-                                           hands.Press(Qt::Key_Space);  // btn_部門コード検索 has the focus
-                                           ASSERT_FALSE(hands.Codes().isEmpty());
-                                           hands.Press(Qt::Key_Home);
-                                           hands.Press(Qt::Key_Return);
+    OpenByCtrl(u"終了担当者コード"_s, {[](const FormRobot& robot) {
+                                           robot.Click(u"名称"_s);
+                                           robot.Press(Qt::Key_Tab);
+                                           robot.Press(Qt::Key_Control);
+                                           EXPECT_EQ(QApplication::activeModalWidget(), &robot.Window());
+                                           robot.Press(Qt::Key_Control);
+                                           EXPECT_EQ(robot.Text(u"部門名"_s), u"購買部"_s);
+                                           robot.Press(Qt::Key_Space);  // btn_部門コード検索 has the focus
+                                           ASSERT_FALSE(robot.Codes().isEmpty());
+                                           robot.Press(Qt::Key_Home);
+                                           robot.Press(Qt::Key_Return);
                                        },
-                                       [](const FormRobot& hands) {
+                                       [](const FormRobot& robot) {
                                            EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(
-                                               hands.Window().geometry()));
-                                           hands.TypeSigns(u"060"_s);
-                                           hands.Press(Qt::Key_Return);
+                                               robot.Window().geometry()));
+                                           robot.TypeText(u"060"_s);
+                                           robot.Press(Qt::Key_Return);
                                        }});
     EXPECT_EQ(installation.General().Value(u"SELECT 部門コード FROM M担当者 WHERE コード = '"_s +
                                            Globals().Conditions.StaffTo + u'\''),
@@ -250,7 +250,7 @@ TEST_F(LookupTest, NestedLookupIsWorkedByKeysInTwoSteps) {
     EXPECT_EQ(Focused(), u"表示順区分"_s);
 }
 
-TEST_F(LookupTest, SecondPressOfADoubleClickOnARowDoesNotReachTheListOfTheMainForm) {
+TEST_F(LookupTest, DoubleClickOnARowDoesNotReachTheMainForm) {
     Start();
     int launches = 0;
     for (Control* control : MainForm().Controls()) {
@@ -264,10 +264,10 @@ TEST_F(LookupTest, SecondPressOfADoubleClickOnARowDoesNotReachTheListOfTheMainFo
         event.setTimestamp(time);
         QApplication::sendEvent(&widget, &event);
     };
-    OpenByCtrl(u"開始部門コード"_s, {[&](const FormRobot& hands) {
-                   QWidget& view = *hands.List().viewport();
-                   const QRect first = hands.List().visualRect(hands.List().model()->index(0, 0));
-                   hands.Window().move(hands.Window().pos() + place.toPoint() - view.mapToGlobal(first.center()));
+    OpenByCtrl(u"開始部門コード"_s, {[&](const FormRobot& robot) {
+                   QWidget& view = *robot.List().viewport();
+                   const QRect first = robot.List().visualRect(robot.List().model()->index(0, 0));
+                   robot.Window().move(robot.Window().pos() + place.toPoint() - view.mapToGlobal(first.center()));
                    send(view, QEvent::MouseButtonPress, 1000);
                    send(view, QEvent::MouseButtonRelease, 1050);
                }});

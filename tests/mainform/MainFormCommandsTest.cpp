@@ -1,9 +1,9 @@
 #include <QtTest/QTest>
 
 #include "globals/ProgramGlobals.h"
-#include "mainform/SelectionFixture.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
+#include "mainform/SelectionFixture.h"
 #include "screen/Form.h"
 #include "screen/modマウスWHeel.h"
 #include "support/ModalRobot.h"
@@ -15,7 +15,7 @@ namespace {
 const QStringList kOutputs = {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s,
                               u"btn_封筒"_s, u"btn_はがき"_s,   u"btn_宛名ラベル"_s};
 
-/// A start command of all fields: every code, no text, and that order.
+/// A start command with all fields: all codes, no texts, the given order.
 QString CommandInOrder(const QString& order) {
     return (u"000"_s + u"000999"_s + u"000999"_s + u"0099"_s + u"0000099999"_s).leftJustified(179) + order;
 }
@@ -36,7 +36,7 @@ TEST_F(CommandsTest, PlainStartShowsThePayrollOfAllClassesByOrganisation) {
     EXPECT_TRUE(Globals().StartCommandAbsent);
 }
 
-TEST_F(CommandsTest, ShortCommandTakesTheOfficeEmptiesTheRangesAndFindsNothingUntilTheClear) {
+TEST_F(CommandsTest, ShortCommandEmptiesTheRangesUntilTheClear) {
     Start(u"001"_s);
     EXPECT_EQ(Globals().ScopeOfficeCode, u"001"_s);
     EXPECT_EQ(Globals().Conditions.DepartmentFrom, QString());
@@ -56,7 +56,7 @@ TEST_F(CommandsTest, ShortCommandTakesTheOfficeEmptiesTheRangesAndFindsNothingUn
     EXPECT_GE(Globals().LastRow, 0);
 }
 
-TEST_F(CommandsTest, BlankRangeOfACompleteCommandEmptiesTheStartAndKeepsTheEnd) {
+TEST_F(CommandsTest, BlankRangeOfACommandEmptiesTheStartOnly) {
     const QString command =
         (u"000"_s + u"      "_s + u"000999"_s + u"0099"_s + u"0000099999"_s).leftJustified(179) + u"0"_s;
     ASSERT_EQ(command.size(), 180);
@@ -101,7 +101,7 @@ TEST_F(CommandsTest, EmptyStaffEndSearchesAndFindsNothing) {
     EXPECT_EQ(Focused(), u"検索名称"_s);
 }
 
-TEST_F(CommandsTest, EmptyEndOfDepartmentsOrSectionsStopsTheSearchAndTakesTheFocus) {
+TEST_F(CommandsTest, EmptyEndPreventsTheSearchAndGetsTheFocus) {
     Start();
     for (const QString& end : {u"終了部門コード"_s, u"終了セクションコード"_s}) {
         Enter(end, QString());
@@ -115,7 +115,7 @@ TEST_F(CommandsTest, EmptyEndOfDepartmentsOrSectionsStopsTheSearchAndTakesTheFoc
     }
 }
 
-TEST_F(CommandsTest, OrderSevenOfACommandSortsByNothingAndStaysThroughTheNextSearch) {
+TEST_F(CommandsTest, UnknownOrderOfACommandDoesNotSort) {
     Start(CommandInOrder(u"7"_s));
     const QString unsorted = HistoryRow(u" AND M担当者.在籍区分 = '0'"_s);
     for (const bool pressed : {false, true}) {
@@ -234,7 +234,7 @@ TEST_F(CommandsTest, CloseBoxAndEndButtonLeaveTheSameWay) {
     }
 }
 
-TEST_F(CommandsTest, HandlersDoNothingWhileTheScreenIsPaintedOrASiblingIsAwaited) {
+TEST_F(CommandsTest, HandlersAreIgnoredWhileBusy) {
     Start();
     const QStringList history = History();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {

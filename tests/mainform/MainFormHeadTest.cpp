@@ -5,7 +5,6 @@
 #include <QtTest/QTest>
 #include <tuple>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
@@ -13,6 +12,7 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,7 +41,7 @@ TEST_F(HeadTest, BoundJustTypedDragsTheOtherAlong) {
     EXPECT_EQ(Item(u"開始部門コード"_s).Text(), u"200"_s);
 }
 
-TEST_F(HeadTest, ClearedEndEmptiesItsStartAndDrawsTheFocusBackFromTheSections) {
+TEST_F(HeadTest, EmptyEndEmptiesItsStartAndRedirectsTheFocus) {
     Start();
     for (const bool rows : {true, false}) {
         if (!rows) Click(u"btn_画面クリア"_s);
@@ -53,7 +53,7 @@ TEST_F(HeadTest, ClearedEndEmptiesItsStartAndDrawsTheFocusBackFromTheSections) {
         EXPECT_EQ(Item(u"開始部門コード"_s).Text(), QString());
         EXPECT_EQ(Item(u"終了部門コード"_s).Text(), QString());
         EXPECT_EQ(Focused(), u"終了部門コード"_s);
-        // They follow the rows, not the head.
+        // They depend on the rows, not on the head.
         for (const QString& button : {u"btn_印刷"_s, u"btn_プレビュ"_s, u"btn_テキスト出力"_s, u"btn_封筒"_s,
                                       u"btn_はがき"_s, u"btn_宛名ラベル"_s})
             EXPECT_EQ(Item(button).Enabled(), rows) << button.toStdString();
@@ -163,7 +163,7 @@ TEST_F(HeadTest, TwentyFullWidthCharactersCanBeTypedAndTheNoticeCountsTen) {
     EXPECT_EQ(Item(u"お知らせ"_s).Caption(), u"10文字オーバーです。"_s);
 }
 
-TEST_F(HeadTest, EachItemTakesItsOwnSignsAndNoMoreOfThemByKeysAndByPasting) {
+TEST_F(HeadTest, ItemsLimitCharactersAndLength) {
     struct Case {
         QString item, entered, taken;
     };
@@ -205,7 +205,7 @@ TEST_F(HeadTest, SectionButtonIsCaptionedUnlikeItsNeighbours) {
     EXPECT_EQ(Item(u"btn_担当者個別選択"_s).Caption(), u"担当者コード範囲"_s);
 }
 
-TEST_F(HeadTest, GivenSelectionTurnsItsButtonGreenAndTheFocusGoesToTheNextItem) {
+TEST_F(HeadTest, SelectionTurnsItsButtonGreenAndMovesTheFocusOn) {
     Start();
     Globals().Flags.NameListGiven = true;
     RefreshScreen();
@@ -227,7 +227,7 @@ TEST_F(HeadTest, ClearTakesSelectionsBack) {
     EXPECT_TRUE(Item(u"終了部門コード"_s).Enabled());
 }
 
-TEST_F(HeadTest, LeavingAnyRangeItemRepaintsTheHeadAlsoUnchangedAndLeavesTheRows) {
+TEST_F(HeadTest, LeavingARangeItemRepaintsTheHeadOnly) {
     Start();
     const QString statement = BuildStaffStatement();
     Item(u"担当者名"_s, 0).SetText(u"not repainted"_s);

@@ -2,18 +2,18 @@
 
 #include <QWheelEvent>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "screen/Form.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Leaves the given number of staff, all of them in the list of a plain start.
+/// Replaces the staff by the given number, all in the list of a start without command.
 void KeepStaff(const SampleInstallation& installation, int count) {
     installation.General().Execute(
         u"DELETE FROM M担当者 WHERE rowid NOT IN (SELECT rowid FROM M担当者 ORDER BY コード LIMIT "_s +
@@ -32,7 +32,7 @@ void TurnWheel(QWidget& form, int delta) {
 
 class ListTest : public MainFormTest {
   protected:
-    /// Nothing of what stood in a position is left.
+    /// Asserts that a position is empty.
     void ExpectBlank(int position) const {
         EXPECT_EQ(Item(u"行No"_s, position).Text(), QString()) << position;
         EXPECT_EQ(Item(u"chb_出力対象"_s, position).Value(), 0) << position;
@@ -87,8 +87,8 @@ TEST_F(ListTest, SixRowsNeverTouchTheLastTwoPositions) {
     EXPECT_EQ(Item(u"担当者名"_s, 7).Text(), u"seven"_s);
 }
 
-TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput) {
-    // Nobody is left to sign in, so the company must not ask for a PIN.
+TEST_F(ListTest, WithoutRowsNothingCanBeScrolledOrOutput) {
+    // There is no staff to sign in, so the company must not ask for a PIN.
     installation.General().Execute(
         u"DELETE FROM M担当者; UPDATE Mユーザ SET 暗証番号有無 = '0'; UPDATE M事業所 SET 暗証番号有無 = '0'"_s);
     Start();
@@ -97,7 +97,7 @@ TEST_F(ListTest, WithoutRowsAllPositionsAreBlankAndNothingCanBeScrolledOrOutput)
     ExpectOutputs(false);
 }
 
-TEST_F(ListTest, SearchThatFindsNobodyBlanksAFullList) {
+TEST_F(ListTest, EmptyResultClearsAFullList) {
     Start();
     for (int position = 0; position < kRowPositions; ++position)
         ASSERT_EQ(Item(u"chb_出力対象"_s, position).Value(), 1);
@@ -127,7 +127,7 @@ TEST_F(ListTest, BarIsOnAtExactlyEightRowsAndItsMaxIsTheLastRow) {
     EXPECT_EQ(Item(u"scl_行"_s).Value(), 0);
 }
 
-TEST_F(ListTest, LastRowCanStandAloneInTheFirstPosition) {
+TEST_F(ListTest, LastRowCanBeScrolledToTheTop) {
     KeepStaff(installation, 20);
     Start();
     for (int turn = 0; turn < 3; ++turn) TurnWheel(MainForm(), -120);
@@ -177,7 +177,7 @@ TEST_F(ListTest, WheelMovesSixRowsOnALowScreen) {
     EXPECT_EQ(Globals().TopRow, 6);
 }
 
-TEST_F(ListTest, PinColumnShowsOnlyToTheWholeCompanyWithTheRightOfClassNine) {
+TEST_F(ListTest, PinColumnNeedsTheRightOfClassNine) {
     struct Case {
         QString office, staff, right;
         bool shows;

@@ -4,7 +4,6 @@
 #include <unistd.h>
 #include <csignal>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "report-host/template/OutputTarget.h"
 #include "screen/Form.h"
@@ -12,18 +11,19 @@
 #include "setup/storage/ReportHostInstallation.h"
 #include "support/FileBytes.h"
 #include "support/HostProgram.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The main form with the real report host, installed and registered in the installation, and a folder for a printer.
+/// The main form with the real report host, registered in the installation, and a folder as printer.
 class MainFormReportTest : public MainFormTest {
   protected:
     MainFormReportTest() {
         platform::Services().processes = std::make_unique<platform::LocalProcessService>();
         services.clock.sleeping = [this](int milliseconds) {
-            waitDialogStood = WaitDialogStands();
+            waitDialogShown = WaitDialogShown();
             QThread::msleep(static_cast<unsigned long>(milliseconds));
         };
         setup::InstallPrograms(QStringLiteral(SUITE_PROGRAMS), installation.Root());
@@ -37,26 +37,22 @@ class MainFormReportTest : public MainFormTest {
 
     QString HostFile() const { return setup::ReportHostFolder(installation.Root()) + u"MSACCESS.EXE"_s; }
     QList<qint64> Hosts() const { return ProcessesOf(HostFile()); }
-    /// A process that has just been killed is there a moment longer.
+    /// Polls, since a killed process exists until it has been reaped.
     void ExpectHosts(const QList<qint64>& hosts) const {
         EXPECT_TRUE(QTest::qWaitFor([&] { return Hosts() == hosts; }, 10000));
         EXPECT_EQ(Hosts(), hosts);
     }
     QStringList Printed() const { return QDir(printer.path()).entryList(QDir::Files); }
     QStringList Boxes() const { return services.dialogs.Texts(); }
-    static bool WaitDialogStands() {
-        for (const Form* form : LoadedForms())
-            if (form->Name() == u"msgお待ち"_s) return true;
-        return false;
-    }
-    /// The button, its question answered with はい.
+    static bool WaitDialogShown() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
+    /// Presses the button and answers its question with はい.
     void Order(const QString& button) {
         services.dialogs.answers.append(true);
         Click(button);
     }
 
     QTemporaryDir printer;
-    bool waitDialogStood = false;
+    bool waitDialogShown = false;
 };
 
 }  // namespace
@@ -70,8 +66,8 @@ TEST_F(MainFormReportTest, PrintButtonBringsOutTheTickedRowsAndNoHostIsLeft) {
     EXPECT_TRUE(ReadBytes(printer.filePath(Printed().first())).startsWith("%PDF"));
     ExpectHosts({});
     EXPECT_EQ(History().mid(before), QStringList({u"出力開始 印刷"_s, u"出力終了 印刷"_s}));
-    EXPECT_TRUE(waitDialogStood);
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_TRUE(waitDialogShown);
+    EXPECT_FALSE(WaitDialogShown());
 }
 
 TEST_F(MainFormReportTest, MailButtonsBringOutTheirPiecesAndNoHostIsLeft) {
@@ -98,14 +94,14 @@ TEST_F(MainFormReportTest, PreviewStaysOnTheScreenWhileTheProgramGoesOn) {
     Start();
     Order(u"btn_プレビュ"_s);
     EXPECT_EQ(Hosts().size(), 1);
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(WaitDialogShown());
     const int before = static_cast<int>(History().size());
     Click(u"btn_集計検索"_s);
     EXPECT_EQ(History().size(), before + 1);
     EXPECT_EQ(Hosts().size(), 1);
 }
 
-TEST_F(MainFormReportTest, TwoPreviewsStandAtOnceAndSurviveAPrint) {
+TEST_F(MainFormReportTest, TwoPreviewsSurviveAPrint) {
     Start();
     Order(u"btn_プレビュ"_s);
     const QList<qint64> first = Hosts();
@@ -118,7 +114,7 @@ TEST_F(MainFormReportTest, TwoPreviewsStandAtOnceAndSurviveAPrint) {
     ExpectHosts(both);
 }
 
-TEST_F(MainFormReportTest, MissingHostIsToldByThePrintAndNotByThePreview) {
+TEST_F(MainFormReportTest, OnlyThePrintShowsAMissingHost) {
     QFile::remove(HostFile());
     Start();
     Order(u"btn_プレビュ"_s);
@@ -131,7 +127,7 @@ TEST_F(MainFormReportTest, MissingHostIsToldByThePrintAndNotByThePreview) {
     EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
 }
 
-TEST_F(MainFormReportTest, HostThatNeverListensIsToldAndNotKilled) {
+TEST_F(MainFormReportTest, HostThatNeverListensIsReportedAndNotKilled) {
     ASSERT_TRUE(QFile::remove(HostFile()));
     ASSERT_TRUE(QFile::copy(QStringLiteral(TEST_PROGRAMS "/unresponsive-host"), HostFile()));
     Start();
@@ -141,13 +137,13 @@ TEST_F(MainFormReportTest, HostThatNeverListensIsToldAndNotKilled) {
     EXPECT_EQ(Hosts().size(), 1);
 }
 
-TEST_F(MainFormReportTest, ReportThatFailsIsToldInTheHostsWords) {
+TEST_F(MainFormReportTest, FailedReportShowsTheMessageOfTheHost) {
     Start();
     QFile::remove(installation.ReportFolder() + u"/repfrmdb.accdb"_s);
     Order(u"btn_印刷"_s);
     ASSERT_EQ(Boxes().size(), 2);
     EXPECT_TRUE(Boxes().last().contains(u"repfrmdb.accdb"_s)) << Boxes().last().toStdString();
-    // Nobody kills it, but with its caller gone it has nothing left to do.
+    // It is not killed; it quits when its client disconnects.
     EXPECT_TRUE(QTest::qWaitFor([this] { return Hosts().isEmpty(); }, 20000));
 }
 

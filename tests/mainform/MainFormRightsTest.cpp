@@ -2,10 +2,10 @@
 #include <optional>
 
 #include "access/PinDialogDriver.h"
-#include "mainform/MainFormFixture.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
 #include "support/FileBytes.h"
+#include "support/MainFormFixture.h"
 #include "support/SamplePins.h"
 
 using namespace Qt::StringLiterals;
@@ -14,7 +14,7 @@ namespace {
 
 const QString kNoRight = u"操作権限がありません。"_s;
 
-/// A company that asks for PINs. The staff member 00001 has every right.
+/// A company with PINs. Staff member 00001 has all rights.
 class RightsTest : public MainFormTest {
   protected:
     RightsTest() {
@@ -27,7 +27,7 @@ class RightsTest : public MainFormTest {
         return SamplePins(installation.Root())
             .Opened(installation.General().Value(u"SELECT 暗証番号 FROM M担当者 WHERE コード = '%1'"_s.arg(code)));
     }
-    void NobodySignedIn() const { installation.SetEnvironment(u"起動担当者コード"_s, QString()); }
+    void WithoutSignIn() const { installation.SetEnvironment(u"起動担当者コード"_s, QString()); }
     void Forbid(const QString& right, const QString& code) const {
         installation.General().Execute(u"UPDATE M担当者 SET %1 = '1' WHERE コード = '%2'"_s.arg(right, code));
     }
@@ -39,7 +39,7 @@ class RightsTest : public MainFormTest {
         };
     }
     static void Cancel(PinDialogDriver& user) { user.Click(u"btn_キャンセル"_s); }
-    /// Starts the program, which is to end before its window stands.
+    /// Starts the program, which must exit before its window is shown.
     void ExpectRefusedStart(const PinDialogDriver::Work& work) {
         PinDialogDriver driver(work);
         services.system.applicationFolder = installation.ProgramFolder();
@@ -63,8 +63,8 @@ TEST_F(RightsTest, AKnownPersonWithTheRightStartsWithoutADialog) {
     EXPECT_GE(Globals().LastRow, 0);
 }
 
-TEST_F(RightsTest, ASealedPinSignsInAtTheStartAndStandsInTheTitle) {
-    NobodySignedIn();
+TEST_F(RightsTest, EncryptedPinSignsInAndTheTitleShowsTheName) {
+    WithoutSignIn();
     PinDialogDriver driver(SignIn(u"00002"_s, PinOf(u"00002"_s).toLower()));
     Forbid(u"入力許可"_s, u"00002"_s);
     Start();
@@ -75,8 +75,8 @@ TEST_F(RightsTest, ASealedPinSignsInAtTheStartAndStandsInTheTitle) {
     EXPECT_TRUE(Errors().isEmpty());
 }
 
-TEST_F(RightsTest, ThePrivilegedPinOfTheOperatingOfficeSignsAnybodyIn) {
-    NobodySignedIn();
+TEST_F(RightsTest, PrivilegedPinOfTheOfficeSignsInWithAnyCode) {
+    WithoutSignIn();
     installation.SetEnvironment(u"運用事業所コード"_s, u"001"_s);
     PinDialogDriver driver(SignIn(u"00002"_s, u"honsha01"_s));
     Start();
@@ -85,14 +85,14 @@ TEST_F(RightsTest, ThePrivilegedPinOfTheOperatingOfficeSignsAnybodyIn) {
 }
 
 TEST_F(RightsTest, ACancelledSignInEndsTheStartWithItsMessage) {
-    NobodySignedIn();
+    WithoutSignIn();
     ExpectRefusedStart(Cancel);
     EXPECT_EQ(services.dialogs.Texts(), QStringList{kNoRight});
     EXPECT_EQ(services.dialogs.shown.first().title, u"要員名簿照会"_s);
     EXPECT_EQ(History().last(), u"終了"_s);
 }
 
-TEST_F(RightsTest, SomebodyWithoutTheRightToStartEndsTheStart) {
+TEST_F(RightsTest, MissingRightEndsTheStart) {
     Forbid(u"処理分類1操作許可"_s, u"00001"_s);
     ExpectRefusedStart(SignIn(u"00001"_s, PinOf(u"00001"_s)));
     EXPECT_EQ(services.dialogs.Texts(), QStringList{kNoRight});
@@ -119,7 +119,7 @@ TEST_F(RightsTest, WithoutPinsAPersonOfNoRightsStartsAndPrints) {
     EXPECT_EQ(driver.Opened(), 0);
 }
 
-TEST_F(RightsTest, AnOfficeWithoutPinsUnderACompanyWithThemAsksNobodyAtTheStartOrAtAnOutput) {
+TEST_F(RightsTest, OfficeWithoutPinsNeverAsksForOne) {
     installation.General().Execute(
         u"UPDATE M事業所 SET 暗証番号有無 = '0' WHERE コード = '002';"
         u"UPDATE M担当者 SET 事業所コード = '002', 在籍区分 = '0' WHERE コード > '00030'"_s);
@@ -152,7 +152,7 @@ TEST_F(RightsTest, EachOutputButtonAsksForItsOwnRight) {
     }
 }
 
-TEST_F(RightsTest, TextOutputAsksForItsRightAndARefusalReturnsToTheHeadWithoutAWord) {
+TEST_F(RightsTest, TextOutputWithoutItsRightReturnsToTheHeadSilently) {
     Start();
     Click(u"検索カナ"_s);
     Forbid(u"テキスト出力許可"_s, u"00001"_s);
@@ -163,7 +163,7 @@ TEST_F(RightsTest, TextOutputAsksForItsRightAndARefusalReturnsToTheHeadWithoutAW
     EXPECT_EQ(Focused(), u"検索カナ"_s);
 }
 
-TEST_F(RightsTest, SomebodyElseMaySignInAtARefusedButton) {
+TEST_F(RightsTest, AnotherPersonMaySignInAtARefusedButton) {
     Start();
     Forbid(u"印刷許可"_s, u"00001"_s);
     PinDialogDriver driver(SignIn(u"00003"_s, PinOf(u"00003"_s)));
@@ -172,8 +172,8 @@ TEST_F(RightsTest, SomebodyElseMaySignInAtARefusedButton) {
     EXPECT_EQ(Globals().Staff.LaunchingStaffCode, u"00003"_s);
 }
 
-TEST_F(RightsTest, NobodyGetsInWithoutTheRightKeyFileAndOneRowOfTheRunSaysSo) {
-    NobodySignedIn();
+TEST_F(RightsTest, WrongKeyFileRefusesTheStartAndIsLogged) {
+    WithoutSignIn();
     const QString pin = PinOf(u"00002"_s);
     const std::optional<QByteArray> keys[] = {QByteArray(), QByteArray(32, 'k'), std::nullopt};
     for (const auto& key : keys) {
@@ -198,8 +198,8 @@ TEST_F(RightsTest, NobodyGetsInWithoutTheRightKeyFileAndOneRowOfTheRunSaysSo) {
     }
 }
 
-TEST_F(RightsTest, APinLeftInTheClearOnASealedSiteLetsNobodyIn) {
-    NobodySignedIn();
+TEST_F(RightsTest, PlainPinIsRefusedIfPinsAreEncrypted) {
+    WithoutSignIn();
     installation.General().Execute(u"UPDATE M担当者 SET 暗証番号 = 'CLEAR1'"_s);
     ExpectRefusedStart([](PinDialogDriver& user) {
         SignIn(u"00002"_s, u"CLEAR1"_s)(user);
@@ -209,8 +209,8 @@ TEST_F(RightsTest, APinLeftInTheClearOnASealedSiteLetsNobodyIn) {
     EXPECT_EQ(Errors(), QStringList{u"エラー 暗証番号を開けません。封じられていない暗証番号があります。"_s});
 }
 
-TEST_F(RightsTest, ASiteThatWasNeverMovedSignsInByItsClearPins) {
-    NobodySignedIn();
+TEST_F(RightsTest, PlainPinsSignInIfPinsAreNotEncrypted) {
+    WithoutSignIn();
     ASSERT_TRUE(QFile::remove(KeyFile()));
     installation.General().Execute(
         u"UPDATE M担当者 SET 暗証番号 = 'CLEAR1'; UPDATE M事業所 SET 特権暗証番号 = NULL;"

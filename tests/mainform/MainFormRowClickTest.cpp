@@ -2,12 +2,12 @@
 
 #include <functional>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,12 +17,12 @@ constexpr int kPosition = 2;
 
 frm要員名簿照会& Window() { return static_cast<frm要員名簿照会&>(*Globals().MainForm); }
 
-/// Runs the work and `look` at every moment at which it lets events through.
-void LookMeanwhile(const std::function<void()>& look, const std::function<void()>& work) {
+/// Runs `job` and calls `onIteration` each time it processes events.
+void WhilePumping(const std::function<void()>& onIteration, const std::function<void()>& job) {
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, look);
+    QObject::connect(&timer, &QTimer::timeout, onIteration);
     timer.start(0);
-    work();
+    job();
 }
 }  // namespace
 
@@ -30,16 +30,16 @@ class RowClickTest : public MainFormTest {
   protected:
     RowClickTest() { AnswerAtOnce(services, installation); }
 
-    /// The panels of a row that were seen light red while the work ran: those of a row that is being launched.
-    QStringList PanelsPainted(const std::function<void()>& work) {
+    /// The panels of a row that were light red while the callback ran, i.e. of a row opened in the other program.
+    QStringList PanelsPainted(const std::function<void()>& job) {
         QStringList painted;
-        LookMeanwhile(
+        WhilePumping(
             [&] {
                 for (const QString& panel :
                      {u"bak_dtl_行No"_s, u"bak_dtla"_s, u"bak_dtlb"_s, u"bak_dtlc"_s, u"bak_dtld"_s})
                     if (Item(panel, kPosition).BackColor() == kRowInWork && !painted.contains(panel)) painted << panel;
             },
-            work);
+            job);
         return painted;
     }
     QStringList PaintedByClick(const QString& item, int index = kPosition) {
@@ -71,7 +71,7 @@ TEST_F(RowClickTest, RowReturnsToItsOwnColourAlthoughTheProgramEndedAtOnce) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(RowClickTest, EveryItemLabelAndPanelOfARowLaunchesButThePinAndTheDateLabels) {
+TEST_F(RowClickTest, EverythingButPinAndDateLabelsOpensARow) {
     Start();
     QStringList launching = {u"行No"_s,         u"bak_dtl_行No"_s,       u"bak_dtla"_s,         u"bak_dtlb"_s,
                              u"bak_dtlc"_s,     u"bak_dtld"_s,           u"itm_ttl_性別"_s,     u"itm_ttl_在籍区分名"_s,
@@ -123,7 +123,7 @@ TEST_F(RowClickTest, WordThatMostCallersPassNamesNoItem) {
     EXPECT_EQ(Focused(), u"終了役職コード"_s);
 }
 
-TEST_F(RowClickTest, TitlesValidateTheHeadButTwoHeadsAndTheTitlesOfTheThirdPageDoNot) {
+TEST_F(RowClickTest, MostTitlesValidateTheHead) {
     Start();
     Click(u"検索カナ"_s);
     Globals().Conditions.StaffTo.clear();
@@ -135,7 +135,7 @@ TEST_F(RowClickTest, TitlesValidateTheHeadButTwoHeadsAndTheTitlesOfTheThirdPageD
                                  u"itm_ttl_担当者"_s, u"itm_ttl_所属"_s, u"itm_ttl_役職"_s, u"itm_ttl_日付"_s,
                                  u"itm_ttl_住所"_s, u"itm_ttl_連絡先"_s, u"tab_詳細"_s}) {
         Item(u"検索カナ"_s).SetFocus();
-        Globals().Conditions.StaffTo.clear();  // the item that has just been left accepted what it shows
+        Globals().Conditions.StaffTo.clear();  // LostFocus of the item has just stored its text
         ASSERT_TRUE(Item(title).Click) << title.toStdString();
         Item(title).Click();
         EXPECT_EQ(Focused(), u"終了担当者コード"_s) << title.toStdString();
@@ -164,7 +164,7 @@ TEST_F(RowClickTest, TitlesAndPagesAnswerNothingWhileGuarded) {
                                 u"itm_ttl_住所"_s,      u"itm_ttl_連絡先"_s};
     Start();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
-        // Unguarded they would send the focus to the missing end, those of the kinds to their items without one.
+        // Without the guard they would move the focus to the missing end, or to the item of the class.
         for (const QString& end : {QString(), u"99999"_s}) {
             for (const QString& title : end.isEmpty() ? titles + kinds + QStringList{u"tab_詳細"_s} : kinds) {
                 Item(u"検索カナ"_s).SetFocus();

@@ -2,12 +2,12 @@
 #include <QTimer>
 #include <functional>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "screen/modクライアント処理.h"
+#include "support/MainFormFixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,15 +15,15 @@ namespace {
 
 class FormSetupTest : public MainFormTest {
   protected:
-    /// Searches, and looks at the form once while it is at it.
-    void DuringASearch(const std::function<void()>& look) {
+    /// Searches and calls back once during the search.
+    void DuringASearch(const std::function<void()>& callback) {
         bool seen = false;
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            // Events pass once before, so that the notice paints.
+            // Events are first processed to paint the wait dialog.
             if (Item(u"検索名称"_s).Enabled()) return;
             seen = true;
-            look();
+            callback();
         });
         timer.start(0);
         Item(u"btn_集計検索"_s).Click();
@@ -70,7 +70,7 @@ TEST_F(FormSetupTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
                                          {u"VScrollBar"_s, 1}}));
 }
 
-TEST_F(FormSetupTest, CodesAreOfTheirDesignUntilTheFormIsLoadedAndOfTheConditionsWhenItIsFirstSeen) {
+TEST_F(FormSetupTest, LoadReplacesDesignTimeCodesByTheConditions) {
     QStringList items, designed, loaded;
     for (const RangeDefinition& range : RangeDefinitions()) items << range.fromItem << range.toItem;
     {
@@ -81,17 +81,17 @@ TEST_F(FormSetupTest, CodesAreOfTheirDesignUntilTheFormIsLoadedAndOfTheCondition
               QStringList({u"000"_s, u"000"_s, u"000"_s, u"000"_s, u"00"_s, u"00"_s, u"00000"_s, u"00000"_s}));
     class FirstSight : public QObject {
       public:
-        explicit FirstSight(std::function<void(const Form&)> look) : look_(std::move(look)) {
+        explicit FirstSight(std::function<void(const Form&)> callback) : callback_(std::move(callback)) {
             QCoreApplication::instance()->installEventFilter(this);
         }
         bool eventFilter(QObject* object, QEvent* event) override {
             const auto* form = dynamic_cast<frm要員名簿照会*>(object);
-            if (event->type() == QEvent::Show && form != nullptr && look_) std::exchange(look_, {})(*form);
+            if (event->type() == QEvent::Show && form != nullptr && callback_) std::exchange(callback_, {})(*form);
             return false;
         }
 
       private:
-        std::function<void(const Form&)> look_;
+        std::function<void(const Form&)> callback_;
     };
     const FirstSight sight([&](const Form& form) {
         for (const QString& item : items) loaded << form.Item(item).Text();
@@ -142,7 +142,7 @@ TEST_F(FormSetupTest, SearchShowsTheNoticeAndDisablesTheFormWhileItLoads) {
     EXPECT_EQ(Focused(), u"検索名称"_s);
 }
 
-TEST_F(FormSetupTest, AClickOnATitleDuringASearchDoesNotBringTheOutputsBackOverHalfAList) {
+TEST_F(FormSetupTest, TitleClickDuringASearchDoesNotEnableTheOutputs) {
     installation.ReplaceStaff(3000);
     Start();
     int clicks = 0;
@@ -231,7 +231,7 @@ TEST_F(FormSetupTest, HeadAnswersNothingWhileASiblingIsAwaited) {
     EXPECT_EQ(Focused(), u"ヘッド終了"_s);
 }
 
-TEST_F(FormSetupTest, BoxesAndListsOfTheClassesRememberThemselvesAsTheLastHeadItem) {
+TEST_F(FormSetupTest, ClassItemsBecomeTheLastHeadItem) {
     Start();
     for (const QString& name :
          {u"在籍区分"_s, u"在籍区分名称"_s, u"表示順区分名称"_s, u"終了担当者コード"_s, u"検索住所"_s}) {

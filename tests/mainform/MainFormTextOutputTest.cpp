@@ -5,12 +5,12 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "support/MainFormFixture.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
@@ -27,23 +27,19 @@ class TextOutputButton : public MainFormTest {
     }
 
     QString Target() const { return folder.filePath(u"名簿.csv"_s); }
-    /// Presses the button; the dialog answers with the path.
+    /// Presses the button; the save dialog returns the path.
     void OutputTo(const QString& path) {
         services.dialogs.saveAnswers = {path};
         Click(u"btn_テキスト出力"_s);
     }
     void Untick(int row) { Globals().Rows.出力対象[static_cast<size_t>(row)] = 0; }
     QStringList OutputRows() const { return History().filter(u"テキスト出力"_s); }
-    static Form* WaitDialog() {
-        for (Form* loaded : LoadedForms())
-            if (loaded->Name() == u"msgお待ち"_s) return loaded;
-        return nullptr;
-    }
+    static Form* WaitDialog() { return LoadedForm(u"msgお待ち"_s); }
 
     QTemporaryDir folder;
 };
 
-/// Cells of a file in which nothing needs escaping.
+/// Cells of a file without quotes and line breaks in its values.
 QList<QStringList> Cells(const QByteArray& bytes) {
     QList<QStringList> rows;
     for (QString line : Decode932(bytes).split(u"\r\n"_s, Qt::SkipEmptyParts)) {
@@ -128,7 +124,7 @@ TEST_F(TextOutputButton, WithNothingTickedSaysSoAndMakesNoFile) {
     EXPECT_FALSE(QFile::exists(Target()));
 }
 
-TEST_F(TextOutputButton, AFileInUseIsToldUnderTheProgramsTitle) {
+TEST_F(TextOutputButton, FileInUseIsShownUnderTheProgramsTitle) {
     Start();
     OutputTo(folder.path());
     EXPECT_EQ(services.dialogs.Texts(), QStringList{folder.path() + u"が使用中です。"_s});
@@ -147,7 +143,7 @@ TEST_F(TextOutputButton, ReplacesAnExistingFileAndMakesMissingFolders) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(TextOutputButton, AFullDiskSaysNothingLeavesTheScreenAsItIsAndTheProgramCanBeEnded) {
+TEST_F(TextOutputButton, FullDiskIsSilentAndTheProgramCanBeEnded) {
     Start();
     {
         const FullDisk full;
@@ -181,7 +177,7 @@ TEST_F(TextOutputButton, AnInstallationWithoutReportDatabaseSaysSo) {
     EXPECT_EQ(services.dialogs.Texts(), QStringList{u"帳票が使用できません。"_s});
 }
 
-TEST_F(TextOutputButton, LostCharactersAreToldInTheNoticeOfTheForm) {
+TEST_F(TextOutputButton, NoticeShowsLostCharacters) {
     installation.General().Execute(u"UPDATE M担当者 SET 氏名 = '森　鷗外' WHERE コード = '00001'"_s);
     Start();
     OutputTo(Target());

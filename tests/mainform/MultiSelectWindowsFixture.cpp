@@ -6,24 +6,24 @@
 
 using namespace Qt::StringLiterals;
 
-void PickWindowsTest::Open(const PickDefinition& definition, const ModalScript::Work& work) {
-    const ModalScript driver({[&](const FormRobot& hands) {
-        EXPECT_EQ(hands.Window().Name(), definition.window);
-        work(hands);
+void MultiSelectTest::Open(const MultiSelectDefinition& definition, const ModalScript::Callback& callback) {
+    const ModalScript driver({[&](const FormRobot& robot) {
+        EXPECT_EQ(robot.Window().Name(), definition.window);
+        callback(robot);
     }});
     Click(definition.button);
     EXPECT_EQ(driver.Opened(), 1) << definition.window.toStdString();
 }
 
-void PickWindowsTest::Tick(const PickDefinition& definition, const QStringList& codes) {
-    Open(definition, [&](const FormRobot& hands) {
-        for (const QString& code : codes) hands.ClickMarkOf(code);
-        GoBack(hands);
+void MultiSelectTest::Tick(const MultiSelectDefinition& definition, const QStringList& codes) {
+    Open(definition, [&](const FormRobot& robot) {
+        for (const QString& code : codes) robot.ClickMarkOf(code);
+        GoBack(robot);
     });
 }
 
-bool PickWindowsTest::Picked(const PickDefinition& definition) { return Globals().Flags.*definition.flag; }
+bool MultiSelectTest::Picked(const MultiSelectDefinition& definition) { return Globals().Flags.*definition.flag; }
 
-const SelectionSource& PickWindowsTest::Source(const PickDefinition& definition) {
+const SelectionSource& MultiSelectTest::Source(const MultiSelectDefinition& definition) {
     return *Globals().SelectionWindows.value(definition.window);
 }

@@ -1,7 +1,7 @@
-#include "mainform/MultiSelectWindowsFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/SelectionSource.h"
 #include "inquiry/StaffQuery.h"
+#include "mainform/MultiSelectWindowsFixture.h"
 #include "output/SelectionText.h"
 #include "screen/ListView.h"
 #include "screen/modクライアント処理.h"
@@ -10,10 +10,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-using PickSearchTest = PickWindowsTest;
+using MultiSelectSearchTest = MultiSelectTest;
 }
 
-TEST_F(PickSearchTest, StatementHoldsThePickedCodesOfEachWindowWholeAndTheHistoryTellsIt) {
+TEST_F(MultiSelectSearchTest, StatementContainsTheSelectedCodesOfEachWindow) {
     struct Picks {
         size_t window;
         QStringList codes;
@@ -30,7 +30,7 @@ TEST_F(PickSearchTest, StatementHoldsThePickedCodesOfEachWindowWholeAndTheHistor
     installation.ReplaceStaff(9);
     Start();
     for (const Picks& pick : picks) {
-        Tick(PickDefinitions()[pick.window], pick.codes);
+        Tick(MultiSelectDefinitions()[pick.window], pick.codes);
         QString statement = Statement(pick.condition);
         EXPECT_EQ(BuildStaffStatement(), statement);
         EXPECT_EQ(FailuresOfSearch(), 0);
@@ -39,7 +39,7 @@ TEST_F(PickSearchTest, StatementHoldsThePickedCodesOfEachWindowWholeAndTheHistor
     }
 }
 
-TEST_F(PickSearchTest, AllFourWindowsJoinInTheOrderOfTheStatement) {
+TEST_F(MultiSelectSearchTest, AllFourWindowsJoinInTheOrderOfTheStatement) {
     installation.ReplaceStaff(9);
     Start();
     Tick(Positions(), {u"20"_s});
@@ -52,20 +52,20 @@ TEST_F(PickSearchTest, AllFourWindowsJoinInTheOrderOfTheStatement) {
     EXPECT_EQ(FailuresOfSearch(), 0);
 }
 
-TEST_F(PickSearchTest, PicksWinOverTheRangeThatStandsInTheHead) {
+TEST_F(MultiSelectSearchTest, SelectionOverridesTheRange) {
     Start();
     Enter(u"開始部門コード"_s, u"090"_s);
     Tick(Departments(), {u"010"_s});
     EXPECT_EQ(BuildStaffStatement(), Statement(u" AND (M担当者.部門コード = '010')"_s));
-    Open(Departments(), [](const FormRobot& hands) {
-        hands.Click(u"btn_選択クリア"_s);
-        GoBack(hands);
+    Open(Departments(), [](const FormRobot& robot) {
+        robot.Click(u"btn_選択クリア"_s);
+        GoBack(robot);
     });
     EXPECT_EQ(Item(u"開始部門コード"_s).Text(), u"090"_s);
     EXPECT_EQ(BuildStaffStatement(), Statement(u" AND M担当者.部門コード >= '090' AND M担当者.部門コード <= '999'"_s));
 }
 
-TEST_F(PickSearchTest, ThreeDepartmentsAndTwoNarrowedKanaFindWhatAQueryPastTheAdapterFindsAndClearBringsEverybodyBack) {
+TEST_F(MultiSelectSearchTest, CombinedSelectionsAgreeWithAReferenceQuery) {
     for (const QString& department : {u"030"_s, u"040"_s, u"050"_s})
         installation.AddStaff(u"99"_s + department, {{u"カナ"_s, u"ﾔﾏﾀﾞ ｲﾁﾛｳ"_s}, {u"部門コード"_s, department}});
     Start();
@@ -102,31 +102,31 @@ TEST_F(PickSearchTest, ThreeDepartmentsAndTwoNarrowedKanaFindWhatAQueryPastTheAd
     EXPECT_EQ(Found(), everybody);
 }
 
-TEST_F(PickSearchTest, ClearUnloadsAllFourWindowsAndTheyStartAnew) {
+TEST_F(MultiSelectSearchTest, ClearUnloadsAllFourWindows) {
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
-        Open(window, [](const FormRobot& hands) {
-            hands.ClickMark(0);
-            GoBack(hands);
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+        Open(window, [](const FormRobot& robot) {
+            robot.ClickMark(0);
+            GoBack(robot);
         });
     }
     Click(u"btn_画面クリア"_s);
-    for (const PickDefinition& window : PickDefinitions()) {
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
         EXPECT_FALSE(IsFormLoaded(window.window));
         EXPECT_FALSE(Globals().SelectionWindows.contains(window.window));
         EXPECT_FALSE(Picked(window));
         EXPECT_EQ(Item(window.button).ForeColor(), QColor(0, 0, 128)) << window.button.toStdString();
         EXPECT_TRUE(Item(window.nextItem).Enabled());
         EXPECT_TRUE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
-        Open(window, [](const FormRobot& hands) {
-            EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-            GoBack(hands);
+        Open(window, [](const FormRobot& robot) {
+            EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+            GoBack(robot);
         });
     }
     EXPECT_EQ(BuildStaffStatement(), Statement({}));
 }
 
-TEST_F(PickSearchTest, DepartmentThatSomebodyDeletesAfterwardsStillFindsItsStaffAndHasNoName) {
+TEST_F(MultiSelectSearchTest, DeletedDepartmentStillFindsItsStaffWithoutAName) {
     Start();
     const QStringList theirs = Staff(u"部門コード = '010'"_s);
     Tick(Departments(), {u"010"_s});
@@ -135,16 +135,16 @@ TEST_F(PickSearchTest, DepartmentThatSomebodyDeletesAfterwardsStillFindsItsStaff
     EXPECT_EQ(Found(), theirs);
     EXPECT_FALSE(theirs.isEmpty());
     EXPECT_EQ(Source(Departments()).DescribeSelection(), QString());
-    Open(Departments(), [](const FormRobot& hands) {
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"010"_s}) << "the list is what was loaded";
-        hands.Click(u"btn_画面クリア"_s);
-        EXPECT_FALSE(hands.Codes().contains(u"010"_s));
-        GoBack(hands);
+    Open(Departments(), [](const FormRobot& robot) {
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{u"010"_s}) << "the list is what was loaded";
+        robot.Click(u"btn_画面クリア"_s);
+        EXPECT_FALSE(robot.Codes().contains(u"010"_s));
+        GoBack(robot);
     });
     EXPECT_FALSE(Picked(Departments()));
 }
 
-TEST_F(PickSearchTest, CodeWithALetterOrAQuoteGoesInAsItStands) {
+TEST_F(MultiSelectSearchTest, CodesAreNotEscaped) {
     installation.General().Execute(u"INSERT INTO M役職 (コード, 名称) VALUES ('A1', '顧問'), ('B''', '相談役')"_s);
     Start();
     Tick(Positions(), {u"A1"_s});
@@ -157,14 +157,14 @@ TEST_F(PickSearchTest, CodeWithALetterOrAQuoteGoesInAsItStands) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(PickSearchTest, ThousandPickedStaffAreOneLongStatementThatRuns) {
+TEST_F(MultiSelectSearchTest, ThousandSelectedStaffAreOneStatement) {
     installation.ReplaceStaff(1200);
     Start();
-    Open(People(), [](const FormRobot& hands) {
-        hands.List().SetFocus();
-        hands.Press(Qt::Key_A, Qt::ControlModifier);
-        hands.Click(u"btn_複数選択"_s);
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        robot.List().SetFocus();
+        robot.Press(Qt::Key_A, Qt::ControlModifier);
+        robot.Click(u"btn_複数選択"_s);
+        GoBack(robot);
     });
     QStringList terms, codes, names;
     for (int code = 1; code <= 1000; ++code) {
@@ -178,7 +178,7 @@ TEST_F(PickSearchTest, ThousandPickedStaffAreOneLongStatementThatRuns) {
     EXPECT_EQ(Source(People()).DescribeSelection(), u"担当者："_s + names.join(u','));
 }
 
-TEST_F(PickSearchTest, PrintedConditionTextTellsThePicks) {
+TEST_F(MultiSelectSearchTest, PrintedTextDescribesTheSelection) {
     installation.ReplaceStaff(3);
     Start();
     Tick(Departments(), {u"010"_s, u"030"_s});

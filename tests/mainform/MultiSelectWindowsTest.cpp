@@ -1,8 +1,8 @@
 #include <QHeaderView>
 
-#include "mainform/MultiSelectWindowsFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/SelectionSource.h"
+#include "mainform/MultiSelectWindowsFixture.h"
 #include "screen/Form.h"
 #include "screen/ListView.h"
 #include "screen/modクライアント処理.h"
@@ -14,9 +14,9 @@ namespace {
 const QColor kGreen(0, 192, 0);
 const QColor kDarkBlue(0, 0, 128);
 
-void HighlightAll(const FormRobot& hands) {
-    hands.List().SetFocus();
-    hands.Press(Qt::Key_A, Qt::ControlModifier);
+void HighlightAll(const FormRobot& robot) {
+    robot.List().SetFocus();
+    robot.Press(Qt::Key_A, Qt::ControlModifier);
 }
 
 void ExpectInside(const Form& window) {
@@ -33,38 +33,38 @@ void ExpectInside(const Form& window) {
 
 }  // namespace
 
-TEST_F(PickWindowsTest, WindowsBearTheirTitlesButtonsAndColumns) {
-    struct Looks {
+TEST_F(MultiSelectTest, WindowsHaveTheirTitlesButtonsAndColumns) {
+    struct WindowLayout {
         QString caption, title, list;
         QList<int> widths;
     };
-    const QList<Looks> looks = {
+    const QList<WindowLayout> layouts = {
         {u"部門選択一覧"_s, u"部門一覧"_s, u"List部門"_s, {67, 153}},  // 1000 and 2300 twips
         {u"セクション選択一覧"_s, u"セクション一覧"_s, u"Listセクション"_s, {67, 153}},
         {u"役職選択一覧"_s, u"役職一覧"_s, u"List役職"_s, {50, 167}},                        // 750 and 2500
         {u"担当者選択一覧"_s, u"担当者一覧"_s, u"List担当者"_s, {70, 167, 153, 153, 153}}};  // 1050
     Start();
     for (size_t i = 0; i < 4; ++i) {
-        const Looks& expected = looks[static_cast<int>(i)];
-        Open(PickDefinitions()[i], [&](const FormRobot& hands) {
-            EXPECT_EQ(hands.Window().windowTitle(), expected.caption);
-            EXPECT_EQ(hands.Item(u"prg_ttl"_s).Caption(), expected.title);
-            EXPECT_EQ(hands.List().Name(), expected.list);
+        const WindowLayout& expected = layouts[static_cast<int>(i)];
+        Open(MultiSelectDefinitions()[i], [&](const FormRobot& robot) {
+            EXPECT_EQ(robot.Window().windowTitle(), expected.caption);
+            EXPECT_EQ(robot.Item(u"prg_ttl"_s).Caption(), expected.title);
+            EXPECT_EQ(robot.List().Name(), expected.list);
             for (int column = 0; column < expected.widths.size(); ++column)
-                EXPECT_EQ(hands.List().header()->sectionSize(column), expected.widths[column]);
-            EXPECT_EQ(hands.Item(u"btn_複数選択"_s).Caption(), u"複数選択"_s);
-            EXPECT_EQ(hands.Item(u"btn_選択クリア"_s).Caption(), u"選択ｸﾘｱ"_s);
-            EXPECT_EQ(hands.Window().Find(u"btn_全て選択"_s) != nullptr, i == 3);
-            EXPECT_EQ(hands.Window().Find(u"稼動状況区分"_s) != nullptr, i < 2);
-            EXPECT_EQ(hands.Window().Find(u"btn_画面クリア"_s) != nullptr, i != 2);
-            EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-            ExpectInside(hands.Window());
-            GoBack(hands);
+                EXPECT_EQ(robot.List().header()->sectionSize(column), expected.widths[column]);
+            EXPECT_EQ(robot.Item(u"btn_複数選択"_s).Caption(), u"複数選択"_s);
+            EXPECT_EQ(robot.Item(u"btn_選択クリア"_s).Caption(), u"選択ｸﾘｱ"_s);
+            EXPECT_EQ(robot.Window().Find(u"btn_全て選択"_s) != nullptr, i == 3);
+            EXPECT_EQ(robot.Window().Find(u"稼動状況区分"_s) != nullptr, i < 2);
+            EXPECT_EQ(robot.Window().Find(u"btn_画面クリア"_s) != nullptr, i != 2);
+            EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+            ExpectInside(robot.Window());
+            GoBack(robot);
         });
     }
 }
 
-TEST_F(PickWindowsTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
+TEST_F(MultiSelectTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
     using Counts = QHash<QString, int>;
     const Counts status = {
         {u"xNum"_s, 1}, {u"ComboBox"_s, 1}, {u"SSCommand"_s, 4}, {u"SSPanel"_s, 2}, {u"ListView"_s, 1}};
@@ -74,39 +74,39 @@ TEST_F(PickWindowsTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
     const QList<Counts> expected = {status, status, positions, staff};
     Start();
     for (int i = 0; i < expected.size(); ++i) {
-        Open(PickDefinitions()[static_cast<size_t>(i)], [&](const FormRobot& hands) {
+        Open(MultiSelectDefinitions()[static_cast<size_t>(i)], [&](const FormRobot& robot) {
             Counts count;
-            for (const Control* control : hands.Window().Controls()) ++count[control->TypeName()];
+            for (const Control* control : robot.Window().Controls()) ++count[control->TypeName()];
             EXPECT_EQ(count, expected[i]);
-            GoBack(hands);
+            GoBack(robot);
         });
     }
 }
 
-TEST_F(PickWindowsTest, OpeningDisablesTheMainFormEmptiesTheConditionAndNamesButtonAndStartItem) {
+TEST_F(MultiSelectTest, OpeningDisablesTheMainFormAndSetsResultAndNextItem) {
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
         Globals().ListCondition = u"M役職.コード >= '90'"_s;
-        Open(window, [&](const FormRobot& hands) {
+        Open(window, [&](const FormRobot& robot) {
             EXPECT_FALSE(MainForm().Enabled());
             EXPECT_EQ(Globals().ListCondition, QString());
             EXPECT_EQ(Globals().ListResultItem, &Item(window.button));
             EXPECT_EQ(Globals().ListNextItem, &Item(window.nextItem));
-            EXPECT_GT(hands.Codes().size(), 5);
-            GoBack(hands);
+            EXPECT_GT(robot.Codes().size(), 5);
+            GoBack(robot);
         });
         EXPECT_TRUE(MainForm().Enabled());
     }
 }
 
-TEST_F(PickWindowsTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace) {
+TEST_F(MultiSelectTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace) {
     Start();
-    // Each next one is out of use by then, so the focus goes on to what is still in use.
+    // The next items are disabled by then, so the focus moves to the next enabled one.
     QStringList next = {u"開始セクションコード"_s, u"開始役職コード"_s, u"開始担当者コード"_s, u"表示順区分"_s};
-    for (const PickDefinition& window : PickDefinitions()) {
-        Open(window, [](const FormRobot& hands) {
-            hands.ClickMark(1);
-            GoBack(hands);
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+        Open(window, [](const FormRobot& robot) {
+            robot.ClickMark(1);
+            GoBack(robot);
         });
         EXPECT_TRUE(Picked(window));
         EXPECT_EQ(Item(window.button).ForeColor(), kGreen);
@@ -117,16 +117,16 @@ TEST_F(PickWindowsTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace
     }
 }
 
-TEST_F(PickWindowsTest, FocusPassesTheRangesThatAreReplaced) {
+TEST_F(MultiSelectTest, FocusSkipsReplacedRanges) {
     Start();
     Tick(Sections(), {u"011"_s});
     Tick(Departments(), {u"010"_s});
     EXPECT_EQ(Focused(), u"開始役職コード"_s);
 }
 
-TEST_F(PickWindowsTest, NoMarkLeavesTheRangeInUseAndGivesItTheFocus) {
+TEST_F(MultiSelectTest, NoMarkLeavesTheRangeInUseAndGivesItTheFocus) {
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
         Open(window, GoBack);
         EXPECT_FALSE(Picked(window));
         EXPECT_EQ(Item(window.button).ForeColor(), kDarkBlue);
@@ -134,9 +134,9 @@ TEST_F(PickWindowsTest, NoMarkLeavesTheRangeInUseAndGivesItTheFocus) {
     }
 }
 
-TEST_F(PickWindowsTest, StaffWindowIsUnloadedWithoutMarksWhileTheOthersAreHidden) {
+TEST_F(MultiSelectTest, StaffWindowIsUnloadedWithoutMarksWhileTheOthersAreHidden) {
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
         Open(window, GoBack);
         const bool stays = window.window != u"wnd担当者選択一覧";
         EXPECT_EQ(IsFormLoaded(window.window), stays) << window.window.toStdString();
@@ -144,64 +144,64 @@ TEST_F(PickWindowsTest, StaffWindowIsUnloadedWithoutMarksWhileTheOthersAreHidden
     }
 }
 
-TEST_F(PickWindowsTest, StaffWindowKeepsItsConditionsWithOneMarkAndForgetsThemWithNone) {
+TEST_F(MultiSelectTest, StaffWindowKeepsItsConditionsOnlyWithASelection) {
     Start();
-    Open(People(), [](const FormRobot& hands) {
-        hands.Enter(u"名称"_s, u"田"_s);
-        hands.Click(u"btn_名称検索"_s);
-        hands.ClickMark(0);
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        robot.Enter(u"名称"_s, u"田"_s);
+        robot.Click(u"btn_名称検索"_s);
+        robot.ClickMark(0);
+        GoBack(robot);
     });
-    Open(People(), [](const FormRobot& hands) {
-        EXPECT_EQ(hands.Text(u"名称"_s), u"田"_s);
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{hands.Codes().first()});
-        hands.ClickMark(0);
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        EXPECT_EQ(robot.Text(u"名称"_s), u"田"_s);
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{robot.Codes().first()});
+        robot.ClickMark(0);
+        GoBack(robot);
     });
     EXPECT_FALSE(Picked(People()));
-    Open(People(), [](const FormRobot& hands) {
-        EXPECT_EQ(hands.Text(u"名称"_s), QString());
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        EXPECT_EQ(robot.Text(u"名称"_s), QString());
+        GoBack(robot);
     });
 }
 
-TEST_F(PickWindowsTest, SecondOpeningShowsListStatusAndMarksAsTheyWereLeft) {
+TEST_F(MultiSelectTest, SecondOpeningKeepsListStatusAndChecks) {
     Start();
     QStringList left;
-    Open(Departments(), [&](const FormRobot& hands) {
-        hands.Click(u"稼動状況区分"_s);
-        hands.TypeSigns(u"2"_s);
-        hands.Click(u"btn_画面クリア"_s);
-        hands.ClickTitle(1);
-        hands.ClickMarkOf(u"120"_s);
-        left = hands.Codes();
-        GoBack(hands);
+    Open(Departments(), [&](const FormRobot& robot) {
+        robot.Click(u"稼動状況区分"_s);
+        robot.TypeText(u"2"_s);
+        robot.Click(u"btn_画面クリア"_s);
+        robot.ClickTitle(1);
+        robot.ClickMarkOf(u"120"_s);
+        left = robot.Codes();
+        GoBack(robot);
     });
-    Open(Departments(), [&](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), left);
-        EXPECT_EQ(hands.Text(u"稼動状況区分名称"_s), u"全て"_s);
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"120"_s});
-        GoBack(hands);
+    Open(Departments(), [&](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), left);
+        EXPECT_EQ(robot.Text(u"稼動状況区分名称"_s), u"全て"_s);
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{u"120"_s});
+        GoBack(robot);
     });
 }
 
-TEST_F(PickWindowsTest, EveryWayOutWorksOutTheFlag) {
-    const QList<ModalScript::Work> waysOut = {
+TEST_F(MultiSelectTest, EveryWayOfClosingSetsTheFlag) {
+    const QList<ModalScript::Callback> waysOut = {
         GoBack,
-        [](const FormRobot& hands) { hands.Press(Qt::Key_Escape); },
-        [](const FormRobot& hands) {
-            hands.Item(u"btn_複数選択"_s).SetFocus();
-            hands.Press(Qt::Key_Escape);
+        [](const FormRobot& robot) { robot.Press(Qt::Key_Escape); },
+        [](const FormRobot& robot) {
+            robot.Item(u"btn_複数選択"_s).SetFocus();
+            robot.Press(Qt::Key_Escape);
         },
-        [](const FormRobot& hands) { hands.Window().close(); },
+        [](const FormRobot& robot) { robot.Window().close(); },
     };
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
-        for (const ModalScript::Work& leave : waysOut) {
-            Open(window, [&](const FormRobot& hands) {
-                hands.ClickMark(0);
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+        for (const ModalScript::Callback& leave : waysOut) {
+            Open(window, [&](const FormRobot& robot) {
+                robot.ClickMark(0);
                 EXPECT_FALSE(Picked(window)) << "only the way out sets it";
-                leave(hands);
+                leave(robot);
             });
             EXPECT_TRUE(Picked(window));
             EXPECT_TRUE(MainForm().Enabled());
@@ -210,97 +210,97 @@ TEST_F(PickWindowsTest, EveryWayOutWorksOutTheFlag) {
     }
 }
 
-TEST_F(PickWindowsTest, EnterAndAClickOnARowChooseNothing) {
+TEST_F(MultiSelectTest, EnterAndAClickOnARowChooseNothing) {
     Start();
-    for (const PickDefinition& window : PickDefinitions()) {
-        Open(window, [](const FormRobot& hands) {
-            hands.ClickRow(1);
-            hands.Press(Qt::Key_Return);
-            EXPECT_TRUE(hands.Window().isVisible());
-            EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-            GoBack(hands);
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+        Open(window, [](const FormRobot& robot) {
+            robot.ClickRow(1);
+            robot.Press(Qt::Key_Return);
+            EXPECT_TRUE(robot.Window().isVisible());
+            EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+            GoBack(robot);
         });
         EXPECT_FALSE(Picked(window));
     }
 }
 
-TEST_F(PickWindowsTest, SpaceMarksTheRowWithTheCaretInWhateverColumnItStands) {
+TEST_F(MultiSelectTest, SpaceChecksTheCurrentRowInAnyColumn) {
     Start();
-    Open(Departments(), [](const FormRobot& hands) {
-        ListView& list = hands.List();
+    Open(Departments(), [](const FormRobot& robot) {
+        ListView& list = robot.List();
         const QRect name = list.visualRect(list.model()->index(2, 1));
         QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, name.center());
-        hands.Press(Qt::Key_Space);
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"030"_s});
-        hands.Press(Qt::Key_Down);
-        hands.Press(Qt::Key_Space);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"030"_s, u"040"_s}));
-        hands.Press(Qt::Key_Space);
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"030"_s});
-        GoBack(hands);
+        robot.Press(Qt::Key_Space);
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{u"030"_s});
+        robot.Press(Qt::Key_Down);
+        robot.Press(Qt::Key_Space);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"030"_s, u"040"_s}));
+        robot.Press(Qt::Key_Space);
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{u"030"_s});
+        GoBack(robot);
     });
 }
 
-TEST_F(PickWindowsTest, KeysAloneMarkSeveralHighlightedRows) {
+TEST_F(MultiSelectTest, KeysAloneMarkSeveralHighlightedRows) {
     Start();
-    Open(Positions(), [](const FormRobot& hands) {
-        EXPECT_EQ(hands.Focused(), u"List役職"_s);
-        hands.Press(Qt::Key_Home);
-        hands.Press(Qt::Key_Down, Qt::ShiftModifier);
-        hands.Press(Qt::Key_Down, Qt::ControlModifier);
-        hands.Press(Qt::Key_Down, Qt::ControlModifier);
-        hands.Press(Qt::Key_Space, Qt::ControlModifier);
-        EXPECT_TRUE(hands.MarkedCodes().isEmpty()) << "Ctrl highlights and marks nothing";
-        hands.Press(Qt::Key_Tab);
-        EXPECT_EQ(hands.Focused(), u"btn_複数選択"_s);
-        hands.Press(Qt::Key_Space);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"10"_s, u"20"_s, u"30"_s}));
-        hands.Press(Qt::Key_Escape);
+    Open(Positions(), [](const FormRobot& robot) {
+        EXPECT_EQ(robot.Focused(), u"List役職"_s);
+        robot.Press(Qt::Key_Home);
+        robot.Press(Qt::Key_Down, Qt::ShiftModifier);
+        robot.Press(Qt::Key_Down, Qt::ControlModifier);
+        robot.Press(Qt::Key_Down, Qt::ControlModifier);
+        robot.Press(Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_TRUE(robot.MarkedCodes().isEmpty()) << "Ctrl highlights and marks nothing";
+        robot.Press(Qt::Key_Tab);
+        EXPECT_EQ(robot.Focused(), u"btn_複数選択"_s);
+        robot.Press(Qt::Key_Space);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"10"_s, u"20"_s, u"30"_s}));
+        robot.Press(Qt::Key_Escape);
     });
     EXPECT_TRUE(Picked(Positions()));
 }
 
-TEST_F(PickWindowsTest, CtrlHighlightsRowsAndOpensNoLookup) {
+TEST_F(MultiSelectTest, CtrlHighlightsRowsAndOpensNoLookup) {
     Start();
-    Open(Departments(), [](const FormRobot& hands) {
-        hands.ClickRow(0);
-        hands.Press(Qt::Key_Control);
-        hands.ClickRow(2, Qt::ControlModifier);
-        hands.ClickRow(4, Qt::ControlModifier);
-        hands.ClickRow(2, Qt::ControlModifier);
-        hands.Click(u"btn_複数選択"_s);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"010"_s, u"050"_s}));
-        GoBack(hands);
+    Open(Departments(), [](const FormRobot& robot) {
+        robot.ClickRow(0);
+        robot.Press(Qt::Key_Control);
+        robot.ClickRow(2, Qt::ControlModifier);
+        robot.ClickRow(4, Qt::ControlModifier);
+        robot.ClickRow(2, Qt::ControlModifier);
+        robot.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"010"_s, u"050"_s}));
+        GoBack(robot);
     });
 }
 
-TEST_F(PickWindowsTest, HighlightedRowsAreMarkedBesideThoseThatAreMarkedAlready) {
+TEST_F(MultiSelectTest, HighlightedRowsAreMarkedBesideThoseThatAreMarkedAlready) {
     Start();
-    Open(Sections(), [](const FormRobot& hands) {
-        hands.ClickMarkOf(u"102"_s);
-        hands.ClickRow(1);
-        hands.ClickRow(3, Qt::ShiftModifier);
-        hands.Click(u"btn_複数選択"_s);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"012"_s, u"021"_s, u"022"_s, u"102"_s}));
-        hands.Click(u"btn_複数選択"_s);
-        EXPECT_EQ(hands.MarkedCodes().size(), 4) << "marks of highlighted rows stay";
-        hands.Click(u"btn_選択クリア"_s);
-        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-        GoBack(hands);
+    Open(Sections(), [](const FormRobot& robot) {
+        robot.ClickMarkOf(u"102"_s);
+        robot.ClickRow(1);
+        robot.ClickRow(3, Qt::ShiftModifier);
+        robot.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"012"_s, u"021"_s, u"022"_s, u"102"_s}));
+        robot.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(robot.MarkedCodes().size(), 4) << "marks of highlighted rows stay";
+        robot.Click(u"btn_選択クリア"_s);
+        EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+        GoBack(robot);
     });
     EXPECT_FALSE(Picked(Sections()));
 }
 
-TEST_F(PickWindowsTest, AllCanBeMarkedAtOnceFromOneRowToFifty) {
+TEST_F(MultiSelectTest, AllCanBeMarkedAtOnceFromOneRowToFifty) {
     for (const auto& [count, enabled] : {std::pair{0, false}, {1, true}, {50, true}, {51, false}}) {
         installation.ReplaceStaff(count);
         Start();
-        Open(People(), [&, wanted = count, on = enabled](const FormRobot& hands) {
-            EXPECT_EQ(hands.Codes().size(), wanted);
-            EXPECT_EQ(hands.Item(u"btn_全て選択"_s).Enabled(), on) << wanted;
-            hands.Click(u"btn_全て選択"_s);
-            EXPECT_EQ(hands.MarkedCodes().size(), on ? wanted : 0);
-            GoBack(hands);
+        Open(People(), [&, wanted = count, on = enabled](const FormRobot& robot) {
+            EXPECT_EQ(robot.Codes().size(), wanted);
+            EXPECT_EQ(robot.Item(u"btn_全て選択"_s).Enabled(), on) << wanted;
+            robot.Click(u"btn_全て選択"_s);
+            EXPECT_EQ(robot.MarkedCodes().size(), on ? wanted : 0);
+            GoBack(robot);
         });
         EXPECT_EQ(Picked(People()), enabled);
         TearDown();
@@ -308,82 +308,82 @@ TEST_F(PickWindowsTest, AllCanBeMarkedAtOnceFromOneRowToFifty) {
     }
 }
 
-TEST_F(PickWindowsTest, SmallerListOfALaterSearchCanBeMarkedAtOnce) {
+TEST_F(MultiSelectTest, SmallerListOfALaterSearchCanBeMarkedAtOnce) {
     installation.ReplaceStaff(60);
     Start();
-    Open(People(), [](const FormRobot& hands) {
-        EXPECT_FALSE(hands.Item(u"btn_全て選択"_s).Enabled());
-        hands.Enter(u"コード"_s, u"58"_s);
-        hands.Click(u"btn_コード検索"_s);
-        hands.Click(u"btn_全て選択"_s);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"00058"_s, u"00059"_s, u"00060"_s}));
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        EXPECT_FALSE(robot.Item(u"btn_全て選択"_s).Enabled());
+        robot.Enter(u"コード"_s, u"58"_s);
+        robot.Click(u"btn_コード検索"_s);
+        robot.Click(u"btn_全て選択"_s);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"00058"_s, u"00059"_s, u"00060"_s}));
+        GoBack(robot);
     });
 }
 
-TEST_F(PickWindowsTest, NoticeStaysHiddenAtAThousandRowsAndBeyond) {
+TEST_F(MultiSelectTest, NoticeStaysHiddenAtAThousandRowsAndBeyond) {
     for (const int count : {1000, 1001}) {
         installation.ReplaceStaff(count);
         Start();
-        Open(People(), [](const FormRobot& hands) {
-            EXPECT_EQ(hands.Codes().size(), 1000);
-            EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
-            GoBack(hands);
+        Open(People(), [](const FormRobot& robot) {
+            EXPECT_EQ(robot.Codes().size(), 1000);
+            EXPECT_FALSE(robot.Item(u"lab_注意"_s).Visible());
+            GoBack(robot);
         });
         TearDown();
         ResetGlobals();
     }
 }
 
-TEST_F(PickWindowsTest, LaterSearchDropsAllMarksEvenWhenTheSameRowsReturn) {
+TEST_F(MultiSelectTest, LaterSearchDropsAllMarksEvenWhenTheSameRowsReturn) {
     Start();
-    Open(People(), [](const FormRobot& hands) {
-        const QStringList before = hands.Codes();
-        hands.ClickMark(0);
-        hands.ClickMark(3);
-        hands.Click(u"btn_複合検索"_s);
-        EXPECT_EQ(hands.Codes(), before);
-        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        const QStringList before = robot.Codes();
+        robot.ClickMark(0);
+        robot.ClickMark(3);
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), before);
+        EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+        GoBack(robot);
     });
     EXPECT_FALSE(Picked(People()));
 }
 
-TEST_F(PickWindowsTest, ChangedStatusAloneChangesNothingAndTheButtonReadsAnewAndDropsTheMarks) {
+TEST_F(MultiSelectTest, OnlyTheButtonAppliesAChangedStatus) {
     Start();
     Tick(Departments(), {u"010"_s});
-    Open(Departments(), [](const FormRobot& hands) {
-        const QStringList before = hands.Codes();
-        hands.Click(u"稼動状況区分"_s);
-        hands.TypeSigns(u"0"_s);
-        EXPECT_EQ(hands.Codes(), before);
-        EXPECT_EQ(hands.MarkedCodes(), QStringList{u"010"_s});
-        hands.Click(u"btn_画面クリア"_s);
-        EXPECT_EQ(hands.Codes(), (QStringList{u"110"_s, u"120"_s}));
-        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-        EXPECT_EQ(hands.Focused(), u"List部門"_s);
+    Open(Departments(), [](const FormRobot& robot) {
+        const QStringList before = robot.Codes();
+        robot.Click(u"稼動状況区分"_s);
+        robot.TypeText(u"0"_s);
+        EXPECT_EQ(robot.Codes(), before);
+        EXPECT_EQ(robot.MarkedCodes(), QStringList{u"010"_s});
+        robot.Click(u"btn_画面クリア"_s);
+        EXPECT_EQ(robot.Codes(), (QStringList{u"110"_s, u"120"_s}));
+        EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+        EXPECT_EQ(robot.Focused(), u"List部門"_s);
         EXPECT_TRUE(Picked(Departments())) << "the flag changes only when the window closes";
         EXPECT_EQ(Source(Departments()).BuildSelectionCondition(u"M担当者"_s, u"部門コード"_s), QString());
-        GoBack(hands);
+        GoBack(robot);
     });
     EXPECT_FALSE(Picked(Departments()));
     EXPECT_TRUE(Item(u"開始部門コード"_s).Enabled());
 }
 
-TEST_F(PickWindowsTest, MarksGoWithTheirRowsWhenTheListIsSorted) {
+TEST_F(MultiSelectTest, MarksGoWithTheirRowsWhenTheListIsSorted) {
     Start();
-    Open(Positions(), [](const FormRobot& hands) {
-        hands.ClickMarkOf(u"20"_s);
-        hands.ClickMarkOf(u"90"_s);
-        hands.ClickTitle(0);
-        EXPECT_EQ(hands.MarkedCodes(), (QStringList{u"90"_s, u"20"_s}));
-        GoBack(hands);
+    Open(Positions(), [](const FormRobot& robot) {
+        robot.ClickMarkOf(u"20"_s);
+        robot.ClickMarkOf(u"90"_s);
+        robot.ClickTitle(0);
+        EXPECT_EQ(robot.MarkedCodes(), (QStringList{u"90"_s, u"20"_s}));
+        GoBack(robot);
     });
     EXPECT_EQ(Source(Positions()).BuildSelectionCondition(u"M担当者"_s, u"役職コード"_s),
               u"(M担当者.役職コード = '90' OR M担当者.役職コード = '20')"_s);
 }
 
-TEST_F(PickWindowsTest, SelectionInWordsNamesTheMarkedRowsAsTheMasterHasThemNow) {
+TEST_F(MultiSelectTest, SelectionInWordsNamesTheMarkedRowsAsTheMasterHasThemNow) {
     installation.ReplaceStaff(3);
     Start();
     Tick(Departments(), {u"010"_s, u"030"_s});
@@ -397,7 +397,7 @@ TEST_F(PickWindowsTest, SelectionInWordsNamesTheMarkedRowsAsTheMasterHasThemNow)
     EXPECT_EQ(Source(People()).DescribeSelection(), u"担当者：氏名1,氏名3"_s);
 }
 
-TEST_F(PickWindowsTest, NamesThatHaveGoneAreLeftOutAndAGoneFirstOneLeavesItsComma) {
+TEST_F(MultiSelectTest, MissingNamesAreLeftOutAndTheFirstLeavesItsComma) {
     installation.ReplaceStaff(3);
     Start();
     Tick(People(), {u"00001"_s, u"00002"_s, u"00003"_s});
@@ -410,50 +410,50 @@ TEST_F(PickWindowsTest, NamesThatHaveGoneAreLeftOutAndAGoneFirstOneLeavesItsComm
     EXPECT_EQ(Source(People()).DescribeSelection(), u",氏名3"_s);
 }
 
-TEST_F(PickWindowsTest, MastersThatCannotBeReadSayNothingAndLeaveTheStatementsInTheHistory) {
+TEST_F(MultiSelectTest, UnreadableMastersAreLoggedSilently) {
     installation.ReplaceStaff(3);
     Start();
     const QList<QStringList> masters = {
         {u"M部門"_s, u"010"_s}, {u"Mセクション"_s, u"011"_s}, {u"M役職"_s, u"20"_s}, {u"M担当者"_s, u"00002"_s}};
-    for (int i = 0; i < masters.size(); ++i) Tick(PickDefinitions()[static_cast<size_t>(i)], {masters[i][1]});
+    for (int i = 0; i < masters.size(); ++i) Tick(MultiSelectDefinitions()[static_cast<size_t>(i)], {masters[i][1]});
     QStringList statements;
     for (int i = 0; i < masters.size(); ++i) {
         const QString &table = masters[i][0], &code = masters[i][1];
         installation.General().Execute(u"DROP TABLE "_s + table);
-        EXPECT_EQ(Source(PickDefinitions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
+        EXPECT_EQ(Source(MultiSelectDefinitions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
         statements << u"エラー no such table: %1SELECT * FROM %1 WHERE コード = ''%2''"_s.arg(table, code);
     }
     EXPECT_EQ(History().filter(u"エラー "_s), statements);
 }
 
-TEST_F(PickWindowsTest, NothingMarkedSaysNothing) {
+TEST_F(MultiSelectTest, NothingMarkedSaysNothing) {
     Start();
     Open(Departments(), GoBack);
     EXPECT_EQ(Source(Departments()).DescribeSelection(), QString());
     EXPECT_EQ(Source(Departments()).BuildSelectionCondition(u"M担当者"_s, u"部門コード"_s), QString());
 }
 
-TEST_F(PickWindowsTest, NestedLookupOfTheStaffWindowBringsItsCodeAndTheWindowStaysOpen) {
+TEST_F(MultiSelectTest, NestedLookupSetsItsCodeAndTheWindowStaysOpen) {
     Start();
-    const ModalScript driver({[&](const FormRobot& hands) {
-                                   hands.Item(u"部門コード"_s).SetFocus();
-                                   hands.Press(Qt::Key_Control);
-                                   hands.Press(Qt::Key_Control);
-                                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"030"_s);
-                                   EXPECT_EQ(Globals().ListNextItem, &Item(u"開始担当者コード"_s));
-                                   GoBack(hands);
-                               },
-                               [](const FormRobot& hands) { hands.ClickRow(2); }});
+    const ModalScript driver({[&](const FormRobot& robot) {
+                                  robot.Item(u"部門コード"_s).SetFocus();
+                                  robot.Press(Qt::Key_Control);
+                                  robot.Press(Qt::Key_Control);
+                                  EXPECT_EQ(robot.Text(u"部門コード"_s), u"030"_s);
+                                  EXPECT_EQ(Globals().ListNextItem, &Item(u"開始担当者コード"_s));
+                                  GoBack(robot);
+                              },
+                              [](const FormRobot& robot) { robot.ClickRow(2); }});
     Click(People().button);
     EXPECT_EQ(driver.Opened(), 2);
     EXPECT_EQ(Focused(), u"開始担当者コード"_s);
 }
 
-TEST_F(PickWindowsTest, ButtonsOpenNothingWhileTheScreenIsPaintedOrASiblingIsAwaited) {
+TEST_F(MultiSelectTest, ButtonsAreIgnoredWhileBusy) {
     Start();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
         Globals().*flag = true;
-        for (const PickDefinition& window : PickDefinitions()) {
+        for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
             Click(window.button);
             EXPECT_FALSE(IsFormLoaded(window.window));
         }
@@ -461,27 +461,27 @@ TEST_F(PickWindowsTest, ButtonsOpenNothingWhileTheScreenIsPaintedOrASiblingIsAwa
     }
 }
 
-TEST_F(PickWindowsTest, EachWindowLiesWholeOnALowScreen) {
+TEST_F(MultiSelectTest, EachWindowLiesWholeOnALowScreen) {
     Start({}, 768);
-    for (const PickDefinition& window : PickDefinitions()) {
-        Open(window, [](const FormRobot& hands) {
-            EXPECT_LE(hands.Window().WindowHeight(), 768 * kTwipsPerPixel);
-            EXPECT_LE(hands.Window().width(), 1024);
-            ExpectInside(hands.Window());
-            GoBack(hands);
+    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+        Open(window, [](const FormRobot& robot) {
+            EXPECT_LE(robot.Window().WindowHeight(), 768 * kTwipsPerPixel);
+            EXPECT_LE(robot.Window().width(), 1024);
+            ExpectInside(robot.Window());
+            GoBack(robot);
         });
     }
 }
 
-TEST_F(PickWindowsTest, ManyHighlightedRowsAreMarkedAtOnce) {
+TEST_F(MultiSelectTest, ManyHighlightedRowsAreMarkedAtOnce) {
     installation.ReplaceStaff(1000);
     Start();
-    Open(People(), [](const FormRobot& hands) {
-        HighlightAll(hands);
-        hands.Click(u"btn_複数選択"_s);
-        EXPECT_EQ(hands.MarkedCodes().size(), 1000);
-        hands.Click(u"btn_選択クリア"_s);
-        EXPECT_TRUE(hands.MarkedCodes().isEmpty());
-        GoBack(hands);
+    Open(People(), [](const FormRobot& robot) {
+        HighlightAll(robot);
+        robot.Click(u"btn_複数選択"_s);
+        EXPECT_EQ(robot.MarkedCodes().size(), 1000);
+        robot.Click(u"btn_選択クリア"_s);
+        EXPECT_TRUE(robot.MarkedCodes().isEmpty());
+        GoBack(robot);
     });
 }

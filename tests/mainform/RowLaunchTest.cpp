@@ -3,12 +3,12 @@
 
 #include <functional>
 
-#include "mainform/MainFormFixture.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/DetailList.h"
 #include "inquiry/StaffRegistration.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"
+#include "support/MainFormFixture.h"
 #include "text/TimeStamp.h"
 
 using namespace Qt::StringLiterals;
@@ -19,15 +19,15 @@ const QString kNoProgram = u"情報登録プログラムが有りません"_s;
 constexpr int kPosition = 2;
 constexpr int kStaff = 12;
 
-/// Calls `turn` each time that the work lets events through.
-void Meanwhile(const std::function<void()>& turn, const std::function<void()>& work) {
+/// Runs `job` and calls `onIteration` each time it processes events.
+void WhilePumping(const std::function<void()>& onIteration, const std::function<void()>& job) {
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, turn);
+    QObject::connect(&timer, &QTimer::timeout, onIteration);
     timer.start(0);
-    work();
+    job();
 }
 
-/// The main form over twelve staff members, 00001 to 00012.
+/// The main form with twelve staff members, 00001 to 00012.
 class RowLaunch : public MainFormTest {
   protected:
     RowLaunch() {
@@ -63,7 +63,7 @@ TEST_F(RowLaunch, ClickStartsTheRegistrationProgramWithOfficeAndStaffCode) {
     EXPECT_EQ(services.processes.starts[0].arguments, u"00100003"_s);
 }
 
-TEST_F(RowLaunch, StartMessageLiesThereAndTheFormIsDisabledBeforeTheProgramStarts) {
+TEST_F(RowLaunch, StartMessageIsWrittenBeforeTheProgramStarts) {
     Start();
     AnswerAtOnce(services, installation);
     const auto answer = services.processes.started;
@@ -119,7 +119,7 @@ TEST_F(RowLaunch, ScrolledListLaunchesTheRowThatIsSeen) {
     EXPECT_EQ(services.processes.starts[0].arguments, u"00000007"_s);
 }
 
-TEST_F(RowLaunch, MissingProgramShowsItsMessageAndLeavesTheFormDisabledAndTheMessageWaiting) {
+TEST_F(RowLaunch, MissingProgramShowsAMessageAndLeavesTheFormDisabled) {
     Start();
     const QColor color = Item(u"bak_dtla"_s, kPosition).BackColor();
     const qsizetype history = History().size();
@@ -144,7 +144,7 @@ TEST_F(RowLaunch, FailureBeforeTheStartShowsTheSameMessage) {
     EXPECT_EQ(services.processes.starts.size(), 0);
 }
 
-TEST_F(RowLaunch, FailureToReadTheRowAgainShowsTheSameMessageOnTheEnabledForm) {
+TEST_F(RowLaunch, FailedReloadShowsTheSameMessage) {
     Start();
     AnswerAtOnce(services, installation, [this](const RecordingProcesses::Start&) {
         installation.General().Execute(u"UPDATE M担当者 SET 住所B = NULL WHERE コード = '00003'"_s);
@@ -154,7 +154,7 @@ TEST_F(RowLaunch, FailureToReadTheRowAgainShowsTheSameMessageOnTheEnabledForm) {
     EXPECT_TRUE(MainForm().Enabled());
 }
 
-TEST_F(RowLaunch, ChangedRowShowsItsNewNameInItsPlaceInTheColourOfItsViewLogEntry) {
+TEST_F(RowLaunch, ChangedRowShowsNameAndColourOfItsLogEntry) {
     Start();
     AnswerAtOnce(services, installation, [this](const RecordingProcesses::Start&) {
         installation.General().Execute(
@@ -171,7 +171,7 @@ TEST_F(RowLaunch, ChangedRowShowsItsNewNameInItsPlaceInTheColourOfItsViewLogEntr
     EXPECT_EQ(Item(u"chb_出力対象"_s, kPosition).Value(), 1) << "it comes back ticked";
 }
 
-TEST_F(RowLaunch, StaffMemberDeletedByTheSiblingIsGoneAndTheNumbersKeepTheirGap) {
+TEST_F(RowLaunch, DeletedStaffMemberIsRemovedWithoutRenumbering) {
     Start();
     AnswerAtOnce(services, installation, [this](const RecordingProcesses::Start&) { Delete(Code(3)); });
     Click(u"担当者名"_s, kPosition);
@@ -195,7 +195,7 @@ TEST_F(RowLaunch, HandlersReturnAtOnceWhileTheSiblingIsAwaited) {
     services.processes.started = [](const RecordingProcesses::Start&) {};
     const qsizetype history = History().size();
     int turns = 0;
-    Meanwhile(
+    WhilePumping(
         [&] {
             if (!Globals().LinkWaiting) return;
             for (const QString& button : {u"btn_集計検索"_s, u"btn_画面クリア"_s, u"btn_印刷"_s, u"btn_部門個別選択"_s})
@@ -220,7 +220,7 @@ TEST_F(RowLaunch, ReplyOlderThanTheSendTimeIsIgnoredAndStays) {
         AddLinkRow(installation.Configuration(), {.sentAt = old, .key = start.arguments, .endText = u"old"_s});
     };
     int turns = 0;
-    Meanwhile(
+    WhilePumping(
         [&] {
             if (Globals().LinkWaiting && ++turns == 5)
                 AddLinkRow(installation.Configuration(), {.sentAt = Now(), .key = u"00000003"_s, .endText = u"new"_s});
@@ -237,12 +237,12 @@ TEST_F(RowLaunch, CloseBoxEndsTheProgramOutOfTheWait) {
     Start();
     services.processes.started = [](const RecordingProcesses::Start&) {};
     QStringList closed;
-    Meanwhile(
+    WhilePumping(
         [&] {
             if (!Globals().LinkWaiting || !closed.isEmpty()) return;
             MainForm().close();
             closed = History();
-            // The stand-in of the process service returns; the real one does not.
+            // The fake process service returns; the real one does not.
             AddLinkRow(installation.Configuration(), {.sentAt = Now(), .key = u"00000003"_s});
         },
         [this] { Click(u"担当者名"_s, kPosition); });

@@ -13,10 +13,10 @@ const QString kOrder =
 
 }  // namespace
 
-QString SelectionTest::WholeStatement(const QString& behind) { return kHead + behind; }
+QString SelectionTest::WholeStatement(const QString& suffix) { return kHead + suffix; }
 
-QString SelectionTest::HistoryRow(const QString& behind) {
-    return u"出力終了 "_s + WholeStatement(behind).replace(u"'"_s, u"''"_s);
+QString SelectionTest::HistoryRow(const QString& suffix) {
+    return u"出力終了 "_s + WholeStatement(suffix).replace(u"'"_s, u"''"_s);
 }
 
 QString SelectionTest::Statement(const QString& codes, const QString& texts) {

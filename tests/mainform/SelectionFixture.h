@@ -1,20 +1,20 @@
 #pragma once
 
-#include "mainform/MainFormFixture.h"
+#include "support/MainFormFixture.h"
 
-/// The main form with somebody who searches by selections, and what a query past the adapter finds.
+/// The main form for searches by selections, with reference queries that bypass the SQL adapter.
 class SelectionTest : public MainFormTest {
   protected:
-    /// The whole statement of a search: what stands behind the condition that every search begins with.
-    static QString WholeStatement(const QString& behind);
-    /// The same as its row in the history tells it, quotes doubled.
-    static QString HistoryRow(const QString& behind);
-    /// The whole statement of a search of those on the payroll by department: conditions on codes, and on texts.
+    /// The statement of a search; `suffix` is the text after the condition that every search begins with.
+    static QString WholeStatement(const QString& suffix);
+    /// The same as a history row, with doubled quotes.
+    static QString HistoryRow(const QString& suffix);
+    /// The statement of a search for enrolled staff in department order, with conditions on codes and texts.
     static QString Statement(const QString& codes, const QString& texts = {});
-    /// Codes of the rows that the last search found, sorted.
+    /// Codes found by the last search, sorted.
     static QStringList Found();
-    /// Codes of the staff on the payroll that meet a condition of the engine's own, sorted.
+    /// Codes of the enrolled staff that match an SQLite condition, sorted.
     QStringList Staff(const QString& condition) const;
-    /// Searches by the button and tells how many rows エラー that has left in the history.
+    /// Searches by the button and returns the number of new rows エラー in the history.
     int FailuresOfSearch();
 };

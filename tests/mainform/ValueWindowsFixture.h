@@ -1,10 +1,10 @@
 #pragma once
 
 #include "mainform/SelectionFixture.h"
-#include "selection/ValueWindowDefinitions.h"
+#include "selection/ValueWindowLayout.h"
 #include "support/ModalRobot.h"
 
-/// The main form with somebody at the windows of search values.
+/// The main form with its value windows.
 class ValueWindowsTest : public SelectionTest {
   protected:
     static const ValueWindowDefinition& Names() { return ValueWindowDefinitions()[0]; }
@@ -12,13 +12,13 @@ class ValueWindowsTest : public SelectionTest {
     static const ValueWindowDefinition& Addresses() { return ValueWindowDefinitions()[2]; }
     static const ValueWindowDefinition& Phones() { return ValueWindowDefinitions()[3]; }
 
-    /// Presses the window's button on the main form and lets somebody work the window until it is closed.
-    void Open(const ValueWindowDefinition& definition, const ModalRobot::Work& work) {
-        ModalRobot user(definition.window, work);
+    /// Presses the window's button on the main form; the callback must close the window.
+    void Open(const ValueWindowDefinition& definition, const ModalRobot::Callback& callback) {
+        ModalRobot user(definition.window, callback);
         Click(definition.button);
         EXPECT_EQ(user.Opened(), 1) << definition.window.toStdString();
     }
-    /// Types the values from the first row on, checks 絞込み where asked to, and goes back.
+    /// Types the values from the first row on, checks 絞込み if `narrowing`, and closes the window.
     void Give(const ValueWindowDefinition& definition, const QStringList& values, bool narrowing = false) {
         Open(definition, [&](ModalRobot& user) {
             for (int row = 0; row < values.size(); ++row) {

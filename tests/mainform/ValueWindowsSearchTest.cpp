@@ -1,6 +1,6 @@
 #include "globals/ProgramGlobals.h"
-#include "mainform/ValueWindowsFixture.h"
 #include "inquiry/StaffQuery.h"
+#include "mainform/ValueWindowsFixture.h"
 #include "screen/Form.h"
 #include "screen/modクライアント処理.h"
 
@@ -10,13 +10,13 @@ namespace {
 
 using ValueSearchTest = ValueWindowsTest;
 
-/// A search by one window, and a condition of the engine's own that finds the same people.
+/// A search by one window and an SQLite condition that finds the same staff.
 struct Search {
     size_t window;
     QStringList values;
     bool narrowing;
-    QString condition;  ///< as it stands in the statement
-    QString plain;      ///< for SQLite's instr, which folds nothing
+    QString condition;  ///< in the statement
+    QString plain;      ///< for SQLite's instr, which does not normalise
 };
 
 QList<Search> Searches() {
@@ -70,7 +70,7 @@ QList<Search> Searches() {
 
 }  // namespace
 
-TEST_F(ValueSearchTest, StatementHoldsTheConditionOfEachWindowWholeAndTheHistoryTellsIt) {
+TEST_F(ValueSearchTest, StatementContainsTheConditionOfEachWindow) {
     Start();
     for (const Search& search : Searches()) {
         Give(ValueWindowDefinitions()[search.window], search.values, search.narrowing);
@@ -112,7 +112,7 @@ TEST_F(ValueSearchTest, AllFiveWindowsTogetherJoinInTheOrderOfTheStatement) {
     EXPECT_EQ(FailuresOfSearch(), 0);
 }
 
-TEST_F(ValueSearchTest, ValuesWinOverTheTextThatStandsInTheSingleItem) {
+TEST_F(ValueSearchTest, ValuesOverrideTheSingleText) {
     Start();
     Enter(u"検索名称"_s, u"佐藤"_s);
     Give(Names(), {u"山"_s});
@@ -167,7 +167,7 @@ TEST_F(ValueSearchTest, HalfWidthKanaWithItsVoicedMarkFindsEveryFormOfTheSound) 
     EXPECT_EQ(Found(), (QStringList{u"00000"_s, u"00001"_s, u"00002"_s}));
 }
 
-TEST_F(ValueSearchTest, QuotesAreSearchedForAndPercentSignsStandForAnything) {
+TEST_F(ValueSearchTest, QuotesAreEscapedAndPercentIsAWildcard) {
     installation.ClearStaff();
     installation.AddStaff(u"00001"_s, {{u"氏名"_s, u"オ'ハラ"_s}});
     installation.AddStaff(u"00002"_s, {{u"氏名"_s, u"山田　太郎"_s}});
@@ -206,7 +206,7 @@ TEST_F(ValueSearchTest, UnclosedBracketIsRefusedByTheEngineAndTheListStaysEmpty)
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(ValueSearchTest, ClearBringsEverybodyBackAndTheWindowsStartAnew) {
+TEST_F(ValueSearchTest, ClearEmptiesTheWindows) {
     Start();
     const QStringList everybody = Found();
     for (const ValueWindowDefinition& window : ValueWindowDefinitions()) Give(window, {u"1"_s});

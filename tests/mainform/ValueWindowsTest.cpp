@@ -12,7 +12,7 @@ const QColor kGreen(0, 192, 0);
 const QColor kDarkBlue(0, 0, 128);
 }  // namespace
 
-TEST_F(ValueWindowsTest, ValuesTurnTheButtonGreenAndTheFocusPassesTheItemTheyReplace) {
+TEST_F(ValueWindowsTest, ValuesTurnTheButtonGreenAndDisableTheItem) {
     Start();
     const QStringList next = {u"検索カナ"_s, u"検索電話"_s, u"在籍区分"_s, u"検索郵便番号"_s, u"検索住所"_s};
     for (size_t i = 0; i < 5; ++i) {
@@ -48,7 +48,7 @@ TEST_F(ValueWindowsTest, NoValuesLeaveTheItemInUseAndGiveItTheFocus) {
 }
 
 TEST_F(ValueWindowsTest, EveryWayOutWorksOutTheFlag) {
-    const QList<ModalRobot::Work> waysOut = {
+    const QList<ModalRobot::Callback> waysOut = {
         [](ModalRobot& user) { user.Click(u"btn_戻る"_s); },
         [](ModalRobot& user) { user.Press(Qt::Key_Escape); },
         [](ModalRobot& user) {
@@ -62,7 +62,7 @@ TEST_F(ValueWindowsTest, EveryWayOutWorksOutTheFlag) {
         [](ModalRobot& user) { user.Dialog().close(); },
     };
     Start();
-    for (const ModalRobot::Work& leave : waysOut) {
+    for (const ModalRobot::Callback& leave : waysOut) {
         Open(Names(), [&leave](ModalRobot& user) {
             user.Type(u"山"_s);
             leave(user);
@@ -105,7 +105,7 @@ TEST_F(ValueWindowsTest, EntriesStayInTheHiddenWindowForTheNextOpening) {
     EXPECT_TRUE(Given(Names()));
 }
 
-TEST_F(ValueWindowsTest, MainFormStaysEnabledWhileAWindowIsOpenAndIsEnabledWhenItCloses) {
+TEST_F(ValueWindowsTest, MainFormStaysEnabledWhileAWindowIsOpen) {
     Start();
     Open(Names(), [this](ModalRobot& user) {
         EXPECT_TRUE(MainForm().Enabled());
@@ -116,7 +116,7 @@ TEST_F(ValueWindowsTest, MainFormStaysEnabledWhileAWindowIsOpenAndIsEnabledWhenI
     EXPECT_TRUE(MainForm().Enabled());
 }
 
-TEST_F(ValueWindowsTest, OpeningNamesButtonAndNextItemAndLeavesTheListConditionAlone) {
+TEST_F(ValueWindowsTest, OpeningSetsResultAndNextItemOnly) {
     Start();
     Globals().ListCondition = u"M部門.コード >= '001'"_s;
     for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
@@ -129,7 +129,7 @@ TEST_F(ValueWindowsTest, OpeningNamesButtonAndNextItemAndLeavesTheListConditionA
     EXPECT_EQ(Globals().ListCondition, u"M部門.コード >= '001'"_s);
 }
 
-TEST_F(ValueWindowsTest, ButtonsOpenNothingWhileTheScreenIsPaintedOrASiblingIsAwaited) {
+TEST_F(ValueWindowsTest, ButtonsAreIgnoredWhileBusy) {
     Start();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
         Globals().*flag = true;

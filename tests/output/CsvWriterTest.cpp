@@ -9,10 +9,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "support/OutputFixture.h"
 #include "platform/OutputFile.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "support/OutputFixture.h"
 #include "support/WithoutFileRights.h"
 #include "text/CodePage932.h"
 
@@ -20,14 +20,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Writes tables of the test's own into files of a temporary folder.
+/// Writes temporary tables to files of a temporary folder.
 class Csv : public OutputTest {
   protected:
     Csv() { OpenReportDatabase(); }
 
     QString Target() const { return folder.filePath(u"出力.csv"_s); }
 
-    /// Makes the table 表 by the statements and opens it.
+    /// Creates the table 表 by the statements and opens it.
     void Open(const QString& statements) {
         installation.Report().Execute(statements);
         OpenReportReadOnly(records, u"SELECT * FROM 表"_s);
@@ -40,7 +40,7 @@ class Csv : public OutputTest {
         EXPECT_EQ(Globals().TextOutputFile, nullptr);
         return ReadBytes(Target());
     }
-    /// Writes a table of one cell to a path that is not to be had.
+    /// Writes a table of one cell to a path that cannot be opened.
     void ExpectInUse(const QString& path) {
         Open(u"DROP TABLE IF EXISTS 表; CREATE TABLE 表 (a TEXT); INSERT INTO 表 VALUES ('x')"_s);
         services.dialogs.shown.clear();
@@ -60,7 +60,7 @@ class Csv : public OutputTest {
 
 }  // namespace
 
-TEST_F(Csv, NamesAndValuesStandInQuotesInJapaneseEncodingWithCrLf) {
+TEST_F(Csv, NamesAndValuesAreQuotedWithCrLf) {
     EXPECT_EQ(Written(u"CREATE TABLE 表 (コード TEXT, 氏名 TEXT);"
                       u"INSERT INTO 表 VALUES ('00001', '髙﨑　德'), ('00002', 'ｻﾄｳ～－①㈱')"_s),
               "\"" + In932(u"コード"_s) + "\",\"" + In932(u"氏名"_s) +
@@ -86,7 +86,7 @@ TEST_F(Csv, NothingIsEscapedAndNothingTrimmed) {
         QByteArray("\"a\",\"b\"\r\n\"  x,y \",\"a \"b\" c\"\r\n\"1\r\n2\",\"\0z \"\r\n", 43));
 }
 
-TEST_F(Csv, CurrencyStandsUnquotedInItsNumberForm) {
+TEST_F(Csv, CurrencyIsNotQuoted) {
     EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b TEXT, c money);"
                       u"INSERT INTO 表 VALUES (1500, '1500', -20), (0, NULL, 0.5), (-1234.5, 'x', 12.345678),"
                       u" (1e15, 'x', 0.00001)"_s),
@@ -112,7 +112,7 @@ TEST_F(Csv, OtherNumbersAreQuoted) {
               "\"a\",\"b\"\r\n\"-3\",\"2.5\"\r\n");
 }
 
-TEST_F(Csv, CharactersWithoutAFormBecomeQuestionMarksAndAreCountedByLine) {
+TEST_F(Csv, LostCharactersBecomeQuestionMarksAndAreCounted) {
     EXPECT_EQ(
         Written(u"CREATE TABLE 表 (a TEXT, b TEXT); INSERT INTO 表 VALUES ('𠮷', '鷗x€'), ('a', 'b'), ('é', '')"_s),
         "\"a\",\"b\"\r\n\"??\",\"?x?\"\r\n\"a\",\"b\"\r\n\"?\",\"\"\r\n");
@@ -132,7 +132,7 @@ TEST_F(Csv, ReadsOnFromTheCurrentRecordToTheEnd) {
     EXPECT_TRUE(records.AtEOF());
 }
 
-TEST_F(Csv, AnExistingFileIsReplacedInItsPlaceWithoutAWord) {
+TEST_F(Csv, ExistingFileIsOverwrittenSilently) {
     WriteBytes(Target(), QByteArray(100000, 'x'));
     ASSERT_TRUE(QFile::setPermissions(Target(), QFile::ReadOwner | QFile::WriteOwner));
     ASSERT_EQ(link(QFile::encodeName(Target()), QFile::encodeName(folder.filePath(u"second"_s))), 0);
@@ -168,7 +168,7 @@ TEST_F(Csv, EveryPathThatCannotBeOpenedIsInUse) {
     ExpectInUse(u" "_s + Target());
 }
 
-TEST_F(Csv, APathWhoseFolderCannotBeMadeTellsBoth) {
+TEST_F(Csv, FailedFolderShowsBothMessages) {
     WriteBytes(folder.filePath(u"file"_s), "x");
     const QString path = folder.filePath(u"file/sub/a.csv"_s);
     ExpectInUse(path);
@@ -200,7 +200,7 @@ TEST_F(Csv, AFileLockedByAnotherProgramIsInUseAndKeepsItsContent) {
     }
 }
 
-TEST_F(Csv, NobodyElseGetsALockWhileItIsWritten) {
+TEST_F(Csv, FileIsLockedWhileItIsWritten) {
     const auto file = platform::OutputFile::Open(Target());
     ASSERT_NE(file, nullptr);
     EXPECT_EQ(platform::OutputFile::Open(Target()), nullptr);
@@ -211,7 +211,7 @@ TEST_F(Csv, APipeWithoutAReaderIsInUseAndDoesNotHang) {
     ExpectInUse(Target());
 }
 
-TEST_F(Csv, AFullDiskRisesAndLeavesTheFileOpen) {
+TEST_F(Csv, FullDiskThrowsAndLeavesTheFileOpen) {
     Open(u"CREATE TABLE 表 (a TEXT); INSERT INTO 表 VALUES (printf('%.*c', 900, 'x'))"_s);
     {
         const FullDisk full(100);
@@ -223,7 +223,7 @@ TEST_F(Csv, AFullDiskRisesAndLeavesTheFileOpen) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(Csv, AFullDiskRisesInTheMiddleOfALongFile) {
+TEST_F(Csv, FullDiskThrowsInTheMiddleOfALongFile) {
     Open(
         u"CREATE TABLE 表 (a TEXT);"
         u"INSERT INTO 表 WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 50)"

@@ -1,4 +1,4 @@
-#include "output/MailPieces.h"
+#include "output/ReportData.h"
 
 #include "support/OutputFixture.h"
 
@@ -62,7 +62,7 @@ class MailPieces : public OutputTest {
         EXPECT_EQ(rows.size(), 1);
         return rows.isEmpty() ? QStringList() : Sorted(rows.first());
     }
-    /// Second sender of an envelope: each column "name=value", nothing where all are unwritten.
+    /// Second sender of an envelope as "name=value" for each written column.
     QStringList SecondSender(const QString& scope, int offices) {
         Globals().ScopeOfficeCode = scope;
         Globals().OfficeCount = offices;
@@ -82,14 +82,14 @@ const QStringList kOwnBranch = {u"事業所FAX=052-9"_s, u"事業所住所A=A3"_
 struct LabelCase {
     int labels;
     int records;
-    QStringList left, right;  // codes by record, "-" for unwritten
+    QStringList left, right;  // codes by record, "-" if not written
 };
 void PrintTo(const LabelCase& row, std::ostream* out) { *out << row.labels << " labels"; }
 class LabelSheet : public OutputTest, public testing::WithParamInterface<LabelCase> {};
 
 }  // namespace
 
-TEST_F(MailPieces, AnEnvelopeBearsTheCompanyAtTheAddressOfItsFirstOffice) {
+TEST_F(MailPieces, EnvelopeHasTheAddressOfTheFirstOffice) {
     AddPerson();
     EXPECT_TRUE(BuildEnvelopeData());
     EXPECT_EQ(OnlyRow(kEnvelopes),
@@ -101,7 +101,7 @@ TEST_F(MailPieces, AnEnvelopeBearsTheCompanyAtTheAddressOfItsFirstOffice) {
     EXPECT_TRUE(ErrorRows().isEmpty());
 }
 
-TEST_F(MailPieces, ASheetIsFilledUpByRecordsThatHoldNothingButTheirNumber) {
+TEST_F(MailPieces, SheetIsPaddedByEmptyRecords) {
     const auto left = [this](const QString& number) { return Sorted(Recipient(u"A列"_s) + QStringList{number}); };
     const auto blank = [](const QList<QStringList>& rows) {
         for (int row = 1; row < 6; ++row)
@@ -126,7 +126,7 @@ TEST_F(MailPieces, ASheetIsFilledUpByRecordsThatHoldNothingButTheirNumber) {
     EXPECT_EQ(Sorted(rows.last()), left(u"行番号=000007"_s));
 }
 
-TEST_F(MailPieces, APostcardBearsTheCompanysOwnAddressAndNoLogo) {
+TEST_F(MailPieces, PostcardHasTheCompanysAddressAndNoLogo) {
     AddPerson();
     EXPECT_TRUE(BuildPostcardData());
     EXPECT_EQ(OnlyRow(kPostcards),
@@ -135,7 +135,7 @@ TEST_F(MailPieces, APostcardBearsTheCompanysOwnAddressAndNoLogo) {
                                                u"ユーザ電話=00-1"_s, u"ユーザFAX=00-9"_s}));
 }
 
-TEST_F(MailPieces, TheHonorificStandsBehindTheNameAndInItsOwnColumn) {
+TEST_F(MailPieces, HonorificFollowsTheNameAndHasAColumn) {
     AddRow({{担当者名, QString()}});
     EXPECT_TRUE(BuildPostcardData());
     EXPECT_EQ(WorkColumn(u"名称B"_s, kPostcards), QStringList{u" 様"_s});
@@ -167,7 +167,7 @@ TEST_F(MailPieces, TheSecondSenderFollowsOfficeAndNumberOfOffices) {
     EXPECT_EQ(SecondSender(QString(), 4), kOwnBranch);
 }
 
-TEST_F(MailPieces, TheSendersOfficeIsReadAnewAndTheLastOneReadStays) {
+TEST_F(MailPieces, SendersOfficeIsReadForEachPiece) {
     AddPerson();
     Globals().OutputOffice.郵便番号 = u"old"_s;
     EXPECT_TRUE(BuildEnvelopeData());
@@ -198,7 +198,7 @@ TEST_F(MailPieces, AMissingColumnIsLeftOutAndTheRestGoesOn) {
     EXPECT_EQ(WorkColumn(u"ユーザFAX"_s, kPostcards), QStringList({u"00-9"_s, u"00-9"_s}));
 }
 
-TEST_F(MailPieces, AMissingTableGivesFalseForEnvelopesAndPostcardsAndRisesForLabels) {
+TEST_F(MailPieces, MissingTableGivesFalseButThrowsForLabels) {
     AddRows(1);
     for (const QString& table : {kEnvelopes, kPostcards, kLabels})
         installation.Report().Execute(u"DROP TABLE "_s + table);
@@ -207,7 +207,7 @@ TEST_F(MailPieces, AMissingTableGivesFalseForEnvelopesAndPostcardsAndRisesForLab
     EXPECT_EQ(FailureOf(BuildLabelData).number, database::kObjectClosed);
 }
 
-TEST_F(MailPieces, AMissingColumnOfLabelsRises) {
+TEST_F(MailPieces, MissingColumnOfLabelsThrows) {
     AddRows(1);
     installation.Report().Execute(u"ALTER TABLE 要員名簿照会宛名ラベル DROP COLUMN A列御中"_s);
     EXPECT_EQ(FailureOf(BuildLabelData).number, platform::kItemNotFound);

@@ -1,13 +1,13 @@
-#include "output/MailPrint.h"
+#include "output/ReportRunner.h"
 
-#include "support/OutputFixture.h"
 #include "screen/msgお待ち.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Report hosts that write down which report they were asked for, and what the work tables then held.
+/// Fake report hosts that record the requested report and the contents of the work tables.
 class AskedHosts : public platform::ReportHostLink {
   public:
     explicit AskedHosts(std::function<void(const QString&)> opened) : opened_(std::move(opened)) {}

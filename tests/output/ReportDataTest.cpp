@@ -152,7 +152,7 @@ TEST_F(ReportData, ASecondOutputReplacesTheFirst) {
     EXPECT_EQ(Codes(), QStringList({u"00001"_s, u"00002"_s, u"00003"_s}));
 }
 
-TEST_F(ReportData, TheTextOfTheConditionsIsBuiltAnewForEveryRow) {
+TEST_F(ReportData, SelectionTextIsBuiltForEveryRow) {
     AddRows(5);
     Globals().Flags.NameListGiven = true;
     const TellingSelection window(u"wnd担当者名複数指定"_s, u"検索担当者名：山,川"_s);
@@ -187,7 +187,7 @@ TEST_F(ReportData, FurtherColumnsOfATableKeepTheirDefaults) {
     EXPECT_EQ(WorkColumn(u"版"_s), QStringList{u"A"_s});
 }
 
-TEST_F(ReportData, AColumnThatIsMissingRises) {
+TEST_F(ReportData, MissingColumnThrows) {
     installation.Report().Execute(u"ALTER TABLE 要員名簿照会 DROP COLUMN 更新日付"_s);
     AddRows(2);
     const Failure failure = FailureOf(BuildReportData);
@@ -197,7 +197,7 @@ TEST_F(ReportData, AColumnThatIsMissingRises) {
     EXPECT_TRUE(ErrorRows().isEmpty());
 }
 
-TEST_F(ReportData, ARecordThatIsRefusedRisesAndThoseBeforeItStay) {
+TEST_F(ReportData, RejectedRecordThrowsAndEarlierOnesStay) {
     installation.Report().Execute(
         u"CREATE TRIGGER t BEFORE INSERT ON 要員名簿照会 WHEN new.コード = '00003'"
         u" BEGIN SELECT RAISE(ABORT, 'refused'); END"_s);
@@ -206,7 +206,7 @@ TEST_F(ReportData, ARecordThatIsRefusedRisesAndThoseBeforeItStay) {
     EXPECT_EQ(Codes(), QStringList({u"00001"_s, u"00002"_s}));
 }
 
-TEST_F(ReportData, AMissingTableLeavesItsErrorRowsAndRises) {
+TEST_F(ReportData, MissingTableThrowsAndIsLogged) {
     installation.Report().Execute(u"DROP TABLE 要員名簿照会"_s);
     AddRows(1);
     EXPECT_EQ(FailureOf(BuildReportData).number, database::kObjectClosed);
@@ -214,7 +214,7 @@ TEST_F(ReportData, AMissingTableLeavesItsErrorRowsAndRises) {
                                         u"エラー SELECT * FROM 要員名簿照会no such table: 要員名簿照会"_s}));
 }
 
-TEST_F(ReportData, AMissingTableRisesWithoutRowsAsWell) {
+TEST_F(ReportData, MissingTableThrowsWithoutRows) {
     installation.Report().Execute(u"DROP TABLE 要員名簿照会"_s);
     EXPECT_EQ(FailureOf(BuildReportData).number, database::kObjectClosed);
     EXPECT_EQ(ErrorRows().size(), 3);

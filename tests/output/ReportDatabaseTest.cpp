@@ -2,8 +2,8 @@
 
 #include <QFile>
 
-#include "support/OutputFixture.h"
 #include "support/FileBytes.h"
+#include "support/OutputFixture.h"
 
 using namespace Qt::StringLiterals;
 
@@ -54,13 +54,13 @@ TEST_F(ReportDatabase, OfTheOlderKindIsTheOtherFile) {
     EXPECT_TRUE(OpenReportDatabase());
 }
 
-TEST_F(ReportDatabase, AMissingFileRisesAndIsNotMade) {
+TEST_F(ReportDatabase, MissingFileThrowsAndIsNotCreated) {
     ASSERT_TRUE(QFile::remove(File()));
     EXPECT_TRUE(FailureOf(OpenReportDatabase).description.contains(u"見つかりません"_s));
     EXPECT_FALSE(QFile::exists(File()));
 }
 
-TEST_F(ReportDatabase, ATruncatedFileRises) {
+TEST_F(ReportDatabase, TruncatedFileThrows) {
     const QByteArray whole = ReadBytes(File());
     const auto failure = [&](qsizetype bytes) {
         WriteBytes(File(), whole.first(bytes));
@@ -102,7 +102,7 @@ TEST_F(ReportDatabase, ATableWithRowsGivesTrueBothWays) {
     EXPECT_EQ(FailureOf([&] { Records().AddNew(); }).number, database::kNotUpdatable);
 }
 
-TEST_F(ReportDatabase, ErrorRowsHaveTheStatementFirstAndTheDescriptionBehindIt) {
+TEST_F(ReportDatabase, ErrorRowsHaveTheStatementBeforeTheDescription) {
     ASSERT_TRUE(OpenReportDatabase());
     const QString sql = u"SELECT * FROM 無い表 WHERE a = 'b'"_s;
     const QString row = u"エラー SELECT * FROM 無い表 WHERE a = ''b''no such table: 無い表"_s;

@@ -15,13 +15,13 @@ namespace {
 
 const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
 
-/// A host that only writes down what it is told. One of its verbs may fail.
+/// Fake host: records the calls. One of its methods may fail.
 class RecordingHosts : public platform::ReportHostLink {
   public:
     explicit RecordingHosts(QStringList& calls) : calls_(calls) {}
 
     QString failingVerb;
-    std::function<void()> opening;  ///< while OpenReport runs
+    std::function<void()> opening;  ///< called by OpenReport
 
     std::unique_ptr<platform::ReportHost> Bind(const QString& formsFile) override {
         Note(u"bind"_s, u" "_s + formsFile);
@@ -52,7 +52,7 @@ class RecordingHosts : public platform::ReportHostLink {
     QStringList& calls_;
 };
 
-/// A registry that says when it is asked.
+/// Registry that records when it is read.
 class RecordingRegistry : public platform::FileRegistry {
   public:
     explicit RecordingRegistry(QStringList& calls) : calls_(calls) {}
@@ -66,7 +66,7 @@ class RecordingRegistry : public platform::FileRegistry {
     QStringList& calls_;
 };
 
-/// The list's print and preview over a recorded host, with one ticked row.
+/// Print and preview of the list on a fake host, with one checked row.
 class ReportRunnerTest : public OutputTest {
   protected:
     ReportRunnerTest() {
@@ -83,11 +83,11 @@ class ReportRunnerTest : public OutputTest {
 
     QStringList& Calls() { return services.processes.calls; }
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
-    /// The calls of a run up to the start of the host.
+    /// The expected calls of a run up to the start of the host.
     QStringList StartCalls(const QString& program = u"/suite/host/OFFICE16/MSACCESS.EXE"_s) const {
         return {u"registry "_s + kHostKey, u"start hidden "_s + program + u" | "_s + Forms() + u" | /runtime"_s};
     }
-    /// The same up to the point where the host is bound.
+    /// The same up to the connection to the host.
     QStringList BoundCalls() const {
         return StartCalls() +
                QStringList{u"open 0x100001 0 4711"_s, u"exit code of 4711"_s, u"sleep 400"_s, u"bind "_s + Forms()};
@@ -99,11 +99,7 @@ class ReportRunnerTest : public OutputTest {
         ASSERT_EQ(registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder)), platform::kRegistryDone);
     }
     void Unregister() { QFile::remove(platform::MachineRegistryFile()); }
-    static bool WaitDialogStands() {
-        for (const Form* form : LoadedForms())
-            if (form->Name() == u"msgお待ち"_s) return true;
-        return false;
-    }
+    static bool WaitDialogShown() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
     QStringList Boxes() const { return services.dialogs.Texts(); }
 
     RecordingHosts* hosts = nullptr;
@@ -148,7 +144,7 @@ TEST_F(ReportRunnerTest, NoSeparatorIsPutBetweenFolderAndProgram) {
     EXPECT_EQ(History(), kPrintRows);
 }
 
-TEST_F(ReportRunnerTest, RegistryIsReadAnewForEachRun) {
+TEST_F(ReportRunnerTest, RegistryIsReadForEachRun) {
     PrintReportOnHost(report);
     Register(u"/other/"_s);
     PrintReportOnHost(report);
@@ -156,7 +152,7 @@ TEST_F(ReportRunnerTest, RegistryIsReadAnewForEachRun) {
     EXPECT_TRUE(Calls().join(u'\n').contains(u"start hidden /other/MSACCESS.EXE"_s));
 }
 
-TEST_F(ReportRunnerTest, MissingRegistrationIsToldByThePrintAndStartsNothing) {
+TEST_F(ReportRunnerTest, MissingRegistrationIsShownByThePrint) {
     Unregister();
     PrintReportOnHost(report);
     EXPECT_EQ(Calls(), QStringList{u"registry "_s + kHostKey});
@@ -204,7 +200,7 @@ TEST_F(ReportRunnerTest, AnyFailureLeavesTheReportDatabaseOpenAndToBeWritten) {
     }
 }
 
-TEST_F(ReportRunnerTest, AReportDatabaseThatCannotBeOpenedAgainIsToldByThePrintAlone) {
+TEST_F(ReportRunnerTest, OnlyThePrintShowsAFailedReopening) {
     for (void (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
         const QByteArray tables = ReadBytes(installation.Report().Path());
         ASSERT_TRUE(OpenReportDatabase());
@@ -233,7 +229,7 @@ TEST_F(ReportRunnerTest, OlderFilesHaveTheirOwnForms) {
     EXPECT_TRUE(Calls().contains(u"bind "_s + installation.ReportFolder() + u"/repfrmdb.mdb"_s));
 }
 
-TEST_F(ReportRunnerTest, ReportDatabaseIsClosedWhileTheHostWorksAndOpenAgainAfterwards) {
+TEST_F(ReportRunnerTest, ReportDatabaseIsClosedWhileTheHostRuns) {
     ASSERT_TRUE(OpenReportDatabase());
     bool open = true;
     hosts->opening = [&open] { open = Globals().ReportDatabase.IsOpen(); };
@@ -250,19 +246,19 @@ TEST_F(ReportRunnerTest, HostIsReleasedAlsoAfterAFailure) {
     EXPECT_EQ(Globals().Host.HostProcessId, 4711U);
 }
 
-TEST_F(ReportRunnerTest, WaitDialogStandsDuringTheHostsWorkAndTheDatabaseIsClosedAtTheEnd) {
+TEST_F(ReportRunnerTest, WaitDialogIsShownWhileTheHostRuns) {
     AddRows(2);
-    bool stands = false;
-    hosts->opening = [&stands] { stands = WaitDialogStands(); };
+    bool shown = false;
+    hosts->opening = [&shown] { shown = WaitDialogShown(); };
     RunReportPrint();
-    EXPECT_TRUE(stands);
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(WaitDialogShown());
     EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
     EXPECT_EQ(WorkColumn(u"コード"_s), QStringList({u"00001"_s, u"00002"_s}));
     EXPECT_EQ(History(), kPrintRows);
 }
 
-TEST_F(ReportRunnerTest, UnknownKindIsToldAndNothingElseHappens) {
+TEST_F(ReportRunnerTest, UnknownKindOnlyShowsAMessage) {
     AddRows(1);
     Globals().Layout.ReportDbKind = kNoFile;
     RunReportPrint();
@@ -279,6 +275,6 @@ TEST_F(ReportRunnerTest, WithoutTickedRowsNoHostStarts) {
     EXPECT_EQ(Boxes(), QStringList({u"印刷情報が有りません"_s, u"印刷情報が有りません"_s}));
     EXPECT_EQ(Calls(), QStringList());
     EXPECT_EQ(History(), QStringList());
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(WaitDialogShown());
     EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
 }

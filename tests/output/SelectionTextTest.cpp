@@ -64,7 +64,7 @@ TEST_F(SelectionText, AClassBeyondItsListDiffersFromAllAndIsNamed) {
 TEST_F(SelectionText, BlanksAloneAreNoSearchText) {
     Conditions().SearchName = u"    "_s;
     EXPECT_EQ(BuildSelectionText(), u"表示順：所属コード順"_s);
-    Conditions().SearchName = u"　"_s;  // a full-width blank is a text
+    Conditions().SearchName = u"　"_s;  // a full-width blank counts as text
     EXPECT_EQ(BuildSelectionText(), u"検索担当者名：　"_s + kOrder);
 }
 
@@ -146,7 +146,7 @@ TEST_F(SelectionText, AnEmptyFirstSegmentStillPutsBlanksBeforeTheNext) {
     EXPECT_EQ(BuildSelectionText(), u"  表示順：所属コード順"_s);
 }
 
-TEST_F(SelectionText, SegmentsStandInTheirOwnOrderWithTheirOwnColons) {
+TEST_F(SelectionText, SegmentsHaveTheirOrderAndColons) {
     InquiryConditions& conditions = Conditions();
     conditions.EnrolmentKind = 1;
     conditions.StaffClass = 0;

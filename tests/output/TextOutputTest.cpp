@@ -5,11 +5,11 @@
 #include <QTemporaryDir>
 #include <functional>
 
-#include "support/OutputFixture.h"
 #include "platform/OutputFile.h"
 #include "screen/msgお待ち.h"
 #include "support/FileBytes.h"
 #include "support/FullDisk.h"
+#include "support/OutputFixture.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
@@ -19,15 +19,15 @@ namespace {
 
 const QString kStart = u"出力開始 テキスト出力"_s, kEnd = u"出力終了 テキスト出力"_s;
 
-/// Message boxes that look around while they are up.
+/// Message boxes that record the state while they are shown.
 class WatchingDialogs : public QueuedDialogs {
   public:
-    explicit WatchingDialogs(std::function<void(const QString& text)> look) : look_(std::move(look)) {}
+    explicit WatchingDialogs(std::function<void(const QString& text)> callback) : callback_(std::move(callback)) {}
     using QueuedDialogs::ShowMessage;
-    void ShowMessage(const QString& text, const QString& /*title*/) override { look_(text); }
+    void ShowMessage(const QString& text, const QString& /*title*/) override { callback_(text); }
 
   private:
-    std::function<void(const QString& text)> look_;
+    std::function<void(const QString& text)> callback_;
 };
 
 class TextOutput : public OutputTest {
@@ -38,21 +38,16 @@ class TextOutput : public OutputTest {
     }
     ~TextOutput() override { UnloadWaitDialog(); }
 
-    static bool WaitDialogStands() {
-        for (const Form* loaded : LoadedForms())
-            if (loaded->Name() == u"msgお待ち"_s) return true;
-        return false;
-    }
+    static bool WaitDialogShown() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
     static QString Progress() {
-        for (const Form* loaded : LoadedForms())
-            if (loaded->Name() == u"msgお待ち"_s) return loaded->Item(u"lab_件数"_s).Caption();
-        return u"no dialog"_s;
+        const Form* dialog = LoadedForm(u"msgお待ち"_s);
+        return dialog == nullptr ? u"no dialog"_s : dialog->Item(u"lab_件数"_s).Caption();
     }
     QString Notice() const { return form.Plain(u"お知らせ"_s).text; }
     QStringList OutputRows() const { return History().filter(u"出力"_s); }
     void ExpectTidy() const {
         EXPECT_TRUE(form.Enabled());
-        EXPECT_FALSE(WaitDialogStands());
+        EXPECT_FALSE(WaitDialogShown());
         EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
         EXPECT_FALSE(Globals().ReportRecordset.IsOpen());
     }
@@ -62,7 +57,7 @@ class TextOutput : public OutputTest {
 
 }  // namespace
 
-TEST_F(TextOutput, WritesTheMarkedRowsAndTellsTheHistory) {
+TEST_F(TextOutput, WritesTheCheckedRowsAndIsLogged) {
     AddRow({{担当者コード, u"00001"_s}, {担当者名, u"山田"_s}});
     AddRow({{担当者コード, u"00002"_s}}, false);
     RunTextOutput();
@@ -130,7 +125,7 @@ TEST_F(TextOutput, WithoutMarkedRowsSaysSoAndNeitherMakesNorEmptiesAFile) {
     ExpectTidy();
 }
 
-TEST_F(TextOutput, AFileInUseIsToldAndTheTableIsFilledAllTheSame) {
+TEST_F(TextOutput, FileInUseIsShownAfterTheTableIsFilled) {
     const auto other = platform::OutputFile::Open(Globals().TextOutputFileName);
     ASSERT_NE(other, nullptr);
     AddRows(2);
@@ -142,45 +137,45 @@ TEST_F(TextOutput, AFileInUseIsToldAndTheTableIsFilledAllTheSame) {
     ExpectTidy();
 }
 
-TEST_F(TextOutput, MessagesStandWhileTheWaitDialogIsUpAndTheDatabaseOpen) {
-    QStringList told;
+TEST_F(TextOutput, MessagesAreShownOverTheWaitDialog) {
+    QStringList shown;
     platform::Services().dialogs = std::make_unique<WatchingDialogs>([&](const QString& text) {
-        EXPECT_TRUE(WaitDialogStands());
+        EXPECT_TRUE(WaitDialogShown());
         EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
-        told << text + (form.Enabled() ? u" enabled"_s : u" disabled"_s);
+        shown << text + (form.Enabled() ? u" enabled"_s : u" disabled"_s);
     });
     Globals().TextOutputFileName = folder.path();
     RunTextOutput();
     AddRows(1);
     RunTextOutput();
-    EXPECT_EQ(told, QStringList({u"出力情報が有りません enabled"_s, folder.path() + u"が使用中です。 disabled"_s}));
+    EXPECT_EQ(shown, QStringList({u"出力情報が有りません enabled"_s, folder.path() + u"が使用中です。 disabled"_s}));
     ExpectTidy();
 }
 
-TEST_F(TextOutput, AFailureInTheMiddleOfWritingLeavesEverythingAsItStands) {
+TEST_F(TextOutput, WriteErrorPropagatesWithoutCleanup) {
     const FullDisk full;
     AddRows(1);
     EXPECT_EQ(FailureOf(RunTextOutput).number, 61);
     EXPECT_FALSE(form.Enabled());
-    EXPECT_TRUE(WaitDialogStands());
+    EXPECT_TRUE(WaitDialogShown());
     EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
     EXPECT_TRUE(Globals().ReportRecordset.IsOpen());
     EXPECT_EQ(OutputRows(), QStringList{kStart});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(TextOutput, AFailureInTheBuildLeavesTheWaitDialogAndAnEnabledForm) {
+TEST_F(TextOutput, BuildErrorLeavesTheWaitDialog) {
     installation.Report().Execute(u"ALTER TABLE 要員名簿照会 DROP COLUMN EMAIL"_s);
     AddRows(1);
     EXPECT_EQ(FailureOf(RunTextOutput).number, platform::kItemNotFound);
     EXPECT_TRUE(form.Enabled());
-    EXPECT_TRUE(WaitDialogStands());
+    EXPECT_TRUE(WaitDialogShown());
     EXPECT_TRUE(Globals().ReportDatabase.IsOpen());
     EXPECT_TRUE(OutputRows().isEmpty());
     EXPECT_FALSE(QFile::exists(Globals().TextOutputFileName));
 }
 
-TEST_F(TextOutput, TheOutputAfterAFailedOneBeginsAnew) {
+TEST_F(TextOutput, OutputWorksAfterAFailedOne) {
     installation.Report().Execute(u"ALTER TABLE 要員名簿照会 DROP COLUMN EMAIL"_s);
     AddRows(1);
     EXPECT_EQ(FailureOf(RunTextOutput).number, platform::kItemNotFound);
@@ -190,14 +185,14 @@ TEST_F(TextOutput, TheOutputAfterAFailedOneBeginsAnew) {
     ExpectTidy();
 }
 
-TEST_F(TextOutput, AMissingReportDatabaseRisesBeforeAnythingIsShown) {
+TEST_F(TextOutput, MissingReportDatabaseThrowsBeforeAnythingIsShown) {
     ASSERT_TRUE(QFile::remove(installation.Report().Path()));
     AddRows(1);
     EXPECT_NE(FailureOf(RunTextOutput).number, 0);
     ExpectTidy();
 }
 
-TEST_F(TextOutput, OnlyLostCharactersAreToldInTheNotice) {
+TEST_F(TextOutput, OnlyLostCharactersShowANotice) {
     AddRow({{担当者名, u"𠮷野"_s}, {住所A, u"鷗町"_s}});
     AddRow({{担当者名, u"森鷗外"_s}});
     AddRow({{担当者名, u"山田"_s}});
@@ -207,7 +202,7 @@ TEST_F(TextOutput, OnlyLostCharactersAreToldInTheNotice) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(TextOutput, ANoticeOfLostCharactersGoesWithTheNextOutputAndAnyOtherStays) {
+TEST_F(TextOutput, NextOutputClearsOnlyTheNoticeOfLostCharacters) {
     form.Plain(u"お知らせ"_s).text = u"3文字オーバーです。"_s;
     AddRow({{担当者名, u"山田"_s}});
     RunTextOutput();
@@ -220,7 +215,7 @@ TEST_F(TextOutput, ANoticeOfLostCharactersGoesWithTheNextOutputAndAnyOtherStays)
     EXPECT_EQ(Notice(), QString());
 }
 
-TEST_F(TextOutput, NoEventIsLetThroughWhileTheTableIsFilledAndTheFileWritten) {
+TEST_F(TextOutput, ProcessesNoEvents) {
     AddRows(3);
     Globals().Flags.NameListGiven = true;
     TellingSelection window(u"wnd担当者名複数指定"_s, QString());

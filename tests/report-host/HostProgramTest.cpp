@@ -9,10 +9,10 @@
 
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
-#include "report-host/template/OutputTarget.h"
-#include "support/PdfFile.h"
 #include "report-host/layout/PreparedReport.h"
+#include "report-host/template/OutputTarget.h"
 #include "support/HostProgram.h"
+#include "support/PdfFile.h"
 #include "support/PrintService.h"
 #include "support/SampleInstallation.h"
 #include "support/VirtualScreen.h"

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "report-host/layout/ReportPages.h"
 #include "report-host/template/EraToday.h"
+#include "report-host/template/StandardTemplates.h"
 #include "report-host/template/TemplateCheck.h"
 #include "report-host/template/TemplateParser.h"
-#include "report-host/layout/ReportPages.h"
-#include "report-host/template/StandardTemplates.h"
 
 using namespace Qt::StringLiterals;
 using namespace report;

@@ -16,10 +16,10 @@
 #include <chrono>
 
 #include "report-host/DrawnReport.h"
-#include "report-host/template/OutputTarget.h"
 #include "report-host/preview/PageView.h"
 #include "report-host/preview/PreviewWindow.h"
 #include "report-host/render/RenderWatch.h"
+#include "report-host/template/OutputTarget.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"

@@ -11,11 +11,11 @@
 
 #include "platform/FileRights.h"
 #include "report-host/DrawnReport.h"
-#include "report-host/template/OutputTarget.h"
-#include "support/PdfFile.h"
 #include "report-host/service/PrintQueue.h"
 #include "report-host/service/ReportOutput.h"
+#include "report-host/template/OutputTarget.h"
 #include "support/FileBytes.h"
+#include "support/PdfFile.h"
 #include "support/PrintService.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"

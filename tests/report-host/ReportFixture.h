@@ -5,8 +5,8 @@
 #include <QHash>
 #include <QTemporaryDir>
 
-#include "support/PdfFile.h"
 #include "report-host/layout/PreparedReport.h"
+#include "support/PdfFile.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 

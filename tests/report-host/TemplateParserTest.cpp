@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "report-host/template/TemplateCheck.h"
 #include "report-host/template/StandardTemplates.h"
+#include "report-host/template/TemplateCheck.h"
 
 using namespace Qt::StringLiterals;
 using namespace report;

@@ -2,11 +2,9 @@
 #include <QComboBox>
 #include <QtTest/QTest>
 
-#include "screen/Button.h"
-#include "screen/CheckItem.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
-#include "screen/DisplayItem.h"
-#include "screen/Label.h"
+#include "screen/Labels.h"
 #include "screen/NumItem.h"
 #include "screen/ScreenTest.h"
 #include "screen/TabItem.h"
@@ -24,7 +22,7 @@ class Access : public ScreenTest {
     static QString DescriptionOf(QWidget& widget) { return Read(widget, QAccessible::Description); }
 };
 
-TEST_F(Access, ButtonsAndItemsBearTheControlsNameAndCarryTheCaptionAsDescription) {
+TEST_F(Access, ButtonsAndItemsHaveNameAndCaptionAsDescription) {
     Button button(form, form, u"btn_集計検索"_s, u"検索"_s);
     CheckItem box(form, form, u"chb_絞込み"_s, -1, u"絞込み"_s);
     form.first.SetCaption(u"名称"_s);
@@ -67,7 +65,7 @@ TEST_F(Access, HiddenItemGivesNoTextAtAll) {
     EXPECT_EQ(NameOf(pin), QString());
 }
 
-TEST_F(Access, TitleThatHoldsNothingIsToldAsALabel) {
+TEST_F(Access, TitleWithoutChildrenIsALabel) {
     Panel title(form, form, u"itm_ttl_性別"_s, 0, u"性別"_s);
     title.SetTitle();
     ShowActive(form);
@@ -77,7 +75,7 @@ TEST_F(Access, TitleThatHoldsNothingIsToldAsALabel) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&form.panel)->role(), QAccessible::Grouping);
 }
 
-TEST_F(Access, RowPanelIsDescribedByWhatStandsOnItLineByLine) {
+TEST_F(Access, RowPanelIsDescribedByItsTexts) {
     const auto put = [this](const QString& name, const QString& text, int x, int y) {
         auto* item = new DisplayItem(form, form.panel, u"xField"_s, name, 0);
         item->setGeometry(x, y, 20, 10);
@@ -99,7 +97,7 @@ TEST_F(Access, RowPanelIsDescribedByWhatStandsOnItLineByLine) {
     EXPECT_EQ(DescriptionOf(form.panel), QString());
 }
 
-TEST_F(Access, ListOfEntriesKeepsItsNameAndTellsTheEntryShown) {
+TEST_F(Access, ComboBoxHasItsNameAndCurrentEntry) {
     ComboItem combo(form, form, u"在籍区分名称"_s);
     combo.AddItem(u"在籍"_s);
     combo.AddItem(u"退職"_s);
@@ -119,8 +117,8 @@ TEST_F(Access, ListOfEntriesKeepsItsNameAndTellsTheEntryShown) {
     EXPECT_EQ(access->child(1), nullptr);
 }
 
-TEST_F(Access, ListOfEntriesIsToldByItsEntryUntilItGetsAName) {
-    const ComboItem known(form, form, u"区分"_s);  // from the first one on every list is read so
+TEST_F(Access, ComboBoxWithoutNameUsesItsEntry) {
+    const ComboItem known(form, form, u"区分"_s);  // installs the accessible interface of all combo boxes
     QComboBox list;
     list.addItem(u"CSV ファイル"_s);
     EXPECT_EQ(NameOf(list), u"CSV ファイル"_s);

@@ -2,11 +2,9 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "screen/Button.h"
-#include "screen/CheckItem.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
-#include "screen/DisplayItem.h"
-#include "screen/Label.h"
+#include "screen/Labels.h"
 #include "screen/NumItem.h"
 #include "screen/ScreenTest.h"
 #include "screen/ScrollItem.h"
@@ -93,7 +91,7 @@ TEST_F(ControlWalks, WalkSetsNoFocus) {
     EXPECT_EQ(form.ActiveControl(), nullptr);
 }
 
-TEST_F(ControlWalks, DisablingTakesTheWorkingControlsAndTheContainersAndNothingElse) {
+TEST_F(ControlWalks, DisablesInputControlsAndContainersOnly) {
     DisableFormControls(Globals().MainForm);
     EXPECT_EQ(Disabled(), (QStringList{u"bak_dtla"_s, u"検索名称"_s, u"検索カナ"_s, u"在籍区分"_s, u"在籍区分名称"_s,
                                        u"btn_集計検索"_s, u"chb_出力対象"_s, u"scl_行"_s, u"tab_詳細"_s}));
@@ -125,7 +123,7 @@ TEST_F(ControlWalks, ClassesThatOnlyOneListNamesStayAsTheyAre) {
               (QStringList{u"お知らせ"_s, u"暗証番号"_s, u"担当者メモ"_s, u"カナ"_s, u"郵便番号"_s, u"電話"_s}));
 }
 
-TEST_F(ControlWalks, DisablingDuringASearchRaisesNoFocusEvents) {
+TEST_F(ControlWalks, DisablingDuringASearchEmitsNoFocusEvents) {
     ShowActive(form);
     QStringList events;
     for (InputItem* item : {&name, &kana}) {

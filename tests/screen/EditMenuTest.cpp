@@ -27,7 +27,7 @@ class EditMenu : public ScreenTest {
             if (!action->isSeparator()) entries << action->text();
         return entries;
     }
-    /// Chooses an entry by its mnemonic.
+    /// Triggers an entry by its mnemonic.
     static void Choose(QWidget& item, Qt::Key mnemonic) {
         QMenu* menu = Open(item);
         ASSERT_NE(menu, nullptr);

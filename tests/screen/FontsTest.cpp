@@ -1,5 +1,5 @@
+#include "screen/SuiteApplication.h"
 #include "screen/fonts/Fonts.h"
-#include "screen/Style.h"
 
 #include <gtest/gtest.h>
 

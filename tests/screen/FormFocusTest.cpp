@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ComboItem.h"
 #include "screen/ScreenTest.h"
 
@@ -16,7 +16,7 @@ class FormFocus : public ScreenTest {
   protected:
     ThreeItems form;
 
-    /// Shown, active, the focus on the first item, nothing written down yet.
+    /// Shown and active, the focus on the first item, the event log empty.
     void Start() {
         ShowActive(form);
         form.first.SetFocus();
@@ -24,7 +24,7 @@ class FormFocus : public ScreenTest {
     }
 };
 
-TEST_F(FormFocus, SetFocusRaisesBothEventsAtOnceBeforeTheWindowIsShown) {
+TEST_F(FormFocus, SetFocusEmitsBothEventsBeforeTheWindowIsShown) {
     form.first.SetFocus();
     form.second.SetFocus();
     form.third.SetFocus();
@@ -32,7 +32,7 @@ TEST_F(FormFocus, SetFocusRaisesBothEventsAtOnceBeforeTheWindowIsShown) {
     EXPECT_EQ(form.ActiveControl(), &form.third);
 }
 
-TEST_F(FormFocus, SetFocusOnTheActiveItemRaisesNothing) {
+TEST_F(FormFocus, SetFocusOnTheActiveItemEmitsNothing) {
     Start();
     form.first.SetFocus();
     EXPECT_EQ(form.Taken(), QString());
@@ -50,7 +50,7 @@ TEST_F(FormFocus, FirstStopIsActiveWhenTheWindowComesUp) {
     EXPECT_EQ(QApplication::focusWidget(), &form.first);
 }
 
-TEST_F(FormFocus, AfterAHiddenModalWindowSetFocusTwiceRaisesAllEventsAtOnce) {
+TEST_F(FormFocus, SetFocusWorksAfterAHiddenModalWindow) {
     Start();
     ThreeItems modal(u"一覧"_s);
     QString seen;
@@ -68,7 +68,7 @@ TEST_F(FormFocus, AfterAHiddenModalWindowSetFocusTwiceRaisesAllEventsAtOnce) {
     EXPECT_EQ(form.Taken(), QString());
 }
 
-TEST_F(FormFocus, ActivationOfWindowsRaisesNothing) {
+TEST_F(FormFocus, WindowActivationEmitsNothing) {
     Start();
     ThreeItems other(u"別"_s);
     ShowActive(other);
@@ -93,7 +93,7 @@ TEST_F(FormFocus, ActivationGivesNoItemTheFocusWhereNoneIsActive) {
     EXPECT_EQ(form.Taken(), QString());
 }
 
-TEST_F(FormFocus, MessageBoxRaisesNothingSoThatAConfirmationOnFocusRunsOnce) {
+TEST_F(FormFocus, MessageBoxEmitsNoFocusEvents) {
     Button button(form, form, u"確認"_s, u"確認"_s);
     button.setGeometry(200, 10, 80, 24);
     Start();
@@ -136,7 +136,7 @@ TEST_F(FormFocus, PopUpOfAComboBoxAndContextMenuRaiseNothing) {
     EXPECT_EQ(form.ActiveControl(), &form.first);
 }
 
-TEST_F(FormFocus, DisablingTheFormDropsTheFocusAndRaisesNothing) {
+TEST_F(FormFocus, DisablingTheFormDropsTheFocusSilently) {
     Start();
     form.SetEnabled(false);
     EXPECT_EQ(form.ActiveControl(), nullptr);
@@ -153,7 +153,7 @@ TEST_F(FormFocus, DisablingTheActiveItemDoesNotHopToItsNeighbour) {
     EXPECT_EQ(form.Taken(), QString());
 }
 
-TEST_F(FormFocus, DisablingOrHidingThePanelAroundTheActiveItemDropsTheFocus) {
+TEST_F(FormFocus, DisablingOrHidingThePanelDropsTheFocus) {
     Start();
     form.second.SetFocus();
     form.Taken();
@@ -171,7 +171,7 @@ TEST_F(FormFocus, DisablingOrHidingThePanelAroundTheActiveItemDropsTheFocus) {
     EXPECT_EQ(form.Taken(), QString());
 }
 
-TEST_F(FormFocus, ItemThatHadTheFocusRaisesGotFocusAgainAfterTheFormWasDisabled) {
+TEST_F(FormFocus, EmitsGotFocusAgainAfterTheFormWasDisabled) {
     Start();
     form.SetEnabled(false);
     form.SetEnabled(true);
@@ -186,14 +186,14 @@ TEST_F(FormFocus, DisabledFormOrItemTakesNoFocus) {
     form.panel.SetVisible(false);
     form.second.SetEnabled(true);
     form.second.SetFocus();
-    form.panel.SetFocus();  // has nothing to type into
+    form.panel.SetFocus();  // not an input item
     form.SetEnabled(false);
     form.third.SetFocus();
     EXPECT_EQ(form.Taken(), QString());
     EXPECT_EQ(form.ActiveControl(), nullptr);
 }
 
-TEST_F(FormFocus, ClickRaisesBothEventsAfterQtHasMovedItsOwnFocus) {
+TEST_F(FormFocus, ClickEmitsBothEventsAfterQtsFocusChange) {
     Start();
     const QWidget* focusAtEvent = nullptr;
     form.third.GotFocus = [&] { focusAtEvent = QApplication::focusWidget(); };
@@ -203,7 +203,7 @@ TEST_F(FormFocus, ClickRaisesBothEventsAfterQtHasMovedItsOwnFocus) {
     EXPECT_EQ(form.ActiveControl(), &form.third);
 }
 
-TEST_F(FormFocus, ScreenReaderRaisesBothEvents) {
+TEST_F(FormFocus, ScreenReaderEmitsBothEvents) {
     Start();
     QAccessible::queryAccessibleInterface(&form.third)
         ->actionInterface()
@@ -212,7 +212,7 @@ TEST_F(FormFocus, ScreenReaderRaisesBothEvents) {
     EXPECT_EQ(form.Taken(), u"-一 +三"_s);
 }
 
-TEST_F(FormFocus, FocusMovedByAScreenReaderIsRaisedBeforeTheNextKey) {
+TEST_F(FormFocus, ScreenReaderFocusIsEmittedBeforeTheNextKey) {
     Start();
     form.third.setFocus(Qt::OtherFocusReason);
     EXPECT_EQ(form.Taken(), QString());
@@ -232,7 +232,7 @@ TEST_F(FormFocus, GotFocusThatSendsTheFocusOnWins) {
     EXPECT_EQ(QApplication::focusWidget(), &form.second);
 }
 
-TEST_F(FormFocus, LostFocusThatSendsTheFocusElsewhereWinsAndTheItemInBetweenSeesNothing) {
+TEST_F(FormFocus, LostFocusThatMovesTheFocusWins) {
     Start();
     form.first.LostFocus = [&] {
         form.events << u"-一"_s;

@@ -6,7 +6,7 @@
 #include <QtTest/QTest>
 
 #include "platform/RuntimeError.h"
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
@@ -22,7 +22,7 @@ class FormInput : public ScreenTest {
     }
 };
 
-TEST_F(FormInput, DisabledFormTakesNoKeyMouseWheelTouchMenuOrComposedText) {
+TEST_F(FormInput, DisabledFormTakesNoInput) {
     int clicks = 0;
     button.Click = [&] { ++clicks; };
     form.panel.Click = [&] { ++clicks; };
@@ -62,7 +62,7 @@ TEST_F(FormInput, CloseBoxWorksOnADisabledFormAndLeavesTheFormAsItIs) {
     EXPECT_TRUE(form.isVisible());
 }
 
-TEST_F(FormInput, ClickOnADisabledItemDoesNotReachThePanelBehind) {
+TEST_F(FormInput, ClickOnADisabledItemDoesNotReachItsPanel) {
     int clicks = 0;
     form.panel.Click = [&] { ++clicks; };
     form.second.Click = [&] { ++clicks; };
@@ -73,7 +73,7 @@ TEST_F(FormInput, ClickOnADisabledItemDoesNotReachThePanelBehind) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FormInput, PanelThatIsDisabledTakesNoClickForItselfAndForWhatLiesOnIt) {
+TEST_F(FormInput, DisabledPanelTakesNoClick) {
     int clicks = 0;
     form.panel.Click = form.second.Click = [&] { ++clicks; };
     form.panel.SetEnabled(false);
@@ -82,7 +82,7 @@ TEST_F(FormInput, PanelThatIsDisabledTakesNoClickForItselfAndForWhatLiesOnIt) {
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(FormInput, PressThatAFocusHandlerAnswersByDisablingTheFormGoesNoFurther) {
+TEST_F(FormInput, PressIsDiscardedIfAFocusHandlerDisablesTheForm) {
     int clicks = 0;
     button.Click = [&] { ++clicks; };
     button.GotFocus = [&] { form.SetEnabled(false); };
@@ -90,7 +90,7 @@ TEST_F(FormInput, PressThatAFocusHandlerAnswersByDisablingTheFormGoesNoFurther) 
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(FormInput, ErrorThatNobodyCaughtIsShownWithItsDescription) {
+TEST_F(FormInput, UncaughtErrorIsShown) {
     const auto fail = [] { throw platform::RuntimeError(94, u"Null の使い方が不正です。"_s); };
     button.Click = fail;
     form.first.Change = fail;
@@ -106,7 +106,7 @@ TEST_F(FormInput, ErrorThatNobodyCaughtIsShownWithItsDescription) {
     EXPECT_EQ(services.dialogs.shown.size(), 4);
 }
 
-TEST_F(FormInput, ErrorFromWithinAWriteRisesToTheWorkAroundIt) {
+TEST_F(FormInput, ErrorInAWritePropagatesToTheCaller) {
     form.first.Change = [] { throw platform::RuntimeError(1, u"中"_s); };
     form.second.GotFocus = [] { throw platform::RuntimeError(1, u"中"_s); };
     bool reached = false;

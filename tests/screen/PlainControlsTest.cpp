@@ -2,10 +2,8 @@
 #include <QApplication>
 #include <QtTest/QTest>
 
-#include "screen/Button.h"
-#include "screen/CheckItem.h"
-#include "screen/DisplayItem.h"
-#include "screen/Label.h"
+#include "screen/Buttons.h"
+#include "screen/Labels.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;
@@ -21,7 +19,7 @@ class PlainControls : public ScreenTest {
         form.first.SetFocus();
         form.Taken();
     }
-    /// Puts a control that was made on the panel where it can be clicked.
+    /// Places a control on the panel where it can be clicked.
     template <typename Made>
     Made& Placed(Made* made) {
         made->setGeometry(120, 10, 80, 24);
@@ -54,7 +52,7 @@ TEST_F(PlainControls, ButtonIsNeverADefaultButton) {
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(PlainControls, ButtonThatIsDisabledRaisesNothingAndPassesNothingOn) {
+TEST_F(PlainControls, DisabledButtonEmitsNothing) {
     auto& button = Placed(new Button(form, form.panel, u"釦"_s, u"釦"_s));
     int clicks = 0;
     button.Click = [&] { ++clicks; };
@@ -82,7 +80,7 @@ TEST_F(PlainControls, ButtonKeepsItsColourWhileDisabledStateComesAndGoes) {
     EXPECT_EQ(button.ForeColor(), QColor(0, 192, 0));
 }
 
-TEST_F(PlainControls, CheckItemIsZeroOrOneAndRaisesClickOnChange) {
+TEST_F(PlainControls, CheckItemIsZeroOrOneAndEmitsClickOnChange) {
     auto& box = Placed(new CheckItem(form, form.panel, u"chb_出力対象"_s, 3, QString()));
     QList<int> clicks;
     box.Click = [&] { clicks << box.Value(); };
@@ -156,7 +154,7 @@ TEST_F(PlainControls, DoubleClickIsOneClickAndOneDoubleClick) {
     EXPECT_EQ(events, (QStringList{u"click"_s, u"double"_s}));
 }
 
-TEST_F(PlainControls, WrittenTextRaisesChangeOnlyWhereItChanges) {
+TEST_F(PlainControls, WrittenTextEmitsChangeOnlyWhereItChanges) {
     int changes = 0;
     auto& item = Placed(new DisplayItem(form, form.panel, u"xField"_s, u"行No"_s, 0));
     item.Change = [&] { ++changes; };

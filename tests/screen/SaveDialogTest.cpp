@@ -22,11 +22,11 @@ namespace {
 
 const QString kFilter = u"テキスト ファイル (*.txt)|*.txt|CSV ファイル (*.csv)|*.csv"_s;
 
-/// Works the save dialog that comes up, by keys.
+/// Answers the save dialog by keys.
 class SaveUser {
   public:
-    explicit SaveUser(std::function<void(QFileDialog&, QLineEdit&)> work) : work_(std::move(work)) {
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+    explicit SaveUser(std::function<void(QFileDialog&, QLineEdit&)> callback) : callback_(std::move(callback)) {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Poll(); });
         timer_.start(10);
     }
     bool used = false;
@@ -38,19 +38,19 @@ class SaveUser {
     }
 
   private:
-    void Look() {
+    void Poll() {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr) return;
         timer_.stop();
         used = true;
-        work_(*dialog, *dialog->findChild<QLineEdit*>(u"fileNameEdit"_s));
+        callback_(*dialog, *dialog->findChild<QLineEdit*>(u"fileNameEdit"_s));
     }
 
     QTimer timer_;
-    std::function<void(QFileDialog&, QLineEdit&)> work_;
+    std::function<void(QFileDialog&, QLineEdit&)> callback_;
 };
 
-/// For its length a user lives in that folder.
+/// Sets the home folder while it exists.
 class Home {
   public:
     explicit Home(const QString& folder) : kept_(qgetenv("HOME")), config_(qgetenv("XDG_CONFIG_HOME")) {
@@ -70,8 +70,8 @@ class Home {
 
 class SaveDialog : public testing::Test {
   protected:
-    std::optional<QString> Ask(const QString& name, std::function<void(QFileDialog&, QLineEdit&)> work) {
-        const SaveUser user(std::move(work));
+    std::optional<QString> Ask(const QString& name, std::function<void(QFileDialog&, QLineEdit&)> callback) {
+        const SaveUser user(std::move(callback));
         const auto chosen = dialogs.ShowSave({kFilter, 2, name});
         EXPECT_TRUE(user.used);
         return chosen;
@@ -82,14 +82,14 @@ class SaveDialog : public testing::Test {
 
 }  // namespace
 
-TEST_F(SaveDialog, ItsListsOfEntriesAreToldByTheirCaptions) {
-    QStringList told;
+TEST_F(SaveDialog, ComboBoxesHaveAccessibleNames) {
+    QStringList names;
     Ask(folder.filePath(u"a.csv"_s), [&](QFileDialog& dialog, QLineEdit&) {
         for (const QString& list : {u"lookInCombo"_s, u"fileTypeCombo"_s})
-            told << dialog.findChild<QComboBox*>(list)->accessibleName();
+            names << dialog.findChild<QComboBox*>(list)->accessibleName();
         dialog.reject();
     });
-    EXPECT_EQ(told, QStringList({u"Look in"_s, u"Files of type"_s}));
+    EXPECT_EQ(names, QStringList({u"Look in"_s, u"Files of type"_s}));
 }
 
 TEST_F(SaveDialog, ProposesTheNameInItsFolderWithTheSecondKind) {
@@ -151,7 +151,7 @@ TEST_F(SaveDialog, AFolderStillToBeMadeIsProposedInFull) {
 
 TEST_F(SaveDialog, ANameWithoutAFolderIsProposedAmongTheUsersOwnFiles) {
     const Home home(folder.path());
-    // As the office's empty folder and the file's name make it, and as a name alone.
+    // An empty office folder gives "/name"; also a name without a folder.
     for (const QString& name : {u"\\要員名簿照会.CSV"_s, u"要員名簿照会.CSV"_s})
         for (const QString& own : {QString(), u"/Documents"_s}) {
             ASSERT_TRUE(QDir().mkpath(folder.path() + own));

@@ -60,7 +60,7 @@ void ScreenTest::Wheel(QWidget& widget, QPoint angle) {
     const QPointF place = widget.rect().center();
     QWheelEvent event(place, widget.mapToGlobal(place), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    // Qt hands a wheel event on to the widgets around only if it comes from the window system.
+    // Qt propagates a wheel event to parent widgets only if it comes from the window system.
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(&widget, &event);
 }

@@ -8,17 +8,13 @@
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
+#include "support/FormRobot.h"
 
 using namespace Qt::StringLiterals;
 
 class WaitDialog : public ScreenTest {
   protected:
-    static Form* Shown() {
-        const auto& forms = LoadedForms();
-        const auto found =
-            std::find_if(forms.begin(), forms.end(), [](const Form* form) { return form->Name() == u"msgお待ち"_s; });
-        return found == forms.end() ? nullptr : *found;
-    }
+    static Form* Shown() { return LoadedForm(u"msgお待ち"_s); }
     void TearDown() override { UnloadWaitDialog(); }
 };
 
@@ -35,7 +31,7 @@ TEST_F(WaitDialog, SaysOneSentenceHasNoButtonsAndNoCloseBox) {
     EXPECT_FALSE(Shown()->isModal());
 }
 
-TEST_F(WaitDialog, IsMadeAnewByEachJob) {
+TEST_F(WaitDialog, IsCreatedByEachJob) {
     ShowWaitDialog();
     const QPointer<Form> first(Shown());
     UnloadWaitDialog();
@@ -49,15 +45,13 @@ TEST_F(WaitDialog, IsMadeAnewByEachJob) {
 TEST_F(WaitDialog, ShownTwiceWithoutUnloadingItIsOne) {
     ShowWaitDialog();
     ShowWaitDialog();
-    EXPECT_EQ(std::count_if(LoadedForms().begin(), LoadedForms().end(),
-                            [](const Form* form) { return form->Name() == u"msgお待ち"_s; }),
-              1);
+    EXPECT_EQ(LoadedForms().size(), 1U);
     UnloadWaitDialog();
     UnloadWaitDialog();
     EXPECT_EQ(Shown(), nullptr);
 }
 
-TEST_F(WaitDialog, LiesOverTheMainFormAndTakesNeitherActivationNorFocus) {
+TEST_F(WaitDialog, IsAboveTheMainFormWithoutTakingTheFocus) {
     ThreeItems form;
     Globals().MainForm = &form;
     ShowActive(form);
@@ -82,7 +76,7 @@ class Paints : public QObject {
 };
 }  // namespace
 
-TEST_F(WaitDialog, ProgressIsPaintedAtOnceButOnlyAfterHalfASecondAndTenTimesASecond) {
+TEST_F(WaitDialog, ProgressIsPaintedAfterHalfASecondAndTenTimesASecond) {
     using namespace std::chrono_literals;
     ShowWaitDialog();
     Control& line = Shown()->Item(u"lab_件数"_s);

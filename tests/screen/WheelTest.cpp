@@ -2,7 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "screen/ComboItem.h"
-#include "screen/DisplayItem.h"
+#include "screen/Labels.h"
 #include "screen/NumItem.h"
 #include "screen/ScreenTest.h"
 #include "screen/ScrollItem.h"
@@ -15,7 +15,7 @@ namespace {
 constexpr QPoint kTowardsUser(0, -120);
 constexpr QPoint kAway(0, 120);
 
-/// Lets a wheel event that comes to the form itself be counted behind the hook.
+/// Counts the wheel events that reach the form after the hook.
 class CountingForm : public Form {
   public:
     using Form::Form;
@@ -45,7 +45,7 @@ class WheelHook : public ScreenTest {
         number.setGeometry(10, 40, 80, 24);
         combo.setGeometry(10, 70, 80, 24);
         bar.setGeometry(250, 10, 18, 180);
-        bar.SetMaxValue(20);
+        bar.TakePlace(0, 20);
         combo.AddItem(u"一"_s);
         combo.AddItem(u"二"_s);
         combo.SetListIndex(0);
@@ -57,7 +57,7 @@ class WheelHook : public ScreenTest {
     void TearDown() override { RemoveWheelHook(); }
 };
 
-TEST_F(WheelHook, TurnTowardsTheUserGoesOnePageOnAndAwayOnePageBack) {
+TEST_F(WheelHook, ScrollsByOnePageInEachDirection) {
     Wheel(form, kTowardsUser);
     EXPECT_EQ(changes, QList<int>{8});
     Wheel(form, kAway);
@@ -75,7 +75,7 @@ TEST_F(WheelHook, WorksOverEveryControlOnceAndNoControlActsASecondTime) {
     EXPECT_EQ(combo.ListIndex(), 0);
 }
 
-TEST_F(WheelHook, AtTheTopATurnAwayRaisesNoChange) {
+TEST_F(WheelHook, ScrollingUpAtTheTopEmitsNothing) {
     Wheel(form, kAway);
     EXPECT_EQ(bar.Value(), 0);
     EXPECT_TRUE(changes.isEmpty());
@@ -143,7 +143,7 @@ TEST_F(WheelHook, RemovedHookScrollsNoMore) {
     EXPECT_FALSE(RemoveWheelHook());
 }
 
-TEST(WheelDelta, IsTheUpperHalfAsSignedNumberAndMinusOneWhereThatIsZero) {
+TEST(WheelDelta, IsTheSignedHighWordAndMinusOneForZero) {
     const QList<QPair<quint32, int>> cases = {
         {0x00780000, 120}, {0x00F00000, 240},   {0xFF880000, -120},   {0xFF10000C, -240},
         {0x00010000, 1},   {0x7FFF0000, 32767}, {0x80000000, -32768}, {0xFFFF0000, -1},

@@ -12,17 +12,17 @@ struct Extraction {
     QString condition, value, rest;
 };
 
-/// Worked out by hand for the column A.x; "(kept)" is what stood in the rest before.
+/// Expected values for the column A.x; "(kept)" is the previous content of `rest`.
 const QList<Extraction>& Extractions() {
     static const QList<Extraction> rows = {
-        // every operator, alone
+        // every operator as the only term
         {u"A.x >= '1'"_s, u"1"_s, u""_s},
         {u"A.x <= '1'"_s, u"1"_s, u""_s},
         {u"A.x = '1'"_s, u"1"_s, u""_s},
         {u"A.x > '1'"_s, u"1"_s, u""_s},
         {u"A.x < '1'"_s, u"1"_s, u""_s},
         {u"A.x LIKE '%1%'"_s, u"1"_s, u""_s},
-        // in front of another term
+        // before another term
         {u"A.x >= '1' AND B.y = '2'"_s, u"1"_s, u"B.y = '2'"_s},
         {u"A.x >= '1' OR B.y = '2'"_s, u"1"_s, u"B.y = '2'"_s},
         {u"A.x <= '1' AND B.y = '2'"_s, u"1"_s, u"B.y = '2'"_s},
@@ -32,7 +32,7 @@ const QList<Extraction>& Extractions() {
         {u"A.x > '1' AND B.y = '2'"_s, u"1"_s, u" AND B.y = '2'"_s},
         {u"A.x < '1' OR B.y = '2'"_s, u"1"_s, u" OR B.y = '2'"_s},
         {u"A.x LIKE '1%' AND B.y = '2'"_s, u"1"_s, u" AND B.y = '2'"_s},
-        // behind another term
+        // after another term
         {u"B.y = '2' AND A.x >= '1'"_s, u"1"_s, u"B.y = '2'"_s},
         {u"B.y = '2' OR A.x >= '1'"_s, u"1"_s, u"B.y = '2'"_s},
         {u"B.y = '2' AND A.x <= '1'"_s, u"1"_s, u"B.y = '2'"_s},
@@ -42,12 +42,12 @@ const QList<Extraction>& Extractions() {
         {u"B.y = '2' AND A.x > '1'"_s, u"1"_s, u""_s},
         {u"B.y = '2' AND A.x < '1'"_s, u"1"_s, u""_s},
         {u"B.y = '1' AND A.x LIKE '%ab%'"_s, u"ab"_s, u""_s},
-        // between two others
+        // between two terms
         {u"B.y = '2' AND A.x >= '1' AND C.z = '3'"_s, u"1"_s, u"B.y = '2' AND C.z = '3'"_s},
         {u"B.y = '2' OR A.x = '1' OR C.z = '3'"_s, u"1"_s, u"B.y = '2' OR C.z = '3'"_s},
         {u"B.y = '2' AND A.x LIKE '1' AND C.z = '3'"_s, u"1"_s, u" AND C.z = '3'"_s},
         {u"B.y = '2' OR A.x >= '1' AND C.z = '3'"_s, u"1"_s, u"B.y = '2' OR A.x >= '1' AND C.z = '3'"_s},
-        // behind WHERE
+        // after WHERE
         {u" WHERE A.x >= '1' AND B.y = '2'"_s, u"1"_s, u" WHERE B.y = '2'"_s},
         {u" WHERE A.x >= '1' OR B.y = '2'"_s, u"1"_s, u" WHERE B.y = '2'"_s},
         {u" WHERE A.x >= '1'"_s, u"1"_s, u" WHERE "_s},
@@ -95,7 +95,7 @@ const QList<Extraction>& Extractions() {
         {u"A.x>='1'"_s, u""_s, u"(kept)"_s},
         {u""_s, u""_s, u"(kept)"_s},
         {u"A.xx >= '1'"_s, u""_s, u"(kept)"_s},
-        // letter case, empty values, a longer name, a bracket inside the value
+        // letter case, empty values, a longer column name, a bracket in the value
         {u"a.X >= 'q' and b.y = '2'"_s, u"q"_s, u"b.y = '2'"_s},
         {u"B.y = '2' and a.X like '%q%'"_s, u"q"_s, u""_s},
         {u"A.x >= '' AND B.y = '2'"_s, u""_s, u"B.y = '2'"_s},
@@ -125,7 +125,7 @@ TEST(ExtractConditionTest, ReadsAndWritesTheSameText) {
     EXPECT_EQ(condition, QString());
 }
 
-TEST(ExtractConditionTest, ColumnWithoutAnOperatorBehindItHasNoTerm) {
+TEST(ExtractConditionTest, ColumnWithoutAnOperatorHasNoTerm) {
     QString condition = u"M担当者.コード IS NOT NULL"_s;
     EXPECT_EQ(ExtractCondition(u"M担当者.コード"_s, condition, condition), QString());
     EXPECT_EQ(condition, u"M担当者.コード IS NOT NULL"_s);

@@ -23,8 +23,7 @@ ListWindowTest::ListWindowTest() {
 ListWindowTest::~ListWindowTest() {
     caller_.reset();
     Globals().MainForm = nullptr;
-    // The windows that were opened from it live hidden to the end of the program.
-    while (!LoadedForms().empty()) delete LoadedForms().back();
+    qDeleteAll(LoadedForms());  // windows opened from it are still loaded, hidden
 }
 
 void ListWindowTest::UseMainForm(const QString& name) {

@@ -4,6 +4,7 @@
 #include "selection/ListWindowFixture.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QScreen>
 #include <algorithm>
 
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 class LookupControllerTest : public ListWindowTest {
   protected:
-    /// What the caller's form sees, one word after the other.
+    /// Events of the calling form, separated by blanks.
     QStringList events;
 
     void Watch() {
@@ -29,9 +30,9 @@ class LookupControllerTest : public ListWindowTest {
 
 TEST_F(LookupControllerTest, ClickOnARowClosesAtOnceAndGoesOverTheResultItemToTheNext) {
     Watch();
-    Open(u"wnd役職一覧"_s, u"M役職.コード >= '20'"_s, {[](const FormRobot& hands) {
-             hands.ClickRow(1);
-             EXPECT_FALSE(hands.Window().isVisible());
+    Open(u"wnd役職一覧"_s, u"M役職.コード >= '20'"_s, {[](const FormRobot& robot) {
+             robot.ClickRow(1);
+             EXPECT_FALSE(robot.Window().isVisible());
          }});
     EXPECT_EQ(events, (QStringList{u"text 25"_s, u"+開始コード"_s, u"-開始コード"_s, u"+終了コード"_s}));
     EXPECT_TRUE(Caller().Enabled());
@@ -40,11 +41,11 @@ TEST_F(LookupControllerTest, ClickOnARowClosesAtOnceAndGoesOverTheResultItemToTh
 
 TEST_F(LookupControllerTest, EnterOnTheSelectedRowDoesTheSame) {
     Watch();
-    Open(u"wnd役職一覧"_s, {[](const FormRobot& hands) {
-             hands.List().SetFocus();
-             hands.Press(Qt::Key_Down);
-             hands.Press(Qt::Key_Down);
-             hands.Press(Qt::Key_Enter);
+    Open(u"wnd役職一覧"_s, {[](const FormRobot& robot) {
+             robot.List().SetFocus();
+             robot.Press(Qt::Key_Down);
+             robot.Press(Qt::Key_Down);
+             robot.Press(Qt::Key_Enter);
          }});
     EXPECT_EQ(events, (QStringList{u"text 20"_s, u"+開始コード"_s, u"-開始コード"_s, u"+終了コード"_s}));
 }
@@ -52,10 +53,10 @@ TEST_F(LookupControllerTest, EnterOnTheSelectedRowDoesTheSame) {
 TEST_F(LookupControllerTest, BackEscAndTheCloseBoxLeaveTheItemAsItWasAndOnIt) {
     Result().SetText(u"5"_s);
     Watch();
-    const Works ways = {[](const FormRobot& hands) { GoBack(hands); },
-                        [](const FormRobot& hands) { hands.Press(Qt::Key_Escape); },
-                        [](const FormRobot& hands) { hands.Window().close(); }};
-    for (const ModalScript::Work& way : ways) {
+    const Works ways = {[](const FormRobot& robot) { GoBack(robot); },
+                        [](const FormRobot& robot) { robot.Press(Qt::Key_Escape); },
+                        [](const FormRobot& robot) { robot.Window().close(); }};
+    for (const ModalScript::Callback& way : ways) {
         events.clear();
         Open(u"wnd部門一覧"_s, u"M部門.コード >= '5'"_s, {way});
         EXPECT_EQ(events, QStringList{u"+開始コード"_s});
@@ -71,7 +72,7 @@ TEST_F(LookupControllerTest, NextItemThatCannotTakeTheFocusIsPassedBy) {
     third->move(0, 200);
     third->show();
     Caller().Item(u"終了コード"_s).SetEnabled(false);
-    Open(u"wnd役職一覧"_s, {[](const FormRobot& hands) { hands.ClickRow(0); }});
+    Open(u"wnd役職一覧"_s, {[](const FormRobot& robot) { robot.ClickRow(0); }});
     EXPECT_EQ(Caller().ActiveControl(), third);
 }
 
@@ -81,7 +82,7 @@ TEST_F(LookupControllerTest, EscLooksForNoOtherNextItem) {
     third->show();
     Control& next = Caller().Item(u"終了コード"_s);
     next.SetEnabled(false);
-    Open(u"wnd役職一覧"_s, {[](const FormRobot& hands) { hands.Press(Qt::Key_Escape); }});
+    Open(u"wnd役職一覧"_s, {[](const FormRobot& robot) { robot.Press(Qt::Key_Escape); }});
     EXPECT_EQ(Globals().ListNextItem, &next);
     EXPECT_EQ(Caller().ActiveControl(), &Result());
 }
@@ -94,45 +95,45 @@ TEST_F(LookupControllerTest, OnlyUnderTheProgramOfItsMasterIsAWindowUnloaded) {
     for (const QStringList& window : windows) {
         for (const QStringList& other : windows) {
             UseMainForm(other[1]);
-            Open(window[0], {[](const FormRobot& hands) { hands.ClickRow(0); }});
+            Open(window[0], {[](const FormRobot& robot) { robot.ClickRow(0); }});
             EXPECT_EQ(IsFormLoaded(window[0]), window[1] != other[1])
                 << window[0].toStdString() << " under " << other[1].toStdString();
             EXPECT_NE(Result().Text(), QString());
         }
         UseMainForm(u"frm要員名簿照会"_s);
-        Open(window[0], {[](const FormRobot& hands) { hands.Press(Qt::Key_Escape); }});
+        Open(window[0], {[](const FormRobot& robot) { robot.Press(Qt::Key_Escape); }});
         EXPECT_TRUE(IsFormLoaded(window[0]));
     }
 }
 
 TEST_F(LookupControllerTest, ColumnTitleSortsAndFlipsAndChoosesNothing) {
-    Open(u"wnd役職一覧"_s, {[](const FormRobot& hands) {
-             const QStringList byQuery = hands.Codes();
+    Open(u"wnd役職一覧"_s, {[](const FormRobot& robot) {
+             const QStringList byQuery = robot.Codes();
              QStringList reversed = byQuery;
              std::reverse(reversed.begin(), reversed.end());
-             hands.ClickTitle(0);  // SortKey already, so the order flips
-             EXPECT_EQ(hands.Codes(), reversed);
-             hands.ClickTitle(1);  // another column keeps the order that is
-             EXPECT_EQ(hands.List().SortKey(), 1);
-             EXPECT_EQ(hands.List().SortOrder(), Qt::DescendingOrder);
-             EXPECT_TRUE(hands.List().Sorted());
-             hands.ClickTitle(1);
-             EXPECT_EQ(hands.List().SortOrder(), Qt::AscendingOrder);
-             hands.ClickTitle(0);
-             EXPECT_EQ(hands.Codes(), byQuery);
-             EXPECT_TRUE(hands.Window().isVisible());
-             hands.Press(Qt::Key_Escape);
+             robot.ClickTitle(0);  // SortKey already, so the order flips
+             EXPECT_EQ(robot.Codes(), reversed);
+             robot.ClickTitle(1);  // another column keeps the present order
+             EXPECT_EQ(robot.List().SortKey(), 1);
+             EXPECT_EQ(robot.List().SortOrder(), Qt::DescendingOrder);
+             EXPECT_TRUE(robot.List().header()->isSortIndicatorShown());
+             robot.ClickTitle(1);
+             EXPECT_EQ(robot.List().SortOrder(), Qt::AscendingOrder);
+             robot.ClickTitle(0);
+             EXPECT_EQ(robot.Codes(), byQuery);
+             EXPECT_TRUE(robot.Window().isVisible());
+             robot.Press(Qt::Key_Escape);
          }});
 }
 
-TEST_F(LookupControllerTest, NewSearchStandsInTheOrderOfItsQueryAgain) {
-    Open(u"wnd部門一覧"_s, {[](const FormRobot& hands) {
-             const QStringList byQuery = hands.Codes();
-             hands.ClickTitle(0);
-             ASSERT_NE(hands.Codes(), byQuery);
-             hands.Click(u"btn_画面クリア"_s);
-             EXPECT_EQ(hands.Codes(), byQuery);
-             GoBack(hands);
+TEST_F(LookupControllerTest, NewSearchHasTheOrderOfItsQuery) {
+    Open(u"wnd部門一覧"_s, {[](const FormRobot& robot) {
+             const QStringList byQuery = robot.Codes();
+             robot.ClickTitle(0);
+             ASSERT_NE(robot.Codes(), byQuery);
+             robot.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(robot.Codes(), byQuery);
+             GoBack(robot);
          }});
 }
 
@@ -140,16 +141,14 @@ TEST_F(LookupControllerTest, WindowOpensOverItsOwnerAndNeverOffTheScreen) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     for (const QPoint& place : {QPoint(40, 30), QPoint(-700, -500), screen.bottomRight()}) {
         Caller().move(place);
-        Open(u"wnd部門一覧"_s, {[&](const FormRobot& hands) {
-                 const Form& window = hands.Window();
+        Open(u"wnd部門一覧"_s, {[&](const FormRobot& robot) {
+                 const Form& window = robot.Window();
                  EXPECT_TRUE(screen.contains(window.geometry())) << place.x() << ',' << place.y();
-                 if (place.x() != 40) return GoBack(hands);
+                 if (place.x() != 40) return GoBack(robot);
                  EXPECT_LE(qAbs(window.geometry().center().x() - Caller().geometry().center().x()), 2);
-                 GoBack(hands);
+                 GoBack(robot);
              }});
     }
 }
 
-TEST_F(LookupControllerTest, NameThatIsNoListWindowRises) {
-    EXPECT_THROW(ShowListWindow(u"wnd何か"_s), platform::RuntimeError);
-}
+TEST_F(LookupControllerTest, UnknownNameThrows) { EXPECT_THROW(ShowListWindow(u"wnd何か"_s), platform::RuntimeError); }

@@ -27,7 +27,7 @@ class StaffListQueryTest : public ::testing::Test {
         conditions.allEmployees = conditions.employeeClass = 6;
     }
 
-    /// Every item filled, both classes narrowed, a caller's condition left over, and an office.
+    /// All items filled, both classes restricted, a remaining ListCondition and an office.
     void FillEverything() {
         conditions.code = u"00123"_s;
         conditions.name = u" 山田 "_s;
@@ -56,7 +56,7 @@ TEST_F(StaffListQueryTest, HeadFollowsTheDialect) {
     }
 }
 
-TEST_F(StaffListQueryTest, EverySearchHasItsOwnTermsBehindTheCommonOnes) {
+TEST_F(StaffListQueryTest, EverySearchAppendsItsTerms) {
     FillEverything();
     const QString common =
         u"(M担当者.コード >= '00005') AND (M担当者.事業所コード = '002' OR M担当者.事業所コード = '000')"_s;
@@ -94,7 +94,7 @@ TEST_F(StaffListQueryTest, EverySearchHasItsOwnTermsBehindTheCommonOnes) {
     }
 }
 
-TEST_F(StaffListQueryTest, EmptyItemsAddNoTermAndTheDefaultClassesAreOneOnThePayrollAndOneAll) {
+TEST_F(StaffListQueryTest, EmptyItemsAddNoTerm) {
     const QString byCode = kSelect + kJoins + u" WHERE M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s;
     conditions.name = u"  "_s;
     conditions.kana = u" "_s;
@@ -124,7 +124,7 @@ TEST_F(StaffListQueryTest, NegationAsksForCodesBelowAndNegatesTheDefaultEnrolmen
         kSelect + kJoins + u" WHERE M担当者.コード < '00100' AND M担当者.在籍区分 <> '0' ORDER BY M担当者.コード"_s);
 }
 
-TEST_F(StaffListQueryTest, OfficeTermDependsOnTheOperatingOfficeAndNamesTheOfficeInScope) {
+TEST_F(StaffListQueryTest, OperatingOfficeDecidesIfTheScopeOfficeFilters) {
     const QString onPayroll = u"M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s;
     Globals().ScopeOfficeCode = u"003"_s;
     EXPECT_EQ(BuildCompositeQuery(conditions), kSelect + kJoins + u" WHERE "_s + onPayroll);
@@ -138,7 +138,7 @@ TEST_F(StaffListQueryTest, OfficeTermDependsOnTheOperatingOfficeAndNamesTheOffic
     }
 }
 
-TEST_F(StaffListQueryTest, OfficeThatWorksHereAndIsInScopeItselfStillLimitsTheStaff) {
+TEST_F(StaffListQueryTest, OperatingOfficeInScopeStillFilters) {
     Globals().Environment.OperatingOfficeCode = Globals().ScopeOfficeCode = u"001"_s;
     EXPECT_EQ(BuildCompositeQuery(conditions),
               kSelect + kJoins +
@@ -146,7 +146,7 @@ TEST_F(StaffListQueryTest, OfficeThatWorksHereAndIsInScopeItselfStillLimitsTheSt
                   u" AND M担当者.在籍区分 = '0' ORDER BY M担当者.コード"_s);
 }
 
-TEST_F(StaffListQueryTest, QuotesAreDoubledWildcardsStayAndOnlyTheNameIsTrimmedInFront) {
+TEST_F(StaffListQueryTest, EscapesQuotesButNotWildcards) {
     conditions.name = u"  O'Brien_%  "_s;
     conditions.kana = u" ｵ'[ﾌﾞ]%  "_s;
     EXPECT_EQ(BuildNameQuery(conditions),

@@ -1,7 +1,7 @@
 #include "screen/ListView.h"
 #include "selection/ListWindowFixture.h"
+#include "selection/OpenListWindow.h"
 #include "selection/StaffListWindow.h"
-#include "selection/StaffListWindows.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -31,8 +31,8 @@ class StaffListWindowTest : public ListWindowTest {
     }
 };
 
-TEST_F(StaffListWindowTest, BearsItsCaptionsLimitsAndColumns) {
-    OpenStaff({[](const FormRobot& hands) {
+TEST_F(StaffListWindowTest, HasItsCaptionsLimitsAndColumns) {
+    OpenStaff({[](const FormRobot& robot) {
         const QList<QStringList> captions = {
             {u"prg_ttl"_s, u"担当者一覧"_s},
             {u"lab_コード"_s, u"以降"_s},
@@ -47,26 +47,26 @@ TEST_F(StaffListWindowTest, BearsItsCaptionsLimitsAndColumns) {
             {u"btn_戻る"_s, u"戻る"_s},
             {u"lab_注意"_s, u"一回の検索で1000件までを表示します。"_s},
         };
-        for (const QStringList& caption : captions) EXPECT_EQ(hands.Item(caption[0]).Caption(), caption[1]);
-        EXPECT_EQ(hands.Window().windowTitle(), u"担当者一覧"_s);
+        for (const QStringList& caption : captions) EXPECT_EQ(robot.Item(caption[0]).Caption(), caption[1]);
+        EXPECT_EQ(robot.Window().windowTitle(), u"担当者一覧"_s);
         const QList<std::pair<QString, int>> lengths = {{u"コード"_s, 5},       {u"名称"_s, 30},
                                                         {u"カナ"_s, 20},        {u"部門コード"_s, 3},
                                                         {u"部門名"_s, 20},      {u"セクションコード"_s, 3},
                                                         {u"セクション名"_s, 20}};
-        for (const auto& [item, length] : lengths) EXPECT_EQ(hands.Item(item).MaxLength(), length);
-        EXPECT_EQ(hands.Item(u"コード"_s).MaxValue(), 99999);
-        EXPECT_EQ(hands.Item(u"部門コード"_s).MaxValue(), 999);
+        for (const auto& [item, length] : lengths) EXPECT_EQ(robot.Item(item).MaxLength(), length);
+        EXPECT_EQ(robot.Item(u"コード"_s).MaxValue(), 99999);
+        EXPECT_EQ(robot.Item(u"部門コード"_s).MaxValue(), 999);
         const QStringList titles = {u"コード"_s, u"氏名"_s, u"事業所"_s, u"部門"_s, u"セクション"_s};
         const QList<int> widths = {50, 167, 153, 153, 153};
         for (int column = 0; column < titles.size(); ++column) {
-            EXPECT_EQ(hands.List().model()->headerData(column, Qt::Horizontal).toString(), titles[column]);
-            EXPECT_EQ(hands.List().header()->sectionSize(column), widths[column]);
+            EXPECT_EQ(robot.List().model()->headerData(column, Qt::Horizontal).toString(), titles[column]);
+            EXPECT_EQ(robot.List().header()->sectionSize(column), widths[column]);
         }
-        GoBack(hands);
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, CodesAskForLatinSignsNamesForKanaAndTheKanaItemMakesThemHalfWidth) {
+TEST_F(StaffListWindowTest, InputMethodFollowsTheItemAndKanaBecomeHalfWidth) {
     const Qt::InputMethodHints digits = Qt::ImhPreferLatin | Qt::ImhDigitsOnly;
     struct Mode {
         QString item;
@@ -93,148 +93,148 @@ TEST_F(StaffListWindowTest, CodesAskForLatinSignsNamesForKanaAndTheKanaItemMakes
     }
 }
 
-TEST_F(StaffListWindowTest, BeginsWithTheFirstEnrolmentClassAndAllEmployeesFromTheLowestCode) {
+TEST_F(StaffListWindowTest, InitiallyListsEnrolledStaffOfAllClasses) {
     installation.ClearStaff();
     installation.AddStaff(u"00002"_s, {{u"社員区分"_s, u"3"_s}});
     installation.AddStaff(u"00001"_s);
     installation.AddStaff(u"00003"_s, {{u"在籍区分"_s, u"1"_s}});
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
-        EXPECT_EQ(hands.Text(u"在籍区分名称"_s), u"在籍"_s);
-        EXPECT_EQ(hands.Text(u"社員区分名称"_s), u"全て"_s);
-        EXPECT_EQ(hands.List().SelectedRow(), -1);
-        hands.Click(u"在籍区分"_s);
-        hands.TypeSigns(u"2"_s);
-        EXPECT_EQ(hands.Text(u"在籍区分名称"_s), u"全て"_s);
-        EXPECT_EQ(hands.Codes().size(), 2) << "a class alone searches nothing";
-        hands.Click(u"btn_複合検索"_s);
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s, u"00003"_s}));
-        EXPECT_EQ(hands.Focused(), u"List担当者"_s);
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
+        EXPECT_EQ(robot.Text(u"在籍区分名称"_s), u"在籍"_s);
+        EXPECT_EQ(robot.Text(u"社員区分名称"_s), u"全て"_s);
+        EXPECT_EQ(robot.List().SelectedRow(), -1);
+        robot.Click(u"在籍区分"_s);
+        robot.TypeText(u"2"_s);
+        EXPECT_EQ(robot.Text(u"在籍区分名称"_s), u"全て"_s);
+        EXPECT_EQ(robot.Codes().size(), 2) << "a class alone searches nothing";
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00001"_s, u"00002"_s, u"00003"_s}));
+        EXPECT_EQ(robot.Focused(), u"List担当者"_s);
+        GoBack(robot);
     }});
 }
 
 TEST_F(StaffListWindowTest, CellsOfMissingMastersAreEmpty) {
     installation.ClearStaff();
     installation.AddStaff(u"00001"_s, {{u"部門コード"_s, u"777"_s}, {u"事業所コード"_s, u"001"_s}});
-    OpenStaff({[](const FormRobot& hands) {
-        const ListRow& row = hands.List().Row(0);
+    OpenStaff({[](const FormRobot& robot) {
+        const ListRow& row = robot.List().Row(0);
         EXPECT_EQ(row.key, u"C00001"_s);
         EXPECT_EQ(row.subItems, (QStringList{QString(), u"本社"_s, QString(), QString()}));
-        GoBack(hands);
+        GoBack(robot);
     }});
 }
 
 TEST_F(StaffListWindowTest, CallersCodeFillsItsItemAndIsUsedUp) {
-    Open(kWindow, u"M担当者.コード >= '00020'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
+    Open(kWindow, u"M担当者.コード >= '00020'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Text(u"コード"_s), u"00020"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
-             ASSERT_FALSE(hands.Codes().isEmpty());
-             EXPECT_GE(hands.Codes().first(), u"00020"_s);
-             EXPECT_TRUE(hands.Item(u"btn_コード検索"_s).Enabled());
-             GoBack(hands);
+             ASSERT_FALSE(robot.Codes().isEmpty());
+             EXPECT_GE(robot.Codes().first(), u"00020"_s);
+             EXPECT_TRUE(robot.Item(u"btn_コード検索"_s).Enabled());
+             GoBack(robot);
          }});
 }
 
 TEST_F(StaffListWindowTest, CodeThatIsStillBeingTypedIsFormattedToFiveDigits) {
-    Open(kWindow, u"M担当者.コード >= '20'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Text(u"コード"_s), u"00020"_s);
-             ASSERT_FALSE(hands.Codes().isEmpty());
-             GoBack(hands);
+    Open(kWindow, u"M担当者.コード >= '20'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Text(u"コード"_s), u"00020"_s);
+             ASSERT_FALSE(robot.Codes().isEmpty());
+             GoBack(robot);
          }});
 }
 
 TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
-    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
-             EXPECT_EQ(hands.Text(u"部門名"_s), u"総務部"_s);
-             EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
-             EXPECT_EQ(hands.Text(u"セクション名"_s), u"総務課"_s);
-             EXPECT_EQ(Distinct(hands.Column(3)), QStringList{u"総務部"_s});
-             GoBack(hands);
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Text(u"部門コード"_s), u"010"_s);
+             EXPECT_EQ(robot.Text(u"部門名"_s), u"総務部"_s);
+             EXPECT_EQ(robot.Text(u"セクションコード"_s), u"011"_s);
+             EXPECT_EQ(robot.Text(u"セクション名"_s), u"総務課"_s);
+             EXPECT_EQ(Distinct(robot.Column(3)), QStringList{u"総務部"_s});
+             GoBack(robot);
          }});
 }
 
-TEST_F(StaffListWindowTest, LaterConditionsOfAHiddenWindowGoWholeIntoItsSearchesUntilTheyAreCleared) {
+TEST_F(StaffListWindowTest, HiddenWindowUsesALaterConditionUntilItIsCleared) {
     installation.ReplaceStaff(30);
-    Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormRobot& hands) { GoBack(hands); }});
-    Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Codes().size(), 21) << "the earlier list";
-             EXPECT_EQ(hands.Text(u"コード"_s), u"00010"_s);
-             hands.Click(u"btn_コード検索"_s);
-             EXPECT_EQ(hands.Codes().first(), u"00025"_s);
+    Open(kWindow, u"M担当者.コード >= '00010'"_s, {[](const FormRobot& robot) { GoBack(robot); }});
+    Open(kWindow, u"M担当者.コード >= '00025'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Codes().size(), 21) << "the earlier list";
+             EXPECT_EQ(robot.Text(u"コード"_s), u"00010"_s);
+             robot.Click(u"btn_コード検索"_s);
+             EXPECT_EQ(robot.Codes().first(), u"00025"_s);
              EXPECT_EQ(Globals().ListCondition, u"M担当者.コード >= '00025'"_s);
-             hands.Enter(u"コード"_s, u"28"_s);
-             hands.Click(u"btn_複合検索"_s);
-             EXPECT_EQ(hands.Codes(), (QStringList{u"00028"_s, u"00029"_s, u"00030"_s}));
-             hands.Click(u"btn_画面クリア"_s);
+             robot.Enter(u"コード"_s, u"28"_s);
+             robot.Click(u"btn_複合検索"_s);
+             EXPECT_EQ(robot.Codes(), (QStringList{u"00028"_s, u"00029"_s, u"00030"_s}));
+             robot.Click(u"btn_画面クリア"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
-             EXPECT_EQ(hands.Codes().size(), 30);
-             GoBack(hands);
+             EXPECT_EQ(robot.Codes().size(), 30);
+             GoBack(robot);
          }});
 }
 
 TEST_F(StaffListWindowTest, ClearEmptiesTheTextsAndKeepsTheClasses) {
-    OpenStaff({[](const FormRobot& hands) {
-        hands.Enter(u"コード"_s, u"3"_s);
-        hands.Enter(u"カナ"_s, u"ｱ"_s);
-        hands.Enter(u"名称"_s, u"山"_s);
-        hands.Enter(u"部門コード"_s, u"10"_s);
-        hands.Enter(u"セクションコード"_s, u"11"_s);
-        hands.Click(u"在籍区分"_s);
-        hands.TypeSigns(u"1"_s);
-        hands.Click(u"btn_画面クリア"_s);
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Enter(u"コード"_s, u"3"_s);
+        robot.Enter(u"カナ"_s, u"ｱ"_s);
+        robot.Enter(u"名称"_s, u"山"_s);
+        robot.Enter(u"部門コード"_s, u"10"_s);
+        robot.Enter(u"セクションコード"_s, u"11"_s);
+        robot.Click(u"在籍区分"_s);
+        robot.TypeText(u"1"_s);
+        robot.Click(u"btn_画面クリア"_s);
         for (const QString& item : {u"コード"_s, u"カナ"_s, u"名称"_s, u"部門コード"_s, u"部門名"_s,
                                     u"セクションコード"_s, u"セクション名"_s})
-            EXPECT_EQ(hands.Text(item), QString()) << item.toStdString();
-        EXPECT_EQ(hands.Item(u"在籍区分"_s).Value(), 1);
-        EXPECT_EQ(hands.Focused(), u"List担当者"_s);
+            EXPECT_EQ(robot.Text(item), QString()) << item.toStdString();
+        EXPECT_EQ(robot.Item(u"在籍区分"_s).Value(), 1);
+        EXPECT_EQ(robot.Focused(), u"List担当者"_s);
         for (const QString& button : {u"btn_コード検索"_s, u"btn_カナ検索"_s, u"btn_名称検索"_s,
                                       u"btn_部門コード検索"_s, u"btn_セクションコード検索"_s})
-            EXPECT_FALSE(hands.Item(button).Enabled()) << button.toStdString();
-        for (const QString& button : {u"btn_複合検索"_s, u"btn_否定検索"_s}) EXPECT_TRUE(hands.Item(button).Enabled());
-        GoBack(hands);
+            EXPECT_FALSE(robot.Item(button).Enabled()) << button.toStdString();
+        for (const QString& button : {u"btn_複合検索"_s, u"btn_否定検索"_s}) EXPECT_TRUE(robot.Item(button).Enabled());
+        GoBack(robot);
     }});
 }
 
 TEST_F(StaffListWindowTest, SearchButtonsFollowTheirItemsWhileTheyAreTyped) {
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
-        hands.Click(u"名称"_s);
-        hands.TypeSigns(u" "_s);
-        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
-        hands.TypeSigns(u"山"_s);
-        EXPECT_TRUE(hands.Item(u"btn_名称検索"_s).Enabled());
-        hands.Press(Qt::Key_Backspace);
-        EXPECT_FALSE(hands.Item(u"btn_名称検索"_s).Enabled());
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_FALSE(robot.Item(u"btn_名称検索"_s).Enabled());
+        robot.Click(u"名称"_s);
+        robot.TypeText(u" "_s);
+        EXPECT_FALSE(robot.Item(u"btn_名称検索"_s).Enabled());
+        robot.TypeText(u"山"_s);
+        EXPECT_TRUE(robot.Item(u"btn_名称検索"_s).Enabled());
+        robot.Press(Qt::Key_Backspace);
+        EXPECT_FALSE(robot.Item(u"btn_名称検索"_s).Enabled());
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, ButtonSearchesWithTheFormattedCodeSinceItTakesTheFocusFirst) {
+TEST_F(StaffListWindowTest, ButtonSearchesForTheFormattedCode) {
     installation.ReplaceStaff(30);
-    OpenStaff({[](const FormRobot& hands) {
-        hands.Type(u"コード"_s, u"27"_s);
-        EXPECT_EQ(hands.Text(u"コード"_s), u"27"_s);
-        hands.Click(u"btn_コード検索"_s);
-        EXPECT_EQ(hands.Text(u"コード"_s), u"00027"_s);
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00027"_s, u"00028"_s, u"00029"_s, u"00030"_s}));
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Type(u"コード"_s, u"27"_s);
+        EXPECT_EQ(robot.Text(u"コード"_s), u"27"_s);
+        robot.Click(u"btn_コード検索"_s);
+        EXPECT_EQ(robot.Text(u"コード"_s), u"00027"_s);
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00027"_s, u"00028"_s, u"00029"_s, u"00030"_s}));
+        GoBack(robot);
     }});
     EXPECT_TRUE(History().isEmpty());
 }
 
 TEST_F(StaffListWindowTest, TextThatWasBeingTypedWhenEscHidTheWindowIsSearchedLater) {
     installation.ReplaceStaff(12);
-    OpenStaff({[](const FormRobot& hands) {
-        hands.Type(u"名称"_s, u"氏名12"_s);
-        hands.Press(Qt::Key_Escape);
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Type(u"名称"_s, u"氏名12"_s);
+        robot.Press(Qt::Key_Escape);
     }});
-    OpenStaff({[](const FormRobot& hands) {
-        ASSERT_EQ(hands.Text(u"名称"_s), u"氏名12"_s);
-        hands.Click(u"btn_複合検索"_s);
-        EXPECT_EQ(hands.Codes(), QStringList{u"00012"_s});
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        ASSERT_EQ(robot.Text(u"名称"_s), u"氏名12"_s);
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList{u"00012"_s});
+        GoBack(robot);
     }});
 }
 
@@ -243,11 +243,11 @@ TEST_F(StaffListWindowTest, EachSearchFindsByItsOwnItemAlone) {
     AddPerson(u"00001"_s, u"山田　太郎"_s, u"ﾔﾏﾀﾞ ﾀﾛｳ"_s, u"010"_s);
     AddPerson(u"00002"_s, u"田中　花子"_s, u"ﾀﾅｶ ﾊﾅｺ"_s, u"020"_s);
     AddPerson(u"00003"_s, u"青山　一郎"_s, u"ｱｵﾔﾏ ｲﾁﾛｳ"_s, u"020"_s);
-    OpenStaff({[](const FormRobot& hands) {
-        hands.Enter(u"コード"_s, u"2"_s);
-        hands.Enter(u"カナ"_s, u"やま"_s);
-        hands.Enter(u"名称"_s, u"山"_s);
-        hands.Enter(u"部門コード"_s, u"20"_s);
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Enter(u"コード"_s, u"2"_s);
+        robot.Enter(u"カナ"_s, u"やま"_s);
+        robot.Enter(u"名称"_s, u"山"_s);
+        robot.Enter(u"部門コード"_s, u"20"_s);
         const QList<std::pair<QString, QStringList>> searches = {
             {u"btn_コード検索"_s, {u"00002"_s, u"00003"_s}},
             {u"btn_カナ検索"_s, {u"00003"_s, u"00001"_s}},
@@ -257,23 +257,23 @@ TEST_F(StaffListWindowTest, EachSearchFindsByItsOwnItemAlone) {
             {u"btn_否定検索"_s, {}},
         };
         for (const auto& [button, codes] : searches) {
-            hands.Click(button);
-            EXPECT_EQ(hands.Codes(), codes) << button.toStdString();
+            robot.Click(button);
+            EXPECT_EQ(robot.Codes(), codes) << button.toStdString();
         }
-        GoBack(hands);
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, NegativeSearchWithACodeListsTheCodesBelowAndNegatesTheEnrolment) {
+TEST_F(StaffListWindowTest, NegativeSearchListsLowerCodesAndOtherEnrolments) {
     installation.ClearStaff();
     installation.AddStaff(u"00001"_s, {{u"在籍区分"_s, u"1"_s}});
     installation.AddStaff(u"00002"_s);
     installation.AddStaff(u"00009"_s, {{u"在籍区分"_s, u"1"_s}});
-    OpenStaff({[](const FormRobot& hands) {
-        hands.Enter(u"コード"_s, u"5"_s);
-        hands.Click(u"btn_否定検索"_s);
-        EXPECT_EQ(hands.Codes(), QStringList{u"00001"_s});
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Enter(u"コード"_s, u"5"_s);
+        robot.Click(u"btn_否定検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList{u"00001"_s});
+        GoBack(robot);
     }});
 }
 
@@ -281,48 +281,48 @@ TEST_F(StaffListWindowTest, SearchTextOfQuotesAndWildcardsRunsAndFindsByThem) {
     installation.ClearStaff();
     AddPerson(u"00001"_s, u"O'Brien"_s, u"ｵﾌﾞﾗｲｴﾝ"_s);
     AddPerson(u"00002"_s, u"山田"_s, u"ﾔﾏﾀﾞ"_s);
-    OpenStaff({[](const FormRobot& hands) {
+    OpenStaff({[](const FormRobot& robot) {
         const QList<std::pair<QString, int>> texts = {{u"O'B"_s, 1}, {u"'"_s, 1},     {u"''"_s, 0},    {u"%"_s, 2},
                                                       {u"_"_s, 2},   {u"山%田"_s, 1}, {u"[山]田"_s, 1}};
         for (const auto& [text, found] : texts) {
-            hands.Enter(u"名称"_s, text);
-            hands.Click(u"btn_名称検索"_s);
-            EXPECT_EQ(hands.Codes().size(), found) << text.toStdString();
+            robot.Enter(u"名称"_s, text);
+            robot.Click(u"btn_名称検索"_s);
+            EXPECT_EQ(robot.Codes().size(), found) << text.toStdString();
         }
-        GoBack(hands);
+        GoBack(robot);
     }});
     EXPECT_TRUE(History().isEmpty()) << History().join(u'\n').toStdString();
 }
 
-TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListWithoutTheNoticeAndWithoutAMessage) {
+TEST_F(StaffListWindowTest, FailedSearchGivesAnEmptyListSilently) {
     installation.ReplaceStaff(1000);
-    OpenStaff({[this](const FormRobot& hands) {
-        ASSERT_TRUE(hands.Item(u"lab_注意"_s).Visible());
+    OpenStaff({[this](const FormRobot& robot) {
+        ASSERT_TRUE(robot.Item(u"lab_注意"_s).Visible());
         installation.General().Execute(u"DROP TABLE M担当者"_s);
-        hands.Click(u"btn_複合検索"_s);
-        EXPECT_EQ(hands.Codes(), QStringList());
-        EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
-        GoBack(hands);
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList());
+        EXPECT_FALSE(robot.Item(u"lab_注意"_s).Visible());
+        GoBack(robot);
     }});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
     EXPECT_TRUE(History().last().contains(u"SELECT TOP 1000"_s));
 }
 
-TEST_F(StaffListWindowTest, NoticeComesWithTheThousandthRowAndMoreThanAThousandLookTheSame) {
+TEST_F(StaffListWindowTest, NoticeAppearsWithTheThousandthRow) {
     for (const int staff : {999, 1000, 1001}) {
         installation.ReplaceStaff(staff);
-        OpenStaff({[&](const FormRobot& hands) {
-            hands.Click(u"btn_画面クリア"_s);
-            EXPECT_EQ(hands.Codes().size(), qMin(staff, 1000));
-            EXPECT_EQ(hands.Item(u"lab_注意"_s).Visible(), staff >= 1000) << staff;
-            GoBack(hands);
+        OpenStaff({[&](const FormRobot& robot) {
+            robot.Click(u"btn_画面クリア"_s);
+            EXPECT_EQ(robot.Codes().size(), qMin(staff, 1000));
+            EXPECT_EQ(robot.Item(u"lab_注意"_s).Visible(), staff >= 1000) << staff;
+            GoBack(robot);
         }});
     }
 }
 
 TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHas) {
     installation.ReplaceStaff(30);
-    // A count that begins at 990 has ten rows to go; the engine's own limit is far from the thirty.
+    // A counter starting at 990 stops after ten rows; TOP 1000 would return all thirty.
     auto* window =
         new StaffListWindow({{u"wnd数え"_s, {}, {}, u"List担当者"_s, {{u"コード"_s, 750, u"コード"_s}}, {}}, 990});
     window->ShowModeless();
@@ -331,15 +331,15 @@ TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHa
     EXPECT_TRUE(window->Item(u"lab_注意"_s).Visible());
 }
 
-TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilItIsCleared) {
+TEST_F(StaffListWindowTest, InvalidConditionGivesAnEmptyListUntilItIsCleared) {
     installation.ReplaceStaff(3);
-    Open(kWindow, u"そんな条件 は ない"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Codes(), QStringList());
-             EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
+    Open(kWindow, u"そんな条件 は ない"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Codes(), QStringList());
+             EXPECT_FALSE(robot.Item(u"lab_注意"_s).Visible());
              EXPECT_EQ(Globals().ListCondition, u"そんな条件 は ない"_s);
-             hands.Click(u"btn_画面クリア"_s);
-             EXPECT_EQ(hands.Codes().size(), 3);
-             GoBack(hands);
+             robot.Click(u"btn_画面クリア"_s);
+             EXPECT_EQ(robot.Codes().size(), 3);
+             GoBack(robot);
          }});
     EXPECT_EQ(History().size(), 1);
     EXPECT_TRUE(History().last().contains(u" WHERE (そんな条件 は ない) AND "_s)) << History().last().toStdString();
@@ -348,11 +348,11 @@ TEST_F(StaffListWindowTest, ConditionThatNoCallerWritesLeavesTheListEmptyUntilIt
 
 TEST_F(StaffListWindowTest, CallersTermIsTakenWhateverItsLetterCase) {
     installation.ReplaceStaff(30);
-    Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Text(u"コード"_s), u"00029"_s);
+    Open(kWindow, u"m担当者.コード >= '00029'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Text(u"コード"_s), u"00029"_s);
              EXPECT_EQ(Globals().ListCondition, QString());
-             EXPECT_EQ(hands.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
-             GoBack(hands);
+             EXPECT_EQ(robot.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
+             GoBack(robot);
          }});
 }
 
@@ -361,17 +361,17 @@ TEST_F(StaffListWindowTest, MissingAndEmptyClassTablesLeaveAllAloneAndNarrowNoth
     installation.AddStaff(u"00001"_s);
     installation.AddStaff(u"00002"_s, {{u"在籍区分"_s, u"1"_s}});
     installation.General().Execute(u"DROP TABLE K在籍区分; DELETE FROM K社員区分"_s);
-    OpenStaff({[](const FormRobot& hands) {
+    OpenStaff({[](const FormRobot& robot) {
         for (const QString& item : {u"在籍区分"_s, u"社員区分"_s}) {
-            EXPECT_EQ(hands.Item(item).MaxValue(), 0);
-            EXPECT_EQ(hands.Text(item + u"名称"_s), u"全て"_s);
+            EXPECT_EQ(robot.Item(item).MaxValue(), 0);
+            EXPECT_EQ(robot.Text(item + u"名称"_s), u"全て"_s);
         }
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
-        GoBack(hands);
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00001"_s, u"00002"_s}));
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, ClassListsThatCannotBeReadLeaveTheirStatementsInTheHistory) {
+TEST_F(StaffListWindowTest, FailedClassListQueriesAreLogged) {
     installation.General().Execute(u"DROP TABLE K在籍区分; DROP TABLE K社員区分"_s);
     OpenStaff({GoBack});
     EXPECT_EQ(History(), (QStringList{u"エラー no such table: K在籍区分SELECT * FROM K在籍区分 ORDER BY 区分"_s,
@@ -379,14 +379,14 @@ TEST_F(StaffListWindowTest, ClassListsThatCannotBeReadLeaveTheirStatementsInTheH
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(StaffListWindowTest, NamesThatCannotBeLookedUpStayEmptyAndLeaveTheirStatementsInTheHistory) {
+TEST_F(StaffListWindowTest, FailedNameQueryGivesAnEmptyNameAndIsLogged) {
     installation.General().Execute(u"DROP TABLE M部門; DROP TABLE Mセクション"_s);
-    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& hands) {
-             EXPECT_EQ(hands.Text(u"部門コード"_s), u"010"_s);
-             EXPECT_EQ(hands.Text(u"部門名"_s), QString());
-             EXPECT_EQ(hands.Text(u"セクションコード"_s), u"011"_s);
-             EXPECT_EQ(hands.Text(u"セクション名"_s), QString());
-             GoBack(hands);
+    Open(kWindow, u"M担当者.部門コード = '010' AND M担当者.セクションコード = '011'"_s, {[](const FormRobot& robot) {
+             EXPECT_EQ(robot.Text(u"部門コード"_s), u"010"_s);
+             EXPECT_EQ(robot.Text(u"部門名"_s), QString());
+             EXPECT_EQ(robot.Text(u"セクションコード"_s), u"011"_s);
+             EXPECT_EQ(robot.Text(u"セクション名"_s), QString());
+             GoBack(robot);
          }});
     EXPECT_EQ(History().first(2),
               (QStringList{u"エラー no such table: M部門SELECT 名称 FROM M部門 WHERE コード = ''010''"_s,
@@ -394,48 +394,48 @@ TEST_F(StaffListWindowTest, NamesThatCannotBeLookedUpStayEmptyAndLeaveTheirState
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(StaffListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAndChosenAsTheyAre) {
+TEST_F(StaffListWindowTest, NullLongNamesAndLetterCodesAreShownUnchanged) {
     installation.ClearStaff();
     installation.General().Execute(
         u"INSERT INTO M担当者 (コード, 氏名, 在籍区分, 社員区分)"
         u" VALUES ('A0001', NULL, '0', '0'), ('Ab''01', '%1', '0', '0')"_s.replace(u"%1"_s, QString(200, u'長')));
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), (QStringList{u"A0001"_s, u"Ab'01"_s}));
-        EXPECT_EQ(hands.Column(1), (QStringList{QString(), QString(200, u'長')}));
-        EXPECT_EQ(hands.List().Row(1).key, u"CAb'01"_s);
-        hands.ClickRow(1);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), (QStringList{u"A0001"_s, u"Ab'01"_s}));
+        EXPECT_EQ(robot.Column(1), (QStringList{QString(), QString(200, u'長')}));
+        EXPECT_EQ(robot.List().Row(1).key, u"CAb'01"_s);
+        robot.ClickRow(1);
     }});
     EXPECT_EQ(Result().Text(), u"Ab'01"_s);
 }
 
-TEST_F(StaffListWindowTest, PastedTextKeepsToSignsAndLengthsOfItsItemAndIsSearched) {
+TEST_F(StaffListWindowTest, PastedTextIsLimitedAndSearched) {
     installation.ReplaceStaff(30);
-    OpenStaff({[](const FormRobot& hands) {
+    OpenStaff({[](const FormRobot& robot) {
         const auto paste = [&](const QString& item, const QString& text) {
             QGuiApplication::clipboard()->setText(text);
-            hands.Click(item);
-            hands.Press(Qt::Key_Insert, Qt::ShiftModifier);
+            robot.Click(item);
+            robot.Press(Qt::Key_Insert, Qt::ShiftModifier);
         };
         paste(u"部門コード"_s, u"1' OR '2' = '345"_s);
-        EXPECT_EQ(hands.Text(u"部門コード"_s), u"123"_s);
+        EXPECT_EQ(robot.Text(u"部門コード"_s), u"123"_s);
         paste(u"名称"_s, QString(200, u'山'));
-        EXPECT_EQ(hands.Text(u"名称"_s), QString(30, u'山'));
+        EXPECT_EQ(robot.Text(u"名称"_s), QString(30, u'山'));
         paste(u"カナ"_s, QString(200, u'ﾔ'));
-        EXPECT_EQ(hands.Text(u"カナ"_s), QString(20, u'ﾔ'));
+        EXPECT_EQ(robot.Text(u"カナ"_s), QString(20, u'ﾔ'));
         paste(u"コード"_s, u"2'9x"_s);
-        EXPECT_EQ(hands.Text(u"コード"_s), u"29"_s);
-        hands.Click(u"btn_コード検索"_s);
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
-        GoBack(hands);
+        EXPECT_EQ(robot.Text(u"コード"_s), u"29"_s);
+        robot.Click(u"btn_コード検索"_s);
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00029"_s, u"00030"_s}));
+        GoBack(robot);
     }});
     EXPECT_TRUE(History().isEmpty()) << History().join(u'\n').toStdString();
 }
 
 TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
     Globals().GeneralDatabase.db = u"X"_s;
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), QStringList());
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), QStringList());
+        GoBack(robot);
     }});
     EXPECT_TRUE(
         History().last().endsWith(u"SELECT TOP 1000 M担当者.コード,M担当者.氏名,M事業所.名称 AS 事業所名,M部門.名称 AS "
@@ -444,12 +444,12 @@ TEST_F(StaffListWindowTest, DialectWithoutAFromEndsEmptyAndSaysSoInTheHistory) {
         << History().last().toStdString();
 }
 
-TEST_F(StaffListWindowTest, DialectWithOuterJoinSignsIsSentWithItsLimitAndEndsEmptyWhereNobodyTakesIt) {
+TEST_F(StaffListWindowTest, OuterJoinOperatorsKeepTopAndAnErrorGivesAnEmptyList) {
     Globals().GeneralDatabase.db = u"O"_s;
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), QStringList());
-        EXPECT_FALSE(hands.Item(u"lab_注意"_s).Visible());
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), QStringList());
+        EXPECT_FALSE(robot.Item(u"lab_注意"_s).Visible());
+        GoBack(robot);
     }});
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().last().endsWith(
@@ -463,119 +463,119 @@ TEST_F(StaffListWindowTest, DialectWithOuterJoinSignsIsSentWithItsLimitAndEndsEm
 }
 
 TEST_F(StaffListWindowTest, CaretPassesOverTheNamesThatAreOnlyShown) {
-    OpenStaff({[](const FormRobot& hands) {
+    OpenStaff({[](const FormRobot& robot) {
         Control* const next = Globals().ListNextItem;
-        hands.Click(u"名称"_s);
-        hands.Press(Qt::Key_Tab);
-        EXPECT_EQ(hands.Focused(), u"部門コード"_s);
-        hands.Press(Qt::Key_Tab);
-        EXPECT_EQ(hands.Focused(), u"セクションコード"_s);
-        hands.Press(Qt::Key_Backtab);
-        EXPECT_EQ(hands.Focused(), u"部門コード"_s);
-        hands.Click(u"部門名"_s);
-        EXPECT_EQ(hands.Focused(), u"セクションコード"_s);
-        hands.Click(u"セクション名"_s);
-        EXPECT_EQ(hands.Focused(), u"在籍区分"_s);
+        robot.Click(u"名称"_s);
+        robot.Press(Qt::Key_Tab);
+        EXPECT_EQ(robot.Focused(), u"部門コード"_s);
+        robot.Press(Qt::Key_Tab);
+        EXPECT_EQ(robot.Focused(), u"セクションコード"_s);
+        robot.Press(Qt::Key_Backtab);
+        EXPECT_EQ(robot.Focused(), u"部門コード"_s);
+        robot.Click(u"部門名"_s);
+        EXPECT_EQ(robot.Focused(), u"セクションコード"_s);
+        robot.Click(u"セクション名"_s);
+        EXPECT_EQ(robot.Focused(), u"在籍区分"_s);
         EXPECT_EQ(Globals().ListNextItem, next) << "the caller's";
-        GoBack(hands);
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, ItemsWithAFocusHandlerReportThemselvesAndTheCodesDoNot) {
-    OpenStaff({[](const FormRobot& hands) {
+TEST_F(StaffListWindowTest, FocusSetsActiveItemExceptForCodes) {
+    OpenStaff({[](const FormRobot& robot) {
         for (const QString& item :
              {u"名称"_s, u"カナ"_s, u"在籍区分"_s, u"在籍区分名称"_s, u"社員区分"_s, u"社員区分名称"_s}) {
             Globals().ActiveItem = nullptr;
-            hands.Item(item).SetFocus();
-            EXPECT_EQ(Globals().ActiveItem, &hands.Item(item)) << item.toStdString();
+            robot.Item(item).SetFocus();
+            EXPECT_EQ(Globals().ActiveItem, &robot.Item(item)) << item.toStdString();
         }
         for (const QString& item : {u"コード"_s, u"部門コード"_s, u"セクションコード"_s}) {
             Globals().ActiveItem = nullptr;
-            hands.Item(item).SetFocus();
+            robot.Item(item).SetFocus();
             EXPECT_EQ(Globals().ActiveItem, nullptr) << item.toStdString();
         }
-        GoBack(hands);
+        GoBack(robot);
     }});
 }
 
-TEST_F(StaffListWindowTest, FirstCtrlOnlyReportsTheItemAndTheSecondOpensItsLookup) {
-    OpenStaff({[](const FormRobot& hands) {
-                   hands.Click(u"名称"_s);
-                   hands.Press(Qt::Key_Tab);
-                   ASSERT_EQ(hands.Focused(), u"部門コード"_s);
-                   hands.Press(Qt::Key_Control);
+TEST_F(StaffListWindowTest, FirstCtrlActivatesTheItemAndTheSecondOpensItsLookup) {
+    OpenStaff({[](const FormRobot& robot) {
+                   robot.Click(u"名称"_s);
+                   robot.Press(Qt::Key_Tab);
+                   ASSERT_EQ(robot.Focused(), u"部門コード"_s);
+                   robot.Press(Qt::Key_Control);
                    EXPECT_EQ(Globals().NestedListFlag, 0);
-                   EXPECT_EQ(Globals().ActiveItem, &hands.Item(u"部門コード"_s));
-                   hands.Press(Qt::Key_Control);
-                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"020"_s);
-                   GoBack(hands);
+                   EXPECT_EQ(Globals().ActiveItem, &robot.Item(u"部門コード"_s));
+                   robot.Press(Qt::Key_Control);
+                   EXPECT_EQ(robot.Text(u"部門コード"_s), u"020"_s);
+                   GoBack(robot);
                },
-               [](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Window().Name(), u"wnd部門一覧"_s);
+               [](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Window().Name(), u"wnd部門一覧"_s);
                    EXPECT_EQ(Globals().NestedListFlag, 1);
-                   hands.ClickRow(1);
+                   robot.ClickRow(1);
                }});
 }
 
 TEST_F(StaffListWindowTest, SecondDoubleClickOpensTheLookupOfSections) {
-    OpenStaff({[](const FormRobot& hands) {
-                   hands.DoubleClick(u"セクションコード"_s);
+    OpenStaff({[](const FormRobot& robot) {
+                   robot.DoubleClick(u"セクションコード"_s);
                    EXPECT_EQ(Globals().NestedListFlag, 0);
-                   hands.DoubleClick(u"セクションコード"_s);
-                   EXPECT_EQ(hands.Text(u"セクションコード"_s), u"012"_s);
-                   EXPECT_EQ(hands.Text(u"セクション名"_s), u"庶務課"_s);
-                   EXPECT_EQ(hands.Focused(), u"btn_セクションコード検索"_s);
-                   GoBack(hands);
+                   robot.DoubleClick(u"セクションコード"_s);
+                   EXPECT_EQ(robot.Text(u"セクションコード"_s), u"012"_s);
+                   EXPECT_EQ(robot.Text(u"セクション名"_s), u"庶務課"_s);
+                   EXPECT_EQ(robot.Focused(), u"btn_セクションコード検索"_s);
+                   GoBack(robot);
                },
-               [](const FormRobot& hands) {
-                   EXPECT_EQ(hands.Window().Name(), u"wndセクション一覧"_s);
-                   hands.ClickRow(1);
+               [](const FormRobot& robot) {
+                   EXPECT_EQ(robot.Window().Name(), u"wndセクション一覧"_s);
+                   robot.ClickRow(1);
                }});
 }
 
-TEST_F(StaffListWindowTest, NestedLookupBringsTheCodeItsNameAndTheSearchButtonAndKeepsTheCaller) {
+TEST_F(StaffListWindowTest, NestedLookupSetsCodeAndNameAndKeepsTheCaller) {
     Control* const result = &Result();
     Open(kWindow, u"M担当者.氏名 LIKE '%a%'"_s,
-         {[&](const FormRobot& hands) {
+         {[&](const FormRobot& robot) {
               Control* const next = Globals().ListNextItem;
-              hands.Item(u"部門コード"_s).SetFocus();
-              hands.Press(Qt::Key_Control);
-              hands.Press(Qt::Key_Control);
-              EXPECT_EQ(hands.Text(u"部門コード"_s), u"030"_s);
-              EXPECT_EQ(hands.Text(u"部門名"_s), u"経理部"_s);
-              EXPECT_EQ(hands.Focused(), u"btn_部門コード検索"_s);
-              EXPECT_TRUE(hands.Window().Enabled());
+              robot.Item(u"部門コード"_s).SetFocus();
+              robot.Press(Qt::Key_Control);
+              robot.Press(Qt::Key_Control);
+              EXPECT_EQ(robot.Text(u"部門コード"_s), u"030"_s);
+              EXPECT_EQ(robot.Text(u"部門名"_s), u"経理部"_s);
+              EXPECT_EQ(robot.Focused(), u"btn_部門コード検索"_s);
+              EXPECT_TRUE(robot.Window().Enabled());
               EXPECT_EQ(Globals().NestedListOwner, nullptr);
               EXPECT_EQ(Globals().NestedListFlag, 0);
               EXPECT_EQ(Globals().ListResultItem, result);
               EXPECT_EQ(Globals().ListNextItem, next);
               EXPECT_FALSE(Caller().Enabled());
-              hands.Press(Qt::Key_Return);
-              EXPECT_FALSE(hands.Codes().isEmpty());
-              EXPECT_EQ(Distinct(hands.Column(3)), QStringList{u"経理部"_s});
-              hands.ClickRow(0);
+              robot.Press(Qt::Key_Return);
+              EXPECT_FALSE(robot.Codes().isEmpty());
+              EXPECT_EQ(Distinct(robot.Column(3)), QStringList{u"経理部"_s});
+              robot.ClickRow(0);
           },
-          [&](const FormRobot& hands) {
+          [&](const FormRobot& robot) {
               EXPECT_FALSE(Globals().NestedListOwner->Enabled());
               EXPECT_EQ(Globals().ListCondition, QString());
-              hands.ClickRow(2);
+              robot.ClickRow(2);
           }});
     EXPECT_NE(Result().Text(), QString());
     EXPECT_TRUE(Caller().Enabled());
 }
 
 TEST_F(StaffListWindowTest, EscInTheNestedLookupGoesBackToTheItemAndNoFurther) {
-    OpenStaff({[](const FormRobot& hands) {
-                   hands.Type(u"部門コード"_s, u"7"_s);
-                   hands.Press(Qt::Key_Control);
-                   hands.Press(Qt::Key_Control);
-                   EXPECT_TRUE(hands.Window().isVisible());
-                   EXPECT_TRUE(hands.Window().Enabled());
-                   EXPECT_EQ(hands.Focused(), u"部門コード"_s);
-                   EXPECT_EQ(hands.Text(u"部門コード"_s), u"7"_s) << "not accepted by that";
-                   GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+                   robot.Type(u"部門コード"_s, u"7"_s);
+                   robot.Press(Qt::Key_Control);
+                   robot.Press(Qt::Key_Control);
+                   EXPECT_TRUE(robot.Window().isVisible());
+                   EXPECT_TRUE(robot.Window().Enabled());
+                   EXPECT_EQ(robot.Focused(), u"部門コード"_s);
+                   EXPECT_EQ(robot.Text(u"部門コード"_s), u"7"_s) << "not accepted by that";
+                   GoBack(robot);
                },
-               [](const FormRobot& hands) { hands.Press(Qt::Key_Escape); }});
+               [](const FormRobot& robot) { robot.Press(Qt::Key_Escape); }});
 }
 
 TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
@@ -584,8 +584,8 @@ TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
         installation.AddStaff(u"00"_s + office, {{u"事業所コード"_s, office}});
     Globals().Environment.OperatingOfficeCode = u"001"_s;
     Globals().ScopeOfficeCode = u"002"_s;
-    OpenStaff({[](const FormRobot& hands) {
-        EXPECT_EQ(hands.Codes(), (QStringList{u"00000"_s, u"00002"_s}));
-        GoBack(hands);
+    OpenStaff({[](const FormRobot& robot) {
+        EXPECT_EQ(robot.Codes(), (QStringList{u"00000"_s, u"00002"_s}));
+        GoBack(robot);
     }});
 }

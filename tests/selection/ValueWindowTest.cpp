@@ -7,8 +7,8 @@
 #include <memory>
 
 #include "globals/ProgramGlobals.h"
-#include "selection/ValueWindows.h"
 #include "selection/wnd担当者複数指定.h"
+#include "support/FormRobot.h"
 #include "support/TestServices.h"
 
 using namespace Qt::StringLiterals;
@@ -19,7 +19,7 @@ const ValueWindowDefinition& kNames = ValueWindowDefinitions()[0];
 const ValueWindowDefinition& kKana = ValueWindowDefinitions()[1];
 const ValueWindowDefinition& kPhones = ValueWindowDefinitions()[3];
 
-/// One window of values by itself.
+/// A single value window.
 class ValueWindowTest : public ::testing::Test {
   protected:
     wnd担当者複数指定& Open(const ValueWindowDefinition& definition = kNames) {
@@ -101,7 +101,7 @@ TEST_F(ValueWindowTest, QuoteIsDoubledInTheConditionAndNotInTheDescription) {
     EXPECT_EQ(Description(), u"検索担当者名：O'Brien,''"_s);
 }
 
-TEST_F(ValueWindowTest, PercentSignsStayWildcards) {
+TEST_F(ValueWindowTest, PercentIsNotEscaped) {
     Open();
     Row(0).SetText(u"100%"_s);
     Row(1).SetText(u"_%_"_s);
@@ -199,7 +199,7 @@ TEST_F(ValueWindowTest, EachWindowLetsItsOwnCharactersThrough) {
     }
 }
 
-TEST_F(ValueWindowTest, CommittedAndPastedKanaBecomeHalfWidthInTheKanaWindowAlone) {
+TEST_F(ValueWindowTest, OnlyTheKanaWindowNormalisesKana) {
     Open(kKana);
     Commit(0, u"がっこうパン"_s);
     EXPECT_EQ(Row(0).Text(), u"ｶﾞｯｺｳﾊﾟﾝ"_s);
@@ -296,7 +296,7 @@ TEST_F(ValueWindowTest, SelectionIsKnownUnderTheWindowsNameFromLoadToUnload) {
     EXPECT_EQ(Globals().SelectionWindows.value(name), first);
     first->UnloadForm();
     EXPECT_FALSE(Globals().SelectionWindows.contains(name));
-    // The unloaded one goes later and leaves its successor alone.
+    // The unloaded window is deleted later and must not unregister its successor.
     Open(kPhones);
     QCoreApplication::sendPostedEvents(first, QEvent::DeferredDelete);
     EXPECT_EQ(Globals().SelectionWindows.value(name), window.get());

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "data/Connections.h"
-#include "inquiry/StaffQuery.h"
 #include "database/collation/TextOrder.h"
+#include "inquiry/StaffQuery.h"
 #include "selection/StaffListQuery.h"
 #include "servers/ServerFixture.h"
 

@@ -5,8 +5,8 @@
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
-#include "setup/schema/GeneralDatabase.h"
 #include "setup/RunTool.h"
+#include "setup/schema/GeneralDatabase.h"
 
 using namespace Qt::StringLiterals;
 

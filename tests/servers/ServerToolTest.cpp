@@ -1,8 +1,8 @@
 // server-init and use-server.
 
 #include "servers/ServerFixture.h"
-#include "setup/schema/GeneralDatabase.h"
 #include "setup/RunTool.h"
+#include "setup/schema/GeneralDatabase.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,8 +2,8 @@
 
 #include <QDir>
 
-#include "setup/commands/HistoryRuns.h"
 #include "setup/RunTool.h"
+#include "setup/commands/HistoryRuns.h"
 #include "setup/commands/TerminalTable.h"
 #include "support/SampleInstallation.h"
 

@@ -7,8 +7,8 @@
 #include <QTemporaryDir>
 
 #include "data/ServerSchema.h"
-#include "setup/commands/ImportCommand.h"
 #include "setup/RunTool.h"
+#include "setup/commands/ImportCommand.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 

@@ -1,3 +1,4 @@
+#include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
 
 #include <gtest/gtest.h>

@@ -10,8 +10,8 @@
 #include <QtTest/QTest>
 
 #include "report-host/template/OutputTarget.h"
-#include "setup/storage/Installer.h"
 #include "setup/RunTool.h"
+#include "setup/storage/Installer.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 
 using namespace Qt::StringLiterals;
 using setup::DefinitionOf;

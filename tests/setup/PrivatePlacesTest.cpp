@@ -43,6 +43,7 @@ class PrivatePlaces : public testing::Test {
 
 TEST_F(PrivatePlaces, CheckNamesAFolderThatBelongsToAnotherUser) {
     REQUIRE_SUPERUSER();
+    SetModeOf(Own(), 0700);
     EXPECT_EQ(Check(), QStringList{u"・%1 は利用者 root のものです。"_s.arg(Own())});
     GiveTo(kNobody, Own());
     EXPECT_EQ(Check().filter(u"のものです。"_s), QStringList());

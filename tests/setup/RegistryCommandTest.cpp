@@ -5,8 +5,8 @@
 #include <QTemporaryDir>
 
 #include "platform/Services.h"
-#include "setup/storage/ReportHostInstallation.h"
 #include "setup/RunTool.h"
+#include "setup/storage/ReportHostInstallation.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 

@@ -4,8 +4,8 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "setup/storage/Installer.h"
 #include "setup/sample/SampleStaff.h"
+#include "setup/storage/Installer.h"
 #include "support/SampleInstallation.h"
 #include "support/SamplePins.h"
 

@@ -8,9 +8,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "setup/RunTool.h"
 #include "setup/storage/InstallationRights.h"
 #include "setup/storage/MenuEntry.h"
-#include "setup/RunTool.h"
 #include "setup/storage/SqliteFile.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"

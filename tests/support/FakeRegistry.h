@@ -6,16 +6,16 @@
 
 #include "platform/registry/FileRegistry.h"
 
-/// A registry of the test's own that refuses what the test says, for keys and values by their names.
+/// Fake registry that fails for the keys and values that the test names.
 class FakeRegistry : public platform::FileRegistry {
   public:
     FakeRegistry();
 
-    QStringList refusedKeys;    ///< can be neither opened nor made
+    QStringList refusedKeys;    ///< can be neither opened nor created
     QStringList readOnlyKeys;   ///< can be opened for reading only
-    QStringList unmakableKeys;  ///< can be opened, not made
+    QStringList unmakableKeys;  ///< can be opened, not created
     QStringList refusedValues;  ///< can't be written
-    QStringList refusedCloses;  ///< closing tells a failure
+    QStringList refusedCloses;  ///< closing returns an error
     QStringList writes;         ///< "key name" of each value written or refused
     int reads = 0;              ///< keys opened
 
@@ -27,12 +27,12 @@ class FakeRegistry : public platform::FileRegistry {
     long SetText(const platform::RegistryKey& key, const QString& name, const QString& text, qsizetype bytes) override;
     long SetNumber(const platform::RegistryKey& key, const QString& name, quint32 number) override;
 
-    /// Prepares a key of the user, and a text in it where a name is given.
+    /// Creates a key of the user, with a text value if a name is given.
     void Give(const QString& path, const QString& name = {}, const QString& text = {});
     void GiveHost(const QString& folder);
-    /// A text of the user; "(none)" without one.
+    /// A text value of the user; "(none)" without one.
     QString Text(const QString& path, const QString& name);
-    /// A number of the user; -1 without one.
+    /// A number value of the user; -1 without one.
     int Number(const QString& path, const QString& name);
     /// Names of the direct subkeys.
     QStringList Subkeys(const QString& path);
@@ -45,7 +45,7 @@ class FakeRegistry : public platform::FileRegistry {
     std::shared_ptr<QTemporaryDir> folder_;
 };
 
-/// Puts one in place of the registry, for as long as the test's services stand.
+/// Installs a FakeRegistry for as long as the TestServices exist.
 FakeRegistry& UseStandInRegistry();
 
 inline const QString kAssociations = QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Extensions");

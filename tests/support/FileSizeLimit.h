@@ -4,7 +4,7 @@
 
 #include "platform/OutputFile.h"
 
-/// For its length no file of this process grows past so many bytes, as on a full disk.
+/// While it exists, no file of this process can grow beyond `bytes`, as on a full disk.
 class FileSizeLimit {
   public:
     explicit FileSizeLimit(qint64 bytes) {

@@ -1,5 +1,6 @@
 #include "support/FormRobot.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QStyle>
 #include <QStyleOptionViewItem>
@@ -10,6 +11,15 @@
 #include "screen/ListView.h"
 
 using namespace Qt::StringLiterals;
+
+std::vector<Form*> LoadedForms() {
+    std::vector<Form*> forms;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* form = dynamic_cast<Form*>(widget);
+        if (form != nullptr && LoadedForm(form->Name()) == form) forms.push_back(form);
+    }
+    return forms;
+}
 
 Control& FormRobot::Item(const QString& name, int index) const { return form_.Item(name, index); }
 
@@ -30,7 +40,7 @@ void FormRobot::Click(const QString& item, int index) const {
 }
 
 void FormRobot::DoubleClick(const QString& item) const {
-    Click(item);  // the press that begins it moves the focus
+    Click(item);  // the first press of a double-click moves the focus
     QTest::mouseDClick(&Item(item).FocusWidget(), Qt::LeftButton);
 }
 
@@ -38,7 +48,7 @@ void FormRobot::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
     QTest::keyClick(&Receiver(), key, modifiers);
 }
 
-void FormRobot::TypeSigns(const QString& text) const {
+void FormRobot::TypeText(const QString& text) const {
     for (const QChar sign : text) QTest::sendKeyEvent(QTest::Click, &Receiver(), Qt::Key_unknown, sign, Qt::NoModifier);
 }
 
@@ -98,7 +108,7 @@ QStringList FormRobot::MarkedCodes() const {
     return codes;
 }
 
-/// Scrolled into view first.
+/// Scrolls the row into view first.
 QRect FormRobot::CellOf(int row) const {
     ListView& list = List();
     const QModelIndex cell = list.model()->index(row, 0);

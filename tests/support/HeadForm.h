@@ -7,7 +7,7 @@
 #include "screen/Control.h"
 #include "screen/Form.h"
 
-/// A control that keeps whatever is written to it and raises nothing.
+/// Fake control: stores what is written to it and emits nothing.
 class PlainItem : public Control {
   public:
     PlainItem(Form& form, QString name, int index = -1);
@@ -36,8 +36,8 @@ class PlainItem : public Control {
     int value_ = 0;
 };
 
-/// What the inquiry's procedures ask of the main form, without a window: the head, お知らせ, and the items of the
-/// row positions. 在籍区分 has two classes and 社員区分 four, as in a sample installation.
+/// Fake main form for the inquiry's procedures, without a window: head, お知らせ and row items. 在籍区分 has two
+/// classes, 社員区分 four, as in a sample installation.
 class HeadForm : public Form {
   public:
     HeadForm();

@@ -41,9 +41,9 @@ std::unique_ptr<platform::ReportHost> HostProgram::Bind() const {
     return host;
 }
 
-bool HostProgram::Ends(int patience) {
-    // Not waitForFinished: events of the test must go on meanwhile.
-    return QTest::qWaitFor([this] { return !Runs(); }, patience);
+bool HostProgram::Ends(int timeout) {
+    // Not waitForFinished: the test's events must be processed.
+    return QTest::qWaitFor([this] { return !Runs(); }, timeout);
 }
 
 void HostProgram::Kill() {

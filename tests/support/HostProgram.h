@@ -6,24 +6,24 @@
 
 #include "platform/ReportHostLink.h"
 
-/// A report host of the test's own: a real process on a forms file, started as the suite starts it.
+/// A real report host process on a forms file, started as the suite starts it.
 class HostProgram {
   public:
-    /// Returns as soon as the process is there; whether it can be bound is the test's business. With a display its
-    /// windows stand there.
+    /// Returns as soon as the process exists; it may not be listening yet. Its windows are shown on the display, if
+    /// given.
     explicit HostProgram(const QString& formsFile, const QString& display = {});
     ~HostProgram();
     HostProgram(const HostProgram&) = delete;
     HostProgram& operator=(const HostProgram&) = delete;
 
-    /// Binds it as soon as it listens. A host whose last caller has gone leaves, so this is also the first one.
+    /// Connects as soon as it listens. A host quits when its last client disconnects.
     std::unique_ptr<platform::ReportHost> Bind() const;
     bool Runs() const { return process_.state() != QProcess::NotRunning; }
-    /// True when it ends by itself, with what it returns left in ExitCode.
-    bool Ends(int patience = 20000);
+    /// Waits for its regular exit; ExitCode contains the status. False after a timeout.
+    bool Ends(int timeout = 20000);
     int ExitCode() const { return process_.exitCode(); }
     void Kill();
-    /// From any thread, without waiting.
+    /// Thread-safe, does not wait.
     void KillNow() const;
     void Freeze() const;
     void Terminate() const;
@@ -34,5 +34,5 @@ class HostProgram {
     QProcess process_;
 };
 
-/// Ids of all running processes whose program file is this one.
+/// Ids of all running processes with this program file.
 QList<qint64> ProcessesOf(const QString& program);

@@ -22,10 +22,10 @@ QList<QStringList> LinkRows(const SampleFile& configuration) {
 }
 
 void AnswerAtOnce(const TestServices& services, const SampleInstallation& installation,
-                  const std::function<void(const RecordingProcesses::Start&)>& work) {
-    services.processes.started = [&services, &installation, work](const RecordingProcesses::Start& start) {
+                  const std::function<void(const RecordingProcesses::Start&)>& callback) {
+    services.processes.started = [&services, &installation, callback](const RecordingProcesses::Start& start) {
         installation.Configuration().Execute(u"DELETE FROM プログラム連携情報 WHERE 連携区分 = '00'"_s);
-        work(start);
+        callback(start);
         AddLinkRow(installation.Configuration(), {.sentAt = TimeStamp(services.clock.now), .key = start.arguments});
     };
 }

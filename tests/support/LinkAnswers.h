@@ -15,10 +15,10 @@ struct LinkRow {
     QString endText = QStringLiteral("");
 };
 void AddLinkRow(const SampleFile& configuration, const LinkRow& row);
-/// All messages in the channel, every column, in the order of their writing.
+/// All messages in the channel with all columns, oldest first.
 QList<QStringList> LinkRows(const SampleFile& configuration);
 
-/// From now on a started program takes its start message, does the work and answers, all before the start returns.
+/// Makes the fake process service consume the start message, run the callback and answer before the start returns.
 void AnswerAtOnce(
     const TestServices& services, const SampleInstallation& installation,
-    const std::function<void(const RecordingProcesses::Start&)>& work = [](const RecordingProcesses::Start&) {});
+    const std::function<void(const RecordingProcesses::Start&)>& callback = [](const RecordingProcesses::Start&) {});

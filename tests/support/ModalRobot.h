@@ -8,22 +8,22 @@
 #include "screen/Form.h"
 #include "support/FormRobot.h"
 
-/// Somebody at the modal windows of one name: does the same work at each as it appears, while the code under test waits
-/// for its end. Where several windows come up one after the other, each with a work of its own, see ModalScript.
-/// A window that the work leaves open fails the test and is taken away.
+/// Runs a callback at each modal window of one name as it appears, while the code under test waits in ShowModal. The
+/// test fails if the callback leaves the window open; the window is then unloaded. For different callbacks at several
+/// windows see ModalScript.
 class ModalRobot {
   public:
-    using Work = std::function<void(ModalRobot&)>;
+    using Callback = std::function<void(ModalRobot&)>;
 
-    ModalRobot(QString window, Work work) : name_(std::move(window)), work_(std::move(work)) {
-        QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+    ModalRobot(QString window, Callback callback) : name_(std::move(window)), callback_(std::move(callback)) {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
         timer_.start(0);
     }
-    ~ModalRobot() { EXPECT_EQ(leftOpen_, 0) << "the work did not end the window"; }
+    ~ModalRobot() { EXPECT_EQ(leftOpen_, 0) << "the callback did not close the window"; }
     ModalRobot(const ModalRobot&) = delete;
     ModalRobot& operator=(const ModalRobot&) = delete;
 
-    /// How many windows came up.
+    /// Number of windows that have appeared.
     int Opened() const { return opened_; }
     Form& Dialog() const { return *dialog_; }
     bool IsOpen() const { return Find() != nullptr; }
@@ -33,7 +33,7 @@ class ModalRobot {
     QString Text(const QString& name, int index = -1) const { return Item(name, index).Text(); }
     QString Focused() const { return Hands().Focused(); }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const { Hands().Press(key, modifiers); }
-    void Type(const QString& text) const { Hands().TypeSigns(text); }
+    void Type(const QString& text) const { Hands().TypeText(text); }
     void Click(const QString& name, int index = -1) const {
         ASSERT_TRUE(IsOpen());
         Hands().Click(name, index);
@@ -44,12 +44,12 @@ class ModalRobot {
         Form* form = LoadedForm(name_);
         return form != nullptr && form->isVisible() ? form : nullptr;
     }
-    void Look() {
+    void Poll() {
         dialog_ = Find();
         if (dialog_ == nullptr) return;
         timer_.stop();
         ++opened_;
-        work_(*this);
+        callback_(*this);
         if (IsOpen()) {
             ++leftOpen_;
             Find()->UnloadForm();
@@ -58,7 +58,7 @@ class ModalRobot {
     }
 
     QString name_;
-    Work work_;
+    Callback callback_;
     QTimer timer_;
     Form* dialog_ = nullptr;
     int opened_ = 0;

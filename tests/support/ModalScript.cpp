@@ -8,37 +8,38 @@
 #include "screen/Form.h"
 
 namespace {
-constexpr int kPause = 5;  // milliseconds between two looks
+constexpr int kPollInterval = 5;  // milliseconds
 }
 
-ModalScript::ModalScript(QList<Work> works) : works_(std::move(works)) {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+ModalScript::ModalScript(QList<Callback> callbacks) : callbacks_(std::move(callbacks)) {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
     timer_.setSingleShot(true);
     timer_.start(0);
 }
 
-ModalScript::~ModalScript() { EXPECT_TRUE(works_.isEmpty()) << works_.size() << " windows did not come up"; }
+ModalScript::~ModalScript() { EXPECT_TRUE(callbacks_.isEmpty()) << callbacks_.size() << " windows did not appear"; }
 
-void ModalScript::Look() {
-    // A timer does not fire again while its own work is going on, and the work may open a further window.
-    timer_.start(kPause);
+void ModalScript::Poll() {
+    // Single shot, restarted first: the callback may open another window, and a timer does not fire inside its own
+    // slot.
+    timer_.start(kPollInterval);
     auto* window = dynamic_cast<Form*>(QApplication::activeModalWidget());
-    if (window == nullptr || atWork_.contains(window)) return;
+    if (window == nullptr || busy_.contains(window)) return;
     ++opened_;
-    if (works_.isEmpty()) {
-        ADD_FAILURE() << "nobody expected " << window->Name().toStdString();
+    if (callbacks_.isEmpty()) {
+        ADD_FAILURE() << "unexpected window " << window->Name().toStdString();
         window->HideForm();
         return;
     }
-    Do(*window, works_.takeFirst());
+    Do(*window, callbacks_.takeFirst());
 }
 
-void ModalScript::Do(Form& window, const Work& work) {
+void ModalScript::Do(Form& window, const Callback& callback) {
     const QPointer<Form> watched(&window);
-    atWork_ << &window;
-    work(FormRobot(window));
-    atWork_.removeOne(&window);
+    busy_ << &window;
+    callback(FormRobot(window));
+    busy_.removeOne(&window);
     if (watched == nullptr || !watched->isVisible()) return;
-    ADD_FAILURE() << "the work did not end " << watched->Name().toStdString();
+    ADD_FAILURE() << "the callback did not close " << watched->Name().toStdString();
     watched->HideForm();
 }

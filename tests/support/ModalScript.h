@@ -8,27 +8,27 @@
 
 class Form;
 
-/// Somebody at the modal windows that come up while the code under test waits for their end: the first work is done at
-/// the first window, the next one at the window that comes up after or out of it. A work ends its window. It fails the
-/// test when one does not, when a window comes up that has no work, and when a work is left over.
+/// Runs one callback per modal window in the order in which the windows appear, nested ones included, while the code
+/// under test waits for them. Each callback must close its window. The test fails if one does not, if there are more
+/// windows than callbacks, or fewer.
 class ModalScript {
   public:
-    using Work = std::function<void(const FormRobot& hands)>;
+    using Callback = std::function<void(const FormRobot& robot)>;
 
-    explicit ModalScript(QList<Work> works);
+    explicit ModalScript(QList<Callback> callbacks);
     ~ModalScript();
     ModalScript(const ModalScript&) = delete;
     ModalScript& operator=(const ModalScript&) = delete;
 
-    /// How many windows came up.
+    /// Number of windows that have appeared.
     int Opened() const { return opened_; }
 
   private:
-    void Look();
-    void Do(Form& window, const Work& work);
+    void Poll();
+    void Do(Form& window, const Callback& callback);
 
-    QList<Work> works_;
-    QList<Form*> atWork_;
+    QList<Callback> callbacks_;
+    QList<Form*> busy_;
     QTimer timer_;
     int opened_ = 0;
 };

@@ -7,12 +7,12 @@
 #include <array>
 #include <stdexcept>
 
-/// UTF-16 as the driver manager takes it: up to the end mark, never written to.
+/// UTF-16 for the driver manager: NUL-terminated, read only.
 inline SQLWCHAR* OdbcUnits(const QString& text) {
     return reinterpret_cast<SQLWCHAR*>(const_cast<ushort*>(text.utf16()));  // NOLINT
 }
 
-/// Throws std::runtime_error with the driver's words when the call has failed. That nothing is left is no failure.
+/// Throws std::runtime_error with the driver's message if the call has failed. SQL_NO_DATA is not a failure.
 inline void CheckOdbc(SQLSMALLINT type, SQLHANDLE handle, SQLRETURN result) {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
     std::array<SQLCHAR, 6> state{};

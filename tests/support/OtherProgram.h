@@ -5,11 +5,11 @@
 
 struct sqlite3;
 
-/// Another program of the suite that has a file open and may hold a lock on it, for as long as the object lives.
+/// Fakes another program of the suite that has a database file open, and possibly locked, while the object exists.
 class OtherProgram {
   public:
     explicit OtherProgram(const QString& file);
-    /// Runs statements; throws std::runtime_error with the engine's words.
+    /// Runs statements; throws std::runtime_error with the engine's message.
     void Run(const QString& sql);
 
   private:

@@ -7,25 +7,25 @@
 
 #include "data/DataFixture.h"
 #include "inquiry/ConditionProcedures.h"
-#include "support/HeadForm.h"
 #include "inquiry/SelectionSource.h"
 #include "output/ReportDatabase.h"
+#include "support/HeadForm.h"
 
-/// Rows in the list, the conditions of a start in a head without a window, and an empty report database, all three
-/// connections to be had.
+/// Rows in the list, initial conditions in a fake main form, and an empty report database; all three connections can be
+/// opened.
 class OutputTest : public WithConnections {
   protected:
     OutputTest();
     ~OutputTest() override;
 
-    /// Appends a row to the list. Fields that are not given are empty.
+    /// Appends a row to the list; fields not given are empty.
     int AddRow(const QHash<StaffText, QString>& fields, bool marked = true);
-    /// `count` rows with codes 00001 and up, all marked.
+    /// Appends `count` rows with codes from 00001, all checked for output.
     void AddRows(int count);
     void AddEras() const;
-    /// All rows of a work table, each "column=value" for every column that is not Null.
+    /// All rows of a work table as "column=value" for each column that is not Null.
     QList<QStringList> WorkRows(const QString& table) const;
-    /// One column of a work table in the order of writing; "(null)" for a Null.
+    /// One column of a work table, oldest row first; "(null)" for a Null.
     QStringList WorkColumn(const QString& column, const QString& table = QStringLiteral("要員名簿照会")) const;
     QStringList ErrorRows() const { return History().filter(QStringLiteral("エラー ")); }
 
@@ -34,7 +34,7 @@ class OutputTest : public WithConnections {
 
 inline size_t qHash(StaffText field, size_t seed = 0) { return ::qHash(static_cast<int>(field), seed); }
 
-/// A selection window that tells something, and how often it was asked.
+/// Fake selection window that counts the calls.
 class TellingSelection : public SelectionSource {
   public:
     TellingSelection(QString window, QString words);

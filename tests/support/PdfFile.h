@@ -6,14 +6,14 @@
 #include <QString>
 #include <QStringList>
 
-/// A word of a PDF where poppler finds it, in millimetres from the page's upper left corner.
+/// A word of a PDF as located by poppler, in millimetres from the page's upper left corner.
 struct PdfWord {
-    int page;  ///< from 0
+    int page;  ///< 0-based
     QString text;
     QRectF place;
 };
 
-/// A PDF as other programs read it. Each member throws std::runtime_error where poppler refuses the file.
+/// A PDF file read by poppler. Each member throws std::runtime_error if poppler rejects the file.
 class PdfFile {
   public:
     explicit PdfFile(const QString& path) : path_(path) {}
@@ -29,7 +29,7 @@ class PdfFile {
     };
     QList<Font> Fonts() const;
     int Pages() const;
-    /// Grey picture of a page at `kDotsPerMillimetre`.
+    /// Grey rendering of a page at `kDotsPerMillimetre`.
     QImage Picture(int page) const;
     static constexpr int kDotsPerMillimetre = 10;
 
@@ -37,5 +37,5 @@ class PdfFile {
     QString path_;
 };
 
-/// What is darker than light grey within `where` of a picture, both in millimetres; empty without any.
+/// Bounding box of the pixels darker than light grey within `where`, in millimetres; empty without any.
 QRectF InkWithin(const QImage& picture, const QRectF& where);

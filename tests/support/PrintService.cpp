@@ -25,7 +25,7 @@ const QByteArray kScheduler =
     "<Location />\nOrder allow,deny\nAllow all\n</Location>\n"
     "<Policy default>\n<Limit All>\nOrder deny,allow\n</Limit>\n</Policy>\n";
 
-// Device files may only be named where the scheduler is told so.
+// The scheduler must be configured to allow device files.
 const QByteArray kFiles =
     "ServerRoot ROOT/etc\nDataDir /usr/share/cups\nServerBin /usr/lib/cups\nCacheDir ROOT/cache\n"
     "RequestRoot ROOT/spool\nStateDir ROOT/state\nTempDir ROOT/spool/tmp\nAccessLog ROOT/log/access\n"
@@ -40,7 +40,7 @@ void Run(const QString& program, const QStringList& arguments) {
 
 }  // namespace
 
-// Not in the tests' usual folder, which may lie under /dev: the scheduler takes what lies there for devices.
+// Not in the tests' temporary folder, which may be below /dev, where the scheduler expects devices.
 PrintService::PrintService() : folder_(u"/tmp/cups-XXXXXX"_s), environmentBefore_(qgetenv("CUPS_SERVER")) {
     const QByteArray root = folder_.path().toUtf8();
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
@@ -83,13 +83,13 @@ QByteArray PrintService::Arrived(const QString& name) const {
     QByteArray pdf;
     const auto whole = [&] {
         if (!Idle(name)) pdf = ReadBytes(OutputOf(name));
-        return pdf.contains("%%EOF");  // the description's job end may stand behind it
+        return pdf.contains("%%EOF");  // the driver's job trailer may follow
     };
     return QTest::qWaitFor(whole, 30000) ? pdf : QByteArray();
 }
 
 QString PrintService::ArrivedFile(const QString& name) const {
-    // Before the PDF stands the description's own job header.
+    // The driver's job header precedes the PDF.
     const QByteArray arrived = Arrived(name);
     const QString file = folder_.filePath(name + u"-arrived.pdf"_s);
     WriteBytes(file, arrived.mid(arrived.indexOf("%PDF")));

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
-/// A printing system of the test's own, with queues that write what arrives into files. While it lives, this process
-/// and all that it starts print there.
+/// A private CUPS scheduler whose queues write jobs to files. While it exists, this process and its children print
+/// there.
 class PrintService {
   public:
     PrintService();
@@ -14,21 +14,21 @@ class PrintService {
     PrintService(const PrintService&) = delete;
     PrintService& operator=(const PrintService&) = delete;
 
-    /// A printer of the generic PDF description: it knows A4 but no postcards and no paper of free size.
+    /// A printer with the generic PDF driver: A4, but no postcards and no custom sizes.
     void AddPrinter(const QString& name);
-    /// A printer that takes A4, postcards and envelopes of 長形3号.
+    /// A printer for A4, postcards and 長形3号 envelopes.
     void AddMailPrinter(const QString& name);
     void MakeDefault(const QString& name);
-    /// From now on the printer refuses all jobs.
+    /// Makes the printer reject all jobs.
     void Reject(const QString& name);
 
-    /// What has arrived at the printer as a whole PDF; waits for it, empty when none comes.
+    /// The complete PDF that the printer has received; waits for it, empty after a timeout.
     QByteArray Arrived(const QString& name) const;
-    /// The same in a file of the test's.
+    /// The same as the path of a file.
     QString ArrivedFile(const QString& name) const;
-    /// Takes away what has arrived there.
+    /// Deletes the received jobs.
     void Clear(const QString& name) const;
-    /// True when nothing has arrived there.
+    /// True if no job has been received.
     bool Idle(const QString& name) const;
 
   private:

@@ -6,8 +6,7 @@
 
 #include <ostream>
 
-// Lets a failing comparison show texts as they read, and not as UTF-16 numbers. Every test file has this by the
-// precompiled header.
+// Prints QString as text instead of UTF-16 numbers in failed comparisons. Included by the precompiled header.
 
 inline void PrintTo(const QString& text, std::ostream* out) {
     if (text.isNull())

@@ -28,7 +28,7 @@ Handle OpenFile(const QString& path) {
     Handle handle(database, sqlite3_close);
     if (result != SQLITE_OK) Fail(database, path);
     sqlite3_busy_timeout(database, 5000);
-    // A test's file lives for a second: nothing waits for the disk.
+    // No fsync: the file exists only during the test.
     sqlite3_exec(database, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
     return handle;
 }
@@ -43,7 +43,7 @@ QStringList CurrentRow(sqlite3_stmt* statement) {
     return row;
 }
 
-/// The installation that all copies of these options are made of.
+/// The installation that is copied for these options.
 QString Template(const SampleOptions& options) {
     static QTemporaryDir workshop;
     static std::map<std::tuple<int, bool, int>, QString> made;

@@ -6,14 +6,14 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// A database file read and written by the engine's own interface, past everything that is under test.
+/// A database file accessed through the engine's C API, independent of the code under test.
 class SampleFile {
   public:
     SampleFile() = default;
     explicit SampleFile(const QString& path) : path_(path) {}
 
     const QString& Path() const { return path_; }
-    /// Runs one or more statements; throws std::runtime_error with the engine's words.
+    /// Runs one or more statements; throws std::runtime_error with the engine's message.
     void Execute(const QString& sql) const;
     /// All rows of a SELECT. A Null is a null QString (isNull()), empty text is not.
     QList<QStringList> Rows(const QString& sql) const;
@@ -27,11 +27,11 @@ class SampleFile {
 struct SampleOptions {
     int staff = 40;
     bool mdb = false;     ///< files named .mdb instead of .accdb
-    int installKind = 0;  ///< 1: private copies for each user
+    int installKind = 0;  ///< 1: private copies per user
 };
 
-/// An installation of its own for one test, in a temporary folder that goes with it. The first one of its kind is
-/// made by the set-up tool, all others of the same process are copies. It holds no program files.
+/// A dedicated installation in a temporary folder, without program files. The first one with the same options is
+/// created by suite-setup, later ones in the same process are copies.
 class SampleInstallation {
   public:
     explicit SampleInstallation(const SampleOptions& options = {});
@@ -53,13 +53,13 @@ class SampleInstallation {
     void SetDefinition(const QString& column, const QString& value) const;
     /// A column of the row '001' of 動作環境定義, Null for a null QString.
     void SetEnvironment(const QString& column, const QString& value) const;
-    /// Takes all staff away, for tests that bring their own.
+    /// Deletes all staff, for tests that insert their own.
     void ClearStaff() const;
-    /// In place of all staff: so many with codes from 00001, all on the payroll.
+    /// Replaces all staff by `count` enrolled ones with codes from 00001.
     void ReplaceStaff(int count) const;
-    /// One row of M担当者: of class 0 throughout, with a filled address, everything else Null unless it is given.
+    /// Inserts a row into M担当者: classes 0, an address, all other columns Null unless given.
     void AddStaff(const QString& code, const QHash<QString, QString>& columns = {}) const;
-    /// Rows of the run history as written, 摘要 only, oldest first.
+    /// 摘要 of the history rows, oldest first.
     QStringList HistoryTexts() const;
 
   private:

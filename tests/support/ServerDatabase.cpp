@@ -18,7 +18,7 @@ QString Port() { return qEnvironmentVariable(IsPostgres() ? "MEIBO_TEST_POSTGRES
 
 }  // namespace
 
-/// A connection of this class's own.
+/// A connection independent of the code under test.
 class ServerDatabase::Link {
   public:
     explicit Link(const QString& text) {
@@ -59,7 +59,7 @@ class ServerDatabase::Link {
         for (SQLUSMALLINT column = 1; column <= columns; ++column) {
             SQLLEN bytes = 0;
             SQLGetData(statement, column, SQL_C_WCHAR, cell.data(), sizeof cell, &bytes);
-            // Up to the end mark: one of the drivers tells a length that is too short.
+            // Up to the NUL terminator: one driver reports a length that is too short.
             const QString text = QString::fromUtf16(reinterpret_cast<const char16_t*>(cell.data()));
             row.append(bytes == SQL_NULL_DATA ? QString() : u""_s + text);
         }
@@ -75,7 +75,7 @@ namespace {
 QString LinkText(const QString& database) {
     return u"Driver=%1;Server=127.0.0.1;Port=%2;Database=%3;UID=%4;PWD=%5;%6"_s.arg(
         ServerDatabase::Provider(), Port(), database, ServerDatabase::User(), ServerDatabase::Password(),
-        // Several statements in one text, which MariaDB only takes when it is asked to.
+        // Enables several statements in one text on MariaDB.
         IsPostgres() ? QString() : u"CHARSET=utf8mb4;OPTION=67108864"_s);
 }
 
@@ -107,7 +107,7 @@ ServerDatabase::~ServerDatabase() {
         Link(LinkText(IsPostgres() ? u"postgres"_s : u"mysql"_s))
             .Run(u"DROP DATABASE "_s + name_ + (IsPostgres() ? u" WITH (FORCE)"_s : QString()));
     } catch (const std::runtime_error&) {
-        // A test may have stopped the server.
+        // The test may have stopped the server.
     }
 }
 

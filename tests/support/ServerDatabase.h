@@ -5,22 +5,22 @@
 #include <QStringList>
 #include <memory>
 
-/// A database of its own on one of the private servers that `./test --servers` starts; dropped at its end. Worked by
-/// the driver manager's own interface, past the code under test.
+/// A dedicated database on one of the servers that `./test --servers` starts, dropped by the destructor. Accessed
+/// through the ODBC API, independent of the code under test.
 class ServerDatabase {
   public:
-    /// The engine that this run tests, "PostgreSQL" or "MariaDB"; empty where it is the desktop files.
+    /// The engine under test, "PostgreSQL" or "MariaDB"; empty for desktop files.
     static QString Engine();
 
-    /// Empty, with the functions that a schema of the suite brings along.
+    /// Creates an empty database with the functions of the suite's schema.
     ServerDatabase();
     ~ServerDatabase();
     ServerDatabase(const ServerDatabase&) = delete;
     ServerDatabase& operator=(const ServerDatabase&) = delete;
 
-    /// Runs statements apart by ";"; throws std::runtime_error with the engine's words.
+    /// Runs statements separated by ";"; throws std::runtime_error with the engine's message.
     void Run(const QString& statements) const;
-    /// One statement that waits for no lock. False when the engine refuses it.
+    /// Runs one statement without waiting for locks. False if the engine rejects it.
     bool TryOutside(const QString& statement) const;
     /// Rows of a SELECT; a Null is a null QString.
     QList<QStringList> Rows(const QString& sql) const;
@@ -30,12 +30,12 @@ class ServerDatabase {
     static QString Server();
     static QString User();
     static QString Password();
-    /// As a definition row of the suite names the driver.
+    /// The driver name for a definition row of the suite.
     static QString Provider();
-    /// What the suite builds for a server with these settings.
+    /// The connection string that the suite builds for these settings.
     QString ConnectionString() const { return ConnectionString(User(), Password()); }
     QString ConnectionString(const QString& user, const QString& password) const;
-    /// The driver manager's own string, as an administrator types it.
+    /// The ODBC connection string, as an administrator types it.
     QString OdbcString() const;
 
   private:

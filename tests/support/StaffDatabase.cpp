@@ -104,13 +104,13 @@ StaffDatabase::StaffDatabase()
 void StaffDatabase::MakeServerTables() {
     server_ = std::make_unique<ServerDatabase>();
     const ServerSchema schema = ServerSchemaOf(ServerDatabase::Engine(), TablesOf(DatabaseKind::General));
-    // The functions are there already.
+    // The functions exist already.
     for (const QString& statement : schema.tables)
         if (statement.startsWith(u"CREATE TABLE"_s)) server_->Run(statement);
     for (const QString& statement : schema.indexes) server_->Run(statement);
 }
 
-/// What was made in the file goes to the server.
+/// Copies the tables of the file to the server.
 void StaffDatabase::CopyToServer() {
     constexpr qsizetype kRowsInStatement = 500;
     for (const QString& table : {u"M担当者"_s, u"T閲覧"_s}) {

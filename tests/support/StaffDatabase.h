@@ -11,10 +11,9 @@
 
 struct sqlite3;
 
-/// A general and a configuration database in a temporary folder: all tables of the suite, the classes, eras and a
-/// few masters, and no staff. Staff rows are what a test is about, so it writes its own. Worked through the engine's
-/// C API, past everything that a test may want to try. Where the run is to test a server, the general database lies
-/// there.
+/// A general and a configuration database in a temporary folder: all tables of the suite, classes, eras and a few
+/// masters; no staff, which each test inserts. Accessed through the engine's C API, independent of the code under test.
+/// When a server is tested, the general database is on it.
 class StaffDatabase {
   public:
     /// A row as pairs of column and value; a value without text (QString()) is a Null.
@@ -25,22 +24,22 @@ class StaffDatabase {
     StaffDatabase(const StaffDatabase&) = delete;
     StaffDatabase& operator=(const StaffDatabase&) = delete;
 
-    /// Runs statements; throws std::runtime_error with the engine's words.
+    /// Runs statements; throws std::runtime_error with the engine's message.
     void General(const QString& sql);
     void Configuration(const QString& sql);
     /// Rows of a SELECT on the general database; a Null is "(null)".
     QList<QStringList> GeneralRows(const QString& sql) const;
-    /// 摘要 of the history rows in the order of their writing.
+    /// 摘要 of the history rows, oldest first.
     QStringList History() const;
 
     void Insert(const QString& table, const Row& row);
-    /// A staff member on the payroll with classes 0, over whatever `row` gives.
+    /// Inserts an enrolled staff member with classes 0; `row` overrides columns.
     void AddStaff(const QString& code, const Row& row = {});
-    /// Codes 00001 and up; everybody has names, addresses and dates of several eras, every third an entry in the
+    /// Inserts codes from 00001 with names, addresses and dates of several eras, every third one with an entry in the
     /// viewing log of 00001.
     void AddManyStaff(int count);
 
-    /// Opens both connections of Globals() as a start does.
+    /// Opens both connections of Globals().
     void OpenConnections() const;
     QString GeneralPath() const;
 

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr uid_t kNobody = 65534;
-constexpr int kPatience = 30000;  // milliseconds
+constexpr int kTimeout = 30000;  // milliseconds
 const QString kProgram = u"/prgbin/要員名簿照会"_s;
 
 void SetMode(const QString& path, mode_t mode) {
@@ -33,14 +33,14 @@ QString NameOf(uid_t user) {
 void MakeFolderOf(uid_t user, const QString& path) {
     if (!QDir().mkdir(path)) throw std::runtime_error("cannot make " + path.toStdString());
     SetMode(path, 0700);
-    // Only the superuser can give it away, and only then is the other user a real one.
+    // Only root can change the owner, and only then is the other user a real one.
     if (geteuid() == 0 && ::chown(QFile::encodeName(path).constData(), user, user) != 0)
         throw std::runtime_error("cannot give away " + path.toStdString());
 }
 
 }  // namespace
 
-// Not in the tests' usual folder, which other users can't reach.
+// Not in the tests' temporary folder, which other users cannot access.
 SharedSuite::SharedSuite(int staff) : folder_(u"/tmp/meibo-users-XXXXXX"_s) {
     SetMode(folder_.path(), 0755);
     // The installation gets this group, so that the other user is a member.
@@ -52,7 +52,7 @@ SharedSuite::SharedSuite(int staff) : folder_(u"/tmp/meibo-users-XXXXXX"_s) {
     tool.setProcessEnvironment(environment);
     tool.start(QStringLiteral(SUITE_PROGRAMS "/suite-setup"),
                {u"init"_s, Root(), u"--staff"_s, QString::number(staff), u"--install-kind"_s, u"1"_s});
-    if (!tool.waitForFinished(kPatience) || tool.exitCode() != 0)
+    if (!tool.waitForFinished(kTimeout) || tool.exitCode() != 0)
         throw std::runtime_error("suite-setup: " + tool.readAllStandardError().toStdString());
     SetMode(MachineRegistry(), 0644);
 }
@@ -80,7 +80,7 @@ SuiteUser::~SuiteUser() {
     process_.waitForFinished();
 }
 
-/// The superuser can become somebody else. Anybody else can at least be called so, in a name space of their own.
+/// Root can switch to another user. Other users get its name in a user namespace.
 QStringList SuiteUser::Command(const QStringList& program) const {
     const QString id = QString::number(kNobody);
     if (who_ == Who::Runner) return program;
@@ -89,7 +89,7 @@ QStringList SuiteUser::Command(const QStringList& program) const {
     return QStringList{u"unshare"_s, u"--user"_s, u"--map-user="_s + id, u"--map-group="_s + id} + program;
 }
 
-bool SuiteUser::ListStands() const {
+bool SuiteUser::ListShown() const {
     const SampleFile configuration = Own(u"conf/usrcnfg.accdb"_s);
     return QFile::exists(configuration.Path()) &&
            configuration.Value(u"SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE '出力終了 SELECT%'"_s) ==
@@ -104,7 +104,7 @@ void SuiteUser::StartProgram(const QString& startCommand) {
 }
 
 void SuiteUser::AwaitList() {
-    if (!QTest::qWaitFor([this] { return ListStands(); }, kPatience))
+    if (!QTest::qWaitFor([this] { return ListShown(); }, kTimeout))
         throw std::runtime_error("the program shows no list to " + name_.toStdString());
     WriteOutputPlace(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputTarget::Kind::Folder, PrinterFolder()});
 }
@@ -129,13 +129,15 @@ void SuiteUser::CloseProgram() {
 }
 
 void SuiteUser::AwaitEnd() {
-    if (!process_.waitForFinished(kPatience)) throw std::runtime_error("the program does not end");
+    if (!process_.waitForFinished(kTimeout)) throw std::runtime_error("the program does not end");
 }
 
 QStringList SuiteUser::Printed() const {
     QStringList pages;
-    const auto look = [&] { return !(pages = QDir(PrinterFolder()).entryList({u"*.pdf"_s}, QDir::Files)).isEmpty(); };
-    if (!QTest::qWaitFor(look, kPatience)) return {};
+    const auto received = [&] {
+        return !(pages = QDir(PrinterFolder()).entryList({u"*.pdf"_s}, QDir::Files)).isEmpty();
+    };
+    if (!QTest::qWaitFor(received, kTimeout)) return {};
     for (QString& page : pages) page.prepend(PrinterFolder() + u'/');
     return pages;
 }

@@ -9,10 +9,10 @@
 #include "support/VirtualScreen.h"
 
 /// An installation with private copies as an administrator makes it, programs and report host included, in a folder
-/// that every user of the machine can reach.
+/// that every user of the machine can access.
 class SharedSuite {
   public:
-    /// Throws std::runtime_error with the tool's words where it can't be made.
+    /// Throws std::runtime_error with the tool's output if it cannot be created.
     explicit SharedSuite(int staff);
 
     QString Root() const { return Place(QStringLiteral("suite")); }
@@ -24,23 +24,23 @@ class SharedSuite {
     QTemporaryDir folder_;
 };
 
-/// Somebody who works with the suite: a user of the machine at a screen of their own, with their own part of the
-/// registry and their own folder for printed pages. The program ends with the object.
+/// A user of the suite: an account of this machine with a separate display, registry and folder for printed pages. The
+/// program is terminated with the object.
 class SuiteUser {
   public:
     enum class Who { Runner, Nobody };
-    /// Whoever runs the test, or the user "nobody".
+    /// The user that runs the test, or the account "nobody".
     SuiteUser(const SharedSuite& suite, Who who);
     ~SuiteUser();
 
-    // Each work throws std::runtime_error where it can't be done.
+    // Each step throws std::runtime_error on failure.
 
     void StartProgram(const QString& startCommand);
-    /// Waits for the program's first list, and has the user's pages go to their own folder.
+    /// Waits for the program's first list and directs the user's printed pages to a separate folder.
     void AwaitList();
-    /// Clicks a place of the program's window.
+    /// Clicks at a position of the program's window.
     void Click(const QPoint& place);
-    /// Says はい to the question that comes up.
+    /// Answers the question box with はい.
     void SayYes();
     /// Closes the program in order, as the system does.
     void EndProgram();
@@ -57,7 +57,7 @@ class SuiteUser {
   private:
     QString PrinterFolder() const { return home_ + QStringLiteral("/printed"); }
     QStringList Command(const QStringList& program) const;
-    bool ListStands() const;
+    bool ListShown() const;
     void AwaitEnd();
 
     Who who_;

@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-// Every test program has an application object, so that forms, events and fonts are the real ones. Without a
-// display of its own a test draws on Qt's offscreen platform; a test that needs X starts its own server. Registry files
-// and sockets lie in a folder of the test, also for the programs that it starts.
+// Every test program has a QApplication, so that forms, events and fonts are real. Tests are headless: they use Qt's
+// offscreen platform, and a test that needs X starts a server. Registry files and sockets are in a temporary folder,
+// also for child processes.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);

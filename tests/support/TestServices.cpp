@@ -1,7 +1,7 @@
 #include "support/TestServices.h"
 
-#include "globals/ProgramGlobals.h"
 #include "access/StartUp.h"
+#include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "screen/SuiteApplication.h"
 

@@ -11,15 +11,15 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
-/// A clock that stands where a test puts it. Sleeping takes a millisecond, however long it was meant to be.
+/// Fake clock with a fixed time. Sleep takes one millisecond, whatever its argument.
 class FixedClock : public platform::Clock {
   public:
     QDateTime now = QDateTime(QDate(2026, 11, 21), QTime(9, 30, 15));
-    mutable QList<int> sleeps;          ///< milliseconds asked for
-    std::function<void(int)> sleeping;  ///< what happens meanwhile, instead of the millisecond
+    mutable QList<int> sleeps;          ///< arguments of Sleep, milliseconds
+    std::function<void(int)> sleeping;  ///< called by Sleep instead of sleeping
     QDateTime Now() const override { return now; }
     std::chrono::milliseconds elapsed{0};
-    std::chrono::milliseconds step{0};  ///< by which every look at the elapsed time moves it on
+    std::chrono::milliseconds step{0};  ///< added to the elapsed time at each query
     std::chrono::milliseconds Elapsed() const override { return const_cast<FixedClock*>(this)->elapsed += step; }
     void Sleep(int milliseconds) const override {
         sleeps.append(milliseconds);
@@ -28,7 +28,7 @@ class FixedClock : public platform::Clock {
     }
 };
 
-/// Message boxes that nobody has to close: keeps what was shown, answers from a queue.
+/// Fake message boxes: records what was shown, answers from a queue.
 class QueuedDialogs : public platform::Dialogs {
   public:
     struct Box {
@@ -36,8 +36,8 @@ class QueuedDialogs : public platform::Dialogs {
         bool question;
     };
     QList<Box> shown;
-    QList<bool> answers;               ///< for Confirm, first in first out; with none left the answer is いいえ
-    std::function<void()> whileAsked;  ///< what happens elsewhere while a question of Confirm is up
+    QList<bool> answers;               ///< of Confirm, first in first out; いいえ if empty
+    std::function<void()> whileAsked;  ///< called while a question of Confirm is shown
 
     using Dialogs::Confirm;
     using Dialogs::ShowMessage;
@@ -47,14 +47,14 @@ class QueuedDialogs : public platform::Dialogs {
         if (whileAsked) whileAsked();
         return answers.isEmpty() ? false : answers.takeFirst();
     }
-    /// What ShowSave was asked, and what it answers: first in first out, with none left it is cancelled.
+    /// Arguments and results of ShowSave: first in first out, cancelled if empty.
     QList<platform::SaveQuestion> saveQuestions;
     QList<QString> saveAnswers;
     std::optional<QString> ShowSave(const platform::SaveQuestion& question) override;
     QStringList Texts() const;
 };
 
-/// A machine as the test describes it.
+/// Fake system information.
 class FixedSystem : public platform::SystemInformation {
   public:
     QString userName = QStringLiteral("tester");
@@ -75,7 +75,7 @@ class FixedSystem : public platform::SystemInformation {
     static void Write(const QString& name, QString& buffer);
 };
 
-/// Records what would have left the process. A started program does what `started` says; without it there is none.
+/// Fake process service: records the calls. Starting a program calls `started`; without it the program does not exist.
 class RecordingProcesses : public platform::ProcessService {
   public:
     QList<int> ends;
@@ -99,7 +99,7 @@ class RecordingProcesses : public platform::ProcessService {
         return true;
     }
 
-    /// Every call that reaches for another process, in order, with its arguments as they came.
+    /// All calls in order, with their arguments.
     QStringList calls;
     quint32 nextProcessId = 4711;
     quint32 nextHandle = 77;
@@ -111,8 +111,7 @@ class RecordingProcesses : public platform::ProcessService {
     bool CloseHandle(quint32 handle) override;
 };
 
-/// For the length of a test: fixed clock, queued dialogs, described machine, recorded processes, fresh globals.
-/// The real services come back at the end.
+/// Installs the fakes and new globals; the destructor restores the real services.
 class TestServices {
   public:
     TestServices();

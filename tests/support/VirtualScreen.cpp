@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kPatience = 60000;  // milliseconds
+constexpr int kTimeout = 60000;  // milliseconds
 
 xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData());
@@ -29,7 +29,7 @@ VirtualScreen::VirtualScreen() {
                   {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s, u"1152x864x24"_s});
     // The server writes the number of its display when it is ready.
     while (!server_.canReadLine())
-        if (!server_.waitForReadyRead(kPatience)) return;
+        if (!server_.waitForReadyRead(kTimeout)) return;
     display_ = u':' + QString::fromLatin1(server_.readLine()).trimmed();
 }
 
@@ -45,7 +45,7 @@ bool VirtualScreen::Work(const QStringList& arguments, QString* output) const {
     hand.setProcessEnvironment(environment);
     hand.start(u"xdotool"_s, arguments);
     const bool done =
-        hand.waitForFinished(kPatience) && hand.exitStatus() == QProcess::NormalExit && hand.exitCode() == 0;
+        hand.waitForFinished(kTimeout) && hand.exitStatus() == QProcess::NormalExit && hand.exitCode() == 0;
     if (output != nullptr) *output = QString::fromLatin1(hand.readAllStandardOutput());
     return done;
 }
@@ -57,9 +57,9 @@ QStringList VirtualScreen::Windows() const {
 }
 
 QString VirtualScreen::NewestOf(int windows) const {
-    const QDeadlineTimer end(kPatience);
+    const QDeadlineTimer end(kTimeout);
     QStringList found;
-    // Windows are numbered in the order of their making within a program.
+    // Window ids of a program are in the order of creation.
     for (; found.size() != windows; found = Windows()) {
         if (end.hasExpired()) return {};
         QThread::msleep(20);
@@ -80,9 +80,9 @@ QSize VirtualScreen::SizeOf(const QString& window) const {
     return {valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
 }
 
-// Asked again until it holds: a window that is just being mapped anew loses the focus, and nobody gives it back.
+// Retried until the focus is set: a window that is being remapped loses it, and no window manager restores it.
 bool VirtualScreen::Focus(const QString& window) const {
-    const QDeadlineTimer end(kPatience);
+    const QDeadlineTimer end(kTimeout);
     QString focused;
     while (!end.hasExpired()) {
         Work({u"windowfocus"_s, window});

@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-/// While it lives, the modes of files hold for this thread even when the superuser runs the tests. Becoming another
-/// user instead would not do: that one may not even reach the folder of the tests.
+/// Scope in which file permissions apply to this thread even if root runs the tests. Switching to another user is no
+/// alternative, since that user may not have access to the tests' folder.
 class WithoutFileRights {
   public:
     WithoutFileRights() {

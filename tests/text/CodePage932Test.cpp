@@ -48,7 +48,7 @@ TEST(CodePage932, EveryCharacterWithAFormComesBackAsItself) {
     EXPECT_EQ(forms, 9397);
 }
 
-TEST(CodePage932, BothCodesOfACharacterThatStandsTwiceAreRead) {
+TEST(CodePage932, DecodesBothCodesOfADuplicateCharacter) {
     EXPECT_EQ(Decode932(QByteArray::fromHex("EEE0")), u"髙"_s);
     EXPECT_EQ(Decode932(QByteArray::fromHex("ED95")), u"﨑"_s);
     EXPECT_EQ(Decode932(QByteArray::fromHex("ED9E")), u"德"_s);

@@ -87,7 +87,7 @@ TEST(FieldText, CutAndNoticeCountByBytesAndGiveCharacters) {
         {u"ﾔﾏﾀﾞﾀﾛｳ"_s, 4, u"ﾔﾏﾀﾞ"_s, 3},
         {u"aあbいc"_s, 4, u"aあb"_s, 2},
         {u"𠮷野"_s, 2, u"𠮷"_s, 1},
-        {u"𠮷野"_s, 1, u""_s, 3},  // a pair stays whole
+        {u"𠮷野"_s, 1, u""_s, 3},  // does not split a surrogate pair
         {u"あa𠮷𠮷"_s, 6, u"あa𠮷"_s, 2},
         {u"あいうえおかきくけこさしすせそたちつてと"_s, 20, u"あいうえおかきくけこ"_s, 10},
     };

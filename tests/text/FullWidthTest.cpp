@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-/// Texts with a bar between each two, and what becomes of them in the same order.
+/// Texts separated by bars and their conversions in the same order.
 void Check(const QString& texts, const QString& expected) {
     QStringList converted;
     for (const QString& text : texts.split(u'|')) converted << ToFullWidth(text);

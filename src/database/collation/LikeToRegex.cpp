@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/Utf8Text.h"
 #include "database/collation/TextFolding.h"
+#include "platform/Utf8Text.h"
 
 namespace database {
 namespace {
@@ -173,7 +173,8 @@ QString StoredList(const LikePattern& pattern, const Element& element) {
         for (const QChar kana : VoiceableKana(mark)) {
             const char32_t whole = Voiced(kana.unicode(), mark);
             if (listed(kana.unicode())) special += u'|' + StoredCharacter(kana.unicode());
-            if (listed(whole)) special += u'|' + StoredClass(platform::TextOfCharacter(kana.unicode())) + MarkClass(mark);
+            if (listed(whole))
+                special += u'|' + StoredClass(platform::TextOfCharacter(kana.unicode())) + MarkClass(mark);
         }
     }
     if (plain.empty() && special.isEmpty()) return kNothing;

@@ -1,8 +1,8 @@
 #include "database/collation/PostgresFunctions.h"
 
-#include "platform/Utf8Text.h"
 #include "database/collation/TextFolding.h"
 #include "database/collation/TextOrder.h"
+#include "platform/Utf8Text.h"
 
 namespace database {
 namespace {
@@ -60,9 +60,9 @@ QString Joining() {
     QString pairs = QStringLiteral("folded");
     for (const char32_t mark : {kVoicingMark, kSemiVoicingMark})
         for (const QChar kana : VoiceableKana(mark))
-            pairs =
-                QStringLiteral("replace(%1, '%2%3', '%4')")
-                    .arg(pairs, QString(kana), platform::TextOfCharacter(mark), platform::TextOfCharacter(Voiced(kana.unicode(), mark)));
+            pairs = QStringLiteral("replace(%1, '%2%3', '%4')")
+                        .arg(pairs, QString(kana), platform::TextOfCharacter(mark),
+                             platform::TextOfCharacter(Voiced(kana.unicode(), mark)));
     return QStringLiteral(
                " IF folded ~ '[%1]' THEN IF folded ~ '^[ -~\u3000-\u30FF\u4E00-\u9FFF]*$'"
                " THEN folded := translate(normalize(translate(folded, '%1', E'%2'), NFC), E'%2', '%1');"

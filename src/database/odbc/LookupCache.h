@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "database/DatabaseTypes.h"
-#include "database/sql/ParameterisedStatement.h"
-#include "database/sql/LookupQuery.h"
 #include "database/ResultTable.h"
+#include "database/sql/LookupQuery.h"
+#include "database/sql/ParameterisedStatement.h"
 #include "database/sqlite/SqliteSession.h"
 
 namespace database {

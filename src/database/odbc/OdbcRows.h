@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "database/odbc/OdbcHandle.h"
 #include "database/ResultTable.h"
+#include "database/odbc/OdbcHandle.h"
 
 namespace database {
 

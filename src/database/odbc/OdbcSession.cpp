@@ -1,7 +1,7 @@
 #include "database/odbc/OdbcSession.h"
 
-#include "database/odbc/OdbcDrivers.h"
 #include "database/ClientSort.h"
+#include "database/odbc/OdbcDrivers.h"
 #include "database/sql/StatementAdapter.h"
 #include "database/sql/Tokenizer.h"
 

@@ -4,11 +4,11 @@
 #include <functional>
 
 #include "database/DatabaseSession.h"
-#include "database/sql/ParameterisedStatement.h"
+#include "database/QueryCache.h"
 #include "database/odbc/LookupCache.h"
 #include "database/odbc/OdbcHandle.h"
-#include "database/QueryCache.h"
 #include "database/odbc/ServerEngine.h"
+#include "database/sql/ParameterisedStatement.h"
 
 namespace database {
 

@@ -4,8 +4,8 @@
 #include <QStringList>
 
 #include "database/DatabaseSession.h"
-#include "database/sql/SqlDialect.h"
 #include "database/odbc/OdbcRows.h"
+#include "database/sql/SqlDialect.h"
 
 namespace database {
 

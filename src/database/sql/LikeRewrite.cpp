@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "database/DatabaseError.h"
-#include "database/sql/Operands.h"
 #include "database/collation/LikeToRegex.h"
 #include "database/collation/TextFolding.h"
+#include "database/sql/Operands.h"
 
 namespace database {
 namespace {

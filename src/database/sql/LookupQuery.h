@@ -19,7 +19,8 @@ struct LookupQuery {
     QStringList order;        ///< columns
 };
 
-/// Reads a statement whose literals have been lifted out (ParameterisedStatement). None for anything but such a look-up.
+/// Reads a statement whose literals have been lifted out (ParameterisedStatement). None for anything but such a
+/// look-up.
 std::optional<LookupQuery> ReadLookup(const QString& lifted);
 
 }  // namespace database

@@ -14,7 +14,7 @@ struct OrderItem {
     bool asText = false;                  ///< sorted as text; then `column` is there
     bool descending = false;
     bool placesNulls = false;  ///< has its own NULLS FIRST or LAST
-    NodeList column;              ///< the column that it denotes by its name, its alias or its position; else empty
+    NodeList column;           ///< the column that it denotes by its name, its alias or its position; else empty
 };
 
 /// True where an ORDER BY begins.

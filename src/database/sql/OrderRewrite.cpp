@@ -40,7 +40,7 @@ bool HasWord(const NodeList& level, QStringView word) {
 
 void PlaceNulls(NodeList& level, const OrderItem& item) {
     const std::array<Node, 2> words = {MakeWord(QStringLiteral("NULLS")),
-                                        MakeWord(item.descending ? QStringLiteral("LAST") : QStringLiteral("FIRST"))};
+                                       MakeWord(item.descending ? QStringLiteral("LAST") : QStringLiteral("FIRST"))};
     level.insert(level.begin() + Offset(item.end), words.begin(), words.end());
 }
 

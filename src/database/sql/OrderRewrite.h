@@ -1,8 +1,8 @@
 #pragma once
 
 #include "database/DatabaseTypes.h"
-#include "database/sql/SqlDialect.h"
 #include "database/sql/SelectNames.h"
+#include "database/sql/SqlDialect.h"
 #include "database/sql/SyntaxTree.h"
 
 namespace database {

@@ -5,8 +5,8 @@
 #include <iterator>
 #include <utility>
 
-#include "database/sql/CaseBlindRewrite.h"
 #include "database/sql/BooleanChains.h"
+#include "database/sql/CaseBlindRewrite.h"
 #include "database/sql/JoinRewrite.h"
 #include "database/sql/LikeRewrite.h"
 #include "database/sql/Operands.h"
@@ -53,8 +53,7 @@ class Adapter {
     static void MoveTop(NodeList& level) {
         std::optional<Node> count = TakeTop(level);
         if (!count) return;
-        const auto end =
-            std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsSign(u";"); });
+        const auto end = std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsSign(u";"); });
         level.insert(level.insert(end, std::move(*count)), MakeWord(QStringLiteral("LIMIT")));
     }
 

@@ -14,7 +14,7 @@ enum class TokenKind {
     Number,     ///< 12, 1.5e3, 0x1F and x'0AFF'
     Sign,       ///< one operator or punctuation mark
     Parameter,  ///< ?, ?12, :name, @name, $name
-    Invalid,     ///< from here to the end of the text nothing can be told: a quote or bracket is not closed
+    Invalid,    ///< from here to the end of the text nothing can be told: a quote or bracket is not closed
     End         ///< nothing but blanks and comments is left
 };
 

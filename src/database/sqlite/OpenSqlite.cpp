@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/JetHeader.h"
-#include "platform/EndRequest.h"
-#include "platform/PlainFile.h"
 #include "database/sqlite/BusyHandler.h"
 #include "database/sqlite/WalMode.h"
+#include "platform/EndRequest.h"
+#include "platform/JetHeader.h"
+#include "platform/PlainFile.h"
 
 namespace database {
 namespace {

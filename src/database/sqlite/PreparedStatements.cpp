@@ -1,7 +1,7 @@
 #include "database/sqlite/PreparedStatements.h"
 
-#include "platform/Utf8Text.h"
 #include "database/sql/Tokenizer.h"
+#include "platform/Utf8Text.h"
 
 namespace database {
 PreparedStatement::PreparedStatement(sqlite3* database, const QString& text) {

@@ -1,9 +1,9 @@
 #include "database/sqlite/SqliteSession.h"
 
-#include "database/sqlite/OpenSqlite.h"
-#include "database/sqlite/InsertTarget.h"
-#include "database/sqlite/SqliteFunctions.h"
 #include "database/sql/StatementAdapter.h"
+#include "database/sqlite/InsertTarget.h"
+#include "database/sqlite/OpenSqlite.h"
+#include "database/sqlite/SqliteFunctions.h"
 
 namespace database {
 namespace {

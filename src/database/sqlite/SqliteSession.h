@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "database/DatabaseSession.h"
+#include "database/QueryCache.h"
 #include "database/sql/ParameterisedStatement.h"
 #include "database/sqlite/PreparedStatements.h"
-#include "database/QueryCache.h"
 #include "database/sqlite/SqliteHandle.h"
 #include "database/sqlite/WalMode.h"
 

@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/ProcessDescriptor.h"
 #include "platform/StartHidden.h"
+#include "platform/posix/ProcessDescriptor.h"
 
 using namespace Qt::StringLiterals;
 

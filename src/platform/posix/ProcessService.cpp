@@ -17,9 +17,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/RuntimeError.h"
 #include "platform/posix/ChildProcess.h"
 #include "platform/posix/ProcessDescriptor.h"
-#include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -21,7 +21,7 @@ QString Below(const RegistryKey& parent, const QString& subkey) {
     return parent.path.isEmpty() ? subkey : parent.path + u'\\' + subkey;
 }
 
-long DatabaseKind(const QString& path, const RegistryContent& content) {
+long WriteContent(const QString& path, const RegistryContent& content) {
     const QByteArray text = RegistryText(content);
     QString error;
     // Too large a file would be taken for a damaged one by the next read.
@@ -114,7 +114,7 @@ long FileRegistry::Write(const RegistryKey& key, const std::function<long(Regist
     const long changed = change(content);
     if (changed != kRegistryDone) return changed;
     const bool fresh = !QFileInfo::exists(file);
-    const long stored = DatabaseKind(file, content);
+    const long stored = WriteContent(file, content);
     if (stored != kRegistryDone || !fresh || !forAll) return stored;
     return QFile::setPermissions(file, kReadableByAll) ? kRegistryDone : kRegistryDenied;
 }

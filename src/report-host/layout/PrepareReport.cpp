@@ -1,11 +1,11 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
-#include "report-host/template/EraToday.h"
-#include "report-host/template/TemplateCheck.h"
-#include "report-host/template/TemplateOfReport.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/layout/ReportPages.h"
 #include "report-host/layout/SqliteQuery.h"
+#include "report-host/template/EraToday.h"
+#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateOfReport.h"
 
 using namespace Qt::StringLiterals;
 

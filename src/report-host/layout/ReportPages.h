@@ -2,11 +2,11 @@
 
 #include <QHash>
 
-#include "report-host/render/ElementPainter.h"
-#include "report-host/template/TemplateDefinition.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/layout/ReportRowStore.h"
+#include "report-host/render/ElementPainter.h"
 #include "report-host/render/FontSet.h"
+#include "report-host/template/TemplateDefinition.h"
 
 namespace report {
 

@@ -28,7 +28,8 @@ database::SqliteDatabase OpenPrivateFile() {
 
 }  // namespace
 
-ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns, const QStringList& order)
+ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns,
+                               const QStringList& order)
     : spool_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
     QStringList named{u"c0"_s};  // one column at least, so that the rows of a form that shows none can be counted
     for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));

@@ -3,8 +3,8 @@
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
-#include "report-host/template/TemplateLimits.h"
 #include "report-host/layout/VerticalText.h"
+#include "report-host/template/TemplateLimits.h"
 
 using namespace Qt::StringLiterals;
 

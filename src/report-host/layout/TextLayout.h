@@ -4,8 +4,8 @@
 #include <QSizeF>
 #include <memory>
 
-#include "report-host/template/TemplateDefinition.h"
 #include "report-host/render/FontSet.h"
+#include "report-host/template/TemplateDefinition.h"
 
 namespace report {
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "screen/AccessibleText.h"
+#include "screen/Accessibility.h"
 
 class PreparedReport;
 

@@ -17,12 +17,12 @@
 
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
-#include "report-host/preview/PageView.h"
 #include "report-host/layout/PreparedReport.h"
-#include "report-host/service/ReportOutput.h"
+#include "report-host/preview/PageView.h"
 #include "report-host/preview/RenderEvents.h"
 #include "report-host/render/RenderWatch.h"
-#include "screen/AccessibleCombo.h"
+#include "report-host/service/ReportOutput.h"
+#include "screen/Accessibility.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,10 +6,10 @@
 #include <QPainter>
 
 #include "platform/PlainFile.h"
-#include "report-host/template/TemplateLimits.h"
-#include "report-host/render/TextPainter.h"
-#include "report-host/render/RenderWatch.h"
 #include "report-host/layout/TextLayout.h"
+#include "report-host/render/RenderWatch.h"
+#include "report-host/render/TextPainter.h"
+#include "report-host/template/TemplateLimits.h"
 
 using namespace Qt::StringLiterals;
 

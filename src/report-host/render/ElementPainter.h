@@ -4,8 +4,8 @@
 #include <QImage>
 #include <functional>
 
-#include "report-host/template/TemplateDefinition.h"
 #include "report-host/render/FontSet.h"
+#include "report-host/template/TemplateDefinition.h"
 
 class QPainter;
 

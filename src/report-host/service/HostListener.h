@@ -16,7 +16,7 @@ class HostListener {
 
     bool IsOpen() const { return socket_ >= 0; }
     /// Why it could not be opened, in a Japanese sentence; empty where only the system knows.
-    const QString& UsageError() const { return refusal_; }
+    const QString& Refusal() const { return refusal_; }
     /// The listening socket, to be watched for callers.
     int Socket() const { return socket_; }
     /// Descriptor of the next caller of the same user; -1 when none waits. Callers of other users are disconnected.

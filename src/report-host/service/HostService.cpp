@@ -5,11 +5,11 @@
 #include <exception>
 #include <utility>
 
-#include "platform/RuntimeError.h"
 #include "platform/ReportHostLink.h"
-#include "report-host/service/HostListener.h"
+#include "platform/RuntimeError.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/preview/PreviewWindow.h"
+#include "report-host/service/HostListener.h"
 #include "report-host/service/ReportOutput.h"
 
 using namespace Qt::StringLiterals;

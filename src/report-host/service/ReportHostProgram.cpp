@@ -4,9 +4,9 @@
 #include "platform/ProcessService.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
+#include "report-host/layout/PreparedReport.h"
 #include "report-host/service/HostListener.h"
 #include "report-host/service/HostService.h"
-#include "report-host/layout/PreparedReport.h"
 #include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     const SuiteApplication application(argc, argv);
     platform::Services().dialogs->defaultTitle = u"帳票"_s;
     if (!door) return Refuse(u"帳票ファイルを指定してください。"_s);
-    if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s + door->UsageError());
+    if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s + door->Refusal());
     HostService service(*door, formsFile, PrepareReport);
     service.Finished = [] { QCoreApplication::quit(); };
     platform::OnTerminationRequest([] { QCoreApplication::quit(); });

@@ -8,9 +8,9 @@
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
 #include "platform/Services.h"
-#include "report-host/template/OutputTarget.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/service/PrintQueue.h"
+#include "report-host/template/OutputTarget.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "report-host/template/TemplateOfReport.h"
 
-#include "platform/RuntimeError.h"
 #include "database/sqlite/OpenSqlite.h"
-#include "report-host/template/TemplateCheck.h"
+#include "platform/RuntimeError.h"
 #include "report-host/layout/SqliteQuery.h"
+#include "report-host/template/TemplateCheck.h"
 
 using namespace Qt::StringLiterals;
 

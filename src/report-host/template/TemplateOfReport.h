@@ -2,8 +2,8 @@
 
 #include "database/sqlite/SqliteHandle.h"
 #include "report-host/template/TemplateError.h"
-#include "report-host/template/TemplateParser.h"
 #include "report-host/template/TemplateFile.h"
+#include "report-host/template/TemplateParser.h"
 
 namespace report {
 

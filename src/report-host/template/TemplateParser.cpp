@@ -110,7 +110,8 @@ class FormReader {
         section_ = &section;
         section.line = line.number;
         const FormWord& height = line.words[0];
-        if (height.name != u"高さ"_s) throw TemplateError{0, u"%1の後ろに 高さ=… を書いてください。"_s.arg(line.command)};
+        if (height.name != u"高さ"_s)
+            throw TemplateError{0, u"%1の後ろに 高さ=… を書いてください。"_s.arg(line.command)};
         section.height = ReadLength(height.text, height.name);
         Settings(line, 1);
     }
@@ -166,7 +167,8 @@ ElementKind KindOf(const QString& command) {
 }
 
 void FormReader::ReadElement(const TemplateToken& line) {
-    if (!section_) throw TemplateError{0, u"%1は 頁頭、明細、頁脚 のどれかの後ろに書いてください。"_s.arg(line.command)};
+    if (!section_)
+        throw TemplateError{0, u"%1は 頁頭、明細、頁脚 のどれかの後ろに書いてください。"_s.arg(line.command)};
     FormElement element;
     element.kind = KindOf(line.command);
     element.line = line.number;

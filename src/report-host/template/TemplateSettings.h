@@ -11,8 +11,8 @@ struct SettingTarget {
     FormElement& element;
 };
 
-/// Applies the words of the line from `firstWord` on. Throws TemplateError without a line for a setting that the command
-/// doesn't know, one that stands twice, and a value that it can't take.
+/// Applies the words of the line from `firstWord` on. Throws TemplateError without a line for a setting that the
+/// command doesn't know, one that stands twice, and a value that it can't take.
 void ApplySettings(const TemplateToken& line, qsizetype firstWord, SettingTarget target);
 
 /// A type size. Throws TemplateError without a line.

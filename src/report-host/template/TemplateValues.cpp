@@ -74,7 +74,8 @@ QColor ReadColour(const QString& text, const QString& what) {
     if (shape.match(text).hasMatch()) return QColor(text);
     for (const NamedColour& colour : kColours)
         if (text == QStringView(colour.word)) return QColor(colour.value);
-    throw TemplateError{0, u"%1「%2」は色ではありません。#rrggbb か 黒、白、灰、朱 で書いてください。"_s.arg(what, text)};
+    throw TemplateError{0,
+                        u"%1「%2」は色ではありません。#rrggbb か 黒、白、灰、朱 で書いてください。"_s.arg(what, text)};
 }
 
 QDate ReadDay(const QString& text, const QString& what) {

@@ -3,11 +3,11 @@
 #include <QColor>
 #include <QFont>
 
-/// The four faces of the suite. Where the machine lacks them, free Japanese fonts of the same kind stand in.
+/// The four fonts of the suite, substituted by similar free Japanese fonts if they are not installed.
 enum class SuiteFace { Mincho, PMincho, Gothic, PGothic };
 
-/// A face in points at 96 dots an inch, whatever the screen says of itself.
+/// A font of `points` at 96 dpi, independent of the screen's resolution.
 QFont SuiteFont(SuiteFace face, double points);
 
-/// Background of captions and of the selection windows.
+/// Background of captions and of selection windows.
 inline constexpr QColor kCaptionColor(0xFF, 0xE0, 0xC0);

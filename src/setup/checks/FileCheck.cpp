@@ -2,8 +2,8 @@
 
 #include <QFileInfo>
 
-#include "platform/RuntimeError.h"
 #include "database/LinkedTables.h"
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/InstallationUsers.h"

@@ -5,10 +5,9 @@
 
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
-#include "report-host/template/TemplateFile.h"
-#include "report-host/template/OutputTarget.h"
 #include "report-host/layout/PreparedReport.h"
-#include "report-host/service/ReportOutput.h"
+#include "report-host/template/OutputTarget.h"
+#include "report-host/template/TemplateFile.h"
 #include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
 

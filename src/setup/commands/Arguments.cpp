@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,7 +53,8 @@ qint64 Arguments::Number(const QString& option, qint64 fallback, qint64 low, qin
     bool good = false;
     const qint64 number = text.toLongLong(&good);
     if (!good || number < low || number > high)
-        throw UsageError(u"オプション %1 には %2 から %3 までの整数を指定してください。"_s.arg(option).arg(low).arg(high));
+        throw UsageError(
+            u"オプション %1 には %2 から %3 までの整数を指定してください。"_s.arg(option).arg(low).arg(high));
     return number;
 }
 

@@ -3,18 +3,19 @@
 #include <QFileInfo>
 
 #include "data/ServerText.h"
+#include "database/DatabaseSession.h"
 #include "platform/PrivateFolder.h"
 #include "platform/RuntimeError.h"
 #include "platform/SealedPins.h"
-#include "database/DatabaseSession.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/UsageError.h"
 #include "setup/checks/FileCheck.h"
-#include "setup/schema/GeneralDatabase.h"
 #include "setup/checks/HostCheck.h"
+#include "setup/checks/LeftoverCheck.h"
+#include "setup/schema/GeneralDatabase.h"
+#include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/InstallationRights.h"
 #include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
-#include "setup/checks/LeftoverCheck.h"
 #include "setup/storage/PinSealing.h"
 
 using namespace Qt::StringLiterals;

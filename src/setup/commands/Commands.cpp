@@ -4,22 +4,23 @@
 #include <limits>
 
 #include "platform/RuntimeError.h"
+#include "setup/UsageError.h"
 #include "setup/commands/Arguments.h"
 #include "setup/commands/CheckCommand.h"
-#include "setup/commands/TemplateCommands.h"
 #include "setup/commands/HistoryCommand.h"
 #include "setup/commands/ImportCommand.h"
-#include "setup/storage/Installer.h"
-#include "setup/storage/JetServer.h"
 #include "setup/commands/LinksCommand.h"
 #include "setup/commands/MoveCommand.h"
-#include "setup/storage/PinSealing.h"
 #include "setup/commands/PrinterCommand.h"
 #include "setup/commands/RegistryCommand.h"
-#include "setup/storage/ReportHostInstallation.h"
-#include "setup/sample/SampleTrial.h"
 #include "setup/commands/ServerCommands.h"
+#include "setup/commands/TemplateCommands.h"
 #include "setup/commands/UpgradeCommand.h"
+#include "setup/sample/SampleTrial.h"
+#include "setup/storage/Installer.h"
+#include "setup/storage/JetServer.h"
+#include "setup/storage/PinSealing.h"
+#include "setup/storage/ReportHostInstallation.h"
 
 using namespace Qt::StringLiterals;
 

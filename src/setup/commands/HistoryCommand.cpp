@@ -2,8 +2,8 @@
 
 #include <limits>
 
+#include "setup/UsageError.h"
 #include "setup/commands/HistorySource.h"
-#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

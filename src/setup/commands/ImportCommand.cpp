@@ -1,12 +1,12 @@
 #include "setup/commands/ImportCommand.h"
 
 #include "data/ServerSchema.h"
-#include "setup/schema/GeneralDatabase.h"
-#include "setup/storage/InstallationUsers.h"
-#include "setup/storage/Installer.h"
-#include "setup/storage/JetReader.h"
-#include "setup/schema/TableCopy.h"
+#include "setup/UsageError.h"
 #include "setup/commands/TerminalTable.h"
+#include "setup/schema/GeneralDatabase.h"
+#include "setup/schema/TableCopy.h"
+#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/JetReader.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "platform/Services.h"
-#include "setup/storage/ConfigurationFiles.h"
 #include "setup/commands/TerminalTable.h"
+#include "setup/storage/ConfigurationFiles.h"
 
 using namespace Qt::StringLiterals;
 

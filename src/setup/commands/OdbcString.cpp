@@ -2,7 +2,7 @@
 
 #include <QHash>
 
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -75,7 +75,8 @@ QHash<QString, QString> KnownFields(const QString& text) {
                     field.name));
         // The program puts the value between two ";" of its own.
         if (field.value.contains(u';') || field.value.startsWith(u'\'') || field.value.startsWith(u'"'))
-            throw UsageError(u"接続文字列の「%1」の値に「;」を含めたり、引用符で始めたりはできません。"_s.arg(field.name));
+            throw UsageError(
+                u"接続文字列の「%1」の値に「;」を含めたり、引用符で始めたりはできません。"_s.arg(field.name));
         known.insert(kNames.value(field.name), field.value);
     }
     return known;

@@ -3,10 +3,10 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "report-host/template/OutputTarget.h"
 #include "report-host/layout/PreparedReport.h"
+#include "report-host/template/OutputTarget.h"
+#include "setup/UsageError.h"
 #include "setup/storage/InstallationUsers.h"
-#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "setup/commands/RegistryCommand.h"
 
 #include "platform/Services.h"
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;

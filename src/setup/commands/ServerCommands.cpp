@@ -6,14 +6,15 @@
 #include "data/ServerSchema.h"
 #include "data/ServerText.h"
 #include "database/DatabaseSession.h"
-#include "setup/storage/ConfigurationFiles.h"
-#include "setup/schema/GeneralDatabase.h"
-#include "setup/storage/InstallationUsers.h"
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
-#include "setup/storage/PinSealing.h"
+#include "setup/schema/GeneralDatabase.h"
 #include "setup/schema/ServerSchemaUpgrade.h"
 #include "setup/schema/TableCopy.h"
+#include "setup/storage/ConfigurationFiles.h"
+#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installer.h"
+#include "setup/storage/PinSealing.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,10 +5,11 @@
 #include <QFileInfo>
 
 #include "platform/AtomicFile.h"
-#include "report-host/template/TemplateCheck.h"
-#include "report-host/template/TemplateOfReport.h"
-#include "report-host/template/TemplateFile.h"
 #include "report-host/layout/PreparedReport.h"
+#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateFile.h"
+#include "report-host/template/TemplateOfReport.h"
+#include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;

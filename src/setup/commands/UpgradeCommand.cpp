@@ -5,17 +5,18 @@
 #include <functional>
 
 #include "platform/RuntimeError.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/UsageError.h"
+#include "setup/commands/OdbcString.h"
+#include "setup/sample/Manual.h"
 #include "setup/schema/GeneralDatabase.h"
+#include "setup/schema/SchemaUpgrade.h"
+#include "setup/schema/ServerSchemaUpgrade.h"
+#include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/InstallationRights.h"
 #include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
-#include "setup/sample/Manual.h"
 #include "setup/storage/MenuEntry.h"
-#include "setup/commands/OdbcString.h"
 #include "setup/storage/ProgramFiles.h"
-#include "setup/schema/SchemaUpgrade.h"
-#include "setup/schema/ServerSchemaUpgrade.h"
 #include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
@@ -91,7 +92,8 @@ void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Argument
     if (!definition) return;
     const bool file = definition->db == u"A"_s, asked = arguments.Has(kOdbcOption);
     if (file && asked) throw UsageError(u"一般データベースはファイルです。--odbc は付けられません。"_s);
-    if (file) return RenewFile(upgrade, database::SqlitePath(definition->データソース名), Schema(DatabaseKind::General));
+    if (file)
+        return RenewFile(upgrade, database::SqlitePath(definition->データソース名), Schema(DatabaseKind::General));
     if (asked) return RenewGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
     upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。"_s
                         << u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s;
@@ -129,7 +131,8 @@ void CheckUpgrade(const QString& root, const QString& programFolder) {
     // Its own programs are what shall be renewed.
     if (QFileInfo(programFolder).canonicalFilePath() == QFileInfo(root + u"/prgbin"_s).canonicalFilePath())
         throw UsageError(u"新しい版の suite-setup で実行してください。これはこのインストール自身のものです。"_s);
-    if (!HoldsPrograms(programFolder)) throw UsageError(u"%1 に新しいプログラムが揃っていません。"_s.arg(programFolder));
+    if (!HoldsPrograms(programFolder))
+        throw UsageError(u"%1 に新しいプログラムが揃っていません。"_s.arg(programFolder));
 }
 
 }  // namespace

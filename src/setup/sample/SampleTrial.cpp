@@ -3,8 +3,8 @@
 #include <array>
 
 #include "platform/SealedPins.h"
-#include "setup/storage/SqliteFile.h"
 #include "setup/commands/TerminalTable.h"
+#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include <QFile>
 
 #include "database/sqlite/SqliteHandle.h"
-#include "setup/storage/PinColumns.h"
 #include "setup/schema/TableStatements.h"
+#include "setup/storage/PinColumns.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,7 @@
 
 #include "data/Connections.h"
 #include "data/ServerSchema.h"
+#include "setup/UsageError.h"
 #include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/Installer.h"
 #include "text/mod項目編集.h"

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "data/Catalogue.h"
-#include "globals/EnvironmentDefinition.h"
 #include "database/Database.h"
+#include "globals/EnvironmentDefinition.h"
 
 namespace setup {
 

@@ -4,8 +4,8 @@
 
 #include "database/LinkedTables.h"
 #include "report-host/template/StandardTemplates.h"
-#include "setup/storage/SqliteFile.h"
 #include "setup/schema/TableStatements.h"
+#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "database/collation/PostgresFunctions.h"
+#include "setup/UsageError.h"
 #include "setup/schema/GeneralDatabase.h"
-#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-#include "globals/EnvironmentDefinition.h"
 #include "database/Database.h"
+#include "globals/EnvironmentDefinition.h"
 
 namespace setup {
 

@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "setup/UsageError.h"
 #include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
 #include "text/mod項目編集.h"

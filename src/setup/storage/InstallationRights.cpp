@@ -6,7 +6,7 @@
 
 #include "platform/FileRights.h"
 #include "platform/SealedPins.h"
-#include "setup/storage/Installer.h"
+#include "setup/UsageError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -11,8 +11,8 @@ namespace setup {
 
 /// The group of an installation, or of one that is made at this place: of an installation whose configuration has
 /// another group than its owner's default the one it has, of a prepared folder with the setgid bit that folder's,
-/// otherwise that of the folder around it. Throws UsageError if `root` is to be made in a folder whose group this user may
-/// not give.
+/// otherwise that of the folder around it. Throws UsageError if `root` is to be made in a folder whose group this user
+/// may not give.
 unsigned GroupForNew(const QString& root);
 /// The same for an installation that exists. Without the right to give the group of the folder around it, an owner's
 /// installation stays with the group it has.

@@ -9,6 +9,7 @@
 #include <cerrno>
 
 #include "platform/RuntimeError.h"
+#include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;

@@ -10,15 +10,16 @@
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
 #include "platform/SealedPins.h"
-#include "setup/schema/ConfigurationWriter.h"
-#include "setup/schema/TemplateStore.h"
-#include "setup/storage/InstallationRights.h"
+#include "setup/UsageError.h"
 #include "setup/sample/Manual.h"
-#include "setup/storage/ProgramFiles.h"
 #include "setup/sample/SampleLogs.h"
 #include "setup/sample/SampleMasters.h"
 #include "setup/sample/SampleStaff.h"
+#include "setup/schema/ConfigurationWriter.h"
 #include "setup/schema/DatabaseFileWriter.h"
+#include "setup/schema/TemplateStore.h"
+#include "setup/storage/InstallationRights.h"
+#include "setup/storage/ProgramFiles.h"
 
 using namespace Qt::StringLiterals;
 

@@ -18,15 +18,10 @@ struct InstallationRequest {
     bool replace = false;
 };
 
-/// Files and folders that an administrator asked for in a way that can't or must not be done. Nothing was changed.
-class UsageError : public platform::RuntimeError {
-  public:
-    explicit UsageError(const QString& description) : RuntimeError(2, description) {}
-};
-
 /// Makes an installation with all tables and the sample. It is built beside its place and moved there whole, so a
-/// failure leaves nothing behind that looks like an installation, and with `replace` keeps the old one. Throws UsageError
-/// before anything is touched, otherwise platform::RuntimeError. Returns the absolute path of the installation.
+/// failure leaves nothing behind that looks like an installation, and with `replace` keeps the old one. Throws
+/// UsageError before anything is touched, otherwise platform::RuntimeError. Returns the absolute path of the
+/// installation.
 QString MakeInstallation(const InstallationRequest& request);
 
 /// Of the hidden folder beside its place in which an installation is built. A killed run leaves it; the next one in the

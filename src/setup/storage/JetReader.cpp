@@ -4,10 +4,10 @@
 #include <QFileInfo>
 
 #include "platform/RuntimeError.h"
+#include "setup/commands/TerminalTable.h"
 #include "setup/storage/JetFormat.h"
 #include "setup/storage/JetServer.h"
 #include "setup/storage/TableStream.h"
-#include "setup/commands/TerminalTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,7 +58,8 @@ class JetReader::Session {
         if (received_ > kMegabyte + kMostFramePerByte * size_) FailDamaged();
         const QByteArray body = Take(length);
         const Frame frame = Checked([&] { return ParseFrame(body); });
-        if (frame.kind == FrameKind::Failure) Fail(StripControlCharacters(frame.texts.value(0)) + u"何も取り込んでいません。"_s);
+        if (frame.kind == FrameKind::Failure)
+            Fail(StripControlCharacters(frame.texts.value(0)) + u"何も取り込んでいません。"_s);
         return frame;
     }
 

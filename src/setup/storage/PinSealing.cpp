@@ -5,14 +5,15 @@
 #include <algorithm>
 #include <optional>
 
+#include "database/sqlite/OpenSqlite.h"
 #include "platform/FileRights.h"
 #include "platform/SealedPins.h"
-#include "database/sqlite/OpenSqlite.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/UsageError.h"
+#include "setup/commands/OdbcString.h"
 #include "setup/schema/GeneralDatabase.h"
+#include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
-#include "setup/commands/OdbcString.h"
 
 using namespace Qt::StringLiterals;
 using platform::PinKey;

@@ -1,8 +1,8 @@
-// A driver for the driver manager that has no server: it writes down what it is told, and answers every statement with
-// the same rows. It stands for the drivers of engines that get statements as they are written.
-//   MEIBO_TEST_DRIVER_LOG     the file that it writes to, one line for each call
-//   MEIBO_TEST_DRIVER_ENGINE  the engine that it says it is for
-//   MEIBO_TEST_DRIVER_CELL    units of the first column's text in each row, where that is set
+// Fake ODBC driver without a server: logs the calls and answers every statement with the same rows. It replaces the
+// drivers of engines that get statements unchanged.
+//   MEIBO_TEST_DRIVER_LOG     the log file, one line per call
+//   MEIBO_TEST_DRIVER_ENGINE  the engine name that it reports
+//   MEIBO_TEST_DRIVER_CELL    length in characters of the first column's text in each row, if set
 
 #include <sql.h>
 #include <sqlext.h>
@@ -32,7 +32,7 @@ struct Statement {
     bool failed = false;
 };
 
-// A text that takes several pieces, with a sign of two units across the border of the first, then a Null.
+// A text that is fetched in several pieces, with a surrogate pair across the first boundary, then a Null.
 std::vector<Cell> RowAt(int row) {
     if (const char* units = std::getenv("MEIBO_TEST_DRIVER_CELL"))
         return {{Text(std::strtoul(units, nullptr, 10), u'x')}, {u"", true}};
@@ -65,7 +65,7 @@ void Note(const std::string& line) {
     if (const char* file = std::getenv("MEIBO_TEST_DRIVER_LOG")) std::ofstream(file, std::ios::app) << line << '\n';
 }
 
-// What ASCII text fits, with its end mark; the length in bytes.
+// Copies the ASCII text that fits, with its NUL terminator; reports the length in bytes.
 void Give(const std::string& text, SQLPOINTER target, SQLSMALLINT bytes, SQLSMALLINT* length) {
     auto* units = static_cast<SQLWCHAR*>(target);
     const size_t count = std::min(text.size(), static_cast<size_t>(bytes) / sizeof(SQLWCHAR) - 1);
@@ -175,7 +175,7 @@ SQLRETURN SQLFetch(SQLHSTMT handle) {
     return SQL_SUCCESS;
 }
 
-// As much as fits, with an end mark; what is told is the length of all that is left.
+// Copies as much as fits, with a NUL terminator; reports the total remaining length.
 SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT, SQLPOINTER target, SQLLEN bytes, SQLLEN* left) {
     Cell& cell = static_cast<Statement*>(handle)->cells[column - 1U];
     if (cell.finished) return SQL_NO_DATA;
@@ -203,7 +203,7 @@ SQLRETURN SQLGetDiagRecW(SQLSMALLINT type, SQLHANDLE handle, SQLSMALLINT record,
     return SQL_SUCCESS;
 }
 
-// Without it the manager does not ask for the words either.
+// Without this function the manager does not query messages either.
 SQLRETURN SQLGetDiagFieldW(SQLSMALLINT, SQLHANDLE, SQLSMALLINT, SQLSMALLINT, SQLPOINTER, SQLSMALLINT, SQLSMALLINT*) {
     return SQL_ERROR;
 }

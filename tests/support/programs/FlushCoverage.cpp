@@ -1,5 +1,5 @@
-// Part of the programs in the build that counts lines. They leave without the steps in which the counts are written,
-// and tests end some of them by a signal: without this all that only whole programs run would count as never run.
+// Linked into the programs of the coverage build. They exit without running the exit handlers that write the counters,
+// and tests kill some of them by a signal; without this, code that runs only in whole programs would count as not run.
 
 #include <csignal>
 

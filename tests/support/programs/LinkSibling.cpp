@@ -1,9 +1,9 @@
-// A registration program in place of the real one, for tests of what goes on between two processes. It knows the
-// suite's tables by itself and leans on none of the suite's code. Installed in prgbin, it
-//   - notes its process id in the file sibling.pid beside it,
-//   - takes the start message for its key out of the channel (without one it ends with status 3 and answers nothing),
+// Fake registration program for tests of the messages between two processes. Independent of the suite's code, it
+// contains the table names it needs. Installed in prgbin, it
+//   - writes its process id to the file sibling.pid in its folder,
+//   - takes the start message for its key from the channel (without one it exits with status 3 and no answer),
 //   - runs the statements of the file sibling.sql, if there is one, on the general database,
-//   - waits for somebody to kill it where the file sibling.waits stands, and otherwise answers and ends.
+//   - waits to be killed if the file sibling.waits exists, otherwise answers and exits.
 
 #include <sqlite3.h>
 #include <unistd.h>
@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int kLockWait = 20000;        // milliseconds: longer than any lock of a test
+constexpr int kLockWait = 20000;        // milliseconds, busy timeout: longer than any lock of a test
 constexpr unsigned kLongestLife = 120;  // seconds
 constexpr std::time_t kMessageAge = 60;
 
@@ -76,7 +76,7 @@ void NoteProcess(const std::filesystem::path& folder) {
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    alarm(kLongestLife);  // whatever becomes of the test
+    alarm(kLongestLife);  // watchdog, in case the test dies
     const std::filesystem::path folder = std::filesystem::path(argv[0]).parent_path();
     const std::filesystem::path root = folder.parent_path();
     sqlite3* configuration = Open(root / "conf" / "usrcnfg.accdb");

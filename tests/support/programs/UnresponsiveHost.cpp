@@ -1,4 +1,4 @@
 #include <unistd.h>
 
-// Takes the arguments of a report host and listens to nobody. It ends by itself should nobody end it.
+// Accepts the arguments of a report host and never listens. Exits after a timeout if it is not killed.
 int main() { return ::sleep(120) == 0 ? 0 : 1; }

@@ -1,23 +1,23 @@
-#include "selection/StaffListLayout.h"
+// The part of StaffListWindow that creates and places its controls.
 
-#include "screen/Button.h"
-#include "screen/fonts/Fonts.h"
+#include "screen/Buttons.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
-#include "screen/Label.h"
-#include "selection/ListWindowDefinition.h"
+#include "screen/Labels.h"
+#include "screen/fonts/Fonts.h"
 #include "selection/ListWindowLayout.h"
+#include "selection/StaffListWindow.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Pixels. Two columns; a search button stands in front of its item as the item's title.
+// Pixels. Two columns; the title of an item is its search button.
 constexpr int kLines = 4;
 constexpr int kNoticeHeight = 24;
 constexpr int kVisibleRows = 18;
 constexpr int kSearchWidth = 92;
-constexpr int kColumn = 352;  // from one column to the next
+constexpr int kColumn = 352;  // column pitch
 constexpr int kColumnWidth = 340;
 constexpr int kItemLeft = kSearchWidth + 4;
 constexpr int kMasterCodeWidth = 44;
@@ -27,7 +27,7 @@ struct SearchItem {
     int column, line, width;
     int maxLength;
     ImeMode ime;
-    QStringView text;  ///< shown until the program writes; a number: the item takes digits only
+    QStringView text;  ///< initial; if it is a number, the item accepts digits only
 };
 
 constexpr SearchItem kSearchItems[] = {
@@ -58,16 +58,16 @@ void MakeSearchItem(Form& form, const SearchItem& search) {
     }
     const int left = Left(search.column);
     MakeListButton(form, search.button.toString(), search.caption.toString())
-        .setGeometry(HeadPlace(left, search.line, kSearchWidth));
-    MakeField(form, search.item.toString(), design, HeadPlace(left + kItemLeft, search.line, search.width));
+        .setGeometry(HeadRect(left, search.line, kSearchWidth));
+    MakeField(form, search.item.toString(), design, HeadRect(left + kItemLeft, search.line, search.width));
 }
 
-/// A name that is only shown beside its code: a click passes over it, Tab does not stop on it.
+/// A read-only name next to its code. It is no tab stop, and a click on it moves the focus on.
 void MakeShownName(Form& form, const QString& name, int column) {
     constexpr int kOffset = kItemLeft + kMasterCodeWidth + 4;
     ItemDesign design;
     design.maxLength = 20;
-    InputItem& item = MakeField(form, name, design, HeadPlace(Left(column) + kOffset, 3, kColumnWidth - kOffset));
+    InputItem& item = MakeField(form, name, design, HeadRect(Left(column) + kOffset, 3, kColumnWidth - kOffset));
     item.setReadOnly(true);
     item.SetTabStop(false);
     item.SetBackColor(form.palette().color(QPalette::Window).lighter(108));
@@ -89,7 +89,7 @@ void MakeCommands(Form& form) {
                     {u"btn_画面クリア"_s, u"条件ｸﾘｱ"_s, 104}};
     int left = Left(1);
     for (const auto& command : commands) {
-        MakeListButton(form, command.name, command.caption).setGeometry(HeadPlace(left, 2, command.width));
+        MakeListButton(form, command.name, command.caption).setGeometry(HeadRect(left, 2, command.width));
         left += command.width + 3;
     }
 }
@@ -120,16 +120,16 @@ void NumberStaffStops(Form& form, const QString& list) {
 
 }  // namespace
 
-void BuildStaffItems(Form& form, const ListWindowDefinition& definition) {
-    ArrangeListFrame(form, definition, HeadHeight(kLines) + kNoticeHeight, kVisibleRows);
-    for (const SearchItem& search : kSearchItems) MakeSearchItem(form, search);
-    MakeLabel(form, u"lab_コード"_s, u"以降"_s, HeadPlace(Left(0) + kItemLeft + 68, 0, 40));
-    MakeShownName(form, u"部門名"_s, 0);
-    MakeShownName(form, u"セクション名"_s, 1);
-    MakeClassItems(form, u"在籍区分"_s, u"在籍区分"_s, Left(1), 0, kColumnWidth);
-    MakeClassItems(form, u"社員区分"_s, u"社員区分"_s, Left(1), 1, kColumnWidth);
-    MakeCommands(form);
-    MakeLabel(form, u"lab_注意"_s, u"一回の検索で1000件までを表示します。"_s,
-              HeadPlace(kListLeft, kLines, kColumnWidth));
-    NumberStaffStops(form, definition.list);
+void StaffListWindow::BuildItems() {
+    ArrangeListFrame(*this, Definition(), HeadHeight(kLines) + kNoticeHeight, kVisibleRows);
+    for (const SearchItem& search : kSearchItems) MakeSearchItem(*this, search);
+    MakeLabel(*this, u"lab_コード"_s, u"以降"_s, HeadRect(Left(0) + kItemLeft + 68, 0, 40));
+    MakeShownName(*this, u"部門名"_s, 0);
+    MakeShownName(*this, u"セクション名"_s, 1);
+    MakeClassItems(*this, u"在籍区分"_s, u"在籍区分"_s, Left(1), 0, kColumnWidth);
+    MakeClassItems(*this, u"社員区分"_s, u"社員区分"_s, Left(1), 1, kColumnWidth);
+    MakeCommands(*this);
+    MakeLabel(*this, u"lab_注意"_s, u"一回の検索で1000件までを表示します。"_s,
+              HeadRect(kListLeft, kLines, kColumnWidth));
+    NumberStaffStops(*this, Definition().list);
 }

@@ -1,7 +1,8 @@
-#include "screen/Button.h"
+#include "screen/Buttons.h"
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include "screen/DoubleClickGuard.h"
 
@@ -15,8 +16,8 @@ Button::Button(Form& form, QWidget& parent, QString name, const QString& caption
     setAutoDefault(false);
     SetCaption(caption);
     connect(this, &QPushButton::clicked, this, [this] {
-        RaiseByUser([this] {
-            // A screen reader presses without moving the focus, and what is half typed elsewhere would not be accepted.
+        EmitByUser([this] {
+            // A screen reader presses without moving the focus. Text being typed elsewhere is accepted on LostFocus.
             if (!byInput_) SetFocus();
             if (Click) Click();
         });
@@ -60,4 +61,28 @@ void Button::mouseReleaseEvent(QMouseEvent* event) {
     const QScopedValueRollback<bool> byInput(byInput_, true);
     const SecondPressGuard guard(*this, *event);
     QPushButton::mouseReleaseEvent(event);
+}
+
+CheckItem::CheckItem(Form& form, QWidget& parent, QString name, int index, const QString& caption)
+    : QCheckBox(&parent), Control(form, *this, u"CheckBox"_s, std::move(name), index) {
+    SetTabStop(true);
+    setAccessibleName(Name());
+    setFocusPolicy(Qt::StrongFocus);
+    SetCaption(caption);
+    connect(this, &QCheckBox::toggled, this, [this] { EmitByUser(Click); });
+}
+
+void CheckItem::SetCaption(const QString& caption) {
+    caption_ = caption;
+    setText(QString(caption).replace(u'&', u"&&"_s));
+    setAccessibleDescription(caption);
+}
+
+void CheckItem::SetValue(int value) {
+    if ((value != 0) == isChecked()) return;
+    {
+        const QSignalBlocker quiet(this);
+        setChecked(value != 0);
+    }
+    if (Click) Click();
 }

@@ -1,12 +1,39 @@
-#include "screen/AccessibleCombo.h"
+#include "screen/Accessibility.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
-
-#include "screen/AccessibleFactory.h"
+#include <QWidget>
 
 namespace {
+
+/// Installs `Factory` once per process.
+template <QAccessible::InterfaceFactory Factory>
+void InstallAccessFactory() {
+    [[maybe_unused]] static const bool installed = [] {
+        QAccessible::installFactory(Factory);
+        return true;
+    }();
+}
+
+class TextAccess : public QAccessibleWidget {
+  public:
+    TextAccess(QWidget& widget, const AccessibleText& spoken)
+        : QAccessibleWidget(&widget, spoken.SpokenRole()), spoken_(spoken) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Name) return spoken_.AccessibleName();
+        return kind == QAccessible::Description ? spoken_.SpokenDescription() : QString();
+    }
+
+  private:
+    const AccessibleText& spoken_;
+};
+
+QAccessibleInterface* MakeTextAccess(const QString&, QObject* object) {
+    const auto* spoken = dynamic_cast<const AccessibleText*>(object);
+    return spoken == nullptr ? nullptr : new TextAccess(static_cast<QWidget&>(*object), *spoken);
+}
 
 /// The only child is the list that drops down.
 class AccessibleCombo : public QAccessibleWidget {
@@ -35,7 +62,7 @@ class AccessibleCombo : public QAccessibleWidget {
     int indexOfChild(const QAccessibleInterface* child) const override {
         return child != nullptr && child->object() == combo_.view() ? 0 : -1;
     }
-    /// The list is a window of its own and lies over other places.
+    /// The list is a separate window at another position.
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
 
     QStringList actionNames() const override {
@@ -53,11 +80,13 @@ class AccessibleCombo : public QAccessibleWidget {
     QComboBox& combo_;
 };
 
-QAccessibleInterface* MakeAccess(const QString&, QObject* object) {
+QAccessibleInterface* MakeComboAccess(const QString&, QObject* object) {
     auto* combo = qobject_cast<QComboBox*>(object);
     return combo != nullptr && !combo->isEditable() ? new AccessibleCombo(*combo) : nullptr;
 }
 
 }  // namespace
 
-void InstallComboAccess() { InstallAccessFactory<MakeAccess>(); }
+void InstallSpokenTextAccess() { InstallAccessFactory<MakeTextAccess>(); }
+
+void InstallComboAccess() { InstallAccessFactory<MakeComboAccess>(); }

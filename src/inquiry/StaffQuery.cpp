@@ -1,40 +1,39 @@
+#include "inquiry/StaffQuery.h"
+
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
-#include "inquiry/StaffQuery.h"
-#include "inquiry/StaffStatement.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-/// The page that begins at the last row still has to lie inside the store.
+/// A page that begins at the last row must fit into the store.
 int RowLimit() { return StaffRowStore::kRows - 1 - Globals().RowsPerPage; }
 
-void TakeRow(database::Recordset& record, int row) {
+void LoadRow(database::Recordset& record, int row) {
     Globals().Rows.出力対象.at(static_cast<size_t>(row)) = 1;
     LoadStaffRow(record, row);
 }
 
-/// False when there were more rows than the store takes. Rows let events through, and one of these may close
-/// the connections: the rows are here already, and whatever is still asked for them then fails quietly.
+/// False if there are more rows than the store takes. Loading processes events, and a handler may close the connection.
+/// The rows are already in memory; later lookups fail silently.
 bool LoadRows(database::Recordset& record) {
     ProgramGlobals& globals = Globals();
-    platform::EventPump gate;
+    platform::EventPump pump;
     while (!record.AtEOF()) {
         if (globals.LastRow >= RowLimit()) return false;
-        gate.ProcessEvents();
+        pump.ProcessEvents();
         globals.LastRow += 1;
-        TakeRow(record, globals.LastRow);
+        LoadRow(record, globals.LastRow);
         record.MoveNext();
     }
     return true;
 }
 
-/// Reads under one snapshot, which ends here: it would keep other programs from writing for as long as somebody
-/// looks at the message.
+/// Reads within one snapshot, which must end before a message is shown: it prevents other programs from writing.
 bool ReadMatchingStaff(const QString& sql) {
     const database::ReadScope scope(Globals().MainConnection);
     database::Recordset record;
@@ -58,7 +57,7 @@ void ReloadStaffRow(int row) {
     ClearRow(row);
     database::Recordset record;
     if (OpenRecordset(record, sql, true)) {
-        TakeRow(record, row);
+        LoadRow(record, row);
     } else {
         RemoveRow(row);
     }

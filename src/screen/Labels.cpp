@@ -1,9 +1,13 @@
-#include "screen/LabelItem.h"
+#include "screen/Labels.h"
 
 #include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStringList>
+#include <algorithm>
+#include <tuple>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -17,7 +21,7 @@ LabelItem::LabelItem(Form& form, QWidget& parent, QString typeName, QString name
       fore_(palette().color(QPalette::WindowText)),
       back_(palette().color(QPalette::Window)) {
     InstallSpokenTextAccess();
-    setAttribute(Qt::WA_OpaquePaintEvent);  // nothing behind has to be painted first
+    setAttribute(Qt::WA_OpaquePaintEvent);  // saves painting the background
 }
 
 void LabelItem::setAlignment(Qt::Alignment alignment) {
@@ -89,7 +93,7 @@ void LabelItem::PaintEdge(QPainter& painter) const {
 
 void LabelItem::PaintLine(QPainter& painter, const QRect& area) const {
     const QFontMetrics metrics = painter.fontMetrics();
-    // Measuring a text costs as much as drawing it, and most are far too short to reach the edge.
+    // Measuring costs as much as drawing, and most texts are far too short to be elided.
     const bool fits = text_.size() * metrics.maxWidth() <= area.width();
     const QString line = fits ? text_ : metrics.elidedText(text_, Qt::ElideRight, area.width());
     int x = area.left();
@@ -109,10 +113,30 @@ void LabelItem::mousePressEvent(QMouseEvent* event) {
 void LabelItem::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
-    if (rect().contains(event->position().toPoint())) RaiseByUser(Click);
+    if (rect().contains(event->position().toPoint())) EmitByUser(Click);
 }
 
 void LabelItem::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
-    if (event->button() == Qt::LeftButton) RaiseByUser(DblClick);
+    if (event->button() == Qt::LeftButton) EmitByUser(DblClick);
+}
+
+QString Panel::SpokenDescription() const {
+    if (!HoldsOthers()) return LabelItem::SpokenDescription();
+    return isVisible() && !Shown().isEmpty() ? Shown() : TextsOnIt();
+}
+
+/// The visible texts in reading order. Computed only on request, so that writing a row stays cheap.
+QString Panel::TextsOnIt() const {
+    std::vector<const LabelItem*> items;
+    for (const QObject* child : children()) {
+        const auto* item = dynamic_cast<const LabelItem*>(child);
+        if (item != nullptr && item->isVisible() && !item->Shown().isEmpty()) items.push_back(item);
+    }
+    std::stable_sort(items.begin(), items.end(), [](const LabelItem* a, const LabelItem* b) {
+        return std::make_tuple(a->y(), a->x()) < std::make_tuple(b->y(), b->x());
+    });
+    QStringList texts;
+    for (const LabelItem* item : items) texts << item->Shown();
+    return texts.join(u' ');
 }

@@ -1,4 +1,4 @@
-#include "mainform/MainFormFixture.h"
+#include "support/MainFormFixture.h"
 
 #include <QtTest/QTest>
 
@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 void MainFormTest::TearDown() {
     delete Globals().MainForm;
     Globals().MainForm = nullptr;
-    // The windows that were opened from it live hidden to the end of the program.
-    while (!LoadedForms().empty()) delete LoadedForms().back();
+    qDeleteAll(LoadedForms());  // windows opened from it are still loaded, hidden
 }
 
 void MainFormTest::Start(const QString& commandLine, int screenHeight) {

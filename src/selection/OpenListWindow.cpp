@@ -1,8 +1,12 @@
-#include "selection/StaffListWindows.h"
+#include "selection/OpenListWindow.h"
 
 #include <algorithm>
 
+#include "globals/ProgramGlobals.h"
+#include "platform/RuntimeError.h"
+#include "screen/Form.h"
 #include "selection/LookupController.h"
+#include "selection/MasterListWindow.h"
 #include "selection/MultiSelectController.h"
 #include "selection/StaffListWindow.h"
 
@@ -26,6 +30,11 @@ const QList<StaffListDefinition>& Definitions() {
     return definitions;
 }
 
+ListWindow* MakeListWindow(const QString& name) {
+    if (ListWindow* window = MakeMasterListWindow(name)) return window;
+    return MakeStaffListWindow(name);
+}
+
 }  // namespace
 
 ListWindow* MakeStaffListWindow(const QString& name) {
@@ -33,6 +42,20 @@ ListWindow* MakeStaffListWindow(const QString& name) {
     const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
     if (found == all.end()) return nullptr;
     auto* window = new StaffListWindow(*found);
-    if (!WirePicks(*window)) WireLookup(*window);
+    if (!ConnectMultiSelect(*window)) ConnectLookup(*window);
     return window;
+}
+
+void ShowListWindow(const QString& name) { LoadedOrNew(name, MakeListWindow).ShowModal(); }
+
+void OpenSelectionWindow(const QString& button) {
+    const auto& all = MultiSelectDefinitions();
+    const auto definition = std::find_if(all.begin(), all.end(), [&](const auto& d) { return d.button == button; });
+    if (definition == all.end()) throw platform::RuntimeError(platform::kItemNotFound, button);
+    ProgramGlobals& globals = Globals();
+    globals.MainForm->SetEnabled(false);
+    globals.ListCondition.clear();
+    globals.ListResultItem = &globals.MainForm->Item(button);
+    globals.ListNextItem = &globals.MainForm->Item(definition->nextItem);
+    ShowListWindow(definition->window);
 }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class ListWindow;
+
+/// A new window over the staff by the form's name; nullptr for any other name.
+ListWindow* MakeStaffListWindow(const QString& name);
+
+/// Shows a list window modally and returns when it has closed. The window is created at its first use and keeps its
+/// state while it is only hidden. The caller sets ListCondition, ListResultItem and ListNextItem first and disables
+/// itself. RuntimeError kItemNotFound for an unknown name.
+void ShowListWindow(const QString& name);
+
+/// Opens the multi-select window of a range button on the main form and returns when it has closed. The main form is
+/// disabled until then. RuntimeError kItemNotFound for a button that opens none.
+void OpenSelectionWindow(const QString& button);
