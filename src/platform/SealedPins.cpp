@@ -32,9 +32,6 @@ const unsigned char* Raw(const QByteArray& bytes) { return reinterpret_cast<cons
 
 void Wipe(QByteArray& bytes) { sodium_memzero(bytes.data(), static_cast<size_t>(bytes.size())); }
 
-/// Without its key a database of sealed PINs is lost, so the key has to be on the disk before the first one is.
-bool ReachDisk(QFile& file) { return SyncFile(file.handle()) && SyncFolder(QFileInfo(file).path()); }
-
 /// Nonce and sealed bytes; empty when the text has not the form.
 QByteArray Envelope(const QString& stored) {
     if (!stored.startsWith(kMark)) return {};
@@ -75,16 +72,23 @@ std::optional<PinKey> PinKey::Read(const QString& file) {
     return key;
 }
 
+// Without its key a database of sealed PINs is lost, so the key has to be on the disk before the first one is.
 bool PinKey::Write(const QString& file) const {
-    QFile target(file);
-    // Made with narrow rights from the start: nobody else may look in between.
+    // Written under another name first: a process that is killed here must not leave half a key, under which no PIN
+    // opens.
+    QFile target(file + u"-unfinished"_s);
+    target.remove();
+    // Made with narrow rights from the start: no other user may read it in between.
     const auto own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
     if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, own)) return false;
     const bool written = target.write(reinterpret_cast<const char*>(bytes_.data()), kBytes) == kBytes &&
-                         target.setPermissions(own | QFileDevice::ReadGroup) && ReachDisk(target);
+                         target.setPermissions(own | QFileDevice::ReadGroup) && SyncFile(target.handle());
     target.close();
-    if (!written) target.remove();
-    return written;
+    // Never replaces a key that exists.
+    const bool named = written && target.rename(file);
+    if (named && SyncFolder(QFileInfo(file).path())) return true;
+    target.remove();
+    return false;
 }
 
 QString PinKeyFileName() { return u"pin.key"_s; }

@@ -7,7 +7,12 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "platform/SecretText.h"
 #include "support/FileBytes.h"
@@ -81,6 +86,23 @@ TEST_F(SealedPinsTest, KeyFileIsReadByOwnerAndGroupAndNeverReplaced) {
     EXPECT_EQ(rights & ~users, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
     EXPECT_FALSE(PinKey().Write(keyFile));
     EXPECT_EQ(OpenPin(SealPin(u"AB12"_s, key), *PinKey::Read(keyFile)), u"AB12"_s);
+}
+
+TEST_F(SealedPinsTest, ProcessKilledInTheMiddleOfAKeyLeavesNoKeyFile) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit half{16, 16};
+        ::setrlimit(RLIMIT_FSIZE, &half);
+        ::signal(SIGXFSZ, SIG_DFL);
+        static_cast<void>(key.Write(keyFile));
+        ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_FALSE(QFile::exists(keyFile));
+    EXPECT_TRUE(key.Write(keyFile));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{platform::PinKeyFileName()});
 }
 
 TEST_F(SealedPinsTest, KeyFileOfAnotherLengthIsNone) {

@@ -2,10 +2,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <unistd.h>
 #include <thread>
 
 #include "platform/RuntimeError.h"
@@ -54,6 +57,22 @@ TEST_F(HostListenerTest, CallerIsAcceptedBeforeAnyEventRuns) {
     QLocalSocket caller;
     caller.connectToServer(Name());
     EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+}
+
+TEST_F(HostListenerTest, SocketsOfHostsThatWereKilledBeforeTheyHadTheNameAreRemoved) {
+    const QString dead = Name() + u".999999999"_s, alive = Name() + u".%1"_s.arg(::getppid());
+    for (const QString& path : {dead, alive}) {
+        QLocalServer socket;
+        ASSERT_TRUE(socket.listen(path));
+        // Closing the server would remove the name.
+        ASSERT_EQ(::link(path.toLocal8Bit().constData(), (path + u"0000000"_s).toLocal8Bit().constData()), 0);
+        socket.close();
+        ASSERT_TRUE(QFile::rename(path + u"0000000"_s, path));
+    }
+    const HostListener door(Forms());
+    EXPECT_FALSE(QFileInfo::exists(dead));
+    EXPECT_TRUE(QFileInfo::exists(alive));
+    QFile::remove(alive);
 }
 
 TEST_F(HostListenerTest, OneFileHasOneNameHoweverItsPathIsWritten) {

@@ -6,7 +6,11 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <utility>
@@ -49,6 +53,17 @@ quint64 InodeOf(const QByteArray& name) {
     return ::lstat(name.constData(), &found) == 0 ? found.st_ino : 0;
 }
 
+/// Removes the sockets that hosts of the same forms file left because they were killed before they had the name.
+void RemoveDeadSockets(const QByteArray& name) {
+    const QFileInfo socket(QFile::decodeName(name));
+    const QDir folder = socket.dir();
+    for (const QString& entry : folder.entryList({socket.fileName() + QStringLiteral(".*")}, QDir::System)) {
+        bool isNumber = false;
+        const pid_t process = entry.mid(socket.fileName().size() + 1).toInt(&isNumber);
+        if (isNumber && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH) QFile::remove(folder.filePath(entry));
+    }
+}
+
 }  // namespace
 
 HostListener::HostListener(const QString& formsFile) {
@@ -60,6 +75,7 @@ HostListener::HostListener(const QString& formsFile) {
     }
     socket_ = NewSocket();
     if (!Listen() || !TakeName()) ::close(std::exchange(socket_, -1));
+    RemoveDeadSockets(name_);
 }
 
 /// Under a name of its own first: between its making and its listening a socket refuses callers.
