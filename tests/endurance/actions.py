@@ -23,11 +23,6 @@ class Action:
     def __init__(self, desk):
         self.desk, self.site = desk, desk.site
 
-    @staticmethod
-    def can_run(work):
-        """Whether the folder of the test has what the action needs."""
-        return True
-
     def prepare(self):
         """Everything up to the moment at which the measured time begins."""
 

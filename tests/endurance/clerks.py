@@ -14,21 +14,16 @@ STAFF = 48  # few, so that clerks meet at the same person
 TIMEOUT = 150  # seconds that a clerk may need beyond the time, for the step under way and the end
 
 
-def hand_to_group(site, group):
-    """`init` gives everything below an installation to the group of the folder around it, with the right to write where
-    users write. Until it does, this gives it; returns what had to change, which is to be nothing."""
-    changed = []
+def without_group_rights(site, group):
+    """Paths of the installation that the group may not use as clerks need it; `init` must leave none."""
+    wrong = []
     for name in ("data", "conf", "report", "users"):
         for path in (site.root / name, *sorted((site.root / name).iterdir())):
-            folder = path.is_dir()
-            wanted = 0o2070 if folder else 0o040 if path.name == "pin.key" else 0o060
+            wanted = 0o2070 if path.is_dir() else 0o040 if path.name == "pin.key" else 0o060
             found = path.stat()
-            if found.st_gid == group and found.st_mode & wanted == wanted:
-                continue
-            changed.append(str(path.relative_to(site.root)))
-            os.chown(path, -1, group)
-            path.chmod(0o2770 if folder else 0o600 | wanted)
-    return changed
+            if found.st_gid != group or found.st_mode & wanted != wanted:
+                wrong.append(str(path.relative_to(site.root)))
+    return wrong
 
 
 def make_site(work, kind, maker, group):
@@ -43,8 +38,8 @@ def make_site(work, kind, maker, group):
     }  # fmt: skip
     site = suite.Installation(shared / "site", work / "programs", environment)
     site.make("--staff", STAFF, "--install-kind", kind, **maker.identity(group))
-    if changed := hand_to_group(site, group):
-        print(f"  init did not give the group its rights; corrected: {', '.join(changed)}")
+    if wrong := without_group_rights(site, group):
+        raise RuntimeError(f"init did not give the group its rights: {', '.join(wrong)}")
     site.register_host()
     printed = shared / "printed"
     printed.mkdir()
@@ -171,5 +166,4 @@ def prepare_driver(work, sources):
     for file in (*(sources / "endurance").glob("*.py"), *(sources / "accessibility").glob("*.py")):
         shutil.copyfile(file, driver / file.name)
     jet = sources / "setup/jet/general.accdb"
-    if jet.exists():
-        shutil.copyfile(jet, driver / jet.name)
+    shutil.copyfile(jet, driver / jet.name)

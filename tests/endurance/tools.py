@@ -162,10 +162,6 @@ class Import(Tool):
     name, verb = "import", "import"
     counted = "SELECT COUNT(*) FROM M担当者 UNION ALL SELECT COUNT(*) FROM M部門"
 
-    @staticmethod
-    def can_run(work):
-        return (work / "driver/general.accdb").exists()
-
     def arrange(self):
         self.original = suite.rows(self.site.general, self.counted)
         self.imported = None

@@ -126,7 +126,7 @@ void CheckSeenByPrograms(const GeneralDatabaseDefinition& definition) {
         missing = MissingIn(connection, connection.Session().EngineName());
     } catch (const database::DatabaseError& error) {
         throw platform::RuntimeError(kWorkFailed,
-                                     u"定義の利用者では一般データベースを使えません。%1"_s.arg(error.Description()));
+                                     u"定義の利用者では一般データベースを使えません。%1"_s.arg(error.TextForPeople()));
     }
     if (!missing.isEmpty())
         throw platform::RuntimeError(
