@@ -148,7 +148,8 @@ TEST_F(MainFormReportTest, FailedReportShowsTheMessageOfTheHost) {
 }
 
 TEST_F(MainFormReportTest, FolderThatOthersMayEnterEndsThePrintWithAMessage) {
-    const QTemporaryDir temporary;
+    // Short enough for the path of a socket, wherever the tests keep their files.
+    const QTemporaryDir temporary(u"/tmp/meibo-XXXXXX"_s);
     const QString squatted = temporary.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
     ASSERT_TRUE(QDir().mkdir(squatted) && QFile::setPermissions(squatted, QFile::Permissions(0x7777)));
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");

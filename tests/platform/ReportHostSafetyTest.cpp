@@ -65,7 +65,8 @@ class HostFolderTest : public ::testing::Test {
         }
     }
 
-    const QTemporaryDir temporary;
+    // Short enough for the path of a socket, wherever the tests keep their files.
+    const QTemporaryDir temporary{u"/tmp/meibo-XXXXXX"_s};
 
   private:
     const QByteArray runtime_ = qgetenv("XDG_RUNTIME_DIR");

@@ -187,10 +187,12 @@ TEST_F(HostListenerTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
 }
 
 TEST_F(HostListenerTest, DoorStaysClosedWithoutAFolderOfThisUserAlone) {
+    // Short enough for the path of a socket, wherever the tests keep their files.
+    const QTemporaryDir temporary(u"/tmp/meibo-XXXXXX"_s);
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
     qunsetenv("XDG_RUNTIME_DIR");
-    qputenv("TMPDIR", folder.path().toUtf8());
-    const QString squatted = folder.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
+    qputenv("TMPDIR", temporary.path().toUtf8());
+    const QString squatted = temporary.filePath(u"youin-meibo-%1"_s.arg(::getuid()));
     ASSERT_TRUE(QDir().mkdir(squatted) && QDir().mkdir(squatted + u"/nobody"_s));
     ASSERT_TRUE(QFile::setPermissions(squatted, QFile::Permissions(0x7777)));
     EXPECT_FALSE(HostListener(Forms()).IsOpen());
