@@ -26,7 +26,7 @@ class EndableSession : public DatabaseSession {
     template <typename Work>
     auto Endable(Work work);
 
-    std::shared_ptr<DatabaseSession> session_;  // the end handler may destroy this object
+    std::shared_ptr<DatabaseSession> session_;  // shared: the end handler may destroy this object
 };
 
 }  // namespace database

@@ -100,7 +100,7 @@ std::vector<quint32> CodePageRanks() {
     return ranks;
 }
 
-// User-defined characters of the code page are mostly kanji; Unicode maps them to the private use area.
+// User-defined characters of the code page sort as kanji; Unicode has them in the private use area.
 bool IsKanji(QChar unit) { return unit.script() == QChar::Script_Han || unit.category() == QChar::Other_PrivateUse; }
 
 Weight WeightOf(char16_t folded, quint32 rank) {

@@ -18,9 +18,8 @@ OdbcKind KindOfDriver(const QString& driver);
 int AnswerSeconds(const ConnectionRequest& request);
 
 /// The driver manager's connection string for a request:
-/// - with a field Initial Catalog, even an empty one: server and database. The Data Source is "server", "server:port"
-/// or
-///   "server,port"; the provider selects the driver from the table below;
+/// - with a field Initial Catalog, even an empty one: server and database. The Data Source is "server",
+///   "server:port" or "server,port"; the provider selects the driver from the table below;
 /// - without one the Data Source is a data source name (DSN) of the driver manager, which knows its driver.
 ///
 /// Provider                                   | Drivers, the first installed one is used

@@ -26,7 +26,7 @@ class OdbcWatchdog {
     OdbcWatchdog(const OdbcWatchdog&) = delete;
     OdbcWatchdog& operator=(const OdbcWatchdog&) = delete;
 
-    /// To be called once the driver has connected. `patience` is the timeout of each call; 0 means none.
+    /// To be called once the driver has connected. Sets the timeout of each call; 0 means none.
     void Begin(Clock::duration patience);
     /// True once a call has timed out and the connection was shut down.
     bool Ended() const;

@@ -37,7 +37,7 @@ bool LacksSide(const NodeList& level, size_t equals) {
     return equals == 0 || equals + 1 >= level.size() || level[equals + 1].IsSign(u";");
 }
 
-// Returns the index of the right side's last piece.
+// Returns the index of the right side's last node.
 size_t WrapSides(NodeList& level, size_t equals, const QString& call) {
     const std::optional<size_t> begin = BeginOfOperand(level, equals), end = EndOfOperand(level, equals + 1);
     if (!begin || !end || !StartsExpression(level, *begin) || !EndsExpression(level, *end)) RefuseComparison();

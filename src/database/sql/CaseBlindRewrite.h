@@ -12,7 +12,7 @@ namespace database {
 /// extent of an operand is ambiguous.
 void CompareCaseBlind(NodeList& level, bool condition, const SqlDialect& engine, const TextRules& rules);
 
-/// True if `piece` is in a condition of its level; `before` is the result for the previous piece.
+/// True if `piece` is in a condition of its level; `before` is the result for the previous node.
 bool IsInCondition(const Node& piece, bool before);
 
 }  // namespace database

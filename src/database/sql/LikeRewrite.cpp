@@ -11,9 +11,9 @@
 namespace database {
 namespace {
 
-/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` and the operand before it; positions are indexes of pieces.
+/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` and the operand before it; positions are indexes of nodes.
 struct Term {
-    size_t operand = 0;    // first piece
+    size_t operand = 0;    // first node
     size_t operation = 0;  // NOT or LIKE
     size_t end = 0;
     bool negated = false;

@@ -7,7 +7,7 @@
 
 namespace database {
 
-/// One item of an ORDER BY; positions are indexes of pieces.
+/// One item of an ORDER BY; positions are indexes of nodes.
 struct OrderItem {
     size_t first = 0, expressionEnd = 0;  ///< the expression
     size_t end = 0;                       ///< after ASC or DESC

@@ -14,7 +14,7 @@ struct SignJoin {
 };
 
 struct Clause {
-    size_t from = 0, where = 0, end = 0;  // first pieces after FROM, after WHERE, and after the conditions
+    size_t from = 0, where = 0, end = 0;  // first nodes after FROM, after WHERE, and after the conditions
     std::vector<Node> tables;
     std::vector<SignJoin> joins;
     std::vector<NodeList> others;  // conditions that are not such joins

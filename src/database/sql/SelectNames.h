@@ -11,7 +11,7 @@ namespace database {
 
 /// One column of a SELECT: its expression, and its alias with or without AS.
 struct SelectItem {
-    size_t first = 0, end = 0;  ///< pieces of the expression
+    size_t first = 0, end = 0;  ///< nodes of the expression
     QString alias;              ///< empty if there is none
     bool all = false;           ///< "*" or "t.*"
 };
@@ -19,7 +19,7 @@ struct SelectItem {
 /// Columns of the first SELECT at or after index `begin`; empty if the level has none.
 std::vector<SelectItem> SelectItemsOf(const NodeList& level, size_t begin = 0);
 
-/// True if the pieces are a single column name, with or without its table.
+/// True if the nodes are a single column name, with or without its table.
 bool IsColumnName(const NodeList& level, size_t first, size_t end);
 
 /// Names by which a statement refers to the columns sorted as text: those of the rules (listed), and aliases of
@@ -30,7 +30,7 @@ class TextNames {
 
     bool IsListed(const Node& piece) const { return IsColumnOf(listed_, piece); }
     bool IsRenamed(const Node& piece) const { return IsColumnOf(renamed_, piece); }
-    /// True if the pieces, or brackets inside them, contain one of the names.
+    /// True if the nodes, or brackets inside them, contain one of the names.
     bool Uses(const NodeList& level, size_t first, size_t end) const;
 
   private:

@@ -18,7 +18,7 @@ struct SqlDialect {
     bool flattenRightJoins = false;   ///< nested RIGHT JOINs become a chain of LEFT JOINs
     bool bracketQuotedNames = false;  ///< [name] becomes "name"
     size_t longestChain = 0;          ///< most terms of an OR or AND chain that the engine accepts
-    QString textCollation = {};       ///< for ORDER BY on columns sorted as text; empty: none
+    QString textCollation = {};       ///< for ORDER BY on columns sorted as text; empty: the engine needs none
     QString caseBlindCollation = {};  ///< for a column in an "=" that ignores ASCII case
 
     bool namesAreLowerCase = false;  ///< quoted names are lower-cased, as the engine does with plain names

@@ -43,7 +43,7 @@ QString StatementText(const SyntaxTree& tree);
 Node MakeWord(const QString& text);
 /// Encloses `inside`, which must not be empty, in brackets; leading blanks move before the opening bracket.
 Node MakeGroup(NodeList inside);
-/// Replaces pieces first to last - 1 by a call of `function` on them, which is two pieces. With `collation`, COLLATE is
+/// Replaces nodes first to last - 1 by a call of `function` on them, which is two nodes. With `collation`, COLLATE is
 /// added to the argument.
 void WrapInFunction(NodeList& level, size_t first, size_t last, const QString& function, const QString& collation = {});
 /// Inserts COLLATE and the collation's name before index `at`.
@@ -53,7 +53,7 @@ QString NameOf(const Node& piece);
 
 /// True for a name, even one qualified by a table, that is in `columns`, ignoring case.
 bool IsColumnOf(const QStringList& columns, const Node& piece);
-/// First index of the qualified name whose last piece is `last`, and index after the one that begins at `first`.
+/// First index of the qualified name whose last node is `last`, and index after the one that begins at `first`.
 size_t BeginOfName(const NodeList& level, size_t last);
 size_t EndOfName(const NodeList& level, size_t first);
 /// Removes "TOP n" from a SELECT that is not part of a compound, and returns n, preceded by a blank.

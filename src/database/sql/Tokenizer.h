@@ -36,7 +36,7 @@ struct Token {
     bool Is(QStringView keyword) const;
 };
 
-/// All tokens, the last one End with the trailing blanks and comments. Concatenating before and text of all tokens
+/// All tokens, the last one End with the trailing blanks and comments. Concatenating `before` and `text` of all tokens
 /// yields the original statement exactly.
 std::vector<Token> SplitStatement(QStringView sql);
 

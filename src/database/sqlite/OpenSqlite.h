@@ -16,7 +16,7 @@ SqliteDatabase OpenSqliteFile(const ConnectionRequest& request);
 /// read-only connection can't. False if the user lacks write permission.
 bool RollBackHotJournal(const QString& path);
 
-/// Busy timeout: 5 s, or `timeoutSeconds` if shorter; 0 or less means no limit by the caller, hence 5 s.
+/// Busy timeout: 5 s, or `timeoutSeconds` if that is positive and shorter.
 int LockWaitMilliseconds(int timeoutSeconds);
 
 /// The data source as a local path; accepts both "/" and "\" as separators.
