@@ -7,11 +7,11 @@
 
 namespace database {
 
-/// The fastest way to fetch the text of an engine.
+/// The fastest way to fetch text from an engine's driver.
 enum class OdbcFetch {
     Utf16Blocks,  ///< arrays of rows into bound columns
-    Utf8Blocks,   ///< the same, where the driver's UTF-8 is lossless and its UTF-16 several times slower
-    Utf16Pieces   ///< value by value: what every driver can do
+    Utf8Blocks,   ///< as Utf16Blocks, for drivers whose UTF-8 is lossless and UTF-16 several times slower
+    Utf16Pieces   ///< value by value; works with every driver
 };
 
 /// Rows per block; larger blocks exceed the processor's cache.
