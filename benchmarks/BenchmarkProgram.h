@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
-/// What a benchmark of pairs is before its work: an application, without a display unless one is asked for, and the
-/// number of pairs that its caller wants.
+/// Common main-program part of paired benchmarks: an application, offscreen unless QT_QPA_PLATFORM is set, and the
+/// number of pairs from the command line.
 class BenchmarkProgram {
   public:
-    /// `pairs` are run where the caller says nothing; `further` are the benchmark's own options.
+    /// `pairs` is the default number of pairs; `further` are additional options.
     BenchmarkProgram(int& argc, char** argv, int pairs, const QList<QCommandLineOption>& further = {})
         : application_(WithoutDisplay(argc), argv) {
         const QCommandLineOption count(QStringLiteral("pairs"), QStringLiteral("Number of pairs."), QStringLiteral("N"),

@@ -1,4 +1,4 @@
-// The first list: the row store reset and filled by the program's own search, against the same list by hand.
+// The first list: the row store reset and filled by the program's search, compared with a minimal loop.
 
 #include <malloc.h>
 
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 using namespace first_list;
 
 namespace {
-/// Largest resident size so far, in MiB.
+/// Peak resident memory in MiB.
 double PeakMemory() {
     QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly)) return 0;
@@ -24,7 +24,7 @@ double PeakMemory() {
     return 0;
 }
 
-/// One run of one side alone, for counting instructions.
+/// Runs one side once, to count its instructions.
 int RunOne(const QString& side, FirstListBareLoop& bare) {
     if (side == u"program"_s) {
         Load();
@@ -41,7 +41,7 @@ int RunInPairs(int pairs, FirstListBareLoop& bare) {
     const double memory = PeakMemory();
     bare.Run(kLauncher);
     if (!BothAreWhole(bare.RowCount())) return 1;
-    // A first list begins with empty stores, and neither side is to tidy up the memory that the other one left.
+    // Both sides start empty, and neither must free memory of the other while it is measured.
     const auto settle = [&] {
         ResetRowStore();
         bare.Clear();

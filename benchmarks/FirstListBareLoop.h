@@ -6,15 +6,15 @@
 
 struct sqlite3;
 
-/// The first list by hand, on the engine's C API alone: left joins, one read transaction, a QString for each cell,
-/// the eras read once, one prepared look-up of the viewing log for each row.
+/// The first list directly on SQLite's C API, as baseline: left joins, one read transaction, a QString per cell, the
+/// eras read once, and one prepared query of the viewing log per row.
 class FirstListBareLoop {
   public:
     explicit FirstListBareLoop(const QString& path);
 
-    /// Reads the list anew. `launcher` is the code whose views are looked up.
+    /// Reads the list again. `launcher` is the staff code whose views are counted.
     void Run(const QString& launcher);
-    /// Throws the last list away, down to its memory.
+    /// Frees the list and its memory.
     void Clear();
     int RowCount() const { return static_cast<int>(views_.size()); }
 

@@ -1,5 +1,5 @@
-// The first list from a server on loopback: the row store filled by the program's own search, against the same
-// statements by hand. Run by scripts/with-servers with MEIBO_TEST_ENGINE=PostgreSQL.
+// The first list from a server on loopback: the row store filled by the program's search, compared with the same
+// statements in a minimal loop. Run by scripts/with-servers with MEIBO_TEST_ENGINE=PostgreSQL.
 
 #include <malloc.h>
 

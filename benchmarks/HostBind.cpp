@@ -1,5 +1,5 @@
-// How long a report host takes from its start until it can be bound, beside a bare process that does nothing but listen
-// on a socket: on an idle machine and with both cores busy. A program that has started a host tries once, after 400 ms.
+// Time from starting a report host until it accepts connections, compared with a process that only listens on a socket:
+// on an idle machine, and with all cores busy. A program connects to the host once, 400 ms after starting it.
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -53,7 +53,7 @@ bool CanConnect(const QByteArray& name) {
     return reached;
 }
 
-/// Keeps all cores busy while it lives.
+/// Keeps all cores busy during its lifetime.
 class Load {
   public:
     explicit Load(unsigned threads) {
@@ -73,12 +73,12 @@ class Load {
 };
 
 struct Figures {
-    int boundAtOnce = 0;            ///< of kStarts, by the one try after 400 ms
-    std::vector<double> hostTimes;  ///< from the start to the first connection
+    int boundAtOnce = 0;            ///< of kStarts, connected at 400 ms
+    std::vector<double> hostTimes;  ///< from start to first connection
     std::vector<double> bareTimes;
 };
 
-/// The suite's own way: start hidden, stand still, one try, quit and kill.
+/// As the suite does: start hidden, wait 400 ms, connect once, quit, kill.
 bool BoundAtOnce(const QString& host, const QString& forms) {
     platform::LocalProcessService processes;
     const quint32 handle = processes.OpenProcess(0x100001, false, processes.StartHidden(host, {forms, u"/runtime"_s}));
@@ -126,7 +126,7 @@ double Median(std::vector<double> values) {
 
 void Print(const char* when, const Figures& figures) {
     const double host = Median(figures.hostTimes), bare = Median(figures.bareTimes);
-    double load = 0;  // of the last minute, by this program and all others
+    double load = 0;  // one-minute average, including this program
     ::getloadavg(&load, 1);
     std::printf("%s (load of the machine %.1f): bound at the first try after %d ms in %d of %d starts\n", when, load,
                 kAllowance, figures.boundAtOnce, kStarts);

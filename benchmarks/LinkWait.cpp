@@ -1,6 +1,6 @@
-// What the wait for a sibling program costs: processor time while nothing happens, as a part of one core, beside a bare
-// loop that opens the same file, runs the same look and sleeps as long. Both run for the same number of passes, in
-// turn. The wait has a window to keep painted, so it runs on a real or virtual display.
+// Processor time of waiting for another program of the suite, as a fraction of one core, compared with a loop that
+// opens the same file, runs the same query and sleeps as long. Both run alternately for the same number of iterations.
+// The wait repaints its window, so a real or virtual display is required.
 
 #include <sqlite3.h>
 #include <sys/resource.h>

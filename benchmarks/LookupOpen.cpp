@@ -1,5 +1,5 @@
-// The first opening of the staff lookup with a thousand rows, until the window system has drawn it, beside a bare loop
-// that runs the same statement by the engine's own interface and puts the rows into a plain list of Qt's.
+// First opening of the staff lookup with a thousand rows, until the window is painted, compared with the same query on
+// SQLite's C API shown in a plain Qt list.
 
 #include <sqlite3.h>
 
@@ -23,14 +23,14 @@ namespace {
 constexpr int kStaff = 1200;
 constexpr int kRows = 1000;
 
-// The joins as the engine takes them without its own detours.
+// Joins in the form that SQLite executes directly.
 const QString kStatement =
     u"SELECT M担当者.コード, M担当者.氏名, M事業所.名称, M部門.名称, Mセクション.名称 FROM M担当者"
     " LEFT JOIN M事業所 ON M事業所.コード = M担当者.事業所コード LEFT JOIN M部門 ON M部門.コード = M担当者.部門コード"
     " LEFT JOIN Mセクション ON Mセクション.コード = M担当者.セクションコード"
     " WHERE M担当者.在籍区分 = '0' ORDER BY M担当者.コード LIMIT 1000"_s;
 
-/// What a window would do that knows of nothing but this one list.
+/// A minimal window for this list only.
 class BareList {
   public:
     explicit BareList(const QString& path) {

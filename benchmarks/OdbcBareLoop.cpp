@@ -11,7 +11,7 @@ constexpr SQLULEN kRowsInBlock = 100;
 constexpr SQLLEN kUnits = 128;
 constexpr int kCode = 0, kBirth = 19, kEntry = 20, kExit = 21;  // columns of the staff master
 
-/// A prepared look-up with one or two values that gives at most one row.
+/// A prepared lookup with one or two parameters that returns at most one row.
 class LookUpStatement {
   public:
     LookUpStatement(SQLHANDLE connection, const QString& sql, int values) {

@@ -5,20 +5,20 @@
 #include <QString>
 #include <vector>
 
-/// The first list from a server by hand, on the driver manager's C API alone: the statements in the engine's own words,
-/// one snapshot, blocks of 100 rows into bound columns, a QString for each cell, and the small look-ups of each row
-/// prepared once and run with bound values.
+/// The first list from a server directly on the driver manager's C API, as baseline: statements in the engine's syntax,
+/// one snapshot, blocks of 100 rows in bound columns, a QString per cell, and prepared lookups with bound values per
+/// row.
 class OdbcBareLoop {
   public:
-    /// `text` is the driver manager's connection string, `statement` the list's in the engine's words.
+    /// `text` is the driver manager's connection string, `statement` the list query in the engine's syntax.
     OdbcBareLoop(const QString& text, QString statement);
     ~OdbcBareLoop();
     OdbcBareLoop(const OdbcBareLoop&) = delete;
     OdbcBareLoop& operator=(const OdbcBareLoop&) = delete;
 
-    /// Reads the list anew, with six look-ups of an era and one of the viewing log for each row, or without any.
+    /// Reads the list again; with `lookUps` also six lookups of an era and one of the viewing log per row.
     void Run(const QString& launcher, bool lookUps);
-    /// Throws the last list away, down to its memory.
+    /// Frees the list and its memory.
     void Clear();
     int RowCount() const { return rows_; }
 

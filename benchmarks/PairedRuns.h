@@ -8,22 +8,22 @@
 #include <utility>
 #include <vector>
 
-/// Measures two ways to do the same work in turn, so that both meet the same machine. Who goes first changes from
-/// pair to pair.
+/// Measures two implementations of the same job alternately, so that both see the same load of the machine. The order
+/// alternates from pair to pair.
 class PairedRuns {
   public:
-    /// Medians in milliseconds. The ratio is the median over the pairs, which a slow moment of the machine moves less
-    /// than the ratio of the medians.
+    /// Medians in milliseconds. `ratio` is the median of the pairs' ratios, which is less sensitive to load peaks than
+    /// the ratio of the medians.
     struct Result {
         double first = 0, second = 0, ratio = 0;
     };
 
-    /// `settle` runs before each measured run, outside its time: it puts both sides back to where they begin.
+    /// `settle` runs untimed before each measured run, to reset both sides.
     explicit PairedRuns(
         int pairs, std::function<void()> settle = [] {})
         : pairs_(pairs), settle_(std::move(settle)) {}
 
-    /// Runs each once to warm up, then the pairs, and prints both medians and the ratio.
+    /// Runs each side once to warm up, then the pairs, and prints medians and ratio.
     template <typename First, typename Second>
     Result Measure(const char* firstName, First first, const char* secondName, Second second) const {
         first();

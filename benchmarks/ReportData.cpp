@@ -1,5 +1,5 @@
-// The list's work table filled and written as a text file, each against the same by hand: prepared inserts into the
-// same file with the same settings, and the sqlite3 shell with iconv.
+// The work table of the list filled, and written as a text file; compared with prepared inserts into the same file with
+// the same settings, and with the sqlite3 shell and iconv.
 
 #include <sqlite3.h>
 
@@ -23,7 +23,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kRows = 32'753;  // a full store with eight rows on the screen
+constexpr int kRows = 32'753;  // a full row store with eight rows on the screen
 const QString kTable = u"要員名簿照会"_s;
 
 [[noreturn]] void Fail(const char* what) {
@@ -35,7 +35,7 @@ void Run(sqlite3* database, const char* sql) {
     if (sqlite3_exec(database, sql, nullptr, nullptr, nullptr) != SQLITE_OK) Fail(sqlite3_errmsg(database));
 }
 
-/// The work table by hand.
+/// The work table as the baseline writes it.
 class WorkFile {
   public:
     explicit WorkFile(const QString& path) {
@@ -52,7 +52,7 @@ class WorkFile {
     WorkFile(const WorkFile&) = delete;
     WorkFile& operator=(const WorkFile&) = delete;
 
-    /// Keeps what the table holds now, for Fill to write.
+    /// Keeps the table's current rows for Fill.
     void TakeRows() {
         sqlite3_stmt* select = Prepare(u"SELECT * FROM "_s + kTable + u" ORDER BY rowid"_s);
         while (sqlite3_step(select) == SQLITE_ROW) {
@@ -65,7 +65,7 @@ class WorkFile {
         sqlite3_finalize(select);
     }
 
-    /// One statement a row, each by itself.
+    /// One statement per row, each in its own transaction.
     void Fill() {
         Run(database_, (u"DELETE FROM "_s + kTable).toUtf8());
         sqlite3_stmt* insert = Prepare(u"INSERT INTO "_s + kTable + u" VALUES ("_s + places_ + u')');

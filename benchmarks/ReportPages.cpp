@@ -1,6 +1,6 @@
-// A staff list of all that the list can hold, as a PDF, beside a bare QPainter loop that draws the same number of pages
-// with as many texts of the same kind and does nothing else. Each side runs in a process of its own, so that each one's
-// memory at its highest is its own. Argument: rows (32753 if left out).
+// A staff list of maximal length as a PDF, compared with a QPainter loop that draws the same number of pages with as
+// many texts of the same kind. Each side runs in a separate process, to measure its peak memory. Argument: number of
+// rows (default 32753).
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -28,8 +28,8 @@ namespace {
 constexpr int kPairs = 3, kRowsPerPage = 23, kTextsPerRow = 18, kTextsPerHead = 24;
 
 struct Cost {
-    double seconds = 0;    // of the processor, which other programs on the machine move less than the clock
-    double megabytes = 0;  // highest use of memory
+    double seconds = 0;    // of processor time, which depends less on other programs than elapsed time
+    double megabytes = 0;  // peak memory
     int pages = 0;
 };
 
@@ -70,7 +70,7 @@ int ByTheForm(const QString& folder) {
     return report->PageCount();
 }
 
-/// The texts stand where they fall: no form, no row read, no fitting.
+/// Texts at fixed positions: no template, no query, no text fitting.
 int ByHand(const QString& folder, int pages) {
     QPdfWriter writer(folder + u"/bare.pdf"_s);
     writer.setResolution(1200);
@@ -95,7 +95,7 @@ int ByHand(const QString& folder, int pages) {
     return pages;
 }
 
-/// Runs the work in a process of its own.
+/// Runs the job in a child process.
 Cost Measured(const std::function<int()>& work) {
     int ends[2];
     if (pipe(ends) != 0) return {};

@@ -1,5 +1,5 @@
-// One scroll step of the list, eight rows with every field changing, beside a page step of a QTableView that shows the
-// same texts. Both are really painted: each step ends when the window system has drawn it.
+// One scroll step of the list, eight rows with all fields changing, compared with a page step of a QTableView with the
+// same texts. Each step ends when the window has been painted.
 
 #include <QHeaderView>
 #include <QScrollBar>
@@ -47,7 +47,7 @@ QStandardItemModel* SameCells(QObject& parent) {
     return model;
 }
 
-/// A table in which eight rows with all their columns are visible at once.
+/// Shows a table with eight rows and all columns visible.
 void ShowTable(QTableView& table) {
     table.setModel(SameCells(table));
     table.setFont(SuiteFont(SuiteFace::Mincho, 12));

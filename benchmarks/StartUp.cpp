@@ -1,5 +1,5 @@
-// The whole program from its exec to the painted first list, warm, and its peak memory on a list that fills the store.
-// Needs a display.
+// Time from exec of the program to the painted first list, with warm caches, and its peak memory with a full row store.
+// Requires a display.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -18,12 +18,12 @@
 namespace {
 
 struct Run {
-    double milliseconds;  // from fork to the line rows=
+    double milliseconds;  // from fork to the output line rows=
     double mebibytes;     // peak resident memory
     int rows;
 };
 
-/// Starts the program with a picture file, reads its line and waits for its end.
+/// Starts the program in screenshot mode, reads its output line and waits for its exit.
 Run RunOnce(const QByteArray& program) {
     int ends[2];
     if (pipe(ends) != 0) std::abort();

@@ -7,8 +7,9 @@
 
 namespace database {
 
-/// The rows in the order of the keys that stand in the last columns, without these columns; at most `limit` of them
-/// where that is not below 0. Nulls come first. Rows with equal keys keep their order.
+/// Sorts rows that the engine cannot sort. The last order.size() columns of `rows` are the keys; the result does not
+/// have them. Nulls come first in an ascending key; the sort is stable. At most `limit` rows are returned; a negative
+/// limit means all.
 std::shared_ptr<ResultTable> SortedRows(const ResultTable& rows, const QList<ProviderKey>& order, int limit);
 
 }  // namespace database

@@ -6,11 +6,11 @@
 
 namespace database {
 
-/// Takes "Provider=...;User ID=...;Password=...;Data Source=...;Initial Catalog=..." apart. Field names are found
-/// without case, blanks around names and unquoted values don't count, a value may stand in '...' or "..." with the
-/// quote doubled inside, the last ";" may be missing, unknown fields are ignored, of equal fields the last counts.
-/// Time-outs, mode and rules of the request stay at their defaults. Never fails: what is missing stays null, and what
-/// is there without a value becomes empty.
+/// Parses "Provider=...;User ID=...;Password=...;Data Source=...;Initial Catalog=...". Field names ignore case; blanks
+/// around names and unquoted values are trimmed; a value may be quoted with '...' or "...", the quote doubled inside;
+/// the last ";" is optional; unknown fields are ignored; of duplicate fields the last one counts. Never fails: a
+/// missing field is a null string, a field without a value an empty one. Timeouts, mode and text rules of the request
+/// keep their defaults.
 ConnectionRequest ParseConnectionString(const QString& text);
 
 }  // namespace database

@@ -37,7 +37,7 @@ Transaction::~Transaction() {
     try {
         connection_->Session().RollBackTransaction();
     } catch (const DatabaseError&) {
-        // The engine has taken everything back by itself, as it does when a commit fails or the server goes.
+        // The engine has already rolled back, as after a failed commit or a lost server.
     }
 }
 

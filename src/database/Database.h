@@ -13,18 +13,18 @@ class DatabaseSession;
 class NewRecord;
 class ResultTable;
 
-/// One value of the current record. A view: it lives no longer than the record stays current.
+/// A value of the current record. A view: invalid once another record becomes current or the recordset closes.
 class Field {
   public:
     Field(const ResultTable& table, int row, int column) : table_(&table), row_(row), column_(column) {}
 
     bool IsNull() const;
-    /// The value as text. A Null has none: platform::RuntimeError platform::kInvalidUseOfNull.
+    /// The value as text. Throws platform::RuntimeError platform::kInvalidUseOfNull for a Null.
     QString Text() const;
     /// The value as text, or `fallback` for a Null.
     QString TextOr(const QString& fallback) const { return IsNull() ? fallback : Text(); }
-    /// Declared type of the column in capitals ("TEXT", "CURRENCY"). Of an expression it is empty in a desktop file and
-    /// the type of its values on a server.
+    /// Declared type of the column in upper case ("TEXT", "CURRENCY"). For an expression it is empty with a desktop
+    /// file; a server reports the type of the expression.
     QString DeclaredType() const;
 
   private:
@@ -33,8 +33,8 @@ class Field {
     int column_;
 };
 
-/// A connection to one database. The connection string picks the provider by its "Provider=" field; it is
-/// parsed, never pasted into anything. All members but Close() and IsOpen() throw DatabaseError.
+/// A connection to one database. The "Provider=" field of the connection string selects the provider. All members but
+/// Close() and IsOpen() throw DatabaseError.
 class Connection {
   public:
     Connection();
@@ -42,34 +42,34 @@ class Connection {
     Connection(Connection&&) noexcept;
     Connection& operator=(Connection&&) noexcept;
 
-    // Settings, to be made before Open.
+    // Settings; they take effect at Open.
     int ConnectionTimeout = 15;  ///< seconds
     int CommandTimeout = 30;     ///< seconds
     database::CursorLocation CursorLocation = database::CursorLocation::Server;
     ConnectMode Mode = ConnectMode::ReadWrite;  ///< Read: the engine itself refuses every write
     TextRules Rules;
-    bool Scratch = false;  ///< what is written may be lost with the machine: nothing waits for the disk
+    bool Scratch = false;  ///< skips flushing to disk; contents may be lost when the machine crashes
 
-    /// Opens an existing database; a missing file is an error and is never created. Header and schema are
-    /// read here, so that garbage fails here and not at the first statement.
+    /// Opens an existing database; a missing file is an error and never created. Reads header and schema, so that a
+    /// file that is no database fails here and not at the first statement.
     void Open(const QString& connectionString);
     void Close() noexcept;
     bool IsOpen() const noexcept { return session_ != nullptr; }
-    /// Runs one statement that gives no rows. Text that is not one single statement is refused.
+    /// Runs one statement that returns no rows. Throws kStatementFailure for text that is not exactly one statement.
     void Execute(const QString& sql);
 
-    /// The provider's side, for Recordset and ReadScope. Throws kObjectClosed when not open.
+    /// The provider's session, for Recordset and ReadScope. Throws kObjectClosed when not open.
     DatabaseSession& Session() const { return *SharedSession(); }
-    /// The same, for a recordset that has to notice that the connection is gone.
+    /// As Session(). A recordset keeps a weak reference, to detect that the connection was closed.
     const std::shared_ptr<DatabaseSession>& SharedSession() const;
 
   private:
     std::shared_ptr<DatabaseSession> session_;
 };
 
-/// The rows of one SELECT. With a client-side cursor Open reads them all and ends the engine's statement, so an
-/// open recordset never locks out a writer.
-/// (BOF and EOF are spelled AtBOF and AtEOF since the C library has a macro EOF.)
+/// The rows of one SELECT. Open reads all of them and finishes the engine's statement, so that an open recordset never
+/// locks out a writer.
+/// (AtBOF and AtEOF are not called BOF and EOF because the C library defines a macro EOF.)
 class Recordset {
   public:
     Recordset();
@@ -77,42 +77,43 @@ class Recordset {
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    /// Runs the statement and stands on the first row. DatabaseError leaves the recordset unopened. With
-    /// LockType::Optimistic records can be added to the table that the columns come from.
+    /// Runs one SELECT and moves to its first row. With LockType::Optimistic, records can be added to the table that
+    /// the columns come from; kNotUpdatable if there is no such table. After a DatabaseError the recordset is closed.
     void Open(const QString& sql, Connection& connection, CursorType cursor = CursorType::ForwardOnly,
               LockType lock = LockType::ReadOnly);
     bool IsOpen() const noexcept { return table_ != nullptr; }
-    /// DatabaseError kObjectClosed when the recordset never opened: a failed read stops a start-up that way.
-    /// kNotAllowedHere while a record is being added; the recordset then stays open.
+    /// Throws kObjectClosed if the recordset is not open; start-up relies on this to stop after a failed read. Throws
+    /// kNotAllowedHere while a record is being added, and the recordset stays open.
     void Close();
 
     bool AtBOF() const;
     bool AtEOF() const;
+    /// Throws kNoCurrentRecord at EOF.
     void MoveNext();
 
-    /// A field of the current record, found by name without regard to letter case. platform::kItemNotFound when there
-    /// is no such column, kNoCurrentRecord at BOF or EOF. Where a column name occurs twice, the first one counts. From
-    /// AddNew on, and behind Update, the record that is added is the current one; the view then ends with the next
-    /// write.
+    /// A field of the current record by its name, ignoring case; the first one if the name occurs twice. Throws
+    /// platform::kItemNotFound for an unknown name, kNoCurrentRecord at BOF or EOF. After AddNew, and still after
+    /// Update, the current record is the added one; the returned view is then valid until the next write.
     Field operator[](QStringView name) const;
 
-    /// Rows of the whole result, those already passed included.
+    /// Rows of the whole result, including those already read.
     int RecordCount() const;
-    /// The columns from 0 to FieldCount() - 1, also where there is no row.
+    /// Columns are numbered from 0 to FieldCount() - 1, even if there is no row.
     int FieldCount() const;
     const QString& FieldName(int column) const;
     /// As Field::DeclaredType().
     const QString& FieldType(int column) const;
-    /// The field in that place of the current record.
+    /// A field of the current record by its column number. Throws kNoCurrentRecord at BOF or EOF.
     Field FieldAt(int column) const;
 
-    /// Begins a new record, all fields Null. One that is still being added is written first. kNotUpdatable where
-    /// the recordset was opened for reading only.
+    /// Begins a new record with all fields Null. A record still being added is written first. Throws kNotUpdatable if
+    /// the recordset was opened with LockType::ReadOnly.
     void AddNew();
-    /// Writes a field of the record that is being added; found as by operator[]. kNoCurrentRecord without AddNew.
+    /// Sets a field of the record being added; the name is found as in operator[]. Throws kNoCurrentRecord without
+    /// AddNew.
     void Write(QStringView name, const QString& value);
-    /// Writes the record to the table, by itself and at once: fields that nobody wrote get what the table gives by
-    /// itself, Null as a rule. A failure leaves the record as one that is still being added.
+    /// Inserts the record into the table immediately, in its own transaction if none is active. Fields that were not
+    /// set get the table's default. After a failure the record is still being added.
     void Update();
 
   private:
@@ -126,16 +127,16 @@ class Recordset {
     bool forwardOnly_ = true;
 };
 
-/// Makes the statements on a connection one: Commit keeps them all, and without it the end of the object takes them
-/// all back. Other writers wait meanwhile, so it must never stand while a message box is up.
+/// A transaction: Commit makes its statements permanent, the destructor without Commit rolls them back. Other writers
+/// wait meanwhile, so never show a message box inside one.
 class Transaction {
   public:
-    /// Throws DatabaseError when the connection is not open or other programs don't let it write in time.
+    /// Throws DatabaseError if the connection is not open or the lock was not acquired within the timeout.
     explicit Transaction(Connection& connection);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
-    /// Throws DatabaseError; nothing is kept then.
+    /// Throws DatabaseError; nothing has been written then.
     void Commit();
 
   private:
@@ -143,17 +144,17 @@ class Transaction {
     bool active_ = true;
 };
 
-/// While it lives, all statements on the connection see one snapshot, and the provider may remember the results
-/// of equal statements. Does nothing on a connection that is not open or already in a scope, or where the engine
-/// refuses the scope; it never throws. It keeps writers of other programs waiting, so it must never stand while a
-/// message box is up. A write on the same connection ends it.
+/// While it exists, all statements on the connection read from one snapshot, and the provider may cache the results of
+/// equal statements. Does nothing if the connection is not open or already in a scope, or if the engine refuses; never
+/// throws. It blocks writers of other programs, so never show a message box inside one. A write on the same connection
+/// ends it.
 class ReadScope {
   public:
     explicit ReadScope(Connection& connection);
     ~ReadScope() { End(); }
     ReadScope(const ReadScope&) = delete;
     ReadScope& operator=(const ReadScope&) = delete;
-    /// Ends the scope before its time. The connection may have been closed meanwhile.
+    /// Ends the scope early. The connection may already be closed.
     void End() noexcept;
 
   private:

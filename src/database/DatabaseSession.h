@@ -10,11 +10,11 @@
 
 namespace database {
 
-/// What Connection was told, parsed from the connection string. Names of fields are matched without case.
+/// The parsed connection string and the settings of Connection. Field names of the string ignore case.
 struct ConnectionRequest {
     QString provider;
     QString dataSource;
-    QString initialCatalog;  // null where there was no such field
+    QString initialCatalog;  // null if the field is missing
     QString userId;
     QString password;
     int connectionTimeout = 15;  // seconds
@@ -24,57 +24,58 @@ struct ConnectionRequest {
     bool scratch = false;
 };
 
-/// The way in which records of one table are written; made by a session and used by it alone.
+/// The table that an updatable query inserts into. Created by a session and passed back to that session only.
 class RecordTarget {
   public:
     virtual ~RecordTarget() = default;
 };
 
-/// One field that somebody wrote: place in the result's columns, and value.
+/// A field that the caller has set: its column in the query's result, and its value.
 struct WrittenField {
     int column;
     QString value;
 };
 
-/// Rows of a SELECT together with the table that they come from.
+/// Rows of a SELECT, and the table that they come from.
 struct UpdatableResult {
     std::shared_ptr<ResultTable> rows;
     std::shared_ptr<RecordTarget> target;
 };
 
-/// The provider's side of a connection: one open database. Statements arrive in the words of the suite; making
-/// them fit the engine is the session's business. Everything throws DatabaseError.
+/// The provider's side of a connection: one open database. Statements are in the suite's SQL dialect; the session
+/// translates them for its engine. All members that are not noexcept throw DatabaseError.
 class DatabaseSession {
   public:
     virtual ~DatabaseSession() = default;
 
-    /// The engine behind a server's driver, as that calls it ("PostgreSQL"); empty for a desktop file.
+    /// SQL_DBMS_NAME of a server's driver ("PostgreSQL"); empty for a desktop file.
     virtual QString EngineName() const { return {}; }
 
-    /// Runs one SELECT and reads all of its rows. Whoever holds the table alone may have it forget rows.
+    /// Runs one SELECT and reads all rows. A sole owner of the result may discard rows already read.
     virtual std::shared_ptr<ResultTable> Query(const QString& sql) = 0;
-    /// Runs one statement without rows. It ends a read scope that stands.
+    /// Runs one statement that returns no rows. Ends an open read scope.
     virtual void Execute(const QString& sql) = 0;
 
-    /// Several statements as one. A desktop file is kept for this writer from the beginning, a row of a server from the
-    /// first write to it: what is read behind that is still true when it is written on.
+    /// Locking: a desktop file is locked for this writer from the beginning, a row of a server from the first write to
+    /// it. Values read after that are still current when they are written back.
     virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
     virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
     virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }
 
-    /// A SELECT to whose table records are to be added. kNotUpdatable where its columns are not those of one table,
-    /// or the provider adds none.
+    /// Runs a SELECT whose table records are to be added to. Throws kNotUpdatable if the columns do not all come from
+    /// one table, or if the provider does not support it.
     virtual UpdatableResult QueryForUpdate(const QString& sql);
-    /// Adds one record to the target of a query of this session; columns that are not named get what the table
-    /// gives. It stands by itself and is in the table when this returns. It ends a read scope that stands.
+    /// Inserts one record into the target of a query of this session; columns not in `fields` get their default.
+    /// Committed on return unless a transaction is open. Ends an open read scope.
     virtual void Insert(RecordTarget& target, const std::vector<WrittenField>& fields);
 
-    /// False when a scope or a transaction stands already, or when the engine refuses.
+    /// Starts a snapshot. False if a scope or a transaction is open, or if the engine refuses.
     virtual bool BeginReadScope() noexcept = 0;
     virtual void EndReadScope() noexcept = 0;
 };
 
-/// Opens the database that the request names with the provider it asks for; kProviderNotFound for an unknown one.
+/// Opens the database with the provider that the request names. Throws kProviderNotFound for an unknown provider,
+/// otherwise what the provider throws.
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request);
 
 }  // namespace database

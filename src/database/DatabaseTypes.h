@@ -9,11 +9,11 @@ enum class ConnectMode { Read = 1, ReadWrite = 3 };
 enum class CursorType { ForwardOnly = 0, Keyset = 1 };
 enum class LockType { ReadOnly = 1, Optimistic = 3 };
 
-/// What a provider must know of the meaning of columns to compare texts as the suite's desktop engine does.
-/// Column names stand without their table. The platform knows no column by itself; whoever opens gives them.
+/// Columns on which a provider must compare text as the suite's desktop engine does. Column names are without their
+/// table. Supplied by the caller of Open; this module knows no columns.
 struct TextRules {
-    QStringList sortedAsText;       ///< ORDER BY on these ignores letter case, width and kana type
-    QStringList comparedCaseBlind;  ///< "=" on these ignores ASCII letter case; all other "=" is exact
+    QStringList sortedAsText;       ///< ORDER BY ignores letter case, width and kana type
+    QStringList comparedCaseBlind;  ///< "=" ignores ASCII letter case; all other "=" is exact
 };
 
 }  // namespace database

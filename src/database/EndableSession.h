@@ -4,9 +4,9 @@
 
 namespace database {
 
-/// A session whose statements break off when the program is asked to end, as the engines' sessions do on EndRequested;
-/// the request is then carried out before the failure is thrown. A desktop file's transaction is rolled back first, for
-/// the process mostly ends in there.
+/// Decorator that handles a request to end the program. EndRequested makes the engines' sessions abort the running
+/// statement; the request is then carried out before the failure propagates. The transaction of a desktop file is
+/// rolled back first, since the process usually exits there.
 class EndableSession : public DatabaseSession {
   public:
     explicit EndableSession(std::unique_ptr<DatabaseSession> session) : session_(std::move(session)) {}
@@ -26,7 +26,7 @@ class EndableSession : public DatabaseSession {
     template <typename Work>
     auto Endable(Work work);
 
-    std::shared_ptr<DatabaseSession> session_;  // carrying out a request closes the connection that owns this object
+    std::shared_ptr<DatabaseSession> session_;  // shared: the end handler may destroy this object
 };
 
 }  // namespace database

@@ -6,11 +6,11 @@
 
 namespace database {
 
-/// A failure in the words of a database engine or a driver, which are mostly English. The run history keeps these
-/// words, which an administrator can look up; people are shown TextForPeople.
+/// An error of an engine or driver, whose messages are mostly English. The run history logs the original message, for
+/// administrators; the user sees TextForPeople.
 class EngineError : public DatabaseError {
   public:
-    /// `words` is the Description, `explanation` one Japanese sentence for the same failure.
+    /// `words` is the original message (Description), `explanation` a Japanese sentence for the same error.
     EngineError(long number, QString words, QString explanation)
         : DatabaseError(number, std::move(words)), explanation_(std::move(explanation)) {}
 

@@ -6,44 +6,44 @@
 
 namespace database {
 
-/// What Attributes says of a table that lies in another file.
+/// Attributes of a linked table, one that is stored in another file.
 inline constexpr long kLinkedTable = 0x40000000;
-/// Number of the error that tells of a link to a table that its file does not have.
+/// Error number for a link to a table that its file does not contain.
 inline constexpr long kNoSuchTable = 3011;
 
-/// A table as a database file describes it.
+/// A table definition of a database file.
 struct TableDef {
     QString Name;
-    long Attributes = 0;  ///< kLinkedTable: it lies in the file that Connect names, otherwise it lies here
-    QString Connect;      ///< ";DATABASE=" and the absolute path of that file; empty for a table that lies here
-    QString SourceName;   ///< what it is called there
+    long Attributes = 0;  ///< kLinkedTable if stored in the file of Connect, otherwise 0
+    QString Connect;      ///< ";DATABASE=" and the absolute path of that file; empty if the table is stored here
+    QString SourceName;   ///< name of the table in that file
 };
 
-/// The connect text of a database file.
+/// Builds the connect string for the path of a database file.
 QString ConnectTextOf(const QString& databaseFile);
-/// The path in a connect text; empty without one.
+/// The path in a connect string; empty if it has none.
 QString DatabaseOfConnectText(const QString& connect);
 
-/// A database file whose tables are looked at, not their rows. It is open as long as the object lives.
+/// An open database file, for its table definitions. Closed by the destructor.
 class TableFile {
   public:
     virtual ~TableFile() = default;
-    /// Its tables by name, linked ones last. A file that has never held a link has none. Throws DatabaseError.
+    /// Tables by name, linked ones last. A file that never had a link returns none. Throws DatabaseError.
     virtual QList<TableDef> TableDefs() = 0;
-    /// Keeps the table's Connect in the file, once it has been found good: the other file can be opened and has the
-    /// table. Otherwise throws DatabaseError, and the link stays as it was.
+    /// Saves the table's Connect in the file, after checking that the other file opens and contains the table.
+    /// Otherwise throws DatabaseError (kNoSuchTable if the table is missing), and the stored link is unchanged.
     virtual void RefreshLink(const TableDef& table) = 0;
 };
 
-/// What re-points linked tables.
+/// Opens database files to re-point their linked tables.
 class TableEngine {
   public:
     virtual ~TableEngine() = default;
-    /// Of either generation of files. Throws DatabaseError where there is no such file or it can't be read.
+    /// Opens a file of either format generation. Throws DatabaseError if it is missing or unreadable.
     virtual std::unique_ptr<TableFile> OpenDatabase(const QString& path) = 0;
 };
 
-/// Files of the suite, whose table リンクテーブル (名称, 元テーブル, 接続, 属性) tells the links.
+/// Database files of the suite. Their links are the rows of the table リンクテーブル (名称, 元テーブル, 接続, 属性).
 class SuiteTableEngine : public TableEngine {
   public:
     std::unique_ptr<TableFile> OpenDatabase(const QString& path) override;

@@ -8,21 +8,23 @@
 
 namespace database {
 
-/// The record that a recordset is adding, or has added last.
+/// The record that a recordset is adding, or added last.
 class NewRecord {
   public:
-    /// The record's columns are those of `target`'s query. It notices when the session is gone.
+    /// Columns are those of `result`. Writing throws kObjectClosed if the session no longer exists.
     NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult result);
 
-    /// From Begin until a WriteToTable that succeeds.
+    /// True from Begin until WriteToTable succeeds.
     bool InWork() const { return inWork_; }
-    /// True from the first Begin on: there is a record to read.
+    /// True from the first Begin on: the record can be read.
     bool Exists() const { return exists_; }
 
+    /// Starts a record with all fields Null, after WriteToTable for one still being added.
     void Begin();
     void Write(int column, const QString& value);
+    /// Throws DatabaseError; the record is then still being added.
     void WriteToTable();
-    /// The record as the only row of a result; stands until the next write.
+    /// The record as a result of one row; valid until the next write.
     const ResultTable& AsTable();
 
   private:
@@ -30,7 +32,7 @@ class NewRecord {
     std::shared_ptr<RecordTarget> target_;
     std::shared_ptr<ResultTable> rows_;
     std::vector<WrittenField> written_;  // each column once
-    std::vector<int> places_;            // of each column in written_, -1 while nobody wrote it
+    std::vector<int> places_;            // index of each column in written_, -1 if not set
     std::unique_ptr<ResultTable> view_;
     bool inWork_ = false;
     bool exists_ = false;

@@ -11,7 +11,7 @@ namespace {
 using Opener = std::unique_ptr<DatabaseSession> (*)(const ConnectionRequest&);
 
 struct Provider {
-    QLatin1StringView prefix;  // what follows is the provider's version
+    QLatin1StringView prefix;  // the rest of the name is the provider's version
     Opener open;
 };
 

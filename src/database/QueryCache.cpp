@@ -3,9 +3,9 @@
 namespace database {
 namespace {
 
-constexpr quint32 kTrial = 256;        // results that every statement may leave before it has to pay
-constexpr quint32 kPayingShare = 8;    // one answer for so many remembered results pays
-constexpr qsizetype kEntryCost = 160;  // bytes around the text and the cells, roughly
+constexpr quint32 kTrial = 256;        // results a statement may cache before hits are required
+constexpr quint32 kPayingShare = 8;    // one hit per this many cached results is enough
+constexpr qsizetype kEntryCost = 160;  // bytes of overhead per entry, approximately
 
 bool Pays(const StatementUse& use) { return use.remembered < kTrial || use.answered >= use.remembered / kPayingShare; }
 

@@ -9,19 +9,20 @@
 
 namespace database {
 
-/// Small results of one read scope, by the whole text of their statement. Inside a scope an equal statement can
-/// have no other result.
+/// Cache of small query results within one read scope, keyed by the full statement. Valid because the scope is one
+/// snapshot.
 class QueryCache {
   public:
     static constexpr qsizetype kMostEntries = 20000;
     static constexpr qsizetype kMostBytes = qsizetype{16} * 1024 * 1024;
     static constexpr qsizetype kLargestResult = 4096;  // bytes
 
-    /// Null when nothing is known.
+    /// Null if not cached.
     std::shared_ptr<ResultTable> Find(const QString& sql);
-    /// Remembers what is small enough, until the bounds are reached, and as long as that pays for the statement
-    /// with this use: a statement that never comes twice would only push out the others.
+    /// Caches the result if it is small enough, the cache is not full, and `use` shows enough hits for this kind of
+    /// statement; statements that never repeat would only fill the cache.
     void Keep(const QString& sql, const std::shared_ptr<ResultTable>& result, const std::shared_ptr<StatementUse>& use);
+    /// To be called at the end of the scope.
     void Forget();
 
   private:

@@ -58,7 +58,7 @@ const ResultTable& Recordset::OpenTable() const {
     return *table_;
 }
 
-// Reading goes forward only, so the place before the first row exists in an empty result alone.
+// There is no MovePrevious: only an empty result is ever at BOF.
 bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0; }
 
 bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount(); }
@@ -66,7 +66,7 @@ bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount(); }
 void Recordset::MoveNext() {
     if (AtEOF()) RaiseNoRecord();
     ++row_;
-    // Rows that others may still read, since the provider remembers them, stay.
+    // If the provider has cached the result, others may still read its rows.
     if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
 }
 

@@ -9,14 +9,14 @@
 namespace database {
 namespace {
 
-// Kana and kanji have no letter case and stand for most of the names, so they skip the tables of QChar.
+// Kana and kanji, most of the characters in column names, have no case; skip QChar's table lookup.
 char16_t Folded(char16_t unit) {
     if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit | 0x20) : unit;
     if (unit >= 0x3000 && unit < 0xD800) return unit;
     return QChar(unit).toCaseFolded().unicode();
 }
 
-// Small and capital letters differ in these bits alone, in ASCII as well as in full width, Greek and Cyrillic.
+// Upper and lower case differ only in these bits, in ASCII, full width, Greek and Cyrillic.
 constexpr quint32 kCaseBits = 0x60;
 
 size_t HashOf(QStringView name) {
@@ -83,7 +83,7 @@ void ResultTable::BeginRow() {
     if (!blocks_.empty()) bytesBefore_ += blocks_.back().used;
     Block block;
     if (!blocks_.empty()) {
-        // Blocks of one result are much alike: a little room to spare saves growing by doubling.
+        // Blocks of one result have similar sizes: 1/8 extra usually avoids reallocation.
         block.text.resize(blocks_.back().used * 9 / 8);
         block.ends.reserve(blocks_.back().ends.size());
     } else {

@@ -8,17 +8,17 @@
 
 namespace database {
 
-/// Names and declared types of a result's columns; shared by all results of one prepared statement.
+/// Names and declared types of a result's columns; shared by all results of a prepared statement.
 class ColumnSet {
   public:
-    /// `declaredType` as the schema spells it; it is kept in capitals, and is empty for an expression.
+    /// `declaredType` as written in the schema, empty for an expression; stored in upper case.
     void Add(const QString& name, const QString& declaredType);
 
     int Count() const { return static_cast<int>(columns_.size()); }
     const QString& Name(int column) const { return columns_[static_cast<size_t>(column)].name; }
     const QString& DeclaredType(int column) const { return columns_[static_cast<size_t>(column)].declaredType; }
-    /// Without regard to letter case; the first of equal names. -1 when there is no such column. A load asks
-    /// more than a million times, so this hashes and allocates nothing.
+    /// Index of the column, ignoring case; the first of equal names; -1 if there is none. Called more than a million
+    /// times per load, so it hashes without allocating.
     int Find(QStringView name) const;
 
   private:
@@ -30,15 +30,15 @@ class ColumnSet {
     void Rehash(size_t places);
 
     std::vector<Column> columns_;
-    std::vector<int> places_;  // open addressing, a power of two, at most half full; -1 is free
+    std::vector<int> places_;  // open addressing; size is a power of two, at most half full; -1 is free
 };
 
-/// All rows of a result, in UTF-8 in a few large blocks: a third of the memory of a QString for each cell, and
-/// only the cells that are asked for are ever turned into one.
+/// All rows of a result, as UTF-8 in a few large blocks: a third of the memory of a QString per cell. A QString is
+/// created only for cells that are read.
 class ResultTable {
   public:
-    static constexpr qsizetype kLongestCell = qsizetype{16} << 20;  // bytes; no cell of the suite comes near
-    static constexpr size_t kMostBytes = size_t{1} << 30;           // of all cells; some millions of staff rows
+    static constexpr qsizetype kLongestCell = qsizetype{16} << 20;  // bytes; far above any cell of the suite
+    static constexpr size_t kMostBytes = size_t{1} << 30;           // of all cells; some million staff rows
 
     explicit ResultTable(std::shared_ptr<const ColumnSet> columns, size_t mostBytes = kMostBytes)
         : columns_(std::move(columns)), mostBytes_(mostBytes) {}
@@ -46,24 +46,25 @@ class ResultTable {
     const ColumnSet& Columns() const { return *columns_; }
     const std::shared_ptr<const ColumnSet>& SharedColumns() const { return columns_; }
     int RowCount() const { return rowCount_; }
-    /// Bytes held, roughly.
+    /// Approximate memory use in bytes.
     qsizetype Size() const;
 
-    /// DatabaseError when the rows before it have more than the most bytes: an endless result has to end somewhere.
+    /// Starts a row. Throws DatabaseError if the rows so far exceed the limit, so that an endless result terminates.
     void BeginRow();
-    /// Appends the next cell of the row begun last. DatabaseError for more than kLongestCell.
+    /// Appends a cell to the last row. Throws DatabaseError if it is longer than kLongestCell.
     void AppendText(QByteArrayView utf8);
     void AppendNull();
+    /// Throws the DatabaseError for a cell longer than kLongestCell.
     [[noreturn]] static void RefuseCell();
 
     bool IsNull(int row, int column) const;
-    /// Where the cell above has the same text, both share one QString: names of departments and classes are the
-    /// same for thousands of rows.
+    /// Shares the QString with the cell above if the text is equal: names of departments and classes repeat for
+    /// thousands of rows.
     QString Text(int row, int column) const;
-    /// The cell's bytes, without a copy; not of a Null.
+    /// The cell's bytes, without a copy. Must not be called for a Null.
     QByteArrayView Utf8(int row, int column) const;
 
-    /// Gives back the memory of rows that a forward-only reader has left behind. They must not be asked for again.
+    /// Frees the blocks before `row`, for forward-only readers. Those rows must not be read again.
     void ForgetRowsBefore(int row);
 
   private:
@@ -71,9 +72,9 @@ class ResultTable {
     static constexpr quint32 kNullMark = 0x80000000U;
 
     struct Block {
-        std::vector<char> text;  // room for more than is used
+        std::vector<char> text;  // capacity; `used` bytes are filled
         size_t used = 0;
-        std::vector<quint32> ends;  // end of each cell in `text`, row after row; a Null carries the mark
+        std::vector<quint32> ends;  // end offset of each cell in `text`, row by row; kNullMark is set for a Null
     };
     struct Bytes {
         const char* begin;
@@ -91,7 +92,7 @@ class ResultTable {
     size_t mostBytes_;
     size_t bytesBefore_ = 0;  // in all blocks before the last
     std::vector<Block> blocks_;
-    mutable std::vector<LastText> lastTexts_;  // for each column, once the first cell has been asked for
+    mutable std::vector<LastText> lastTexts_;  // per column; filled from the first Text() on
     int rowCount_ = 0;
     int forgottenBlocks_ = 0;
 };

@@ -1,4 +1,4 @@
-// Records added through a recordset, and files whose contents may be lost with the machine.
+// Records added through a recordset, and scratch files.
 
 #include <gtest/gtest.h>
 

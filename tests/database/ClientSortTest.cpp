@@ -7,7 +7,7 @@ using namespace database;
 
 namespace {
 
-/// Rows of a name and one or two keys behind it; "-" is Null.
+/// Rows of a name and one or two sort keys; "-" is Null.
 std::shared_ptr<ResultTable> Rows(const QList<QStringList>& rows) {
     auto columns = std::make_shared<ColumnSet>();
     for (int column = 0; column < rows[0].size(); ++column) columns->Add(u"c%1"_s.arg(column), u"TEXT"_s);

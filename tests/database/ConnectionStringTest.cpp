@@ -9,7 +9,7 @@ namespace {
 
 struct Case {
     QString text;
-    QStringList fields;  // provider, user, password, data source, catalogue
+    QStringList fields;  // provider, user, password, data source, catalog
 };
 
 void PrintTo(const Case& c, std::ostream* out) { *out << c.text.toStdString(); }

@@ -1,4 +1,4 @@
-// What every engine behind platform/Database.h has to do; one body for all of them.
+// Contract of database/Database.h that every engine must satisfy.
 
 #include <gtest/gtest.h>
 
@@ -235,7 +235,7 @@ TEST_P(DatabaseContract, AnOpenRecordsetLocksNoWriterOut) {
 TEST_P(DatabaseContract, AReadScopeSeesOneSnapshot) {
     const QString look = u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s;
     ReadScope scope(connection);
-    // No read yet: the snapshot counts from the scope's beginning all the same.
+    // The snapshot must date from the scope's beginning, even without a read before the update.
     engine->TryOutside(u"UPDATE M部門 SET 名称 = '新'"_s);
     EXPECT_EQ(Column(connection, look, u"名称"), QStringList({u"総務部"_s}));
     EXPECT_EQ(Column(connection, look, u"名称"), QStringList({u"総務部"_s}));

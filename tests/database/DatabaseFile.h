@@ -8,16 +8,16 @@
 
 #include "database/Database.h"
 
-/// A database file in a folder of its own, written by the engine's own interface and not by the code under test.
+/// A database file in a temporary folder, written directly with SQLite and not by the code under test.
 class DatabaseFile {
   public:
     explicit DatabaseFile(const QString& name = QStringLiteral("gnrdb.accdb"));
 
     QString Path() const { return folder_.filePath(name_); }
     QString ConnectionString() const;
-    /// Runs statements on a connection of their own; fails the test on an error.
+    /// Runs statements on a separate connection; an error fails the test.
     void Run(const QString& statements) const;
-    /// The first value of a statement's first row.
+    /// First column of the first row of a query.
     QString Value(const QString& statement) const;
 
   private:
@@ -25,14 +25,14 @@ class DatabaseFile {
     QString name_;
 };
 
-/// Another program's connection to the same file.
+/// A connection of another program to the same file.
 class OtherProgram {
   public:
     explicit OtherProgram(const QString& path);
     ~OtherProgram() { sqlite3_close_v2(database_); }
     OtherProgram(const OtherProgram&) = delete;
     OtherProgram& operator=(const OtherProgram&) = delete;
-    /// The engine's result code. Waits for no lock.
+    /// Returns SQLite's result code. Does not wait for locks.
     int Run(const char* statement) const;
     sqlite3* Handle() const { return database_; }
 
@@ -40,7 +40,7 @@ class OtherProgram {
     sqlite3* database_ = nullptr;
 };
 
-/// Description of the DatabaseError that `action` raises; empty when it raises none.
+/// Description of the DatabaseError that `action` throws; empty if it throws none.
 template <typename Action>
 QString ErrorOf(Action action) {
     try {
@@ -51,7 +51,7 @@ QString ErrorOf(Action action) {
     return {};
 }
 
-/// Number of the DatabaseError that `action` raises; 0 when it raises none.
+/// Number of the DatabaseError that `action` throws; 0 if it throws none.
 template <typename Action>
 long NumberOf(Action action) {
     try {
@@ -62,5 +62,5 @@ long NumberOf(Action action) {
     return 0;
 }
 
-/// One field of all rows of a statement; a Null is "(Null)".
+/// One field of all rows of a query; a Null is "(Null)".
 QStringList Column(database::Connection& connection, const QString& sql, QStringView field);

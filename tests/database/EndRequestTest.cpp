@@ -33,7 +33,7 @@ class EndRequestTest : public testing::Test {
     }
     ~EndRequestTest() override { SetEndHandler({}); }
 
-    /// Runs an endless statement and asks for the end of the program while it runs.
+    /// Runs an endless statement in `work`, and requests the end of the program meanwhile. Returns the error's text.
     QString BreakOff(const std::function<void()>& work) {
         std::thread system([this] {
             const OtherProgram other(file.Path());

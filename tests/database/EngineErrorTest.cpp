@@ -14,7 +14,7 @@ using namespace platform;
 
 namespace {
 
-/// What people are shown of the failure of a statement, and what the history keeps of it.
+/// The text for the user and the text for the run history of a statement's error.
 QStringList TextsOf(Connection& connection, const QString& sql) {
     try {
         connection.Execute(sql);

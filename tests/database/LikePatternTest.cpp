@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{u"[-a]"_s, u"-"_s, true}, Case{u"a[]b"_s, u"ab"_s, true}, Case{u"[!]"_s, u"!"_s, true},
                     Case{u"[^a]"_s, u"^"_s, true}, Case{u"a]"_s, u"a]"_s, true}, Case{u"[！ａ]"_s, u"b"_s, true}));
 
-// The first text that a thread compares has no room of its own yet.
+// In a new thread, since the thread-local buffer must still be unallocated.
 TEST(LikePattern, AnyCharactersTwiceMatchAnEmptyTextFromTheFirstOneOn) {
     bool matches = false;
     std::thread([&] { matches = LikePattern::Compile("%%")->Matches(""); }).join();

@@ -53,7 +53,7 @@ TEST(PatternText, ExpressionsTakeExactlyWhatThePatternTakes) {
             const bool taken = compiled.Matches(text.toUtf8());
             EXPECT_EQ(Matches(StoredExpression(compiled), text), taken)
                 << pattern.toStdString() << " / " << text.toStdString();
-            // "$" of this engine would also stand before a last line end.
+            // PCRE's "$" also matches before a final newline.
             const QString folded = FoldedExpression(compiled).replace(QRegularExpression(u"\\$$"_s), u"\\z"_s);
             EXPECT_EQ(Matches(folded, Folded(text)), taken) << pattern.toStdString() << " / " << text.toStdString();
         }

@@ -11,7 +11,7 @@ using namespace database;
 
 namespace {
 
-/// A forms file with two links and a table of its own, and a file with one of the tables that are linked.
+/// A file with two linked tables and one local table, and a file that contains one of the linked tables.
 class LinkedTables : public testing::Test {
   protected:
     LinkedTables() {
@@ -25,7 +25,7 @@ class LinkedTables : public testing::Test {
     }
 
     std::unique_ptr<TableFile> Open() { return engine.OpenDatabase(forms.Path()); }
-    /// Points the link at a file; what the engine says against it.
+    /// Points the link at a file; returns the error's text.
     QString Refresh(const QString& name, const QString& file) {
         const auto opened = Open();
         for (TableDef& table : opened->TableDefs())

@@ -7,7 +7,7 @@ using namespace database;
 
 namespace {
 
-/// A server with one table of two or three columns that counts what it is asked.
+/// A fake server with one table of two or three columns that logs its queries.
 class LookupCacheTest : public testing::Test {
   protected:
     std::shared_ptr<ResultTable> Serve(const QString& sql) {
@@ -23,7 +23,7 @@ class LookupCacheTest : public testing::Test {
         return rows;
     }
 
-    /// What the copies answer; a dash where the server has to be asked.
+    /// Result from the cache, or "-" if the server must be queried.
     QString Ask(const QString& sql) {
         lifted.Lift(sql);
         const auto rows = copies.Find(sql, lifted);
@@ -117,7 +117,7 @@ TEST_F(LookupCacheTest, WhatWasCopiedEndsWithTheScope) {
     EXPECT_EQ(Ask(Era(u"20200301"_s)), u"新"_s);
 }
 
-// As a user meets it who may read the columns of a look-up alone. On some engines the failure ends the scope.
+// As with a user who has permission for the lookup's columns only. On some engines the error ends the scope.
 TEST_F(LookupCacheTest, AFailedFetchLeavesEveryLookUpToTheServerAndIsNotTriedAgain) {
     LookupCache* own = nullptr;
     int fetches = 0;

@@ -21,7 +21,7 @@ namespace {
 constexpr auto kShort = 50ms;
 constexpr auto kLong = 1h;
 
-/// A server that takes connections and never says a word.
+/// A server that accepts connections and never replies.
 class OdbcWatchdogTest : public testing::Test {
   protected:
     OdbcWatchdogTest() { silent.listen(QHostAddress::LocalHost); }
@@ -30,7 +30,7 @@ class OdbcWatchdogTest : public testing::Test {
         one.connectToHost(QHostAddress::LocalHost, silent.serverPort());
         ASSERT_TRUE(one.waitForConnected());
     }
-    /// Waits for a word, as a driver does that has no time-out. What recv gives: 0 where the connection was ended.
+    /// Blocks in recv, as a driver without a timeout does. Returns recv's result: 0 once the connection was shut down.
     static ssize_t Receive(const QTcpSocket& one) {
         char sign = 0;
         const int descriptor = ::dup(static_cast<int>(one.socketDescriptor()));

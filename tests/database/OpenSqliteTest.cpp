@@ -48,7 +48,7 @@ class SqliteOpening : public testing::Test {
         return text;
     }
 
-    // A database of several pages and a copy of it that was taken while a writer stood in the middle of its work.
+    // A database of several pages, copied while a transaction was half written.
     QString TornCopy() const {
         source.Run(
             u"CREATE TABLE t (a TEXT); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 999)"
@@ -62,7 +62,7 @@ class SqliteOpening : public testing::Test {
         return copy;
     }
 
-    // A database in WAL mode and a copy of it that was taken while the program that wrote the only row had it open.
+    // A database in WAL mode, copied while the program that had inserted the only row still had it open.
     QString CopyWithWal() const {
         const OtherProgram writer(source.Path());
         EXPECT_EQ(writer.Run("PRAGMA journal_mode=WAL; INSERT INTO 印 VALUES ('a')"), SQLITE_OK);
@@ -170,7 +170,7 @@ TEST_F(SqliteOpening, AFileLockedLaterFailsTheStatementOnly) {
     const OtherProgram other(source.Path());
     ASSERT_EQ(other.Run("BEGIN EXCLUSIVE"), SQLITE_OK);
     {
-        const ReadScope scope(connection);  // refused, and says nothing
+        const ReadScope scope(connection);  // fails silently
         EXPECT_EQ(ErrorOf([&] { Column(connection, u"SELECT 値 FROM 印"_s, u"値"); }), u"database is locked"_s);
     }
     ASSERT_EQ(other.Run("COMMIT"), SQLITE_OK);

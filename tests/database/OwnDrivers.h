@@ -2,8 +2,8 @@
 
 #include <QByteArray>
 
-/// The driver manager's lists of drivers and data sources as tests need them, while it lives. The manager remembers
-/// what it has read, so they are the same for all tests of a program.
+/// Replaces the driver manager's lists of drivers and data sources while it exists. The driver manager caches them, so
+/// all tests of a program use the same lists.
 class OwnDrivers {
   public:
     OwnDrivers();

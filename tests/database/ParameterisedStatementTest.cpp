@@ -28,7 +28,7 @@ class StatementParameters : public testing::TestWithParam<Case> {};
 
 TEST_P(StatementParameters, TakesValuesOutOfAStatement) {
     ParameterisedStatement statement;
-    for (int time = 0; time < 2; ++time) {  // the second time by its shape
+    for (int time = 0; time < 2; ++time) {  // the second time from the cached shape
         statement.Lift(GetParam().statement);
         EXPECT_EQ(statement.Text().toStdString(), GetParam().lifted.toStdString());
         EXPECT_EQ(Literals(statement), GetParam().literals);

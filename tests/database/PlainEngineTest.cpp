@@ -1,4 +1,4 @@
-// Engines whose words are not known: their drivers get statements as the suite writes them.
+// Servers of unknown type, whose drivers get the statements unchanged.
 
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ class PlainEngine : public testing::TestWithParam<QString> {
         connection.Open(text);
     }
     QString Log() const { return folder.filePath(u"log"_s); }
-    /// What the driver was told, of calls that begin so.
+    /// Arguments of the calls of this kind that the driver logged.
     QStringList Told(const QString& call) const {
         QStringList lines;
         for (const QString& line : QString::fromUtf8(ReadBytes(Log())).split(u'\n'))

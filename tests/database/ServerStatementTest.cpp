@@ -1,4 +1,4 @@
-// Statements of the suite in the words of the servers' engines.
+// Statements translated for the servers.
 
 #include <gtest/gtest.h>
 
@@ -132,7 +132,7 @@ TEST(ServerStatementOrder, WhatMariaDbDoesNotSortIsToldWithItsLimit) {
 
 namespace {
 
-/// Number of the failure with which an engine's statement is refused; 0 where it is taken.
+/// Error number if the statement can't be translated for the engine; 0 if it can.
 long UsageError(const QString& engine, const QString& statement) {
     try {
         For(engine, statement);

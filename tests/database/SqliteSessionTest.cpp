@@ -1,4 +1,4 @@
-// What is this engine's own: its words, its quirks, and what it would do otherwise.
+// Behaviour specific to the desktop engine: its dialect, and its quirks that the session works around.
 
 #include <gtest/gtest.h>
 

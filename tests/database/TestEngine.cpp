@@ -31,7 +31,7 @@ class ServerTestEngine : public TestEngine {
 
   private:
     static bool IsMariaDb() { return ServerDatabase::Engine() == u"MariaDB"_s; }
-    // The shorter types of that name end at 64 KB.
+    // TEXT is limited to 64 KB in MariaDB.
     static QString InOwnTypes(QString statements) {
         return IsMariaDb() ? statements.replace(u" TEXT"_s, u" LONGTEXT"_s) : statements;
     }

@@ -6,17 +6,16 @@
 #include <ostream>
 #include <string>
 
-/// One database of an engine that the contract tests run over. It is made, filled and looked at past the code
-/// under test.
+/// A database of one engine for the contract tests. Created, filled and read directly, not by the code under test.
 class TestEngine {
   public:
     virtual ~TestEngine() = default;
     virtual QString ConnectionString() const = 0;
-    /// Runs statements that the engine understands; fails the test on an error.
+    /// Runs statements in the engine's syntax; an error fails the test.
     virtual void Run(const QString& statements) = 0;
-    /// A type of the engine's for amounts of money, in capitals.
+    /// A column type of the engine for money, in upper case.
     virtual QString MoneyType() const = 0;
-    /// One statement of another program that waits for no lock. False when the engine refuses it.
+    /// Runs one statement as another program that waits for no lock. False if the engine rejects it.
     virtual bool TryOutside(const QString& statement) = 0;
 };
 
@@ -26,6 +25,6 @@ struct EngineKind {
 };
 inline void PrintTo(const EngineKind& kind, std::ostream* out) { *out << kind.name; }
 
-/// The engine of this run: the desktop files, or the server that MEIBO_TEST_ENGINE names.
+/// The engine under test: desktop files, or the server in MEIBO_TEST_ENGINE.
 const EngineKind* AllEnginesBegin();
 const EngineKind* AllEnginesEnd();

@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Kana, OrderedTexts,
                                          Case{u"ばあ"_s, u"はい"_s}, Case{u"ユウコ"_s, u"ユーコ"_s},
                                          Case{u"ユーコ"_s, u"ユエ"_s}, Case{u"ｦ"_s, u"ﾝ"_s}));
 
-// 亜 889F, 田 9363, 山 8E52, 佐 8DB2, 鈴 97E9, 弌 98A8; 髙 FBFC stands behind all of JIS.
+// Codes: 亜 889F, 田 9363, 山 8E52, 佐 8DB2, 鈴 97E9, 弌 98A8; 髙 FBFC sorts after all of JIS.
 INSTANTIATE_TEST_SUITE_P(Kanji, OrderedTexts,
                          testing::Values(Case{u"亜"_s, u"佐藤"_s}, Case{u"佐藤"_s, u"山田"_s},
                                          Case{u"山田"_s, u"田中"_s}, Case{u"田中"_s, u"鈴木"_s},

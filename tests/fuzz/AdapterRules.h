@@ -13,19 +13,19 @@
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
 
-// What holds for every statement on its way to each of the three engines.
+// Invariants of every statement translated for each of the three engines.
 
 inline database::SqlDialect DesktopDifferences() {
     return {true, true, true, 200, QString::fromLatin1(database::kSuiteTextCollation), QStringLiteral("NOCASE")};
 }
 
-/// One adapted statement and the rules that it is checked by.
+/// A translated statement and the invariants to check.
 class AdapterRules {
   public:
     AdapterRules(const QString& sql, const database::SqlDialect& engine, const database::TextRules& rules)
         : sql_(sql), engine_(engine), rules_(rules) {}
 
-    /// The adapted text, checked; none where it was refused.
+    /// Translates and checks the statement; empty if it was rejected.
     std::optional<QString> Check() const {
         const bool server = engine_.like != database::LikeWriting::Own;
         try {
@@ -54,7 +54,7 @@ class AdapterRules {
         return depth == 0;
     }
 
-    /// The texts in quotes, without those that are patterns of a LIKE or its escape.
+    /// Text literals except LIKE patterns and ESCAPE characters.
     static QStringList Values(const Tokens& tokens) {
         QStringList values;
         bool pattern = false;
@@ -80,7 +80,7 @@ class AdapterRules {
     void CheckServerWords(const QString& adapted) const {
         if (const auto tree = database::ParseStatement(adapted)) return CheckLevel(tree->level);
         const Tokens tokens = database::SplitStatement(adapted);
-        if (!IsClosed(tokens)) return;  // the engine refuses it
+        if (!IsClosed(tokens)) return;  // the engine rejects it
         for (size_t at = 0; at < tokens.size(); ++at)
             if (adapted == sql_ && tokens[at].Is(u"LIKE") && (at == 0 || tokens[at - 1].text != u"."))
                 Require(false, "no LIKE is sent in a statement that was not read");
@@ -113,7 +113,7 @@ class AdapterRules {
     const database::TextRules& rules_;
 };
 
-/// Checks the statement for both servers' engines, and returns what the desktop engine gets.
+/// Checks the statement for both servers, and returns its text for the desktop engine.
 inline QString CheckForEveryEngine(const QString& sql, const database::TextRules& rules) {
     for (const QString& engine : {QStringLiteral("PostgreSQL"), QStringLiteral("MariaDB")})
         AdapterRules(sql, database::EngineOf(engine).differences, rules).Check();

@@ -1,4 +1,4 @@
-// Code page 932: lengths agree, what was read is written back, and only what has no form is lost.
+// Code page 932: lengths agree, decoded text survives a round trip, and only unmappable characters are lost.
 
 #include "fuzz/FuzzInput.h"
 #include "text/CodePage932.h"
@@ -9,7 +9,7 @@ void CheckBytes(const QByteArray& bytes) {
     const QString text = Decode932(bytes);
     const Encoded932 again = Encode932(text);
     Require(again.bytes.size() == ByteLength932(text), "the length told is the length written");
-    // Several bytes may be read as one character, which is written one way only: the second reading is the first.
+    // Several byte sequences may decode to one character, which is encoded in one way only: compare decoded text.
     if (!text.contains(QChar(0xFFFD))) Require(Decode932(again.bytes) == text, "what was read is read again");
 }
 

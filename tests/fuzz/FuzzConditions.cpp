@@ -1,6 +1,6 @@
-// Conditions that callers leave for a list window: whatever they are, a value is a piece of them, and taking terms out
-// comes to an end. (What a caller would never write may leave a longer rest: pieces of it then stand twice.) The window
-// puts the rest into its statement, which every engine gets in its own words.
+// Conditions that callers pass to a list window: each parsed value is a substring of the condition, and removing terms
+// terminates. (For malformed conditions the rest may be longer than the input, with parts duplicated.) The window adds
+// the rest to its statement, which is translated for every engine.
 
 #include "data/Catalogue.h"
 #include "fuzz/AdapterRules.h"

@@ -1,8 +1,8 @@
-// What arrives from the process that reads a foreign database file: a stream of frames is refused or means exactly what
-// its bytes say, and every row that is taken becomes one list of literals. The seeds are what that process writes for
-// the files of tests/setup/jet. Here the frames, the columns of a table and its dates are fuzzed, all of them code of
-// this project; damaged pages and rows go through the reader process in tests/setup/DamagedFilesTest.cpp, since the
-// library that reads them may crash.
+// Output of the process that reads a foreign database file: a stream of frames is either rejected or parsed exactly as
+// encoded, and every accepted row yields one list of literals. The seeds are that process's output for the files of
+// tests/setup/jet. Frames, column definitions and dates are fuzzed here, since they are parsed by this project. Damaged
+// pages and rows are tested in a separate process, in tests/setup/DamagedFilesTest.cpp, because the library that reads
+// them may crash.
 
 #include <cstring>
 
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Number of literals in "(NULL, 'it''s')"; -1 if it is anything else.
+/// Number of literals in "(NULL, 'it''s')"; -1 for any other syntax.
 qsizetype Literals(QStringView list) {
     if (!list.startsWith(u'(') || !list.endsWith(u')')) return -1;
     list = list.sliced(1).chopped(1);
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     try {
         ReadStream(bytes);
     } catch (const platform::RuntimeError&) {
-        return 0;  // refused
+        return 0;  // rejected
     }
     return 0;
 }

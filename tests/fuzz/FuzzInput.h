@@ -8,7 +8,7 @@
 
 #include "platform/Utf8Text.h"
 
-/// What the fuzzer made up for one run, handed out piece by piece.
+/// Splits the fuzzer's input into values.
 class FuzzInput {
   public:
     FuzzInput(const uint8_t* data, size_t size)
@@ -16,7 +16,7 @@ class FuzzInput {
 
     /// 0 at the end of the input.
     uint8_t Byte() { return rest_.isEmpty() ? 0 : static_cast<uint8_t>(Take(1).front()); }
-    /// Bytes up to the next 0xFF, which is part of no UTF-8, or all that is left.
+    /// Bytes up to the next 0xFF, which never occurs in UTF-8, or the rest of the input.
     QByteArray Bytes() {
         const qsizetype end = rest_.indexOf('\xff');
         if (end < 0) return Take(rest_.size());
@@ -24,9 +24,9 @@ class FuzzInput {
         Take(1);
         return piece;
     }
-    /// The same as a text: whatever is no UTF-8 becomes U+FFFD.
+    /// As Bytes, decoded; invalid UTF-8 becomes U+FFFD.
     QString Text() { return platform::TextFromUtf8(Bytes()); }
-    /// Any UTF-16 units, halves of surrogate pairs among them.
+    /// The rest of the input as arbitrary UTF-16, including unpaired surrogates.
     QString Units() {
         const QByteArray piece = Take(rest_.size() / 2 * 2);
         return QString(reinterpret_cast<const QChar*>(piece.constData()), piece.size() / 2);
@@ -42,7 +42,7 @@ class FuzzInput {
     QByteArray rest_;
 };
 
-/// What has to hold whatever the input is. Ends the program otherwise, which the fuzzer takes for a crash.
+/// Assertion that must hold for every input. Aborts on failure, which the fuzzer reports as a crash.
 inline void Require(bool holds, const char* what) {
     if (holds) return;
     std::cerr << "does not hold: " << what << std::endl;

@@ -1,5 +1,5 @@
-// Patterns of LIKE: none hangs or reads outside, those without a wildcard find exactly their own text, and in the words
-// of each server they take the same texts.
+// LIKE patterns: none hangs or reads out of bounds, those without wildcards match exactly their own text, and the
+// translations for the servers match the same texts.
 
 #include <QRegularExpression>
 
@@ -16,7 +16,7 @@ QString Folded(const QByteArray& utf8) {
     return folded;
 }
 
-/// A LIKE with "%" and "_" alone, over characters.
+/// Reference LIKE with only "%" and "_", by character.
 bool PlainLike(const QList<uint>& pattern, const QList<uint>& text) {
     QList<bool> reached(text.size() + 1, false);
     reached[0] = true;
@@ -28,7 +28,7 @@ bool PlainLike(const QList<uint>& pattern, const QList<uint>& text) {
     return reached.last();
 }
 
-/// None where the engine gives up.
+/// Empty if the regex engine hits its limits.
 std::optional<bool> Matches(const QString& expression, const QString& text) {
     const QRegularExpression compiled(expression, QRegularExpression::UseUnicodePropertiesOption);
     Require(compiled.isValid(), "a pattern becomes an expression that compiles");
@@ -41,7 +41,7 @@ void CheckServers(const database::LikePattern& pattern, const QByteArray& text, 
     if (const auto plain = database::FoldedLikeText(pattern))
         Require(PlainLike(plain->toUcs4(), folded.toUcs4()) == found, "a plain LIKE takes the same folded texts");
     QString expression = database::FoldedExpression(pattern);
-    expression.chop(1);  // "$" of this engine would also stand before a last line end
+    expression.chop(1);  // PCRE's "$" also matches before a final newline
     Require(Matches(expression + QStringLiteral("\\z"), folded).value_or(found) == found,
             "the expression for folded texts takes the same ones");
     Require(Matches(database::StoredExpression(pattern), platform::TextFromUtf8(text)).value_or(found) == found,
@@ -64,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Require(!found || anywhere->Matches(text), "what matches the whole is found anywhere");
     if (!pattern.contains('%') && !pattern.contains('_') && !pattern.contains('['))
         Require(compiled->Matches(pattern), "a plain text matches itself");
-    // A statement ends at a NUL, and holds nothing but characters.
+    // A statement ends at a NUL, and contains valid Unicode only.
     const QByteArray both = pattern + text;
     if (!both.contains('\0') && both.isValidUtf8() && both.size() < 400) CheckServers(*compiled, text, found);
     return 0;

@@ -1,4 +1,4 @@
-// Keys of messages between programs: what one program sends as key the other one finds, and takes away.
+// Keys of messages between programs: the receiver finds the message by the key that was sent, and deletes it.
 
 #include <QTemporaryDir>
 
@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const bool open = (OpenChannel(), true);
     Require(open, "the channel is open");
     const QString key = FuzzInput(data, size).Text();
-    // A command line ends at the first NUL.
+    // Keys are passed on the command line, which ends at the first NUL.
     if (key.contains(QChar::Null)) return 0;
     SendStartLink(u"sender"_s, u"receiver"_s, key);
     ReceiveStartLink(key, u"00000000 000000"_s);

@@ -1,4 +1,4 @@
-// Connect texts of linked tables: the path that went in comes out.
+// Connect strings of linked tables: paths survive a round trip.
 
 #include "database/LinkedTables.h"
 #include "fuzz/FuzzInput.h"

@@ -1,5 +1,5 @@
-// Registry files: a file that is read keeps the bounds and is written back with the same content; a path of a key that
-// is taken can be read back.
+// Registry files: parsed content respects the limits and survives a round trip; every accepted key path can be read
+// back.
 
 #include <algorithm>
 

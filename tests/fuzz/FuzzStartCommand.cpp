@@ -1,4 +1,4 @@
-// Command lines: every field is a piece of the command at its place, and only a full one counts as given.
+// Command lines: each field is the substring at its position, and only a complete field counts as given.
 
 #include "frame/StartCommand.h"
 #include "fuzz/FuzzInput.h"

@@ -1,5 +1,5 @@
-// Statements on their way to each engine: what it is given compiles or is refused, a text in quotes arrives as it was
-// written, and a server is sent no LIKE and no order of text with a meaning of its own.
+// Statements translated for each engine: the desktop engine compiles or rejects them without a crash, literals are
+// unchanged, and servers never get a LIKE or ORDER BY that depends on their own collation.
 
 #include <sqlite3.h>
 
@@ -26,7 +26,7 @@ sqlite3* Engine() {
     return database;
 }
 
-/// The values that were lifted are those of the last texts in quotes.
+/// True if the lifted values are those of the last text literals.
 bool ArriveAsWritten(const std::vector<database::Token>& tokens, const database::ParameterisedStatement& lifted) {
     size_t left = lifted.LiteralCount();
     for (auto token = tokens.rbegin(); token != tokens.rend() && left > 0; ++token) {
@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (const auto tree = database::ParseStatement(sql))
         Require(database::StatementText(*tree) == sql, "an untouched tree is the statement");
     database::ParameterisedStatement lifted;
-    for (int time = 0; time < 2; ++time) {  // the second time by its shape
+    for (int time = 0; time < 2; ++time) {  // the second time from the cached shape
         lifted.Lift(sql);
         Require(ArriveAsWritten(tokens, lifted), "a text in quotes arrives as it was written");
     }

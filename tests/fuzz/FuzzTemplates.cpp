@@ -1,5 +1,5 @@
-// Report forms as an administrator may write them: every text is read to its end, and each mistake has its line. A form
-// without mistakes is laid out, and a page of it is painted with values that no clerk would type.
+// Report templates as written by an administrator: every text is parsed to its end, and each error has a line number. A
+// template without errors is laid out, and a page of it is painted with unusual values.
 
 #include <QGuiApplication>
 #include <QImage>
@@ -20,11 +20,11 @@ using namespace report;
 
 namespace {
 
-constexpr int kDots = 64;      // of the picture's side: glyphs cost by their area
-constexpr int kMostRows = 2;   // of the page that are painted
-constexpr int kMostParts = 8;  // of each section
+constexpr int kDots = 64;      // side of the image in pixels; glyphs cost by area
+constexpr int kMostRows = 2;   // painted per page
+constexpr int kMostParts = 8;  // painted per section
 
-/// What a column holds, by its name and the rest of the input.
+/// Value of a column, derived from its name and the rest of the input.
 class Values {
   public:
     explicit Values(QString own) : own_(std::move(own)) {}
@@ -55,7 +55,8 @@ void CheckFit(FontSet& types, const FormElement& element, const QString& text) {
 }
 
 void PaintSection(QPainter& painter, QPointF corner, const FormSection& section, const Values& values) {
-    // Reading the fonts costs more than all pages. They are kept like the application object, which they need.
+    // Loading fonts costs more than all pages, so it is done once. Never destroyed, as fonts need the application
+    // object.
     static FontSet& types = *new FontSet;
     static ElementPainter& elements = *new ElementPainter(types);
     const FieldText fields = [&values](const QString& name) { return values.Of(name); };
@@ -83,7 +84,7 @@ void PaintPage(const FormDefinition& form, const Values& values) {
 
 }  // namespace
 
-/// The library that finds the fonts keeps what it has read of its settings.
+/// Fontconfig never frees its configuration.
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {

@@ -1,4 +1,4 @@
-// The text file: whatever the fields hold, it has one heading and the fields in code page 932 between their quotes.
+// The text file: for any field values it has one header and the quoted fields in code page 932.
 
 #include <QCoreApplication>
 #include <QFile>
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One work table with three fields in a row, the last one an amount.
+/// A work table with one row of three fields, the last one an amount.
 class WorkTable {
   public:
     WorkTable() {

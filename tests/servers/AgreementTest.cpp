@@ -1,4 +1,4 @@
-// The same sample gives the same rows from a desktop file and from a server, in the same order up to equal keys.
+// A desktop file and a server return the same rows for the same data, in the same order except for equal keys.
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Names, kana and addresses that engines see in different ways.
+/// Names, kana and addresses that engines compare differently.
 const QStringList kOddTexts = {u"ﾔﾏﾀﾞ ﾀﾛｳ"_s,
                                u"やまだ　たろう"_s,
                                u"ヤマダ タロウ"_s,
@@ -67,7 +67,7 @@ class Agreement : public OnServer {
         EXPECT_TRUE(OpenGeneral());
     }
 
-    /// The same row in both, written past the code under test.
+    /// Inserts the same row in both, directly and not by the code under test.
     void AddOdd(int number) const {
         const QString code = QString::number(90001 + number);
         const QString text = SqlLiteral(kOddTexts[number]);
@@ -94,7 +94,7 @@ class Agreement : public OnServer {
         return all;
     }
 
-    /// Equal rows, and rows with equal keys at the same places. `keys` are columns of the result.
+    /// Asserts equal rows, with equal keys at the same positions. `keys` are columns of the result.
     void ExpectSameRows(const QString& sql, const QStringList& keys) {
         SCOPED_TRACE(sql.toStdString());
         const QList<Row> expected = RowsOf(file, sql);
@@ -123,7 +123,7 @@ class Agreement : public OnServer {
         return lines;
     }
 
-    /// The staff statement with the present conditions in each of its orders.
+    /// The staff query with the current conditions, in all sort orders.
     void ExpectSameInAllOrders() {
         const QList<QStringList> keys = {
             {u"コード"_s},
@@ -227,7 +227,7 @@ TEST_F(Agreement, EveryStaffListGivesTheSameRows) {
                            kSectionSearch}) {
         QStringList keys = {u"コード"_s};
         if (kind == kNameSearch) keys = {u"氏名"_s};
-        if (kind == kKanaSearch) keys.clear();  // the list does not show what it is sorted by
+        if (kind == kKanaSearch) keys.clear();  // the list does not show its sort key
         ExpectSameRows(BuildStaffListQuery(kind, conditions), keys);
     }
 }

@@ -1,4 +1,4 @@
-// Dialect O: a data source of the driver manager, and joins by the sign.
+// Dialect O: ODBC data sources, and outer joins written with (+).
 
 #include <QFile>
 
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A data source that is known to this test alone.
+/// An ODBC data source that only this test knows.
 class ByDataSource : public OnServer {
   protected:
     ByDataSource() : kept_(qgetenv("ODBCINI")) {
@@ -22,7 +22,7 @@ class ByDataSource : public OnServer {
     ~ByDataSource() override { qputenv("ODBCINI", kept_); }
 
     QString File() const { return installation.Root() + u"/odbc.ini"_s; }
-    /// The driver manager remembers what it has read of a name: another driver needs another one.
+    /// The driver manager caches data sources by name: a different driver needs a different name.
     void DefineSource(const QString& name, const QString& driver, const QString& more = {}) {
         source_ = name;
         WriteBytes(File(),
@@ -30,7 +30,7 @@ class ByDataSource : public OnServer {
                        .arg(name, driver, ServerDatabase::Server().section(u':', -1), server.Name(), more)
                        .toUtf8());
     }
-    /// The whole path of a library that this process has loaded, as it has the driver of its own connections.
+    /// Path of a library loaded by this process, such as the driver of its connections.
     static QString LoadedLibrary(const QString& name) {
         for (const QString& line : QString::fromUtf8(ReadBytes(u"/proc/self/maps"_s)).split(u'\n'))
             if (line.endsWith(name)) return line.sliced(line.indexOf(u'/'));
@@ -84,7 +84,7 @@ TEST_F(ByDataSource, TheStaffListsJoinedByTheSignGiveTheRowsOfTheOtherDialects) 
                 cells.append(record.FieldAt(column).TextOr(u"-"_s));
             lines.append(cells.join(u','));
         }
-        // Namesakes may stand either way round.
+        // Rows with equal names may be in either order.
         if (kind == kNameSearch || kind == kKanaSearch) lines.sort();
         return lines;
     };

@@ -41,13 +41,13 @@ void PassOn(int from, int to) {
     }
 }
 
-/// The other process.
+/// The relay process.
 class Relay {
   public:
     Relay(int listener, int control, quint16 serverPort)
         : listener_(listener), control_(control), serverPort_(serverPort) {}
 
-    /// Until nobody is there any more to tell it anything.
+    /// Runs until the control socket is closed.
     void Run() {
         while (Obey()) {
             std::vector<pollfd> sources = {{control_, POLLIN, 0}};

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QtGlobal>
 
-/// Stands between a program and its server, on a port of loopback, and passes on what each says: until the network
-/// falls silent, or breaks. A process of its own, as it is none of the program's connections.
+/// A TCP relay on loopback between a program and its server, with fault injection. A separate process, so that its
+/// sockets are not among those of the program under test.
 class NetworkRelay {
   public:
     /// `server` as "127.0.0.1:PORT".
@@ -13,15 +13,15 @@ class NetworkRelay {
     NetworkRelay(const NetworkRelay&) = delete;
     NetworkRelay& operator=(const NetworkRelay&) = delete;
 
-    /// Where programs find it, in the same form.
+    /// The relay's address, in the same form.
     QString Address() const;
-    /// From now on nothing comes through in either direction, and nobody is told.
+    /// From now on drops all data in both directions and keeps the connections open.
     void FallSilent() { Tell('s'); }
-    /// Every connection is reset, as by a machine that has no memory of it.
+    /// Resets all connections.
     void Break() { Tell('b'); }
 
   private:
-    /// Comes back when it is done.
+    /// Returns once the relay has obeyed.
     void Tell(char command) const;
 
     quint16 port_ = 0;

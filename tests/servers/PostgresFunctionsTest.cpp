@@ -1,4 +1,4 @@
-// The functions of the schema against the tables that they were written from.
+// Compares the functions of the schema with the tables that they are generated from.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 const QString kAlphabet = u"ｱｶｻﾊﾋｳﾞﾟｰ゛゜゙゚がぱヴゝヽ亜山鷗髙①㈱Ⅷaｂ'\\%_-１9ー　 ａＡЖжΩωßİK神𠮷👩豈"_s;
 
-/// Short texts of signs that meet each other in names, and of any others; always the same.
+/// Short texts of characters that interact in names, and of arbitrary ones; the seed is fixed.
 QStringList RandomTexts(int count) {
     QRandomGenerator random(20261121);
     const QList<uint> alphabet = kAlphabet.toUcs4();

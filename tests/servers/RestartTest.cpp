@@ -1,4 +1,4 @@
-// The server itself is stopped and started: this runs while no other test does.
+// Stops and starts the server, so it must not run in parallel with other tests.
 
 #include <cstdlib>
 

@@ -29,7 +29,7 @@ ReadingUser::~ReadingUser() {
 
 void ReadingUser::Grant() const {
     if (IsPostgresRun()) return server_.Run(u"GRANT SELECT ON ALL TABLES IN SCHEMA public TO %1"_s.arg(name_));
-    // Table by table, as for the other engine: what is granted on a whole database holds for what is yet to come.
+    // Table by table, as PostgreSQL does: in MariaDB a grant on a database includes future tables.
     const QString tables =
         u"SELECT table_name FROM information_schema.tables WHERE table_schema = '%1'"_s.arg(server_.Name());
     for (const QStringList& row : server_.Rows(tables))

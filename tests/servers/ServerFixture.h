@@ -10,21 +10,21 @@
 
 struct ToolOutput;
 
-/// A sample installation whose general database has been copied to a server of its own, by the tool and as its manual
-/// says; the configuration connection is open, and the globals stand as at the end of a start.
+/// A sample installation whose general database has been copied to a new server database with the tool, as described in
+/// its manual. The configuration connection is open, and the globals are as after start-up.
 class OnServer : public ::testing::Test {
   protected:
     explicit OnServer(int staff = 60);
 
-    /// Opens the general connection by the definition row, as a start does. What it gives: False where that failed.
+    /// Opens the general connection from its definition row, as at start-up. False if that fails.
     bool OpenGeneral();
-    /// One field of all rows that a search with the present conditions leaves in the store.
+    /// One field of all rows in the row store after a search with the current conditions.
     QStringList Search() const;
     QStringList History() const { return installation.HistoryTexts(); }
     QString LastHistory() const { return History().isEmpty() ? QString() : History().last(); }
-    /// Ends every connection of the suite to the database, as a server does that is stopped.
+    /// Closes all connections of the suite to the database on the server side, as a server shutdown does.
     void StopSessions() const;
-    /// A column of the definition row, from the next OpenGeneral on.
+    /// Sets a column of the definition row; used from the next OpenGeneral on.
     void Define(const QString& column, const QString& value) const { installation.SetDefinition(column, value); }
 
     static bool IsPostgres() { return ServerDatabase::Engine() == QStringLiteral("PostgreSQL"); }
@@ -35,7 +35,7 @@ class OnServer : public ::testing::Test {
     HeadForm form;
 };
 
-/// An account of the server that may read the tables that are there now, and no more; gone at its end.
+/// A server account with read permission on the existing tables only; dropped by the destructor.
 class ReadingUser {
   public:
     explicit ReadingUser(const ServerDatabase& server);
@@ -45,7 +45,7 @@ class ReadingUser {
 
     const QString& Name() const { return name_; }
     static QString Password() { return QStringLiteral("r"); }
-    /// Lets it read the tables that have been made since.
+    /// Grants read permission on tables created since.
     void Grant() const;
 
   private:
@@ -53,5 +53,5 @@ class ReadingUser {
     QString name_;
 };
 
-/// The tool on its arguments, without programs beside it.
+/// Runs the tool in this process, with no other programs of the suite running.
 ToolOutput RunServerTool(const QStringList& arguments);

@@ -1,4 +1,4 @@
-// seal-pins, check and use-server over PINs on a server.
+// seal-pins, check and use-server with PINs on a server.
 
 #include <QFile>
 
@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Four PINs in the clear, one of each column, and no key.
+/// Four PINs in plain text, one in each column, and no key file.
 class ServerPins : public OnServer {
   protected:
     ServerPins() : OnServer(3) {

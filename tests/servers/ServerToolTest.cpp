@@ -114,7 +114,7 @@ TEST_F(ServerTool, CheckLooksAtTheServerToo) {
 
 namespace {
 
-/// A server whose texts would be compared otherwise than the programs count on, and what says so.
+/// A server that compares text differently from what the programs require, and the message and remedy for it.
 class ServerTextFaults : public OnServer {
   protected:
     void SetUp() override {

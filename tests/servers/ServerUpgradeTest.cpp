@@ -1,4 +1,4 @@
-// upgrade, where the general database lies on a server.
+// upgrade, with the general database on a server.
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -13,7 +13,7 @@ namespace {
 
 const QString kUpToDate = u"このインストールは新しい版になっています。\n"_s;
 
-/// An installation on a server, and a folder with programs of a newer version, which it already has.
+/// An installation on a server that is already up to date, and a folder with the programs of a newer version.
 class ServerUpgrade : public OnServer {
   protected:
     ServerUpgrade() : OnServer(5) {
@@ -37,7 +37,7 @@ class ServerUpgrade : public OnServer {
     }
     QByteArray Program() const { return ReadBytes(installation.Root() + u"/prgbin/要員名簿照会"_s); }
 
-    /// Columns and indexes of the schema, in a fixed order.
+    /// Columns and indexes of the schema, sorted.
     QList<QStringList> Schema() const {
         const QString columns =
             u"SELECT table_name, column_name, data_type, is_nullable, character_maximum_length, collation_name"
@@ -116,7 +116,7 @@ TEST_F(ServerUpgrade, BringsBackFunctionsWithTheirIndexesAndMakesNewOnesOutOfOld
                               Added(u"索引 M担当者_索引6"_s) + Added(u"索引 M担当者_索引7"_s));
     EXPECT_EQ(Schema(), schema);
 
-    // One that gave the same for all, and an index full of it.
+    // A function that returns the same key for all texts, and an index built with it.
     server.Run(
         u"CREATE OR REPLACE FUNCTION suite_order(stored text) RETURNS bytea LANGUAGE plpgsql IMMUTABLE STRICT"
         u" PARALLEL SAFE AS $$ BEGIN RETURN ''::bytea; END $$; REINDEX TABLE M担当者"_s);

@@ -1,4 +1,4 @@
-// The network between a program and its server falls silent, or breaks, in the middle of a session.
+// The network between a program and its server drops all data, or breaks, during a session.
 
 #include <QElapsedTimer>
 
@@ -13,15 +13,15 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStatementSeconds = 1;
-constexpr qint64 kAtOnce = 4'000;   // milliseconds on a busy machine, below every time-out
-constexpr qint64 kInTime = 30'000;  // on a busy machine, behind a time-out of a second and the five that come on top
+constexpr qint64 kAtOnce = 4'000;   // milliseconds on a busy machine, less than any timeout
+constexpr qint64 kInTime = 30'000;  // on a busy machine; more than the timeout of 1 s plus 5 s
 constexpr qint64 kShortest = 1'000 * kStatementSeconds;
 
 class SilentNetwork : public OnServer {
   protected:
     SilentNetwork() { Open(Globals().MainConnection, database::ConnectMode::Read); }
 
-    /// As the program opens its own, but through the relay and with a statement's time-out that a test can wait for.
+    /// Opens the connection as the program does, but through the relay and with a short statement timeout.
     void Open(database::Connection& connection, database::ConnectMode mode) const {
         connection = database::Connection();
         connection.CommandTimeout = kStatementSeconds;
@@ -30,7 +30,8 @@ class SilentNetwork : public OnServer {
         connection.Rules = SuiteTextRules();
         connection.Open(server.ConnectionString().replace(ServerDatabase::Server(), relay.Address()));
     }
-    /// Milliseconds of a search that leaves an empty list, and a row エラー with its statement behind the others.
+    /// Runs a search that fails with an empty list and one エラー row with its statement in the run history. Returns
+    /// its duration in ms.
     qint64 FailedSearch() const {
         const qsizetype rows = History().size();
         QElapsedTimer timer;
@@ -57,7 +58,7 @@ TEST_F(SilentNetwork, EndsASearchAsAFailedReadWhenItsTimeIsOverAndTheProgramAnsw
     EXPECT_LT(elapsed, kInTime);
     EXPECT_TRUE(LastHistory().startsWith(u"エラー サーバーが 6 秒待っても応答しないため、接続を切りました。SELECT "_s))
         << LastHistory().toStdString();
-    // Nobody waits for the same silence twice.
+    // The connection has been shut down: the next search fails without waiting for the timeout.
     EXPECT_LT(FailedSearch(), kAtOnce);
     EXPECT_TRUE(OpenGeneral());
     EXPECT_FALSE(Search().isEmpty());

@@ -1,4 +1,4 @@
-// What goes wrong between a program and its server, and what a user and the run history see of it.
+// Failures between a program and its server, as the user and the run history see them.
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -21,18 +21,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kAtOnce = 10'000;  // milliseconds on a busy machine; far below every time-out of the suite
+constexpr qint64 kAtOnce = 10'000;  // milliseconds on a busy machine; much less than any timeout of the suite
 
 class Trouble : public OnServer {
   protected:
-    /// The last history row is that of a failed opening, and has the words.
+    /// Asserts that the opening fails, and that the last history row reports it and contains `words`.
     void ExpectFailedOpening(const QString& words) {
         EXPECT_FALSE(OpenGeneral());
         EXPECT_TRUE(LastHistory().startsWith(u"エラー DB_OPEN ERROR-"_s)) << LastHistory().toStdString();
         EXPECT_TRUE(LastHistory().contains(words, Qt::CaseInsensitive)) << LastHistory().toStdString();
         EXPECT_TRUE(services.dialogs.shown.isEmpty());
     }
-    /// Each of these ends with nothing in the list and one more row that has the statement.
+    /// Asserts that each of `count` searches leaves an empty list and adds one history row with its statement.
     void ExpectFailedSearches(int count) {
         for (int i = 0; i < count; ++i) {
             const qsizetype rows = History().size();
@@ -147,7 +147,7 @@ TEST_F(Trouble, AServerStoppedInMidSessionMakesEachSearchAFailedReadAndIsNotReco
     timer.start();
     ExpectFailedSearches(3);
     EXPECT_LT(timer.elapsed(), kAtOnce);
-    // The next start finds the server again.
+    // The next start-up reconnects.
     EXPECT_TRUE(OpenGeneral());
     EXPECT_FALSE(Search().isEmpty());
 }
@@ -207,7 +207,7 @@ TEST_F(Trouble, AUserWhoMayReadTheColumnsOfALookUpAloneIsAnsweredAllTheSameFromO
     const database::ReadScope scope(Globals().MainConnection);
     database::Recordset found;
     server.Run(u"UPDATE M部門 SET 名称 = '新'"_s);
-    // So many that fetching all of them at once would pay.
+    // Enough lookups for fetching the whole table to pay off.
     for (int code = 960; code < 1000; ++code) EXPECT_FALSE(OpenRecordset(found, look(QString::number(code)), false));
     for (const QStringList& name : names) {
         ASSERT_TRUE(OpenRecordset(found, look(name[0]), false)) << LastHistory().toStdString();
@@ -244,7 +244,7 @@ TEST_F(Trouble, NamesOutsideTheBasicPlaneComeAndAreFoundAsTheyAre) {
     EXPECT_EQ(Globals().Rows.Text(StaffText::担当者名, 0), name);
 }
 
-// MariaDB takes it for an escape unless it is told otherwise, PostgreSQL where the site has it so.
+// MariaDB treats it as an escape unless configured otherwise, PostgreSQL only if configured so.
 TEST_F(Trouble, ABackslashInASearchIsASignWhateverTheServersSettingsSay) {
     if (IsPostgres())
         server.Run(u"ALTER ROLE %1 IN DATABASE %2 SET standard_conforming_strings = off"_s.arg(ServerDatabase::User(),
@@ -259,7 +259,7 @@ TEST_F(Trouble, ABackslashInASearchIsASignWhateverTheServersSettingsSay) {
     }
     database::Recordset rows;
     EXPECT_TRUE(OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '山\\田'"_s, false));
-    // With another meaning the first text would end at the third quote.
+    // If the backslash were an escape, the first literal would end at the third quote.
     EXPECT_FALSE(
         OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '\\' OR 氏名 = ' OR 1 = 1 --'"_s, false));
     EXPECT_TRUE(rows.IsOpen()) << LastHistory().toStdString();

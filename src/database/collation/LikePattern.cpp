@@ -6,7 +6,7 @@
 
 namespace database {
 
-// Builds the pattern from folded characters.
+// Compiles the pattern from folded characters.
 class LikePattern::Reader {
   public:
     Reader(LikePattern& pattern, QByteArrayView utf8, std::optional<char32_t> escape)
@@ -39,7 +39,7 @@ class LikePattern::Reader {
         ++pattern_.segments_.back().count;
     }
 
-    // "[]" stands for no character at all, and a "!" alone is itself.
+    // "[]" matches the empty string; "[!]" matches "!".
     bool ReadList() {
         const auto begin = characters_.begin() + static_cast<std::ptrdiff_t>(at_);
         const auto close = std::find(begin, characters_.end(), U']');
@@ -90,8 +90,8 @@ bool LikePattern::FitsAt(const Segment& segment, const char32_t* text) const {
     return true;
 }
 
-// Moves `from` behind the first place in [from, to) where the segment fits whole. An empty text may have no address at
-// all, and an empty segment fits there too.
+// Finds the segment's first match in [from, to) and moves `from` past it. Note: `from` may be null for an empty text,
+// which an empty segment must still match.
 bool LikePattern::Find(const Segment& segment, const char32_t*& from, const char32_t* to) const {
     for (; to - from >= static_cast<std::ptrdiff_t>(segment.count); ++from) {
         if (!FitsAt(segment, from)) continue;
@@ -101,8 +101,7 @@ bool LikePattern::Find(const Segment& segment, const char32_t*& from, const char
     return false;
 }
 
-// The first and the last segment are bound to the ends. For those between, the first place is always as good as
-// any later one, so nothing is ever tried again.
+// The first and last segment are anchored. For the others the leftmost match is always best, so no backtracking.
 bool LikePattern::Matches(QByteArrayView utf8) const {
     thread_local std::vector<char32_t> folded;
     folded.clear();

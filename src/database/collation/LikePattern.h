@@ -6,12 +6,12 @@
 
 namespace database {
 
-/// A pattern of LIKE as the suite's desktop engine reads it: "%" stands for any characters, "_" for one, [list]
-/// for one of the list and [!list] for one not in it, with ranges a-z; compared in folded form (TextFolding).
-/// "*" and "?" are ordinary characters. Time grows with the lengths of pattern and text, never exponentially.
+/// A compiled LIKE pattern in the syntax of the suite's desktop engine: "%" matches any characters, "_" one, [list] one
+/// of the list, [!list] one not in it, with ranges a-z; "*" and "?" are literals. Compares folded characters
+/// (TextFolding). No backtracking: the time is at most proportional to the product of both lengths.
 class LikePattern {
   public:
-    /// None for a pattern whose "[" is not closed. `escape` makes the character behind it an ordinary one.
+    /// Empty if a "[" is not closed. `escape` makes the next character of the pattern a literal.
     static std::optional<LikePattern> Compile(QByteArrayView utf8, std::optional<char32_t> escape = std::nullopt);
 
     bool Matches(QByteArrayView utf8) const;
@@ -19,7 +19,7 @@ class LikePattern {
     struct Range {
         char32_t first, last;
     };
-    /// One character of the text. Lists lie in Ranges() from `first` on.
+    /// Matches one character. A list is Ranges()[first] to Ranges()[first + count - 1].
     struct Element {
         enum class Kind : quint8 { Character, Any, List, OtherThanList } kind;
         char32_t character;
@@ -31,7 +31,7 @@ class LikePattern {
     };
     const std::vector<Element>& Elements() const { return elements_; }
     const std::vector<Range>& Ranges() const { return ranges_; }
-    /// At least one; between each two stands a "%".
+    /// At least one; "%" separates adjacent segments.
     const std::vector<Segment>& Segments() const { return segments_; }
 
   private:

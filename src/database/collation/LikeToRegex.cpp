@@ -12,14 +12,14 @@ namespace {
 
 using Element = LikePattern::Element;
 
-// Signs are taken for themselves behind a backslash; letters and digits would mean something there.
+// Only ASCII punctuation may be escaped: a backslash before a letter or digit has a meaning in the regex.
 QString Escaped(char32_t character) {
     const bool sign =
         character < 0x80 && character > 0x20 && !QChar(static_cast<char16_t>(character)).isLetterOrNumber();
     return sign ? u'\\' + platform::TextOfCharacter(character) : platform::TextOfCharacter(character);
 }
 
-// The inside of a [list].
+// Body of a [list] character class.
 QString ClassOf(const std::vector<LikePattern::Range>& ranges) {
     QString text;
     for (const auto& [first, last] : ranges) {
@@ -51,7 +51,7 @@ QString FoldedElement(const LikePattern& pattern, const Element& element) {
     return (other ? QStringLiteral("[^") : QStringLiteral("[")) + inside + u']';
 }
 
-// What folds to what, the other way round.
+// Inverse of the folding table.
 class Unfolding {
   public:
     Unfolding() {
@@ -72,7 +72,7 @@ class Unfolding {
     struct Pair {
         char32_t kana = 0, mark = 0;
     };
-    /// The kana and its mark that are read as one; nothing where no pair is.
+    /// The kana and the mark that compose to `folded`; zeros if there are none.
     Pair PairOf(char32_t folded) const { return voiced_.value(folded); }
 
   private:
@@ -94,7 +94,7 @@ QString StoredClass(QStringView folded) {
 
 QString MarkClass(char32_t mark) { return StoredClass(platform::TextOfCharacter(mark)); }
 
-// One character as it is stored, read to its end: a kana together with the mark behind it.
+// One stored character, including a mark that composes with it. Atomic, so that the mark is not split off.
 const QString& AnyStored() {
     static const QString text = [] {
         const auto pair = [](char32_t mark) { return StoredClass(VoiceableKana(mark)) + MarkClass(mark); };
@@ -103,7 +103,7 @@ const QString& AnyStored() {
     return text;
 }
 
-// A kana counts for itself only without a mark behind it that would make another one of it.
+// A kana must not match if the mark after it would compose to another kana.
 QString NotVoiced(char32_t folded) {
     QString text;
     for (const char32_t mark : {kVoicingMark, kSemiVoicingMark})
@@ -111,7 +111,7 @@ QString NotVoiced(char32_t folded) {
     return text;
 }
 
-// A mark counts for itself only where no kana takes it.
+// A mark must not match if it composes with the kana before it.
 QString NotTaken(char32_t folded) {
     if (folded != kVoicingMark && folded != kSemiVoicingMark) return {};
     return QStringLiteral("(?<!") + StoredClass(VoiceableKana(folded)) + u')';
@@ -128,7 +128,7 @@ QString StoredCharacter(char32_t folded) {
     return QStringLiteral("(?:") + alone + u'|' + pair + u')';
 }
 
-// Characters beyond the basic plane fold to themselves: those of the ranges, or all others.
+// Characters beyond the basic plane fold to themselves: those in `ranges`, or with `other` all except those.
 std::vector<LikePattern::Range> BeyondBasicPlane(std::vector<LikePattern::Range> ranges, bool other) {
     constexpr char32_t kFirst = 0x10000, kLast = 0x10FFFF;
     std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
@@ -145,7 +145,7 @@ std::vector<LikePattern::Range> BeyondBasicPlane(std::vector<LikePattern::Range>
     return found;
 }
 
-// All stored characters that the list takes, by what has to be seen behind or before them.
+// All stored characters that the list matches, grouped by the lookaround they need.
 QString StoredList(const LikePattern& pattern, const Element& element) {
     const std::vector<LikePattern::Range> ranges = RangesOf(pattern, element);
     const bool other = element.kind == Element::Kind::OtherThanList;
@@ -224,7 +224,7 @@ QString FoldedExpression(const LikePattern& pattern) {
     return text + u'$';
 }
 
-// Between the ends the first place of a segment is as good as any later one, so nothing is tried again: "(?>".
+// The leftmost match of a segment between the ends is always best, hence the atomic group "(?>" against backtracking.
 QString StoredExpression(const LikePattern& pattern) {
     const auto& segments = pattern.Segments();
     QString text = QStringLiteral("(?s)^") + SegmentText(pattern, segments.front(), &StoredElement);

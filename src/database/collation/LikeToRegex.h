@@ -7,16 +7,17 @@
 
 namespace database {
 
-// A pattern of the suite's LIKE in the words of other engines. None of these texts is quoted yet.
+// Translation of a LIKE pattern of the suite for server engines. The results are not yet quoted as SQL literals.
 
-/// For a plain LIKE without an escape character over folded texts; none for a pattern that needs more than "%" and "_".
+/// For the server's LIKE, without an escape character, over folded text. Empty if the pattern needs more than "%" and
+/// "_".
 std::optional<QString> FoldedLikeText(const LikePattern& pattern);
 
-/// For PostgreSQL's regular expressions over folded texts.
+/// PostgreSQL regular expression over folded text.
 QString FoldedExpression(const LikePattern& pattern);
 
-/// For Perl's regular expressions over texts as they are stored: each character stands with all those that fold to it,
-/// a voiced kana also as the kana with its mark behind it. Time grows with the length of the text, as in LikePattern.
+/// Perl-compatible regular expression over text as it is stored: each character becomes a class of all characters that
+/// fold to it, a voiced kana also the kana followed by its mark. No backtracking, as in LikePattern.
 QString StoredExpression(const LikePattern& pattern);
 
 }  // namespace database

@@ -7,7 +7,7 @@
 namespace database {
 namespace {
 
-// Ranges of the basic plane whose characters have a weight of their own; all others stand behind them by their codes.
+// Ranges of the basic plane whose characters have an individual weight; all others sort after them by code point.
 struct Range {
     int first, last;
 };
@@ -18,8 +18,8 @@ constexpr int kLengthening = 0x30FC;
 
 QString Literal(const QString& text) { return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\''; }
 
-// The time that a translation takes grows with its table for each character that is not in it: half-width kana and the
-// wide blank, which stand in nearly every name and reading, have a small one of their own.
+// translate() searches its whole table for each character that is not in it. Half-width kana and the ideographic space,
+// which occur in nearly every name and reading, therefore get small tables.
 enum class Kind { HalfWidth, Wide, Rare };
 
 Kind KindOf(int unit) {
@@ -28,7 +28,7 @@ Kind KindOf(int unit) {
     return unit >= 0xFF00 || (unit >= 0x30A1 && unit <= 0x30FE) ? Kind::Wide : Kind::Rare;
 }
 
-// ASCII is done before.
+// ASCII is folded separately before.
 bool Translates(int unit, Kind kind) {
     return unit >= 0x80 && unit < 0x10000 && KindOf(unit) == kind && FoldingTable()[static_cast<size_t>(unit)] != unit;
 }
@@ -52,8 +52,8 @@ QString Translation(Kind kind) {
         .arg(Literal(u'[' + ranges + u']'), Literal(from), Literal(to));
 }
 
-// A kana and the mark behind it become one. The engine's own composition does that, and several times faster than a
-// search for each pair; but it does more, so it is asked only where there is nothing else to compose.
+// Composes kana and marks. normalize() is several times faster than one replace() per pair, but composes more than
+// these, so it is used only if the text has nothing else to compose.
 QString Joining() {
     const QString marks = platform::TextOfCharacter(kVoicingMark) + platform::TextOfCharacter(kSemiVoicingMark);
     const QString combining = QStringLiteral("\u3099\u309A");
@@ -88,7 +88,7 @@ QString WeightLiteral() {
     return HexLiteral(bytes);
 }
 
-// The place of a character in that literal, in characters; -1 where it has none.
+// SQL expression for the index of a character in the weight literal, in characters; -1 if it has none.
 QString PlaceExpression() {
     QString cases;
     int before = 0;
@@ -102,7 +102,7 @@ QString PlaceExpression() {
     return QStringLiteral("CASE%1 ELSE -1 END").arg(cases);
 }
 
-// One byte for each kana: its vowel, and its shade above that.
+// One byte per kana: the vowel in the low bits, the shade above.
 QString KanaLiteral() {
     QByteArray bytes;
     for (int unit = kKana.first; unit <= kKana.last; ++unit) {

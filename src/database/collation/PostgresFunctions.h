@@ -5,13 +5,13 @@
 
 namespace database {
 
-/// Names of the two functions that a schema on PostgreSQL brings along: the folded form of a text, and a key by which
-/// texts stand in the order of CompareTexts. Both can be indexed.
+/// Names of the two functions that the suite adds to a PostgreSQL schema: one folds a text, the other returns a sort
+/// key in the order of CompareTexts. Both are immutable, so that they can be indexed.
 QString PostgresFoldingFunction();
 QString PostgresOrderFunction();
 
-/// Makes, or makes anew, both functions in the current schema: one statement each. They are written from the tables of
-/// TextFolding and TextOrder, so both engines compare alike.
+/// One CREATE OR REPLACE statement per function, for the current schema. Generated from the tables of TextFolding and
+/// TextOrder, so that the server and the desktop engine compare alike.
 QStringList PostgresTextFunctions();
 
 }  // namespace database

@@ -8,14 +8,14 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-// U+FF61 to U+FF9F in their order; the folded form of half-width katakana.
+// Folded forms of U+FF61 to U+FF9F (half-width katakana), in code order.
 constexpr char16_t kHalfWidth[] =
     u"。「」、・をぁぃぅぇぉゃゅょっーあいうえおかきくけこさしすせそたちつてとなにぬねのはひふへほまみむめもやゆよらり"
     u"るれろわん゛゜";
-// U+FFE0 to U+FFE6: signs whose half-width form is not in ASCII.
+// Folded forms of U+FFE0 to U+FFE6: full-width symbols whose half-width form is not ASCII.
 constexpr char16_t kWideSigns[] = u"¢£¬¯¦¥₩";
 
-// Kana that can be voiced and what they become; は to ほ can be semi-voiced as well.
+// Kana with a voiced form, and that form at the same index; は to ほ also have a semi-voiced form.
 constexpr char16_t kVoiceless[] = u"うかきくけこさしすせそたちつてとはひふへほゝ";
 constexpr char16_t kVoicedForms[] = u"ゔがぎぐげござじずぜぞだぢづでどばびぶべぼゞ";
 constexpr char16_t kHaRow[] = u"はひふへほ";
@@ -37,7 +37,7 @@ std::unique_ptr<Table> MakeTable() {
     folded[0x30FD] = 0x309D;
     folded[0x30FE] = 0x309E;
     folded[0x3000] = u' ';
-    // Combining marks, as texts from other systems carry them.
+    // Combining marks occur in text from other systems.
     folded[0x3099] = static_cast<char16_t>(kVoicingMark);
     folded[0x309A] = static_cast<char16_t>(kSemiVoicingMark);
     return table;

@@ -6,22 +6,21 @@
 
 namespace database {
 
-/// What the suite's desktop engine does not tell apart in a text: letter case, full and half width of letters,
-/// digits and signs, hiragana, katakana and half-width katakana. LIKE and ORDER BY share this one table.
-/// The folded form of a character of the basic plane is its half-width small letter or its hiragana.
+/// Folds what the suite's desktop engine does not distinguish: letter case, full and half width of letters, digits and
+/// punctuation, and hiragana, katakana and half-width katakana. Used by LIKE and ORDER BY. Indexed by character of the
+/// basic plane; the folded form is the half-width lower-case letter or the hiragana.
 const std::array<char16_t, 65536>& FoldingTable();
 
-/// Kana with the voicing mark or the semi-voicing mark that follows it as a character of its own, else 0. Both are
-/// taken in folded form.
+/// Composes a kana and the voicing or semi-voicing mark after it, both folded; 0 if they do not compose.
 char32_t Voiced(char32_t kana, char32_t mark);
 
-/// The kana that a mark can voice, in folded form.
+/// The folded kana that compose with the mark.
 QStringView VoiceableKana(char32_t mark);
 
 inline constexpr char32_t kVoicingMark = 0x309B;
 inline constexpr char32_t kSemiVoicingMark = 0x309C;
 
-/// Reads UTF-8 as folded characters; ｶﾞ is one character, が. Bytes that are no UTF-8 count as U+FFFD each.
+/// Decodes UTF-8 into folded characters; ｶﾞ is one character, が. Each invalid byte yields U+FFFD.
 class FoldedReader {
   public:
     explicit FoldedReader(QByteArrayView utf8)
@@ -30,7 +29,7 @@ class FoldedReader {
     }
 
     bool AtEnd() const { return ahead_ == kNone; }
-    /// The next character; not at the end.
+    /// The next character; must not be called at the end.
     char32_t Next() {
         const char32_t current = ahead_;
         ahead_ = Decode();

@@ -21,8 +21,8 @@ using Table = std::array<Weight, 65536>;
 constexpr quint32 Primary(Class c, quint32 place) { return (static_cast<quint32>(c) << 24) | place; }
 
 struct KanaRow {
-    const char16_t* kana;   // by the syllabary
-    const char16_t* small;  // kana of the same place, U+3000 where there is none
+    const char16_t* kana;   // in syllabary order
+    const char16_t* small;  // small form of the kana at this index, U+3000 if there is none
     const char16_t* voiced;
     const char16_t* semiVoiced;
     const char* vowels;
@@ -67,10 +67,10 @@ class CodePageDecoder {
     }
     CodePageDecoder(const CodePageDecoder&) = delete;
     CodePageDecoder& operator=(const CodePageDecoder&) = delete;
-    // iconv_open says -1 where others say null.
+    // iconv_open returns -1 on failure, not null.
     bool Works() const { return converter_ != reinterpret_cast<iconv_t>(-1); }  // NOLINT(performance-no-int-to-ptr)
 
-    // 0 for a code without a character.
+    // 0 if the code has no character.
     char16_t Decode(int code) {
         char bytes[2] = {static_cast<char>(code >> 8), static_cast<char>(code & 0xFF)};
         unsigned char out[4] = {};
@@ -87,8 +87,8 @@ class CodePageDecoder {
     iconv_t converter_;
 };
 
-// Many characters of the vendors' extensions have two codes. The one that counts is the one that the code page
-// writes: the earlier, but for the rows ED and EE, which it only reads.
+// Many vendor extension characters have two codes in the code page. The one it encodes to counts: the lower one, except
+// that rows ED and EE are only decoded.
 std::vector<quint32> CodePageRanks() {
     std::vector<quint32> ranks(65536);
     CodePageDecoder decoder;
@@ -100,7 +100,7 @@ std::vector<quint32> CodePageRanks() {
     return ranks;
 }
 
-// The users' own characters of the code page are kanji for them, whatever Unicode thinks of them.
+// User-defined characters of the code page sort as kanji; Unicode has them in the private use area.
 bool IsKanji(QChar unit) { return unit.script() == QChar::Script_Han || unit.category() == QChar::Other_PrivateUse; }
 
 Weight WeightOf(char16_t folded, quint32 rank) {
@@ -146,7 +146,7 @@ class WeightReader {
   private:
     const Table& table_ = WeightTable();
     FoldedReader reader_;
-    quint8 vowel_ = 0;  // of the character before
+    quint8 vowel_ = 0;  // of the previous character
 };
 
 }  // namespace

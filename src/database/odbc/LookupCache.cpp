@@ -8,7 +8,7 @@
 namespace database {
 namespace {
 
-constexpr quint64 kRowsForRun = 16;  // fetched together cost about half of a look-up on its own
+constexpr quint64 kRowsForRun = 16;  // fetching this many rows at once costs about half of a single lookup
 constexpr quint64 kMostRows = 500'000;
 constexpr quint64 kTriesGrowBy = 4;
 
@@ -18,7 +18,7 @@ bool IsDigits(QByteArrayView text) {
 
 QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
 
-// The suite's brackets, so that the server's adapter gives the name its own quotes.
+// Quoted for the suite's dialect; the server's adapter translates the brackets.
 QString Bracketed(const QString& name) { return u'[' + name + u']'; }
 
 QString Literal(const QByteArray& value) {
@@ -92,7 +92,7 @@ void LookupCache::Note(Lookup& lookup, const ParameterisedStatement& lifted) con
 
 std::shared_ptr<ResultTable> LookupCache::Find(const QString& sql, const ParameterisedStatement& lifted) {
     if (lifted.LiteralCount() == 0 || givenUp_) return nullptr;
-    // Held here too: a fetch that fails ends the scope, and all that is known with it.
+    // Keeps the entry alive: a failed fetch ends the scope and clears lookups_.
     const std::shared_ptr<Lookup> known = Known(lifted);
     Lookup& lookup = *known;
     if (!lookup.shape) return nullptr;
@@ -138,7 +138,7 @@ std::shared_ptr<ResultTable> LookupCache::FetchedOrNone(const QString& sql) {
     }
 }
 
-// Columns whose terms the copy has to decide, or by which it puts rows in order.
+// Columns that the copy compares or sorts by must contain digits only.
 bool LookupCache::Comparable(const Lookup& lookup, const ResultTable& rows) const {
     QStringList names = lookup.shape->order;
     for (const LookupQuery::Term& term : lookup.shape->terms)

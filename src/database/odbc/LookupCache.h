@@ -14,13 +14,13 @@
 
 namespace database {
 
-/// Answers small look-ups of one read scope without the way to the server. A look-up that comes again and again, and
-/// differs in the values of some terms alone, has all the rows that its other terms allow fetched once, and from then
-/// on runs over this copy: inside a scope, which is one snapshot, its results are the same.
+/// Answers repeated small lookups of one read scope without a round trip to the server. For a lookup that recurs with
+/// different values in some terms, all rows that the constant terms select are fetched once into an in-memory database,
+/// which answers from then on. Valid because the scope is one snapshot.
 ///
-/// That holds where copy and server compare alike, so only texts made of digits are compared here; every other value
-/// goes to the server. The rows fetched never cost more than half of the look-ups that went before. Where they can't be
-/// fetched nothing is copied any more: a user may be let read the columns of a look-up and no others.
+/// Only values made of digits are compared locally, since server and copy may collate other text differently; all other
+/// values go to the server. A fetch may cost at most half of the lookups made before it. After a failed fetch, copying
+/// is disabled for the connection: the user may have permission for the lookup's columns only.
 class LookupCache {
   public:
     /// Runs a statement on the server, in the same scope.
@@ -28,10 +28,10 @@ class LookupCache {
 
     LookupCache(const TextRules& rules, Fetch fetch) : rules_(rules), fetch_(std::move(fetch)) {}
 
-    /// The rows of a statement, lifted by the caller; null where the server has to be asked. Throws what the copy
-    /// throws.
+    /// Rows of a statement, or null if the server must be queried. `lifted` is the same statement, already lifted by
+    /// the caller. Throws DatabaseError if the copy fails.
     std::shared_ptr<ResultTable> Find(const QString& sql, const ParameterisedStatement& lifted);
-    /// At the end of the scope.
+    /// To be called at the end of the scope.
     void Forget();
 
   private:
@@ -55,7 +55,7 @@ class LookupCache {
     TextRules rules_;
     Fetch fetch_;
     bool givenUp_ = false;
-    QHash<QString, std::shared_ptr<Lookup>> lookups_;  // by the text without literals
+    QHash<QString, std::shared_ptr<Lookup>> lookups_;  // by statement text without literals
 };
 
 }  // namespace database

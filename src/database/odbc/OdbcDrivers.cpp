@@ -14,7 +14,7 @@ struct KindWord {
     OdbcKind kind;
 };
 
-// Parts of names of drivers and of their libraries.
+// Substrings of driver names and of library file names.
 constexpr std::array<KindWord, 12> kKindWords = {{
     {QLatin1StringView("postgres"), OdbcKind::PostgreSql},
     {QLatin1StringView("psqlodbc"), OdbcKind::PostgreSql},
@@ -32,7 +32,7 @@ constexpr std::array<KindWord, 12> kKindWords = {{
 
 struct ProviderDrivers {
     QLatin1StringView prefix;
-    const char* drivers;  // apart by "|"; empty: the data source knows its own
+    const char* drivers;  // separated by "|"; empty: the data source determines the driver
 };
 
 constexpr const char* kPostgreSql = "PostgreSQL Unicode";
@@ -59,8 +59,8 @@ constexpr std::array<ProviderDrivers, 11> kProviders = {{
     {QLatin1StringView("MSDASQL"), ""},
 }};
 
-// The name of every driver or data source that the manager lists, and what it says of it: of a data source its driver,
-// of a driver texts like "Driver=library", each with an end mark.
+// Lists drivers or data sources: each name, and its description. For a data source that is its driver; for a driver a
+// sequence of "Driver=library" texts, each NUL-terminated.
 using Lister = SQLRETURN (*)(SQLHENV, SQLUSMALLINT, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*, SQLWCHAR*, SQLSMALLINT,
                              SQLSMALLINT*);
 
@@ -91,7 +91,7 @@ OdbcKind KindOfName(const QString& name) {
     return word == kKindWords.end() ? OdbcKind::Other : word->kind;
 }
 
-// Null where no driver of that name is installed.
+// A null string if the driver is not installed.
 QString LibraryOf(const QString& driver) {
     const QString field = QStringLiteral("Driver=");
     for (const auto& [name, attributes] : Listed(&SQLDriversW))
@@ -108,7 +108,7 @@ QString LibraryOf(const QString& driver) {
                             .arg(provider, wanted));
 }
 
-// None: a data source is needed to know the driver.
+// Empty list: the data source determines the driver.
 QStringList DriversOf(const QString& provider) {
     if (provider.isEmpty()) throw DatabaseError(kProviderNotFound, QStringLiteral("プロバイダー名がありません。"));
     for (const ProviderDrivers& entry : kExactProviders)
@@ -132,7 +132,7 @@ QString InstalledDriver(const QString& provider) {
     RaiseNoDriver(provider, wanted);
 }
 
-// A port stands behind the last ":" or ",", unless the server is an address of IPv6 without brackets.
+// The port follows the last "," or ":", except in an IPv6 address without brackets.
 std::pair<QString, QString> ServerAndPort(const QString& server) {
     const qsizetype comma = server.lastIndexOf(u','), colon = server.lastIndexOf(u':');
     const bool bareAddress = server.count(u':') > 1 && !server.contains(u']');
@@ -150,15 +150,15 @@ QString ByServer(const ConnectionRequest& request, OdbcKind kind, const QString&
     return text + OdbcField(QStringLiteral("Database"), request.initialCatalog);
 }
 
-constexpr int kGrace = 5;         // seconds in which a server that still lives ends a statement by itself
-constexpr int kDriversGrace = 7;  // for a driver with a time-out of its own: who tells the user ends the wait before
+constexpr int kGrace = 5;         // seconds for a working server to abort the statement and report it
+constexpr int kDriversGrace = 7;  // for a driver's own timeout: later, so that the watchdog's message is shown
 
 int WithGrace(int commandTimeout, int grace) { return commandTimeout > 0 ? commandTimeout + grace : 0; }
 
-// What the provider asks of a driver whatever the site has set up. The driver of PostgreSQL shall not put savepoints
-// around statements: that is the session's business; and a network that has died, or a server that no longer takes
-// anything, is noticed within the statement's time-out. That of MariaDB shall not connect anew: the new session would
-// not be that of the provider, and when it tries it is itself what crashes.
+// Settings that the provider requires, whatever the site has configured. PostgreSQL: the driver must not add savepoints
+// (the session does), and a dead network or a server that accepts no more data must be detected within the statement
+// timeout. MariaDB: the driver must not reconnect, since the new session would lack our settings, and the attempt
+// crashes the driver.
 QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
     switch (kind) {
         case OdbcKind::PostgreSql:
@@ -173,7 +173,7 @@ QString OwnFields(const ConnectionRequest& request, OdbcKind kind) {
     }
 }
 
-// Drivers remove it from a value that is not in braces.
+// Drivers trim unbraced values.
 bool HasSpaceAtAnEnd(const QString& value) {
     return !value.isEmpty() && (value.front().isSpace() || value.back().isSpace());
 }

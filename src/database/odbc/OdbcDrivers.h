@@ -7,42 +7,41 @@
 
 namespace database {
 
-/// The engines whose drivers are known; each wants a few attributes of its own.
+/// Engines whose drivers need specific connection attributes.
 enum class OdbcKind { PostgreSql, MariaDb, SqlServer, Oracle, Other };
 
-/// What a driver is for: by its name in the driver manager's list or, where that tells nothing, by its library's. Also
-/// takes the library itself, which is what many data sources name.
+/// Kind of a driver, from its name in the driver manager's list, else from the file name of its library. `driver` may
+/// also be the path of a library, as many data sources specify it.
 OdbcKind KindOfDriver(const QString& driver);
 
-/// How long an answer is waited for, a little longer than a statement may run on the server. 0 where there is no
-/// time-out.
+/// Timeout in seconds for a reply of the server, slightly longer than its statement timeout. 0: no timeout.
 int AnswerSeconds(const ConnectionRequest& request);
 
 /// The driver manager's connection string for a request:
-/// - with an Initial Catalog, also an empty one, by server and database. The Data Source is "server", "server:port" or
-///   "server,port"; the provider picks the driver by the table below;
-/// - without one the Data Source is the name of a data source of the driver manager, which knows its driver.
+/// - with a field Initial Catalog, even an empty one: server and database. The Data Source is "server",
+///   "server:port" or "server,port"; the provider selects the driver from the table below;
+/// - without one the Data Source is a data source name (DSN) of the driver manager, which knows its driver.
 ///
-/// Provider                                   | Drivers, the first installed one counts
+/// Provider                                   | Drivers, the first installed one is used
 /// -------------------------------------------|-----------------------------------------------------------------
 /// PostgreSQL, PostgreSQL OLE DB Provider,    | PostgreSQL Unicode
 /// PGNP…, PGOLEDB…                            |
 /// MariaDB…, MySQL…, OleMySql…                | MariaDB Unicode, MySQL ODBC 8.0 Unicode Driver
 /// SQLOLEDB…, SQLNCLI…, MSOLEDBSQL…           | ODBC Driver 18 for SQL Server, ODBC Driver 17 …, FreeTDS
 /// OraOLEDB…, MSDAORA…                        | Oracle
-/// MSDASQL…                                   | any, by the name of a data source
-/// anything else                              | the installed driver of that very name
+/// MSDASQL…                                   | any, by data source name
+/// anything else                              | the installed driver of exactly that name
 ///
-/// kProviderNotFound, with the names in its text, where no such driver is installed or the provider is empty;
-/// kEngineFailure for a data source that is not there.
+/// Throws kProviderNotFound, listing the names tried, if no such driver is installed or the provider is empty;
+/// kEngineFailure if the data source does not exist.
 QString OdbcConnectionText(const ConnectionRequest& request);
 
-/// The drivers that are installed.
+/// Names of the installed drivers.
 QStringList InstalledOdbcDrivers();
-/// Driver of a data source, by its name without regard to case; null where there is none of that name.
+/// Driver of a data source, whose name ignores case; a null string if there is no such data source.
 QString DriverOfDataSource(const QString& name);
 
-/// A field of a connection string: a value with signs that mean something there stands in braces.
+/// "name=value;" of a connection string; a value with special characters is enclosed in braces.
 QString OdbcField(const QString& name, const QString& value);
 
 }  // namespace database

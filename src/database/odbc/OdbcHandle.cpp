@@ -8,11 +8,11 @@ namespace database {
 namespace {
 
 struct StateNumber {
-    QLatin1StringView state;  // or its beginning
+    QLatin1StringView state;  // or a prefix
     long number;
 };
 
-// The first that fits counts.
+// The first match is used.
 constexpr std::array<StateNumber, 7> kStates = {{
     {QLatin1StringView("25006"), kPermissionDenied},
     {QLatin1StringView("42501"), kPermissionDenied},
@@ -23,16 +23,16 @@ constexpr std::array<StateNumber, 7> kStates = {{
     {QLatin1StringView("07"), kStatementFailure},
 }};
 
-// MariaDB reports these with states that say less.
+// MariaDB's native codes; their SQLSTATEs are less specific.
 constexpr std::array<long, 7> kMariaDbRefusals = {1044, 1142, 1143, 1227, 1290, 1370, 1792};
 constexpr long kMariaDbLoginFailed = 1045;
 
 struct StateText {
-    QLatin1StringView state;  // its beginning
+    QLatin1StringView state;  // a prefix
     const char* explanation;
 };
 
-// The first that fits counts, after the numbers.
+// The first match is used; error numbers take precedence.
 constexpr StateText kExplanations[] = {
     {QLatin1StringView("08"), "サーバーに接続できません。"},
     {QLatin1StringView("57"), "サーバーが停止しました。"},
@@ -65,7 +65,7 @@ struct Diagnosis {
     long code = 0;
 };
 
-// "[unixODBC][Driver Manager]text", and the driver's remark that it was executing something.
+// Removes prefixes such as "[unixODBC][Driver Manager]", and the driver's note that a query was being executed.
 QString WithoutComponents(QString text) {
     while (text.startsWith(u'[') && text.contains(u']')) text = text.sliced(text.indexOf(u']') + 1);
     const qsizetype remark = text.indexOf(QStringLiteral(";\nError while executing the query"));
@@ -83,7 +83,7 @@ QList<Diagnosis> Diagnoses(SQLSMALLINT type, SQLHANDLE handle) {
         const SQLRETURN result =
             SQLGetDiagRecW(type, handle, record, state.data(), &code, text.data(), text.size(), &size);
         if (!SQL_SUCCEEDED(result)) return found;
-        // Up to its end mark: MariaDB's driver tells a greater length where the text is not all ASCII.
+        // NUL-terminated: MariaDB's driver reports too great a length for text that is not ASCII.
         text.back() = 0;
         found.append({QString::fromUtf16(reinterpret_cast<const char16_t*>(state.data()), 5),
                       WithoutComponents(QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()))), code});
@@ -118,7 +118,7 @@ namespace {
 
 OdbcEnvironment MakeEnvironment() {
     OdbcEnvironment environment(SQL_HANDLE_ENV, SQL_NULL_HANDLE);
-    // The versions are numbers that stand where others expect a pointer.
+    // ODBC passes integer attributes as pointers.
     environment.Check(
         SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0));
     return environment;
@@ -133,7 +133,7 @@ OdbcConnection::OdbcConnection(const QString& text, int loginSeconds, int answer
       watch_(std::make_unique<OdbcWatchdog>()),
       environment_(MakeEnvironment()),
       handle_(SQL_HANDLE_ENV, environment_.Get()) {
-    // A driver that knows no time-out says so, and connects all the same.
+    // The result is ignored: a driver without this timeout returns an error, but connects.
     SQLSetConnectAttr(handle_.Get(), SQL_ATTR_LOGIN_TIMEOUT, AsValue(static_cast<SQLULEN>(loginSeconds)), 0);
     handle_.Check(
         SQLDriverConnectW(handle_.Get(), nullptr, OdbcText(text), SQL_NTS, nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT));
@@ -166,7 +166,7 @@ OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
             SQLSetStmtAttr(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsValue(static_cast<SQLULEN>(statementSeconds_)),
                            0);
         const auto running = Cancellable(statement);
-        // By its end mark, which no statement has inside: MariaDB's driver reads beyond a length that it is told.
+        // SQL_NTS, since MariaDB's driver reads past an explicit length. A statement never contains a NUL.
         const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
         if (result != SQL_NO_DATA) statement.Check(result);
         return statement;

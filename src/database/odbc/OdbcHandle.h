@@ -13,19 +13,19 @@
 
 namespace database {
 
-/// What the driver manager and the driver say about the last call on a handle: their words without the names of the
-/// components in front, all records apart by a blank, and the number that the suite knows the failure by.
+/// The diagnostic records of the last call on a handle: their messages without the component prefixes, joined by
+/// blanks, and the suite's error number.
 EngineError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle);
 
-/// Number of a DatabaseError for an SQLSTATE and the engine's own code.
+/// The DatabaseError number for an SQLSTATE and the engine's native code.
 long NumberOfOdbcState(QStringView state, long code);
 
-/// A handle of the driver manager, freed at its end.
+/// RAII owner of a driver manager handle.
 template <SQLSMALLINT Type>
 class OdbcHandle {
   public:
     OdbcHandle() = default;
-    /// Throws DatabaseError with what the parent says.
+    /// Allocates the handle. Throws DatabaseError with the diagnostics of the parent.
     OdbcHandle(SQLSMALLINT parentType, SQLHANDLE parent) {
         if (!SQL_SUCCEEDED(SQLAllocHandle(Type, parent, &handle_))) throw OdbcFailure(parentType, parent);
     }
@@ -39,7 +39,7 @@ class OdbcHandle {
     }
 
     SQLHANDLE Get() const { return handle_; }
-    /// Throws what the handle has to say where a call on it did not succeed.
+    /// Throws DatabaseError with the handle's diagnostics if `result` is a failure.
     void Check(SQLRETURN result) const {
         if (!SQL_SUCCEEDED(result)) throw OdbcFailure(Type, handle_);
     }
@@ -51,27 +51,26 @@ class OdbcHandle {
 using OdbcEnvironment = OdbcHandle<SQL_HANDLE_ENV>;
 using OdbcStatement = OdbcHandle<SQL_HANDLE_STMT>;
 
-/// A connection to a server; ended at its end, also when the server is gone or says nothing any more.
+/// A connection to a server. The destructor disconnects, even if the server is gone or does not respond.
 class OdbcConnection {
   public:
-    /// `text` is the driver manager's connection string, `loginSeconds` how long to wait for the connection, and
-    /// `answerSeconds` for any answer behind that: then it is ended, and everything on it fails. 0 waits for ever.
-    /// Throws DatabaseError.
+    /// `text` is the driver manager's connection string, `loginSeconds` the connection timeout, `answerSeconds` the
+    /// timeout of each later reply, after which the connection is shut down and every call on it fails; 0 waits
+    /// forever. Throws DatabaseError.
     OdbcConnection(const QString& text, int loginSeconds, int answerSeconds);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection&) = delete;
     OdbcConnection& operator=(const OdbcConnection&) = delete;
 
     SQLHANDLE Get() const { return handle_.Get(); }
-    /// What the driver says of the engine, as SQL_DBMS_NAME.
+    /// A string value of SQLGetInfo, such as SQL_DBMS_NAME.
     QString Information(SQLUSMALLINT which) const;
-    /// Has the driver end every statement that runs longer, if it can.
+    /// Statement timeout in the driver, for drivers that support it.
     void LimitStatements(int seconds) { statementSeconds_ = seconds; }
-    /// A new statement, with the text run; `scrollable` where its rows may be fetched more than once. Throws
-    /// DatabaseError.
+    /// Executes a statement. `scrollable` if rows may be fetched more than once. Throws DatabaseError.
     OdbcStatement Run(const QString& sql, bool scrollable = false) const;
-    /// Gives what `work` gives. All that waits for the server belongs in here: where the answer does not come in time,
-    /// the DatabaseError says so.
+    /// Runs `work` under the watchdog and returns its result. All calls that wait for the server must be made in here.
+    /// If the reply timed out, the DatabaseError says so.
     template <typename Work>
     auto InTime(Work work) const {
         const OdbcWatchdog::ScopedCall turn(*watch_);
@@ -83,7 +82,7 @@ class OdbcConnection {
         }
     }
 
-    /// While the object lives, a request to end the program cancels the statement.
+    /// While the returned object exists, a request to end the program cancels the statement.
     OdbcWatchdog::Cancellable Cancellable(const OdbcStatement& statement) const {
         return {*watch_, [](void* handle) { SQLCancel(handle); }, statement.Get()};
     }
@@ -98,7 +97,7 @@ class OdbcConnection {
     OdbcHandle<SQL_HANDLE_DBC> handle_;
 };
 
-/// The driver manager's type of a text; both are UTF-16.
+/// The driver manager's string type; both are UTF-16.
 inline SQLWCHAR* OdbcText(const QString& text) {
     return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(reinterpret_cast<const char16_t*>(text.utf16())));
 }

@@ -10,10 +10,10 @@
 namespace database {
 namespace {
 
-constexpr SQLLEN kFirstUnits = 64;                       // room for a text, in units, until a longer one comes
-constexpr SQLLEN kMostBytes = SQLLEN{16} * 1024 * 1024;  // of one column's block
+constexpr SQLLEN kFirstUnits = 64;  // initial capacity of a cell in code units; grows with the values
+constexpr SQLLEN kMostBytes = SQLLEN{16} * 1024 * 1024;  // for one column's block
 
-// The lengths that MariaDB's driver tells of names are wrong for many kanji; the end mark is right.
+// MariaDB's driver reports wrong lengths for names with kanji; the NUL terminator is reliable.
 template <size_t N>
 QString UpToEndMark(const std::array<SQLWCHAR, N>& name) {
     const auto* units = reinterpret_cast<const char16_t*>(name.data());
@@ -44,7 +44,7 @@ std::shared_ptr<ColumnSet> DescribeColumns(const OdbcStatement& statement, SQLSM
     return columns;
 }
 
-// Most cells are ASCII or Japanese, where each unit is one character of one or three bytes.
+// Converts UTF-16 to UTF-8. Optimised for ASCII and Japanese: one or three bytes per unit.
 class Utf8Writer {
   public:
     QByteArrayView From(const char16_t* text, size_t units) {
@@ -85,7 +85,7 @@ class Utf8Writer {
     std::vector<char> bytes_;
 };
 
-// Columns bound to arrays. A block with a text that is longer than its room is fetched again with more of it.
+// Fetches blocks of rows into bound arrays. If a value was truncated, the block is fetched again with larger cells.
 class BlockReader {
   public:
     BlockReader(const OdbcStatement& statement, SQLSMALLINT columns, bool utf8)
@@ -94,7 +94,7 @@ class BlockReader {
         Set(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
         Bind();
     }
-    // The statement must not write into what is gone.
+    // The driver must not write to the arrays after they are freed.
     ~BlockReader() { SQLFreeStmt(statement_.Get(), SQL_UNBIND); }
     BlockReader(const BlockReader&) = delete;
     BlockReader& operator=(const BlockReader&) = delete;
@@ -108,16 +108,16 @@ class BlockReader {
 
   private:
     struct Bound {
-        SQLLEN room = 0;  // bytes of one cell, its end mark included
+        SQLLEN room = 0;  // bytes per cell, including the NUL terminator
         std::vector<char> cells;
-        std::vector<SQLLEN> lengths;  // in bytes; of a text that did not fit, the whole length
+        std::vector<SQLLEN> lengths;  // in bytes; the full length if the value was truncated
     };
 
     void Set(SQLINTEGER attribute, SQLPOINTER value) const {
         statement_.Check(SQLSetStmtAttr(statement_.Get(), attribute, value, 0));
     }
 
-    // Very long texts leave room for fewer rows at a time.
+    // Wide cells reduce the number of rows per block.
     void Bind() {
         SQLLEN widest = 1;
         for (const Bound& column : columns_) widest = std::max(widest, column.room);
@@ -180,7 +180,7 @@ class BlockReader {
     Utf8Writer writer_;
 };
 
-// One value after the other; a long one comes in pieces, each with an end mark that is no part of it.
+// Reads value by value; a long one arrives in several pieces, each NUL-terminated.
 void ReadByPieces(const OdbcStatement& statement, SQLSMALLINT columns, ResultTable& result) {
     std::array<SQLWCHAR, 1024> piece{};
     for (;;) {

@@ -7,18 +7,18 @@
 
 namespace database {
 
-/// How the texts of an engine are fetched fastest.
+/// The fastest way to fetch text from an engine's driver.
 enum class OdbcFetch {
     Utf16Blocks,  ///< arrays of rows into bound columns
-    Utf8Blocks,   ///< the same, where the driver's UTF-8 is lossless and its UTF-16 several times slower
-    Utf16Pieces   ///< value by value: what every driver can do
+    Utf8Blocks,   ///< as Utf16Blocks, for drivers whose UTF-8 is lossless and UTF-16 several times slower
+    Utf16Pieces   ///< value by value; works with every driver
 };
 
-/// Rows of a block: more of them no longer fit into the processor's cache.
+/// Rows per block; larger blocks exceed the processor's cache.
 inline constexpr int kOdbcRowsInBlock = 100;
 
-/// All rows of a statement that has been run; none where it gives no rows. Texts of any length come whole. Throws
-/// DatabaseError, also for a failure in the middle.
+/// Reads all rows of an executed statement, with values of any length; an empty result if it returns no rows. Throws
+/// DatabaseError, also for a failure halfway.
 std::shared_ptr<ResultTable> ReadOdbcRows(const OdbcStatement& statement, OdbcFetch fetch);
 
 }  // namespace database

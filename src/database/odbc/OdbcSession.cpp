@@ -12,14 +12,14 @@ const QString kSavepoint = QStringLiteral("suite_statement");
 
 [[noreturn]] void Refuse(const QString& text) { throw DatabaseError(kStatementFailure, text); }
 
-// PostgreSQL's bodies of functions stand between two equal words like $name$.
+// PostgreSQL's dollar quoting: a function body between two equal tags such as $name$.
 qsizetype EndOfDollarQuote(const QString& sql, const TokenSpan& mark) {
     const QStringView word = QStringView(sql).sliced(mark.begin, mark.end - mark.begin);
     const qsizetype close = word.endsWith(u'$') && word.size() > 1 ? sql.indexOf(word, mark.end) : -1;
     return close < 0 ? mark.end : close + word.size();
 }
 
-// The driver would run several statements at once, and ask for the value of a "?".
+// The driver would execute several statements at once, and prompt for the value of a "?".
 void CheckSingle(const QString& sql) {
     bool closed = false, empty = true;
     qsizetype from = 0;
@@ -80,14 +80,14 @@ void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql)
 
 AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
     CheckSingle(sql);
-    // Where no statement makes the engine refuse what writes, it is not sent.
+    // The engine has no statement for a read-only session, so writes are rejected here.
     if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
         throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     if (!engine_.adapted) return {sql, {}, -1};
     return Adapt(sql, engine_.differences, rules_);
 }
 
-// A failed statement leaves what is around it to its owner, also where the engine would take back all of it.
+// A failed statement must not abort the surrounding transaction, even on engines that do so.
 void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
     const bool inside = transaction_ || (scope_ && failure == Failure::IsNoMatter);
     const bool savepoint = inside && engine_.failureEndsTransaction;
@@ -101,8 +101,8 @@ void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
     if (savepoint) RunInOwnWords(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
 }
 
-// Every statement of a scope would pay for a savepoint, and a snapshot can't be had again without: a failure inside a
-// scope begins a new one, of which nothing is remembered.
+// A savepoint for every statement of a read scope would be too expensive, and without one the snapshot is lost: start a
+// new one with an empty cache.
 void OdbcSession::Recover(bool savepoint) noexcept {
     try {
         if (savepoint) return RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
@@ -110,7 +110,7 @@ void OdbcSession::Recover(bool savepoint) noexcept {
         EndReadScope();
         BeginReadScope();
     } catch (const DatabaseError&) {
-        // The server is gone; the next statement will say so.
+        // Connection lost; the next statement reports it.
     }
 }
 
@@ -132,19 +132,19 @@ std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
     lifted_.Lift(sql);
     if (auto copied = copies_.Find(sql, lifted_)) return copied;
     auto rows = Read(sql);
-    // It ends with the server.
+    // A lost server has ended the scope.
     if (scope_) memory_.Keep(sql, rows, UseOf(lifted_.Text()));
     return rows;
 }
 
-// Statements that differ in their values alone count as one.
+// Statements that differ only in literals share one entry.
 const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
     std::shared_ptr<StatementUse>& use = uses_[lifted];
     if (use == nullptr) use = std::make_shared<StatementUse>();
     return use;
 }
 
-// Inside the scope's transaction the write would be refused, or not be there for others before the scope ends.
+// Inside the scope's read-only transaction a write would fail, or be invisible to others until the scope ends.
 void OdbcSession::Execute(const QString& sql) {
     EndReadScope();
     const AdaptedStatement adapted = InEngineWords(sql);
@@ -203,7 +203,7 @@ void OdbcSession::EndReadScope() noexcept {
     try {
         RunInOwnWords(QStringLiteral("ROLLBACK"));
     } catch (const DatabaseError&) {
-        // The scope went with the server.
+        // Connection lost, and the scope with it.
     }
 }
 

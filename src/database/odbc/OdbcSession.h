@@ -12,7 +12,7 @@
 
 namespace database {
 
-/// A database on a server, reached by the driver manager. It never connects anew: once the server is gone, every
+/// A server database, accessed through the driver manager. Never reconnects: once the connection is lost, every
 /// statement fails.
 class OdbcSession : public DatabaseSession {
   public:
@@ -30,8 +30,8 @@ class OdbcSession : public DatabaseSession {
     void EndReadScope() noexcept override;
 
   private:
-    /// What a failed statement means inside a scope: it fails for the caller, who has to take another snapshot, or
-    /// nobody needs it and the snapshot stays.
+    /// How a failed statement affects the read scope: the caller gets the failure and a new snapshot is taken, or the
+    /// statement was optional and the snapshot is kept.
     enum class Failure { IsTheCallers, IsNoMatter };
 
     void StartSession(const ConnectionRequest& request);
@@ -57,7 +57,7 @@ class OdbcSession : public DatabaseSession {
     LookupCache copies_;
 };
 
-/// For every provider that is none of a desktop file.
+/// Handles every provider that is not one of desktop files. Throws what the constructor throws.
 std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& request);
 
 }  // namespace database

@@ -29,7 +29,7 @@ constexpr auto kTimeToCancel = std::chrono::seconds(2);
 
 struct Socket {
     int descriptor;
-    unsigned long identity;  // a descriptor's number comes again, this does not as long as the socket is there
+    unsigned long identity;  // inode: unlike the descriptor number, not reused while the socket is open
 };
 
 std::vector<Socket> NetworkConnections() {
@@ -68,7 +68,7 @@ OdbcWatchdog::~OdbcWatchdog() {
 void OdbcWatchdog::Begin(Clock::duration patience) {
     for (const Socket& socket : NetworkConnections()) {
         if (before_.count(socket.identity) != 0) continue;
-        // The driver may close its own at any time, and the number may be another file's when the time is over.
+        // Duplicated, since the driver may close its own and the number be reused before the timeout expires.
         const int own = ::fcntl(socket.descriptor, F_DUPFD_CLOEXEC, 0);
         if (own >= 0) sockets_.push_back(own);
     }
@@ -76,7 +76,7 @@ void OdbcWatchdog::Begin(Clock::duration patience) {
     try {
         thread_ = std::thread([this] { Watch(); });
     } catch (const std::system_error&) {
-        // Without a thread nothing is watched.
+        // No thread available: run without a watchdog.
     }
 }
 
@@ -85,7 +85,7 @@ bool OdbcWatchdog::Ended() const {
     return ended_;
 }
 
-// The thread that waits for the answer cannot notice the request.
+// The thread that is blocked in the driver cannot poll for the request.
 void OdbcWatchdog::FollowEndRequest(Clock::time_point now) {
     if (turns_ == 0 || endSeen_ || !platform::EndRequested()) return;
     endSeen_ = true;
@@ -93,7 +93,7 @@ void OdbcWatchdog::FollowEndRequest(Clock::time_point now) {
     if (cancel_ != nullptr) CallCancel();
 }
 
-// Not on the watcher's thread: a cancel connects to the server, and may wait there for ever.
+// On a separate thread: a cancel opens a connection to the server and may block forever.
 void OdbcWatchdog::CallCancel() {
     call_ = std::make_shared<CancelCall>();
     try {
@@ -108,7 +108,7 @@ void OdbcWatchdog::CallCancel() {
     }
 }
 
-// A turn need not wake the watcher: one that begins while it sleeps ends no earlier than it wakes by itself.
+// ScopedCall need not notify this thread: it wakes at least every `timeout_`, so before a new deadline.
 void OdbcWatchdog::Watch() {
     std::unique_lock lock(mutex_);
     while (!over_) {

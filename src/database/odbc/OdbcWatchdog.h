@@ -10,29 +10,28 @@
 
 namespace database {
 
-/// Ends the network connection of a driver that waits for an answer too long. Time-outs of a server reach nobody where
-/// what it says gets lost, and a network that takes everything and gives nothing back, as a balancer between them does
-/// that hangs, is no fault to TCP: a driver without a time-out of its own waits for ever. Its sockets are found as
-/// those that have come while it connected; where none can be found only statements are watched.
+/// Watchdog for ODBC calls. Server-side timeouts do not help when the reply is lost, and TCP does not detect a peer
+/// that acknowledges data but never answers (a hanging load balancer, say); a driver without a timeout then waits
+/// forever. On expiry the driver's sockets are shut down. The driver's sockets are those opened while it connected; if
+/// none is found, there is no timeout, but statements can still be cancelled.
 ///
-/// A request to end the program cancels the statement that runs, and two seconds later ends the connection.
+/// A request to end the program cancels the running statement, and shuts the connection down two seconds later.
 class OdbcWatchdog {
   public:
     using Clock = std::chrono::steady_clock;
 
-    /// To be made before the driver connects.
+    /// Must be created before the driver connects.
     OdbcWatchdog();
     ~OdbcWatchdog();
     OdbcWatchdog(const OdbcWatchdog&) = delete;
     OdbcWatchdog& operator=(const OdbcWatchdog&) = delete;
 
-    /// To be called when the driver has connected. From then on each turn may last for that time; without any, for
-    /// ever.
+    /// To be called once the driver has connected. Sets the timeout of each call; 0 means none.
     void Begin(Clock::duration patience);
-    /// The time of a turn was over, and the connection has been ended: whatever waits on it has failed.
+    /// True once a call has timed out and the connection was shut down.
     bool Ended() const;
 
-    /// One wait for the server. One inside another counts as part of it.
+    /// A call that waits for the server. A nested call counts as part of the outer one.
     class ScopedCall {
       public:
         explicit ScopedCall(OdbcWatchdog& watch);
@@ -45,12 +44,12 @@ class OdbcWatchdog {
         bool outermost_;
     };
 
-    /// A statement that runs; `cancel` is called with it, on a thread of its own, when the program is asked to end.
+    /// A running statement. When the program is asked to end, `cancel` is called with it on a separate thread.
     class Cancellable {
       public:
         using Cancel = void (*)(void* statement);
         Cancellable(OdbcWatchdog& watch, Cancel cancel, void* statement);
-        /// Waits up to two seconds for a cancel that has been called, since the statement is freed next.
+        /// If `cancel` is running, waits up to two seconds for it, since the caller then frees the statement.
         ~Cancellable();
         Cancellable(const Cancellable&) = delete;
         Cancellable& operator=(const Cancellable&) = delete;
@@ -70,14 +69,14 @@ class OdbcWatchdog {
     void FollowEndRequest(Clock::time_point now);
     void CallCancel();
 
-    std::set<unsigned long> before_;  // sockets that are none of the driver's
-    std::vector<int> sockets_;        // descriptors of our own for the driver's
+    std::set<unsigned long> before_;  // sockets opened before the driver connected
+    std::vector<int> sockets_;        // our duplicates of the driver's sockets
     Clock::duration timeout_{};
     mutable std::mutex mutex_;
     std::condition_variable changed_;
-    Clock::time_point deadline_ = Clock::time_point::max();  // of the turn that runs
+    Clock::time_point deadline_ = Clock::time_point::max();  // of the current call
     int turns_ = 0;
-    Cancellable::Cancel cancel_ = nullptr;  // of the statement that runs
+    Cancellable::Cancel cancel_ = nullptr;  // of the running statement
     void* statement_ = nullptr;
     std::shared_ptr<CancelCall> call_;
     bool endSeen_ = false, ended_ = false, over_ = false;

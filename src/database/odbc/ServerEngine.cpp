@@ -5,7 +5,7 @@
 namespace database {
 namespace {
 
-constexpr size_t kLongestChain = 200;  // engines differ in the depth that they allow; all take this one
+constexpr size_t kLongestChain = 200;  // limits on expression depth differ; all engines accept this
 
 SqlDialect WithoutSpecialities() {
     SqlDialect differences;
@@ -24,14 +24,14 @@ ServerEngine PostgreSql() {
     engine.differences.like = LikeWriting::FoldedText;
     engine.differences.foldingFunction = PostgresFoldingFunction();
     engine.differences.orderFunction = PostgresOrderFunction();
-    // This collation knows the case of ASCII letters alone.
+    // Collation "C": lower() changes only ASCII letters.
     engine.differences.caseBlindCall = QStringLiteral("lower(operand COLLATE \"C\")");
     engine.fetch = OdbcFetch::Utf16Blocks;
-    // The suite doubles quotes and nothing else: a backslash is a sign like any other, whatever the site has set.
+    // The suite escapes quotes by doubling; a backslash must be literal, whatever the server's default is.
     engine.atStart = {QStringLiteral("SET statement_timeout = %1"),
                       QStringLiteral("SET standard_conforming_strings = on")};
     engine.readOnly = QStringLiteral("SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY");
-    // The snapshot is taken by the first statement that reads.
+    // The first query, not BEGIN, takes the snapshot.
     engine.beginReading = {QStringLiteral("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"),
                            QStringLiteral("SELECT 1")};
     engine.beginWriting = QStringLiteral("BEGIN READ WRITE");
@@ -46,16 +46,15 @@ ServerEngine MariaDb(const QString& name) {
     engine.differences = WithoutSpecialities();
     engine.differences.like = LikeWriting::RegularExpression;
     engine.differences.sortsOnClient = true;
-    // Of the texts' own bytes, no byte below 0x80 is part of a longer character, and the case pairs of this character
-    // set beyond ASCII change the first byte of a character into one that more bytes follow: so texts that differ in
-    // anything but ASCII case stay different.
+    // LOWER on the UTF-8 bytes, taken as latin1. Bytes below 0x80 are always ASCII. Beyond ASCII this case mapping only
+    // turns lead bytes into those of longer sequences, so texts that differ in more than ASCII case stay different.
     engine.differences.caseBlindCall =
         QStringLiteral("CAST(LOWER(CONVERT(CAST(CONVERT(operand USING utf8mb4) AS BINARY) USING latin1)) AS BINARY)");
     engine.fetch = OdbcFetch::Utf8Blocks;
     engine.atStart = {
         QStringLiteral("SET SESSION sql_mode = 'ANSI_QUOTES,NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT,"
                        "STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION'"
-                       // Each of the two takes the other's setting for a comment.
+                       // Each of the two servers treats the other's setting as a comment.
                        " /*M!100100 , max_statement_time = %2 */ /*!50708 , max_execution_time = %1 */")};
     engine.readOnly = QStringLiteral("SET SESSION TRANSACTION READ ONLY");
     engine.beginReading = {QStringLiteral("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ"),

@@ -9,20 +9,20 @@
 
 namespace database {
 
-/// What the provider has to know of a server's engine. Empty statements are not sent.
+/// What the provider needs to know about a server engine. Empty statements are not sent.
 struct ServerEngine {
-    QString name = {};     ///< as drivers report it, or its beginning
-    bool adapted = false;  ///< statements are put into the engine's words; otherwise they go as the suite writes them
+    QString name = {};     ///< prefix of the name that drivers report
+    bool adapted = false;  ///< statements are translated to `differences`; otherwise sent unchanged
     SqlDialect differences = {};
     OdbcFetch fetch = OdbcFetch::Utf16Pieces;
-    QStringList atStart = {};       ///< %1: how long a statement may run, in milliseconds; %2: in seconds
-    QString readOnly = {};          ///< refuses every write of the session; no attribute of the connection does that
-    QStringList beginReading = {};  ///< fixes one snapshot for all reads up to ROLLBACK
-    QString beginWriting = {};      ///< empty: the driver's own transactions
-    bool failureEndsTransaction = false;  ///< a failed statement spoils what is around it, unless a savepoint stands
+    QStringList atStart = {};       ///< %1: statement timeout in milliseconds; %2: in seconds
+    QString readOnly = {};          ///< rejects all writes of the session; drivers ignore the connection attribute
+    QStringList beginReading = {};  ///< starts one snapshot for all reads until ROLLBACK
+    QString beginWriting = {};      ///< empty: transactions of the driver (SQLEndTran)
+    bool failureEndsTransaction = false;  ///< a failed statement aborts the transaction, unless there is a savepoint
 };
 
-/// The engine that a driver reports under that name; one that takes everything as written where it is not known.
+/// The engine with the name that the driver reports; for an unknown name one that sends statements unchanged.
 const ServerEngine& EngineOf(const QString& reportedName);
 
 }  // namespace database

@@ -9,7 +9,7 @@ namespace database {
 namespace {
 
 struct Term {
-    std::optional<Node> link;  // the OR or AND in front of it
+    std::optional<Node> link;  // the OR or AND before it
     NodeList pieces;
 };
 
@@ -17,7 +17,7 @@ constexpr std::array<QStringView, 18> kClauseWords = {
     u"SELECT", u"FROM",  u"WHERE", u"ON",     u"HAVING",    u"GROUP", u"ORDER",  u"BY",    u"LIMIT",
     u"OFFSET", u"UNION", u"ALL",   u"EXCEPT", u"INTERSECT", u"SET",   u"VALUES", u"USING", u"WINDOW"};
 
-// What parts one condition from the next on the same level.
+// True for a token that ends a condition on this level.
 bool IsSeparator(const NodeList& level, size_t at) {
     const Node& piece = level[at];
     if (piece.group) return false;
@@ -57,7 +57,7 @@ NodeList Balanced(std::vector<Term>&& terms, size_t fanOut) {
     return Joined(std::move(terms));
 }
 
-// Cuts a condition at each `word`. The AND of "BETWEEN x AND y" cuts nothing, nor does anything in CASE ... END.
+// Splits a condition at `word`, except at the AND of BETWEEN and inside CASE ... END.
 std::vector<Term> Cut(NodeList&& condition, QStringView word) {
     std::vector<Term> terms(1);
     int cases = 0;
@@ -77,7 +77,7 @@ std::vector<Term> Cut(NodeList&& condition, QStringView word) {
     return terms;
 }
 
-// A term without anything in it is a mistake in the statement; the engine has to see it where it stands.
+// An empty term is a syntax error, which the engine must see unchanged.
 bool IsWhole(const std::vector<Term>& terms) {
     return std::none_of(terms.begin(), terms.end(), [](const Term& term) { return term.pieces.empty(); });
 }

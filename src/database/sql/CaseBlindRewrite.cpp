@@ -26,7 +26,7 @@ bool IsColumn(const NodeList& level, size_t at, const TextRules& rules) {
     return at < level.size() && IsColumnOf(rules.comparedCaseBlind, level[at]);
 }
 
-// The column may be on either side.
+// Checks both sides for a listed column.
 bool Compares(const NodeList& level, size_t equals, const TextRules& rules) {
     if (!level[equals].IsSign(u"=")) return false;
     if (equals > 0 && IsColumn(level, equals - 1, rules)) return true;
@@ -37,7 +37,7 @@ bool LacksSide(const NodeList& level, size_t equals) {
     return equals == 0 || equals + 1 >= level.size() || level[equals + 1].IsSign(u";");
 }
 
-// Returns the last piece of the right side.
+// Returns the index of the right side's last node.
 size_t WrapSides(NodeList& level, size_t equals, const QString& call) {
     const std::optional<size_t> begin = BeginOfOperand(level, equals), end = EndOfOperand(level, equals + 1);
     if (!begin || !end || !StartsExpression(level, *begin) || !EndsExpression(level, *end)) RefuseComparison();

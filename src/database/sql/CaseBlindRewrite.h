@@ -6,13 +6,13 @@
 
 namespace database {
 
-/// Makes every "=" in a condition of the level that has one of `rules.comparedCaseBlind` on either side ignore the case
-/// of ASCII letters. `condition`: the level is a bracket inside a WHERE, ON or HAVING. A comparison without one of its
-/// sides is left for the engine to refuse. DatabaseError kStatementFailure where a server's engine needs both sides in
-/// a function and their ends are not certain.
+/// Makes "=" ignore ASCII case in the conditions of the level if either side is one of `rules.comparedCaseBlind`.
+/// `condition`: the level is a bracket inside WHERE, ON or HAVING. A comparison with a missing side is left for the
+/// engine to reject. Throws DatabaseError kStatementFailure if a server needs both sides in a function call and the
+/// extent of an operand is ambiguous.
 void CompareCaseBlind(NodeList& level, bool condition, const SqlDialect& engine, const TextRules& rules);
 
-/// True for a piece of a level that belongs to a condition: `before` is what the piece before it was.
+/// True if `piece` is in a condition of its level; `before` is the result for the previous node.
 bool IsInCondition(const Node& piece, bool before);
 
 }  // namespace database

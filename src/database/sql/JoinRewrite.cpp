@@ -19,12 +19,13 @@ bool ContainsRightJoin(const NodeList& level) {
     return false;
 }
 
-// One table, or a bracket, with its alias; joins of a bracket are rewritten. Then operator, right side, ON.
+// Parses a table or bracket with its alias, whose inner joins are rewritten, then any number of join operator, right
+// side, ON.
 class JoinReader {
   public:
     explicit JoinReader(const NodeList& from) : from_(from) {}
 
-    // None where the clause holds anything but tables joined by JOIN ... ON.
+    // Empty if the clause contains anything but tables joined by JOIN ... ON.
     std::optional<NodeList> Read() {
         NodeList left = ReadOperand();
         bool chain = false;
@@ -99,7 +100,7 @@ class JoinReader {
     bool failed_ = false;
 };
 
-// "*" alone, as in "SELECT *" and "a, *", but neither "t.*" nor "COUNT(*)" nor a product.
+// True for "SELECT *" and "a, *", but not for "t.*", "COUNT(*)" or a multiplication.
 bool SelectsBareStar(const NodeList& level, size_t select, size_t from) {
     for (size_t i = select + 1; i < from; ++i) {
         if (!level[i].IsSign(u"*")) continue;
@@ -116,7 +117,7 @@ void RewriteClause(NodeList& level, size_t from, size_t end) {
     if (!ContainsRightJoin(clause)) return;
     std::optional<NodeList> rewritten = JoinReader(clause).Read();
     if (!rewritten) return;
-    // A chain of joins only changes its order and gains brackets, so the clause may end up shorter or longer.
+    // The clause may get longer or shorter: replace it as a whole.
     const auto place = level.erase(begin, behind);
     level.insert(place, std::make_move_iterator(rewritten->begin()), std::make_move_iterator(rewritten->end()));
 }

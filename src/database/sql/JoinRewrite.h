@@ -4,12 +4,12 @@
 
 namespace database {
 
-/// Turns every `A RIGHT JOIN X ON c` of the level's FROM clause into `X LEFT JOIN A ON c`, inner brackets first:
-/// the same rows, but an engine that materialises a bracket on the right of a RIGHT JOIN and scans it once for each
-/// row takes twenty times as long for the first. Brackets are kept, and one is added where the left side is a chain.
+/// Rewrites `A RIGHT JOIN X ON c` in the level's FROM clause to `X LEFT JOIN A ON c`, inner brackets first. The rows
+/// are the same, but SQLite materialises a bracket on the right of a RIGHT JOIN and scans it once per row, which is
+/// twenty times slower. Brackets are kept; one is added if the left side is a chain.
 ///
-/// A clause that can't be read, or whose SELECT takes a bare "*" (the order of the columns would change, and with
-/// it which of two equal names is the first one), stays as it is.
+/// Left unchanged: a clause that can't be parsed, and a SELECT with a bare "*", whose columns would change their order
+/// and so which of two equal names is the first.
 void RewriteRightJoins(NodeList& level);
 
 }  // namespace database

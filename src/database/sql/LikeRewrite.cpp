@@ -11,9 +11,9 @@
 namespace database {
 namespace {
 
-/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` and the operand before it.
+/// One `[NOT] LIKE 'pattern' [ESCAPE 'c']` and the operand before it; positions are indexes of nodes.
 struct Term {
-    size_t operand = 0;    // first piece
+    size_t operand = 0;    // first node
     size_t operation = 0;  // NOT or LIKE
     size_t end = 0;
     bool negated = false;
@@ -31,7 +31,7 @@ QString ValueOf(const Node& literal) {
     return value.replace(QStringLiteral("''"), QStringLiteral("'"));
 }
 
-// A text, also in brackets.
+// The value of a text literal, which may be bracketed.
 QString TextAt(const NodeList& level, size_t at) {
     if (at >= level.size()) RefuseLike();
     const Node& piece = level[at];
@@ -65,7 +65,8 @@ Term TermAt(const NodeList& level, size_t like) {
     return term;
 }
 
-// As the name of a column, or of a function in quotes, it is no operator.
+// A column name, quoted or after ".", is no operator. A call of a function named LIKE counts even if quoted, since it
+// would run the engine's LIKE.
 bool IsLike(const NodeList& level, size_t at) {
     const bool called = at + 1 < level.size() && level[at + 1].group;
     if (called && level[at].IsName() && NameOf(level[at]).compare(u"LIKE", Qt::CaseInsensitive) == 0) return true;

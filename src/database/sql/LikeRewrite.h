@@ -5,9 +5,9 @@
 
 namespace database {
 
-/// Rewrites every `operand LIKE 'pattern'` of the level, NOT and ESCAPE included, as the engine's table says. The
-/// engine's own LIKE compares otherwise and is never sent: DatabaseError kStatementFailure where the operand's ends are
-/// not certain, where the pattern is no single literal, and for a pattern whose "[" is not closed.
+/// Rewrites each `operand [NOT] LIKE 'pattern' [ESCAPE 'c']` of the level as engine.like says. A server's LIKE has
+/// other rules and is never sent: throws DatabaseError kStatementFailure if the extent of the operand is ambiguous, the
+/// pattern is not a single literal, or a "[" of it is not closed.
 void RewriteLike(NodeList& level, const SqlDialect& engine);
 
 }  // namespace database

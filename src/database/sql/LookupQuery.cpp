@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array<QStringView, 5> kSigns = {u"=", u"<", u">", u"<=", u">="};
 
-/// Reads forward; every member gives false, or nothing, where something else stands there.
+/// Recursive-descent parser; members return false or an empty value on a mismatch.
 class Reader {
   public:
     explicit Reader(const NodeList& level) : level_(level) {}
@@ -21,7 +21,7 @@ class Reader {
         ++at_;
         return true;
     }
-    // The columns are the engine's business; only a bracket could hide another statement.
+    // Columns are not parsed, but rejected if they contain a bracket, which may be a subquery.
     bool SkipColumns() {
         while (at_ < level_.size() && !level_[at_].Is(u"FROM")) {
             if (level_[at_].group) return false;
@@ -29,7 +29,7 @@ class Reader {
         }
         return at_ < level_.size();
     }
-    // The last part of a name, [brackets] taken off.
+    // The last part of a qualified name, without [].
     QString Name() {
         if (at_ >= level_.size() || !level_[at_].IsName()) return {};
         at_ = EndOfName(level_, at_);

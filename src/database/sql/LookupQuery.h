@@ -7,20 +7,19 @@
 
 namespace database {
 
-/// A small look-up in one table: SELECT … FROM table WHERE column op 'value' AND … ORDER BY columns.
+/// A small lookup in one table: SELECT … FROM table WHERE column op 'value' AND … ORDER BY columns.
 struct LookupQuery {
     struct Term {
         QString column;  ///< without its table
         QString sign;    ///< =, <, >, <= or >=
-        size_t literal;  ///< place of its value among the statement's literals
+        size_t literal;  ///< index of its value in the statement's literals
     };
     QString table;
-    std::vector<Term> terms;  ///< one for each literal
+    std::vector<Term> terms;  ///< one per literal
     QStringList order;        ///< columns
 };
 
-/// Reads a statement whose literals have been lifted out (ParameterisedStatement). None for anything but such a
-/// look-up.
+/// Parses a statement with its literals lifted out (ParameterisedStatement). Empty if it is not such a lookup.
 std::optional<LookupQuery> ReadLookup(const QString& lifted);
 
 }  // namespace database

@@ -29,7 +29,7 @@ bool IsLiteral(const Node& piece) {
     return !piece.group && (piece.token.kind == TokenKind::Text || piece.token.kind == TokenKind::Number);
 }
 
-// The conditions of a BETWEEN are joined by an AND that ends no expression.
+// True for the AND of a BETWEEN, which does not end an expression.
 bool IsOfBetween(const NodeList& level, size_t conjunction) {
     for (size_t at = conjunction; at > 0; --at) {
         if (level[at - 1].Is(u"BETWEEN")) return true;
@@ -38,7 +38,7 @@ bool IsOfBetween(const NodeList& level, size_t conjunction) {
     return false;
 }
 
-// Its names are in the engine's own words already.
+// Quoted names in `call` are already in the engine's syntax; marked as words so that they are not requoted.
 NodeList ReadCall(const QString& call) {
     NodeList pieces = std::move(ParseStatement(call)->level);
     const auto keep = [](NodeList& level, const auto& self) -> void {

@@ -60,7 +60,7 @@ class Reader {
         return item;
     }
 
-    // Any of its parts may bring such a column.
+    // Any part of the compound may contain a column sorted as text.
     void CheckCompound() const {
         const auto all = [](const Node& piece) { return piece.IsSign(u"*"); };
         if (std::any_of(level_.begin(), level_.end(), all) || names_.Uses(level_, 0, level_.size())) RefuseOrder();
@@ -90,7 +90,7 @@ class Reader {
         item.asText = names_.IsListed(name);
     }
 
-    // An alias that is listed itself is text whatever its expression is.
+    // A listed alias is sorted as text whatever column it refers to.
     void TakeSelected(OrderItem& item, const SelectItem& selected) const {
         const bool listed = names_.IsListed(MakeWord(selected.alias));
         if (!IsColumnName(level_, selected.first, selected.end)) {

@@ -7,24 +7,24 @@
 
 namespace database {
 
-/// One item of an ORDER BY.
+/// One item of an ORDER BY; positions are indexes of nodes.
 struct OrderItem {
-    size_t first = 0, expressionEnd = 0;  ///< its expression
-    size_t end = 0;                       ///< after its direction
-    bool asText = false;                  ///< sorted as text; then `column` is there
+    size_t first = 0, expressionEnd = 0;  ///< the expression
+    size_t end = 0;                       ///< after ASC or DESC
+    bool asText = false;                  ///< sorted by the suite's collation; `column` is set
     bool descending = false;
-    bool placesNulls = false;  ///< has its own NULLS FIRST or LAST
-    NodeList column;           ///< the column that it denotes by its name, its alias or its position; else empty
+    bool placesNulls = false;  ///< has NULLS FIRST or NULLS LAST
+    NodeList column;           ///< the column it refers to by name, alias or position; else empty
 };
 
-/// True where an ORDER BY begins.
+/// True if an ORDER BY begins at `at`.
 bool IsOrder(const NodeList& level, size_t at);
 
-/// The items of the ORDER BY that begins at `order`. DatabaseError kStatementFailure where it is not certain that none
-/// but columns are sorted as text.
+/// Items of the ORDER BY at index `order`. Throws DatabaseError kStatementFailure if an item other than a plain column
+/// may have to be sorted as text.
 std::vector<OrderItem> ReadOrder(const NodeList& level, size_t order, const TextNames& names);
 
-/// Throws that DatabaseError.
+/// Throws that error.
 [[noreturn]] void RefuseOrder();
 
 }  // namespace database

@@ -52,7 +52,7 @@ void SortByFunction(NodeList& level, const OrderItem& item, const QString& funct
     level.insert(place, std::make_move_iterator(key.begin()), std::make_move_iterator(key.end()));
 }
 
-// From the last item on, so that the places of the others stay true.
+// Backwards, since edits change the indexes of later items.
 void AdaptItems(NodeList& level, const std::vector<OrderItem>& items, const SqlDialect& engine) {
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         if (engine.nullsSortLast && !item->placesNulls) PlaceNulls(level, *item);
@@ -62,7 +62,7 @@ void AdaptItems(NodeList& level, const std::vector<OrderItem>& items, const SqlD
     }
 }
 
-// Rows that are put together, or of which some are left out, can't have further columns.
+// DISTINCT and GROUP BY do not allow additional columns for sort keys.
 bool ChangesRows(const NodeList& level) { return HasWord(level, u"DISTINCT") || HasWord(level, u"GROUP"); }
 
 void AddKeys(NodeList& level, size_t from, const std::vector<OrderItem>& items, AdaptedStatement& adapted) {

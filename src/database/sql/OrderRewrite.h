@@ -7,16 +7,16 @@
 
 namespace database {
 
-/// Puts the ORDER BY of the level into the engine's words: columns sorted as text get its collation or its function,
-/// and Nulls their place. A collation is given to columns that are named, with or without their table. A server's
-/// engine also gets it for the position or the alias of a column; its own order of text is never asked for:
-/// DatabaseError kStatementFailure for expressions over such columns, with DISTINCT, for the whole of a compound, and
-/// where the engine has no function for it.
+/// Translates the level's ORDER BY: columns sorted as text get the collation or sort function, and Nulls an explicit
+/// position. The desktop engine gets a collation only on columns given by name, with or without their table; a server
+/// also on columns given by position or alias. A server's native text order is never used: throws DatabaseError
+/// kStatementFailure for expressions over such columns, with DISTINCT, for a compound, and if the engine has no sort
+/// function.
 void AdaptOrder(NodeList& level, const SqlDialect& engine, const TextRules& rules, const TextNames& names);
 
-/// Where the level is a SELECT with a column sorted as text in its ORDER BY: takes the order and the limit out, adds
-/// the keys as columns after the others, and stores both in `adapted`. DatabaseError kStatementFailure where its rows
-/// are grouped, made different or limited otherwise, or a key is no column.
+/// For sorting on the client: if the level is a SELECT whose ORDER BY contains a column sorted as text, removes ORDER
+/// BY and limit, appends the keys to the selected columns, and stores both in `adapted`. Throws DatabaseError
+/// kStatementFailure if the rows are grouped, DISTINCT or limited in another way, or if a key is not a column.
 void TakeOrder(NodeList& level, const TextNames& names, AdaptedStatement& adapted);
 
 }  // namespace database

@@ -20,7 +20,7 @@ bool IsOneOf(QStringView word, const std::array<QStringView, N>& keywords) {
 
 bool IsDigit(QChar unit) { return unit >= u'0' && unit <= u'9'; }
 
-// Codes, dates and digits are ASCII, where one character is one byte.
+// Fast path: codes, dates and digits are ASCII.
 void AppendUtf8(std::string& target, QStringView text) {
     const auto ascii = [](QChar unit) { return unit.unicode() < 0x80; };
     if (std::all_of(text.begin(), text.end(), ascii)) {
@@ -47,7 +47,7 @@ void ParameterisedStatement::Lift(QStringView sql) {
     ends_.clear();
 }
 
-// Equal text up to a literal means equal tokens up to it, and behind its closing quote the tokens begin anew.
+// Equal text up to a literal implies equal tokens up to it, and tokenizing restarts after its closing quote.
 bool ParameterisedStatement::HasShape(QStringView sql, const Shape& shape) {
     QStringView rest = sql;
     for (size_t i = 0;; ++i) {
@@ -90,7 +90,7 @@ bool ParameterisedStatement::TryTokens(QStringView sql) {
         if (token.kind == TokenKind::End) break;
         if (token.kind == TokenKind::Word) valuesMayCome = valuesMayCome || IsOneOf(text, kBeforeValues);
         if (token.kind != TokenKind::Text || !valuesMayCome) continue;
-        // The digit would become part of the parameter's number.
+        // A digit directly after the literal would extend the parameter's number.
         if (token.end < sql.size() && IsDigit(sql[token.end])) return false;
         AppendLiteral(text);
         shape.between.push_back(sql.sliced(copied, token.begin - copied).toString());

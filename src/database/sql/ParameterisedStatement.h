@@ -8,24 +8,24 @@
 
 namespace database {
 
-/// A statement whose text literals have been lifted out, so that statements that differ in their values alone have
-/// one text. Kept by its user from statement to statement, for it reuses its memory.
+/// A statement with its text literals replaced by parameters, so that statements that differ only in values share one
+/// text. Reuse one object for many statements: it reuses memory and remembers recent statements.
 class ParameterisedStatement {
   public:
-    /// Takes the literals of a SELECT, INSERT, UPDATE or DELETE out, from its first WHERE, ON, HAVING, SET or
-    /// VALUES on: before that a literal may be a column's heading. Text of any other kind, with parameters of its
-    /// own or that can't be read stays as it is and has no literals.
+    /// Parses a statement and takes its literals. Applies to SELECT, INSERT, UPDATE and DELETE, from the first WHERE,
+    /// ON, HAVING, SET or VALUES on, since a literal before that may be a column heading. Other statements, and those
+    /// that have parameters or can't be parsed, keep their text and have no literals.
     void Lift(QStringView sql);
 
-    /// The statement with ?1, ?2 and so on in place of the literals.
+    /// The statement with ?1, ?2 ... in place of the literals.
     const QString& Text() const { return text_; }
     size_t LiteralCount() const { return ends_.size(); }
-    /// Value of a literal in UTF-8, quotes taken off. Valid until the next Lift.
+    /// Value of a literal in UTF-8, unquoted. Valid until the next Lift.
     QByteArrayView Literal(size_t index) const;
 
   private:
-    // What one statement looked like between its literals. A load sends the same few statements again and again
-    // with other values, and to compare a text with these is five times faster than to cut it into tokens.
+    // Text of a recent statement between its literals. A load repeats a few statements with other values, and comparing
+    // with these is five times faster than tokenizing.
     struct Shape {
         QString text;
         std::vector<QString> between;  // one more than there are literals
@@ -37,10 +37,10 @@ class ParameterisedStatement {
     bool TryTokens(QStringView sql);
     void AppendLiteral(QStringView quoted);
 
-    std::vector<Shape> shapes_;  // the one used last in front
+    std::vector<Shape> shapes_;  // most recently used first
     QString text_;
-    std::string values_;        // all literals one behind the other
-    std::vector<size_t> ends_;  // end of each in values_
+    std::string values_;        // all literals, concatenated
+    std::vector<size_t> ends_;  // end offset of each in values_
 };
 
 }  // namespace database

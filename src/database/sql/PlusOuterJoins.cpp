@@ -7,17 +7,17 @@
 namespace database {
 namespace {
 
-/// x.a(+) = y.b: table x may lack the row.
+/// x.a(+) = y.b: a row of table x may be missing.
 struct SignJoin {
     QString lacking, present;
-    NodeList condition;  // without the sign
+    NodeList condition;  // without the (+)
 };
 
 struct Clause {
-    size_t from = 0, where = 0, end = 0;  // first pieces behind FROM and WHERE, and behind the conditions
+    size_t from = 0, where = 0, end = 0;  // first nodes after FROM, after WHERE, and after the conditions
     std::vector<Node> tables;
     std::vector<SignJoin> joins;
-    std::vector<NodeList> others;  // the conditions that join nothing
+    std::vector<NodeList> others;  // conditions that are not such joins
 };
 
 bool IsSignGroup(const Node& piece) {
@@ -35,7 +35,7 @@ std::vector<NodeList> CutAt(const NodeList& level, size_t begin, size_t end, boo
     return parts;
 }
 
-// A qualified name, and the sign behind it where there is one.
+// A qualified column name, and whether (+) follows it.
 struct Side {
     QString table;
     bool sign = false;
@@ -96,12 +96,12 @@ bool ReadClause(const NodeList& level, Clause& clause) {
 
 void Append(NodeList& target, const NodeList& more) { target.insert(target.end(), more.begin(), more.end()); }
 
-/// The tables in an order in which each one that may lack rows stands behind the one that it hangs on.
+/// Orders the tables so that each optional table follows the table that it is joined to.
 class Chain {
   public:
     explicit Chain(const Clause& clause) : clause_(clause) {}
 
-    // None where a table hangs on several, or on none.
+    // Empty unless there is exactly one table that is not optional, and each other table can be placed after it.
     std::optional<NodeList> Build() {
         NodeList text;
         for (const Node& table : clause_.tables) {

@@ -4,8 +4,8 @@
 
 namespace database {
 
-/// Turns a list of tables whose WHERE joins them by "x.a(+) = y.b" into LEFT JOINs: the table on the side of the sign
-/// is the one that may lack rows. Everything else of the WHERE stays. A clause that can't be read so stays as it is.
+/// Rewrites a list of tables joined in WHERE by "x.a(+) = y.b" to LEFT JOINs; the table marked (+) is the optional one.
+/// Other conditions stay in WHERE. A clause that can't be parsed this way is left unchanged.
 void RewriteSignJoins(NodeList& level);
 
 }  // namespace database

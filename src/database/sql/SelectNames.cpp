@@ -16,7 +16,7 @@ bool EndsItems(const NodeList& level, size_t at) {
     return at >= level.size() || level[at].Is(u"FROM") || EndOfFrom(level, at) == at;
 }
 
-// A word after an operand is an alias also without AS.
+// A name after an operand is an alias even without AS.
 bool HasPlainAlias(const NodeList& level, size_t first, size_t end) {
     if (end - first < 2 || !level[end - 1].IsName()) return false;
     const Node& before = level[end - 2];
@@ -72,7 +72,7 @@ bool TextNames::Uses(const NodeList& level, size_t first, size_t end) const {
     return false;
 }
 
-// Inner queries first: the outer ones use their names.
+// Subqueries first, since outer queries use their names.
 void TextNames::Collect(const NodeList& level) {
     for (size_t at = 0; at < level.size(); ++at) {
         if (!level[at].group) continue;
@@ -94,7 +94,7 @@ void TextNames::Rename(const QString& name) {
     if (!listed_.contains(name, Qt::CaseInsensitive)) renamed_.append(name);
 }
 
-// "(SELECT ...) AS t (a, b)" names the columns of the query again.
+// "(SELECT ...) AS t (a, b)" renames the columns of the subquery.
 void TextNames::CollectColumnList(const NodeList& level, size_t query) {
     const NodeList& inside = level[query].inside;
     if (inside.empty() || !inside.front().Is(u"SELECT")) return;

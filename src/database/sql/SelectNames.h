@@ -9,28 +9,28 @@
 
 namespace database {
 
-/// One column of a SELECT: its expression, and the name that AS or a word after it gives.
+/// One column of a SELECT: its expression, and its alias with or without AS.
 struct SelectItem {
-    size_t first = 0, end = 0;  ///< pieces of the expression
-    QString alias;              ///< empty without one
+    size_t first = 0, end = 0;  ///< nodes of the expression
+    QString alias;              ///< empty if there is none
     bool all = false;           ///< "*" or "t.*"
 };
 
-/// The columns of the first SELECT at or after `begin`; empty where the level has none.
+/// Columns of the first SELECT at or after index `begin`; empty if the level has none.
 std::vector<SelectItem> SelectItemsOf(const NodeList& level, size_t begin = 0);
 
-/// True where the pieces are one column with or without its table.
+/// True if the nodes are a single column name, with or without its table.
 bool IsColumnName(const NodeList& level, size_t first, size_t end);
 
-/// The names under which a statement has the columns that are sorted as text: those of the rules, and aliases of
-/// expressions that use them.
+/// Names by which a statement refers to the columns sorted as text: those of the rules (listed), and aliases of
+/// expressions over them (renamed).
 class TextNames {
   public:
     TextNames(const NodeList& statement, const TextRules& rules);
 
     bool IsListed(const Node& piece) const { return IsColumnOf(listed_, piece); }
     bool IsRenamed(const Node& piece) const { return IsColumnOf(renamed_, piece); }
-    /// True where one of the names is used by the pieces, or inside their brackets.
+    /// True if the nodes, or brackets inside them, contain one of the names.
     bool Uses(const NodeList& level, size_t first, size_t end) const;
 
   private:

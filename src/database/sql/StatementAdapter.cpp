@@ -29,7 +29,7 @@ class Adapter {
     Adapter(const SqlDialect& engine, const TextRules& rules, const TextNames& names)
         : engine_(engine), rules_(rules), names_(names) {}
 
-    // `condition`: the level is a bracket inside a WHERE, ON or HAVING.
+    // `condition`: the level is a bracket inside WHERE, ON or HAVING.
     void Adapt(NodeList& level, bool condition) const {
         AdaptGroups(level, condition);
         if (engine_.topIsLimit) MoveTop(level);
@@ -57,7 +57,7 @@ class Adapter {
         level.insert(level.insert(end, std::move(*count)), MakeWord(QStringLiteral("LIMIT")));
     }
 
-    // Into the brackets as well: some of them have come around names on the way.
+    // Descends into brackets too: earlier rewrites may have enclosed names in brackets.
     void Requote(NodeList& level) const {
         for (Node& piece : level) {
             if (piece.group) Requote(piece.inside);
@@ -71,7 +71,7 @@ class Adapter {
         }
     }
 
-    // What the engine does to a plain name.
+    // PostgreSQL folds unquoted names to lower case.
     static QString LowerAscii(QString name) {
         for (QChar& unit : name)
             if (unit >= u'A' && unit <= u'Z') unit = QChar(unit.unicode() | 0x20);
@@ -90,8 +90,8 @@ bool HasWordsOf(const std::vector<Token>& tokens, size_t at) {
     return tokens[at].Is(u"ORDER") && tokens[at + 1].Is(u"BY");
 }
 
-// The text passes as it is; where its brackets don't match, or a quote is open, the engine refuses it. Anything else
-// would be run with the engine's own LIKE and order.
+// The text is sent unchanged. That is safe only if unbalanced brackets or an unclosed quote make the engine reject it;
+// otherwise it would run with the engine's own LIKE and sort order.
 void RefuseUnreadText(QStringView sql) {
     const std::vector<Token> tokens = SplitStatement(sql);
     int depth = 0;
@@ -107,7 +107,7 @@ void RefuseUnreadText(QStringView sql) {
         RefuseStatement(QStringLiteral("この SQL 文の LIKE または ORDER BY はサーバーの検索に置き換えられません。"));
 }
 
-// Engines read some comments as statements, end them elsewhere, or take "--" for two signs.
+// Some comments contain statements, servers end comments differently, or read "--" as two operators.
 void DropComments(QString& before) {
     const auto blank = [](QChar unit) {
         return unit == u' ' || unit == u'\t' || unit == u'\n' || unit == u'\r' || unit == u'\f';
@@ -138,7 +138,7 @@ AdaptedStatement Adapt(QStringView sql, const SqlDialect& engine, const TextRule
     }
     const TextNames names = server ? TextNames(tree->level, rules) : TextNames({}, {});
     AdaptedStatement adapted;
-    // Before the limit has moved to its end: rows that are still to be sorted can't be limited yet.
+    // Before TOP becomes LIMIT: rows to be sorted on the client must not be limited by the server.
     if (engine.sortsOnClient) TakeOrder(tree->level, names, adapted);
     Adapter(engine, rules, names).Adapt(tree->level, false);
     adapted.text = StatementText(*tree);

@@ -8,12 +8,12 @@
 
 namespace database {
 
-/// Rewrites SELECT, INSERT, UPDATE and DELETE, and inside them what the table tells; everything else, also what
-/// can't be read, passes character by character and is the engine's to refuse. Where LIKE and orders of text are put
-/// into a server's words, comments are left out, and what can't be put so is refused with DatabaseError
-/// kStatementFailure: the engine would compare and sort otherwise.
+/// Translates SELECT, INSERT, UPDATE and DELETE from the suite's dialect to the engine's. All other text, including
+/// text that can't be parsed, is passed unchanged for the engine to reject. For servers comments are removed, and a
+/// LIKE, an "=" or an ORDER BY over text that can't be translated throws DatabaseError kStatementFailure, since the
+/// engine would compare or sort differently. `rules`: the columns whose text comparison differs.
 AdaptedStatement Adapt(QStringView sql, const SqlDialect& engine, const TextRules& rules);
-/// The same for an engine that makes every order by itself.
+/// As Adapt, for an engine that sorts itself; returns the text only.
 QString AdaptStatement(QStringView sql, const SqlDialect& engine, const TextRules& rules);
 
 }  // namespace database

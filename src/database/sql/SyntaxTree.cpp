@@ -138,7 +138,7 @@ size_t EndOfName(const NodeList& level, size_t first) {
     return first + 1;
 }
 
-// Only the whole of a compound can be limited, which would be another result: it stays as it is.
+// In a compound LIMIT applies to the whole result, which changes the meaning, so TOP is left there.
 std::optional<Node> TakeTop(NodeList& level) {
     const auto compound = [](const Node& piece) { return IsOneOf(piece, kCompounds); };
     if (std::any_of(level.begin(), level.end(), compound)) return std::nullopt;

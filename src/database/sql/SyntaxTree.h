@@ -11,56 +11,57 @@
 namespace database {
 
 struct Node;
-/// What stands between two round brackets, or the whole statement.
+/// The contents of a pair of round brackets, or the whole statement.
 using NodeList = std::vector<Node>;
 
-/// A token, or a pair of round brackets with what is inside.
+/// A token, or a pair of round brackets with its contents.
 struct Node {
     Token token;  // of a group: the opening bracket
     bool group = false;
     NodeList inside;
-    Token close;  // of a group only
+    Token close;  // the closing bracket; of a group only
 
     bool Is(QStringView keyword) const { return !group && token.Is(keyword); }
     bool IsSign(QStringView sign) const { return !group && token.kind == TokenKind::Sign && token.text == sign; }
+    /// True for a name, quoted or not; keywords are names too.
     bool IsName() const;
 };
 
 struct SyntaxTree {
     NodeList level;
-    QString behind;  // blanks and comments behind the last token
+    QString behind;  // blanks and comments after the last token
 };
 
-/// None where the brackets don't match, a quote is open, brackets stand more than 200 deep or a second statement
-/// follows: such text goes to the engine as it is, which has its own words for it.
+/// Parses one statement. Empty if brackets don't match or are nested more than 200 deep, a quote is not closed, or a
+/// second statement follows; the caller then passes the text unchanged for the engine to report.
 std::optional<SyntaxTree> ParseStatement(QStringView sql);
 
-/// The text of the tree. Untouched, it is the statement character by character.
+/// Converts the tree to text. An unmodified tree yields the original text exactly.
 QString StatementText(const SyntaxTree& tree);
 
-/// A keyword or sign with one blank in front.
+/// A keyword or operator, preceded by a blank.
 Node MakeWord(const QString& text);
-/// Brackets around `inside`, which keeps its text; the blanks in front of it move in front of the bracket.
+/// Encloses `inside`, which must not be empty, in brackets; leading blanks move before the opening bracket.
 Node MakeGroup(NodeList inside);
-/// Name(…) around pieces first to last - 1, which stand behind the function's bracket with `collation` where one is
-/// given: two pieces in their place.
+/// Replaces nodes first to last - 1 by a call of `function` on them, which is two nodes. With `collation`, COLLATE is
+/// added to the argument.
 void WrapInFunction(NodeList& level, size_t first, size_t last, const QString& function, const QString& collation = {});
-/// COLLATE and the collation's name at a place.
+/// Inserts COLLATE and the collation's name before index `at`.
 void InsertCollation(NodeList& level, size_t at, const QString& collation);
-/// Plain name without [] or "" around it.
+/// The name without its [] or "" quotes.
 QString NameOf(const Node& piece);
 
-/// True for a name, with or without its table in front, that is one of the columns.
+/// True for a name, even one qualified by a table, that is in `columns`, ignoring case.
 bool IsColumnOf(const QStringList& columns, const Node& piece);
-/// Where the qualified name that ends at that place begins, and where the one that begins there ends (behind it).
+/// First index of the qualified name whose last node is `last`, and index after the one that begins at `first`.
 size_t BeginOfName(const NodeList& level, size_t last);
 size_t EndOfName(const NodeList& level, size_t first);
-/// Takes "TOP n" out of a SELECT that is no part of a compound, and gives n with a blank in front.
+/// Removes "TOP n" from a SELECT that is not part of a compound, and returns n, preceded by a blank.
 std::optional<Node> TakeTop(NodeList& level);
 
-/// First place at or behind `from` where one of the keywords that end a FROM clause stands, or a ";"; else the end.
+/// First index from `from` on of a keyword that ends a FROM clause, or of ";"; the level's size if there is none.
 size_t EndOfFrom(const NodeList& level, size_t from);
-/// True where a join operator begins: JOIN, or LEFT, RIGHT, INNER and so on before JOIN or OUTER.
+/// True if a join operator begins at `at`: JOIN, or LEFT, RIGHT, INNER etc. before JOIN or OUTER.
 bool StartsJoin(const NodeList& level, size_t at);
 
 }  // namespace database

@@ -31,7 +31,7 @@ bool InWord(QChar unit) {
     return c == kWord || c == kDigit || unit == u'$';
 }
 
-// The unit at a place, or NUL behind the end.
+// The code unit at an offset, or NUL past the end.
 char16_t UnitAt(QStringView sql, qsizetype at) { return at < sql.size() ? sql.utf16()[at] : u'\0'; }
 
 qsizetype SkipBlanksAndComments(QStringView sql, qsizetype at) {
@@ -53,7 +53,7 @@ qsizetype SkipBlanksAndComments(QStringView sql, qsizetype at) {
     return at;
 }
 
-// Behind the closing quote, or -1 where there is none.
+// Offset after the closing quote, or -1 if it is missing.
 qsizetype EndOfQuote(QStringView sql, qsizetype at) {
     const QChar quote = sql[at];
     for (;;) {
@@ -127,7 +127,7 @@ TokenSpan NextToken(QStringView sql, qsizetype from) {
         case kMark:
             return {TokenKind::Parameter, begin, EndOfWord(sql, begin + 1)};
         default:
-            // The engine takes a NUL for the end of the text and would never see what follows.
+            // The engine stops at a NUL and would ignore the rest.
             if (sql[begin].isNull()) return {TokenKind::Invalid, begin, sql.size()};
             return {TokenKind::Sign, begin, EndOfSign(sql, begin)};
     }

@@ -7,40 +7,40 @@
 namespace database {
 
 enum class TokenKind {
-    Word,       ///< keyword or plain name; every character beyond ASCII belongs to a word
-    Quoted,     ///< "name", a quote inside doubled
-    Bracket,    ///< [name], without any "]" inside
-    Text,       ///< 'text', a quote inside doubled
+    Word,       ///< keyword or unquoted name; all characters beyond ASCII are word characters
+    Quoted,     ///< "name" with doubled quotes inside
+    Bracket,    ///< [name] without "]" inside
+    Text,       ///< 'text' with doubled quotes inside
     Number,     ///< 12, 1.5e3, 0x1F and x'0AFF'
     Sign,       ///< one operator or punctuation mark
     Parameter,  ///< ?, ?12, :name, @name, $name
-    Invalid,    ///< from here to the end of the text nothing can be told: a quote or bracket is not closed
-    End         ///< nothing but blanks and comments is left
+    Invalid,    ///< unclosed quote or bracket; extends to the end of the text
+    End         ///< only blanks and comments are left
 };
 
 struct TokenSpan {
     TokenKind kind;
-    qsizetype begin;  ///< where the token itself begins, behind blanks and comments
+    qsizetype begin;  ///< offset of the token itself, after blanks and comments
     qsizetype end;
 };
 
-/// The token at or behind `from`. The one place that knows how a statement's text is cut.
+/// The first token at or after offset `from`. All code that tokenizes statements uses this function.
 TokenSpan NextToken(QStringView sql, qsizetype from);
 
 struct Token {
     TokenKind kind;
-    QString before;  ///< blanks and comments in front of it
+    QString before;  ///< blanks and comments before it
     QString text;
 
-    /// True for a plain word that equals `keyword`, written in capitals, without regard to case.
+    /// True for an unquoted word equal to `keyword` (in upper case), ignoring case.
     bool Is(QStringView keyword) const;
 };
 
-/// All tokens; the last one is End and carries what stands behind the last real token. The texts together are
-/// the statement again, character by character.
+/// All tokens, the last one End with the trailing blanks and comments. Concatenating `before` and `text` of all tokens
+/// yields the original statement exactly.
 std::vector<Token> SplitStatement(QStringView sql);
 
-/// True for a text with nothing in it but blanks, comments and semicolons.
+/// True if the text contains only blanks, comments and semicolons.
 bool IsEmptyStatement(QStringView sql);
 
 }  // namespace database

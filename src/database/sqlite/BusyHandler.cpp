@@ -17,10 +17,10 @@ std::chrono::microseconds NextPause() {
     return std::chrono::microseconds(std::uniform_int_distribution<int>(300, 1500)(random));
 }
 
-// The engine's own way of waiting sleeps up to 100 ms between two tries. Beside a program that writes one row after
-// the other the file is free for less than a millisecond at a time, so a sleeper can miss every gap for five seconds
-// and lose its row. Short pauses of changing length find a gap.
-// On a crowded machine the time may go by without a turn of ours, so it alone does not count.
+// SQLite's default busy handler sleeps up to 100 ms between tries. A program that writes row after row releases the
+// file for less than a millisecond at a time, so that handler can miss every gap for five seconds and fail. Short
+// random pauses find a gap. On an overloaded machine the timeout may expire while this process is not scheduled, so a
+// minimum number of tries is required as well.
 constexpr int kLeastTries = 2000;
 
 int Retry(void* waitMilliseconds, int tries) {

@@ -4,7 +4,7 @@ struct sqlite3;
 
 namespace database {
 
-/// Lets every statement on the database wait that long for the locks of other programs before it fails as busy.
+/// Sets the busy timeout: how long statements wait for locks of other programs before they fail with SQLITE_BUSY.
 void WaitForLocks(sqlite3* database, int milliseconds) noexcept;
 
 }  // namespace database

@@ -48,7 +48,7 @@ SqliteStatement InsertTarget::Prepare(const QString& sql) const {
     return SqliteStatement(raw);
 }
 
-// Most records write the same columns in the same order as the one before.
+// Fast path: most records set the same columns in the same order as the previous one.
 sqlite3_stmt* InsertTarget::StatementFor(const std::vector<WrittenField>& fields) {
     if (last_ != nullptr && SamePlaces(lastPlaces_, fields)) return last_;
     std::vector<int> places;
@@ -63,7 +63,7 @@ sqlite3_stmt* InsertTarget::StatementFor(const std::vector<WrittenField>& fields
 void InsertTarget::Insert(const std::vector<WrittenField>& fields) {
     sqlite3_stmt* statement = StatementFor(fields);
     const SqliteRun run(statement);
-    std::vector<QByteArray> values;  // they stay where they are until the run ends
+    std::vector<QByteArray> values;  // bound without a copy: must outlive the run
     values.reserve(fields.size());
     for (const WrittenField& field : fields) {
         values.push_back(field.value.toUtf8());

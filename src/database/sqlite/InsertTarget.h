@@ -10,13 +10,15 @@
 
 namespace database {
 
-/// A table that records are added to. One prepared statement stands for each set of columns that records have
-/// written so far: columns that nobody writes must not be named, or they would lose their default.
+/// A table that records are inserted into. Caches one prepared INSERT per set of columns written so far, since naming a
+/// column that was not set would override its default.
 class InsertTarget : public RecordTarget {
   public:
-    /// The table behind the columns of `query`. kNotUpdatable where they are not all columns of one table.
+    /// The table that the columns of `query` come from. Throws DatabaseError kNotUpdatable if they are not all columns
+    /// of one table.
     InsertTarget(sqlite3* database, sqlite3_stmt* query);
 
+    /// Inserts one record. Throws DatabaseError.
     void Insert(const std::vector<WrittenField>& fields);
 
   private:
@@ -26,7 +28,7 @@ class InsertTarget : public RecordTarget {
 
     sqlite3* database_;
     QString table_;
-    QList<QString> columns_;  // quoted, by place in the query
+    QList<QString> columns_;  // quoted names, by column of the query
     std::map<std::vector<int>, SqliteStatement> statements_;
     std::vector<int> lastPlaces_;
     sqlite3_stmt* last_ = nullptr;

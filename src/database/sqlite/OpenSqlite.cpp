@@ -29,7 +29,7 @@ const char* const kJetText =
 
 const QString kNotPlain = QStringLiteral("「%1」は通常のファイルではありません。");
 
-// The engine opens these beside the database, and would wait for the other end of a pipe.
+// The engine opens these files too, and would block on a pipe.
 void CheckSideFiles(const QString& path) {
     for (const char* suffix : {"-journal", "-wal", "-shm"}) {
         const QString side = path + QLatin1StringView(suffix);
@@ -54,12 +54,12 @@ void CheckFile(const QString& path) {
     if (file.size() < kSmallestPage) Refuse(QStringLiteral("データベース「%1」は途中で切れています。"), path);
 }
 
-constexpr int kStepsBetweenPolls = 20000;         // of the engine's machine, about a millisecond
-constexpr int kLongestValue = (16 << 20) + 4096;  // bytes of a text, also in the middle of an expression
+constexpr int kStepsBetweenPolls = 20000;         // in virtual machine instructions, about 1 ms
+constexpr int kLongestValue = (16 << 20) + 4096;  // bytes; also applies to intermediate results
 
 int BreakOff(void* /*unused*/) { return platform::EndRequested() ? 1 : 0; }
 
-// A view or a trigger of the file may work without an end, or build a text without one.
+// A view or trigger in the file may loop forever, or build an endless text.
 void LimitWork(sqlite3* database) {
     sqlite3_progress_handler(database, kStepsBetweenPolls, BreakOff, nullptr);
     sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
@@ -73,7 +73,7 @@ SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags,
     sqlite3_extended_result_codes(raw, 1);
     WaitForLocks(raw, lockWait);
     LimitWork(raw);
-    // A misspelled name in double quotes is an error and not a text.
+    // A misspelled name in double quotes must be an error, not a string literal.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     return database;
@@ -99,9 +99,9 @@ int ReadSchema(sqlite3* database) { return RunPlain(database, "SELECT COUNT(*) F
     }
 }
 
-// Writers wait for the disk with every statement, unless the file is scratch. A file that came here in WAL mode goes
-// back to a journal of its own, since WAL needs memory that machines on a network share don't have in common; if
-// somebody else has it open just now, the next opening tries again.
+// Each statement is flushed to disk, unless the file is scratch. A file in WAL mode is switched back to a rollback
+// journal: WAL needs shared memory, which does not work across machines on a network share. If another program has the
+// file open, the switch fails, and the next opening retries.
 void SetUpWriter(sqlite3* database, bool scratch) {
     RunPlain(database, scratch ? "PRAGMA synchronous=OFF" : "PRAGMA synchronous=FULL");
     SqliteStatement mode;
@@ -119,7 +119,7 @@ const char* const kContentInWal =
     "データベース「%1」には、まだ本体に書き込まれていない内容 (-wal) があります。"
     "書き込む権限のある利用者が一度開くと読めるようになります。";
 
-// What a killed writer left in its -wal file is brought into the file where this user may write it.
+// If the user has write permission, first checkpoints the -wal file of a crashed writer.
 SqliteDatabase OpenReader(const QString& path, int lockWait) {
     if (WalReadingOf(path) == WalReading::Refused && platform::MayWriteFile(path))
         SetUpWriter(OpenHandle(path, SQLITE_OPEN_READWRITE, lockWait).get(), false);
@@ -144,7 +144,7 @@ int LockWaitMilliseconds(int timeoutSeconds) {
 QString SqlitePath(const QString& dataSource) {
     QString path = dataSource;
     if (!QFileInfo::exists(path) && path.contains(u'\\')) path.replace(u'\\', u'/');
-    // Absolute, since the engine takes a name that begins with "file:" for an address.
+    // Absolute, since the engine would parse a name that begins with "file:" as a URI.
     return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
 }
 

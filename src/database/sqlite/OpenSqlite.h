@@ -5,21 +5,21 @@
 
 namespace database {
 
-/// Opens the file that the request's data source names; it is never created. ConnectMode::Read, and a file that
-/// this user may not write, are opened so that the engine refuses every write, and so that no file appears beside it;
-/// one that was left in WAL mode is then read without locks (see IsWithoutLocks). Header and schema are read, so that
-/// everything that is wrong with the file is told here, in Japanese: missing, a folder or another special file, empty,
-/// another format (a Jet or ACE file with the way to bring it over), damaged or cut off, locked.
+/// Opens the file of the request's data source; never creates it. With ConnectMode::Read, and if the user lacks write
+/// permission, the engine rejects all writes and creates no files next to the database; a file left in WAL mode is then
+/// read without locks (see IsWithoutLocks). Reads header and schema, and throws DatabaseError with a Japanese message
+/// if the file is missing, a folder or special file, empty, of another format (for Jet and ACE files the message says
+/// how to import them), damaged, truncated or locked.
 SqliteDatabase OpenSqliteFile(const ConnectionRequest& request);
 
-/// Lets a short writing opening roll back what a killed writer left half done, which a read-only opening can't.
-/// False where the file may not be written.
+/// Opens the file for writing for a moment, so that the engine rolls back the transaction of a crashed writer, which a
+/// read-only connection can't. False if the user lacks write permission.
 bool RollBackHotJournal(const QString& path);
 
-/// Waiting for other programs' locks: 5 s, or the time-out in seconds if that is shorter; 0 is none.
+/// Busy timeout: 5 s, or `timeoutSeconds` if that is positive and shorter.
 int LockWaitMilliseconds(int timeoutSeconds);
 
-/// The data source as a path of this platform: either separator is taken.
+/// The data source as a local path; accepts both "/" and "\" as separators.
 QString SqlitePath(const QString& dataSource);
 
 }  // namespace database

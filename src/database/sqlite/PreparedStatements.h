@@ -11,23 +11,24 @@
 
 namespace database {
 
-/// How often remembering the results of a statement has paid.
+/// Cache statistics of a statement, used to decide whether its results are worth caching.
 struct StatementUse {
     quint32 remembered = 0;
     quint32 answered = 0;
 };
 
-/// A statement ready to run, with what is known of its result.
+/// A prepared statement and metadata of its result.
 class PreparedStatement {
   public:
-    /// `text` is in the engine's own words. DatabaseError where the engine refuses it or it isn't one statement.
+    /// `text` is in the engine's syntax. Throws DatabaseError if the engine rejects it or if it is not exactly one
+    /// statement.
     PreparedStatement(sqlite3* database, const QString& text);
 
     sqlite3_stmt* Handle() const { return handle_.get(); }
-    /// Columns of the result; to be asked for behind the first step, for the engine prepares again by itself when
+    /// Columns of the result. To be called after the first step, since the engine re-prepares the statement there if
     /// the schema has changed.
     const std::shared_ptr<const ColumnSet>& Columns();
-    /// One result without rows for all times.
+    /// An empty result, shared by all runs that return no rows.
     const std::shared_ptr<ResultTable>& EmptyResult();
 
     std::shared_ptr<StatementUse> use = std::make_shared<StatementUse>();
@@ -41,13 +42,13 @@ class PreparedStatement {
     int preparations_ = 0;
 };
 
-/// The statements used last, by their text without literals.
+/// LRU cache of prepared statements, keyed by their text without literals.
 class PreparedStatements {
   public:
     static constexpr int kMost = 64;
-    static constexpr qsizetype kLongestText = 16384;  // the rare giant is not worth its memory
+    static constexpr qsizetype kLongestText = 16384;  // longer statements are rare and use too much memory
 
-    /// The statement kept under `text`, else the one that `prepare` makes. Valid until the next call.
+    /// The cached statement for `text`, or the one that `prepare` creates. Valid until the next call.
     PreparedStatement& Get(const QString& text, const std::function<PreparedStatement()>& prepare);
     void Clear();
 
@@ -56,7 +57,7 @@ class PreparedStatements {
         QString text;
         PreparedStatement statement;
     };
-    std::list<Entry> entries_;  // the one used last in front
+    std::list<Entry> entries_;  // most recently used first
     QHash<QString, std::list<Entry>::iterator> byText_;
     std::unique_ptr<PreparedStatement> giant_;
 };

@@ -14,7 +14,7 @@ QByteArrayView TextOf(sqlite3_value* value) {
 
 void DeletePattern(void* pattern) { delete static_cast<LikePattern*>(pattern); }
 
-// The character behind ESCAPE, in folded form like everything else of the pattern. False where it isn't one.
+// The ESCAPE character, folded like the rest of the pattern. False if the value is not exactly one character.
 bool ReadEscape(sqlite3_context* context, sqlite3_value* value, std::optional<char32_t>& escape) {
     FoldedReader reader(TextOf(value));
     if (!reader.AtEnd()) escape = reader.Next();
@@ -31,12 +31,12 @@ std::optional<LikePattern> CompilePattern(sqlite3_context* context, int count, s
     return pattern;
 }
 
-// X LIKE Y arrives as like(Y, X). A Null on either side, or as the escape, leaves the result Null.
+// X LIKE Y calls like(Y, X). The result is Null if any argument is Null.
 void Like(sqlite3_context* context, int count, sqlite3_value** values) {
     for (int i = 0; i < count; ++i)
         if (sqlite3_value_type(values[i]) == SQLITE_NULL) return;
-    // Where the pattern is the same for all rows the engine keeps it compiled for as long as the statement runs. An
-    // escape belongs to it but may differ from row to row, so a pattern with one is compiled each time.
+    // If the pattern is constant, the engine caches the compiled one for the duration of the statement. The cache is
+    // keyed by the pattern only, and an escape may differ per row, so patterns with ESCAPE are always compiled.
     const auto* kept = count == 2 ? static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 0)) : nullptr;
     if (kept == nullptr) {
         std::optional<LikePattern> pattern = CompilePattern(context, count, values);

@@ -7,7 +7,7 @@ namespace database {
 namespace {
 
 struct CodeNumber {
-    int code;  // primary result code
+    int code;  // basic result code
     long number;
 };
 
@@ -22,7 +22,7 @@ constexpr std::array<CodeNumber, 7> kNumbers = {{
 }};
 
 struct CodeText {
-    int code;  // primary result code
+    int code;  // basic result code
     const char* explanation;
 };
 

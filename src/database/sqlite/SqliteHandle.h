@@ -16,13 +16,13 @@ struct SqliteCloser {
 using SqliteDatabase = std::unique_ptr<sqlite3, SqliteCloser>;
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteCloser>;
 
-/// The engine's last failure on this database: its own words, and the number that the suite knows it by.
+/// The last error of this database: the engine's message and the suite's error number.
 EngineError SqliteFailure(sqlite3* database);
 
-/// Number of a DatabaseError for an (extended) result code of the engine.
+/// The DatabaseError number for a result code of the engine, basic or extended.
 long NumberOfSqliteCode(int code);
 
-/// Ends a statement's run, so that it holds no lock, at the end of a block.
+/// Resets a statement at the end of a block, which releases its locks.
 class SqliteRun {
   public:
     explicit SqliteRun(sqlite3_stmt* statement) : statement_(statement) {}
@@ -34,7 +34,7 @@ class SqliteRun {
     sqlite3_stmt* statement_;
 };
 
-/// Runs a fixed statement of ours to its end. The engine's result code.
+/// Runs a fixed statement to its end. Returns the engine's result code.
 int RunPlain(sqlite3* database, const char* sql) noexcept;
 
 }  // namespace database

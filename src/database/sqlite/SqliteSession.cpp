@@ -8,15 +8,15 @@
 namespace database {
 namespace {
 
-// The engine counts each term of a chain as one level of a tree and allows 1,000.
+// Chains are limited to 200 terms: the engine counts each term as one level of depth, and allows 1,000.
 const SqlDialect kDifferences = {
     true, true, true, 200, QString::fromLatin1(kSuiteTextCollation), QStringLiteral("NOCASE")};
 
-// A whole number in a floating-point column reads as "5" and not as "5.0".
+// 15 digits: an integer in a floating-point column reads as "5", not "5.0".
 QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
 
-// Through the value itself, which is safe since one thread alone uses a connection, and costs a third of asking the
-// statement for text and length of each column.
+// sqlite3_value is safe here, as only one thread uses a connection, and costs a third of separate calls for type, text
+// and length of each column.
 void AppendCell(ResultTable& result, sqlite3_value* value) {
     switch (sqlite3_value_type(value)) {
         case SQLITE_NULL:
@@ -38,7 +38,7 @@ std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& requ
     return std::make_unique<SqliteSession>(request);
 }
 
-// The version is taken before the opening, so that a change in between is noticed later.
+// The version is read before opening, so that a change in between is detected later.
 SqliteSession::SqliteSession(const ConnectionRequest& request)
     : request_(request),
       path_(SqlitePath(request.dataSource)),
@@ -58,7 +58,7 @@ void SqliteSession::SetUp() {
     if (AddSuiteText(database_.get()) != SQLITE_OK) throw SqliteFailure(database_.get());
 }
 
-// The engine keeps what it has read of such a file for ever.
+// The engine never re-reads a file opened as immutable.
 void SqliteSession::ReopenChangedFile() {
     if (!version_ || scope_ || FileVersionOf(path_) == *version_) return;
     statements_.Clear();
@@ -69,8 +69,8 @@ void SqliteSession::ReopenChangedFile() {
 
 SqliteSession::~SqliteSession() { EndReadScope(); }
 
-// A literal may stand where the engine takes no parameter, as the name of a table or a collation does. Then, and
-// for the wording of every failure, the statement counts as it was written.
+// A literal may be where the engine allows no parameter, such as the name of a table or a collation. Then, and for the
+// message of every error, the original text is prepared.
 PreparedStatement& SqliteSession::Prepare(const QString& sql) {
     ReopenChangedFile();
     lifted_.Lift(sql);
@@ -95,14 +95,14 @@ void SqliteSession::BindLiterals(const PreparedStatement& statement) {
         throw DatabaseError(kStatementFailure, QStringLiteral("必要なパラメーターの値が指定されていません。"));
     for (int i = 0; i < count; ++i) {
         const QByteArrayView value = lifted_.Literal(static_cast<size_t>(i));
-        // The values stay where they are until the next statement, and the run ends before that.
+        // No copy: lifted_ is unchanged until the next statement, and this run ends before that.
         const int code =
             sqlite3_bind_text(statement.Handle(), i + 1, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
         if (code != SQLITE_OK) throw SqliteFailure(database_.get());
     }
 }
 
-// A writer that was killed meanwhile leaves a journal that a reader can't roll back.
+// If a writer crashed since the opening, a read-only connection can't roll back its journal.
 int SqliteSession::FirstStep(PreparedStatement& statement) {
     int code = sqlite3_step(statement.Handle());
     if (code == SQLITE_READONLY_ROLLBACK && !scope_) {
@@ -138,7 +138,7 @@ std::shared_ptr<ResultTable> SqliteSession::Query(const QString& sql) {
     return result;
 }
 
-// Inside the scope's transaction the write would not be there for others before the scope ends.
+// Inside the scope's transaction the write would be invisible to others until the scope ends.
 void SqliteSession::Execute(const QString& sql) {
     EndReadScope();
     PreparedStatement& statement = Prepare(sql);
@@ -149,8 +149,8 @@ void SqliteSession::Execute(const QString& sql) {
     if (code != SQLITE_DONE) throw SqliteFailure(database_.get());
 }
 
-// A transaction that begins by reading is refused at its first write, without any waiting, when another program has
-// written meanwhile.
+// A transaction that begins with a read fails at its first write, without waiting, if another program has written
+// since.
 void SqliteSession::BeginTransaction() { Execute(QStringLiteral("BEGIN IMMEDIATE")); }
 
 void SqliteSession::RollBackTransaction() {
@@ -169,7 +169,7 @@ void SqliteSession::Insert(RecordTarget& target, const std::vector<WrittenField>
     static_cast<InsertTarget&>(target).Insert(fields);
 }
 
-// The engine fixes its snapshot with the first read and not with BEGIN.
+// The first read, not BEGIN, takes the snapshot.
 bool SqliteSession::BeginReadScope() noexcept {
     if (scope_ || sqlite3_get_autocommit(database_.get()) == 0) return false;
     try {
@@ -191,7 +191,8 @@ void SqliteSession::EndReadScope() noexcept {
     LeaveTransaction();
 }
 
-// One that stayed, for want of memory to end it, would lock everybody out for as long as this program runs.
+// If the transaction stayed open, for lack of memory to end it, it would lock out all others as long as this process
+// runs.
 bool SqliteSession::LeaveTransaction() noexcept {
     constexpr int kTries = 3;
     for (int i = 0; i < kTries && sqlite3_get_autocommit(database_.get()) == 0; ++i)

@@ -11,12 +11,12 @@
 
 namespace database {
 
-/// A database file of the suite, opened by the desktop engine of this platform.
+/// Session on a database file of the suite.
 class SqliteSession : public DatabaseSession {
   public:
     /// Throws what OpenSqliteFile throws.
     explicit SqliteSession(const ConnectionRequest& request);
-    /// Over a database that the caller has opened, mostly one in memory.
+    /// Takes over a database opened by the caller, usually in memory.
     SqliteSession(SqliteDatabase database, const TextRules& rules);
     ~SqliteSession() override;
 
@@ -50,6 +50,7 @@ class SqliteSession : public DatabaseSession {
     bool scope_ = false;
 };
 
+/// Throws what the constructor throws.
 std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request);
 
 }  // namespace database

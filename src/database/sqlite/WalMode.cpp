@@ -11,7 +11,7 @@
 namespace database {
 namespace {
 
-constexpr qsizetype kReadVersionPlace = 19;  // in the file's header
+constexpr qsizetype kReadVersionPlace = 19;  // offset in the file's header
 constexpr char kWalVersion = 2;
 
 bool IsInWalMode(const QString& path) {

@@ -7,20 +7,20 @@
 
 namespace database {
 
-/// How a reader opens a file. An ordinary reader of a file in WAL mode makes a -shm and a -wal file beside it.
+/// How a reader opens a file. Normal readers of a file in WAL mode create a -shm and a -wal file.
 enum class WalReading {
-    Ordinary,      ///< the file is not in WAL mode, or the side files are there and in use
-    WithoutLocks,  ///< in WAL mode, and everything is in the file itself: read it as one that does not change
-    Refused        ///< in WAL mode with content in the -wal file that only a writer can bring into the file
+    Ordinary,      ///< not in WAL mode, or -shm and -wal exist and are in use
+    WithoutLocks,  ///< in WAL mode with an empty -wal: open as immutable
+    Refused        ///< in WAL mode, but the -wal has content that only a writer can checkpoint
 };
 WalReading WalReadingOf(const QString& path);
 
-/// Name for the engine (an URI) that opens the file without locks and without a file beside it.
+/// URI for the engine that opens the file as immutable: without locks and without additional files.
 QByteArray NameWithoutLocks(const QString& path);
-/// True for a database that was opened under such a name: the engine does not notice what others write.
+/// True if the database was opened with such a URI. The engine then does not notice changes by other programs.
 bool IsWithoutLocks(sqlite3* database);
 
-/// Changes whenever the file is written or replaced.
+/// Changes when the file is written or replaced.
 struct FileVersion {
     quint64 inode = 0;
     qint64 size = 0, seconds = 0, nanoseconds = 0;
