@@ -24,7 +24,7 @@ bool AtomicFile::Open() {
 }
 
 bool AtomicFile::Commit() {
-    // commit() empties the buffer without looking at what comes of it, and waits for the disk in the same way.
+    // QSaveFile::commit() ignores errors when it flushes its buffer and syncs.
     if (!file_.flush()) return false;
     if (!SyncFile(file_.handle())) return Fail(u"ディスクに書き込めません。"_s);
     const QString folder = QFileInfo(file_.fileName()).path();

@@ -6,29 +6,32 @@
 
 namespace platform {
 
-/// A file that replaces another in one step, and only when every byte of it is on the disk: on a full disk, and for
-/// readers meanwhile, the file of that name stays as it was. Whatever replaces a file uses this, except what has to
-/// keep the file itself (OutputFile).
+/// Writes a temporary file and renames it over the target in Commit, after fsync. Until then, and when any step fails
+/// (full disk), the old file stays as it was, also for concurrent readers. Use this for every replacement of a file,
+/// unless the file itself must be kept (owner, hard links): then OutputFile.
 class AtomicFile {
   public:
-    /// A link at the path: replace the file that it points at, or fail.
+    /// What to do when the path is a symbolic link: replace the file that it points at, or fail in Open.
     enum class Links { Follow, Refuse };
 
     explicit AtomicFile(const QString& path, Links links = Links::Follow);
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
-    // Each step is False when it fails; without Commit nothing is replaced.
+    // All steps return false on failure; ErrorText has the reason. Without Commit nothing is replaced.
 
-    /// False also where the path is a folder, a pipe or a device: replacing would destroy it.
+    /// Creates the temporary file. False also when the path is a folder, a pipe or a device: renaming over it would
+    /// destroy it.
     bool Open();
-    /// For writers that need a device. It is buffered, so that what can't be written may show at Commit only.
+    /// For writers that need a device. It is buffered: a write error may be reported by Commit only.
     QIODevice& Device() { return file_; }
+    /// Appends raw bytes.
     bool Write(QByteArrayView bytes) { return file_.write(bytes.data(), bytes.size()) == bytes.size(); }
     bool SetPermissions(QFileDevice::Permissions permissions) { return file_.setPermissions(permissions); }
+    /// Flushes, waits for the disk and renames.
     bool Commit();
 
-    /// Why a step failed, in words of the system.
+    /// Why the last step failed, for a message: the system's text or a Japanese sentence.
     QString ErrorText() const { return error_.isEmpty() ? file_.errorString() : error_; }
 
   private:
@@ -39,9 +42,10 @@ class AtomicFile {
     QString error_;
 };
 
-/// The whole content in one call. False, with the reason in `error`, when it was not replaced.
+/// Replaces the file at `path` by `content`. On failure false, with the reason in `error`; the old file is unchanged.
 bool ReplaceFile(const QString& path, QByteArrayView content, QString& error);
-/// The bytes of a plain file, under new permissions where some are named. False when the target was not replaced.
+/// Copies the bytes of a plain file into `target` (not opened yet) and commits it, with `permissions` unless empty.
+/// False when the source is no plain file or a step fails; the target file is unchanged.
 bool ReplaceByCopy(const QString& source, AtomicFile& target, QFileDevice::Permissions permissions = {});
 
 }  // namespace platform

@@ -6,17 +6,18 @@
 
 namespace platform {
 
-/// The time of day and its passing, so that a test can stand still.
+/// Time of day and monotonic time; tests replace it by a fake.
 class Clock {
   public:
     virtual ~Clock() = default;
+    /// Local time.
     virtual QDateTime Now() const = 0;
-    /// Time since some moment of the past. It never jumps, whatever the time of day does.
+    /// Monotonic time since an unspecified start. Not affected by changes of the system clock.
     virtual std::chrono::milliseconds Elapsed() const {
         return std::chrono::duration_cast<std::chrono::milliseconds>(
             std::chrono::steady_clock::now().time_since_epoch());
     }
-    /// Stands still without letting events through.
+    /// Blocks the thread without processing events.
     virtual void Sleep(int milliseconds) const = 0;
 };
 

@@ -9,11 +9,10 @@
 #include <atomic>
 #include <cstdlib>
 
-// The toolkit reads what the X server sends in a thread of its own and keeps it until the program processes events,
-// which it must not do inside a statement: handlers would run there. A second connection is never told of a close box,
-// and the toolkit's queue is private. So the two procedures of libxcb through which that thread reads are wrapped: the
-// definitions below come before those of the library in the order of the linker, look at each report on its way and
-// pass it on.
+// Qt reads X events in a separate thread and queues them until the program processes events. That must not happen while
+// a statement runs, because handlers would run inside it. A second X connection does not receive WM_DELETE_WINDOW, and
+// Qt's queue is private. Therefore the two libxcb functions called by that thread are interposed: the definitions below
+// precede the library's in symbol lookup, inspect each event and pass it on.
 
 namespace {
 
@@ -29,7 +28,7 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
     return atom;
 }
 
-/// The window whose close box the report is about; none for any other report.
+/// The window that a WM_DELETE_WINDOW message is for; none for any other event.
 xcb_window_t WindowToClose(const xcb_generic_event_t* event) {
     constexpr unsigned kSentByAnotherProgram = 0x80;
     if (event == nullptr || (event->response_type & ~kSentByAnotherProgram) != XCB_CLIENT_MESSAGE)
@@ -45,7 +44,7 @@ xcb_generic_event_t* Noted(xcb_generic_event_t* event) {
     return event;
 }
 
-/// Takes the note back when the toolkit comes to the report.
+/// Clears the pending window when Qt dispatches the event.
 class CloseBoxFilter : public QAbstractNativeEventFilter {
   public:
     bool nativeEventFilter(const QByteArray& type, void* event, qintptr* /*result*/) override {
@@ -77,7 +76,7 @@ xcb_generic_event_t* xcb_poll_for_queued_event(xcb_connection_t* connection) {
 namespace platform {
 
 void WatchCloseBoxes() {
-    // Other platforms of the toolkit answer to this interface, too.
+    // Other platform plugins provide this interface, too.
     if (QGuiApplication::platformName() != QStringLiteral("xcb")) return;
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr || x11->connection() == nullptr) return;

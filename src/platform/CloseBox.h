@@ -4,13 +4,14 @@
 
 namespace platform {
 
-/// Lets PendingCloseBox know of the presses on close boxes of this program's windows. On X11 alone; elsewhere none is
-/// ever pending. Needs the application object; to be called once.
+/// Starts recording clicks on the close box of this program's windows, for PendingCloseBox. X11 only; on other
+/// platforms none is ever pending. Needs the application object; call once.
 void WatchCloseBoxes();
 
-/// Native id of the window whose close box was pressed last, from the moment at which the window system reports it
-/// until the toolkit turns the report into an event; 0 where there is none. From any thread.
+/// Native id of the window whose close box was clicked last, from when the X server reports it until Qt turns it into a
+/// close event; 0 if none. Thread-safe.
 quintptr PendingCloseBox();
+/// Clears PendingCloseBox.
 void ForgetCloseBox();
 
 }  // namespace platform

@@ -4,11 +4,10 @@
 
 namespace platform {
 
-/// Waits until what was written to an open file is on the disk. False when it does not get there; that is the only
-/// sign of a full disk on file systems that reserve their blocks late. A file system that can't wait for the disk is
-/// no failure.
+/// fsync on an open file. False on failure; on file systems with delayed allocation this is the only report of a full
+/// disk. A file system without fsync counts as success.
 bool SyncFile(int descriptor);
-/// The same for the names in a folder: a file that was made or renamed there keeps its name after a power failure.
+/// fsync on a folder, so that files created or renamed in it keep their names after a power failure. False on failure.
 bool SyncFolder(const QString& folder);
 
 }  // namespace platform

@@ -25,7 +25,7 @@ std::function<void()>& Handler() {
     return handler;
 }
 
-/// The window whose close box was pressed; none where it has no close box or a modal window keeps input from it.
+/// The window whose close box was clicked; null if it has no close box or a modal window blocks its input.
 QWindow* ClosingWindow() {
     const quintptr id = PendingCloseBox();
     if (id == 0) return nullptr;

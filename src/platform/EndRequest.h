@@ -4,24 +4,24 @@
 
 namespace platform {
 
-/// Asks the process to end. Safe inside a signal handler.
+/// Requests the end of the process. Async-signal-safe.
 void RequestEnd() noexcept;
 
-/// True from the request to end the process, or from a press on the close box of a window that takes input, until the
-/// program has acted on it. While a statement runs no event is processed, so what waits for an engine asks here and
-/// breaks off. While the program ends it is False for the first five seconds, since the last rows have to be written,
-/// and True afterwards. From any thread, where the main thread waits.
+/// True from a termination request, or a click on the close box of a window that accepts input, until the program has
+/// handled it. No events are processed while a statement runs, so waits for the database poll this and abort. While an
+/// Ending exists it is false for the first five seconds, so that the last rows can be written, and true afterwards.
+/// Callable from any thread while the main thread is blocked.
 bool EndRequested();
 
-/// What the program does when a signal asks it to end.
+/// Sets the handler for a termination signal.
 void SetEndHandler(std::function<void()> handler);
 
-/// Acts on the request that EndRequested reports: runs the handler, or closes the window whose close box was pressed
-/// unless it is modal; such a window gets its ordinary event later. Mostly it does not return. Does nothing while the
-/// program is ending already. For the main thread, where a wait has been broken off.
+/// Handles the request that EndRequested reports: runs the handler, or closes the window whose close box was clicked. A
+/// modal window is not closed here; it gets its normal close event later. Usually does not return. No effect while the
+/// program is already ending. Main thread only, after a wait has been aborted.
 void CarryOutEndRequest();
 
-/// While it lives the program is ending.
+/// Marks the program as ending for its lifetime; may be nested.
 class Ending {
   public:
     Ending();

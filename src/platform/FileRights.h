@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// Owner, group and mode of a plain file or folder, in the system's numbers.
+/// Owner, group and mode of a plain file or folder, as numeric ids and st_mode bits.
 struct FileRights {
     unsigned owner = 0;
     unsigned group = 0;
@@ -13,29 +13,29 @@ struct FileRights {
     bool folder = false;
 };
 
-inline constexpr unsigned kSetGroupId = 02000;  ///< of a folder: what is made in it takes over its group
+inline constexpr unsigned kSetGroupId = 02000;  ///< setgid on a folder: new entries inherit its group
 
-/// Rights of the entry itself: a link is not followed. Nothing for a missing entry, a link, and anything that is
-/// neither file nor folder.
+/// Rights of the entry itself; symbolic links are not followed. nullopt for a missing entry, a link, or anything that
+/// is neither file nor folder.
 std::optional<FileRights> RightsOf(const QString& path);
 
-/// Gives a plain file or folder this group and mode. False if the system refuses, and for a link or a file with a
-/// second name: either may have been made by another user to have a file elsewhere opened up.
+/// Sets group and mode of a plain file or folder. False on a system error, and for a symbolic link or a file with
+/// further hard links: another user may have created either to get the rights of a different file changed.
 bool SetRights(const QString& path, unsigned group, unsigned mode);
 
-/// In a folder with the setgid bit, gives a file the folder's group and its read and write bits for owner and group,
-/// whatever the umask. Elsewhere the file stays as it is. False if the system refuses.
+/// If `folder` has the setgid bit, sets the group of `file` to the folder's and copies the folder's owner and group
+/// read/write bits, regardless of the umask. Otherwise no change and true. False on a system error.
 bool ShareWithFolder(const QString& file, const QString& folder);
 
-/// User and default group of what this process makes.
+/// Effective user and group id of this process.
 unsigned OwnUserId();
 unsigned OwnGroupId();
-/// Whether the user may give own files this group: as a member or as the superuser.
+/// Whether the user may chgrp own files to this group: a member, or the superuser.
 bool MayGiveGroup(unsigned user, unsigned group);
-/// The group that files of the user get by default; nothing for a user without a name.
+/// The user's primary group; nullopt for a uid without a passwd entry.
 std::optional<unsigned> PrimaryGroupOf(unsigned user);
 
-/// Name of a user or group, its number if it has none.
+/// Name of a user or group; the number as text if it has no name.
 QString UserName(unsigned user);
 QString GroupName(unsigned group);
 

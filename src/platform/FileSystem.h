@@ -7,32 +7,32 @@
 
 namespace platform {
 
-/// Separator of folders on this platform, as it stands between the parts of every path the program builds.
+/// Path separator of this platform.
 inline const QString kPathSeparator = QStringLiteral("/");
 
-/// A path that somebody else wrote down, with the separators of this platform. What exists as it is written is taken
-/// as it is written.
+/// Converts "\" in a path from configuration or user input to this platform's separator. A path that exists as written
+/// is returned unchanged.
 QString NativePath(const QString& path);
 
-/// The few things that the program asks of files by name.
+/// File operations by path; tests replace it by a fake.
 class FileSystem {
   public:
     virtual ~FileSystem() = default;
-    /// True for an existing file that is not a folder.
+    /// True for an existing entry that is not a folder.
     virtual bool FileExists(const QString& path) const = 0;
-    /// Copies a plain file over the one at the target, if any. False, with the target as it was, also where the target
-    /// is a link, a folder or a device; no message.
+    /// Copies a plain file and replaces the target, if any. On failure false, and the target is unchanged; fails also
+    /// if the target is a symbolic link, a folder or a device. Shows no message.
     virtual bool CopyFile(const QString& source, const QString& target) const = 0;
-    /// True when it is gone, also where there was none.
+    /// True if the file does not exist afterwards.
     virtual bool RemoveFile(const QString& path) const = 0;
     virtual bool FolderExists(const QString& path) const = 0;
-    /// Makes one folder in a folder that exists. RuntimeError with what stood in the way.
+    /// Creates one folder; the parent must exist. Throws RuntimeError (58, 61, 70, 75 or 76) with the cause.
     virtual void CreateFolder(const QString& path) const = 0;
-    /// Opens a file for output, for this program alone, and empties it; makes it where it is missing. Nothing where
-    /// that fails or somebody else holds a lock on it; an existing file is then left as it is.
+    /// Opens a file for writing under an exclusive lock and truncates it; creates it if missing. Null on failure or if
+    /// another process has a lock; an existing file is then unchanged.
     virtual std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const = 0;
-    /// Makes an empty file whose existence says something; only its user may open it. True also when this user has made
-    /// it before. False for anything else of that name, a link included: nothing is opened or emptied.
+    /// Creates an empty marker file with mode 0600. True also if this user created it before. False for any other entry
+    /// of that name, including a symbolic link; nothing is opened or truncated.
     virtual bool CreateMark(const QString& path) const = 0;
 };
 

@@ -4,8 +4,8 @@
 
 namespace platform {
 
-/// True for what keyboard, mouse, touch screen, pen and input method do to a window or widget. What merely leaves a
-/// widget, and the close box of a window, are none of them.
+/// True for events caused by keyboard, mouse, touch, pen or input method. Leave events and the close event do not
+/// count.
 bool IsInput(QEvent::Type type);
 
 }  // namespace platform

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// True for the first bytes (at least 19) of a database file of the formats Jet 3, Jet 4 or ACE.
+/// True if the bytes (at least the first 19 of the file) are the header of a Jet 3, Jet 4 or ACE database.
 inline bool IsJetHeader(QByteArrayView header) {
     if (header.size() < 19) return false;
     const QByteArrayView mark = header.sliced(4, 15);

@@ -10,12 +10,11 @@ struct ProcessLimits {
     int cpuSeconds = 60;
     qint64 memoryBytes =
         qint64{1} << 30;            ///< address space; not applied under AddressSanitizer, which reserves terabytes
-    int waitMilliseconds = 60'000;  ///< all waiting for output of the process taken together
+    int waitMilliseconds = 60'000;  ///< total time spent waiting for output of the process
 };
 
-/// A child process that is not trusted: it has limits of processor time and memory, no descriptor of this process but
-/// its three standard streams, writes no core dump, and is killed with the object or with this process. Its standard
-/// error output is discarded.
+/// An untrusted child process: limited CPU time and memory, no inherited descriptors except its standard streams, no
+/// core dump. Killed when the object is destroyed or this process dies. Its standard error is discarded.
 class LimitedProcess {
   public:
     LimitedProcess(const QString& program, const QStringList& arguments, const ProcessLimits& limits);
@@ -23,13 +22,13 @@ class LimitedProcess {
     LimitedProcess(const LimitedProcess&) = delete;
     LimitedProcess& operator=(const LimitedProcess&) = delete;
 
-    /// False when the program could not be run.
+    /// False if the program could not be started.
     bool Started() const { return started_; }
-    /// True when the process was ended because it ran or was silent for too long.
+    /// True if the process was killed because it exceeded the CPU limit or the time to wait for output.
     bool TimedOut();
-    /// Bytes for its standard input. A process that has ended takes none, which the next Read shows.
+    /// Writes to its standard input. Errors are ignored: if the process has ended, the next Read returns too few bytes.
     void Write(const QByteArray& bytes);
-    /// The next `count` bytes of its standard output; fewer only when it has ended or was killed at a limit.
+    /// Blocks for the next `count` bytes of its standard output. Fewer only if it has ended or was killed at a limit.
     QByteArray Read(qsizetype count);
 
   private:

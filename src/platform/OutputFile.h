@@ -7,20 +7,20 @@
 
 namespace platform {
 
-/// A file that is written from its beginning to its end, in its place: no second file, no renaming, so that rights,
-/// owner and links of an existing one stay. Nobody else who asks for a lock gets one meanwhile.
+/// A file written sequentially in place, without a temporary file and rename, so that owner, mode and links of an
+/// existing file are kept. Locked exclusively while open.
 class OutputFile {
   public:
-    /// Null where the file can't be opened for writing, or another program holds a lock on it; an existing file is
-    /// then left as it is. Otherwise it is empty.
+    /// Opens and truncates the file. Null if it can't be opened for writing or another process has a lock on it; an
+    /// existing file is then unchanged.
     static std::unique_ptr<OutputFile> Open(const QString& path);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Bytes go out in large pieces, so a full disk may show only later. RuntimeError.
+    /// Buffered: a full disk may be reported by a later call. Throws RuntimeError.
     void Write(QByteArrayView bytes);
-    /// Writes out what is left and closes the file. RuntimeError; a file that could not take the rest stays open.
+    /// Writes the rest of the buffer and closes. Throws RuntimeError; if the write failed, the file stays open.
     void Close();
 
   private:
@@ -31,8 +31,8 @@ class OutputFile {
     QByteArray pending_;
 };
 
-/// Past a limit of the file size the system ends a program by a signal. From now on the write fails instead, as on a
-/// full disk.
+/// By default SIGXFSZ kills a process that exceeds its file size limit. After this call the write fails instead, like
+/// on a full disk.
 void LetWritesPastALimitFail();
 
 }  // namespace platform

@@ -4,15 +4,15 @@
 
 namespace platform {
 
-/// Turns a stored PIN into clear text. How PINs are stored is a matter of the installation.
+/// Decrypts stored PINs. How they are stored depends on the installation.
 class PinCipherObject {
   public:
     virtual ~PinCipherObject() = default;
-    /// The clear text of a stored PIN; empty when it cannot be read.
+    /// The PIN in clear text; empty if it can't be decrypted.
     virtual QString ClearText(const QString& stored) = 0;
 };
 
-/// For installations whose PINs are stored as they are typed.
+/// For installations that store PINs in clear text.
 class UnsealedPins : public PinCipherObject {
   public:
     QString ClearText(const QString& stored) override { return stored; }

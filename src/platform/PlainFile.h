@@ -6,31 +6,31 @@
 
 namespace platform {
 
-/// Result of reading a file that must be a plain one.
+/// Result of reading a path that must be a regular file.
 enum class FileRead {
     Done,
     Missing,
-    Denied,    ///< the user may not read it, or a folder on the way to it can't be entered
-    NotPlain,  ///< a folder, pipe, socket or device; it is not read, and nothing waits for what it might deliver
-    TooLarge,  ///< longer than the limit; it is not read
-    Failed,    ///< the disk failed while it was read
+    Denied,    ///< no read permission, or no search permission on a parent folder
+    NotPlain,  ///< a folder, pipe, socket or device; never read, so the call does not block
+    TooLarge,  ///< larger than the limit; not read
+    Failed,    ///< read error
 };
 
-/// Opens the file for reading; `more` is added to the mode. Symbolic links are followed. Never waits: a pipe without a
-/// writer or a device would block an ordinary opening.
+/// Opens the file for reading; `more` is added to the open mode. Follows symbolic links. Never blocks, unlike a plain
+/// open of a pipe without a writer or of a device.
 FileRead OpenPlainFile(const QString& path, QFile& file, QIODevice::OpenMode more = {});
-/// The same for a file that has its name. True if it is open.
+/// The same for a QFile with its file name set. True if it is open.
 inline bool OpenPlainFile(QFile& file, QIODevice::OpenMode more = {}) {
     return OpenPlainFile(file.fileName(), file, more) == FileRead::Done;
 }
-/// The whole content, up to `limit` bytes.
+/// Reads the whole file of at most `limit` bytes. `content` is changed on Done only.
 FileRead ReadPlainFile(const QString& path, qint64 limit, QByteArray& content);
-/// True when both are plain files with the same bytes.
+/// True if both are regular files with equal bytes.
 bool SameContent(const QString& one, const QString& other);
 
-/// True where something exists at `path` that is no plain file: a folder, a pipe, a socket or a device.
+/// True if something other than a regular file exists at `path`: a folder, pipe, socket or device.
 bool IsSpecialFile(const QString& path);
-/// True where this process may write the file, by its effective rights.
+/// True if the process may write the file (effective ids).
 bool MayWriteFile(const QString& path);
 
 }  // namespace platform

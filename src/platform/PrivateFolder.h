@@ -8,14 +8,14 @@
 
 namespace platform {
 
-/// Makes a folder safe for the user who runs this: only that user may enter it from now on, and it is no link and
-/// belongs to that user, and everything in it is a plain file or folder of that user or of the administrator. What
-/// another user has placed there could lead writes into any file of this user. A missing folder is no failure.
-/// RuntimeError, one sentence for each thing found; nothing of it is opened or removed.
+/// Makes a folder safe for the current user. Sets mode 0700 on it and on own folders inside, then checks that it is a
+/// real folder owned by the user and contains only plain files and folders of the user or of root. Another user's link
+/// in it could redirect our writes. A missing folder is fine. Throws RuntimeError with one line for each problem;
+/// nothing is opened or removed.
 void ClaimPrivateFolder(const QString& folder);
 
-/// The same things as sentences, without changing anything; `owner` is the user that the folder is for, none where the
-/// machine does not know that user and owners can't be judged.
+/// The same checks without any change; one sentence for each problem. `owner` is the user that the folder is for;
+/// nullopt (no such user on this machine) skips the checks of ownership.
 QStringList PrivateFolderFaults(const QString& folder, std::optional<uid_t> owner);
 
 }  // namespace platform

@@ -7,34 +7,35 @@
 
 namespace platform {
 
-/// Processes, this one included.
+/// Processes, including this one; tests replace it by a fake.
 class ProcessService {
   public:
     virtual ~ProcessService() = default;
 
-    /// Leaves the process at once, out of whatever loop or modal window it stands in. Only a test's stand-in
-    /// returns, so callers must have nothing left to do.
+    /// Terminates immediately, from any nested event loop. Only a test's fake returns, so callers must have nothing
+    /// left to do.
     virtual void EndProcess(int exitCode) = 0;
-    /// Starts a program of the suite with a normal window; it outlives this one. A path ending in ".exe" that is not
-    /// there stands for the same path without. `arguments` is one text, the tail of the command line with its blanks.
-    /// Throws RuntimeError kFileNotFound when it cannot be started.
+    /// Starts a program of the suite with a normal window; it outlives this process. If `path` ends in ".exe" and does
+    /// not exist, the path without the suffix is used. `arguments` is passed as one argument, blanks included. Throws
+    /// RuntimeError kFileNotFound if it can't be started.
     virtual void StartProgram(const QString& path, const QString& arguments) = 0;
-    /// Opens a document with the program that the desktop has for it. False when there is none; never a message.
+    /// Opens a document with the desktop's default program. False if there is none; shows no message.
     virtual bool OpenDocument(const QString& path, const QString& workingFolder) = 0;
 
-    /// Starts a program that puts up no window before it is asked to, and gives its process id. The path is taken like
-    /// that of StartProgram, with either separator; each argument arrives as one, blanks included. Throws RuntimeError
-    /// kFileNotFound when it cannot be started.
+    /// Starts a program that shows no window until it is asked to, and returns its process id. The path is resolved
+    /// like that of StartProgram; each argument is passed as one, blanks included. Throws RuntimeError kFileNotFound if
+    /// it can't be started.
     virtual quint32 StartHidden(const QString& path, const QStringList& arguments) = 0;
-    /// A handle on a running process; 0 when there is none of that id. `access` is what the handle is good for on
-    /// systems that ask.
+    /// Opens a handle for a running process; 0 if there is no such process. Close it with CloseHandle. `access` and
+    /// `inherit` have no effect on this platform.
     virtual quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) = 0;
-    /// kStillActive, or what the ended process left. False, and `code` untouched, for anything that is no handle: a
-    /// process id is none.
+    /// Sets `code` to kStillActive or to the exit code. False, with `code` unchanged, for an invalid handle; a process
+    /// id is not a handle.
     virtual bool GetExitCodeProcess(quint32 handle, quint32& code) = 0;
-    /// Ends the process at once; it has no say in it, and on this platform none in the exit code either. Returns when
-    /// it is gone. False for anything that is no handle.
+    /// Kills the process and waits until it has ended. `exitCode` is ignored on this platform. False for an invalid
+    /// handle.
     virtual bool TerminateProcess(quint32 handle, quint32 exitCode) = 0;
+    /// False for an invalid handle.
     virtual bool CloseHandle(quint32 handle) = 0;
 
     static constexpr quint32 kStillActive = 259;

@@ -5,36 +5,40 @@
 
 namespace platform {
 
-/// A running report host that has a forms file open. All members return when the host has done what they ask, and throw
-/// RuntimeError with the host's own description otherwise. Meanwhile nothing reaches the program but what ends it.
+/// Connection to a running report host that has a template file open. All calls block until the host has replied and
+/// throw RuntimeError: with the host's number and description, or kHostGone if it ends or sends an invalid reply. While
+/// blocked, only a request to end the program is handled.
 class ReportHost {
   public:
     virtual ~ReportHost() = default;
-    /// View kPrintReport returns when the print has been handed over; kPreviewReport when it stands on the screen.
+    /// `view`: kPrintReport returns when the job has been handed over to the printer or folder, kPreviewReport when the
+    /// window is shown.
     virtual void OpenReport(const QString& report, int view) = 0;
-    /// Makes the window of the report opened last as large as the screen.
+    /// Maximises the preview window that was opened last.
     virtual void Maximize() = 0;
+    /// Ends the host with its windows.
     virtual void Quit() = 0;
 };
 
 inline constexpr int kPrintReport = 0;
 inline constexpr int kPreviewReport = 2;
 
-/// The way to running report hosts.
+/// Connects to running report hosts.
 class ReportHostLink {
   public:
     virtual ~ReportHostLink() = default;
-    /// The host that was started last on the forms file. One try: RuntimeError kHostNotFound when there is none now.
+    /// Connects to the host that was started last on this template file (path). A single attempt: throws RuntimeError
+    /// kHostNotFound if none is listening now.
     virtual std::unique_ptr<ReportHost> Bind(const QString& formsFile) = 0;
 };
 
 inline constexpr long kHostNotFound = 432;
 inline constexpr long kHostGone = 462;
 
-/// Hosts reached by a socket whose name comes from the forms file.
+/// Connects over a local socket whose name is derived from the path of the template file.
 class LocalReportHostLink : public ReportHostLink {
   public:
-    /// `patience`: milliseconds that a host which listens already has to answer the bind.
+    /// Takes the timeout in milliseconds for the reply to the bind request.
     explicit LocalReportHostLink(int patience = 10000) : timeout_(patience) {}
     std::unique_ptr<ReportHost> Bind(const QString& formsFile) override;
 

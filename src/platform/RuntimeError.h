@@ -5,17 +5,17 @@
 
 namespace platform {
 
-/// Base of all errors that a user may see. One that is not caught on the way propagates to the event that started the
-/// work and is shown there once, as a plain message box with the description.
+/// Base class of all errors that a user may see. One that is not caught propagates to the event handler at the top,
+/// which shows the description once in a message box.
 class RuntimeError : public std::exception {
   public:
     RuntimeError(long number, QString description);
 
-    /// Number of the failure, as it stands in messages and history rows.
+    /// Error number, as used in messages and history rows.
     long Number() const { return number_; }
-    /// Text for people; may be Japanese or the engine's own words.
+    /// Description for the user: Japanese, or the text of the database engine.
     const QString& Description() const { return description_; }
-    /// What a message box or the tool shows: the description, with a Japanese explanation if it is in other words.
+    /// Text for a message box or the console: the description, with a Japanese explanation if it is not Japanese.
     virtual QString TextForPeople() const { return description_; }
     /// "number description" in UTF-8, for logs and debuggers.
     const char* what() const noexcept override { return what_.constData(); }
@@ -26,7 +26,7 @@ class RuntimeError : public std::exception {
     QByteArray what_;
 };
 
-/// RuntimeError::TextForPeople of any exception. One of the run-time library gets a Japanese explanation, too.
+/// RuntimeError::TextForPeople for any exception. Exceptions of the standard library get a Japanese explanation.
 QString TextForPeople(const std::exception& error);
 
 inline constexpr long kFileNotFound = 53;

@@ -6,22 +6,23 @@
 
 namespace platform {
 
-/// A hidden folder for unfinished work, which only its user can open. It is removed with its contents when the object
-/// goes. A process that is killed leaves it, but not the lock on a file inside: that distinguishes such a leftover from
-/// the folder of a running process.
+/// A hidden temporary folder with mode 0700. The destructor removes it with its contents. A killed process leaves the
+/// folder, but not its lock on a file inside; this distinguishes leftovers from folders in use.
 class ScratchFolder {
   public:
-    /// Makes `parent`/`prefix` with six random characters. `note` is kept inside for the process that finds a leftover.
+    /// Creates `parent`/`prefix` plus six random characters. `note` is stored inside for whichever process finds a
+    /// leftover.
     ScratchFolder(const QString& parent, const QString& prefix, const QByteArray& note = {});
     ~ScratchFolder();
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-    /// False if it could not be made; Error() then has the system's words.
+    /// False if it could not be created; see Error.
     bool IsValid() const { return lock_ >= 0; }
+    /// The system's error text.
     QString Error() const { return error_; }
     QString FilePath(const QString& name) const { return path_ + u'/' + name; }
-    /// The folder stays when the object goes.
+    /// Prevents the removal by the destructor.
     void Keep() { keep_ = true; }
 
   private:
@@ -32,21 +33,21 @@ class ScratchFolder {
     bool keep_ = false;
 };
 
-/// A scratch folder whose process is gone.
+/// A scratch folder whose process has ended.
 struct ScratchLeftover {
     QString path;
     unsigned owner = 0;
     QByteArray note;
-    /// False if it has no lock file: made by an earlier version, or by something else.
+    /// False if it has no lock file: created by an earlier version or by another program.
     bool known = false;
 };
 
-/// Leftovers in a folder that this process can look into, in the order of their names.
+/// Leftovers in `parent` that this process can read, sorted by name.
 QList<ScratchLeftover> ScratchLeftovers(const QString& parent, const QString& prefix);
-/// Removes a known leftover of the user of this process. False for any other one, for one that a process has meanwhile
-/// locked, and if something in it can't be removed.
+/// Removes a known leftover of this user. False for any other one, one that a process has locked meanwhile, and if
+/// something in it can't be removed.
 bool RemoveScratchLeftover(const ScratchLeftover& leftover);
-/// Removes all of them that it can.
+/// Removes all that can be removed; failures are ignored.
 void RemoveScratchLeftovers(const QString& parent, const QString& prefix);
 
 }  // namespace platform

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-// Names the scheme. Whoever changes the scheme gives it another one and goes on opening this.
+// Version of the encryption scheme. A new scheme needs a new prefix, and this one must stay readable.
 const QString kMark = u"S1:"_s;
 constexpr qsizetype kNonce = crypto_secretbox_NONCEBYTES;
 constexpr qsizetype kSeal = crypto_secretbox_MACBYTES;
@@ -32,7 +32,7 @@ const unsigned char* Raw(const QByteArray& bytes) { return reinterpret_cast<cons
 
 void Wipe(QByteArray& bytes) { sodium_memzero(bytes.data(), static_cast<size_t>(bytes.size())); }
 
-/// Nonce and sealed bytes; empty when the text has not the form.
+/// Decoded nonce and ciphertext; empty if the text is malformed.
 QByteArray Envelope(const QString& stored) {
     if (!stored.startsWith(kMark)) return {};
     const auto decoded = QByteArray::fromBase64Encoding(QStringView(stored).mid(kMark.size()).toLatin1(),
@@ -41,7 +41,7 @@ QByteArray Envelope(const QString& stored) {
     return whole ? decoded.decoded : QByteArray();
 }
 
-/// The clear bytes with their padding in a fresh array that the caller wipes; empty when the key does not open it.
+/// The padded plaintext, to be wiped by the caller; empty if authentication with this key fails.
 QByteArray OpenEnvelope(const QByteArray& envelope, const PinKey& key) {
     QByteArray clear(envelope.size() - kNonce - kSeal, '\0');
     const bool opened = crypto_secretbox_open_easy(Raw(clear), Raw(envelope) + kNonce,
@@ -72,13 +72,13 @@ std::optional<PinKey> PinKey::Read(const QString& file) {
     return key;
 }
 
-// Without its key a database of sealed PINs is lost, so the key has to be on the disk before the first one is.
+// PINs encrypted with a lost key can't be recovered, so the key must be on the disk before it is used.
 bool PinKey::Write(const QString& file) const {
     // Written under another name first: a process that is killed here must not leave half a key, under which no PIN
     // opens.
     QFile target(file + u"-unfinished"_s);
     target.remove();
-    // Made with narrow rights from the start: no other user may read it in between.
+    // Created with owner-only rights and widened at the end, so that no other user can read it in between.
     const auto own = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
     if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, own)) return false;
     const bool written = target.write(reinterpret_cast<const char*>(bytes_.data()), kBytes) == kBytes &&

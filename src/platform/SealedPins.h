@@ -10,21 +10,20 @@
 
 namespace platform {
 
-/// The key of an installation, wiped when it goes.
+/// Encryption key of an installation. The memory is wiped in the destructor.
 class PinKey {
   public:
     static constexpr int kBytes = 32;
 
-    /// A new key, by chance.
+    /// Generates a random key.
     PinKey();
     ~PinKey();
     PinKey(const PinKey&) = default;
     PinKey& operator=(const PinKey&) = default;
 
-    /// Reads a key file: exactly kBytes bytes. None when it is missing, unreadable or of another length.
+    /// Reads a key file of exactly kBytes bytes. nullopt if it is missing, unreadable or of another length.
     static std::optional<PinKey> Read(const QString& file);
-    /// Makes the key file, readable by owner and group and writable by the owner. False when there is a file already,
-    /// or it can't be written whole.
+    /// Creates the key file with mode 0640. False if it exists already or can't be written completely.
     bool Write(const QString& file) const;
 
     const unsigned char* Bytes() const { return bytes_.data(); }
@@ -34,23 +33,24 @@ class PinKey {
     std::array<unsigned char, kBytes> bytes_;
 };
 
-/// Name of the key file in the common conf folder.
+/// Name of the key file in the common configuration folder.
 QString PinKeyFileName();
 
-/// True when the text has the form of a sealed PIN: the version's mark and enough behind it. Nothing is opened.
+/// True if the text looks like an encrypted PIN: version prefix and sufficient length. Does not decrypt.
 bool IsSealedPin(const QString& stored);
-/// The PIN as it is stored: mark and base64, ASCII only. Sealing the same PIN twice gives two texts. Longer PINs don't
-/// show by longer texts below 16 bytes.
+/// Encrypts a PIN: version prefix and base64, ASCII only. The nonce is random, so two results for one PIN differ.
+/// Padded to multiples of 16 bytes, so that the length of a PIN below 16 bytes does not show.
 QString SealPin(const QString& clear, const PinKey& key);
-/// The PIN, or none when the text is not sealed under this key.
+/// Decrypts a PIN; nullopt if it was not encrypted with this key.
 std::optional<QString> OpenPin(const QString& stored, const PinKey& key);
 
-/// PINs of an installation that are sealed under its key file. An installation without a key file has never been
-/// moved over: its PINs are stored as they are typed, and only there such a text is taken. Everything that can't be
-/// opened gives empty text, and the first of a run is told.
+/// Decrypts the PINs of an installation with its key file. Without a key file the installation has not been migrated,
+/// and PINs are clear text; with one, clear text is not accepted. A PIN that can't be decrypted gives empty text, and
+/// the first failure of a run is reported.
 class SealedPins : public PinCipherObject {
   public:
-    /// `tell` gets one sentence, once.
+    /// `keyFile`: path. The callback is called at most once, with the reason of the first failure as a Japanese
+    /// sentence.
     SealedPins(QString keyFile, std::function<void(const QString&)> tell);
 
     QString ClearText(const QString& stored) override;

@@ -4,8 +4,7 @@
 
 namespace platform {
 
-/// Overwrites a text that nobody else shares with NULs, so that its content does not stay behind in memory, and
-/// empties it. Copies that other texts hold are theirs to wipe.
+/// Overwrites the text's memory with NULs and clears the text. Memory shared with other QStrings is not overwritten.
 void WipeText(QString& text) noexcept;
 
 }  // namespace platform

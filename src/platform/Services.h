@@ -16,8 +16,8 @@
 
 namespace platform {
 
-/// The services of the operating system and the desktop that a program uses. A program with windows replaces `system`,
-/// `dialogs` and `waitDialog` in its main(), a test puts its fakes there.
+/// Services of the operating system and the desktop. Programs with windows set `system`, `dialogs` and `waitDialog` in
+/// main(); tests install their fakes.
 struct ServiceSet {
     std::unique_ptr<Clock> clock = std::make_unique<SystemClock>();
     std::unique_ptr<SystemInformation> system;
@@ -30,13 +30,14 @@ struct ServiceSet {
     std::unique_ptr<PinCipherObject> pins = std::make_unique<UnsealedPins>();
 };
 
+/// The services of this process.
 ServiceSet& Services();
 
-/// Lets pending events through and returns when none is left.
+/// Processes all pending events.
 void ProcessEvents();
 
-/// For loops that let events through at every turn: asking the window system costs as much as the turn itself, so it
-/// is asked at the first turn and then once a millisecond, which nobody can tell apart.
+/// Processes events from within a loop, on the first call and then at most once a millisecond: polling the window
+/// system in every iteration costs as much as the iteration.
 class EventPump {
   public:
     void ProcessEvents();

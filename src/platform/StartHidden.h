@@ -2,7 +2,7 @@
 
 namespace platform {
 
-/// Set to "1" for programs that are started hidden: they put up no window before they are asked to.
+/// Environment variable, set to "1" for programs that are started hidden: they show no window until asked to.
 inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 }  // namespace platform

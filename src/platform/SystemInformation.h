@@ -11,27 +11,27 @@ struct SystemVersion {
     int minor = 0;
 };
 
-/// What the machine says of itself and of this run.
+/// Properties of the machine and of this process.
 class SystemInformation {
   public:
     virtual ~SystemInformation() = default;
 
-    /// Writes the name of the real user id, closed by a NUL, over the beginning of the buffer, which keeps its
-    /// length. A name that does not fit, or none, leaves the buffer as it is.
+    /// Writes the name of the real user id and a NUL over the beginning of the buffer; its length is unchanged. If
+    /// there is no name or it does not fit, the buffer is unchanged.
     virtual void ReadUserName(QString& buffer) const = 0;
-    /// The same for the computer's name.
+    /// The same for the host name.
     virtual void ReadComputerName(QString& buffer) const = 0;
-    /// Device-independent pixels of the primary screen.
+    /// Primary screen, in device-independent pixels.
     virtual QSize ScreenSize() const = 0;
-    /// Version of the operating system by the numbers that the window margins go by; none where it has none.
+    /// Version of the operating system for the computation of window margins; nullopt if not applicable.
     virtual std::optional<SystemVersion> OsVersion() const = 0;
-    /// Folder of the program file as it was started, absolute, symbolic links not followed, no closing separator.
+    /// Absolute folder of the program file as it was started: symbolic links are not resolved, no trailing separator.
     virtual QString ApplicationFolder() const = 0;
-    /// The arguments joined by single blanks, inner blanks of an argument kept, nothing trimmed.
+    /// The arguments joined by single blanks; blanks within an argument are kept, nothing is trimmed.
     virtual QString CommandLine() const = 0;
 };
 
-/// The real machine. Made from main's arguments before QApplication, which takes some of them away.
+/// Create it from main's arguments before QApplication, which removes some of them.
 class LocalSystemInformation : public SystemInformation {
   public:
     LocalSystemInformation(int argc, char** argv);

@@ -15,7 +15,7 @@ struct KeptMessage {
     QString text;
 };
 
-// A message handler of the toolkit has no state of its own.
+// Global, since a Qt message handler takes no context.
 QString g_program;
 QList<KeptMessage> g_kept;
 QtMessageHandler g_previous = nullptr;

@@ -6,7 +6,7 @@ namespace {
 constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr qsizetype kMarkBytes = 3;
 
-// Takes the leading marks off and returns how many there were.
+// Removes leading byte order marks and returns their number.
 qsizetype TakeMarks(QByteArrayView& bytes) {
     qsizetype marks = 0;
     for (; bytes.startsWith(kByteOrderMark); ++marks) bytes = bytes.sliced(kMarkBytes);

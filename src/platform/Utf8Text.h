@@ -5,16 +5,16 @@
 
 namespace platform {
 
-// Texts that were stored or typed. Qt's own conversions take a leading U+FEFF for a mark of the byte order and drop
-// it; in a stored value or a search it is a character like any other, and a search for it alone would become empty.
+// Conversions for stored or typed text. Qt's own ones drop a leading U+FEFF as a byte order mark; here it is an
+// ordinary character, otherwise a search for it alone would become an empty search.
 
-/// Every character of the UTF-8; a byte that is no UTF-8 becomes U+FFFD. A null view gives a null text.
+/// From UTF-8; invalid bytes become U+FFFD. A null view gives a null string.
 QString TextFromUtf8(QByteArrayView utf8);
-/// The same from the encoding of the system, for arguments of the command line.
+/// The same from the locale's encoding, for command line arguments.
 QString TextFromLocal8Bit(QByteArrayView bytes);
-/// The units as they are, in the byte order of this machine.
+/// Copies `count` UTF-16 code units in native byte order.
 QString TextFromUtf16(const char16_t* units, qsizetype count);
-/// One character, as one or two units.
+/// One code point as one or two UTF-16 units.
 QString TextOfCharacter(char32_t character);
 
 }  // namespace platform

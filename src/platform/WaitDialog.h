@@ -2,12 +2,13 @@
 
 namespace platform {
 
-/// The notice that a long job is running, for modules without windows. This base class shows nothing.
+/// Notice that a long job is running, for modules without widgets. The base class shows nothing.
 class WaitDialog {
   public:
     virtual ~WaitDialog() = default;
     /// Shows the notice and processes events once, so that it is painted.
     virtual void Show() {}
+    /// Closes the notice.
     virtual void Unload() {}
 };
 

@@ -33,7 +33,7 @@ class AtomicFileTest : public ::testing::Test {
     QString error;
 };
 
-/// Content in which no two blocks are alike.
+/// Content without two equal blocks.
 QByteArray Bytes(qint64 size) {
     QByteArray bytes(size, '\0');
     for (qint64 at = 0; at < size; ++at) bytes[at] = static_cast<char>(at * 31 + at / 251);

@@ -26,7 +26,7 @@ class PrivateFolder : public ::testing::Test {
     QStringList Faults(std::optional<uid_t> owner = geteuid()) const {
         return platform::PrivateFolderFaults(Own(), owner);
     }
-    /// Description of what keeps the folder from being claimed; empty when it was.
+    /// Description of the error of ClaimPrivateFolder; empty on success.
     QString UsageError() const {
         try {
             platform::ClaimPrivateFolder(Own());

@@ -18,7 +18,7 @@ namespace {
 
 class ProcessServiceTest : public ::testing::Test {
   protected:
-    /// A program of the test's own; what it prints goes to `Output`, written whole when it ends.
+    /// Writes an executable shell script and returns its path.
     QString Program(const QByteArray& commands, const QString& name = u"program"_s) {
         const QString file = folder.filePath(name);
         WriteBytes(file, "#!/bin/sh\n" + commands + '\n');
@@ -64,7 +64,7 @@ TEST_F(ProcessServiceTest, HiddenIsToldToTheProgramAlone) {
     const QString program = Program("echo \"[$MEIBO_START_HIDDEN]\" > $1.new; mv $1.new $1");
     processes.StartHidden(program, {folder.filePath(u"hidden"_s)});
     EXPECT_EQ(Written(u"hidden"_s), "[1]\n");
-    qputenv(kStartHiddenVariable, "1");  // a hidden program's own children are not hidden by that
+    qputenv(kStartHiddenVariable, "1");  // must not be inherited by the children of a hidden program
     processes.StartProgram(program, folder.filePath(u"normal"_s));
     qunsetenv(kStartHiddenVariable);
     EXPECT_EQ(Written(u"normal"_s), "[]\n");

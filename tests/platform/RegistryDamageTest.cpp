@@ -1,4 +1,4 @@
-// Full disks, bounds, damaged and special files.
+// Full disk, size limits, damaged and special files.
 
 #include "platform/RegistryFixture.h"
 
@@ -49,7 +49,7 @@ TEST_F(RegistryTest, DamagedFileIsToldAndNeverWrittenOver) {
 }
 
 TEST_F(RegistryTest, EveryFullDiskLeavesTheOldFileAndIsReported) {
-    constexpr qint64 kAroundTheText = 11;  // [a] "v"="" and line ends
+    constexpr qint64 kAroundTheText = 11;  // length of [a] "v"="" with line ends
     const RegistryKey key = Made(u"a"_s);
     for (const qint64 size : kSizesAroundBuffers) {
         if (size > kMaxRegistryBytes) continue;
@@ -124,7 +124,7 @@ TEST_F(RegistryTest, LockBelongsToItsWriterAlone) {
     EXPECT_EQ(ModeOf(lock), 0600U) << "as an earlier version has left it";
 }
 
-/// What may be in place of a file, made by its name.
+/// Non-regular file in place of the registry file, and how to create it.
 struct SpecialFile {
     const char* name;
     void (*make)(const QByteArray& path);

@@ -8,7 +8,7 @@
 
 inline const QString kOffice = QStringLiteral("Software\\Suite\\Office");
 
-/// A registry in two files of the test.
+/// A registry in two temporary files.
 class RegistryTest : public ::testing::Test {
   protected:
     QString MachineFile() const { return folder.filePath(QStringLiteral("machine")); }
@@ -23,7 +23,7 @@ class RegistryTest : public ::testing::Test {
     long SetText(const platform::RegistryKey& key, const QString& name, const QString& text) {
         return registry.SetText(key, name, text, platform::TwoByteLength(text));
     }
-    /// The text as far as its NUL; the status instead, when there is none.
+    /// The text up to its NUL; "status N" on failure.
     QString Text(const platform::RegistryKey& root, const QString& path, const QString& name) {
         QString buffer(256, u' ');
         int length = 256;

@@ -17,7 +17,7 @@ using namespace platform;
 
 namespace {
 
-/// A host in a thread of its own that gives prepared answers, one a request, and then hangs up.
+/// Fake host in a thread: sends the given replies, one for each request, and disconnects.
 class AnsweringHost {
   public:
     AnsweringHost(const QString& forms, QByteArrayList answers) {
@@ -27,7 +27,7 @@ class AnsweringHost {
             std::thread([this, forms, answers = std::move(answers), &listens] { Serve(forms, answers, listens); });
         while (!listens) std::this_thread::yield();
     }
-    /// What it was asked, once it has hung up.
+    /// The requests received; waits until the host has disconnected.
     QByteArrayList Asked() {
         thread_.join();
         return asked_;
@@ -49,7 +49,7 @@ class AnsweringHost {
             caller->write(answer);
             caller->waitForBytesWritten(1000);
         }
-        // Not at once where the caller is to give up by itself.
+        // Keep the connection if the client is to time out.
         if (answers.isEmpty()) caller->waitForDisconnected(10000);
     }
 

@@ -1,4 +1,4 @@
-// What another user of the machine may prepare for a program that looks for its report host.
+// Attacks by another user on the socket of a report host.
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ QString Failure(const QString& forms) {
     return u"bound"_s;
 }
 
-/// Without a runtime folder, and with a temporary folder of the test's.
+/// Without XDG_RUNTIME_DIR, with TMPDIR set to a temporary folder.
 class HostFolderTest : public ::testing::Test {
   protected:
     HostFolderTest() : name_(QFileInfo(HostSocketPath(Forms())).fileName()) {
@@ -53,7 +53,7 @@ class HostFolderTest : public ::testing::Test {
         SetMode(folder, 0700);
         return made;
     }
-    /// A fake host in the folder or in the one below it that has been looked into as well.
+    /// Asserts that a fake host in the folder, or in its subfolder, is never connected to.
     void ExpectRefusal() const {
         QDir().mkdir(Folder() + u"/nobody"_s);
         for (const QString& place : {Folder(), Folder() + u"/nobody"_s}) {

@@ -1,4 +1,4 @@
-// What reaches a program while its report host works for minutes, or never answers.
+// What is handled while the report host is busy for minutes or never replies.
 
 #include <gtest/gtest.h>
 
@@ -26,10 +26,10 @@ using namespace platform;
 
 namespace {
 
-/// Binds, and then never answers: it hangs up when the test says so, or after ten seconds.
+/// Fake host that answers the bind request and nothing else. Disconnects when the test says so, or after ten seconds.
 class SilentHost {
   public:
-    /// `asked` runs in a thread of the host as soon as the request to open a report is there.
+    /// `asked` runs in the host's thread when the request to open a report has arrived.
     SilentHost(const QString& forms, std::function<void()> asked) {
         thread_ = std::thread([this, forms, asked = std::move(asked)] { Serve(forms, asked); });
         while (!listens_) std::this_thread::yield();
@@ -66,7 +66,7 @@ class SilentHost {
 class ReportHostWaitTest : public ::testing::Test {
   protected:
     QString Forms() const { return folder.filePath(u"repfrmdb.accdb"_s); }
-    /// The description of what ended the wait.
+    /// The description of the error that ended the wait.
     QString Open() {
         try {
             LocalReportHostLink().Bind(Forms())->OpenReport(u"要員名簿照会"_s, kPrintReport);

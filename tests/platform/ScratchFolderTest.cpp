@@ -25,7 +25,7 @@ class ScratchFolders : public testing::Test {
     QStringList Entries() const {
         return QDir(parent.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
-    /// What a process leaves that ends without a chance to clear up.
+    /// Leaves a folder as a killed process does.
     void LeaveOne(const QByteArray& note) const {
         const pid_t child = ::fork();
         if (child == 0) {

@@ -30,7 +30,7 @@ class SealedPinsTest : public testing::Test {
   protected:
     SealedPinsTest() : keyFile(folder.filePath(platform::PinKeyFileName())) {}
 
-    /// The cipher of a fresh run.
+    /// A new instance, as at program start.
     SealedPins Run() {
         told.clear();
         return SealedPins(keyFile, [this](const QString& text) { told << text; });
@@ -70,7 +70,7 @@ TEST_F(SealedPinsTest, OnlyAMarkWithEnoughBehindItCountsAsSealed) {
 
 TEST_F(SealedPinsTest, AChangedTextDoesNotOpen) {
     const QString sealed = SealPin(u"AB12"_s, key);
-    // The last sign before the "=" holds bits that stand for nothing.
+    // The last character before "=" contains unused bits, so changing it may have no effect; skip it.
     for (qsizetype place = 3; place < sealed.size() - 2; ++place) {
         QString changed = sealed;
         changed[place] = changed[place] == u'A' ? u'B' : u'A';

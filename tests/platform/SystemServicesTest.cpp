@@ -40,7 +40,7 @@ platform::LocalSystemInformation Started(QList<QByteArray> arguments) {
     return {static_cast<int>(pointers.size()), pointers.data()};
 }
 
-/// Presses the button of the box that comes up, and tells what it said.
+/// Presses the button of the next message box and records its texts.
 struct BoxReader {
     QString title, text;
     QStringList buttons;
@@ -61,7 +61,7 @@ struct BoxReader {
     }
 };
 
-/// A program that writes down how it was started: the number of its arguments, and each in brackets.
+/// Script that records how it was started: the number of arguments, and each in brackets.
 class ProgramFile {
   public:
     explicit ProgramFile(const QString& name) : path_(folder_.filePath(name)) {
@@ -80,7 +80,7 @@ class ProgramFile {
     QString path_;
 };
 
-/// Number of the failure to start it; 0 when it was started.
+/// Error number of StartProgram; 0 on success.
 long StartFailure(const QString& path, const QString& arguments = {}) {
     try {
         platform::LocalProcessService().StartProgram(path, arguments);
@@ -205,7 +205,7 @@ TEST(TerminationRequest, ArrivesAsAnEventFromSystemSessionAndTerminal) {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
         arrived = false;
         ASSERT_EQ(kill(getpid(), signal), 0);
-        EXPECT_FALSE(arrived);  // not inside the signal
+        EXPECT_FALSE(arrived);  // not inside the signal handler
         EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; })) << signal;
     }
 }

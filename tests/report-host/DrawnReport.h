@@ -7,7 +7,7 @@
 
 #include "report-host/layout/PreparedReport.h"
 
-/// A report that draws nothing but the number of each page, on paper of any size.
+/// Fake report: draws only the page number, on paper of any size.
 class DrawnReport : public PreparedReport {
   public:
     explicit DrawnReport(int pages, QSizeF paper = QSizeF(210, 297)) : pages_(pages), paper_(paper) {}
@@ -22,7 +22,7 @@ class DrawnReport : public PreparedReport {
     }
 
     std::function<bool(int page)> Fails;
-    std::function<void(int page)> Painting;  ///< before anything else
+    std::function<void(int page)> Painting;  ///< called first
     int painted = -1;                        ///< page painted last
 
   private:

@@ -24,7 +24,7 @@ using platform::HostVerb;
 
 namespace {
 
-/// Hosts inside the test, and a caller who talks to them without waiting.
+/// Hosts in this process, and a client that does not block.
 class HostListenerTest : public ::testing::Test {
   protected:
     struct Host {
@@ -90,7 +90,7 @@ TEST_F(HostListenerTest, YoungerHostTakesOverAndTheOlderStopsListening) {
     ASSERT_EQ(Ask(before, HostVerb::Bind).number, 0);
     Host younger(Forms());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !older.door.IsOpen(); }));
-    EXPECT_EQ(Ask(before, HostVerb::Bind).number, 0);  // whoever is bound stays bound
+    EXPECT_EQ(Ask(before, HostVerb::Bind).number, 0);  // an existing connection stays usable
     EXPECT_FALSE(older.finished);
     QLocalSocket after;
     after.connectToServer(Name());
@@ -112,7 +112,7 @@ TEST_F(HostListenerTest, OlderHostLeavesTheYoungerOnesName) {
 
 TEST_F(HostListenerTest, NameOfAKilledHostIsTakenOver) {
     {
-        QFile left(Name());  // nothing listens behind it
+        QFile left(Name());  // socket file without a listener
         ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     }
     const HostListener door(Forms());

@@ -24,7 +24,7 @@ namespace {
 
 const QString kList = u"要員名簿照会"_s;
 
-/// The real host on an installation's forms file, with one row in the list's work table.
+/// The real host program on an installation's template file, with one row in the work table of the list.
 class HostProgramTest : public ::testing::Test {
   protected:
     HostProgramTest() {
@@ -113,7 +113,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
 TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
-    host.Freeze();  // it has the request and never comes to the answer
+    host.Freeze();  // the request has arrived and is never answered
     std::thread death([&host] { host.KillNow(); });
     EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::kPrintReport); }),
               u"帳票ホストが途中で終了しました。"_s);
@@ -152,7 +152,7 @@ TEST_F(HostProgramTest, PreviewStaysWhenItsCallerIsGone) {
         bound->OpenReport(kList, platform::kPreviewReport);
         bound->Maximize();
     }
-    Bind();  // another caller that comes and goes is served as well
+    Bind();  // other clients are served as well
     EXPECT_TRUE(host.Runs());
     Bind()->Quit();
     EXPECT_TRUE(host.Ends());
@@ -170,7 +170,7 @@ TEST_F(HostProgramTest, MaximisedPreviewFillsAScreenWithoutWindowManager) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return screen.SizeOf(window) == QSize(1152, 864); }, 20000));
 }
 
-// One way through the printing system for each: what arrives is whole, on its own paper and not turned or scaled.
+// End-to-end through the print service for each kind of mail piece: complete, on its own paper, not rotated or scaled.
 TEST_F(HostProgramTest, MailPiecesArriveAtThePrinterOnTheirOwnPaper) {
     PrintService prints;
     prints.AddMailPrinter(u"tray"_s);

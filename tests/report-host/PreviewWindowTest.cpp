@@ -122,7 +122,7 @@ TEST_F(PreviewWindowTest, TabReachesThePageAndEveryToolThatWorksAndEachHasAName)
         names << QAccessible::queryAccessibleInterface(window->focusWidget())->text(QAccessible::Name);
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     } while (window->focusWidget() != &View() && names.size() < 20);
-    // On the first page there is nothing to go back to.
+    // On the first page the buttons for previous pages are disabled.
     EXPECT_EQ(names, (QStringList{u"プレビュ"_s, u"印刷"_s, u"PDFに保存"_s, u"ページ"_s, u"次ページ"_s, u"最後"_s,
                                   u"縮小"_s, u"倍率"_s, u"拡大"_s, u"閉じる"_s}));
 }

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The reason for which work fails; empty when it goes well.
+/// The reason of a ReportFailure; empty on success.
 template <typename Work>
 QString Reason(Work work) {
     try {
@@ -39,7 +39,7 @@ constexpr QSizeF kA4(210, 297), kA4Across(297, 210), kPostcard(100, 148);
 
 class PrintQueueTest : public ::testing::Test {
   protected:
-    /// One page on the paper, as a file.
+    /// A PDF of one page in this paper size.
     QString Pdf(QSizeF paper) {
         const QString file = folder.filePath(u"made.pdf"_s);
         DrawnReport report(1, paper);

@@ -12,26 +12,26 @@
 
 using WorkRow = QHash<QString, QString>;
 
-/// An installation whose work tables a test fills; the day is 21 November 2026.
+/// An installation whose work tables are filled by the test. The clock is fixed at 21 November 2026.
 class ReportTest : public testing::Test {
   protected:
-    /// Columns that are not given stay Null.
+    /// Omitted columns are Null.
     void AddRow(const QString& table, const WorkRow& row);
     void AddRows(const QString& table, int count, const WorkRow& row);
-    /// A recipient with a sender, as envelope and postcard have them.
+    /// A recipient with a sender, as on envelope and postcard.
     static WorkRow Recipient();
-    /// The label sheet's records of so many people, with the blank ones of the first sheet.
+    /// Label records of `count` persons, and the blank ones of the first sheet.
     void AddLabels(int count);
 
     QString FormText(const QString& name) const;
     void SetForm(const QString& name, const QString& text) const;
-    /// Changes the form: a text in it by another. The text must be there.
+    /// Replaces a text within the template; the text must be present.
     void ChangeForm(const QString& name, const QString& from, const QString& to) const;
 
     std::unique_ptr<PreparedReport> Prepare(const QString& report) const;
-    /// Writes the report and reads it back.
+    /// Writes the report as PDF and reads it back.
     PdfFile Pdf(const QString& report);
-    /// What a failure says; empty when the report could be made.
+    /// The reason of a failure; empty on success.
     QString Failure(const QString& report) const;
 
     QString FormsFile() const { return installation.Forms().Path(); }

@@ -162,7 +162,7 @@ TEST_F(ReportTest, AddressOfTwoHundredCharactersStaysInItsPlaceOnMail) {
     AddRow(kPostcard, row);
     struct Place {
         QString report;
-        QRectF box, around;  // of the address, and with the empty paper beside and below it
+        QRectF box, around;  // of the address; and including the empty paper next to it and below
     };
     for (const auto& [report, box, around] :
          {Place{kEnvelope, {82, 26, 28, 130}, {66, 21, 54, 160}}, {kPostcard, {70, 25, 23, 98}, {57, 21, 43, 125}}}) {
@@ -173,7 +173,7 @@ TEST_F(ReportTest, AddressOfTwoHundredCharactersStaysInItsPlaceOnMail) {
     }
 }
 
-// The building is written beside the street and lower than it, as on any envelope.
+// In vertical writing the second line is to the left of the first; the building also begins lower.
 TEST_F(ReportTest, BuildingStandsInTheNextLineOfAnAddressOnMail) {
     for (const QString& report : {kEnvelope, kPostcard}) {
         AddRow(report, Recipient());

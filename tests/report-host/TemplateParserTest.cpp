@@ -17,7 +17,7 @@ QStringList Mistakes(const QString& text) {
 }
 
 struct WrongLine {
-    const char16_t* line;  // the third of a form that is right without it
+    const char16_t* line;  // third line of an otherwise valid template
     const char16_t* reason;
 };
 

@@ -18,12 +18,12 @@ class TextLayoutTest : public testing::Test {
         style.points = 10;
         style.leastPoints = 5;
     }
-    /// Type size of so many points, in millimetres.
+    /// Converts points to millimetres.
     static double Points(double points) { return points * kMillimetresPerPoint; }
     FittedText Fit(const QString& text, double length, double depth = 100) {
         return FitText(types, text, style, length, depth);
     }
-    /// What a line of the fitted text covers along, in millimetres.
+    /// Length of a line of the laid out text, in millimetres.
     static double Length(const FittedText& text, qsizetype line = 0) {
         return text.lines[line]->length * text.size * text.stretch;
     }
@@ -33,7 +33,7 @@ class TextLayoutTest : public testing::Test {
     const QString ten = u"一二三四五六七八九十"_s;
 };
 
-/// Characters of a line: each of these texts has one glyph for each.
+/// Number of characters of a line: these texts have one glyph for each character.
 qsizetype Count(const FittedText& text, qsizetype line = 0) { return text.lines[line]->glyphs.size(); }
 
 }  // namespace
@@ -109,7 +109,7 @@ TEST_F(TextLayoutTest, AddressOfTwoHundredCharactersShrinksAndThenEndsInASign) {
     EXPECT_EQ(cut.lines[1]->glyphs.last().glyph, types.Shape(u"…"_s, style.face, false)->glyphs[0].glyph);
 }
 
-// Each took from a second to minutes where all of the text was shaped, and at every size.
+// Performance: shaping all of the text at every size takes from a second to minutes.
 TEST_F(TextLayoutTest, TextOfThreeHundredThousandCharactersIsCutBeforeItIsFitted) {
     style.points = 2000;
     style.leastPoints = 0.5;

@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-/// Texts as exec takes them: pointers that live as long as the object.
+/// NUL-terminated pointer array for exec; valid as long as the object.
 class TextVector {
   public:
     void Add(QByteArray text) { texts_.append(std::move(text)); }
@@ -47,7 +47,7 @@ TextVector Environment(bool hidden) {
     return environment;
 }
 
-/// What the child is made with; freed with the object.
+/// RAII wrapper of the posix_spawn attributes and file actions.
 class SpawnSettings {
   public:
     SpawnSettings() {
@@ -73,7 +73,7 @@ class SpawnSettings {
     posix_spawn_file_actions_t actions;
 };
 
-/// Without this a child that the user closes would stay in the process table until this program ends.
+/// Without this, a child that has ended stays a zombie until this program ends.
 void ReapWhenEnded(pid_t child) {
     if (QCoreApplication::instance() == nullptr) return;
     const int descriptor = ::pidfd_open(child, 0);
@@ -119,7 +119,7 @@ bool HasEnded(int processDescriptor, int& code) {
         code = end.si_status;
         return end.si_pid != 0;
     }
-    // Not our child, or reaped before: the descriptor alone still tells.
+    // Not our child, or already reaped: only poll on the pidfd can report the end, without an exit code.
     pollfd look{processDescriptor, POLLIN, 0};
     return ::poll(&look, 1, 0) == 1;
 }

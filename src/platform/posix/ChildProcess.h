@@ -8,17 +8,18 @@ class QSocketNotifier;
 
 namespace platform {
 
-/// Starts a program file in a session of its own, with nothing of this process but its environment and working folder:
-/// whoever reads this program's output must not wait for its children. 0 when it can't be run. The child is reaped
-/// when it ends and events are let through.
+/// Starts a program file in a new session. It inherits only the environment and the working directory: an inherited
+/// descriptor would keep the readers of this program's output waiting for the child. Returns the process id, 0 on
+/// failure. The child is reaped in the event loop when it ends. `hidden` sets kStartHiddenVariable. posix_spawn instead
+/// of QProcess::startDetached, since the caller needs a direct child and its exit code.
 int StartChild(const QString& program, const QStringList& arguments, bool hidden);
 
-/// True when the process behind the descriptor has ended. A child is reaped by this, and its exit code is left in
-/// `code`.
+/// True if the process of a pidfd has ended. Reaps a child and stores its exit code in `code`; for any other process
+/// `code` is unchanged. Does not block.
 bool HasEnded(int processDescriptor, int& code);
 
-/// Calls `ended` once when the process behind the descriptor has ended and events are let through. The watch has to be
-/// disabled before the descriptor is closed; it deletes itself after the call. None without an application object.
+/// Calls `ended` once from the event loop when the process of the pidfd has ended. Disable the notifier before closing
+/// the descriptor; it deletes itself after the call. Null without an application object.
 QSocketNotifier* WatchForEnd(int processDescriptor, std::function<void()> ended);
 
 }  // namespace platform

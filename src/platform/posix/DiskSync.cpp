@@ -17,7 +17,7 @@ bool SyncFile(int descriptor) {
 
 bool SyncFolder(const QString& folder) {
     const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // A folder that takes files and can't be listed has no descriptor to wait on.
+    // A folder without read permission can't be opened for fsync; files may still be created in it.
     if (descriptor < 0) return errno == EACCES;
     const bool synced = SyncFile(descriptor);
     ::close(descriptor);

@@ -24,13 +24,13 @@ bool IsFileOrFolder(const struct stat& found) { return S_ISREG(found.st_mode) ||
 
 bool HasSecondName(const struct stat& found) { return S_ISREG(found.st_mode) && found.st_nlink > 1; }
 
-/// The mode comes after the group: a change of the group clears the setgid bit. The system also leaves that bit out
-/// silently for a user who is not in the group, so the result is read back.
+/// chown clears the setgid bit, so chmod must be second. The kernel silently drops that bit if the user is not a member
+/// of the group, so the result is verified.
 bool SetRightsOfOpen(int entry, unsigned group, unsigned mode) {
     struct stat found = {};
     if (::fstat(entry, &found) != 0 || !IsFileOrFolder(found) || HasSecondName(found)) return false;
     if (found.st_gid != group && ::fchownat(entry, "", static_cast<uid_t>(-1), group, AT_EMPTY_PATH) != 0) return false;
-    // A descriptor that is open for its path alone can't be given to fchmod.
+    // fchmod rejects O_PATH descriptors.
     const QByteArray open = "/proc/self/fd/" + QByteArray::number(entry);
     return ::chmod(open.constData(), mode) == 0 && ::fstat(entry, &found) == 0 && (found.st_mode & kModeBits) == mode;
 }
@@ -62,7 +62,7 @@ std::optional<FileRights> RightsOf(const QString& path) {
 }
 
 bool SetRights(const QString& path, unsigned group, unsigned mode) {
-    // Opened for its path alone: closing a database opened otherwise would give up the locks of this process on it.
+    // O_PATH: closing a normal descriptor of a database file would release this process's POSIX locks on it.
     const int entry = ::open(QFile::encodeName(path).constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC);
     if (entry < 0) return false;
     const bool done = SetRightsOfOpen(entry, group, mode);

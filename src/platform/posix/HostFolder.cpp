@@ -14,7 +14,7 @@ namespace platform {
 namespace {
 
 constexpr mode_t kOwnerOnly = 0700;
-constexpr qsizetype kLongestFolder = 60;  // a socket's path holds 107 bytes
+constexpr qsizetype kLongestFolder = 60;  // sun_path is limited to 107 bytes
 
 bool IsOwnFolder(const QByteArray& folder) {
     struct stat found = {};
@@ -22,7 +22,7 @@ bool IsOwnFolder(const QByteArray& folder) {
            (found.st_mode & 0777) == kOwnerOnly;
 }
 
-/// A folder of the environment counts when it is absolute and leaves enough of a socket's path.
+/// TMPDIR is used only if it is absolute and short enough for a socket path.
 QByteArray FolderInTemporary() {
     const QByteArray name = "/youin-meibo-" + QByteArray::number(::getuid());
     const QByteArray temporary = qgetenv("TMPDIR");

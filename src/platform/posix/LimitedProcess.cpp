@@ -30,12 +30,12 @@ void SetLimit(int resource, rlim_t soft, rlim_t hard) {
     ::setrlimit(static_cast<__rlimit_resource_t>(resource), &limit);
 }
 
-/// Runs in the child between fork and exec: system calls only.
+/// Runs in the child between fork and exec: only async-signal-safe calls.
 void ApplyLimits(const ProcessLimits& limits) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     const auto seconds = static_cast<rlim_t>(limits.cpuSeconds);
-    // Past the first limit comes SIGXCPU, which names the cause; a process that ignores it gets SIGKILL.
+    // SIGXCPU at the soft limit identifies the cause; a process that ignores it is killed at the hard limit.
     SetLimit(RLIMIT_CPU, seconds, seconds + 1);
     SetLimit(RLIMIT_CORE, 0, 0);
     if (!kLimitsMemory) return;

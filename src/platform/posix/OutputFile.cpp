@@ -25,10 +25,10 @@ constexpr long kWriteFailure = 57;
     throw RuntimeError(full ? kDiskFull : kWriteFailure, QString::fromLocal8Bit(std::strerror(code)));
 }
 
-/// True when somebody else holds the lock. A file system without locks has nobody who does.
+/// True if another process has the lock. Errors of a file system without locks count as not locked.
 bool HeldElsewhere(int result) { return result != 0 && (errno == EAGAIN || errno == EACCES || errno == EWOULDBLOCK); }
 
-/// Programs lock in two ways that don't know of each other.
+/// fcntl and flock locks do not conflict with each other on Linux, so both are taken.
 bool LockedByAnother(int descriptor) {
     struct flock whole = {};
     whole.l_type = F_WRLCK;
@@ -37,7 +37,7 @@ bool LockedByAnother(int descriptor) {
            HeldElsewhere(::flock(descriptor, LOCK_EX | LOCK_NB));
 }
 
-/// Only behind the lock: a file in use keeps what it holds. What is no plain file has nothing to be emptied of.
+/// Only after locking: a file in use must keep its content. Only regular files can be truncated.
 bool Empty(int descriptor) {
     struct stat status = {};
     if (::fstat(descriptor, &status) != 0) return false;
@@ -53,7 +53,7 @@ OutputFile::~OutputFile() {
 }
 
 std::unique_ptr<OutputFile> OutputFile::Open(const QString& path) {
-    // A pipe without a reader fails instead of waiting for one.
+    // O_NONBLOCK: opening a pipe without a reader fails instead of blocking.
     const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     const int descriptor = ::open(QFile::encodeName(path).constData(), flags, 0666);
     if (descriptor < 0) return nullptr;
@@ -80,7 +80,7 @@ void OutputFile::WriteOut() {
     pending_.resize(0);
 }
 
-// On a share, a full disk may show at the close alone.
+// On network file systems a full disk may be reported only by close.
 void OutputFile::Close() {
     WriteOut();
     if (::close(std::exchange(descriptor_, -1)) != 0) RaiseWriteFailure(errno);

@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-/// Status of a path that could not be opened.
+/// Maps errno of a failed open.
 FileRead Refused(int code) {
     if (code == ENOENT || code == ENOTDIR) return FileRead::Missing;
     return code == ENXIO ? FileRead::NotPlain : FileRead::Denied;
@@ -18,7 +18,7 @@ FileRead Refused(int code) {
 }  // namespace
 
 FileRead OpenPlainFile(const QString& path, QFile& file, QIODevice::OpenMode more) {
-    // Opening a pipe would wait for its other end, and opening some devices already does something.
+    // O_NONBLOCK, since opening a pipe would block; O_NOCTTY, since opening a terminal would have a side effect.
     const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const int descriptor = ::open(QFile::encodeName(path).constData(), flags);
     if (descriptor < 0) return Refused(errno);
@@ -33,7 +33,7 @@ FileRead ReadPlainFile(const QString& path, qint64 limit, QByteArray& content) {
     QFile file;
     const FileRead opened = OpenPlainFile(path, file);
     if (opened != FileRead::Done) return opened;
-    // One byte more than allowed tells a file that grows meanwhile.
+    // One extra byte detects a file that is too large or still growing.
     QByteArray read = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError) return FileRead::Failed;
     if (read.size() > limit) return FileRead::TooLarge;

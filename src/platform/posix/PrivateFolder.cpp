@@ -24,8 +24,8 @@ QString NameOf(uid_t user) {
     return entry == nullptr ? QString::number(user) : QString::fromLocal8Bit(entry->pw_name);
 }
 
-/// True when the folder belongs to its owner alone from now on. The link that may have taken its place meanwhile is not
-/// followed.
+/// Sets mode 0700. Uses a descriptor opened with O_NOFOLLOW, since the folder may have been replaced by a link
+/// meanwhile.
 bool CloseToOthers(const QString& folder, uid_t owner) {
     const int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
     const int descriptor = ::open(QFile::encodeName(folder).constData(), flags);
@@ -41,7 +41,7 @@ class Inspection {
   public:
     Inspection(std::optional<uid_t> owner, bool claims) : owner_(owner), claims_(claims) {}
 
-    /// The folder itself must be the owner's; what is in it may be the administrator's, who brings copies back.
+    /// The folder itself must belong to `owner`; its content may also belong to root, for example after a restore.
     QStringList Faults(const QString& folder) {
         struct stat state = {};
         if (::lstat(QFile::encodeName(folder).constData(), &state) == 0) Inspect(folder, state, false);
@@ -63,7 +63,7 @@ class Inspection {
             faults_.append(u"%1 はフォルダではありません。"_s.arg(path));
     }
 
-    /// Closed first, so that nothing can come in behind the look.
+    /// Sets the mode first, so that nothing can be added after the check.
     void InspectFolder(const QString& folder, bool own) {
         if (claims_ && own && !CloseToOthers(folder, *owner_))
             faults_.append(u"フォルダ %1 の権限を設定できません。"_s.arg(folder));

@@ -1,6 +1,6 @@
 #pragma once
 
-// The C library's header of process descriptors forgets to say that its functions are C.
+// This glibc header lacks extern "C".
 extern "C" {
 #include <sys/pidfd.h>
 }

@@ -26,8 +26,8 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-/// An open process: the descriptor can't come to mean another process when the id is used again. An ended one has none
-/// left, since a preview's handle stays open for the rest of the run.
+/// An open process. The pidfd stays valid for this process even if its id is reused. It is closed when the process
+/// ends, since handles of previews stay open for the rest of the run.
 struct OpenedProcess {
     int descriptor = -1;
     bool ended = false;
@@ -35,7 +35,7 @@ struct OpenedProcess {
     QPointer<QSocketNotifier> watch;
 };
 
-// Handles count from beyond every process id, so that an id is never mistaken for a handle.
+// Above all possible process ids, so that an id is never mistaken for a handle.
 constexpr quint32 kFirstHandle = 0x40000001;
 
 QHash<quint32, OpenedProcess>& Handles() {
@@ -72,7 +72,7 @@ QString ProgramFile(const QString& named) {
 
 quint32 Start(const QString& program, const QStringList& arguments, bool hidden) {
     const QString file = ProgramFile(program);
-    // A bare name must not start whatever lies in the working folder.
+    // A name without a folder must not start a file of the working directory.
     const bool there = QDir::isAbsolutePath(file) && QFileInfo(file).isFile();
     const int child = there ? StartChild(file, arguments, hidden) : 0;
     if (child == 0) throw RuntimeError(kFileNotFound, u"プログラム「%1」を起動できません。"_s.arg(program));
@@ -83,7 +83,7 @@ quint32 Start(const QString& program, const QStringList& arguments, bool hidden)
 
 void LocalProcessService::EndProcess(int exitCode) {
     std::fflush(nullptr);
-    // Not exit(): destructors of windows and libraries would run underneath the loops that still stand.
+    // Not exit(): destructors would run while nested event loops are still active.
     std::_Exit(exitCode);
 }
 

@@ -31,8 +31,8 @@ long TakeLock(int file) {
     return kRegistryDone;
 }
 
-/// The lock file, -1 without one. Whoever can open it can hold the lock for as long as they like, so it belongs to its
-/// writer alone, one that an earlier version has made for all readers included.
+/// Opens the lock file; -1 on failure. Any process that can open it can block writers by holding the lock, so its mode
+/// is 0600; also corrected for files that an earlier version created as world-readable.
 int OpenLock(const QString& path) {
     const int flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const int file = ::open(QFile::encodeName(path).constData(), flags, kOwnerOnly);

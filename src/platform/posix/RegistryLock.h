@@ -4,9 +4,8 @@
 
 namespace platform {
 
-/// Keeps other writers of a registry file out for as long as it lives. The lock lies on a file of its own beside it,
-/// since the registry file itself is replaced by each write, and only its owner may open that file. It ends with the
-/// process that holds it.
+/// Exclusive lock on a registry file against other writers, for the lifetime of the object. A separate lock file (0600)
+/// is used, since each write replaces the registry file. The kernel releases the lock when the process ends.
 class RegistryLock {
   public:
     explicit RegistryLock(const QString& file);
@@ -14,7 +13,7 @@ class RegistryLock {
     RegistryLock(const RegistryLock&) = delete;
     RegistryLock& operator=(const RegistryLock&) = delete;
 
-    /// kRegistryDone, kRegistryDenied where the user may not write there, kRegistryLocked.
+    /// kRegistryDone, kRegistryDenied if the user has no write permission, kRegistryLocked after a timeout.
     long Status() const { return status_; }
 
   private:

@@ -25,7 +25,7 @@ constexpr qsizetype kRandomCharacters = 6;
 constexpr qint64 kLongestNote = 4096;
 constexpr int kAttempts = 10;
 
-/// Opens the lock file of a folder and takes the lock. -1 if there is none or a process holds it.
+/// Opens the lock file of a folder and locks it. -1 if there is none or another process has locked it.
 int TakeLock(const QString& folder, int furtherFlags) {
     const QByteArray file = QFile::encodeName(folder + u'/' + kLockFile);
     const int lock = ::open(file.constData(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | furtherFlags, 0600);
@@ -40,7 +40,7 @@ bool IsThere(int file) {
     return ::fstat(file, &found) == 0 && found.st_nlink > 0;
 }
 
-/// The lock file goes last: without it, what is left after an interruption would not be known for a leftover.
+/// Removes the lock file last: if interrupted, the rest must still be recognised as a leftover.
 bool RemoveFolder(const QString& folder) {
     const auto entries =
         QDir(folder).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
@@ -63,7 +63,7 @@ QByteArray NoteIn(int lock) {
 }  // namespace
 
 ScratchFolder::ScratchFolder(const QString& parent, const QString& prefix, const QByteArray& note) {
-    // A clean-up of another process may take the new folder for a leftover until it is locked.
+    // Until it is locked, the cleanup of another process may remove the new folder; hence the retries.
     const QByteArray pattern = QFile::encodeName(parent + u'/' + prefix) + QByteArray(kRandomCharacters, 'X');
     for (int attempt = 0; attempt < kAttempts && !IsValid(); ++attempt) Make(pattern, note);
 }

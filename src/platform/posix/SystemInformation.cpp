@@ -16,7 +16,7 @@ namespace {
 
 QString ProgramPath(const QString& startedAs) {
     if (startedAs.contains(u'/')) return QDir::cleanPath(QDir::current().absoluteFilePath(startedAs));
-    // Found along PATH: the shell hands over the bare name.
+    // The shell passes the bare name of a program found in PATH.
     const QString found = QStandardPaths::findExecutable(startedAs);
     return found.isEmpty() ? QDir::current().absoluteFilePath(startedAs) : found;
 }
@@ -35,7 +35,7 @@ LocalSystemInformation::LocalSystemInformation(int argc, char** argv) {
     if (argc > 0) applicationFolder_ = QFileInfo(ProgramPath(QString::fromLocal8Bit(argv[0]))).path();
 }
 
-// The real user id and never an environment variable: the name picks folders and rights.
+// The real user id, not $USER: folders and rights depend on the name.
 void LocalSystemInformation::ReadUserName(QString& buffer) const {
     const passwd* entry = getpwuid(getuid());
     if (entry != nullptr) WriteWithNul(QString::fromLocal8Bit(entry->pw_name), buffer);

@@ -15,7 +15,7 @@
 namespace platform {
 namespace {
 
-int g_signalEnds[2] = {-1, -1};  // a signal handler may write to a socket and little else
+int g_signalEnds[2] = {-1, -1};  // self-pipe; write() is async-signal-safe
 std::atomic_bool g_requested = false;
 
 void WriteSignal(int) {

@@ -24,7 +24,7 @@ QString Below(const RegistryKey& parent, const QString& subkey) {
 long WriteContent(const QString& path, const RegistryContent& content) {
     const QByteArray text = RegistryText(content);
     QString error;
-    // Too large a file would be taken for a damaged one by the next read.
+    // A larger file would be rejected as damaged by the next read.
     const bool written = text.size() <= kMaxRegistryBytes && ReplaceFile(path, text, error);
     return written ? kRegistryDone : kRegistryNotWritten;
 }
@@ -37,7 +37,7 @@ bool MayWrite(const QString& path) {
     return QFileInfo(folder).isWritable();
 }
 
-/// Text and NUL over the beginning of the buffer. The length comes in as room and goes out as need.
+/// Writes text and NUL over the beginning of the buffer. `length`: in, size of the buffer; out, required size.
 long HandOut(const QString& text, QString& buffer, int& length) {
     const qsizetype room = qMin<qsizetype>(length, buffer.size());
     length = static_cast<int>(text.size()) + 1;
@@ -51,7 +51,7 @@ QString FileByEnvironment(const char* variable, const QString& otherwise) {
     return named.isEmpty() ? otherwise : named;
 }
 
-// What is the machine's has to be read by every user, whatever the umask of the administrator who writes it first.
+// Files of the machine root must be readable by all users, regardless of the administrator's umask.
 constexpr auto kReadableByAll =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
@@ -201,7 +201,7 @@ long FileRegistry::SetValue(const RegistryKey& key, const QString& name, std::va
     if ((key.access & kMayWriteValues) == 0) return kRegistryDenied;
     if (!IsUsableValueName(name)) return kRegistryBadName;
     return Write(key, [&](RegistryContent& content) {
-        // Another program may have taken the key away meanwhile.
+        // Another process may have replaced the file without this key meanwhile.
         RegistryContent::Key* found = content.Find(key.path);
         if (found == nullptr) return kRegistryNotFound;
         RegistryContent::Value& value = found->values[FoldedName(name)];

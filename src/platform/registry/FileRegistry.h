@@ -7,9 +7,9 @@
 
 namespace platform {
 
-/// The registry in two text files. Every call reads the file anew, so that programs see each other's writes at once. A
-/// write takes the file's lock, reads what stands there now, and puts the new file into its place in one step: two
-/// programs that write at once lose nothing, and a reader never sees half a file.
+/// The registry in two text files. Not cached: each call reads the file, so that writes of other programs are visible
+/// at once. A write takes the lock, reads the current content and replaces the file atomically; concurrent writers lose
+/// no update, and readers never see a partial file.
 class FileRegistry : public Registry {
   public:
     FileRegistry();
@@ -34,12 +34,12 @@ class FileRegistry : public Registry {
     QString machineFile_, userFile_;
 };
 
-/// Content of a registry file; a missing one leaves `content` as it is. kRegistryDone, kRegistryDenied, or
-/// kRegistryDamaged for one that is no plain file as well: it is never waited for.
+/// Reads a registry file into `content`; unchanged if the file is missing. Returns kRegistryDone, kRegistryDenied or
+/// kRegistryDamaged; the latter also for anything that is not a regular file (never blocks).
 long LoadRegistry(const QString& path, RegistryContent& content);
 
-/// Where the two files lie: the environment variables MEIBO_MACHINE_REGISTRY and MEIBO_USER_REGISTRY, where they are
-/// set; otherwise /etc/youin-meibo/registry, and youin-meibo/registry in the user's folder for settings.
+/// Paths of the two files: the environment variables MEIBO_MACHINE_REGISTRY and MEIBO_USER_REGISTRY if set; otherwise
+/// /etc/youin-meibo/registry, and youin-meibo/registry in the user's configuration folder.
 QString MachineRegistryFile();
 QString UserRegistryFile();
 

@@ -28,7 +28,7 @@ QString Quoted(const QString& text) {
     return quoted + u'"';
 }
 
-/// Takes a quoted text off the beginning of the line.
+/// Parses and removes a quoted string at the beginning of the line; nullopt if malformed.
 std::optional<QString> TakeQuoted(QStringView& line) {
     if (!line.startsWith(u'"')) return std::nullopt;
     QString text;

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// What a registry file holds. Names are sought folded; the spelling is kept beside.
+/// Parsed content of a registry file. Lookup is by folded name; the original spelling is stored with it.
 struct RegistryContent {
     struct Value {
         QString name;
@@ -18,32 +18,33 @@ struct RegistryContent {
         QString path;
         std::map<QString, Value> values;  ///< by folded name
     };
-    std::map<QString, Key> keys;  ///< by folded path; every key above a key is there as well
+    std::map<QString, Key> keys;  ///< by folded path; the parents of every key are present
 
+    /// Null if there is no such key.
     const Key* Find(const QString& path) const;
     Key* Find(const QString& path);
-    /// The key, made with all keys above it where it is missing. The path is usable.
+    /// Returns the key; creates it and missing parents. `path` must satisfy IsUsableKeyPath.
     Key& Make(const QString& path);
 };
 
-// Bounds, so that no file and no name makes the programs run out of memory or stack. A key is kept with all keys above
-// it, each under its whole path.
-inline constexpr qsizetype kMaxKeyDepth = 32;            ///< names in a key's path
-inline constexpr qsizetype kMaxNameLength = 255;         ///< UTF-16 code units of one name, of a key or of a value
+// Limits that bound memory and recursion for any input. Depth matters because every parent of a key is stored with its
+// full path.
+inline constexpr qsizetype kMaxKeyDepth = 32;            ///< components of a key's path
+inline constexpr qsizetype kMaxNameLength = 255;         ///< UTF-16 code units of the name of a key or value
 inline constexpr qsizetype kMaxRegistryBytes = 1 << 20;  ///< of the whole file
 
-/// True for a path of a key that keeps the bounds and that a line can hold.
+/// True if the path is within the limits and can be written on a line.
 bool IsUsableKeyPath(const QString& path);
-/// True for a name of a value that keeps the bounds; a line can hold any.
+/// True if the name is within the limits; any character can be escaped.
 bool IsUsableValueName(const QString& name);
 
-/// How names are compared: without letter case, otherwise by code unit.
+/// Case-folded name for comparison.
 QString FoldedName(const QString& name);
 
-/// The file's text (UTF-8): a line "[path]" for each key, below it a line for each value, "name"="text" or
-/// "name"=number. "\", quotes and line ends inside quotes are written with "\".
+/// Serialises to UTF-8: a line "[path]" for each key, followed by a line "name"="text" or "name"=number for each value.
+/// "\", quotes, line ends and NUL are escaped with "\" inside quotes.
 QByteArray RegistryText(const RegistryContent& content);
-/// None when a line is something else, a key or name is out of bounds, or the text is not UTF-8.
+/// nullopt for a malformed line, an invalid key or name, or text that is not UTF-8.
 std::optional<RegistryContent> ParseRegistry(const QByteArray& text);
 
 }  // namespace platform

@@ -4,9 +4,9 @@
 
 namespace platform {
 
-/// The folder for the sockets of this user's report hosts: XDG_RUNTIME_DIR, otherwise one that is made in the temporary
-/// directory. Throws RuntimeError kHostNotFound where a folder of that name exists that other users own, reach by a
-/// link or may enter: what listens there need not be a host of this user.
+/// Folder for the sockets of this user's report hosts: XDG_RUNTIME_DIR, otherwise a folder created below TMPDIR or
+/// /tmp. Throws RuntimeError kHostNotFound if the latter is a link, belongs to another user or is accessible to others:
+/// another user's program might be listening there.
 QByteArray HostFolder();
 
 }  // namespace platform

@@ -4,17 +4,16 @@
 #include <QString>
 #include <optional>
 
-// What a program and its report host say to each other: lines of UTF-8 text, a request at a time, each answered by one
-// line.
+// IPC protocol between a program and its report host: one line of UTF-8 JSON for each request and for each reply.
 
 namespace platform {
 
 enum class HostVerb {
-    Bind,        ///< are you there?
-    OpenReport,  ///< name and view
+    Bind,        ///< ping
+    OpenReport,  ///< report name and view
     Maximize,
     Quit,
-    Release,  ///< from a host that takes over the forms file; not answered
+    Release,  ///< sent by a host that takes over the template file; no reply
 };
 
 struct HostRequest {
@@ -24,19 +23,20 @@ struct HostRequest {
 };
 
 struct HostAnswer {
-    long number = 0;  ///< 0: done
+    long number = 0;  ///< 0: success
     QString description;
 };
 
-/// With the line end.
+/// Serialise to one line, including the line end.
 QByteArray LineOf(const HostRequest& request);
 QByteArray LineOf(const HostAnswer& answer);
-/// None for a line that is no such message.
+/// nullopt for a line that is not such a message.
 std::optional<HostRequest> ParseRequest(const QByteArray& line);
 std::optional<HostAnswer> ParseAnswer(const QByteArray& line);
 
-/// The socket of the host that has the forms file open: in a folder that only this user can enter, and short enough for
-/// every system. The same for every way to write the path of one file. Throws RuntimeError like HostFolder.
+/// Socket path of the host that serves the template file: in HostFolder, derived from a hash of the canonical path, so
+/// that it is short enough for sun_path and independent of how the path is written. Throws RuntimeError like
+/// HostFolder.
 QString HostSocketPath(const QString& formsFile);
 
 }  // namespace platform

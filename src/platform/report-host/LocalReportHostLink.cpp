@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace platform {
 namespace {
 
-constexpr int kNoLimit = -1;  // a long report takes as long as it takes
+constexpr int kNoLimit = -1;  // printing a long report may take minutes
 constexpr qint64 kLongestAnswer = 1 << 16;
 constexpr int kBetweenPolls = 100;  // milliseconds between two polls for a request to end the program
 
@@ -46,7 +46,7 @@ class SocketReportHost : public ReportHost {
             if (socket_.state() != QLocalSocket::ConnectedState)
                 throw RuntimeError(kHostGone, u"帳票ホストが途中で終了しました。"_s);
             if (end.hasExpired()) throw RuntimeError(kHostGone, u"帳票ホストが応答しません。"_s);
-            // No event is processed meanwhile.
+            // No events are processed here, so poll for a request to end the program.
             if (EndRequested()) CarryOutEndRequest();
         }
         return socket_.readLine();

@@ -2,8 +2,8 @@
 
 namespace platform {
 
-/// True when the process at the other end of a connected local socket runs under the user id of this one. The other
-/// end counts as it was when it connected or began to listen.
+/// True if the peer of a connected local socket has this process's user id. Checks the credentials at the time of
+/// connect or listen.
 bool PeerIsSameUser(int socket);
 
 }  // namespace platform

@@ -13,7 +13,7 @@ namespace {
 
 using namespace report;
 
-/// What a form's name leads to in the forms file.
+/// A parsed template with its linked table.
 struct FoundForm {
     FormDefinition form;
     LinkedTable link;

@@ -6,17 +6,18 @@
 
 class QPainter;
 
-/// A report whose form has been read and checked and whose rows stand ready. Pages count from 0.
+/// A report whose template is parsed and checked and whose rows are loaded. Pages are numbered from 0.
 class PreparedReport {
   public:
     virtual ~PreparedReport() = default;
     virtual int PageCount() const = 0;
     virtual QSizeF PageMillimetres() const = 0;
+    /// Throws ReportStopped when cancelled (see RenderWatch.h), DatabaseError when the rows can't be read.
     virtual void PaintPage(QPainter& painter,
-                           int page) = 0;  ///< painter's unit: millimetre, origin at the page's top left
+                           int page) = 0;  ///< painter's unit: millimetre; origin: top left of the page
 };
 
-/// Why a report can't be made, in a Japanese sentence that a clerk understands.
+/// Why a report can't be made: a Japanese sentence for the user.
 class ReportFailure : public std::runtime_error {
   public:
     explicit ReportFailure(const QString& reason) : std::runtime_error(reason.toStdString()), reason_(reason) {}
@@ -26,8 +27,10 @@ class ReportFailure : public std::runtime_error {
     QString reason_;
 };
 
-/// formsFile: path of repfrmdb; report: its name. Throws ReportFailure.
+/// Loads a report. `formsFile`: path of the template file (repfrmdb); `report`: name of the template. Throws
+/// ReportFailure for a missing or invalid template, an unreadable work table, no rows, or a missing Japanese font.
 std::unique_ptr<PreparedReport> PrepareReport(const QString& formsFile, const QString& report);
 
-/// Writes all pages into a PDF with embedded fonts; throws ReportFailure when the file can't be written.
+/// Renders all pages into a PDF with embedded fonts; an existing file is replaced atomically. Throws ReportFailure if
+/// the file can't be written.
 void WritePdf(PreparedReport& report, const QString& file);

@@ -9,7 +9,7 @@ namespace report {
 
 namespace {
 
-/// Puts the painter's state back at the end of a block.
+/// Saves the painter's state and restores it at the end of the scope.
 class PainterState {
   public:
     explicit PainterState(QPainter& painter) : painter_(painter) { painter_.save(); }

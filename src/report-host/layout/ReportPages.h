@@ -10,18 +10,20 @@
 
 namespace report {
 
-/// Where a row lies on its page, from the page's corner: all its cells.
+/// Top left corners of the cells of a row, relative to the page. `slot`: index of the row on its page.
 QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot);
 
-/// A form with its rows, cut into pages.
+/// Paginates the rows of a report and paints the pages.
 class ReportPages : public PreparedReport {
   public:
-    /// `columns` are those of the rows; `today` is the text of the running value 本日.
+    /// `columns`: column names of `rows`; `today`: text of the built-in field 本日. The template must have passed
+    /// CheckForm.
     ReportPages(FormDefinition form, QStringList columns, ReportRowStore rows, QString today);
 
     int PageCount() const override;
     QSizeF PageMillimetres() const override { return form_.page; }
     void PaintPage(QPainter& painter, int page) override;
+    /// False if no installed font has Japanese glyphs.
     bool CanWriteJapanese() { return types_.HasJapanese(); }
 
   private:
@@ -37,7 +39,7 @@ class ReportPages : public PreparedReport {
     int rowsPerPage_;
     FontSet types_;
     ElementPainter elements_{types_};
-    int page_ = 0, row_ = 0;  // being painted
+    int page_ = 0, row_ = 0;  // current position while painting
 };
 
 }  // namespace report

@@ -16,13 +16,13 @@ QString ListOf(const QStringList& names) {
 
 database::SqliteDatabase OpenPrivateFile() {
     sqlite3* raw = nullptr;
-    // An empty name is a file that the engine makes for itself and deletes at the end.
+    // An empty name is an anonymous temporary database, which SQLite deletes on close.
     const int code = sqlite3_open_v2("", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     database::SqliteDatabase database(raw);
     if (code != SQLITE_OK) throw database::SqliteFailure(raw);
     database::RunPlain(raw, "PRAGMA journal_mode=OFF");
     database::RunPlain(raw, "PRAGMA synchronous=OFF");
-    database::RunPlain(raw, "PRAGMA cache_size=-256");  // KiB: rows are read once, one after the other
+    database::RunPlain(raw, "PRAGMA cache_size=-256");  // KiB; rows are read sequentially, so a cache does not help
     return database;
 }
 
@@ -31,7 +31,7 @@ database::SqliteDatabase OpenPrivateFile() {
 ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns,
                                const QStringList& order)
     : spool_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
-    QStringList named{u"c0"_s};  // one column at least, so that the rows of a form that shows none can be counted
+    QStringList named{u"c0"_s};  // at least one column, so that rows can be counted even if the template shows none
     for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));
     EachRow(spool_.get(), PrepareStatement(spool_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(),
             [] {});

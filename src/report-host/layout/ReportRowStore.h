@@ -7,17 +7,17 @@
 
 namespace report {
 
-/// The rows of one report as they were when it was prepared: the next output may empty the work table while a preview
-/// of this one is still on the screen. They lie in a file of the engine's own that nobody else sees and that goes with
-/// this object, so memory does not grow with them.
+/// Snapshot of the rows of one report: the next output may clear the work table while a preview of this one is still
+/// open. Stored in an anonymous temporary SQLite database, which is deleted with the object, so that memory use does
+/// not depend on the number of rows.
 class ReportRowStore {
   public:
-    /// Copies the columns of all rows, ordered by the columns in `order`, otherwise as they were written. The source is
-    /// closed afterwards. Throws database::DatabaseError.
+    /// Copies the columns of all rows of `table`, sorted by the columns in `order`, otherwise in table order. `source`
+    /// is not used after the constructor. Throws database::DatabaseError.
     ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns, const QStringList& order);
 
     int Count() const { return count_; }
-    /// The values of a row, in the order of the columns; Null is empty. Rows count from 0.
+    /// Values of a row (from 0) in the order of `columns`; Null as empty text. Throws database::DatabaseError.
     QStringList Row(int row);
 
   private:

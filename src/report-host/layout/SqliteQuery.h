@@ -7,19 +7,19 @@
 
 namespace report {
 
-/// A name between the engine's quotes.
+/// Quotes an identifier for SQLite.
 QString QuotedName(const QString& name);
 
-/// Prepares one statement and binds the texts to its places in order. Throws database::DatabaseError.
+/// Prepares a statement and binds `texts` to its parameters in order. Throws database::DatabaseError.
 database::SqliteStatement PrepareStatement(sqlite3* database, const QString& sql, const QStringList& texts = {});
 
-/// Runs it to its end and calls `row` for each row. Throws database::DatabaseError.
+/// Executes the statement to the end and calls `row` for each row. Throws database::DatabaseError.
 void EachRow(sqlite3* database, sqlite3_stmt* statement, const std::function<void()>& row);
 
-/// A value of the current row as text; Null is empty.
+/// Column of the current row as text; Null as empty text. Throws database::DatabaseError if memory runs out.
 QString TextOf(sqlite3_stmt* statement, int column);
 
-/// Columns of a table or view in their order; empty where there is no such table.
+/// Column names of a table or view, in order; empty if it does not exist. Throws database::DatabaseError.
 QStringList ColumnsOf(sqlite3* database, const QString& table);
 
 }  // namespace report

@@ -14,17 +14,17 @@ namespace {
 
 constexpr double kSlack = 1e-6;
 constexpr double kSmallerStep = 0.97;
-constexpr double kNarrowestLetter = 1.0 / 16;  // in type sizes; narrower ones and marks are the exception
+constexpr double kNarrowestLetter = 1.0 / 16;  // in em; a lower bound for common letters
 constexpr double kWidestLetter = 4;
-constexpr qsizetype kFewCharacters = 100;  // cost nothing, whatever their place
+constexpr qsizetype kFewCharacters = 100;  // shaped in any case; costs little
 
 bool IsOfNumber(QChar c) {
     static constexpr QStringView kSigns = u"0123456789０１２３４５６７８９〇一二三四五六七八九-－";
     return kSigns.contains(c);
 }
 
-/// The last boundary behind `begin` up to which the text is no longer than `limit`; `begin` if there is none. Numbers
-/// of houses are kept whole where asked.
+/// The last break opportunity after `begin` with the text up to it no longer than `limit`; `begin` if there is none.
+/// With `wholeNumbers`, no break within a number, such as in an address.
 qsizetype LastWithin(QTextBoundaryFinder& places, const ShapedText& shaped, qsizetype begin, double limit,
                      bool wholeNumbers) {
     const QString text = places.string();
@@ -38,7 +38,7 @@ qsizetype LastWithin(QTextBoundaryFinder& places, const ShapedText& shaped, qsiz
     return end;
 }
 
-/// The beginning of a text that is longer, and the sign.
+/// Cuts the text to `most` UTF-16 code units plus "…", without splitting a surrogate pair.
 QString Bounded(const QString& text, qsizetype most) {
     if (text.size() <= most) return text;
     const qsizetype whole = text[most - 1].isHighSurrogate() ? most - 1 : most;
@@ -55,7 +55,7 @@ class Fitter {
           size_(std::min(style.points * kMillimetresPerPoint, depth)),
           least_(std::min(style.leastPoints * kMillimetresPerPoint, size_)) {}
 
-    /// How many characters can find room at most. What is longer need not be shaped to know that it is cut.
+    /// Upper bound for the number of characters that fit. Longer text is truncated before shaping, which is slow.
     qsizetype Capacity() const {
         const bool wraps = style_.fitting == Fitting::Wrap, narrows = style_.fitting == Fitting::Condense;
         const double letter = least_ * kNarrowestLetter * (narrows ? kNarrowest : 1);
@@ -88,7 +88,7 @@ class Fitter {
         return text.replace(u'\n', u' ');
     }
 
-    /// The longest beginning of whole characters that leaves room for the sign, and the sign.
+    /// The longest prefix of whole graphemes that fits together with "…".
     std::shared_ptr<const ShapedText> Cut(const QString& line, double size) {
         const QString sign = u"…"_s;
         const double room = length_ / size - Shape(sign)->length;
@@ -127,7 +127,7 @@ class Fitter {
         return std::max(1, 1 + static_cast<int>((depth_ - size + kSlack) / (size * style_.lineStep)));
     }
 
-    /// Fewer lines than the breaking gives, but found without looking for the places where a line may end.
+    /// Lower bound for the number of lines, found without computing line breaks.
     qsizetype LeastLines(const QList<double>& paragraphs, double size) const {
         const double room = std::max(length_ / size, kWidestLetter) + kSlack;
         qsizetype least = 0;
@@ -141,7 +141,7 @@ class Fitter {
         return lines;
     }
 
-    /// Breaks where a Japanese line may end; a word longer than a line is broken anywhere.
+    /// Breaks lines by the Japanese rules; a word longer than a line is broken at any character.
     void BreakInto(QStringList& lines, const QString& paragraph, double size) {
         const auto shaped = Shape(paragraph);
         const double room = length_ / size + kSlack;

@@ -9,19 +9,19 @@
 
 namespace report {
 
-/// A text brought into its place.
+/// Result of the text layout.
 struct FittedText {
-    double size = 0;     ///< type size in millimetres
-    double stretch = 1;  ///< of the letters along the line
+    double size = 0;     ///< font size in millimetres
+    double stretch = 1;  ///< scaling of the glyphs along the line
     QList<std::shared_ptr<const ShapedText>> lines;
 };
 
-/// Fits a text into `length` along and `depth` across the lines, in millimetres. What finds no room at the smallest
-/// size that the style allows ends in "…".
+/// Lays out `text` in a box of `length` (along the line) by `depth` (across the lines) millimetres. Text that does not
+/// fit at the smallest size of the style is truncated with "…".
 FittedText FitText(FontSet& types, const QString& text, const TextStyle& style, double length, double depth);
 
 inline constexpr double kMillimetresPerPoint = 25.4 / 72;
-/// No text is condensed further: beyond this it can't be read.
+/// Smallest stretch factor; more condensed text is illegible.
 inline constexpr double kNarrowest = 0.5;
 
 }  // namespace report

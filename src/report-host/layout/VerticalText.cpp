@@ -6,7 +6,7 @@ namespace report {
 
 QString ToVerticalText(const QString& text) {
     QString wide = ToFullWidth(text);
-    // The suite's conversion leaves these as they are.
+    // ToFullWidth leaves these unchanged.
     static constexpr QStringView kNarrow = u"\"^`｡｢｣､･", kWide = u"＂＾｀。「」、・";
     for (QChar& c : wide)
         if (const qsizetype at = kNarrow.indexOf(c); at >= 0) c = kWide[at];

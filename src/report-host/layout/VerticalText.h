@@ -4,10 +4,10 @@
 
 namespace report {
 
-/// A text as it is written from top to bottom: everything in full width, so that letters and signs stand upright.
+/// Converts text for vertical writing: all characters to full width, so that Latin letters and punctuation are upright.
 QString ToVerticalText(const QString& text);
 
-/// Digits of either width one by one as kanji numerals, as in addresses: "１０階" is "一〇階".
+/// Replaces half-width and full-width digits one by one by kanji numerals, as in addresses: "１０階" becomes "一〇階".
 QString ToKanjiNumerals(const QString& text);
 
 }  // namespace report

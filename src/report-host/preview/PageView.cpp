@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kDotsPerMillimetre = 96.0 / 25.4;
-constexpr int kMargin = 12;  // around the sheet
+constexpr int kMargin = 12;  // around the page
 constexpr int kShadow = 3;
-constexpr double kMostDots = 64e6;  // of the sheet's picture, 256 MB
-constexpr int kBriefly = 500;       // milliseconds that a page may take while its window is being painted
-constexpr int kLater = 50;          // milliseconds, for a timer: nested work lets posted events through
+constexpr double kMostDots = 64e6;  // pixels of the page's pixmap, 256 MB
+constexpr int kBriefly = 500;       // milliseconds that a page may take within a paint event
+constexpr int kLater = 50;  // milliseconds; 0 would post an event, which nested event processing delivers at once
 
 QString ReasonOf(const std::exception& error) {
     const auto* failure = dynamic_cast<const ReportFailure*>(&error);
@@ -102,7 +102,7 @@ void PageView::paintEvent(QPaintEvent* /*event*/) {
     if (!shown_.isNull()) painter.drawPixmap(sheet.topLeft(), shown_);
 }
 
-/// Almost every page is there at once. No event can be let through while a window is being painted.
+/// Most pages are rendered at once. No events can be processed within a paint event, so a slow page is rendered later.
 void PageView::RenderBriefly() {
     if (RenderWatch::IsActive()) return RenderLater();
     const RenderWatch brief([end = QDeadlineTimer(kBriefly)] { return end.hasExpired(); });

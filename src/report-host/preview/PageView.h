@@ -9,23 +9,24 @@
 
 class PreparedReport;
 
-/// One page of a report as it will be printed, on its sheet, at some zoom. A page that can't be painted shows why.
-/// Takes the focus; keys are left to what scrolls it. Assistive tools are told which page it is.
+/// Widget that shows one page of a report at a zoom factor. If painting fails, it shows the reason instead. Accepts the
+/// focus; scroll keys are passed on to the scroll area. Its accessible description is the page number.
 class PageView : public QWidget, public AccessibleText {
   public:
     explicit PageView(PreparedReport& report);
 
     int Page() const { return page_; }
     void ShowPage(int page);
-    /// 1 is the size on paper, at 96 dots an inch.
+    /// 1 is the paper size at 96 dpi.
     double Zoom() const { return zoom_; }
-    /// No larger than a picture of the sheet can be held in memory.
+    /// Sets the zoom factor, limited so that the pixmap of the page fits into memory.
     void SetZoom(double zoom);
-    /// The zoom at which the sheet fills a window's inside; without its height where only the width counts.
+    /// The zoom factor at which the page fits into a viewport of this size (pixels); without `wholePage` only its width
+    /// must fit.
     double ZoomToFit(QSize room, bool wholePage) const;
 
-    /// Runs the painting of a page that takes long in such a way that its window can be closed meanwhile. Without it
-    /// such a page stays blank.
+    /// Runs the rendering of a slow page so that the window can be closed meanwhile. If not set, such a page stays
+    /// blank.
     std::function<void(const std::function<void()>& paint)> AtLength;
 
     QSize sizeHint() const override;
@@ -46,5 +47,5 @@ class PageView : public QWidget, public AccessibleText {
     PreparedReport& report_;
     int page_ = 0;
     double zoom_ = 1;
-    QPixmap shown_;  ///< the page at this zoom; null when it has to be painted anew
+    QPixmap shown_;  ///< rendered page at this zoom; null if it must be rendered again
 };

@@ -29,12 +29,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
-constexpr int kMessageTime = 8000;  // milliseconds in the status line
-constexpr int kLook = 50;           // milliseconds between two looks at the close box while work runs
-constexpr int kManagerTime = 500;   // milliseconds that a window manager has to enlarge a window
+constexpr int kMessageTime = 8000;  // milliseconds in the status bar
+constexpr int kLook = 50;           // milliseconds between polls of the close box while a job runs
+constexpr int kManagerTime = 500;   // milliseconds for a window manager to maximise a window
 constexpr QSize kUsualSize(980, 720);
 
-// The first two follow the window's size, the others stand.
+// The first two are recomputed when the window is resized.
 const QStringList kFits{u"ページ全体"_s, u"ページの幅"_s};
 constexpr int kPercents[] = {25, 50, 75, 100, 150, 200, 400};
 
@@ -52,13 +52,13 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString nam
 }
 
 PreviewWindow::~PreviewWindow() {
-    // The view paints from the report.
+    // The view uses report_, which would otherwise be destroyed first.
     delete area_;
 }
 
 void PreviewWindow::FillScreen() {
     showMaximized();
-    // Where no window manager runs, nobody enlarges the window. Under one, a frame is all that may be missing.
+    // Without a window manager nothing maximises the window. With one, the difference is at most the frame.
     QTimer::singleShot(kManagerTime, this, [this] {
         const QRect room = screen()->availableGeometry();
         if (isMaximized() && width() < room.width()) setGeometry(room);
@@ -70,7 +70,7 @@ void PreviewWindow::MakeView() {
     view_->AtLength = [this](const std::function<void()>& paint) { Work(paint, {}); };
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
-    area_->setFocusPolicy(Qt::NoFocus);  // the page has it, and can be named
+    area_->setFocusPolicy(Qt::NoFocus);  // the page has it, so that screen readers can name it
     area_->setAlignment(Qt::AlignCenter);
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
@@ -86,7 +86,7 @@ QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QStr
     if (!keys.isEmpty())
         action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
     connect(action, &QAction::triggered, this, work);
-    // Qt leaves the buttons of a tool bar to the mouse.
+    // By default tool bar buttons do not accept the focus.
     bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
 }
@@ -132,7 +132,7 @@ void PreviewWindow::AddZoomField(QToolBar& bar) {
     zoomField_->setAccessibleName(u"倍率"_s);
     zoomField_->addItems(kFits);
     for (const int percent : kPercents) zoomField_->addItem(u"%1%"_s.arg(percent));
-    // Other zooms, reached by steps, stand in the closed box without being an entry.
+    // A zoom factor reached in steps is not an entry of the list; it is shown as placeholder text.
     zoomField_->setPlaceholderText(u"100%"_s);
     QPalette palette = zoomField_->palette();
     palette.setColor(QPalette::PlaceholderText, palette.color(QPalette::ButtonText));
@@ -174,14 +174,14 @@ void PreviewWindow::ChooseZoom(int choice) {
 void PreviewWindow::ApplyFit() {
     if (fit_ == Fit::None) return;
     QSize room = area_->maximumViewportSize();
-    // The bar that comes with a page taller than the window takes its width from it.
+    // Reserve the width of the vertical scroll bar, which appears if the page is taller than the window.
     if (fit_ == Fit::Width) room.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
     SetZoom(view_->ZoomToFit(room, fit_ == Fit::Page));
 }
 
 void PreviewWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    // The bars around the page get their room first.
+    // Deferred until the layout has resized the scroll area.
     QMetaObject::invokeMethod(
         this, [this] { ApplyFit(); }, Qt::QueuedConnection);
 }
@@ -211,7 +211,7 @@ QString PreviewWindow::Run(const std::function<void()>& work) {
 }
 
 void PreviewWindow::Work(const std::function<void()>& work, const QString& done) {
-    // Assistive tools work buttons past the window's input.
+    // Assistive technology can press buttons although input is dropped.
     if (working_) return;
     working_ = true;
     QApplication::setOverrideCursor(Qt::WaitCursor);

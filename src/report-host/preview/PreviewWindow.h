@@ -15,18 +15,19 @@ class QScrollArea;
 class QSpinBox;
 class QToolBar;
 
-/// A report on the screen: pages to turn, zoom, print and save as PDF.
+/// Preview of a report: pages, zoom, printing, saving as PDF.
 class PreviewWindow : public QMainWindow {
   public:
+    /// `name`: the report's; `formsFile`: path of the template file, for the output target.
     PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile);
     ~PreviewWindow() override;
 
-    /// Shows it as large as the screen, also where no window manager runs.
+    /// Enlarges the window to the screen, also without a window manager.
     void FillScreen();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    /// Ends the work of this window, if there is any, before the window.
+    /// While a job runs, cancels it; the window closes when it has stopped.
     void closeEvent(QCloseEvent* event) override;
 
   private:
@@ -45,18 +46,18 @@ class PreviewWindow : public QMainWindow {
     void ApplyFit();
     void Print();
     void SavePdf();
-    /// Runs work that may fail with ReportFailure: waiting cursor, then `done` in the status line or the reason in a
-    /// box. Meanwhile input is dropped but for the close box, which ends the work.
+    /// Runs a job that may throw ReportFailure, with a wait cursor. Then shows `done` in the status bar, or the reason
+    /// in a message box. Meanwhile all input is dropped except the close box, which cancels the job.
     void Work(const std::function<void()>& work, const QString& done);
 
-    /// The reason of a failure; empty without one.
+    /// Returns the reason of a failure; empty on success.
     QString Run(const std::function<void()>& work);
     bool StopWanted();
 
     std::unique_ptr<PreparedReport> report_;
     QString name_, formsFile_;
     bool working_ = false, closing_ = false;
-    QDeadlineTimer look_;  ///< until the next look at what the user wants while work runs
+    QDeadlineTimer look_;  ///< next poll for a request to cancel, while a job runs
     Fit fit_ = Fit::Page;
     PageView* view_ = nullptr;
     QScrollArea* area_ = nullptr;

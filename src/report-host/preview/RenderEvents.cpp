@@ -11,7 +11,7 @@ namespace {
 
 class InputDrop : public QObject {
   public:
-    // Not every event loop leaves the sockets out when it is asked to; their data is still there afterwards.
+    // Not all event dispatchers honour ExcludeSocketNotifiers. The data stays in the socket.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
         return platform::IsInput(event->type()) || event->type() == QEvent::SockAct;
     }

@@ -17,7 +17,7 @@ namespace report {
 
 namespace {
 
-/// Digits of either width, as half-width ones.
+/// The half-width and full-width digits of the text, as half-width digits.
 QString DigitsOf(const QString& text) {
     QString digits;
     for (const QChar c : text) {
@@ -87,7 +87,7 @@ void ElementPainter::PaintDigitBoxes(QPainter& painter, const FormElement& eleme
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(box);
         }
-        // Too many digits are no postal code; half of them in the boxes would be a wrong one.
+        // A text with too many digits is no postal code; printing the first ones would give a wrong code.
         if (i >= digits.size() || digits.size() > element.lefts.size()) continue;
         const auto digit = types_.Shape(digits.mid(i, 1), element.style.face, false);
         painter.setPen(element.colour);
@@ -108,12 +108,12 @@ void ElementPainter::PaintPicture(QPainter& painter, const FormElement& element,
 
 const QImage& ElementPainter::Picture(const QString& path) {
     if (QImage* known = pictures_.object(path)) return *known;
-    // The suite's paths carry the separator of its first home.
+    // Paths in the database may have "\" as separator.
     QString file = path;
     if (!QFileInfo::exists(file)) file.replace(u'\\', u'/');
     QFile source(file);
     auto* picture = new QImage;
-    // Unknown formats and special files leave the picture empty.
+    // Unknown formats and special files give a null image.
     if (platform::OpenPlainFile(source)) *picture = QImageReader(&source).read();
     pictures_.insert(path, picture);
     return *picture;

@@ -11,13 +11,14 @@ class QPainter;
 
 namespace report {
 
-/// The text that a column or a running value has in the row that is being painted.
+/// Returns the text of a column or built-in field for the current row.
 using FieldText = std::function<QString(const QString& name)>;
 
-/// No longer than it takes to see that it is too long for any place.
+/// Replaces the fields of a pattern. The result is cut at kMostCharacters + 1 characters, so that the layout can detect
+/// that it is too long.
 QString Expand(const TextPattern& pattern, const FieldText& fields);
 
-/// Paints the elements of a section. The painter's unit is the millimetre, its origin the section's corner.
+/// Paints the elements of a section. The painter's unit is the millimetre, its origin the section's top left corner.
 class ElementPainter {
   public:
     explicit ElementPainter(FontSet& types) : types_(types) {}

@@ -12,18 +12,18 @@ struct HarfBuzzRelease {
     void operator()(hb_buffer_t* buffer) const noexcept { hb_buffer_destroy(buffer); }
 };
 
-/// One font as the painter and as the shaper know it.
+/// A font as QRawFont for painting and as HarfBuzz font for shaping.
 class FontFace {
   public:
     explicit FontFace(const QRawFont& raw);
 
-    /// Pixels a type size in which the painter holds the font; whoever draws scales from there.
+    /// Pixel size of the QRawFont; painting scales from it.
     static constexpr double kPixels = 100;
 
     const QRawFont& Raw() const { return raw_; }
     hb_font_t* Shaper() const { return shaper_.get(); }
     double UnitsPerEm() const { return unitsPerEm_; }
-    /// 0 where the font lacks the character.
+    /// 0 if the font has no glyph for the character.
     quint32 GlyphOf(char32_t character) const;
 
   private:

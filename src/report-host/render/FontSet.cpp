@@ -11,9 +11,9 @@ namespace report {
 namespace {
 
 constexpr char32_t kMissing = U'〓';
-constexpr qsizetype kMostRemembered = 100'000;  // characters
+constexpr qsizetype kMostRemembered = 100'000;  // characters in the cache
 
-// Has names' rare characters, such as the second form of 吉.
+// Fallback fonts for rare characters in names, such as the variant form of 吉.
 const QStringList kRareCharacters{u"HanaMinA"_s, u"HanaMinB"_s};
 
 QRawFont RawFont(const QString& family) {
@@ -23,16 +23,16 @@ QRawFont RawFont(const QString& family) {
     return QRawFont::fromFont(font);
 }
 
-/// Joins the character before it and is written by its font.
+/// True for combining characters and variation selectors, which use the font of the preceding character.
 bool IsJoiner(char32_t c) { return QChar::isMark(c) || (c >= 0xE0100 && c <= 0xE01EF) || c == 0x200D; }
 
-/// Signs that lie along the line; fonts lack upright forms of them.
+/// Characters that are rotated in vertical text; some fonts lack vertical glyphs for them.
 bool LiesAlongTheLine(char32_t c) {
     static const std::u32string_view signs = U"－−‐–—―…‥～〜＝＜＞｜：；";
     return signs.find(c) != std::u32string_view::npos;
 }
 
-/// A stretch of text that one font writes.
+/// A run of text in one font.
 struct Stretch {
     const FontFace* face;
     qsizetype begin, end;
@@ -58,7 +58,7 @@ class LineShaper {
         for (unsigned i = 0; i < count; ++i) AddGlyph(*stretch.face, infos[i], positions[i]);
     }
 
-    /// Characters without a glyph of their own are as far along as the next one that has one.
+    /// Code units without their own glyph get the position of the next one with a glyph.
     void Finish() {
         shaped_.lengthUpTo.append(shaped_.length);
         for (qsizetype i = shaped_.lengthUpTo.size() - 2; i >= 0; --i)

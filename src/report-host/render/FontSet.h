@@ -14,26 +14,26 @@ namespace report {
 
 class FontFace;
 
-/// A glyph at its place, in type sizes, from the beginning of its line: in horizontal writing the left end of the
-/// baseline, in vertical writing the middle of the upper edge.
+/// A positioned glyph. Positions are in em from the beginning of the line: horizontal text from the left end of the
+/// baseline, vertical text from the middle of the top edge.
 struct ShapedGlyph {
     const FontFace* face = nullptr;
     quint32 glyph = 0;
     QPointF at;
-    bool turned = false;  ///< drawn turned by a right angle about `at`, its middle
+    bool turned = false;  ///< rotated by 90 degrees about `at`, its middle
+    // Index of the character in the text, in UTF-16 code units.
     qsizetype textAt = 0;
 };
 
 struct ShapedText {
     QList<ShapedGlyph> glyphs;
-    double length = 0;  ///< in type sizes
-    /// How long the text up to each of its characters is; one entry more than characters.
+    double length = 0;  ///< in em
+    /// Length of the text up to each UTF-16 code unit, in em; one more entry than code units.
     QList<double> lengthUpTo;
 };
 
-/// The faces of a report with the fonts that stand in for characters that they lack, and the shaping of texts. A
-/// character that no font has becomes "〓", as printers have always marked it. It must go before the application
-/// object does.
+/// The fonts of a report with their fallback fonts, and text shaping with a cache. Characters without a glyph in any
+/// font are replaced by "〓", as is usual in Japanese printing. Must be destroyed before the application object.
 class FontSet {
   public:
     FontSet();
@@ -41,17 +41,17 @@ class FontSet {
     FontSet(const FontSet&) = delete;
     FontSet& operator=(const FontSet&) = delete;
 
-    /// The text with "〓" for every character that no font has.
+    /// The text with every character that no font has replaced by "〓".
     QString Printable(const QString& text, SuiteFace face);
-    /// One line of printable text, without line ends. Equal texts are shaped once.
+    /// Shapes one line of printable text without line ends. Cached.
     std::shared_ptr<const ShapedText> Shape(const QString& text, SuiteFace face, bool vertical);
-    /// What a horizontal text covers with ink, from the left end of its baseline, in type sizes.
+    /// Bounding box of the ink of horizontal text relative to the left end of its baseline, in em.
     QRectF InkOf(const ShapedText& text) const;
-    /// False where no font on this machine writes Japanese.
+    /// False if no installed font has Japanese glyphs.
     bool HasJapanese();
 
   private:
-    /// The font of the face, or the first that stands in for it; none where no font has the character.
+    /// The font of the face, or the first fallback font with the character; null if no font has it.
     const FontFace* FaceFor(char32_t character, SuiteFace face);
     const FontFace* OwnFont(SuiteFace face);
     FontFace* Load(const QString& family);
@@ -60,7 +60,7 @@ class FontSet {
     QHash<QString, std::shared_ptr<FontFace>> fonts_;
     std::array<const FontFace*, 4> own_{};
     QHash<QString, std::shared_ptr<const ShapedText>> shaped_;
-    qsizetype remembered_ = 0;  ///< characters of the texts in `shaped_`
+    qsizetype remembered_ = 0;  ///< number of characters in the cache
 };
 
 }  // namespace report

@@ -4,13 +4,14 @@
 
 #include "report-host/layout/PreparedReport.h"
 
-/// A report that was to end before its last page.
+/// Thrown when rendering is cancelled.
 class ReportStopped : public ReportFailure {
   public:
     ReportStopped();
 };
 
-/// While it lives, a render is running, and `stop` is asked whether it is to end. The watch made last counts.
+/// Marks a rendering in progress; `stop` is polled and returns true to cancel it. May be nested; only the innermost is
+/// polled.
 class RenderWatch {
   public:
     explicit RenderWatch(std::function<bool()> stop);
@@ -18,7 +19,7 @@ class RenderWatch {
     RenderWatch(const RenderWatch&) = delete;
     RenderWatch& operator=(const RenderWatch&) = delete;
 
-    /// Reports are painted one at a time: a window that needs a page meanwhile has to wait.
+    /// Only one page is rendered at a time: a window that needs another one meanwhile must wait.
     static bool IsActive();
 
   private:
@@ -28,6 +29,6 @@ class RenderWatch {
     RenderWatch* outer_;
 };
 
-/// For everything that makes pages, between steps of some milliseconds. Throws ReportStopped when the system asks the
-/// process to end, or the watch wants the render to.
+/// Cancellation point of rendering code; call it every few milliseconds. Throws ReportStopped if the process is to end
+/// or the innermost RenderWatch cancels.
 void StopIfWanted();

@@ -9,10 +9,10 @@ namespace report {
 
 namespace {
 
-// How Japanese type lies on its baseline, in type sizes: the square reaches this far above it.
+// Height of the em square above the baseline in Japanese fonts, in em.
 constexpr double kAboveBaseline = 0.88;
 
-/// Collects the glyphs of one font, so that the painter is called once for them.
+/// Batches consecutive glyphs of one font into one call of the painter.
 class RunPainter {
   public:
     explicit RunPainter(QPainter& painter) : painter_(painter) {}
@@ -64,7 +64,7 @@ class RunPainter {
     QList<QPointF> places_;
 };
 
-/// How far from the beginning of a room something shorter lies. What is longer lies at the beginning.
+/// Offset of content of size `used` in a box. Content that is too large starts at 0.
 template <typename Alignment>
 double Offset(Alignment alignment, double room, double used) {
     const double left = std::max(0.0, room - used);

@@ -8,10 +8,10 @@ class QPainter;
 
 namespace report {
 
-/// Draws a fitted text into its place with the painter's pen, in millimetres.
+/// Draws laid out text in the box `place` (millimetres) with the painter's pen.
 void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place);
 
-/// Draws a line of horizontal text with its baseline beginning at `origin`, in type size `size` (millimetres).
+/// Draws a horizontal line of text; `origin` is the left end of the baseline, `size` the font size in millimetres.
 void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double size);
 
 }  // namespace report

@@ -19,7 +19,7 @@ constexpr int kDotsPerInch = 1200;
 }  // namespace
 
 void WritePdf(PreparedReport& report, const QString& file) {
-    // Putting a file in the place of a device would destroy the device.
+    // Replacing a device by a file would destroy the device.
     const QFileInfo target(file);
     if (target.exists() && !target.isFile()) throw ReportFailure(u"「%1」はファイルではありません。"_s.arg(file));
     platform::AtomicFile out(file);

@@ -38,7 +38,7 @@ bool OnAddress(const QByteArray& name, Call call) {
     return call(reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(sizeof address)) == 0;
 }
 
-/// A connection to this user's host that has the name now; -1 without one.
+/// Connects to the host of this user that has the name now; -1 if there is none.
 int CallOn(const QByteArray& name) {
     const int caller = NewSocket();
     if (OnAddress(name, [caller](auto* address, auto size) { return ::connect(caller, address, size); }) &&
@@ -78,7 +78,7 @@ HostListener::HostListener(const QString& formsFile) {
     RemoveDeadSockets(name_);
 }
 
-/// Under a name of its own first: between its making and its listening a socket refuses callers.
+/// Listens under a temporary name first: a bound socket refuses connections until listen() has been called.
 bool HostListener::Listen() {
     const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
     ::unlink(own.constData());

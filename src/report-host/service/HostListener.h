@@ -2,26 +2,27 @@
 
 #include <QString>
 
-/// Where programs find a host: the socket of its forms file. It is opened before anything else is made, even the
-/// application object, since a program gives a host it has started no more than 400 ms to be found.
+/// Listening socket of a report host; its name is derived from the template file. Opened before anything else, even the
+/// application object, because a client connects once, 400 ms after starting the host.
 ///
-/// The host that was started last has the door: it takes it over from an older one, which is told to step aside.
+/// A new host takes the name over from a running one and sends it HostVerb::Release.
 class HostListener {
   public:
-    /// Opens the door. `IsOpen` tells whether that went well.
+    /// Opens the socket; check IsOpen.
     explicit HostListener(const QString& formsFile);
     ~HostListener() { Close(); }
     HostListener(const HostListener&) = delete;
     HostListener& operator=(const HostListener&) = delete;
 
     bool IsOpen() const { return socket_ >= 0; }
-    /// Why it could not be opened, in a Japanese sentence; empty where only the system knows.
+    /// Why it could not be opened, as a Japanese sentence; empty if there is only a system error.
     const QString& Refusal() const { return refusal_; }
-    /// The listening socket, to be watched for callers.
+    /// Descriptor of the listening socket, for a notifier.
     int Socket() const { return socket_; }
-    /// Descriptor of the next caller of the same user; -1 when none waits. Callers of other users are disconnected.
+    /// Accepts the next connection and returns its descriptor; -1 if none is pending. Connections of other users are
+    /// closed.
     int Accept() const;
-    /// Nobody finds this host any more. The name goes too, unless another host has taken it over.
+    /// Stops listening. Removes the socket file unless another host has taken it over.
     void Close();
 
   private:
@@ -32,5 +33,5 @@ class HostListener {
     QByteArray name_;
     QString refusal_;
     int socket_ = -1;
-    quint64 inode_ = 0;  ///< of the name as this host made it
+    quint64 inode_ = 0;  ///< of the socket file that this host created
 };

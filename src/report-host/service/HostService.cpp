@@ -38,7 +38,7 @@ HostService::HostService(HostListener& door, QString formsFile, Maker make)
 
 HostService::~HostService() {
     Finished = nullptr;
-    // Their reports have files of their own to take away.
+    // Destroying the windows removes the temporary files of their reports.
     for (PreviewWindow* window : std::exchange(windows_, {})) delete window;
 }
 
@@ -109,7 +109,7 @@ void HostService::OpenReport(const HostRequest& request) {
     window->activateWindow();
 }
 
-/// A younger host has the forms file now. The windows of this one stay.
+/// A newer host serves the template file now. The windows of this one stay open.
 void HostService::Release() {
     acceptNotifier_->setEnabled(false);
     door_.Close();

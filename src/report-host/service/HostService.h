@@ -15,8 +15,8 @@ class PreviewWindow;
 class QLocalSocket;
 class QSocketNotifier;
 
-/// Answers the programs that come through the door, one request after the other. Failures become answers; nothing is
-/// shown. When the last program has gone and no window stands, or nobody ever came, `Finished` is called.
+/// Serves the requests of the connected clients, one after the other. Failures are sent as replies, never shown. Calls
+/// `Finished` when no client is connected and no window is open any more, or when no client has connected at all.
 class HostService : public QObject {
   public:
     using Maker = std::function<std::unique_ptr<PreparedReport>(const QString& formsFile, const QString& report)>;
@@ -26,7 +26,7 @@ class HostService : public QObject {
 
     std::function<void()> Finished;
 
-    /// Whoever starts a host comes within moments, or has died.
+    /// Timeout for the first connection: the program that starts a host connects at once or has crashed.
     static constexpr int kIdleTimeout = 60000;  // milliseconds
 
   private:
@@ -45,5 +45,5 @@ class HostService : public QObject {
     QTimer timeout_;
     int callers_ = 0;
     bool quitting_ = false;
-    QList<PreviewWindow*> windows_;  ///< in the order of their opening
+    QList<PreviewWindow*> windows_;  ///< in the order of opening
 };

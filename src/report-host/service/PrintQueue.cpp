@@ -15,7 +15,7 @@ using Service = std::unique_ptr<http_t, decltype([](http_t* service) { httpClose
 using Printer = std::unique_ptr<cups_dest_t, decltype([](cups_dest_t* dest) { cupsFreeDests(1, dest); })>;
 using PrinterInfo = std::unique_ptr<cups_dinfo_t, decltype([](cups_dinfo_t* info) { cupsFreeDestInfo(info); })>;
 
-/// What goes with a job. Freed with the object.
+/// RAII wrapper of CUPS job options.
 class JobOptions {
   public:
     JobOptions() = default;
@@ -34,10 +34,10 @@ class JobOptions {
 
 QString SystemWords() { return QString::fromUtf8(cupsLastErrorString()); }
 
-constexpr int kPatience = 30000;  // milliseconds for the printing system to answer the door
+constexpr int kPatience = 30000;  // milliseconds to connect to the print service
 
 Service Connect() {
-    cupsSetServer(nullptr);  // the library remembers; what environment and settings say now is what counts
+    cupsSetServer(nullptr);  // drop the cached server; use the current environment and settings
     Service service(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kPatience, nullptr));
     if (service == nullptr) throw ReportFailure(u"印刷サービスに接続できません。"_s);
     return service;
@@ -64,7 +64,7 @@ Printer FindPrinter(http_t* service, const QString& named) {
     }
 }
 
-/// PWG sizes are in hundredths of a millimetre, and papers lie upright in a printer.
+/// PWG sizes are in hundredths of a millimetre, in portrait orientation.
 void SetPaper(JobOptions& options, http_t* service, cups_dest_t* printer, QSizeF page) {
     const PrinterInfo info(cupsCopyDestInfo(service, printer));
     if (info == nullptr) return;

@@ -3,8 +3,8 @@
 #include <QSizeF>
 #include <QString>
 
-/// Hands a PDF over to the printing system, which has taken a copy of it when this returns. An empty `printer` is the
-/// user's default one. `page` is in millimetres; a printer that says which papers it has must have that one, since it
-/// would take another without a word. Throws ReportFailure with a reason that a clerk understands: no printing system,
-/// no such printer, a printer that takes no jobs, paper that it lacks.
+/// Submits a PDF to the print queue; the spooler has its own copy when this returns. Empty `printer`: the user's
+/// default printer. `page`: size in millimetres; if the printer reports its paper sizes, this one must be among them,
+/// since it would otherwise silently print on another. Throws ReportFailure if there is no print service, no such
+/// printer or paper, or the job is rejected.
 void HandToPrinter(const QString& pdf, const QString& printer, const QString& title, QSizeF page);

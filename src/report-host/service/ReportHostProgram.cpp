@@ -13,14 +13,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Paper can be made without a display.
+/// Printing needs no display: run headless if there is none.
 void DoWithoutDisplay() {
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         if (!qEnvironmentVariableIsEmpty(variable)) return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-/// A host that was started by hand tells what is wrong; a hidden one has nobody to tell.
+/// Reports a start failure. A message box only if started by a user; a hidden host must not show windows.
 int Refuse(const QString& reason) {
     std::fprintf(stderr, "report-host: %s\n", qPrintable(reason));
     if (qEnvironmentVariableIsEmpty(platform::kStartHiddenVariable)) platform::Services().dialogs->ShowMessage(reason);
@@ -29,9 +29,9 @@ int Refuse(const QString& reason) {
 
 }  // namespace
 
-// report-host FORMS-FILE [/runtime]
+// Usage: report-host TEMPLATE-FILE [/runtime]
 int main(int argc, char** argv) {
-    // Before anything else: whoever started this host looks for it 400 ms later, and never again.
+    // Must be first: the client connects once, 400 ms after starting us.
     std::optional<HostListener> door;
     const QString formsFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (!formsFile.isEmpty()) door.emplace(formsFile);

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A name that says what and when, and that no file has yet.
+/// An unused file name of report name and time.
 QString FreeName(const QDir& folder, const QString& report) {
     const QString stamp = platform::Services().clock->Now().toString(u"yyyyMMdd-hhmmss"_s);
     for (int number = 1;; ++number) {
@@ -29,8 +29,8 @@ QString FreeName(const QDir& folder, const QString& report) {
 void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
     if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
     platform::RemoveScratchLeftovers(folder, kPrintFolderPrefix);
-    // A program that watches the folder must never take half a file, and several users may print into it at the same
-    // moment.
+    // Written in a temporary folder and renamed: a program that watches the folder must never see a partial file, and
+    // several users may print into it at the same time.
     const platform::ScratchFolder own(folder, kPrintFolderPrefix);
     if (!own.IsValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
     const QString growing = own.FilePath(u"report.pdf"_s);
@@ -40,7 +40,7 @@ void LeaveInFolder(PreparedReport& report, const QString& name, const QString& f
     for (;;) {
         const QString target = FreeName(QDir(folder), name);
         if (QFile::rename(growing, target)) return;
-        // Somebody else may have taken the name meanwhile.
+        // Retry if another process has created a file of that name meanwhile.
         if (!QFileInfo::exists(target)) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
     }
 }

@@ -4,6 +4,6 @@
 
 class PreparedReport;
 
-/// Puts all pages of a report where its forms file says, and returns when they have been handed over. Throws
-/// ReportFailure.
+/// Prints a report to its output target (see OutputTarget.h) and returns when the job has been handed over. `name`: the
+/// report's; `formsFile`: path of the template file. Throws ReportFailure.
 void PrintReport(PreparedReport& report, const QString& name, const QString& formsFile);

@@ -4,8 +4,8 @@
 
 namespace report {
 
-/// "令和08年11月21日": the year counts from the calendar year in which the newest era up to that day began, as in the
-/// dates of the work tables; "2026年11月21日" without such an era.
+/// Formats a date as "令和08年11月21日", with the newest era that has begun by that day. The year of the era is counted
+/// by calendar years, as in the work tables. Without an era: "2026年11月21日".
 QString EraDate(QDate day, const QList<EraStart>& eras);
 
 }  // namespace report

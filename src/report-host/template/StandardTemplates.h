@@ -5,10 +5,11 @@
 
 namespace report {
 
-/// The forms that the house brings: staff list, envelope, postcard, label sheet. Each reads the work table of its name.
+/// Names of the built-in templates: staff list, envelope, postcard, label sheet. Each reads the work table of the same
+/// name.
 QStringList StandardFormNames();
 
-/// The text of one of them.
+/// Text of a built-in template; empty for an unknown name.
 QString StandardForm(const QString& name);
 
 }  // namespace report

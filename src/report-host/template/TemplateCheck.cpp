@@ -12,7 +12,7 @@ namespace report {
 
 namespace {
 
-constexpr double kSlack = 0.001;  // sums of decimals
+constexpr double kSlack = 0.001;  // millimetres, for rounding errors
 
 class Checker {
   public:
@@ -21,7 +21,7 @@ class Checker {
     void Check() {
         if (form_.page.isEmpty()) return Say(0, u"用紙がありません。"_s);
         if (form_.detail.line == 0) return Say(0, u"明細がありません。"_s);
-        if (form_.detail.height <= 0) return;  // its own line has been told
+        if (form_.detail.height <= 0) return;  // already reported for its line
         CheckGrid();
         CheckRows();
         const double cell = form_.grid ? form_.grid->pitchX : InnerWidth(form_);
@@ -142,7 +142,7 @@ int RowsPerPage(const FormDefinition& form) {
     if (form.grid) return form.grid->across * form.grid->down / form.grid->CellsPerRow();
     const double room =
         form.page.height() - form.margins.top() - form.margins.bottom() - form.head.height - form.foot.height;
-    // More than any page may have, and still a number that can be converted.
+    // Limits the value so that the conversion to int is defined.
     constexpr double kMost = 1e6;
     return static_cast<int>(std::floor(std::clamp((room + kSlack) / form.detail.height, 0.0, kMost)));
 }

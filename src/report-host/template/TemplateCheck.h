@@ -5,19 +5,19 @@
 
 namespace report {
 
-/// What can only be seen when all lines are read: parts that are missing, and parts that don't find room. Mistakes are
-/// added and put in the order of their lines.
+/// Checks that need the whole template: missing parts, and parts that do not fit. Appends the errors to `mistakes` and
+/// sorts it by line.
 void CheckForm(const FormDefinition& form, QList<TemplateError>& mistakes);
 
-/// Columns of the linked table that the form needs, each once, in the order of their first use. `table` are those that
-/// the table has: they decide between a name and the same name behind a prefix. A column that is neither there nor a
-/// running value is a mistake.
+/// Columns of the linked table that the template uses, without duplicates, in order of use. `table`: the columns that
+/// exist; a name with a cell prefix is preferred to the name alone. A name that is neither a column nor a built-in
+/// field is an error. Errors are appended to `mistakes`.
 QStringList NeededColumns(const FormDefinition& form, const QStringList& table, QList<TemplateError>& mistakes);
 
-/// How many rows a page takes; 0 where the detail finds no room.
+/// Number of rows on a page; 0 if the detail section does not fit.
 int RowsPerPage(const FormDefinition& form);
 
-/// Width of a page between its margins.
+/// Page width without margins, in millimetres.
 double InnerWidth(const FormDefinition& form);
 
 }  // namespace report

@@ -12,29 +12,29 @@
 
 #include "screen/fonts/Fonts.h"
 
-// What a form says, after reading. All lengths are millimetres, all type sizes points.
+// Parsed template. Lengths are in millimetres, font sizes in points.
 
 namespace report {
 
-/// A piece of a text: as it stands, or the name of a column or of a running value (TextPattern.h lists them).
+/// Part of a text: literal text, or the name of a column or built-in field (see TextPattern.h).
 struct TextPiece {
     bool isField = false;
     QString text;
 };
 using TextPattern = QList<TextPiece>;
 
-/// Along the line: left to right, or top to bottom in vertical writing.
+/// Alignment along the line: from the left, or from the top in vertical writing.
 enum class Along { Start, Middle, End, Spread };
-/// Across the lines: from the top, or from the right in vertical writing.
+/// Alignment across the lines: from the top, or from the right in vertical writing.
 enum class Across { Start, Middle, End };
-/// What happens to a text that is too long. Whatever still does not fit ends in "…".
+/// How text that is too long is fitted. If it still does not fit, it is truncated with "…".
 enum class Fitting { Shrink, Condense, Wrap, Cut };
 
 struct TextStyle {
     SuiteFace face = SuiteFace::Mincho;
     double points = 9;
     double leastPoints = 5;
-    double lineStep = 1.25;  ///< from line to line, in type sizes
+    double lineStep = 1.25;  ///< line spacing in em
     Along along = Along::Start;
     Across across = Across::Start;
     Fitting fitting = Fitting::Shrink;
@@ -46,31 +46,31 @@ enum class ElementKind { Text, Line, Frame, Picture, DigitBoxes };
 
 struct FormElement {
     ElementKind kind = ElementKind::Text;
-    int line = 0;      ///< of the form's text, for mistakes
-    QRectF place;      ///< within the section; of a line its two ends
-    TextPattern text;  ///< of a picture its path
+    int line = 0;      ///< line number in the template, for error messages
+    QRectF place;      ///< relative to the section; for a line its end points
+    TextPattern text;  ///< for a picture its path
     TextStyle style;
-    QString onlyWith;  ///< drawn only where this column is filled; empty: always
+    QString onlyWith;  ///< drawn only if this column is not empty; empty: always
     double penWidth = 0.2;
     QColor colour = Qt::black;
-    QColor fill;          ///< invalid: none
-    QList<double> lefts;  ///< left edges of the digit boxes, from place.left()
+    QColor fill;          ///< invalid: no fill
+    QList<double> lefts;  ///< left edges of the digit boxes, relative to place.left()
 };
 
-/// Head or foot of a page, or one row. A height of 0 means that there is none.
+/// Page header, page footer or one row. Height 0: not present.
 struct FormSection {
     int line = 0;
     double height = 0;
     QList<FormElement> elements;
 };
 
-/// Rows in cells of a sheet instead of one under the other.
+/// Rows in a grid of cells, as on a label sheet, instead of one below the other.
 struct CellGrid {
     int line = 0;
     int across = 1, down = 1;
-    QPointF first;  ///< corner of the first cell, from the corner of the sheet
+    QPointF first;  ///< top left of the first cell, relative to the page
     double pitchX = 0, pitchY = 0;
-    /// Where one row fills several cells, what its columns begin with in each of them; empty: a row, a cell.
+    /// Column prefix of each cell, if one row fills several cells; empty: one cell for each row.
     QStringList prefixes;
 
     int CellsPerRow() const { return prefixes.isEmpty() ? 1 : static_cast<int>(prefixes.size()); }
@@ -84,12 +84,12 @@ struct EraStart {
 struct FormDefinition {
     QSizeF page;
     QMarginsF margins;
-    QPointF offset;  ///< everything is moved by this: what the printer is off by
-    QString table;   ///< linked table; empty: that of the form's name
+    QPointF offset;  ///< added to all positions, to correct the printer's offset
+    QString table;   ///< linked table; empty: the one with the template's name
     QStringList order;
     QList<EraStart> eras;
     FormSection head, detail, foot;
-    QColor stripe;  ///< behind every second row; invalid: none
+    QColor stripe;  ///< background of every second row; invalid: none
     std::optional<CellGrid> grid;
 };
 

@@ -4,13 +4,12 @@
 
 namespace report {
 
-/// What is wrong with a form. Thrown while a line is read, then kept.
+/// An error in a template. Thrown while a line is parsed and then collected.
 struct TemplateError {
-    int line = 0;    ///< counted from 1; 0: the form as a whole
-    QString reason;  ///< a Japanese sentence
+    int line = 0;    ///< counted from 1; 0: not related to a line
+    QString reason;  ///< Japanese sentence
 
-    /// "12 行目: …", or the reason alone where it is no matter of one line.
-    /// The middle of a reason that quotes a text without end is left out.
+    /// "12 行目: …", or only the reason if the error has no line. A long reason is shortened in the middle.
     QString Text() const {
         constexpr qsizetype kLongest = 300, kEnd = 60;
         const QString shown =

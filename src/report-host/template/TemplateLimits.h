@@ -2,17 +2,17 @@
 
 #include <QtGlobal>
 
-// What a form may ask for. Far more than any paper needs; keeps the work on a page, and its arithmetic, bounded.
+// Limits on templates. Far above any practical template; they bound time and memory for a page.
 
 namespace report {
 
-inline constexpr qsizetype kMostFormText = 1'000'000;  ///< characters of a form's text
+inline constexpr qsizetype kMostFormText = 1'000'000;  ///< characters of a template
 inline constexpr qsizetype kMostFormLines = 10'000;
-inline constexpr int kMostElements = 1'000;     ///< texts, lines, frames, pictures of a form
-inline constexpr int kMostCellsOfPage = 2'000;  ///< rows on a page, or cells where a row fills several
+inline constexpr int kMostElements = 1'000;     ///< texts, lines, frames and pictures of a template
+inline constexpr int kMostCellsOfPage = 2'000;  ///< rows on a page, or cells if a row fills several
 inline constexpr int kMostElementsOfPage = 100'000;
 inline constexpr qsizetype kMostDigitBoxes = 100;
-inline constexpr qsizetype kMostCharacters = 20'000;  ///< of a text in its place; a longer one ends in "…"
+inline constexpr qsizetype kMostCharacters = 20'000;  ///< of a single text; longer text is truncated with "…"
 inline constexpr double kLeastPoints = 0.5;
 inline constexpr double kLeastLineStep = 0.1;
 

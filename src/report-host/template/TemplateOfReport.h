@@ -7,14 +7,14 @@
 
 namespace report {
 
-/// The linked table that a form reads.
+/// Name of the linked table that a template reads: the one it names, otherwise the report's name.
 QString TableOfForm(const FormDefinition& form, const QString& report);
 
-/// Opens the file behind a link for reading. Throws database::DatabaseError.
+/// Opens the database file of a linked table for reading. Throws database::DatabaseError.
 database::SqliteDatabase OpenLinked(const LinkedTable& link);
 
-/// Everything that would keep the text from becoming a report of that name: mistakes of its lines, a link that is not
-/// there or leads nowhere, columns that its table lacks.
+/// All errors that keep `text` from working as template of `report`: syntax errors, a missing or broken linked table,
+/// unknown columns. Nothing is stored.
 QList<TemplateError> MistakesOf(const FormsFile& file, const QString& report, const QString& text);
 
 }  // namespace report

@@ -42,7 +42,7 @@ class FormReader {
 
     struct Command {
         QStringView name;
-        int places;  // words that must stand before the settings
+        int places;  // required words before the settings
         QStringView usage;
         bool once;
         void (FormReader::*read)(const TemplateToken&);
@@ -123,7 +123,7 @@ class FormReader {
 
     ParsedForm parsed_;
     QSet<QString> seen_;
-    TextStyle style_;  // of the texts that follow
+    TextStyle style_;  // default for the following texts
     FormSection* section_ = nullptr;
     int elements_ = 0;
 };
@@ -185,7 +185,7 @@ void FormReader::ReadElement(const TemplateToken& line) {
         used = 3;
     }
     ApplySettings(line, used, {parsed_.form, element});
-    // The first one too many is a mistake for all that follow.
+    // Reported once; further elements are ignored.
     if (++elements_ <= kMostElements) return section_->elements.append(element);
     if (elements_ == kMostElements + 1)
         throw TemplateError{0, u"部品が多すぎます。%1 個までにしてください。"_s.arg(kMostElements)};

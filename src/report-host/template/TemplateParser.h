@@ -7,10 +7,10 @@ namespace report {
 
 struct ParsedForm {
     FormDefinition form;
-    QList<TemplateError> mistakes;  ///< by line; with any, the form must not be used
+    QList<TemplateError> mistakes;  ///< sorted by line; if not empty, `form` must not be used
 };
 
-/// Reads the text of a form to its end, whatever mistakes it has, so that all of them can be told at once.
+/// Parses the text of a template. Continues after errors, so that all of them are reported at once. Does not throw.
 ParsedForm ParseForm(const QString& text);
 
 }  // namespace report

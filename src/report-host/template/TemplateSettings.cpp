@@ -22,7 +22,7 @@ constexpr Word<SuiteFace> kFaces[] = {{u"明朝", SuiteFace::Mincho},
                                       {u"Ｐ明朝", SuiteFace::PMincho},
                                       {u"ゴシック", SuiteFace::Gothic},
                                       {u"Ｐゴシック", SuiteFace::PGothic}};
-// Each direction has words of its own for the same ends.
+// Horizontal and vertical writing have different words for the same alignment.
 constexpr Word<Along> kAlong[] = {{u"左", Along::Start}, {u"上", Along::Start}, {u"中央", Along::Middle},
                                   {u"右", Along::End},   {u"下", Along::End},   {u"均等", Along::Spread}};
 constexpr Word<Across> kAcross[] = {{u"先頭", Across::Start}, {u"中央", Across::Middle}, {u"末尾", Across::End}};
@@ -32,7 +32,7 @@ constexpr Word<Fitting> kFittings[] = {
 using Apply = void (*)(SettingTarget&, const QString& value, const QString& what);
 
 struct SettingRule {
-    QStringView commands;  // apart by blanks
+    QStringView commands;  // separated by blanks
     QStringView name;
     bool isFlag;
     Apply apply;

@@ -5,20 +5,21 @@
 
 namespace report {
 
-/// What the settings of one line change.
+/// The objects that the settings of a line modify.
 struct SettingTarget {
     FormDefinition& form;
     FormElement& element;
 };
 
-/// Applies the words of the line from `firstWord` on. Throws TemplateError without a line for a setting that the
-/// command doesn't know, one that stands twice, and a value that it can't take.
+/// Applies the settings of a line, from word `firstWord` on. Throws TemplateError without a line number for an unknown
+/// or duplicate setting or an invalid value.
 void ApplySettings(const TemplateToken& line, qsizetype firstWord, SettingTarget target);
 
-/// A type size. Throws TemplateError without a line.
+/// Parses a font size in points. `what`: name of the value for the error message. Throws TemplateError without a line
+/// number.
 double ReadPoints(const QString& text, const QString& what);
 
-/// The face of a name (明朝, ゴシック, Ｐ明朝, Ｐゴシック). Throws TemplateError without a line.
+/// Parses a font face (明朝, ゴシック, Ｐ明朝, Ｐゴシック). Throws TemplateError without a line number.
 SuiteFace ReadFace(const QString& text);
 
 }  // namespace report

@@ -8,24 +8,24 @@
 
 namespace report {
 
-/// One word of a line: quoted text, "name=value", or a bare word.
+/// A word of a line: a quoted string, "name=value", or a bare word.
 struct FormWord {
-    QString text;  ///< without its quotes; of "name=value" the value
-    QString name;  ///< of "name=value"; otherwise empty
+    QString text;  ///< without quotes; for "name=value" the value
+    QString name;  ///< for "name=value"; otherwise empty
     bool quoted = false;
     bool IsSetting() const { return !name.isEmpty(); }
 };
 
-/// One line of a form: the command, then its words.
+/// A tokenized line: the command and its words.
 struct TemplateToken {
     int number = 0;
     QString command;
     QList<FormWord> words;
 };
 
-/// Nothing for an empty line and for one that only holds a remark. Words stand apart by blanks of either width, text
-/// with blanks stands in double quotes (a quote within is doubled), "#" at the head of a word begins a remark. Throws
-/// TemplateError.
+/// Tokenizes a line; nullopt if it is empty or a comment. Words are separated by half-width or full-width blanks; text
+/// with blanks is enclosed in double quotes, a quote inside is doubled; "#" at the start of a word begins a comment.
+/// `number`: line number, from 1. Throws TemplateError.
 std::optional<TemplateToken> ReadFormLine(const QString& text, int number);
 
 }  // namespace report

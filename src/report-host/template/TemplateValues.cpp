@@ -12,7 +12,7 @@ namespace report {
 
 namespace {
 
-constexpr double kLongest = 2000;  // no printer takes more; keeps the arithmetic of pages finite
+constexpr double kLongest = 2000;  // millimetres; above any paper size, keeps the arithmetic finite
 
 struct NamedColour {
     const char16_t* word;

@@ -8,31 +8,31 @@
 
 #include "report-host/template/TemplateError.h"
 
-// The values that the words of a form may have. `what` names the value in the mistake. All throw TemplateError without
-// a line.
+// Parsers for the values in a template. `what` is the name of the value for the error message. All throw TemplateError
+// without a line number.
 
 namespace report {
 
-/// A decimal number, in half-width digits.
+/// Decimal number in ASCII digits.
 double ReadNumber(const QString& text, const QString& what);
-/// The same, greater than 0.
+/// Decimal number greater than 0.
 double ReadLength(const QString& text, const QString& what);
-/// The same, `least` at least.
+/// Decimal number of at least `least`.
 double ReadAtLeast(const QString& text, const QString& what, double least);
-/// A whole number from 1 on.
+/// Integer of at least 1.
 int ReadCount(const QString& text, const QString& what);
 /// "12,34.5"
 QPointF ReadPoint(const QString& text, const QString& what);
 /// "120x8"
 QSizeF ReadSize(const QString& text, const QString& what);
-/// "44.3,51.3,58.3", no more than digit boxes
+/// "44.3,51.3,58.3", at most kMostDigitBoxes numbers
 QList<double> ReadNumbers(const QString& text, const QString& what);
 /// "#rrggbb" or 黒, 白, 灰, 朱
 QColor ReadColour(const QString& text, const QString& what);
 /// "yyyymmdd"
 QDate ReadDay(const QString& text, const QString& what);
 
-/// One of the words of a table of {word, value}; the mistake lists them.
+/// The value of a word in a table of {word, value}; the error message lists all words.
 template <typename Table>
 auto ReadChoice(const QString& text, const QString& what, const Table& table) {
     QString words;

@@ -4,10 +4,11 @@
 
 namespace report {
 
-/// "TEL [電話]" into its pieces; "[[" is a bracket of the text itself. Throws TemplateError without a line.
+/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket. Throws TemplateError without a line number.
 TextPattern ReadPattern(const QString& text);
 
-/// Names that are no columns but stand for something in every form.
+/// Names of the built-in fields, available in every template: page, number of pages, number of rows, number of the row,
+/// date of today, line break.
 inline constexpr QStringView kRunningValues[] = {u"頁", u"総頁", u"件数", u"番号", u"本日", u"改行"};
 bool IsRunningValue(const QString& name);
 
