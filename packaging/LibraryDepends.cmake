@@ -1,5 +1,5 @@
-# Run by CPack between collecting the files and packing them: adds the packages of the libraries to the dependencies.
-# CPack's own way asks file(1) in the C locale, which garbles the names of our programs.
+# Run by CPack between staging and packing: adds the packages of the shared libraries to the dependencies. CPack's own
+# mechanism calls file(1) in the C locale, which garbles the names of our programs.
 set(work ${CPACK_TOPLEVEL_DIRECTORY}/shlibdeps)
 file(MAKE_DIRECTORY ${work}/debian)
 file(WRITE ${work}/debian/control "Source: ${CPACK_PACKAGE_NAME}\n\nPackage: ${CPACK_PACKAGE_NAME}\nArchitecture: any\n")

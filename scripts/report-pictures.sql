@@ -1,4 +1,4 @@
--- Work tables as the programs leave them, from the sample's staff. Runs on repdb with gnrdb attached as "general".
+-- Fills the work tables as the programs do, from the sample's staff. Runs on repdb with gnrdb attached as "general".
 CREATE TEMP TABLE person AS
 SELECT m.*, row_number() OVER (ORDER BY m.コード) - 1 AS place, o.名称 AS 事業所名, d.名称 AS 部門名,
        s.名称 AS セクション名, p.名称 AS 役職名, g.名称 AS 性別区分名, z.名称 AS 在籍区分名, c.名称 AS 社員区分名

@@ -6,7 +6,7 @@
 
 namespace setup {
 
-/// A request that cannot or must not be carried out: wrong words, options, files or folders. Nothing was changed.
+/// Invalid request: wrong command, option, file or folder. Thrown before anything is changed; exit status 2.
 class UsageError : public platform::RuntimeError {
   public:
     explicit UsageError(const QString& description) : RuntimeError(2, description) {}

@@ -1,4 +1,4 @@
-"""What the tests share: the inquiry on a screen of its own, and the walk along the stops of a window."""
+"""Base of the tests: the inquiry on a private display, and walking along a window's tab order."""
 
 import contextlib
 import subprocess
@@ -14,11 +14,11 @@ MOST_STOPS = 100
 
 
 class InquiryCase(unittest.TestCase):
-    """Each class has an installation, a screen and a running program; its cases leave the main window in front."""
+    """Each class has an installation, a display and a running program; its cases end with the main window active."""
 
-    options = ()  # of the installation
-    main = None  # the window
-    rows = None  # what it is made of
+    options = ()  # options of `suite-setup init`
+    main = None  # main window
+    rows = None  # contents of the main window
 
     @classmethod
     def make_sample(cls):
@@ -26,7 +26,7 @@ class InquiryCase(unittest.TestCase):
 
     @classmethod
     def prepare(cls, sample):
-        """Changes to the installation before the program starts."""
+        """Changes the installation before the program starts."""
 
     @classmethod
     def setUpClass(cls):
@@ -63,8 +63,8 @@ class InquiryCase(unittest.TestCase):
 
     @classmethod
     def open(cls, title, beside=None):
-        """The window with that title, of whatever program, with the keyboard in it and something in focus. Beside another
-        one of that title it is the second."""
+        """Waits for the window with that title in any program, gives it the keyboard and waits until an item has the
+        focus. `beside`: an existing window with the same title."""
         window = wait_for(f"the window {title}", lambda: cls.find(title, beside))
         cls.screen.focus(title)
         wait_for(f"the focus in {title}", lambda: tree.focused(tree.nodes(window)))
@@ -80,7 +80,8 @@ class InquiryCase(unittest.TestCase):
         cls.screen.focus(TITLE)
 
     def press(self, key, before):
-        """Presses a key and gives what has the focus then, which is not what had it before, if anything had."""
+        """Presses a key and returns the newly focused node. It must differ from the node focused before, if there was
+        one."""
         self.watch.last = None
         self.screen.key(key)
 
@@ -91,14 +92,14 @@ class InquiryCase(unittest.TestCase):
         return wait_for(f"a focus after {key} on {before and before.name}", moved)
 
     def focused(self, window):
-        """What has the focus in the window in front."""
+        """The focused node of the active window."""
         last = self.watch.last
         if last is not None and tree.has_focus(last):
             return last
         return tree.focused(self.rows.stops if window == self.main else tree.nodes(window))
 
     def go_to(self, window, name):
-        """Tabs to the stop with that name."""
+        """Presses Tab until the stop with that name has the focus."""
         node = self.focused(window)
         for _ in range(MOST_STOPS):
             if node is not None and node.name == name:
@@ -108,7 +109,8 @@ class InquiryCase(unittest.TestCase):
 
     @contextlib.contextmanager
     def over(self, stop, key, title):
-        """The window that a key opens from a stop of the main one. Escape closes it, if nothing else has."""
+        """Context manager: opens a window by a key on a stop of the main window, and closes it with Escape unless the
+        test did."""
         self.go_to(self.main, stop)
         self.screen.key(key)
         window = self.open(title)
@@ -121,7 +123,7 @@ class InquiryCase(unittest.TestCase):
             self.return_to_main()
 
     def enter(self, window, name, text):
-        """Types over what stands in an item. Not by Ctrl+A: Ctrl opens the lookups."""
+        """Replaces the text of an item. Not with Ctrl+A, since Ctrl opens the lookups."""
         item = self.go_to(window, name)
         self.screen.key("Home", "shift+End", "Delete")
         wait_for(f"an empty {name}", lambda: tree.text_of(item) == "")
@@ -129,7 +131,7 @@ class InquiryCase(unittest.TestCase):
         wait_for(f"{text} in {name}", lambda: tree.text_of(item) == text)
 
     def walk(self, window, key):
-        """The stops from the one in focus until it comes round again."""
+        """The stops from the focused one until it has the focus again."""
         first = self.focused(window)
         stops, node = [], first
         for _ in range(MOST_STOPS):
@@ -140,7 +142,7 @@ class InquiryCase(unittest.TestCase):
         raise AssertionError(f"the chain does not close: {stops}")
 
     def assert_chain(self, window, names):
-        """Every stop has its name and a role of its own, and backwards the same stops come in turn."""
+        """Every stop has a name and a proper role, and walking backwards visits the same stops in reverse order."""
         forward = self.walk(window, "Tab")
         self.assertEqual(forward[:1] + forward[:0:-1], self.walk(window, "shift+Tab"))
         self.assertEqual([stop.name for stop in forward], names)

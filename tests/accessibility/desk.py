@@ -1,4 +1,4 @@
-"""A screen of its own with the suite's programs on it, somebody at its keyboard, and a screen reader."""
+"""A private display with the suite's programs, simulated keyboard and mouse, and a screen reader's view."""
 
 import os
 import subprocess
@@ -11,11 +11,11 @@ PATIENCE = 30  # seconds
 
 
 class NotSeen(AssertionError):
-    """What was waited for did not come."""
+    """Timeout while waiting for a state."""
 
 
 def wait_for(what, check, patience=PATIENCE):
-    """Lets the bus deliver until check() gives something true, and gives that back."""
+    """Processes bus events until check() returns a true value, and returns that."""
     end = time.monotonic() + patience
     context = GLib.MainContext.default()
     while True:
@@ -31,10 +31,10 @@ def wait_for(what, check, patience=PATIENCE):
 
 
 class Screen:
-    """A virtual display. Ends with close()."""
+    """A virtual display; close() ends it."""
 
     def __init__(self, size="1152x864x24"):
-        # Without repetition (-r): on a busy machine a key may be down for so long that it would be typed twice.
+        # -r: no key repeat. On a busy machine a key may be down long enough to be typed twice.
         command = ["Xvfb", "-r", "-displayfd", "1", "-nolisten", "tcp", "-screen", "0", size]
         self.server = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         os.environ["DISPLAY"] = ":" + self.server.stdout.readline().decode().strip()
@@ -46,26 +46,26 @@ class Screen:
 
     @staticmethod
     def work(*arguments):
-        """Runs xdotool and gives what it prints, None where it fails."""
+        """Runs xdotool and returns its output, None if it fails."""
         done = subprocess.run(["xdotool", *arguments], capture_output=True, text=True, check=False)
         return done.stdout.strip() if done.returncode == 0 else None
 
     def key(self, *names):
-        """Presses keys one after the other, by the names of the window system ("shift+Tab")."""
+        """Presses keys one after the other, by their X names ("shift+Tab")."""
         self.work("key", *names)
 
     def type(self, text):
-        """Types a text of signs that are on every keyboard: others are put onto a key for a moment, and get lost."""
+        """Types text of ASCII characters: for others xdotool remaps a key temporarily, and events get lost."""
         self.work("type", "--delay", "0", text)
 
     def click(self, node):
-        """Clicks into the middle of what a node takes of the screen."""
+        """Clicks the centre of a node."""
         place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         middle = place.x + place.width // 2, place.y + place.height // 2
         self.work("mousemove", *map(str, middle), "click", "1")
 
     def focus(self, title):
-        """The keyboard goes to the window with that title, as soon as it is there."""
+        """Gives the keyboard to the window with that title as soon as it exists."""
 
         def given():
             found = self.work("search", "--onlyvisible", "--name", f"^{title}$")
@@ -75,7 +75,7 @@ class Screen:
 
 
 class FocusWatch:
-    """Remembers what told last that it has the focus."""
+    """Remembers the last node that reported the focus."""
 
     def __init__(self):
         self.last = None
@@ -90,7 +90,7 @@ class FocusWatch:
 
 
 def programs():
-    """The programs on the bus. All that they are asked, they are asked anew: not all changes are reported."""
+    """The programs on the bus. Clears the cache, since not all changes are signalled."""
     desktop = pyatspi.Registry.getDesktop(0)
     desktop.clear_cache()
     found = [desktop.getChildAtIndex(place) for place in range(desktop.childCount)]

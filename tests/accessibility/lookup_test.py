@@ -1,4 +1,4 @@
-"""The lookups that Ctrl opens in the head's range items."""
+"""The lookups that Ctrl opens in the range items of the main window's head."""
 
 import pyatspi
 
@@ -9,13 +9,13 @@ from sample import STAFF
 
 STATUS = ["稼動状況区分", "稼動状況区分名称", "btn_画面クリア"]
 BACK = ["btn_戻る"]
-# Without the search buttons whose items are empty.
+# Search buttons of empty items are not tab stops.
 STAFF_SEARCH = [
     "コード", "カナ", "名称", "部門コード", "セクションコード", "在籍区分", "在籍区分名称", "社員区分", "社員区分名称",
     "btn_複合検索", "btn_否定検索", "btn_コード検索", "btn_画面クリア",
 ]  # fmt: skip
 
-# The item of the head, its lookup, the stops, the table that the first rows come from.
+# Head item, title of its lookup, tab stops, table that provides the first rows.
 MASTERS = [
     ("開始部門コード", "部門一覧", ["List部門", *STATUS, *BACK], "M部門"),
     ("開始セクションコード", "セクション一覧", ["Listセクション", *STATUS, *BACK], "Mセクション"),

@@ -1,4 +1,4 @@
-"""The main window: its stops, its rows, a search."""
+"""The main window: tab stops, rows, a search."""
 
 import tree
 from case import InquiryCase
@@ -14,11 +14,11 @@ HEAD = [
     "btn_名称複数指定", "btn_カナ複数指定", "btn_住所複数指定", "btn_電話複数指定", "btn_郵便番号複数指定",
     "btn_部門個別選択", "btn_セクション個別選択", "btn_役職個別選択", "btn_担当者個別選択", "ヘッド終了",
 ]  # fmt: skip
-LIST_PAGES = ["所属情報"]  # the strip of pages goes by the page in front
+LIST_PAGES = ["所属情報"]  # the tab strip is named after its current page
 OUTPUT = ["btn_印刷", "btn_プレビュ", "btn_テキスト出力", "btn_封筒", "btn_はがき", "btn_宛名ラベル"]
 END = ["btn_終了"]
 
-# What the first rows hold in the order of the start, by departments.
+# First row in the initial order, which is by department.
 FIRST = {"行No": "1", "担当者コード": "00001", "担当者名": "原　光男", "カナ": "ﾊﾗ ﾐﾂｵ", "部門名": "総務部", "役職名": "部長"}
 FOUND = {"行No": "1", "担当者コード": "00014", "担当者名": "Takeda Ren", "カナ": "ﾓﾘﾀ ﾕﾀｶ", "部門名": "総務部"}
 
@@ -26,7 +26,7 @@ FOUND = {"行No": "1", "担当者コード": "00014", "担当者名": "Takeda Re
 class MainForm(InquiryCase):
     @classmethod
     def prepare(cls, sample):
-        # A name that every keyboard types.
+        # An ASCII name, which can be typed on every keyboard.
         sample.run(STAFF, "UPDATE M担当者 SET 氏名 = 'Takeda Ren' WHERE コード = '00014'")
 
     def assert_first_row(self, row):
@@ -58,7 +58,7 @@ class MainForm(InquiryCase):
         self.assertEqual(self.rows.lines("bak_dtla")[1], "性別")
 
     def codes(self, count):
-        """The codes in the list, as soon as there are so many."""
+        """The codes in the list if there are `count`, otherwise None."""
         found = [code for code in self.rows.texts("担当者コード") if code]
         return found if len(found) == count else None
 

@@ -1,4 +1,4 @@
-"""The lists in which rows are marked, behind the head's range buttons."""
+"""The multi-select lists opened by the head's range buttons."""
 
 import pyatspi
 

@@ -1,4 +1,4 @@
-"""PINs: the dialog that asks for one, and the list's column of them."""
+"""PINs: the sign-in dialog, and the PIN column of the list."""
 
 import tree
 from case import InquiryCase
@@ -30,13 +30,13 @@ class PinDialog(InquiryCase):
 
     @classmethod
     def prepare(cls, sample):
-        # Who may not see PINs.
+        # A person without the right to see PINs.
         sample.run(STAFF, "UPDATE M担当者 SET 処理分類9操作許可 = '1' WHERE コード = ?", cls.person)
 
     @classmethod
     def reach_main_window(cls):
         cls.dialog = cls.open(PIN_DIALOG)
-        # Code, login, PIN and what the person may do, as the set-up tool tells the administrator.
+        # Code, login, PIN and rights, as the set-up tool prints them for the administrator.
         lines = [line.split() for line in cls.sample.told.splitlines() if line.lstrip().startswith("0000")]
         cls.pins = {line[0]: line[2] for line in lines}
 
@@ -46,7 +46,7 @@ class PinDialog(InquiryCase):
         self.sign_in()
 
     def walk_the_dialog(self):
-        """Beyond the PIN lies what confirms it, so the chain has an end there."""
+        """The tab order ends at the PIN: leaving it confirms the dialog."""
         code = self.go_to(self.dialog, "担当者コード")
         cancel = self.press("shift+Tab", code)
         self.assertEqual(tree.stop(cancel)[:2], ("btn_キャンセル", "push button"))

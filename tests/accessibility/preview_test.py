@@ -1,4 +1,4 @@
-"""The question before an output, and the preview of the report host."""
+"""The question before an output, and the report host's preview."""
 
 import tree
 from case import InquiryCase
@@ -37,7 +37,7 @@ class Preview(InquiryCase):
         self.assertEqual([name for name in names if name in BACKWARD], BACKWARD)
 
     def step_the_zoom(self, preview):
-        """Between the entries of its list the zoom still tells itself."""
+        """A zoom factor that is not in its list is announced, too."""
         zoom = tree.named(preview, "倍率", "combo box")
         self.assertEqual(zoom.description, "ページ全体")
         self.go_to(preview, "拡大")

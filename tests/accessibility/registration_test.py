@@ -1,4 +1,4 @@
-"""The registration program, as a click on a row opens it."""
+"""The registration program, opened by a click on a row."""
 
 import tree
 from case import InquiryCase
@@ -29,7 +29,7 @@ class Registration(InquiryCase):
         self.finish(form)
 
     def answer(self, form, text, buttons, answer):
-        """The message or question in front: its words are told, its buttons are walked, and one ends it."""
+        """Checks the text and the buttons of the active message or question, and closes it."""
         message = self.open(TITLE, beside=form)
         self.assertIsNotNone(tree.named(message, text))
         if len(buttons) > 1:

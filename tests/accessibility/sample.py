@@ -1,4 +1,4 @@
-"""Installations for the tests, made by the suite's own tool."""
+"""Installations for the tests, made by suite-setup."""
 
 import os
 import sqlite3
@@ -10,7 +10,7 @@ STAFF = "data/gnrdb.accdb"
 
 
 class Sample:
-    """A fresh installation with sixty people, always the same."""
+    """A new installation with sixty people, always the same."""
 
     def __init__(self, *options):
         self.root = tempfile.mkdtemp(dir=os.environ["ACCESSIBILITY_WORK"]) + "/site"
@@ -21,7 +21,7 @@ class Sample:
         return f"{self.root}/prgbin/{name}"
 
     def run(self, file, statement, *values):
-        """Runs a statement on a database as an administrator would, and gives its rows."""
+        """Runs a statement on a database as an administrator would, and returns its rows."""
         connection = sqlite3.connect(f"{self.root}/{file}")
         with connection:
             rows = connection.execute(statement, values).fetchall()

@@ -1,17 +1,17 @@
-"""What a screen reader finds in a window."""
+"""A screen reader's view of a window."""
 
 from collections import namedtuple
 
 import pyatspi
 from gi.repository import GLib
 
-# Tells the stops of a window apart: rows of one name have their number as description.
+# Distinguishes the stops of a window: rows with equal names have their number as description.
 Stop = namedtuple("Stop", "name role description")
 PARTS = (pyatspi.ROLE_PAGE_TAB, pyatspi.ROLE_TABLE_CELL)
 
 
 def nodes(top):
-    """A node and all below it, in their order. What goes away meanwhile is left out."""
+    """A node and its descendants in order. Nodes that vanish meanwhile are left out."""
     try:
         children = [top.getChildAtIndex(place) for place in range(top.childCount)]
     except GLib.Error:
@@ -23,7 +23,7 @@ def nodes(top):
 
 
 def has(node, *states):
-    """Whether a node is in all these states. One that is gone is in none."""
+    """True if a node is in all these states. A vanished node is in none."""
     try:
         present = node.getState()
     except GLib.Error:
@@ -36,14 +36,14 @@ def shows(node):
 
 
 def has_focus(node):
-    """Not all that call themselves focused are: pages and cells do while they are in front, and what hands its focus on
-    does while the other has it."""
+    """Whether the node really has the focus: current tab pages and cells also report it, and so do nodes that forward
+    it."""
     present = has(node, pyatspi.STATE_FOCUSED, pyatspi.STATE_FOCUSABLE)
     return present and node.getRole() not in PARTS
 
 
 def focused(candidates):
-    """The innermost of them with the focus: one around it may hand its own on."""
+    """The innermost focused node: a node around it may have forwarded its focus."""
     inner = None
     for node in candidates:
         if has_focus(node):
@@ -56,7 +56,7 @@ def stop(node):
 
 
 def window_of(program, title, beside=None):
-    """The window of a program with that title, as long as it shows, which is not the one given."""
+    """The visible window of a program with that title, other than the given one."""
     try:
         windows = [program.getChildAtIndex(place) for place in range(program.childCount)]
     except GLib.Error:
@@ -66,19 +66,19 @@ def window_of(program, title, beside=None):
 
 
 def named(window, name, role=None):
-    """The first node with that name, and role."""
+    """The first node with that name and, if given, role."""
     found = (node for node in nodes(window) if node.name == name)
     return next((node for node in found if role is None or node.getRoleName() == role), None)
 
 
 def cells(window, columns):
-    """The rows of a window's list, each with the texts of its cells."""
+    """The rows of a window's list, each a tuple of cell texts."""
     texts = [node.name for node in nodes(window) if node.getRole() == pyatspi.ROLE_TABLE_CELL]
     return [tuple(texts[first : first + columns]) for first in range(0, len(texts), columns)]
 
 
 class MainWindow:
-    """What the main window is made of, which stays the same from the first list to the end: its rows and its stops."""
+    """Nodes of the main window, which stay the same from the first list on: rows and stops."""
 
     def __init__(self, window):
         self.labels, self.panels, self.stops = {}, {}, []
@@ -95,11 +95,11 @@ class MainWindow:
         return self.labels[name][0]
 
     def texts(self, name):
-        """The texts of an item, row by row, where it shows."""
+        """The texts of an item, row by row, if visible."""
         return [node.name for node in self.labels[name] if shows(node)]
 
     def lines(self, panel):
-        """What is read of a part of the rows, row by row."""
+        """The descriptions of a part of the rows, row by row."""
         return [node.description for node in self.panels[panel] if shows(node)]
 
 
@@ -112,7 +112,7 @@ def text_of(node):
 
 
 def all_texts(top):
-    """Everything that a node and those below it say of themselves, hidden ones too."""
+    """Names and descriptions of a node and its descendants, including hidden ones."""
     for node in nodes(top):
         yield node.name
         yield node.description

@@ -1,4 +1,4 @@
-"""The windows of several search values, behind the head's buttons."""
+"""The windows for several search values, opened by the head's buttons."""
 
 import tree
 from case import InquiryCase

@@ -1,4 +1,4 @@
-"""python3 tests/endurance: what ./test --endurance runs."""
+"""python3 tests/endurance: implementation of ./test --endurance."""
 
 import argparse
 import contextlib
@@ -20,7 +20,7 @@ import users
 SOURCES = Path(__file__).resolve().parent.parent
 PROGRAMS = ("suite-setup", "report-host", "要員名簿照会", "要員台帳更新")
 CLERKS = 8
-started = []  # processes of the test, each the first of a session
+started = []  # processes of the test, each a session leader
 
 
 def arguments():
@@ -41,14 +41,14 @@ def prepare(work):
     for folder in ("homes", "plans"):
         (work / folder).mkdir()
     sockets = Path("/tmp/.X11-unix")
-    if not sockets.exists():  # only root may create it, and the displays are the users'
+    if not sockets.exists():  # created by root; the X servers run as the users
         sockets.mkdir()
         sockets.chmod(0o1777)
     clerks.prepare_driver(work, SOURCES)
 
 
 def on_bus(work, script, *words):
-    """Runs a script of the driver as root, on a separate bus. Its last line is JSON."""
+    """Runs a driver script as root on a separate bus. Its last output line is JSON."""
     home = work / f"{Path(script).stem}{words[0] if words else ''}"
     (home / "run").mkdir(mode=0o700, parents=True)
     environment = {
@@ -83,7 +83,7 @@ def measure_places(work):
 
 
 def run_clerks(work, options, places):
-    """Returns what was wrong."""
+    """Returns a list of failures."""
     wrong = []
     with users.created(CLERKS, work / "homes") as (people, group):
         for kind in (0, 1):

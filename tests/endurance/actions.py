@@ -1,4 +1,4 @@
-"""What is killed while it runs, and what must hold afterwards. Actions of the programs with windows."""
+"""Actions that are killed while they run, and the checks afterwards. Here: those of the programs with windows."""
 
 import os
 import shutil
@@ -14,37 +14,37 @@ LAST = "99999"
 
 
 class Action:
-    """One kind of work on one installation. A run is prepare, begin, then a kill or the end, then check."""
+    """One kind of action on one installation. A run is prepare, begin, then a kill or the end, then check."""
 
     name = ""
-    keeps_history = True  # what is killed does not replace the file with the history
-    pause = 0.002  # between two looks whether the work is done
+    keeps_history = True  # the action does not replace the file with the run history
+    pause = 0.002  # seconds between two polls for the end
 
     def __init__(self, desk):
         self.desk, self.site = desk, desk.site
 
     def prepare(self):
-        """Everything up to the moment at which the measured time begins."""
+        """Preparation that is not part of the measured time."""
 
     def begin(self):
-        """Starts the work and returns the process that a kill would hit."""
+        """Starts the action and returns the process to be killed."""
         raise NotImplementedError
 
     def finished(self, process):
-        """Whether the work is done, as the person at the screen would see it."""
+        """True if the action is finished, as the user would see it."""
         return process.poll() is not None
 
     def kill(self, process):
-        """True when it still ran."""
+        """Kills the process. True if it was still running."""
         process.kill()
         return process.wait() == -9
 
     def complete(self, process):
-        """Lets a run that is not killed come to its end."""
+        """Waits for the end of a run that is not killed."""
         poll(f"the end of {self.name}", lambda: self.finished(process), pause=self.pause)
 
     def check(self, acknowledged):
-        """What is wrong after a run; `acknowledged` means that it had finished before the kill."""
+        """Yields the failures found after a run; `acknowledged`: it had finished before the kill."""
         yield from self.desk.sound(self.site)
 
     def close(self, process):
@@ -53,14 +53,14 @@ class Action:
         process.wait()
 
     def tidy(self):
-        """After a failed run: what is still there would be in the way of the next one."""
+        """After a failed run: kills remaining processes, which would disturb the next run."""
         for name in (suite.INQUIRY, suite.REGISTRATION):
             for process in suite.running(self.site.program(name)):
                 os.kill(process, 9)
 
 
 class FirstList(Action):
-    """The start of the inquiry up to its first list."""
+    """Start of the inquiry up to its first list."""
 
     name = "start"
 
@@ -69,7 +69,7 @@ class FirstList(Action):
 
 
 class FirstStart(Action):
-    """The first start of a user who has no private copies yet."""
+    """First start of a user without private copies."""
 
     name, keeps_history = "first start", False
 
@@ -96,7 +96,7 @@ class FirstStart(Action):
 
 
 class InSession(Action):
-    """Works in the main window, with all people in the list."""
+    """Actions in the main window, with all people in the list."""
 
     pause = 0.02
 
@@ -123,7 +123,7 @@ class Search(InSession):
 
 
 class TextOutput(InSession):
-    """The file is written in place, so that a kill may leave a part of it; the next output must be whole."""
+    """Text output in place: a kill may leave a partial file, but the next output must be complete."""
 
     name, last_row = "text output", "出力終了 テキスト出力"
 
@@ -143,7 +143,7 @@ class TextOutput(InSession):
 
 
 class Print(InSession):
-    """The inquiry is killed; its report host has to end without it."""
+    """Printing. The inquiry is killed; its report host must then exit."""
 
     name, last_row = "print", "出力終了 印刷"
 
@@ -165,13 +165,13 @@ class Print(InSession):
         for file in self.desk.printed.iterdir():
             if file.suffix != ".pdf":
                 yield f"left over after the next print: {file.name}"
-                shutil.rmtree(file)  # so that the prints to come don't find it again
+                shutil.rmtree(file)  # so that later prints don't find it again
             elif judge.pages_of(str(file))[0] is None:
                 yield f"half a report: {file.name}"
 
 
 class PrintHost(Print):
-    """The report host is killed; the inquiry says so and goes on."""
+    """Printing. The report host is killed; the inquiry shows a message and continues."""
 
     name, pause = "report host", 0.002
 
@@ -196,7 +196,7 @@ class PrintHost(Print):
 
 
 class Save(Action):
-    """The save of a telephone number in the registration program."""
+    """Saving a telephone number in the registration program."""
 
     name = "save"
 

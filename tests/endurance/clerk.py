@@ -1,4 +1,4 @@
-"""The work of one clerk, run as that user: clerk.py PLAN. Each step is written to the clerk's log when it is done."""
+"""The work of one clerk, run as that user: clerk.py PLAN. Each step is logged when it is finished."""
 
 import csv
 import fcntl
@@ -23,7 +23,7 @@ class Clerk:
         self.plan, self.number = plan, plan["number"]
         self.random = random.Random(plan["seed"])
         self.log = open(plan["log"], "w", encoding="utf-8")  # noqa: SIM115
-        screen = Screen()  # first, since it names the display in the environment
+        screen = Screen()  # first: it sets DISPLAY in the environment
         self.site = Installation(plan["site"], plan["programs"], os.environ)
         self.session = Session(screen, plan["places"], self.site, Path(plan["configuration"]), plan["user"])
         self.changes, self.off = 0, []
@@ -38,7 +38,7 @@ class Clerk:
         return staff[first], staff[first + self.random.randrange(8, 20)]
 
     def step(self, name, *arguments):
-        """Does a step and logs it, with the messages that came meanwhile."""
+        """Runs a step and logs it with the message boxes shown meanwhile."""
         began, before = time.time(), len(self.session.boxes)
         details = getattr(self, name)(*arguments)
         self.write(name, began, **details, boxes=self.session.boxes[before:])
@@ -107,9 +107,9 @@ class Clerk:
         return {"code": code, "number": number, "saved": saved, "clicked": clicked, "finished": finished}
 
     def open_form(self, position):
-        """In a shared configuration the first receiver deletes all start messages of one second, and two exchanges with
-        the same key within a minute receive each other's messages, since the channel has no other key. There, each clerk
-        has different people, and no two clerks click within one second."""
+        """In a shared configuration the first receiver deletes all start messages of the same second, and two exchanges
+        with equal keys within a minute receive each other's messages, since the channel has no other key. There, each
+        clerk uses different people, and no two clerks click within the same second."""
         if not self.plan["shared"]:
             return self.session.open_form(position)
         with open(self.plan["channel"], "w", encoding="ascii") as channel:

@@ -1,4 +1,4 @@
-"""Eight clerks at work at once in one installation: sets them up, starts them, judges what they leave."""
+"""Eight clerks working concurrently in one installation: sets them up, starts them and checks the result."""
 
 import json
 import os
@@ -10,8 +10,8 @@ from collections import defaultdict
 import installation as suite
 import judge
 
-STAFF = 48  # few, so that clerks meet at the same person
-TIMEOUT = 150  # seconds that a clerk may need beyond the time, for the step under way and the end
+STAFF = 48  # few, so that clerks use the same person concurrently
+TIMEOUT = 150  # seconds beyond the running time, for the current step and the shutdown
 
 
 def without_group_rights(site, group):
@@ -27,7 +27,7 @@ def without_group_rights(site, group):
 
 
 def make_site(work, kind, maker, group):
-    """By the recipe of the administration's document: a folder of the group, an installation made by a member of it."""
+    """Makes a folder of the group and an installation by a member of the group, as docs/administration.md says."""
     shared = work / f"srv-{kind}"
     shared.mkdir()
     os.chown(shared, 0, group)
@@ -50,7 +50,7 @@ def make_site(work, kind, maker, group):
 
 
 def start_clerk(work, user, group, plan):
-    """Each user has a separate display, bus and runtime folder."""
+    """Starts a clerk with a separate display, bus and runtime folder."""
     plan_file = work / "plans" / f"{plan['kind']}-{plan['number']}.json"
     plan_file.write_text(json.dumps(plan, ensure_ascii=False), encoding="utf-8")
     environment = {
@@ -71,7 +71,7 @@ def read_log(file):
 
 
 class Shift:
-    """One run of all clerks over one installation kind."""
+    """One run of all clerks with one installation kind."""
 
     def __init__(self, work, users, group, kind, seconds, seed, places):
         self.work, self.users, self.group, self.kind = work, users, group, kind
@@ -91,7 +91,7 @@ class Shift:
         }  # fmt: skip
 
     def run(self):
-        """Returns what is wrong afterwards."""
+        """Returns a list of failures."""
         channel = self.printed.parent / "channel"
         channel.touch()
         channel.chmod(0o666)
@@ -129,7 +129,7 @@ class Shift:
         yield from judge.check_databases(self.site)
         yield from judge.check_leftovers(self.site)
         yield from (f"left over: {file}" for file in self.printed.iterdir() if file.suffix != ".pdf")
-        # The socket of a host that was killed after its report stays, and the next host replaces it.
+        # The socket of a host that was killed after its report remains; the next host replaces it.
         runtime = [file for user in self.users for file in (user.home / "run").glob("host-*.*")]
         yield from (f"left over: {file}" for file in runtime)
         self.everything = everything
@@ -145,7 +145,7 @@ class Shift:
         return [row for file in files if file.exists() for row in suite.history(file)]
 
     def table(self):
-        """Lines of the table: step, how often, longest time, what was special."""
+        """Lines of the summary: step, count, longest time, remarks."""
         steps = defaultdict(list)
         for entry in self.everything:
             if entry["what"] != "stuck":
@@ -160,7 +160,7 @@ class Shift:
 
 
 def prepare_driver(work, sources):
-    """Where every user can read it: the sources may be in a folder that only their owner can enter."""
+    """Copies the driver to where every user can read it: the source folder may be accessible to its owner only."""
     driver = work / "driver"
     driver.mkdir()
     for file in (*(sources / "endurance").glob("*.py"), *(sources / "accessibility").glob("*.py")):

@@ -1,4 +1,4 @@
-"""Prints where the items of the programs' windows are, as JSON: guide.py WORK HOME."""
+"""Prints the screen positions of the items in the programs' windows as JSON: guide.py WORK HOME."""
 
 import json
 import os

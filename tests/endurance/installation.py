@@ -1,4 +1,4 @@
-"""An installation as an administrator makes it, and what a test reads of it."""
+"""An installation made as an administrator would, and queries on it."""
 
 import contextlib
 import os
@@ -10,11 +10,11 @@ from pathlib import Path
 
 INQUIRY, REGISTRATION = "要員名簿照会", "要員台帳更新"
 HISTORY = "SELECT ユーザID, プログラムID, proccounter, 摘要 FROM プログラム稼動履歴 ORDER BY rowid"
-TIMEOUT = 60  # seconds, for a run of the set-up tool or a start
+TIMEOUT = 60  # seconds for a run of the set-up tool or a start
 
 
 class Installation:
-    """The folder of one. The tool is run with a registry file in place of the machine's."""
+    """An installation's folder. The set-up tool uses a test registry file instead of the machine's."""
 
     def __init__(self, root, programs, environment):
         self.root, self.programs, self.environment = Path(root), Path(programs), dict(environment)
@@ -23,7 +23,7 @@ class Installation:
         return [str(self.programs / "suite-setup"), *map(str, arguments)]
 
     def tool(self, *arguments, **identity):
-        """What the set-up tool prints. Raises CalledProcessError where it fails."""
+        """Runs the set-up tool and returns its output. Raises CalledProcessError on failure."""
         done = subprocess.run(
             self.command(*arguments), env=self.environment, capture_output=True, text=True, timeout=TIMEOUT, **identity
         )
@@ -42,7 +42,7 @@ class Installation:
         return self.root / "host/OFFICE16/MSACCESS.EXE"
 
     def register_host(self):
-        """As an administrator of the machine: of several installations the last one has its host registered."""
+        """Registers the host as the machine's administrator does; the last registered installation is used by all."""
         key = r"HKLM\SOFTWARE\Microsoft\Windows\CurrentVersion\App Paths\MSACCESS.EXE"
         self.tool("registry", "set", key, "Path", f"{self.host.parent}/")
 
@@ -58,7 +58,7 @@ class Installation:
         return self.root / "users" / user / file
 
     def staff(self):
-        """Codes of those whom the inquiry finds without conditions of its own, in the order of the codes."""
+        """Codes of the people whom the inquiry finds without search conditions, sorted."""
         sql = "SELECT コード FROM M担当者 WHERE 在籍区分 = '0' ORDER BY コード"
         return [row[0] for row in rows(self.general, sql)]
 
@@ -67,7 +67,7 @@ class Installation:
 
 
 def rows(file, sql, *values):
-    """Rows of a statement, read as another program would: nothing is written, locks are waited for."""
+    """Rows of a query on a read-only connection, which waits for locks like another program."""
     with contextlib.closing(sqlite3.connect(f"file:{file}?mode=ro", uri=True, timeout=10)) as database:
         return database.execute(sql, values).fetchall()
 
@@ -78,7 +78,7 @@ def change(file, sql, *values):
 
 
 def damage(file):
-    """What the engine finds wrong with a database, empty where it is sound."""
+    """Result of SQLite's integrity checks; empty if the database is sound."""
     try:
         found = rows(file, "PRAGMA integrity_check") + rows(file, "PRAGMA quick_check")
     except sqlite3.DatabaseError as error:
@@ -92,7 +92,7 @@ def history(file, user=None):
 
 
 def committed(file, sql=HISTORY):
-    """Rows of a file whose writer was just killed: what the engine makes of a copy of the file and its journal."""
+    """Rows of a file whose writer was just killed, read after recovery of a copy of the file and its journal."""
     with tempfile.TemporaryDirectory() as folder:
         for suffix in ("", "-journal"):
             with contextlib.suppress(FileNotFoundError):
@@ -110,7 +110,7 @@ def telephones(installation):
 
 
 def running(program):
-    """Ids of the processes whose program file this is, also where it was replaced meanwhile."""
+    """Ids of the processes that run this program file, even if it has been replaced meanwhile."""
     found = []
     for entry in Path("/proc").iterdir():
         with contextlib.suppress(OSError):

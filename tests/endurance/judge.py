@@ -1,4 +1,4 @@
-"""What must be true after eight clerks have worked, by their own logs."""
+"""Checks the result of eight clerks' work against their logs."""
 
 import re
 import subprocess
@@ -6,13 +6,13 @@ from collections import Counter, defaultdict
 
 import installation as suite
 
-# What the users of a shared installation may see, since they share the work tables: each output empties them first.
+# Messages allowed in a shared installation: the users share the work tables, which each output empties first.
 SHARED = (
     "印刷情報が有りません",
     "出力情報が有りません",
     "帳票「要員名簿照会」に印刷するデータがありません。",
 )
-ROWS = {  # the rows of the history that a step leaves
+ROWS = {  # history rows written by each step
     "start": ("開始", "出力終了 SELECT"),
     "search": ("出力終了 SELECT",),
     "print": ("出力開始 印刷", "出力終了 印刷"),
@@ -33,10 +33,10 @@ def text_kind(text):
 
 
 def expected_rows(entries):
-    """Rows of the inquiry, and of the registration program, by the log of one clerk."""
+    """Expected history rows of the inquiry and of the registration program, from one clerk's log."""
     inquiry, registration = Counter(), Counter()
     for entry in entries:
-        # A step without a person to choose has not happened; an output without people starts none.
+        # A step without a matching person was skipped; an output of no people starts no run.
         happened = entry.get("code", "") is not None and entry.get("done", True)
         inquiry.update(ROWS.get(entry["what"], ()) if happened else ())
         if entry["what"] == "telephone" and happened:
@@ -45,7 +45,7 @@ def expected_rows(entries):
 
 
 def check_history(user, entries, history):
-    """Every row that a step leaves is there once, and the rows of each run are numbered without a gap."""
+    """Checks that every expected row exists once and the rows of each run are numbered without a gap."""
     for program, expected in zip((suite.INQUIRY, suite.REGISTRATION), expected_rows(entries), strict=True):
         rows = [(number, text) for name, owner, number, text in history if (name, owner) == (user, program)]
         found = Counter(text_kind(text) for _, text in rows if not text.startswith("エラー"))
@@ -65,7 +65,7 @@ def check_numbers(user, program, rows):
 
 
 def check_errors(rows, shared):
-    """A failed statement is a loss, except on the work tables that the users of a shared installation share."""
+    """Failed statements mean lost data, except on the work tables, which users of a shared installation share."""
     for user, program, _, text in rows:
         work_tables = shared and re.match(r"エラー (DELETE FROM|SELECT \* FROM) 要員名簿照会", text)
         if text.startswith("エラー") and not work_tables:
@@ -79,7 +79,7 @@ def check_boxes(entry, shared):
 
 
 def check_telephones(before, after, changes):
-    """The last number that was saved for each person; where two saves overlapped in time, either."""
+    """The last saved number of each person; if two saves overlapped in time, either."""
     saves = defaultdict(list)
     for change in changes:
         if change["saved"]:
@@ -92,7 +92,7 @@ def check_telephones(before, after, changes):
 
 
 def pages_of(file):
-    """Codes of the people on a printed list, and the number in its head."""
+    """Codes of the people on a printed list, and the number in its header."""
     done = subprocess.run(["pdftotext", "-layout", file, "-"], capture_output=True, text=True, check=False)
     information = subprocess.run(["pdfinfo", file], capture_output=True, text=True, check=False)
     if done.returncode or information.returncode:

@@ -1,15 +1,15 @@
-"""Programs killed at random moments, by two processes at once."""
+"""Kills programs at random moments, in two worker processes."""
 
 import json
 import selectors
 from collections import defaultdict
 
 WORKERS = 2
-SILENCE = 400  # seconds without a line, after which a worker hangs
+SILENCE = 400  # seconds without output after which a worker is considered hung
 
 
 def follow(workers):
-    """Lines of all workers, as they come."""
+    """Yields the output lines of all workers as they arrive."""
     with selectors.DefaultSelector() as selector:
         for worker in workers:
             selector.register(worker.stdout, selectors.EVENT_READ)
@@ -19,7 +19,7 @@ def follow(workers):
                 raise TimeoutError(f"no kill in {SILENCE} s")
             for key, _ in ready:
                 line = key.fileobj.readline()
-                if line.startswith("{"):  # the daemons of the bus write to the same pipe
+                if line.startswith("{"):  # the bus daemons write to the same pipe
                     yield json.loads(line)
                 elif not line:
                     selector.unregister(key.fileobj)
@@ -43,7 +43,7 @@ def table(entries):
 
 
 def run(start, kills, seed):
-    """`start` starts a worker with these words. Returns what was wrong."""
+    """`start` starts a worker with the given arguments. Returns a list of failures."""
     workers = [start("worker.py", str(number), str(WORKERS), str(kills), str(seed)) for number in range(WORKERS)]
     entries, wrong, worst = [], [], 0
     for entry in follow(workers):

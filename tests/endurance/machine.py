@@ -1,4 +1,4 @@
-"""Actions on what the machine has beside the installations: the registry, and report hosts."""
+"""Actions outside the installations: registry and report hosts."""
 
 import socket
 import subprocess
@@ -39,7 +39,7 @@ class SetRegistry(Tool):
 
 
 class HostStart(Action):
-    """The start of a report host up to its first answer."""
+    """Start of a report host up to its first answer."""
 
     name = "host start"
 
@@ -78,7 +78,7 @@ class HostStart(Action):
             following.terminate()
             following.wait(20)
         for file in self.sockets():
-            # Of a host that an earlier action has left to its timeout.
+            # Belongs to a host of an earlier action that is waiting for its idle timeout.
             if not self.answers(file):
                 yield f"left over after the next host: {file.name}"
         yield from super().check(acknowledged)

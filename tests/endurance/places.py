@@ -1,4 +1,4 @@
-"""Where the items of the two windows are on the screen, asked once of the accessibility bus."""
+"""Screen positions of the items in the two windows, queried once from the accessibility bus."""
 
 import contextlib
 import subprocess
@@ -15,14 +15,14 @@ FORM = ("電話", "btn_保存", "btn_終了")
 
 
 def all_windows():
-    """Of all programs. One that ends just now has none."""
+    """Windows of all programs. A program that is just exiting has none."""
     for program in programs():
         with contextlib.suppress(GLib.Error):
             yield from filter(None, [program.getChildAtIndex(place) for place in range(program.childCount)])
 
 
 def windows(title, beside=None):
-    """Those with that title, except the given one."""
+    """Visible windows with that title, except `beside`."""
     return [one for one in all_windows() if one.name == title and one != beside and tree.shows(one)]
 
 
@@ -31,8 +31,8 @@ def window(title, beside=None):
 
 
 def press_button(box, name):
-    """Presses one, whatever has the keyboard just now: a box is known to the bus before it is on the screen. True when
-    the box has such a button."""
+    """Presses a button through the bus, independent of the keyboard focus: a box is on the bus before it is shown. True
+    if the box has such a button."""
     for node in tree.nodes(box) if box else ():
         if node.getRole() == pyatspi.ROLE_PUSH_BUTTON and node.name.startswith(name):
             node.queryAction().doAction(0)
@@ -41,12 +41,12 @@ def press_button(box, name):
 
 
 def words(box):
-    """The text of a message box."""
+    """Text of a message box."""
     return " ".join(node.name for node in tree.nodes(box) if node.getRole() == pyatspi.ROLE_LABEL and node.name)
 
 
 def described_windows():
-    """Titles of all windows, and the texts in them but for the main window's."""
+    """Titles of all windows, and their texts except for the main window's."""
     return [one.name if one.name == MAIN else f"{one.name}: {words(one)[:300]}" for one in all_windows()]
 
 
@@ -56,7 +56,7 @@ def middle(node):
 
 
 def items(top, names):
-    """The first focusable node of each name: a label may have the same one."""
+    """The first focusable node of each name: a label may have the same name."""
     found = {}
     for node in tree.nodes(top):
         if node.name in names and node.name not in found and tree.has(node, pyatspi.STATE_FOCUSABLE):
@@ -65,7 +65,7 @@ def items(top, names):
 
 
 def row_items(main):
-    """Name and check box of the visible rows, from top to bottom."""
+    """Names and check boxes of the visible rows, from top to bottom."""
     names, boxes = [], []
     for node in tree.nodes(main):
         if node.description == "担当者名" and tree.shows(node):
@@ -76,7 +76,7 @@ def row_items(main):
 
 
 def measure(installation, environment, staff):
-    """Starts both programs once on the present display, one after the other, and ends them."""
+    """Starts both programs on the current display, one after the other, reads the positions and ends them."""
     with subprocess.Popen([installation.program(INQUIRY)], env=environment) as inquiry:
         main = wait_for("the main window", lambda: window(MAIN))
         names, boxes = wait_for("the rows", lambda: all(found := row_items(main)) and found)

@@ -1,4 +1,4 @@
-"""One of the programs at work on a display, by real keys and clicks."""
+"""A program under test on a display, driven by real key and mouse events."""
 
 import contextlib
 import os
@@ -14,7 +14,7 @@ from gi.repository import GLib
 from places import MAIN, press_button, window, windows, words
 
 TIMEOUT = 60  # seconds
-PAUSE = 0.05  # between two looks: the files looked at are shared, and looking too often would hold up the writers
+PAUSE = 0.05  # seconds between two polls: the polled files are shared, and frequent reads would block the writers
 CHANGED = "この担当者は他の端末で修正されています。入力を取り消して読み直しますか?"
 ANSWERS = {"印刷しますか?": "はい", "修正が保存されていません。終了しますか?": "はい", CHANGED: "いいえ"}
 WAIT_DIALOG = "しばらくお待ちください。"
@@ -23,11 +23,11 @@ SAVE_DIALOG = "名前を付けて保存"
 
 
 class TooLate(AssertionError):
-    """What was waited for did not come in time."""
+    """Timeout while waiting for a state."""
 
 
 def poll(what, check, timeout=TIMEOUT, pause=PAUSE):
-    """What a check returns that is true. A check may meet windows that vanish meanwhile."""
+    """Polls `check` until its result is true and returns that. Ignores windows that vanish meanwhile."""
     end = time.monotonic() + timeout
     while True:
         with contextlib.suppress(GLib.Error, NotImplementedError):
@@ -40,7 +40,7 @@ def poll(what, check, timeout=TIMEOUT, pause=PAUSE):
 
 
 def start_command(first, last):
-    """Staff codes from and to; without the later fields the order is that of the codes."""
+    """Start command with a range of staff codes; without the optional fields the list is sorted by code."""
     return "000" + "000999" + "000999" + "0099" + first + last
 
 
@@ -50,11 +50,11 @@ class Session:
     def __init__(self, screen, places, site, configuration, user):
         self.screen, self.places, self.site, self.user = screen, places, site, user
         self.configuration, self.process, self.people = configuration, None, []
-        self.boxes = []  # texts of the message boxes, as they came
+        self.boxes = []  # texts of the message boxes in order
         self.staff = site.staff()
 
     def count(self, pattern, program=suite.INQUIRY):
-        """Rows of the history with such a text. None as long as the file is not there or taken."""
+        """Number of matching history rows; None if the file is missing or locked."""
         sql = "SELECT COUNT(*) FROM プログラム稼動履歴 WHERE ユーザID = ? AND プログラムID = ? AND 摘要 LIKE ?"
         try:
             return suite.rows(self.configuration, sql, self.user, program, pattern)[0][0]
@@ -65,8 +65,8 @@ class Session:
         poll(f"row {count} of {pattern}", lambda: (self.count(pattern, program) or 0) >= count)
 
     def await_idle(self):
-        """The program drops what is clicked while it searches, prints or waits for the other program, and it writes the
-        row of the end before that is over."""
+        """Waits until the program accepts clicks: it ignores them while it searches, prints or waits for the other
+        program, and writes the end row of the history before that is over."""
 
         def idle():
             main = window(MAIN)
@@ -78,7 +78,7 @@ class Session:
         self.screen.work("mousemove", str(place[0]), str(place[1]), "click", "1")
 
     def begin_click(self, place):
-        """Without waiting for the click, for what begins with it."""
+        """Does not wait for xdotool, so that the action started by the click is observed from its beginning."""
         subprocess.Popen(["xdotool", "mousemove", str(place[0]), str(place[1]), "click", "1"])
 
     def press(self, name):
@@ -116,14 +116,14 @@ class Session:
         self.await_idle()
 
     def tick_off(self, position):
-        """Only in a list that was just loaded: one more click would tick the row again."""
+        """Only valid in a newly loaded list: another click would tick the row again."""
         self.screen.focus(MAIN)
         self.click(self.places["boxes"][position])
         return self.people[position]
 
     def answer_box(self, title=suite.INQUIRY, beside=None):
-        """Ends the message box with that title, if there is one, and returns its text. Questions have their answers;
-        any other text is kept for the judge."""
+        """Closes the message box with that title, if there is one, and returns its text. Known questions are answered;
+        any other text is recorded for the checks."""
         texts = [(box, words(box)) for box in windows(title, beside)]
         for box, text in texts:
             if text and WAIT_DIALOG not in text:
@@ -135,7 +135,7 @@ class Session:
         return None
 
     def await_output(self, word, count):
-        """True when the output has its row of the end; False when a message said that there is nothing to print."""
+        """True if the output wrote its end row; False if a message said that there is nothing to print."""
         state = poll(f"the end of {word}", lambda: self.output_state(word, count))
         self.await_idle()
         return state == "done"
@@ -176,7 +176,7 @@ class Session:
         self.screen.key("Tab")
 
     def save(self, form):
-        """True when the form has saved and closed; False when it refused, and was closed without saving."""
+        """True if the form saved and closed; False if it rejected the input and was closed without saving."""
         self.click(self.places["form"]["btn_保存"])
         outcome = poll("the end of the save", lambda: self.save_state(form))
         if outcome == "refused":
@@ -200,7 +200,7 @@ class Session:
         self.await_rows("終了", ended)
 
     def abandon(self):
-        """Ends the program as a system does that shuts down, and the hard way where that is not enough."""
+        """Sends SIGTERM as on shutdown, then SIGKILL if necessary."""
         if self.process is None or self.process.poll() is not None:
             return
         self.process.terminate()

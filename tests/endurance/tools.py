@@ -24,7 +24,7 @@ class Tool(Action):
         shutil.copytree(self.site.root, self.saved, symlinks=True)
 
     def arrange(self):
-        """Puts the installation into a state in which the verb has something to do."""
+        """Prepares the installation so that the verb has something to do."""
 
     def prepare(self):
         shutil.rmtree(self.site.root)
@@ -50,11 +50,11 @@ class Tool(Action):
         yield from super().check(acknowledged)
 
     def half_done(self):
-        """What may not be found directly after a kill."""
+        """Yields invalid states directly after a kill."""
         return ()
 
     def done(self, printed):
-        """What must be found when the verb has run again."""
+        """Yields failures after the verb has run again."""
         return ()
 
 
@@ -105,7 +105,7 @@ class Printer(Tool):
             raise
 
     def half_done(self):
-        # The tool opens the file as the programs do, and undoes what a kill left unfinished.
+        # The tool opens the file as the programs do, which rolls back an unfinished transaction.
         shown = self.site.tool("printer", self.site.root)
         if str(self.desk.printed) not in shown and "通常使うプリンター" not in shown:
             yield f"the place of output is {shown}"
@@ -140,7 +140,7 @@ class SealPins(Tool):
 
 
 class Move(Tool):
-    """Of a copied installation, whose definition and links name the files of the original."""
+    """On a copied installation whose definition and links refer to the original's files."""
 
     name, verb = "move", "move"
 
@@ -157,7 +157,7 @@ class Move(Tool):
 
 
 class Import(Tool):
-    """Of a real desktop database file, which replaces all rows of the general database or none."""
+    """With a real desktop database file, which replaces all rows of the general database or none."""
 
     name, verb = "import", "import"
     counted = "SELECT COUNT(*) FROM M担当者 UNION ALL SELECT COUNT(*) FROM M部門"

@@ -1,4 +1,4 @@
-"""Unix users for a test, in one group, removed at its end."""
+"""Unix users of a test in one group, removed at its end."""
 
 import contextlib
 import grp
@@ -13,14 +13,14 @@ PREFIX = "meibo-test-"
 
 
 class User:
-    """One of them. Their own group is not the common one, as on a machine where every user has a group."""
+    """A user. The primary group is not the common one, as is usual on Debian."""
 
     def __init__(self, name, home):
         entry = pwd.getpwnam(name)
         self.name, self.uid, self.gid, self.home = name, entry.pw_uid, entry.pw_gid, home
 
     def identity(self, group):
-        """Arguments of subprocess that run a program as this user and member of a group."""
+        """subprocess arguments that run a program as this user and member of the group."""
         return {"user": self.uid, "group": self.gid, "extra_groups": [group], "umask": 0o022}
 
 
@@ -36,7 +36,7 @@ def processes_of(uid):
 
 
 def end_processes(uid):
-    """All that a user of the test still runs, which nothing but the test can have started."""
+    """Kills all processes of a user; only the test can have started them."""
     end = time.monotonic() + 10
     while time.monotonic() < end:
         running = list(processes_of(uid))
@@ -49,7 +49,7 @@ def end_processes(uid):
 
 
 def remove(group):
-    """Removes a common group with its users and their own groups."""
+    """Removes a common group with its users and their primary groups."""
 
     def belongs(name):
         return name == group or name.startswith(group + "-")
@@ -64,7 +64,7 @@ def remove(group):
 
 
 def remove_abandoned():
-    """What a killed test has left: its process, whose id is in the names, no longer runs."""
+    """Removes users left by a killed test, whose process id is part of the names."""
     names = [entry.pw_name for entry in pwd.getpwall() if entry.pw_name.startswith(PREFIX)]
     for owner in {name[len(PREFIX) :].split("-")[0] for name in names}:
         if owner.isdigit() and not Path("/proc", owner).exists():
@@ -73,7 +73,8 @@ def remove_abandoned():
 
 @contextlib.contextmanager
 def created(count, homes):
-    """The users and the id of their common group. Their homes are folders below the given one."""
+    """Creates users for the duration of the context; gives them and the id of their common group. Their homes are in
+    `homes`."""
     remove_abandoned()
     group = f"{PREFIX}{os.getpid()}"
     try:

@@ -1,4 +1,4 @@
-"""A process that kills programs: worker.py WORK HOME NUMBER WORKERS KILLS SEED. Prints a line of JSON for each kill."""
+"""Worker that kills programs: worker.py WORK HOME NUMBER WORKERS KILLS SEED. Prints one line of JSON per kill."""
 
 import getpass
 import json
@@ -23,12 +23,12 @@ from tools import TOOLS
 
 STAFF = 60
 FAILURES = (TooLate, NotSeen, AssertionError, OSError, GLib.Error, sqlite3.Error, subprocess.SubprocessError)
-MEASURED = 3  # runs to measure how long an action lasts
-HOST_ALONE = 75  # seconds until a host that is not called must have ended
+MEASURED = 3  # runs that measure the duration of an action
+HOST_ALONE = 75  # seconds after which an idle host must have exited
 
 
 class Desk:
-    """What all actions of a worker share: a display, installations, and what must hold after every kill."""
+    """Shared by all actions of a worker: display, installations, and the checks after every kill."""
 
     def __init__(self, work, home):
         self.work, self.home, self.user = work, home, getpass.getuser()
@@ -36,7 +36,7 @@ class Desk:
         self.places = json.loads((work / "places").read_text(encoding="utf-8"))
         self.printed = home / "printed"
         self.printed.mkdir()
-        self.hosts = {}  # left alone: id and the time when it must have ended
+        self.hosts = {}  # idle hosts: process id and the time by which each must have exited
         self.worst = 0
         self.site = self.make_site("site")
         self.site.tool("printer", self.site.root, "--to-folder", self.printed)
@@ -52,15 +52,15 @@ class Desk:
         return site
 
     def unattended(self, site):
-        """A start of the inquiry that ends with its first list."""
+        """Starts the inquiry headless up to its first list."""
         picture = str(self.home / "list.png")
         environment = self.environment() | {"QT_QPA_PLATFORM": "offscreen", "MEIBO_PICTURE": picture}
         command = [site.program(suite.INQUIRY)]
         return subprocess.Popen(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
 
     def sound(self, site):
-        """The next start works, nothing is damaged, nothing is left over. The start comes first: the programs
-        have to undo what a kill left unfinished, and reading the files by the test would do it for them."""
+        """Checks that the next start works, nothing is damaged and nothing is left over. The start comes first: the
+        programs must recover from the kill themselves, and reading the files in the test would do it for them."""
         began = time.monotonic()
         following = self.unattended(site)
         try:
@@ -78,7 +78,7 @@ class Desk:
             self.hosts.setdefault(host, time.monotonic() + HOST_ALONE)
 
     def hosts_that_stay(self):
-        """Waits for the hosts that were left alone, and returns those that do not end."""
+        """Waits for the idle hosts and returns those that do not exit."""
         while True:
             present = suite.running(self.site.host)
             self.hosts = {host: end for host, end in self.hosts.items() if host in present}
@@ -88,13 +88,13 @@ class Desk:
 
 
 def kept(action, before):
-    """Rows of the history that were there at the kill and are no more."""
+    """Failure if history rows that existed at the kill are missing."""
     after = suite.history(action.site.configuration)
     return [] if after[: len(before)] == before else [f"rows of the history are lost: {len(before)}, now {len(after)}"]
 
 
 def duration(action):
-    """How long the action lasts without a kill; what is wrong after such a run would be no matter of kills."""
+    """Measures the duration of the action without a kill; failures after such a run are not caused by kills."""
     lasted = []
     for _ in range(MEASURED):
         action.prepare()
@@ -109,7 +109,7 @@ def duration(action):
 
 
 def run(action, moment):
-    """One kill. Returns whether it hit, and what was wrong afterwards."""
+    """Runs the action with one kill. Returns whether the process was still running, and the failures afterwards."""
     action.prepare()
     process = action.begin()
     hit = False

@@ -23,7 +23,7 @@ QStringList ColumnsOf(DatabaseKind store, const QString& table) {
 struct ExpectedTable {
     DatabaseKind store;
     const char16_t* table;
-    const char16_t* columns;  // some that are easily forgotten
+    const char16_t* columns;  // a selection of columns
     int count;
 };
 

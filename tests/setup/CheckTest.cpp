@@ -1,4 +1,4 @@
-// check and move.
+// Commands check and move.
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ class SuiteSetupCheck : public testing::Test {
             QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         }
         setup::CorrectRights(installation.Root());
-        QFile::remove(platform::MachineRegistryFile());  // of an earlier test; the one in use is the stand-in
+        QFile::remove(platform::MachineRegistryFile());  // left by an earlier test; the fake registry replaces it
         kept = qgetenv("MEIBO_USER_REGISTRY");
         qputenv("MEIBO_USER_REGISTRY", registry.UserFile().toUtf8());
         registry.GiveHost(installation.Root() + u"/host/OFFICE16/"_s);
@@ -54,7 +54,7 @@ class SuiteSetupCheck : public testing::Test {
     ToolOutput Check(const QStringList& options = {}) const {
         return RunTool(QStringList{u"check"_s, installation.Root()} + options);
     }
-    /// The tool names exactly this fault, and fails.
+    /// Expects that the tool reports this fault and fails.
     void ExpectFault(const QString& fault) const {
         const ToolOutput output = Check({u"--user"_s, u"tester"_s});
         EXPECT_EQ(output.status, 1);
@@ -62,7 +62,7 @@ class SuiteSetupCheck : public testing::Test {
         EXPECT_EQ(output.err, u"suite-setup: 問題が 1 件あります。\n"_s);
     }
 
-    /// What the tool says of entries whose rights are wrong: path, and rights with %1 for the group's name.
+    /// Expected message for entries with wrong rights: path, and rights with %1 for the group's name.
     static QString RightsFault(const SharedSuite& suite, const QList<std::pair<QString, QString>>& entries) {
         QString text =
             u"・権限が違います。次を、所有者か root が実行すると直ります。\n    suite-setup upgrade '%1'\n"_s.arg(
@@ -218,7 +218,7 @@ TEST_F(SuiteSetupCheck, AnotherUserOfTheMachineIsToldWhatMayNotBeRead) {
 }
 
 TEST_F(SuiteSetupCheck, AnotherUserIsToldThatTheMachinesRegistryCantBeRead) {
-    WriteBytes(platform::MachineRegistryFile(), "");  // in the folder of the tests, which is theirs alone
+    WriteBytes(platform::MachineRegistryFile(), "");  // in the folder of the tests, which other users can't enter
     const QString out = Check({u"--user"_s, u"nobody"_s}).out;
     QFile::remove(platform::MachineRegistryFile());
     EXPECT_TRUE(out.contains(u"・レジストリ %1 を読む権限がありません。\n"_s.arg(platform::MachineRegistryFile())))
@@ -291,10 +291,10 @@ TEST_F(SuiteSetupCheck, MoveGoesOnBehindAFileThatCantBeChangedAndFails) {
               QList<QStringList>{{u";DATABASE="_s + Report() + u"/repdb.accdb"_s}});
 }
 
-/// The blanks around a data source, and its name.
+/// Blanks around a data source in a connection string are trimmed; full-width blanks are part of the name.
 class DataSourceBlanks : public SuiteSetupCheck {
   protected:
-    /// The general database under a name that ends in a full-width blank.
+    /// Renames the general database so that its name ends in a full-width blank.
     QString FullWidthName() const {
         const QString file = installation.General().Path() + u'　';
         EXPECT_TRUE(QFile::rename(installation.General().Path(), file));

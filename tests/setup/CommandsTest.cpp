@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Wrong arguments, and what is said of them.
+/// Wrong arguments and the expected messages.
 const QString kWrongArguments = QStringLiteral(
     uR"(-> コマンドを指定してください。
 destroy /nowhere -> コマンド destroy はありません。

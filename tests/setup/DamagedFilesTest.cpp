@@ -1,6 +1,6 @@
-// Import of files with damaged pages, by the real reader process: whatever the library makes of them, it ends as an
-// import or as one message, and a refused file leaves the installation as it was. The damage is the same in every run.
-// tests/fuzz/FuzzImport.cpp fuzzes what this project itself does with the rows that the reader sends.
+// Import of files with damaged pages by the real reader process: whatever the library does, the file is either imported
+// or rejected with one message and an unchanged installation. The damage is the same in every run.
+// tests/fuzz/FuzzImport.cpp fuzzes how this project handles the rows sent by the reader.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kFilesOfEachKind = 4;
 
-/// A file in pages that is damaged again and again.
+/// Damages a file in various ways, reproducibly by the seed.
 class DamagedFile {
   public:
     DamagedFile(const QString& path, unsigned seed)
@@ -80,7 +80,7 @@ struct Damage {
 
 class DamagedFiles : public testing::TestWithParam<Damage> {
   protected:
-    /// Imports the damaged file; the message of a refusal.
+    /// Imports the damaged file; returns the error message, empty on success.
     QString Import(const QByteArray& bytes) {
         const QString file = installation.Root() + u"/damaged"_s;
         WriteBytes(file, bytes);

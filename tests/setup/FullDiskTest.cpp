@@ -1,4 +1,4 @@
-// What the tool replaces stays as it was on a full disk, and the tool says so.
+// On a full disk the tool reports an error and leaves the files that it replaces unchanged.
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Description of the failure; empty without one.
+/// Error message; empty on success.
 template <typename Work>
 QString FailureOf(Work work) {
     try {
@@ -39,7 +39,7 @@ QStringList NamesIn(const QString& folder) {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
-/// Does the work on a disk that is full after each of some numbers of bytes, up to `size`, with "old" at the path.
+/// Runs `work` with file size limits up to `size` bytes, with "old" as the content of the file before.
 template <typename Work>
 void ExpectOldFileKept(const QString& path, qint64 size, Work work) {
     for (const qint64 limit : FullAfter(size)) {

@@ -18,7 +18,7 @@ void AddRow(const SampleFile& file, const QString& time, int counter, const QStr
         SqlLiteral(staff), SqlLiteral(user)));
 }
 
-/// Two runs, the older one killed.
+/// Two runs; the older one was killed.
 void AddTwoRuns(const SampleFile& file) {
     AddRow(file, u"090000"_s, 1, u"開始 001"_s, u"tester"_s, u""_s);
     AddRow(file, u"090001"_s, 2, u"出力終了 SELECT M担当者.* WHERE 氏名 LIKE ''%山%''"_s);

@@ -1,4 +1,4 @@
-// import: from other tables into the general database.
+// Command import: from foreign tables into the general database.
 
 #include <gtest/gtest.h>
 
@@ -23,14 +23,14 @@ ToolOutput ImportFile(const SampleInstallation& installation, const QString& fil
         {u"import"_s, installation.Root(), file}, [] { return false; }, QStringLiteral(SUITE_PROGRAMS));
 }
 
-/// Every table of the suite under a name in small letters, with one row of its column names.
+/// Fake: every table of the suite with a lower-case name and one row that contains its column names.
 class OtherTables : public setup::ForeignTables {
   public:
-    QStringList without;                      // tables that are not there
-    QHash<QString, QStringList> columns;      // other columns than the suite's
-    QHash<QString, QList<QStringList>> rows;  // other rows
-    QString breaksAt;                         // the table that can't be read
-    bool changed = false;                     // while they were read
+    QStringList without;                      // missing tables
+    QHash<QString, QStringList> columns;      // columns instead of the suite's
+    QHash<QString, QList<QStringList>> rows;  // rows instead of the default one
+    QString breaksAt;                         // reading this table fails
+    bool changed = false;                     // CheckUnchanged fails
 
     QStringList Tables() const override {
         QStringList names = {u"お知らせ"_s};
@@ -60,7 +60,7 @@ class Import : public testing::Test {
         connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s +
                         installation.General().Path());
     }
-    /// What it says; a failure's words where it fails.
+    /// The output; the error message if the import fails.
     QString Run() {
         QString told, errors;
         QTextStream out(&told), err(&errors);

@@ -1,4 +1,4 @@
-// Group and modes of all entries of an installation, independent of its maker and of the umask.
+// Group and modes of all entries of an installation, independent of its creator and of the umask.
 
 #include "setup/RightsFixture.h"
 

@@ -33,7 +33,7 @@ class InstallerTest : public testing::Test {
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_EQ(file.write(content), content.size());
     }
-    /// Description of the refusal; empty when there was none.
+    /// Message of the UsageError; empty if there was none.
     QString UsageError() {
         try {
             Make();
@@ -164,7 +164,7 @@ TEST_F(InstallerTest, CopiesTheProgramsThatAreBuiltAndSkipsOthers) {
 
 TEST_F(InstallerTest, EverybodyOfTheGroupMayWriteWhatTheProgramsWrite) {
     Make();
-    // Beside each file its journal is made, so the folder counts as well.
+    // SQLite creates the journal next to the file, so the folder must be writable, too.
     for (const QString& place :
          {u"data"_s, u"data/gnrdb.accdb"_s, u"conf"_s, u"conf/usrcnfg.accdb"_s, u"report"_s, u"report/repdb.accdb"_s})
         EXPECT_TRUE(QFileInfo(folder.filePath(u"suite/"_s + place)).permission(QFile::WriteGroup))
@@ -226,7 +226,7 @@ TEST_F(InstallerTest, FailureLeavesNoHalfInstallation) {
     Write(u"file"_s, "");
     request.folder = folder.filePath(u"file/suite"_s);
     EXPECT_THROW(Make(), platform::RuntimeError);
-    // The name is too long to be moved to, which shows only when everything is built.
+    // The target name is too long, so that the final rename fails.
     request.folder = folder.filePath(QString(300, u'x'));
     EXPECT_THROW(Make(), platform::RuntimeError);
     EXPECT_EQ(Entries(u"."_s), QStringList{u"file"_s});

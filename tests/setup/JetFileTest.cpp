@@ -1,4 +1,4 @@
-// Reading database files of the formats Jet 3, Jet 4 and ACE, which tests/setup/jet/write-jet-files has written.
+// Reads the database files in the formats Jet 3, Jet 4 and ACE that tests/setup/jet/write-jet-files generates.
 
 #include "setup/storage/JetFile.h"
 
@@ -21,7 +21,7 @@ QList<QStringList> RowsOf(const setup::ForeignTables& file, const QString& table
     return rows;
 }
 
-/// One column of a table.
+/// Values of one column.
 QStringList Values(const setup::ForeignTables& file, const QString& table, const QString& column) {
     const qsizetype index = file.Columns(table).indexOf(column);
     QStringList values;

@@ -49,7 +49,7 @@ QString UsageError(const QString& path) {
     return {};
 }
 
-/// The start of a file of that version, with zeros up to its size.
+/// A sparse file with the header of that version.
 void WriteSparse(const QString& path, char version, qint64 size) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -1,4 +1,4 @@
-// What a reader process may do to the program that started it: nothing but end the import with one message.
+// Whatever the reader process does, the worst effect is that the import fails with one message.
 
 #include "setup/storage/JetReader.h"
 
@@ -24,19 +24,19 @@ const QString kTooLong =
 
 class JetReaders : public testing::Test {
   protected:
-    /// A shell script in place of suite-setup.
+    /// A shell script that replaces suite-setup.
     QString Program(const QByteArray& script) {
         const QString path = folder.filePath(u"suite-setup"_s);
         WriteBytes(path, "#!/bin/sh\n" + script + '\n');
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;
     }
-    /// A program that answers every request with the same bytes.
+    /// A program that sends the same bytes for every request.
     QString Answering(const QByteArray& answers) {
         WriteBytes(folder.filePath(u"answers"_s), answers);
         return Program("cat " + QFile::encodeName(folder.filePath(u"answers"_s)) + "; sleep 60");
     }
-    /// The failure of reading the rows of a table.
+    /// Error message of reading the rows of a table; empty on success.
     QString Failure(const QString& program, const platform::ProcessLimits& limits = {}) {
         try {
             const setup::JetReader reader(kFile, program, limits);

@@ -1,4 +1,4 @@
-// What a killed init or report host leaves, and who removes it.
+// Work folders of a killed init or report host, and what removes them.
 
 #include <gtest/gtest.h>
 #include <csignal>
@@ -30,7 +30,7 @@ class Leftovers : public testing::Test {
     void Make(const QString& name, const QStringList& options = {}) const {
         ASSERT_EQ(RunTool(QStringList{u"init"_s, Root(name), u"--staff"_s, u"1"_s} + options).status, 0);
     }
-    /// Starts an init that has much to write, and stops it while it writes.
+    /// Starts an init with a large sample and stops it (SIGSTOP) while it writes.
     void StartAndStop(QProcess& tool, const QStringList& options = {}) const {
         const qsizetype before = WorkFolders().size();
         tool.start(QStringLiteral(SUITE_PROGRAMS "/suite-setup"),
@@ -85,7 +85,7 @@ TEST_F(Leftovers, OnlyCopyOfAReplacedInstallationGoesBack) {
     Make(u"shiten"_s);
     ASSERT_FALSE(QFile::exists(work));
     KillOne();
-    // As after the first of the two moves of a replacement.
+    // The state between the two renames of a replacement.
     ASSERT_TRUE(QDir().rename(Root(u"shiten"_s), folder.filePath(WorkFolders().first()) + u"/old"_s));
     const QByteArray key = ReadBytes(folder.filePath(WorkFolders().first()) + u"/old/conf/pin.key"_s);
     const ToolOutput made = RunTool({u"init"_s, Root()});

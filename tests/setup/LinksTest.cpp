@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The clock stands at 2026/11/21 09:30:15.
+/// The clock is fixed at 2026/11/21 09:30:15.
 class Links : public ::testing::Test {
   protected:
     Links() : installation({.staff = 1}) {}

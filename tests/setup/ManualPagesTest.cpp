@@ -21,7 +21,7 @@ QStringList Matches(const QString& text, const QString& pattern) {
 
 QStringList Options(const QString& text) { return Matches(text, u"(--[a-z][a-z-]*)"_s); }
 
-/// A page of the tool without the signs that only the typesetter reads.
+/// A manual page of the tool with roff escapes removed.
 QString Page(const QString& language) {
     QFile file(QStringLiteral(SUITE_SOURCES "/packaging/man/%1/suite-setup.1").arg(language));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));

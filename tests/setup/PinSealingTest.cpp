@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A site whose PINs are stored as they are typed: four in the clear, one of each column.
+/// A site with four PINs in clear text, one in each column.
 class PinSealing : public testing::Test {
   protected:
     PinSealing() : installation({.staff = 3}) {

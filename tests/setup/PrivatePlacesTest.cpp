@@ -1,4 +1,5 @@
-// Private copies belong to their users: what check names, and what a user who may not enter them is told.
+// Private copies are accessible to their user only: what check reports, and the message for users who may not enter
+// them.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The copies of the user "nobody", made by hand.
+/// Private copies of an unprivileged user.
 class PrivatePlaces : public testing::Test {
   protected:
     PrivatePlaces() {
@@ -26,7 +27,7 @@ class PrivatePlaces : public testing::Test {
         QFile::copy(installation.Forms().Path(), Own(u"/report/repfrmdb.accdb"_s));
     }
     QString Own(const QString& path = {}) const { return installation.UserFolder(u"nobody"_s) + path; }
-    /// Lines of the faults that name something below the user's folder.
+    /// The reported faults that concern the user's folder.
     QStringList Check() const { return RunTool({u"check"_s, installation.Root()}).out.split(u'\n').filter(Own()); }
     void GiveOwnToNobody() const {
         for (const QString& path : {u""_s, u"/conf"_s, u"/report"_s, u"/conf/usrcnfg.accdb"_s, u"/report/repdb.accdb"_s,

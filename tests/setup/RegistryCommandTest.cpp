@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Both registries are empty files of the test's own.
+/// Both registries are empty files of the test.
 class RegistryCommandTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -68,7 +68,7 @@ namespace {
 
 class HostInstallationTest : public RegistryCommandTest {
   protected:
-    /// The tool with the built programs beside it.
+    /// Runs init with the folder of the built programs.
     ToolOutput Init() {
         ToolOutput output;
         QTextStream out(&output.out), err(&output.err);
@@ -93,7 +93,7 @@ TEST_F(HostInstallationTest, InitInstallsTheHostUnderItsNameAndRegistersItsFolde
 }
 
 TEST_F(HostInstallationTest, WhoMayNotRegisterGetsTheInstallationAndTheCommandToRun) {
-    WriteBytes(platform::MachineRegistryFile(), "damaged");  // as good as forbidden: it is not written
+    WriteBytes(platform::MachineRegistryFile(), "damaged");  // can't be written, as without permission
     const ToolOutput output = Init();
     EXPECT_EQ(output.status, 0);
     EXPECT_TRUE(output.err.contains(

@@ -19,7 +19,7 @@
 using namespace Qt::StringLiterals;
 
 constexpr uid_t kNobody = 65534;
-constexpr gid_t kClerks = 65533;  // has no name, and is no default group of the user nobody
+constexpr gid_t kClerks = 65533;  // has no name; not the primary group of the unprivileged user
 constexpr int kTimeout = 60000;   // milliseconds
 
 inline struct stat StatusOf(const QString& path) {
@@ -36,7 +36,7 @@ inline void SetOwnerAndMode(const QString& path, uid_t owner, gid_t group, mode_
     ASSERT_EQ(::chmod(name.constData(), mode), 0);
 }
 
-/// A folder around installations that belongs to the group of the clerks, as the documents recommend.
+/// A parent folder that belongs to the clerks' group, as the documentation recommends.
 class InstallationRights : public testing::Test {
   protected:
     InstallationRights() {
@@ -48,7 +48,7 @@ class InstallationRights : public testing::Test {
     }
 
     QString Root() const { return folder.filePath(u"honten"_s); }
-    /// Runs the tool as a separate program, under a umask, as the superuser or another user.
+    /// Runs the tool as a child process with a umask, as root or another user.
     ToolOutput Tool(const QStringList& arguments, mode_t mask = 022, uid_t user = 0, gid_t group = 0) const {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -63,7 +63,7 @@ class InstallationRights : public testing::Test {
         return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
                 QString::fromUtf8(process.readAllStandardError())};
     }
-    /// Copies of the programs where every user can start them.
+    /// Copies of the programs in a folder that every user can enter.
     static QString Programs() {
         static const QTemporaryDir copies(u"/tmp/meibo-programs-XXXXXX"_s);
         if (QDir(copies.path()).isEmpty()) {
@@ -77,7 +77,7 @@ class InstallationRights : public testing::Test {
         const ToolOutput made = Tool(QStringList{u"init"_s, Root(), u"--staff"_s, u"2"_s} + options, mask);
         ASSERT_EQ(made.status, 0) << made.err.toStdString();
     }
-    /// "conf/pin.key 0640 65533" of every entry, in the order of their paths.
+    /// Lines like "conf/pin.key 0640 65533" for all entries, sorted by path.
     QStringList Entries() const {
         QStringList lines;
         const auto add = [&](const QString& name, const QString& path) {
@@ -93,7 +93,7 @@ class InstallationRights : public testing::Test {
         add(u"."_s, Root());
         return lines;
     }
-    /// What earlier versions made as root: everything readable by everybody, in the maker's own group.
+    /// Restores the rights that earlier versions set as root: readable for everyone, in the creator's group.
     void MakeAsBefore() const {
         Make();
         QDirIterator all(Root(), QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
@@ -107,7 +107,7 @@ class InstallationRights : public testing::Test {
     }
     ToolOutput Check() const { return Tool({u"check"_s, Root()}); }
 
-    // Not in the tests' usual folder, which other users can't reach.
+    // Other users can't enter the usual folder of the tests.
     QTemporaryDir folder{u"/tmp/meibo-rights-XXXXXX"_s};
 };
 

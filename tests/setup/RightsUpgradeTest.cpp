@@ -1,4 +1,4 @@
-// Group and modes of installations of earlier versions, and what may have been put into them.
+// Group and modes of installations made by earlier versions, including entries added by others.
 
 #include "setup/RightsFixture.h"
 

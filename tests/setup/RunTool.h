@@ -12,8 +12,8 @@ struct ToolOutput {
     QString out, err;
 };
 
-/// Runs the set-up tool as from a command line. `waitForMore` replaces the wait between two polls of a followed
-/// history; `programFolder` is the folder of the programs that it copies or starts.
+/// Runs the set-up tool in this process. `waitForMore` replaces the wait between two polls of a followed history;
+/// `programFolder` is the folder of the programs that it copies or starts.
 inline ToolOutput RunTool(
     const QStringList& arguments, const std::function<bool()>& waitForMore = [] { return false; },
     const QString& programFolder = {}) {

@@ -15,14 +15,14 @@ namespace {
 
 const QString kReference = QString::fromUtf16(setup::kReferenceDay);
 
-/// One sample of the usual size for all cases that only read it.
+/// A sample of the default size, shared by all read-only tests.
 const SampleInstallation& Usual() {
     static const SampleInstallation installation({.staff = 300});
     return installation;
 }
 const SampleFile& General() { return Usual().General(); }
 
-/// Rows of M担当者 with their PINs opened: sealed, the same PIN is another text each time.
+/// Rows of M担当者 with decrypted PINs: the ciphertext of a PIN differs every time.
 QList<QStringList> People(const QString& root, int count) {
     const SamplePins pins(root);
     const SampleFile general(root + u"/data/gnrdb.accdb"_s);

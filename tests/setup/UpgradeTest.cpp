@@ -1,4 +1,4 @@
-// upgrade, and the menu entries.
+// Command upgrade, and the menu entries.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -18,7 +18,7 @@ namespace {
 const QString kOther = u"nobody"_s;
 constexpr uid_t kOtherId = 65534;
 
-/// A file in a folder that everybody can reach, unlike the tests' usual one.
+/// A file in a folder that every user can enter, unlike the usual folder of the tests.
 class UserAccessTest : public testing::Test {
   protected:
     UserAccessTest() {
@@ -31,7 +31,7 @@ class UserAccessTest : public testing::Test {
     static void SetMode(const QString& path, mode_t mode) {
         ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), mode), 0);
     }
-    /// "r", "w", "x" and "+" (files can be made beside it) for what the other user may do.
+    /// The other user's rights: "r", "w", "x", and "+" if files can be created in the folder.
     QString Rights(mode_t mode) {
         SetMode(file, mode);
         const setup::UserAccess user(kOther);

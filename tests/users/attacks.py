@@ -1,4 +1,4 @@
-"""What a user with bad intentions tries. Each attack gives what it succeeded with; nothing is what a test expects."""
+"""Attacks of a malicious user. Each function returns the list of successful attempts; tests expect it to be empty."""
 
 import fcntl
 import os
@@ -28,14 +28,14 @@ def lock(path):
 
 
 def look_at(paths):
-    """Opens and lists everything, and takes locks."""
+    """Opens, lists and locks each path."""
     done = [f"{way} {path}" for path in paths for way in WAYS if succeeds(open_for, way, path)]
     done += [f"list {path}" for path in paths if succeeds(os.listdir, path)]
     return done + [f"lock {path}" for path in paths if succeeds(lock, path)]
 
 
 def plant(folders, target, aside):
-    """Puts files, folders and links into folders, and second names of what is in them elsewhere."""
+    """Creates folders and links in folders, and hard links to them elsewhere."""
     done = []
     for folder in folders:
         for step, arguments in (
@@ -52,7 +52,7 @@ def plant(folders, target, aside):
 
 
 def take_away(paths, aside):
-    """Renames and removes, and changes rights."""
+    """Renames, removes and changes modes."""
     done = []
     for path in paths:
         if succeeds(os.rename, path, f"{path}.renamed") or succeeds(os.rename, path, f"{aside}/taken"):

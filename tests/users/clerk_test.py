@@ -1,4 +1,4 @@
-"""Two clerks of the group do all their work in an installation that root made, one after the other."""
+"""Two clerks of the group do all their work in an installation made by root, one after the other."""
 
 import hashlib
 import os
@@ -10,12 +10,12 @@ import unittest
 
 from machine import GROUP, HANAKO, OUTSIDER, TARO, Machine, as_user, entries, rights
 
-# A written file keeps these, independent of the user who wrote it and the umask.
+# Files that must keep mode and group, regardless of the user who wrote them and of the umask.
 WRITTEN = {"data/gnrdb.accdb", "conf/usrcnfg.accdb", "report/repdb.accdb", "report/repfrmdb.accdb"}
 
 
 class Squatter:
-    """An outsider who is first in the common temporary folder with the names for sockets of a user, and listens."""
+    """An outsider who created the user's socket folder and socket names in /tmp beforehand, and listens there."""
 
     def __init__(self, user, forms):
         self.folder = f"/tmp/youin-meibo-{pwd.getpwnam(user).pw_uid}"
@@ -35,7 +35,7 @@ class Squatter:
             return
 
     def close(self):
-        """The sockets that are in the folder, and the number of calls."""
+        """Returns the sockets in the folder and the number of connections."""
         self.server.shutdown(socket.SHUT_RDWR)
         self.server.close()
         found = os.listdir(self.folder)
@@ -58,7 +58,7 @@ class Clerks(unittest.TestCase):
         cls.machine.setup("printer", cls.root, "--to-folder", cls.paper)
 
     def work(self, user, mask, name):
-        """Runs the clerk's work with real programs on a screen and a bus of the clerk's own."""
+        """Runs clerk_work.py as the user, with real programs on a separate display and bus; returns the new files."""
         before = set(os.listdir(self.paper))
         command = ["dbus-run-session", "--", "/usr/bin/python3", "-B", "-W", "ignore::DeprecationWarning",
                    f"{self.machine.tests}/users/clerk_work.py", "-v"]  # fmt: skip

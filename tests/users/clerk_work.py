@@ -1,4 +1,4 @@
-"""The work of a clerk at the screen: signing in, searching, printing, saving. clerk_test.py runs it as that user."""
+"""A clerk's work: signing in, searching, printing, saving. clerk_test.py runs it as that user."""
 
 import os
 import sqlite3
@@ -14,7 +14,7 @@ QUESTION = "要員名簿照会"
 
 
 class Installation:
-    """The one that clerk_test.py has made."""
+    """The installation made by clerk_test.py."""
 
     root = os.environ["CLERK_INSTALLATION"]
 
@@ -29,7 +29,7 @@ class Clerk(InquiryCase):
 
     @classmethod
     def reach_main_window(cls):
-        """The PIN dialog comes first."""
+        """The PIN dialog is shown first."""
         cls.dialog = cls.open(PIN_DIALOG)
 
     def test_signs_in_searches_prints_and_saves(self):

@@ -1,4 +1,4 @@
-"""Real users of this machine, an installation made as the documents say, and processes that run as one of the users."""
+"""Unix users, an installation made as the documentation says, and processes that run as one of the users."""
 
 import grp
 import json
@@ -19,7 +19,7 @@ def run(*command, **options):
 
 
 def remove_users():
-    """Also those that a killed run has left."""
+    """Also removes users left by a killed run."""
     for user in (*CLERKS, OUTSIDER):
         subprocess.run(["userdel", user], capture_output=True, check=False)
     subprocess.run(["groupdel", GROUP], capture_output=True, check=False)
@@ -41,14 +41,14 @@ def become(user):
 
 
 def as_user(user, work):
-    """Does a piece of work in a child process of that user, and returns what it returns, which JSON has to know."""
+    """Calls `work` in a child process of that user and returns its result, which must be JSON-serialisable."""
     reading, writing = os.pipe()
     child = os.fork()
     if child == 0:
         try:
             become(user)
             answer = json.dumps({"value": work()})
-        except BaseException:  # the child must not go on with the tests of its parent
+        except BaseException:  # the child must not continue with the tests of its parent
             answer = json.dumps({"error": traceback.format_exc()})
         os.write(writing, answer.encode())
         os._exit(0)
@@ -62,14 +62,14 @@ def as_user(user, work):
 
 
 class Machine:
-    """Everything is in one folder that all users can reach, and goes with close()."""
+    """Users and files of a test run, all in one folder that every user can enter. close() removes them."""
 
     def __init__(self):
         make_users()
         self.work = tempfile.mkdtemp(prefix="meibo-users-", dir="/tmp")
         os.chmod(self.work, 0o755)
         self.programs = shutil.copytree(os.environ["SUITE_PROGRAMS"], f"{self.work}/programs")
-        # Users have to read what works the programs, too.
+        # The users must be able to read the test drivers, too.
         self.tests = f"{self.work}/tests"
         for part in ("accessibility", "users"):
             shutil.copytree(f"{os.environ['SUITE_TESTS']}/{part}", f"{self.tests}/{part}")
@@ -81,7 +81,7 @@ class Machine:
             for folder in (self.home(user), self.runtime(user)):
                 os.makedirs(folder, 0o700)
                 os.chown(folder, entry.pw_uid, entry.pw_gid)
-        # As in docs/administration.md.
+        # As docs/administration.md recommends.
         self.parent = f"{self.work}/srv"
         run("install", "-d", "-m", "2750", "-g", GROUP, self.parent)
 
@@ -104,12 +104,12 @@ class Machine:
         return run(f"{self.programs}/suite-setup", *arguments, env=self.environment(), umask=mask)
 
     def make(self, name, *options, mask=0o022):
-        """An installation made by root. Gives its folder and what the tool prints."""
+        """Creates an installation as root. Returns its folder and the tool's output."""
         root = f"{self.parent}/{name}"
         return root, self.setup("init", root, "--staff", "20", "--seed", "1", *options, mask=mask)
 
     def start(self, user, command, mask=0o022, **more):
-        """A process of the user."""
+        """Starts a process as the user."""
         entry = pwd.getpwnam(user)
         return subprocess.Popen(
             command, user=entry.pw_uid, group=entry.pw_gid, extra_groups=[grp.getgrnam(GROUP).gr_gid],
@@ -118,14 +118,14 @@ class Machine:
         )  # fmt: skip
 
     def picture(self, user, root, mask=0o022, **more):
-        """Starts the inquiry for its first list, and gives what it prints."""
+        """Starts the inquiry headless up to its first list and returns its output."""
         command = ["xvfb-run", "-a", "-s", "-screen 0 1152x864x24", f"{root}/prgbin/要員名簿照会"]
         running = self.start(user, command, mask, MEIBO_PICTURE=f"{self.home(user)}/list.png", **more)
         return running.communicate(timeout=120)[0]
 
 
 def entries(root):
-    """All paths of an installation, its own folder first."""
+    """All paths of an installation, beginning with its root folder."""
     found = [root]
     for folder, folders, files in os.walk(root):
         found += [f"{folder}/{name}" for name in sorted(folders + files)]

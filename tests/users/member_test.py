@@ -1,4 +1,4 @@
-"""A member of the group with bad intentions, against another member's private copies."""
+"""A malicious member of the group against another member's private copies."""
 
 import os
 import pwd
@@ -45,7 +45,7 @@ class HostileMember(unittest.TestCase):
         self.assertEqual([rights(path) for path in outer], before)
 
     def start_of_saburo_with(self, make):
-        """Something of the other member is already there under the name of a user who starts for the first time."""
+        """SABURO's first start, after another member has created something under the name of SABURO's folder."""
         folder, target = f"{self.users}/{SABURO}", f"{self.aside}/target"
         as_user(JIRO, lambda: make(folder, target))
         self.addCleanup(attacks.clear, folder, target)

@@ -1,4 +1,4 @@
-"""A user of the machine who is not in the group, against an installation that root made as the documents say."""
+"""A user who is not in the group, against an installation that root made as the documentation says."""
 
 import os
 import unittest
@@ -13,7 +13,7 @@ class Outsider(unittest.TestCase):
         cls.machine = Machine()
         cls.addClassCleanup(cls.machine.close)
         cls.root, _ = cls.machine.make("honten")
-        # The folder around it is opened, so that the rights of the installation alone keep the outsider out.
+        # Open the parent folder, so that only the installation's rights keep the outsider out.
         os.chmod(cls.machine.parent, 0o2755)
         cls.paths = entries(cls.root)
         cls.folders = [cls.machine.parent, *(path for path in cls.paths if os.path.isdir(path))]
@@ -36,7 +36,7 @@ class Outsider(unittest.TestCase):
         self.assertEqual(entries(self.root), self.paths)
 
     def test_locks_nothing_of_the_machines_registry(self):
-        """Its values are for everybody; a lock on it would stop every change."""
+        """The registry is readable for all users, but a lock on it would block every change."""
         lock = f"{self.machine.registry}.lock"
         self.assertTrue(os.path.exists(self.machine.registry))
         self.assertEqual(as_user(OUTSIDER, lambda: attacks.look_at([lock])), [])

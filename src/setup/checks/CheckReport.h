@@ -6,7 +6,7 @@
 
 namespace setup {
 
-/// What is wrong with an installation, told as it is found.
+/// Prints each fault of an installation as it is found, and counts the faults.
 class CheckReport {
   public:
     explicit CheckReport(QTextStream& out) : out_(out) {}

@@ -60,7 +60,7 @@ void CheckWritable(CheckReport& findings, const UserAccess& user, const QString&
     const QString folder = QFileInfo(path).path();
     if (!user.MayWrite(path))
         findings.Add(u"%1 %2 に書き込む権限がありません。"_s.arg(what, path));
-    else if (!user.MayMakeFilesIn(folder))  // what undoes a broken write lies beside the file
+    else if (!user.MayMakeFilesIn(folder))  // for the rollback journal
         findings.Add(u"%1のフォルダ %2 に書き込む権限がありません。"_s.arg(what, folder));
 }
 

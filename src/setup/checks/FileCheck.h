@@ -7,18 +7,19 @@
 
 namespace setup {
 
-// Each check tells in plain words what keeps the user from the file, and calls it by `what` it is.
+// Each check reports, in plain language, what keeps the user from using the file. `what` is the name of the file in the
+// message.
 
-/// True when the file is there and the user may read it.
+/// True if the file exists and the user may read it.
 bool CheckFile(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// The same for a program, which has to be started.
+/// Same for a program, which the user must also be able to execute.
 void CheckProgram(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// Also opens it as the programs do, for what is wrong inside. True when its rows can be read.
+/// Also opens the file as the programs do, to detect damage. True if it can be read.
 bool CheckDatabase(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// That the user may write a database that can be read.
+/// For a database that can be read: the user may write it and create files in its folder.
 void CheckWritable(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// The work tables and the forms files beside them, and that the ones are linked to the others. `own`: the user prints
-/// from them.
+/// Checks the work tables, the template file next to them and its links to them. `own`: the user prints from these
+/// files and must be able to write them.
 void CheckReportFiles(CheckReport& findings, const UserAccess& user, const QString& workTables, bool own);
 
 }  // namespace setup

@@ -29,7 +29,7 @@ bool Trusts(const platform::RegistryContent& content, const QString& version, co
     return false;
 }
 
-/// A name that no location has, so that the advice takes nobody's place.
+/// An unused location key, so that the suggested command does not overwrite an existing location.
 QString FreeLocation(const platform::RegistryContent& content, const QString& version) {
     for (int number = 0;; ++number) {
         const QString key = TrustedLocationsKey(version) + u"\\Location%1"_s.arg(number);

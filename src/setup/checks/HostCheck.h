@@ -7,9 +7,9 @@
 
 namespace setup {
 
-/// What keeps the report host of this machine from being started by a user; empty when nothing does.
+/// Reasons why a user cannot start the report host of this machine; empty if there are none.
 QStringList HostFaults(const UserAccess& user);
-/// What keeps it from opening the forms in this folder without asking.
+/// Reasons why the report host would ask before it opens the templates in this folder.
 QStringList TrustFaults(const UserAccess& user, const QString& reportFolder);
 
 }  // namespace setup

@@ -27,7 +27,7 @@ QStringList FaultsIn(const QString& folder, const QString& prefix, const QString
     return faults;
 }
 
-/// The folders that the reports of a forms file go to. A file that can't be read is reported by other checks.
+/// Output folders of the reports in a template file. An unreadable file is reported by other checks.
 QStringList OutputFolders(const QString& formsFile) {
     QStringList folders;
     try {

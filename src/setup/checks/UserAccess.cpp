@@ -16,7 +16,7 @@ namespace setup {
 
 namespace {
 
-constexpr unsigned kThrough = 1;  // to pass a folder on the way to what is in it
+constexpr unsigned kThrough = 1;  // search permission, needed on every parent folder
 
 }  // namespace
 

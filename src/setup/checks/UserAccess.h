@@ -8,21 +8,21 @@
 
 namespace setup {
 
-/// What a user of this machine may do with files, by their modes.
+/// Access rights of a user of this machine to files, computed from owner, group and mode.
 class UserAccess {
   public:
-    /// The user of that name; where the machine knows none, and with an empty name, whoever runs this.
+    /// The named user; the current user if the name is empty or unknown.
     explicit UserAccess(const QString& user);
 
-    /// False where the machine doesn't know the user named.
+    /// False if this machine has no user of that name.
     bool IsKnown() const { return known_; }
-    /// None for a user that the machine doesn't know.
+    /// Empty for an unknown user.
     std::optional<uid_t> Id() const { return known_ ? std::optional(id_) : std::nullopt; }
     bool MayRead(const QString& path) const { return May(path, 4); }
     bool MayWrite(const QString& path) const { return May(path, 2); }
     bool MayMakeFilesIn(const QString& folder) const { return May(folder, 3); }
     bool MayRun(const QString& path) const { return May(path, 5); }
-    /// The user's part of the registry.
+    /// The user's registry file (HKCU).
     QString RegistryFile() const;
 
   private:

@@ -6,27 +6,28 @@
 
 namespace setup {
 
-/// One option of a verb, named with its dashes.
+/// One option of a verb; `name` includes the dashes.
 struct OptionRule {
     QString name;
     bool takesValue;
 };
 
-/// What stands behind a verb on the command line.
+/// Parsed command line after the verb.
 struct Arguments {
     QString installation;
-    QStringList further;  ///< words behind it, of a verb that takes some
+    QStringList further;  ///< further positional arguments, for verbs that take them
     QHash<QString, QString> options;
 
     bool Has(const QString& option) const { return options.contains(option); }
-    /// A whole number within the bounds, `fallback` when the option is not given. Throws UsageError.
+    /// An integer in [low, high]; `fallback` if the option is not given. Throws UsageError.
     qint64 Number(const QString& option, qint64 fallback, qint64 low, qint64 high) const;
-    /// One of the words, the first one when the option is not given. Throws UsageError.
+    /// One of `words`; the first one if the option is not given. Throws UsageError.
     QString Choice(const QString& option, const QStringList& words) const;
 };
 
-/// The first word is the installation, and at most `further` may follow; with `further` below 0 there are options
-/// alone. These may stand anywhere, their value in the next word or behind "=". Throws UsageError.
+/// The first positional argument is the installation; at most `further` more may follow. If `further` is negative, only
+/// options are accepted. Options may be at any position, with the value in the next argument or after "=". Throws
+/// UsageError.
 Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further = 0);
 
 }  // namespace setup

@@ -28,7 +28,7 @@ constexpr long kWorkFailed = 1;
 constexpr int kSharedFiles = 0, kPrivateCopies = 1;
 const QString kUser = u"--user"_s;
 
-/// Without the tables of PINs, which is named elsewhere, there is nothing to say of them.
+/// Missing PIN tables are reported by another check.
 void CheckPins(CheckReport& findings, const QString& root, database::Connection& general, bool onServer) {
     try {
         const QString fault = ClearPinsFault(root, general, onServer);
@@ -44,7 +44,7 @@ void CheckPinsOfFile(CheckReport& findings, const QString& root, const GeneralDa
         OpenDefined(general, definition, database::ConnectMode::Read);
         CheckPins(findings, root, general, false);
     } catch (const database::DatabaseError&) {
-        // The check of the file has said what is wrong with it.
+        // CheckDatabase has reported it already.
     }
 }
 
@@ -85,7 +85,7 @@ void CheckPrograms(CheckReport& findings, const UserAccess& user, const QString&
         CheckProgram(findings, user, root + u"/prgbin/"_s + program, u"プログラム"_s);
     findings.Add(HostFaults(user));
     const QString key = CommonPlaces(root).conf + u'/' + platform::PinKeyFileName();
-    // A site without sealed PINs has none.
+    // Sites that store PINs in clear text have none.
     if (QFileInfo::exists(key)) CheckFile(findings, user, key, u"暗証番号の鍵ファイル"_s);
 }
 
@@ -97,7 +97,7 @@ void CheckRights(CheckReport& findings, const QString& root) {
         wrong.join(u"\n  "_s));
 }
 
-/// The install kind as the programs read it; a column without a number counts as shared files.
+/// The install kind as the programs read it; anything but a number counts as shared files.
 int InstallKind(CheckReport& findings, const QString& configuration) {
     const int kind = InstallKindOf(configuration);
     if (kind != kSharedFiles && kind != kPrivateCopies)
@@ -105,7 +105,7 @@ int InstallKind(CheckReport& findings, const QString& configuration) {
     return kind;
 }
 
-/// Install kind of a configuration that can be read; the shared files' one without.
+/// Returns the install kind; shared files if the configuration can't be read.
 int CheckCommon(CheckReport& findings, const UserAccess& user, const QString& root) {
     CheckPrograms(findings, user, root);
     CheckRights(findings, root);
@@ -121,7 +121,7 @@ int CheckCommon(CheckReport& findings, const UserAccess& user, const QString& ro
     return kind;
 }
 
-/// Private copies are of the same generation as the common files, whatever else lies there.
+/// Private copies have the same file format as the common files, whatever else is in the folder.
 void CheckPrivate(CheckReport& findings, const QString& root, const FilePlaces& places) {
     const UserAccess user(places.user);
     const auto own = [](const QString& folder, const QString& common) {

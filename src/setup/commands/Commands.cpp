@@ -85,12 +85,12 @@ void ShowTrialPeople(const QString& root, FileKind kind, const Console& console)
         console.out << u"  "_s << line << u'\n';
 }
 
-/// Only the administrator of a machine may register a host there; the installation is whole without.
+/// Registering a host needs the machine's administrator; the installation is complete without it.
 void RegisterHostOrTell(const QString& root, const Console& console) {
     try {
         RegisterReportHost(root);
     } catch (const platform::RuntimeError& error) {
-        // Any host serves all installations of the machine.
+        // One host serves all installations of the machine.
         if (QFileInfo(RegisteredHostFolder().value_or(QString()) + kHostProgramName).isFile()) return;
         console.err << platform::TextForPeople(error) << u"印刷するには、管理者が次を実行してください。\n"_s
                     << u"  suite-setup registry set '%1' Path '%2'\n"_s.arg(ReportHostKey(), ReportHostFolder(root));
@@ -125,7 +125,7 @@ struct Verb {
     QStringView name;  ///< one word or two
     QList<OptionRule> (*options)();
     void (*run)(const Arguments&, const Console&);
-    int further = 0;  ///< words that may stand behind the installation; below 0 there is none
+    int further = 0;  ///< positional arguments after the installation; negative: no installation
 };
 
 constexpr Verb kVerbs[] = {
@@ -148,7 +148,7 @@ constexpr Verb kVerbs[] = {
 
 void RunVerb(const QStringList& arguments, const Console& console) {
     if (arguments.isEmpty()) throw UsageError(u"コマンドを指定してください。"_s);
-    // Works on the machine and the user, not on an installation.
+    // Concerns the machine and the user, not an installation.
     if (arguments.first() == u"registry"_s) return RunRegistryCommand(arguments.mid(1), console);
     if (arguments.first() == kJetServerVerb && arguments.size() == 2) return ServeJetFile(arguments[1]);
     QString asked = arguments.first();

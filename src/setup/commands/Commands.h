@@ -6,8 +6,8 @@
 
 namespace setup {
 
-/// Runs the tool on its arguments (program name left out). 0: done; 1: something failed on the way, and the message
-/// says what; 2: refused, nothing was changed.
+/// Runs the tool; `arguments` without the program name. Returns the exit status: 0 success; 1 failed on the way, with a
+/// message; 2 usage error, nothing was changed.
 int RunSetup(const QStringList& arguments, const Console& console);
 
 }  // namespace setup

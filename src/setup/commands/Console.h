@@ -6,12 +6,12 @@
 
 namespace setup {
 
-/// What a command reaches of the outside.
+/// Output streams and environment of a command.
 struct Console {
     QTextStream& out;
     QTextStream& err;
-    QString programFolder;  ///< where the built programs lie beside each other
-    /// Waits a moment before the next look at a history; False ends the watch.
+    QString programFolder;  ///< folder that contains all built programs
+    /// Waits before the next poll of a followed history; False stops following.
     std::function<bool()> waitForMore;
 };
 

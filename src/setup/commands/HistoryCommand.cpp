@@ -13,13 +13,13 @@ namespace {
 
 const QString kFollow = u"--follow"_s, kRun = u"--run"_s, kUser = u"--user"_s;
 
-/// The history of all sources as far as it has been read, and what of it has been printed.
+/// The runs read from all sources so far, and the run printed last.
 class HistoryView {
   public:
     HistoryView(QList<HistorySource> sources, QString user, QTextStream& out)
         : sources_(std::move(sources)), user_(std::move(user)), out_(out) {}
 
-    /// Runs from the `number`-th newest, or all for 0.
+    /// Prints the `number`-th newest run, or all runs for 0.
     void PrintRuns(int number) {
         Read([](int, const HistoryRow&) {});
         const QList<int> order = runs_.ByTime();

@@ -40,7 +40,7 @@ int RunSorter::Add(const HistoryRow& row) {
     if (!BeginsRun(row))
         for (const int place : open) {
             const double last = runs_[place].LastCounter();
-            // The newest run that this number can follow, but rather one that it follows without a gap.
+            // Prefer a run that the number continues without a gap, otherwise the newest run that it can follow.
             if (last < counter && (found < 0 || last + 1 == counter || runs_[found].LastCounter() + 1 != counter))
                 found = place;
         }

@@ -7,7 +7,7 @@
 
 namespace setup {
 
-/// A row of the run history as it stands in the table.
+/// A row of the run history as stored in the table.
 struct HistoryRow {
     QString time;  ///< yyyymmdd hhnnss
     QString program;
@@ -16,10 +16,10 @@ struct HistoryRow {
     QString office;
     QString staff;
     QString user;
-    QString source;  ///< file that the row was read from: equal users of two files are two
+    QString source;  ///< file of the row; the same user name in two files means two users
 };
 
-/// What one start of one program wrote.
+/// The rows written by one process of a program.
 struct HistoryRun {
     QList<HistoryRow> rows;
     bool Started() const;
@@ -30,15 +30,15 @@ struct HistoryRun {
 bool BeginsRun(const HistoryRow& row);
 bool EndsRun(const HistoryRow& row);
 
-/// Tells the runs of a history apart. Programs and users write into each other's rows, so a row goes to the run of
-/// its program and user whose number it continues; a number may be missing, since a row that could not be written
-/// uses one up. A row that continues none is a run without a beginning.
+/// Groups the rows of a history into runs. Programs and users write concurrently, so a row belongs to the run of its
+/// program and user whose number it continues. Numbers may be missing, since a row that could not be written still uses
+/// one. A row that continues no run begins a run without a start row.
 class RunSorter {
   public:
-    /// Rows in the order in which they were written. The result is the place of its run in Runs().
+    /// Rows must be added in the order of writing. Returns the index of the row's run in Runs().
     int Add(const HistoryRow& row);
     const QList<HistoryRun>& Runs() const { return runs_; }
-    /// Places in Runs() by time of the first row, newest last.
+    /// Indexes into Runs(), ordered by the time of the first row, newest last.
     QList<int> ByTime() const;
 
   private:
@@ -46,11 +46,11 @@ class RunSorter {
     QHash<QStringList, QList<int>> open_;  // by source, program and user
 };
 
-/// Lines for people. Columns are aligned by what a terminal shows; 摘要 stands last and is never cut.
+/// Lines for display. Columns are aligned by terminal width; 摘要 is last and never truncated.
 QString RunTitle(const QString& name, const HistoryRow& first);
 QString RowHeading();
 QString RowLine(const HistoryRow& row);
-/// A whole run under its title; `number` counts from the newest, which is 1.
+/// A run with its title; `number` counts from the newest, which is 1.
 QStringList RunLines(const HistoryRun& run, int number);
 
 }  // namespace setup

@@ -7,13 +7,13 @@
 
 namespace setup {
 
-/// Reads the history of one configuration file, bit by bit. Each look opens the file anew and for reading only, so it
-/// never stands in a program's way.
+/// Reads the history of one configuration file incrementally. Each poll opens the file read-only and closes it again,
+/// so that it never blocks a program.
 class HistorySource {
   public:
     explicit HistorySource(const QString& file) : file_(file) {}
 
-    /// Rows written since the last look, oldest first. Throws database::DatabaseError.
+    /// Rows written since the last call, oldest first. Throws database::DatabaseError.
     QList<HistoryRow> NewRows();
 
   private:
@@ -21,9 +21,9 @@ class HistorySource {
     qint64 lastRow_ = 0;
 };
 
-/// The configuration files that hold an installation's history: the common one, or with private copies one for each
-/// user; of these only that of `user` when it is not empty. Throws UsageError when there is no installation or no such
-/// user, database::DatabaseError when the common file can't be read.
+/// The configuration files that contain an installation's history: the common one or, with private copies, one for each
+/// user; only that of `user` if it is not empty. Throws UsageError if there is no installation or no such user,
+/// database::DatabaseError if the common file can't be read.
 QList<HistorySource> HistorySources(const QString& installation, const QString& user);
 
 }  // namespace setup

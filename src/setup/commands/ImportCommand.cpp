@@ -36,7 +36,7 @@ void ReportDifferences(const TableDefinition& table, const QStringList& columns,
     for (const QString& column : columns)
         if (!HasColumn(table, column)) unknown.append(column);
     if (!missing.isEmpty()) console.out << u"  ファイルにない列: %1\n"_s.arg(missing.join(u'、'));
-    // Any text can be the name of a column in the file, also one that controls a terminal.
+    // A column name in the file may contain any text, including terminal escape sequences.
     if (!unknown.isEmpty()) console.out << u"  取り込まない列: %1\n"_s.arg(StripControlCharacters(unknown.join(u'、')));
 }
 
@@ -102,7 +102,7 @@ void ImportGeneral(const Arguments& arguments, const Console& console) {
     if (arguments.further.isEmpty()) throw UsageError(u"取り込むファイルを指定してください。"_s);
     const QString path = arguments.further.first();
     const QString root = InstallationRoot(arguments.installation);
-    // Before the database is open, so that the reader inherits nothing of it.
+    // Must be created before the database is opened: the reader process must not inherit its file descriptors.
     const JetReader reader(path, console.programFolder + u"/suite-setup"_s);
     database::Connection general;
     OpenGeneralFile(general, root, database::ConnectMode::ReadWrite);

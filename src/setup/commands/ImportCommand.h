@@ -8,12 +8,12 @@
 
 namespace setup {
 
-/// Which column of a foreign table fills which column of the suite's table, by name without regard to letter case.
+/// Maps the columns of a foreign table to those of a suite table by name, ignoring letter case.
 class ColumnMap {
   public:
     ColumnMap(const TableDefinition& table, const QStringList& columns);
-    /// The row as an SQL list of literals in brackets, in the order of the suite's columns; Null where the foreign
-    /// table has no such column. Throws platform::RuntimeError for a row of another number of columns.
+    /// The row as a parenthesised list of SQL literals in the order of the suite's columns, NULL for columns that the
+    /// foreign table lacks. Throws platform::RuntimeError if the number of values is wrong.
     QString Literals(const QStringList& row) const;
 
   private:
@@ -22,15 +22,15 @@ class ColumnMap {
     QList<qsizetype> places_;
 };
 
-/// Replaces the rows of every table of a general database by those of other tables, which are found by their names
-/// without regard to letter case. Columns that the suite does not know are left out and reported, and missing ones
-/// become Null and are reported. The rows of each table are counted. It is one transaction: after a failure nothing has
-/// changed. Throws platform::RuntimeError, which names all tables that `origin` lacks.
+/// Replaces the rows of every table in a general database with those of the foreign tables of the same names, ignoring
+/// letter case. Columns unknown to the suite are skipped and reported, missing columns become Null and are reported.
+/// Counts and prints the rows of each table. Runs in one transaction: nothing changes on failure. Throws
+/// platform::RuntimeError; one error names all tables that `origin` lacks.
 void ImportTables(const ForeignTables& tables, const QString& origin, database::Connection& general,
                   const Console& console);
 
-/// The verb: the general database is an installation's, and the tables are those of a Jet or ACE file, which a process
-/// with limits reads. Throws UsageError and platform::RuntimeError.
+/// The verb `import`: reads a Jet or ACE file in a resource-limited process and imports it into the general database of
+/// an installation. Throws UsageError and platform::RuntimeError.
 void ImportGeneral(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

@@ -21,7 +21,7 @@ struct AgeUnit {
 };
 constexpr AgeUnit kAgeUnits[] = {{86400, u"日"}, {3600, u"時間"}, {60, u"分"}, {1, u"秒"}};
 
-/// Whole units of the largest kind that fits. A message from the future bears a minus sign: clocks differ.
+/// Age in the largest unit that gives at least 1, rounded down. Negative if the sender's clock is ahead.
 QString AgeOf(const QString& stamp, const QDateTime& now) {
     const QDateTime sent = QDateTime::fromString(stamp, u"yyyyMMdd HHmmss"_s);
     if (!sent.isValid()) return u"不明"_s;
@@ -48,7 +48,7 @@ QStringList LineOf(const database::Recordset& row, const QDateTime& now) {
             text(u"終了連携情報")};
 }
 
-/// Heading and waiting messages of one file; of `user` only when that is not empty.
+/// Heading and pending messages of one file; only those of `user` if it is not empty.
 QList<QStringList> WaitingMessages(const QString& file, const QString& user) {
     const QDateTime now = platform::Services().clock->Now();
     database::Connection connection = OpenForReading(file);

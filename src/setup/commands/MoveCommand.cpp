@@ -19,7 +19,7 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-/// One move: what it says, the general databases that stayed outside, and what could not be done.
+/// State of one run: output, general databases outside the installation, and failures.
 struct Move {
     QString root;
     const Console& console;
@@ -75,7 +75,7 @@ void MoveLinks(Move& move, const QString& formsFile, const QString& workTables) 
     }
 }
 
-/// A file that can't be changed must not keep the others on the original.
+/// If one file can't be changed, the others must still be updated: they would keep using the original's files.
 template <typename Step>
 void Try(Move& move, const QString& file, Step step) {
     try {

@@ -5,10 +5,10 @@
 
 namespace setup {
 
-/// Points the definition rows and the linked tables of an installation that was copied or moved, the common ones and
-/// every user's, at its own files, and says what it changed. A general database elsewhere, and one on a server, stay as
-/// they are and are told; the former ends with a failure, since it may be the original's. So does a file that can't be
-/// changed, after all others. Throws UsageError and platform::RuntimeError.
+/// Updates the definition rows and linked tables of a copied or moved installation, common and private, to point to its
+/// own files, and prints the changes. A general database outside the installation or on a server is left unchanged and
+/// reported; a file outside also makes the command fail, since it may belong to the original. A file that can't be
+/// changed makes it fail after all others have been processed. Throws UsageError and platform::RuntimeError.
 void MoveInstallation(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

@@ -57,7 +57,7 @@ QList<Field> FieldsOf(QStringView text) {
     return fields;
 }
 
-// The names by which drivers know the same thing.
+// Field names of the drivers, mapped to a common one.
 const QHash<QString, QString> kNames = {
     {u"driver"_s, u"driver"_s},     {u"dsn"_s, u"dsn"_s},       {u"server"_s, u"server"_s},
     {u"servername"_s, u"server"_s}, {u"host"_s, u"server"_s},   {u"port"_s, u"port"_s},
@@ -73,7 +73,7 @@ QHash<QString, QString> KnownFields(const QString& text) {
             throw UsageError(
                 u"接続文字列の「%1」は定義に入れられません。データソースに設定し、DSN= で指定してください。"_s.arg(
                     field.name));
-        // The program puts the value between two ";" of its own.
+        // The programs insert the value unquoted between two ";" of their connection string.
         if (field.value.contains(u';') || field.value.startsWith(u'\'') || field.value.startsWith(u'"'))
             throw UsageError(
                 u"接続文字列の「%1」の値に「;」を含めたり、引用符で始めたりはできません。"_s.arg(field.name));

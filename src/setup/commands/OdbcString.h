@@ -7,16 +7,16 @@
 
 namespace setup {
 
-/// Option that takes such a string.
+/// Option that takes an ODBC connection string.
 extern const QString kOdbcOption;
-/// The definition for its value; UsageError without one.
+/// The definition for the option's value. Throws UsageError if it is missing.
 GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments);
 
-/// The general database's definition for a connection string of the driver manager, as an administrator types it:
+/// Converts an ODBC connection string, as typed by an administrator, into the definition of the general database:
 /// - "Driver=…;Server=…;Port=…;Database=…;UID=…;PWD=…" gives dialect S, with the driver's name as provider;
 /// - "DSN=…;UID=…;PWD=…" gives dialect O.
-/// Values may stand in {braces}. Throws UsageError for anything else: a definition row has no place for it, but a data
-/// source has.
+/// Values may be in {braces}. Throws UsageError for any other field: a definition row cannot store it, a data source
+/// can.
 GeneralDatabaseDefinition DefinitionOf(const QString& odbcString);
 
 }  // namespace setup

@@ -18,7 +18,7 @@ constexpr long kWorkFailed = 1;
 const QString kReport = u"--report"_s, kPrinter = u"--to-printer"_s, kFolder = u"--to-folder"_s,
               kDefault = u"--to-default"_s;
 
-/// The common forms file first, then the users' copies.
+/// The common template files first, then the users' copies.
 QStringList FormsFiles(const QString& root) {
     QStringList files = FormsFilesIn(CommonPlaces(root).report);
     for (const FilePlaces& places : AllPrivatePlacesToChange(root)) files += FormsFilesIn(places.report);

@@ -7,8 +7,8 @@ namespace setup {
 
 /// Options of the verb `printer`.
 QList<OptionRule> PrinterOptions();
-/// Says where the reports of an installation are printed, in the common forms file and in every user's copy; without an
-/// option that says so, shows it. Throws UsageError and platform::RuntimeError.
+/// Sets the printer or output folder of the reports in the common template file and in every user's copy; prints the
+/// setting if no such option is given. Throws UsageError and platform::RuntimeError.
 void ChoosePrinter(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

@@ -94,7 +94,7 @@ void Set(const QStringList& words, const Console&, bool asNumber) {
                   : registry.SetText(key, words[1], words[2], TwoByteLength(words[2])));
 }
 
-/// Keys that hold values, with the root before each.
+/// Keys that have values, each with its root.
 void ListRoot(const Root& root, const QString& path, const Console& console) {
     RegistryContent content;
     Need(LoadRegistry(root.file(), content));

@@ -6,8 +6,8 @@
 
 namespace setup {
 
-/// `registry list [KEY]`, `registry get KEY NAME`, `registry set KEY NAME VALUE [--number]`, the words behind the verb
-/// as they came. Keys begin with HKLM or HKCU. Throws UsageError for words that are wrong, otherwise
+/// `registry list [KEY]`, `registry get KEY NAME`, `registry set KEY NAME VALUE [--number]`; `words` are the arguments
+/// after `registry`. Keys begin with HKLM or HKCU. Throws UsageError for invalid arguments, otherwise
 /// platform::RuntimeError.
 void RunRegistryCommand(const QStringList& words, const Console& console);
 

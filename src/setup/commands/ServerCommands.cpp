@@ -24,13 +24,13 @@ namespace {
 
 const QString kFrom = u"--from"_s, kAddMissing = u"--add-missing"_s;
 
-/// Several tables in one statement of an engine that takes back what it has made, one by one on one that does not.
+/// One DROP per table, so that a missing table does not prevent dropping the others.
 void DropTables(database::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
     for (const TableDefinition& table : tables) {
         try {
             server.Execute(u"DROP TABLE "_s + ServerName(engine, table.name));
         } catch (const database::DatabaseError&) {
-            // It was not made any more.
+            // The failure came before this table was created.
         }
     }
 }
@@ -41,7 +41,7 @@ void RefuseExisting(database::Connection& server, const QString& engine, const Q
             throw UsageError(u"サーバーに表 %1 が既にあります。空のデータベースを指定してください。"_s.arg(table.name));
 }
 
-/// Columns that a site has added are copied along.
+/// Includes columns that a site has added.
 QList<TableDefinition> TablesToMake(database::Connection* source) {
     QList<TableDefinition> tables = TablesOf(DatabaseKind::General);
     if (source == nullptr) return tables;
@@ -86,7 +86,7 @@ void AddMissing(const Arguments& arguments, const Console& console) {
     if (done.isEmpty()) console.out << u"サーバーの一般データベースに足りないものはありません。\n"_s;
 }
 
-/// Throws platform::RuntimeError where the programs could not read the database, or would search it wrongly.
+/// Throws platform::RuntimeError if the programs could not read the database, or would get wrong search results.
 void CheckServer(database::Connection& server) {
     const QStringList missing = MissingIn(server, server.Session().EngineName());
     if (!missing.isEmpty())

@@ -20,7 +20,7 @@ bool WaitForMore() {
     return !platform::EndRequested();
 }
 
-/// Making pages takes fonts, and those take a window system, if only one without a screen.
+/// Rendering pages needs fonts, and thus a QGuiApplication, if only on the offscreen platform.
 bool MakesPages(int argc, char** argv) {
     return argc > 2 && std::string_view(argv[1]) == "forms" && std::string_view(argv[2]) == "pdf";
 }

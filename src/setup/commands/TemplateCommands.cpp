@@ -40,7 +40,7 @@ QString TextFileOf(const Arguments& arguments, const QString& form) {
     return QDir(arguments.options.value(kFolder, u"."_s)).filePath(form + u".txt"_s);
 }
 
-/// The form that was named, which must exist, or all.
+/// The named template, which must exist, or all templates.
 QStringList AskedForms(const Arguments& arguments, const report::FormsFile& file) {
     if (arguments.further.isEmpty()) return file.Names();
     const QString name = arguments.further.first();
@@ -59,7 +59,7 @@ QString ReadText(const QString& path) {
     return QString::fromUtf8(file.readAll());
 }
 
-/// The mistakes of a text that is, or shall become, the form of that name. Number of mistakes.
+/// Prints the errors of a template text, stored or to be imported under `name`. Returns their number.
 qsizetype TellMistakes(const report::FormsFile& file, const QString& name, const QString& text, QTextStream& out) {
     const QList<report::TemplateError> mistakes = report::MistakesOf(file, name, text);
     for (const report::TemplateError& mistake : mistakes) out << name << u": "_s << mistake.Text() << u'\n';

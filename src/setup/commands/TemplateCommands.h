@@ -9,18 +9,17 @@ QList<OptionRule> FormFileOptions();
 QList<OptionRule> FormCheckOptions();
 QList<OptionRule> FormPdfOptions();
 
-/// Writes the forms of an installation, or the one that is named, into text files of their names.
+/// Exports the templates of an installation, or the named one, to text files of the same names.
 void ExportForms(const Arguments& arguments, const Console& console);
 
-/// Reads them back. A form with a mistake is told and none is taken over. Throws platform::RuntimeError.
+/// Imports such files. Invalid templates are reported, and then none is imported. Throws platform::RuntimeError.
 void ImportForms(const Arguments& arguments, const Console& console);
 
-/// Tells every mistake of the forms, or of the one that is named, by line and reason; also of columns that the linked
-/// work table lacks. Throws platform::RuntimeError when there
-/// is one.
+/// Prints every error in the templates, or in the named one, with line and reason; also columns that the linked work
+/// table lacks. Throws platform::RuntimeError if there is any.
 void CheckForms(const Arguments& arguments, const Console& console);
 
-/// Makes a PDF of the form that is named and of what its work table holds. Needs a QGuiApplication for its fonts.
+/// Renders the named template with the rows of its work table to a PDF. Needs a QGuiApplication for the fonts.
 void MakeFormPdf(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

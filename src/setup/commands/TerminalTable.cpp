@@ -12,7 +12,7 @@ struct Range {
     char32_t first, last;
 };
 
-// What terminals draw two columns wide. Half-width kana (U+FF61 to U+FFDC) lie between the last ranges and take one.
+// Code points that terminals draw two columns wide. Half-width kana (U+FF61 to U+FFDC) are excluded.
 constexpr Range kWide[] = {
     {0x1100, 0x115F}, {0x2E80, 0x303E},   {0x3041, 0x33FF},   {0x3400, 0x4DBF},   {0x4E00, 0x9FFF},
     {0xA000, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},

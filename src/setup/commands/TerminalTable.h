@@ -4,17 +4,17 @@
 
 namespace setup {
 
-/// Columns that a text takes on a terminal: full-width characters take two, marks that sit on the one before none.
+/// Width in terminal columns: full-width characters take two, combining marks none.
 int DisplayWidth(QStringView text);
 
-/// Blanks added behind, or in front, up to a width in terminal columns. A longer text stays whole.
+/// Pads with trailing or leading blanks to a width in terminal columns. Longer text is not truncated.
 QString PadRight(const QString& text, int width);
 QString PadLeft(const QString& text, int width);
 
-/// The text on one line: line ends and other control characters become blanks.
+/// Replaces line breaks and other control characters with blanks.
 QString StripControlCharacters(const QString& text);
 
-/// A stamp yyyymmdd hhnnss as 2026/11/21 09:30:15; any other text as it is.
+/// A timestamp yyyymmdd hhnnss as 2026/11/21 09:30:15; any other text unchanged.
 QString ReadableTime(const QString& stamp);
 
 }  // namespace setup

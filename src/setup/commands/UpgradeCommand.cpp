@@ -29,12 +29,12 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-/// One upgrade and what it says.
+/// State and output of one upgrade.
 struct Upgrade {
     QString root;
     const Console& console;
     bool changed = false;
-    QStringList refused{};  ///< entries of others, whose rights stay wrong
+    QStringList refused{};  ///< entries of other owners, whose rights could not be corrected
 
     void Tell(const QString& line) {
         changed = true;
@@ -44,7 +44,7 @@ struct Upgrade {
 
 using Renewal = std::function<QStringList(sqlite3*)>;
 
-/// Runs the renewal in one transaction, so that a file is never left half done.
+/// Runs the schema upgrade in one transaction, so that a failure leaves the file unchanged.
 void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
     try {
         const database::SqliteDatabase database = OpenSqlite(file, database::ConnectMode::ReadWrite);
@@ -73,7 +73,7 @@ void RenewPlaces(Upgrade& upgrade, const FilePlaces& places) {
         });
 }
 
-/// Tables are changed by their owner, who is seldom the account of the programs.
+/// Altering tables needs their owner, which is rarely the account that the programs use.
 void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& owner, const QString& configuration) {
     try {
         database::Connection server;
@@ -86,7 +86,7 @@ void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& own
     CheckSeenByPrograms(ReadDefinition(configuration));
 }
 
-/// The general database is the one of the definition row.
+/// Upgrades the general database of the definition row.
 void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
     const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
     if (!definition) return;
@@ -104,7 +104,7 @@ void RenewPrograms(Upgrade& upgrade) {
         upgrade.Tell(u"%1 を新しくしました。"_s.arg(file));
 }
 
-/// A manual that differs may be the site's own, and is not written over.
+/// A changed manual may be the site's and is not overwritten.
 void RenewManual(Upgrade& upgrade) {
     const QString manual = upgrade.root + u"/manual/要員名簿照会.doc"_s;
     QFile present(manual);
@@ -118,7 +118,7 @@ void RenewManual(Upgrade& upgrade) {
     upgrade.console.out << u"%1 は変更されているので、新しい版を %2 に置きました。\n"_s.arg(manual, beside);
 }
 
-/// Installations of earlier versions could be read by every user of the machine, and belonged to the maker's own group.
+/// Earlier versions made installations readable for every user of the machine and left them in the creator's group.
 void RenewRights(Upgrade& upgrade) {
     const RightsChanges changes = CorrectRights(upgrade.root);
     for (const QString& line : changes.done) upgrade.Tell(u"権限を直しました。"_s + line);
@@ -128,7 +128,7 @@ void RenewRights(Upgrade& upgrade) {
 void CheckUpgrade(const QString& root, const QString& programFolder) {
     if (ConfigurationFile(root + u"/conf"_s).isEmpty())
         throw UsageError(u"%1 に構成データベースがありません。"_s.arg(root));
-    // Its own programs are what shall be renewed.
+    // The programs of the installation itself can't upgrade it.
     if (QFileInfo(programFolder).canonicalFilePath() == QFileInfo(root + u"/prgbin"_s).canonicalFilePath())
         throw UsageError(u"新しい版の suite-setup で実行してください。これはこのインストール自身のものです。"_s);
     if (!HoldsPrograms(programFolder))
@@ -148,14 +148,14 @@ void UpgradeInstallation(const Arguments& arguments, const Console& console) {
     CheckUpgrade(upgrade.root, console.programFolder);
     const FilePlaces common = CommonPlaces(upgrade.root);
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(upgrade.root);
-    // The tables first: old programs get on with new columns, new programs not without them.
+    // Tables first: old programs work with new columns, new programs fail without them.
     RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
     RenewRights(upgrade);
     RenewPlaces(upgrade, common);
     for (const FilePlaces& places : privatePlaces) RenewPlaces(upgrade, places);
     RenewPrograms(upgrade);
     RenewManual(upgrade);
-    CorrectRights(upgrade.root);  // of what has just been added
+    CorrectRights(upgrade.root);  // of the files added since RenewRights
     if (arguments.Has(kMenuOption)) EnterInMenu(upgrade.root, console);
     if (!upgrade.refused.isEmpty())
         throw platform::RuntimeError(

@@ -86,7 +86,7 @@ QByteArray Escaped(const QString& text) {
         if (unit.unicode() < 0x80)
             rtf += static_cast<char>(unit.unicode());
         else
-            // The number is a signed 16-bit one; "?" is what a reader without Unicode shows in its place.
+            // RTF takes a signed 16-bit number; readers without Unicode show the "?" instead.
             rtf += "\\u" + QByteArray::number(static_cast<qint16>(unit.unicode())) + '?';
     }
     return rtf;

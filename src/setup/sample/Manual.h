@@ -5,10 +5,10 @@
 
 namespace setup {
 
-/// The clerk's manual as a document that word processors open under the suffix .doc (RTF, ASCII bytes only).
+/// The clerk's manual as RTF (ASCII only), which word processors also open with the suffix .doc.
 QByteArray ManualDocument();
 
-/// Writes it. Throws platform::RuntimeError.
+/// Writes the manual to a file. Throws platform::RuntimeError.
 void WriteManual(const QString& path);
 
 }  // namespace setup

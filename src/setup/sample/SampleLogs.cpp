@@ -9,7 +9,7 @@ namespace setup {
 
 namespace {
 
-// Streams of the logs lie far from those of the people.
+// Far from the streams of the staff, which are numbered from 0.
 constexpr quint64 kViewStream = quint64{1} << 32;
 constexpr quint64 kRightsStream = quint64{2} << 32;
 
@@ -41,7 +41,7 @@ void WriteViewLog(DatabaseFileWriter& store, int count, quint64 seed) {
     for (int place = 0; place < count; ++place) {
         SampleRandom random(seed, kViewStream + static_cast<quint64>(place));
         const QString seen = StaffCode(place);
-        // Somebody looked at twice counts by the later look.
+        // Of two views of the same person the later one counts.
         if (random.Percent(33))
             for (int looks = random.Between(1, 2); looks > 0; --looks)
                 AddView(row, QString::fromUtf16(kLaunchingStaff), seen, random);

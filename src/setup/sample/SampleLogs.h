@@ -6,10 +6,10 @@
 
 namespace setup {
 
-/// Rows of T閲覧 for about a third of the staff, seen by the launching staff member and some others.
+/// Rows of T閲覧 for about a third of the staff, viewed by the launching staff member and a few others.
 void WriteViewLog(DatabaseFileWriter& store, int count, quint64 seed);
 
-/// Rights of single staff members to single programs, which go before their general rights.
+/// Per-program rights of single staff members; they override the general rights.
 void WritePersonalRights(DatabaseFileWriter& store, int count, quint64 seed);
 
 }  // namespace setup

@@ -20,8 +20,7 @@ constexpr SampleSection kSections[] = {
     {u"070", u"072"}, {u"080", u"081"}, {u"090", u"091"}, {u"100", u"101"}, {u"100", u"102"},
 };
 
-// The lists of the programs take a class's place in its table for its value, so the numbers begin at 0 and have no
-// gap.
+// The programs use the row number of a class in its table as its value, so the values must be 0, 1, 2, ...
 QList<MasterTable> Classes() {
     const QString columns = u"区分 名称"_s;
     return {
@@ -31,7 +30,7 @@ QList<MasterTable> Classes() {
          columns,
          {u"0|正社員"_s, u"1|契約社員"_s, u"2|嘱託"_s, u"3|パート"_s, u"4|アルバイト"_s, u"5|派遣社員"_s}},
         {u"K稼動状況区分"_s, columns, {u"0|停止"_s, u"1|稼動"_s}},
-        // The row without a start takes every date before the first era, which then shows in the western calendar.
+        // The row without a start date covers the dates before the first era, which are shown in the western calendar.
         {u"K年号区分"_s,
          u"開始日付 名称"_s,
          {u"|西暦"_s, u"18680125|明治"_s, u"19120730|大正"_s, u"19261225|昭和"_s, u"19890108|平成"_s,
@@ -59,7 +58,7 @@ QList<MasterTable> Organisation() {
     };
 }
 
-// %1: whether a PIN is asked for.
+// %1: whether a PIN is required.
 QList<MasterTable> Company() {
     return {
         {u"Mユーザ"_s,

@@ -11,13 +11,13 @@ struct SampleSection {
     const char16_t* code;
 };
 
-/// Offices that work as such, "000" left out.
+/// Codes of the offices, without "000", which means the whole company.
 std::span<const char16_t* const> SampleOfficeCodes();
-/// Sections in operation, each under its department.
+/// Active sections with their departments.
 std::span<const SampleSection> SampleSections();
 
 /// Company, offices, departments, sections, positions, class tables, eras and partner systems. `askPins`: company and
-/// offices ask for PINs, so that rights count; otherwise none of them does.
+/// offices require PINs, so that rights are enforced; otherwise none of them does.
 void WriteMasters(DatabaseFileWriter& store, bool askPins);
 
 }  // namespace setup

@@ -7,7 +7,7 @@ namespace setup {
 
 namespace {
 
-// Written, kana and latin, with a comma behind each name.
+// Kanji, kana and latin, separated by blanks; names separated by commas.
 constexpr QStringView kFamilyNames =
     u"佐藤 ｻﾄｳ sato,鈴木 ｽｽﾞｷ suzuki,高橋 ﾀｶﾊｼ takahashi,田中 ﾀﾅｶ tanaka,伊藤 ｲﾄｳ ito,渡辺 ﾜﾀﾅﾍﾞ watanabe,"
     u"山本 ﾔﾏﾓﾄ yamamoto,中村 ﾅｶﾑﾗ nakamura,小林 ｺﾊﾞﾔｼ kobayashi,加藤 ｶﾄｳ kato,吉田 ﾖｼﾀﾞ yoshida,"

@@ -5,11 +5,11 @@
 
 namespace setup {
 
-/// A family or given name of the sample with its reading.
+/// A family or given name with its reading.
 struct SampleName {
     QString written;
-    QString kana;   ///< half-width; a voiced mark is a character of its own
-    QString latin;  ///< lower case, for mail addresses and log-in names
+    QString kana;   ///< half-width; the voicing mark is a separate character
+    QString latin;  ///< lower case, for mail addresses and login names
 };
 
 std::span<const SampleName> FamilyNames();

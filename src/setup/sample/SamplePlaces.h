@@ -4,12 +4,12 @@
 
 namespace setup {
 
-/// A town that exists, as an address line needs it.
+/// A real town, as needed for an address.
 struct SamplePlace {
     const char16_t* postalCode;  ///< 123-4567
     const char16_t* city;        ///< prefecture and city, the first address line
-    const char16_t* town;        ///< begins the second address line
-    const char16_t* areaCode;    ///< of the telephone, with its leading 0
+    const char16_t* town;        ///< start of the second address line
+    const char16_t* areaCode;    ///< of the telephone number, with leading 0
 };
 
 std::span<const SamplePlace> SamplePlaces();

@@ -5,16 +5,16 @@
 
 namespace setup {
 
-/// Numbers that depend on nothing but seed and stream, on every machine and day; the distributions of the standard
-/// library differ from one to the next. Each staff member has a stream of his own, so a bigger sample begins with
-/// the people of a smaller one.
+/// Random numbers that depend only on seed and stream; the distributions of the standard library differ between
+/// implementations. Each staff member uses a separate stream, so that a larger sample begins with the people of a
+/// smaller one.
 class SampleRandom {
   public:
     SampleRandom(quint64 seed, quint64 stream) : state_(Mix(seed + Mix(stream))) {}
 
     quint64 Next() { return Mix(state_ += kStep); }
     int Below(int bound) { return static_cast<int>(Next() % static_cast<quint64>(bound)); }
-    /// Both ends included.
+    /// Inclusive bounds.
     int Between(int low, int high) { return low + Below(high - low + 1); }
     bool Percent(int chance) { return Below(100) < chance; }
     template <typename T>

@@ -26,7 +26,7 @@ QString WideNumber(int value) {
 
 QString Date(int year, int month, int day) { return Digits(year, 4) + Digits(month, 2) + Digits(day, 2); }
 
-// Draws stand in statements of their own: the order of two within one expression is the compiler's choice.
+// Each random draw needs a separate statement: the evaluation order within one expression is unspecified.
 
 QString RandomDate(int year, int firstMonth, int lastMonth, SampleRandom& random) {
     const int month = random.Between(firstMonth, lastMonth);
@@ -39,10 +39,10 @@ QString RandomDigits(int count, SampleRandom& random) {
     return digits;
 }
 
-/// What several columns of one person depend on.
+/// Values that several columns of one person depend on.
 struct Person {
     int place;
-    bool founder;  // one of the few who were born before 昭和 and left long ago
+    bool founder;  // born before 昭和 and left long ago
     bool woman;
     bool left;
     int birthYear;
@@ -87,7 +87,7 @@ void SetIdentity(TableWriter& row, const Person& person, SampleRandom& random) {
     for (int i = random.Between(4, 6); i > 0; --i) pin += kPinLetters[random.Below(int(kPinLetters.size()))];
     row.Set(u"暗証番号"_s, pin);
     if (person.LaunchesPrograms() || random.Percent(60))
-        // Some administrators write the first letter large; signing in does not mind.
+        // Mixed case, since login ignores letter case.
         row.Set(u"ログインID"_s, (random.Percent(20) ? latin.left(1).toUpper() + latin.mid(1) : latin) + code);
     const bool mail = person.birthYear >= 1950 && random.Percent(75);
     row.Set(u"EMAIL"_s,
@@ -96,7 +96,7 @@ void SetIdentity(TableWriter& row, const Person& person, SampleRandom& random) {
 
 QString Telephone(const SamplePlace& place, SampleRandom& random) {
     const QString area = Text(place.areaCode);
-    const int exchangeDigits = 6 - static_cast<int>(area.size());  // ten digits in all, the last four apart
+    const int exchangeDigits = 6 - static_cast<int>(area.size());  // ten digits in all, including the last four
     QString number = area + u'-' + QString::number(random.Between(2, 9));
     number += RandomDigits(exchangeDigits - 1, random);
     return number + u'-' + RandomDigits(4, random);
@@ -113,7 +113,7 @@ void SetAddress(TableWriter& row, SampleRandom& random) {
         const int floor = random.Between(1, 9);
         building += WideNumber(floor * 100 + random.Between(1, 9)) + u"号室"_s;
     }
-    // Beside a filled 住所A the other two are never Null: the programs read them without asking.
+    // If 住所A is set, the other two must not be Null: the programs read them without a check.
     row.Set(u"郵便番号"_s, Text(place.postalCode))
         .Set(u"住所A"_s, Text(place.city))
         .Set(u"住所B"_s, street)
@@ -126,7 +126,7 @@ void SetAddress(TableWriter& row, SampleRandom& random) {
     row.Set(u"携帯電話"_s, mobile);
 }
 
-/// Sets a code of the organisation, but leaves some out: Null, empty, or naming a row that is gone.
+/// Sets a code of the organisation; some are left Null, empty, or refer to a missing row.
 void SetUnit(TableWriter& row, const QString& column, const QString& code, const QString& gone, int luck) {
     if (luck < 2) return;
     row.Set(column, luck < 4 ? u""_s : luck < 5 ? gone : code);
@@ -145,11 +145,11 @@ void SetOrganisation(TableWriter& row, const Person& person, SampleRandom& rando
     const bool sure = person.LaunchesPrograms();
     const SampleSection section = sure ? SampleSections().front() : random.Pick(SampleSections());
     const auto luck = [&] { return sure ? 99 : random.Below(100); };
-    // About half of the people work at the head office; a few belong to the company as a whole.
+    // About half of the staff work at the head office; a few belong to the whole company.
     const QString office = sure || random.Percent(3) ? u"000"_s
                            : random.Percent(50)      ? u"001"_s
                                                      : Text(random.Pick(SampleOfficeCodes()));
-    // Never empty: the list begins with the lowest office, and its first page is to look like everyday work.
+    // Never empty: the list is sorted by office, and its first page should show typical data.
     SetUnit(row, u"事業所コード"_s, office, u"099"_s, luck() + 4);
     const int unitLuck = luck();
     SetUnit(row, u"部門コード"_s, Text(section.department), u"990"_s, unitLuck);
@@ -168,7 +168,7 @@ void SetDates(TableWriter& row, const Person& person, SampleRandom& random) {
         const int year = random.Between(person.hireYear + 1, qMax(person.hireYear + 1, last));
         leaving = RandomDate(year, 1, 12, random);
     } else if (!person.LaunchesPrograms() && (person.place % 60 == 11 || random.Percent(1))) {
-        // Leaves after the reference day, or has no last day yet: such people still work here and may sign in.
+        // Leaves after the reference date, or has no last day yet: still works here and may sign in.
         gone = true;
         leaving = person.place % 120 == 11 ? u"20991231"_s : Date(kReferenceYear + 1, 3, 31);
     }
@@ -185,7 +185,7 @@ QString AtOffice(const QDate& day, SampleRandom& random) {
     return stamp + Digits(random.Below(60), 2);
 }
 
-/// Stamps of the row: made on joining, or when the suite came; the earliest rows were taken over without one.
+/// Timestamps of the row: created on joining or when the suite was introduced. The oldest rows have none.
 void SetStamps(TableWriter& row, const Person& person, SampleRandom& random) {
     const QDate suiteCame(2005, 4, 1), joined = QDate::fromString(person.hired, u"yyyyMMdd"_s);
     const QDate made = qMax(suiteCame, joined).addDays(random.Between(0, 20));

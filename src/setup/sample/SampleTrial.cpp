@@ -14,12 +14,12 @@ namespace {
 
 struct TrialPerson {
     const char16_t* office;
-    const char16_t* classRights;      // of classes 0 to 9
-    const char16_t* operationRights;  // of operations 0 to 7
+    const char16_t* classRights;      // for program classes 0 to 9
+    const char16_t* operationRights;  // for operations 0 to 7
     const char16_t* remark;
 };
 
-// Rights are inverted: "1" forbids.
+// "1" forbids.
 constexpr std::array kPeople = {
     TrialPerson{u"000", u"0000000000", u"00000000", u"すべて許可"},
     TrialPerson{u"000", u"0000000000", u"00001000", u"印刷だけ不許可"},

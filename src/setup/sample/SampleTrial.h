@@ -7,11 +7,11 @@
 
 namespace setup {
 
-/// Gives the first few people of the sample rights that differ, so that whoever has the company ask for PINs can see
-/// what each right does. Overwrites what the row holds so far; the others' rows stay as they are.
+/// Gives the first few people of the sample different rights, so that each right can be tried out once PINs are
+/// required. Overwrites the rights, login, office and status already set in `row`; does nothing for the others.
 void SetTrialRights(TableWriter& row, int place);
 
-/// The same people as lines to read: code, login, PIN in clear and what they may do. Throws database::DatabaseError.
+/// The same people as lines for display: code, login, PIN in clear text and rights. Throws database::DatabaseError.
 QStringList TrialPeople(const QString& generalFile, const QString& keyFile);
 
 }  // namespace setup

@@ -35,7 +35,7 @@ void WriteEnvironment(DatabaseFileWriter& store, const ConfigurationRequest& req
         .Set(u"バックアップ日指定"_s, u"0"_s)
         .Set(u"バックアップ開始時刻"_s, u"2200"_s)
         .Set(u"バックアップフォルダ"_s, u""_s)
-        // Somebody known from the start, so that the marks of the viewing log show.
+        // With a known viewer the marks of the viewing log are visible from the first start.
         .Set(u"起動担当者コード"_s, request.signedIn ? QString::fromUtf16(kLaunchingStaff) : u""_s);
     row.Add();
 }
@@ -44,7 +44,7 @@ void WriteMenus(DatabaseFileWriter& store) {
     const QString columns = u"プログラムID 処理分類"_s;
     TableWriter(store, u"販路推進"_s)
         .AddLines(columns, {u"販路推進データ管理|0"_s, u"販路推進補助機能|0"_s, u"販路推進サービスメニュ|0"_s});
-    // The labels of the start command stay Null until the program itself publishes them.
+    // Labels of the start command stay Null until the program publishes them.
     TableWriter(store, u"販路推進データ管理"_s).AddLines(columns, {u"要員名簿照会|1"_s, u"要員台帳更新|1"_s});
 }
 

@@ -15,20 +15,20 @@ struct sqlite3_stmt;
 
 namespace setup {
 
-/// Makes one database file of the suite. Everything lies in one transaction, so the file holds nothing before
-/// Commit. All members throw database::DatabaseError with the engine's words.
+/// Creates one database file of the suite in a single transaction: the file is empty until Commit. All members throw
+/// database::DatabaseError with the engine's message.
 class DatabaseFileWriter {
   public:
-    /// Creates the file with all tables of the store. The file must not exist.
+    /// Creates the file with all tables of that kind of database. The file must not exist.
     DatabaseFileWriter(const QString& path, DatabaseKind store);
     ~DatabaseFileWriter();
     DatabaseFileWriter(const DatabaseFileWriter&) = delete;
     DatabaseFileWriter& operator=(const DatabaseFileWriter&) = delete;
 
-    /// Indexes are made here, after the rows, which is several times faster than keeping them up row by row.
+    /// Creates the indexes and commits. Indexing after the inserts is several times faster.
     void Commit();
 
-    /// From now on PINs are stored sealed under this key. Before the first TableWriter.
+    /// Encrypts the PINs of all rows added from now on. Call before creating a TableWriter.
     void SealPinsUnder(const platform::PinKey& key) { pinKey_ = key; }
     const std::optional<platform::PinKey>& KeyOfPins() const { return pinKey_; }
 
@@ -43,7 +43,7 @@ class DatabaseFileWriter {
     std::optional<platform::PinKey> pinKey_;
 };
 
-/// Adds rows to one table. A column that is not set for a row is Null in it; PINs are given in clear.
+/// Adds rows to one table. Columns not set are Null; PINs are passed in clear text.
 class TableWriter {
   public:
     TableWriter(DatabaseFileWriter& store, const QString& table);
@@ -51,17 +51,17 @@ class TableWriter {
     TableWriter(const TableWriter&) = delete;
     TableWriter& operator=(const TableWriter&) = delete;
 
-    /// kItemNotFound for a column that the catalogue does not give the table.
+    /// Throws kItemNotFound if the catalogue does not list the column.
     TableWriter& Set(const QString& column, const QString& value);
     void Add();
-    /// One row a line, values apart by "|", for the columns named, which are apart by blanks.
+    /// Adds one row per line: values separated by "|", for the columns named in `columns`, separated by blanks.
     void AddLines(const QString& columns, const QStringList& lines);
 
   private:
     DatabaseFileWriter& store_;
     QString table_;
     QHash<QString, int> parameters_;
-    QList<int> pins_;  // parameters that are sealed
+    QList<int> pins_;  // parameters to encrypt
     sqlite3_stmt* statement_ = nullptr;
 };
 

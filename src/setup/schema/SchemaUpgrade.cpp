@@ -13,7 +13,7 @@ namespace setup {
 
 namespace {
 
-/// First column of every row, in lower case: the engine tells names apart regardless of it.
+/// First column of every row in lower case, since SQLite names ignore case.
 QSet<QString> LoweredNames(sqlite3* database, const QString& sql) {
     const database::SqliteStatement rows = PrepareSql(database, sql);
     QSet<QString> names;
@@ -36,7 +36,7 @@ QStringList AddColumns(sqlite3* database, const TableDefinition& table) {
     return added;
 }
 
-/// A row for the report in a table of the forms file, when it has none.
+/// Inserts a row for the report unless the table already has one. True if inserted.
 bool AddRow(sqlite3* database, const QString& table, const QStringList& columns, const QStringList& values) {
     const database::SqliteStatement present = PrepareSql(database, u"SELECT 1 FROM \"%1\" WHERE 名称 = ?"_s.arg(table));
     BindText(present.get(), 1, values.first());

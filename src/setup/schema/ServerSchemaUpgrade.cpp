@@ -37,7 +37,7 @@ class Renewal {
     }
 
     QStringList Run() {
-        // Makes sure that the engine's words are known, and knows those of new tables.
+        // Checks that the engine is supported; also provides the statements for new tables.
         const ServerSchema schema = ServerSchemaOf(engine_, tables_);
         database::Transaction whole(server_);
         RenewFunctions();
@@ -76,7 +76,7 @@ class Renewal {
                     Add(u"索引 "_s + index.name, index.statement);
     }
 
-    /// An index holds what a function gave when its rows were written.
+    /// If a function was replaced, the indexes on it contain results of the old one and must be rebuilt.
     void RenewFunctions() {
         bool replaced = false;
         for (const auto& [name, statement] : ServerFunctionsOf(engine_)) {
@@ -84,7 +84,7 @@ class Renewal {
                 Texts(server_,
                       u"SELECT p.prosrc FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace"
                       u" WHERE n.nspname = current_schema() AND p.proname = '%1'"_s.arg(name));
-            // Between the two marks of its statement.
+            // The function body is between the two $suite$ delimiters of the statement.
             if (present.value(0) == statement.section(u"$suite$"_s, 1, 1)) continue;
             server_.Execute(statement);
             replaced = replaced || !present.isEmpty();
@@ -105,7 +105,7 @@ class Renewal {
     database::Connection& server_;
     QString engine_;
     QList<TableDefinition> tables_ = TablesOf(DatabaseKind::General);
-    QList<QStringList> present_;  // columns of each table; none where it is not there
+    QList<QStringList> present_;  // columns of each table; empty if the table is missing
     QStringList done_;
 };
 

@@ -8,7 +8,7 @@ namespace setup {
 
 namespace {
 
-// A statement for every engine: few enough rows for the least of them, enough to forget the way there and back.
+// Accepted by every supported engine, and large enough that the round trips do not matter.
 constexpr int kRowsInStatement = 100;
 constexpr qsizetype kLongestStatement = 0x40000;
 constexpr int kRowsBetweenLines = 10'000;
@@ -18,7 +18,7 @@ QString LiteralOf(const database::Field& field) {
     return u'\'' + field.Text().replace(u'\'', u"''"_s) + u'\'';
 }
 
-/// Gathers rows and sends them together.
+/// Batches rows into multi-row INSERTs.
 class RowSender {
   public:
     RowSender(database::Connection& target, QString head) : target_(target), head_(std::move(head)) {}

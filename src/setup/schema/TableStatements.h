@@ -2,18 +2,18 @@
 
 #include "data/Catalogue.h"
 
-// The statements that make what the catalogue tells.
+// DDL statements generated from the catalogue.
 
 namespace setup {
 
-/// A name in the engine's quotes.
+/// The name in double quotes. Quotes inside the name are not escaped; catalogue names have none.
 QString QuotedName(const QString& name);
 QString QuotedNames(const QStringList& names);
 
 QString CreateTableStatement(const TableDefinition& table);
 QString AddColumnStatement(const TableDefinition& table, const ColumnDefinition& column);
 
-/// Name of a table's further index, counted from 0.
+/// Name of a table's secondary index; `number` counts from 0.
 QString IndexName(const TableDefinition& table, int number);
 QString CreateIndexStatement(const TableDefinition& table, int number);
 

@@ -4,8 +4,8 @@
 
 namespace setup {
 
-/// Makes a file of report forms with the forms of the house and their tables, linked to the report database given by
-/// its absolute path. The file must not exist. Throws database::DatabaseError.
+/// Creates a template file with the standard reports and their tables, linked to the report database at the given
+/// absolute path. The file must not exist. Throws database::DatabaseError.
 void WriteStandardForms(const QString& path, const QString& reportDatabase);
 
 }  // namespace setup

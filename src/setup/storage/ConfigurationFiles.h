@@ -7,22 +7,22 @@
 
 namespace setup {
 
-/// A configuration file that programs work with.
+/// A configuration file used by programs.
 struct ConfigurationInUse {
     QString file;
-    QString user;  ///< whose private copy it is; empty for the common one
+    QString user;  ///< owner of the private copy; empty for the common file
 };
 
-/// The configuration files in use in an installation: the common one, or with private copies one for each user, in the
-/// order of their names; of these only that of `user` when it is not empty. Throws UsageError when there is no
-/// installation or no such user, database::DatabaseError when the common file can't be read.
+/// The configuration files in use in an installation: the common one or, with private copies, one for each user, sorted
+/// by user name; only that of `user` if it is not empty. Throws UsageError if there is no installation or no such user,
+/// database::DatabaseError if the common file can't be read.
 QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const QString& user);
 
 /// インストール区分 of a configuration file as the programs read it: the numeric value of its text, 0 without a row.
 /// Throws database::DatabaseError.
 int InstallKindOf(const QString& file);
 
-/// Opens a configuration file so that nothing can be written through it. Throws database::DatabaseError.
+/// Opens a configuration file read-only. Throws database::DatabaseError.
 database::Connection OpenForReading(const QString& file);
 
 }  // namespace setup

@@ -17,7 +17,7 @@ namespace {
 constexpr long kWorkFailed = 1;
 constexpr unsigned kReadFolder = 02750, kReadFile = 0640, kProgramFile = 0750;
 constexpr unsigned kWriteFolder = 02770, kWriteFile = 0660;
-/// Members make folders here, and the sticky bit keeps them from renaming those of others.
+/// Members create folders here; the sticky bit keeps them from renaming those of others.
 constexpr unsigned kUsersFolder = 03770;
 constexpr unsigned kGroupAndOthers = 077, kOwnerRuns = 0100;
 
@@ -43,7 +43,7 @@ void Expect(Expectations& all, const QString& path, unsigned group, unsigned fol
         all.append({path, *present, group, present->folder ? folderMode : fileMode});
 }
 
-/// What members only read and run.
+/// Entries that members only read and execute.
 void ExpectReadable(Expectations& all, const QString& folder, unsigned group) {
     Expect(all, folder, group, kReadFolder, kReadFile);
     if (!platform::RightsOf(folder)) return;
@@ -56,7 +56,7 @@ void ExpectReadable(Expectations& all, const QString& folder, unsigned group) {
     }
 }
 
-/// What members write. Folders of a site inside are left out: a member could put a link in the place of one.
+/// Files that members write. Sub-folders made by a site are excluded: a member could replace one with a symbolic link.
 void ExpectWritable(Expectations& all, const QString& folder, unsigned group) {
     Expect(all, folder, group, kWriteFolder, kWriteFile);
     if (!platform::RightsOf(folder)) return;
@@ -65,14 +65,14 @@ void ExpectWritable(Expectations& all, const QString& folder, unsigned group) {
                entry.fileName() == platform::PinKeyFileName() ? kReadFile : kWriteFile);
 }
 
-/// A user's own folder is for that user alone, and has the group that it has.
+/// A user's folder is accessible to that user only; its group is not changed.
 void ExpectPrivate(Expectations& all, const QString& users) {
     for (const QFileInfo& entry : QDir(users).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks))
         if (const std::optional<platform::FileRights> present = platform::RightsOf(entry.filePath()))
             all.append({entry.filePath(), *present, present->group, present->mode & ~kGroupAndOthers});
 }
 
-/// The outer folders come first: once they are corrected, no other user can exchange what they hold.
+/// Outer folders first: after their correction no other user can replace their entries.
 Expectations ExpectedIn(const QString& root, unsigned group) {
     Expectations all;
     Expect(all, root, group, kReadFolder, kReadFile);
@@ -89,7 +89,7 @@ Expectations NotMetIn(const QString& root, unsigned group) {
     return all;
 }
 
-/// Folder that names the group of what is made at this place: the prepared one, or the nearest one around.
+/// Folder whose group a new installation gets: the prepared root folder, or the nearest existing parent.
 QString NamingFolder(const QString& root) {
     const std::optional<platform::FileRights> prepared = platform::RightsOf(root);
     if (prepared && (prepared->mode & platform::kSetGroupId) != 0) return root;

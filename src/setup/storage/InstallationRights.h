@@ -5,31 +5,30 @@
 
 namespace setup {
 
-// An installation belongs to one group. Its members read everything, run the programs, and write what the programs
-// write; other users reach nothing, not even to place a lock. Programs, manual and the folder itself are written by
-// their owner alone, since a member who could replace a program would run it as every other member.
+// An installation belongs to one group. Members read everything, run the programs, and write the files that the
+// programs write; other users have no access, not even to take a lock. Programs, manual and the root folder are
+// writable by the owner only: a member who could replace a program would run code as every other member.
 
-/// The group of an installation, or of one that is made at this place: of an installation whose configuration has
-/// another group than its owner's default the one it has, of a prepared folder with the setgid bit that folder's,
-/// otherwise that of the folder around it. Throws UsageError if `root` is to be made in a folder whose group this user
-/// may not give.
+/// The group for an installation to be made at `root`. If there is an installation already, see GroupOf. Otherwise the
+/// group of a prepared folder at `root` with the setgid bit, or of the folder around it; this user's primary group if
+/// that can't be assigned. Throws UsageError instead if the folder has the setgid bit.
 unsigned GroupForNew(const QString& root);
-/// The same for an installation that exists. Without the right to give the group of the folder around it, an owner's
-/// installation stays with the group it has.
+/// The group of an existing installation: the group of its conf folder if that differs from the owner's primary group
+/// or if the owner may not assign the group of the folder around the installation; otherwise the latter.
 unsigned GroupOf(const QString& root);
 
-/// Gives all parts of a new installation the group and their modes, whatever the umask. Throws platform::RuntimeError.
+/// Sets group and mode of all entries of a new installation, regardless of the umask. Throws platform::RuntimeError.
 void SetInstallationRights(const QString& root, unsigned group);
 
-/// Result of a correction: a line for each entry, with its path and what was or would be changed.
+/// Result of a correction: one line per entry, with its path and the change.
 struct RightsChanges {
     QStringList done;
-    QStringList refused;  ///< entries of other owners
+    QStringList refused;  ///< entries that this user does not own and could not change
 };
 
-/// Entries of an installation whose group or mode differs from what it should be; a line for each.
+/// One line for each entry of an installation whose group or mode is wrong.
 QStringList WrongRights(const QString& root);
-/// Corrects them.
+/// Corrects these entries as far as this user may.
 RightsChanges CorrectRights(const QString& root);
 
 }  // namespace setup

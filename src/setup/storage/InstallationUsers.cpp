@@ -46,7 +46,7 @@ void RequireEntry(const QList<FilePlaces>& all) {
 
 QList<FilePlaces> AllPrivatePlaces(const QString& root) {
     QList<FilePlaces> all;
-    // With links that lead nowhere, which check has to name.
+    // QDir::System includes dangling symbolic links, which `check` has to report.
     const auto everything = QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot;
     for (const QFileInfo& entry : QDir(root + u"/users"_s).entryInfoList(everything, QDir::Name))
         if (entry.isDir() || entry.isSymLink()) all.append(PlacesOf(root, entry.fileName()));

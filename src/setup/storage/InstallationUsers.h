@@ -5,35 +5,35 @@
 
 namespace setup {
 
-/// Where somebody's configuration and report files lie.
+/// Folders with a user's configuration and report files.
 struct FilePlaces {
     QString user;  ///< empty for the common ones
     QString conf;
     QString report;
 };
 
-/// The common places of an installation.
+/// The common folders of an installation.
 FilePlaces CommonPlaces(const QString& root);
-/// The private places of a user, whether they are there or not.
+/// The private folders of a user, whether or not they exist.
 FilePlaces PlacesOf(const QString& root, const QString& user);
-/// The private places of everybody who has some, in the order of their names.
+/// The private folders of all users that have some, sorted by user name.
 QList<FilePlaces> AllPrivatePlaces(const QString& root);
-/// True when the user who runs this may enter the folder of the places, or it is missing. It belongs to its user alone,
-/// so that often only the administrator may.
+/// True if the current user may enter the folders, or they do not exist. Private folders are accessible to their user
+/// only, so often just the administrator may enter them.
 bool MayEnter(const FilePlaces& places);
-/// RuntimeError with the names of all users whose folders may not be entered.
+/// Throws RuntimeError with the names of all users whose folders may not be entered.
 void RequireEntry(const QList<FilePlaces>& all);
-/// All private places, for commands that change all of them or none; throws as RequireEntry does.
+/// All private folders, for commands that change all of them or none. Throws like RequireEntry.
 QList<FilePlaces> AllPrivatePlacesToChange(const QString& root);
 
-/// Absolute path of an installation named on the command line. Throws UsageError when there is none.
+/// Absolute path of an installation named on the command line. Throws UsageError if there is none.
 QString InstallationRoot(const QString& installation);
 
-/// A database file by its name without suffix, .accdb before .mdb; empty without one.
+/// Path of a database file by its name without suffix; .accdb takes precedence over .mdb; empty if there is none.
 QString DatabaseIn(const QString& folder, const QString& name);
-/// All forms files in a report folder.
+/// All template files in a report folder.
 QStringList FormsFilesIn(const QString& reportFolder);
-/// The work tables that go with the forms files of a report folder, whether they are there or not.
+/// The work-table file used by the template files of a report folder, whether or not it exists.
 QString WorkTablesIn(const QString& reportFolder);
 
 }  // namespace setup

@@ -53,7 +53,7 @@ void WriteGeneral(const QString& path, const InstallationRequest& request, const
     store.Commit();
 }
 
-/// Envelopes of a company without a logo show this picture.
+/// Printed on envelopes as the logo of a company that has none.
 void WriteBlankPicture(const QString& path) {
     QImage blank(8, 8, QImage::Format_RGB32);
     blank.fill(Qt::white);
@@ -63,14 +63,14 @@ void WriteBlankPicture(const QString& path) {
         Fail(u"%1 に書き込めません。%2"_s.arg(path, error));
 }
 
-/// Always by chance, whatever the seed: whoever knows the seed must not know the key.
+/// Always random, never derived from the seed: knowing the seed must not reveal the key.
 platform::PinKey MakeKey(const QString& path) {
     const platform::PinKey key;
     if (!key.Write(path)) Fail(u"鍵ファイル %1 を作成できません。"_s.arg(path));
     return key;
 }
 
-/// Fills an empty folder. `finalRoot` is where it will lie when it is whole.
+/// Fills an empty folder. `finalRoot` is its path after the rename.
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
     const QString suffix = Suffix(request.kind);
     MakeFolders(root);
@@ -89,10 +89,10 @@ void FillInstallation(const QString& root, const QString& finalRoot, const Insta
 
 void CheckRequest(const QString& root, const InstallationRequest& request) {
     const QFileInfo place(root);
-    // The programs find their root by the first "prgbin" or "prgsrc" in their own path.
+    // The programs find their root by the first "prgbin" or "prgsrc" in their path.
     if (root.contains(u"prgbin"_s, Qt::CaseInsensitive) || root.contains(u"prgsrc"_s, Qt::CaseInsensitive))
         throw UsageError(u"%1 は使えません。パスに prgbin または prgsrc を含めないでください。"_s.arg(root));
-    // The path goes into connection strings as it is.
+    // The path is inserted into connection strings unquoted.
     if (root.contains(u';') || root.contains(u'"'))
         throw UsageError(u"%1 は使えません。パスに「;」や「\"」を含めないでください。"_s.arg(root));
     if (place.exists() && !place.isDir()) throw UsageError(u"%1 はフォルダではありません。"_s.arg(root));
@@ -108,7 +108,7 @@ void Move(const QString& from, const QString& to) {
     if (!QDir().rename(from, to)) Fail(u"%1 を %2 に移動できません。"_s.arg(from, to));
 }
 
-/// Puts the finished folder into its place. An installation that was there before is removed with the work folder.
+/// Moves the finished folder to its target. An existing installation is removed with the work folder.
 void PutInPlace(const QString& built, const QString& root, platform::ScratchFolder& work) {
     const QString old = work.FilePath(kOldName);
     const bool replacing = HoldsInstallation(root);
@@ -119,14 +119,14 @@ void PutInPlace(const QString& built, const QString& root, platform::ScratchFold
     try {
         Move(built, root);
     } catch (const platform::RuntimeError&) {
-        // The old one must not be lost with the work folder if it can't go back.
+        // If the old one can't be moved back, keep the work folder that contains it.
         if (replacing && !QDir().rename(old, root)) work.Keep();
         throw;
     }
 }
 
-/// Removes the work folders of killed runs. One that was killed between the two moves of a replacement holds the only
-/// copy of an installation, which goes back first.
+/// Removes the work folders of killed runs. A run that was killed between the two renames of a replacement left the
+/// only copy of an installation there, which is moved back first.
 void RemoveLeftovers(const QString& parent) {
     for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(parent, kWorkFolderPrefix)) {
         if (leftover.owner != platform::OwnUserId()) continue;
@@ -143,14 +143,14 @@ void RemoveLeftovers(const QString& parent) {
 
 QString MakeInstallation(const InstallationRequest& request) {
     const QFileInfo asked(request.folder);
-    // Of a link to a folder, the folder is meant: the link itself must survive a replacement.
+    // Resolve a symbolic link to its folder: the link must survive a replacement.
     const QString root = QDir::cleanPath(asked.exists() ? asked.canonicalFilePath() : asked.absoluteFilePath());
     const QString parent = QFileInfo(root).path();
     RemoveLeftovers(parent);
     CheckRequest(root, request);
     const unsigned group = GroupForNew(root);
     if (!QDir().mkpath(parent)) Fail(u"フォルダ %1 を作成できません。"_s.arg(parent));
-    // In the same folder, since only there can the finished one be moved into its place in one step.
+    // In the parent folder, so that the final rename is atomic (same file system).
     platform::ScratchFolder work(parent, kWorkFolderPrefix, root.toUtf8());
     if (!work.IsValid()) Fail(u"フォルダ %1 に書き込めません。%2"_s.arg(parent, work.Error()));
     const QString built = work.FilePath(u"new"_s);

@@ -17,7 +17,7 @@ namespace setup {
 
 namespace {
 
-constexpr int kOffsetMask = 0x1FFF;  // the bits above are flags
+constexpr int kOffsetMask = 0x1FFF;  // the upper bits are flags
 
 [[noreturn]] void Fail(const QString& text) { throw platform::RuntimeError(1, text); }
 
@@ -30,7 +30,7 @@ MdbColumn* ColumnAt(const MdbTableDef* table, unsigned column) {
     return static_cast<MdbColumn*>(g_ptr_array_index(table->columns, column));
 }
 
-/// Of pictures the library returns a pointer into the file, and of types it does not know an empty text.
+/// The library returns a pointer into the file for OLE columns, and empty text for unknown types.
 bool HasText(const MdbColumn* column) {
     const std::initializer_list<int> types = {MDB_BOOL,  MDB_BYTE,   MDB_INT,      MDB_LONGINT, MDB_MONEY, MDB_FLOAT,
                                               MDB_REPID, MDB_DOUBLE, MDB_DATETIME, MDB_TEXT,    MDB_MEMO,  MDB_NUMERIC};
@@ -44,7 +44,7 @@ std::vector<unsigned> TextColumns(const MdbTableDef* table) {
     return columns;
 }
 
-/// The cells that the library fills, row by row.
+/// Buffers that the library fills for each row.
 class RowReader {
   public:
     explicit RowReader(MdbTableDef* table)
@@ -54,7 +54,7 @@ class RowReader {
           lengths_(table->num_cols),
           fields_(table->num_cols) {
         for (const unsigned column : columns_) {
-            // Not initialised: of the megabyte that a text may have, most rows need no page of memory.
+            // Not initialised: with a megabyte per text column, most pages are never touched.
             cells_[column] = std::make_unique_for_overwrite<char[]>(kLongestText);
             mdb_bind_column(table, static_cast<int>(column) + 1, cells_[column].get(), &lengths_[column]);
         }
@@ -75,8 +75,8 @@ class RowReader {
                                          QString::fromUtf8(ColumnAt(table_, column)->name), problem));
     }
 
-    /// The bound cells are the same for Null and for an empty text: only the row itself distinguishes them. Returns how
-    /// many columns the row has, with those deleted since it was written and without those added since.
+    /// The bound buffers do not distinguish Null from empty text, so the raw row is parsed as well. Returns the number
+    /// of columns in the row, which includes columns deleted since it was written and lacks those added since.
     int ReadFields() {
         int start = 0;
         size_t size = 0;
@@ -90,14 +90,14 @@ class RowReader {
     QString Value(unsigned index, int columnsInRow) const {
         const MdbColumn* column = ColumnAt(table_, index);
         const MdbField& field = fields_[index];
-        // Past the columns of the row the library takes its null flags from whatever follows the row.
+        // Beyond the columns of the row the library reads null flags from the bytes that follow the row.
         const bool null = column->col_num >= columnsInRow || field.is_null != 0;
-        if (column->col_type == MDB_BOOL) return null ? u"0"_s : u"1"_s;  // its value is the null flag
+        if (column->col_type == MDB_BOOL) return null ? u"0"_s : u"1"_s;  // a yes/no value is stored in the null flag
         if (null) return {};
         return column->col_type == MDB_DATETIME ? Date(index) : Text(index);
     }
 
-    // The library writes dates before 1899-12-30 as 19000100.
+    // Parsed here, since the library formats dates before 1899-12-30 as 19000100.
     QString Date(unsigned index) const {
         MdbHandle* file = table_->entry->mdb;
         const int start = fields_[index].start;
@@ -143,7 +143,8 @@ class JetFile::Handle {
             complete = complete || qstrcmp(entry->object_name, "MSysObjects") == 0;
             if (mdb_is_user_table(entry) != 0) names.append(QString::fromUtf8(entry->object_name));
         }
-        // The catalogue lists itself. Of missing pages the library reports nothing.
+        // The catalogue lists itself, so without its own entry it is incomplete. The library does not report missing
+        // pages.
         if (!complete) Fail(u"表の一覧を読めません。ファイルが壊れています。"_s);
         return names;
     }
@@ -157,8 +158,8 @@ class JetFile::Handle {
     }
 
   private:
-    /// The library opens the file as UCS-2, in which characters of two surrogates become question marks, or as code
-    /// page 1252.
+    /// Replaces the library's decoder: it uses UCS-2, in which surrogate pairs become question marks, or code page
+    /// 1252.
     void DecodeWholeTexts() {
         const QByteArray jet3 = qEnvironmentVariableIsEmpty("MDB_JET3_CHARSET") ? "CP932" : qgetenv("MDB_JET3_CHARSET");
         iconv_t decoder = iconv_open("UTF-8", IS_JET3(mdb_) ? jet3.constData() : "UTF-16LE");
@@ -193,7 +194,7 @@ void JetFile::ReadRows(const QString& table, const std::function<void(const QStr
     QStringList values;
     unsigned read = 0;
     for (; reader.Next(values); ++read) take(values);
-    // A page that is missing ends the rows silently.
+    // At a missing page the library ends the rows silently.
     if (read != opened->num_rows)
         Fail(u"表 %1 の %2 行のうち %3 行しか読めません。ファイルが壊れています。"_s.arg(table)
                  .arg(opened->num_rows)

@@ -6,13 +6,13 @@
 
 namespace setup {
 
-/// A Jet or ACE database file, read by the mdbtools library; never written. Texts come from UTF-16, or from code page
-/// 932 in the oldest format (the environment variable MDB_JET3_CHARSET names another one); dates read yyyymmdd, with
-/// hhnnss after a blank if they have a time; numbers are digits; a yes/no is 1 or 0. A value is Null in rows older than
-/// its column. Columns of pictures and other bytes are left out. A text longer than a megabyte is a failure, and so is
-/// a table with fewer or more rows than the file counts.
+/// A Jet or ACE database file, read with the mdbtools library; never written. Text is converted from UTF-16, or from
+/// code page 932 in the oldest format (the environment variable MDB_JET3_CHARSET names another one). Dates are returned
+/// as yyyymmdd, followed by a blank and hhnnss if they have a time; numbers as digits; yes/no as 1 or 0. A value is
+/// Null in rows older than its column. Binary columns such as pictures are left out. Text longer than a megabyte is an
+/// error, and so is a table whose row count differs from the one in the file.
 ///
-/// The library does not survive every damaged file: use JetReader, which runs this class in a process of its own.
+/// The library may crash or hang on damaged files: use JetReader, which runs this class in a separate process.
 class JetFile : public ForeignTables {
   public:
     /// Throws platform::RuntimeError if the file can't be read or has another format.

@@ -26,7 +26,7 @@ constexpr int kSecondsOfDay = 86'400;
 void CheckJetFile(const QString& path) {
     const QFileInfo info(path);
     if (!info.exists()) Fail(u"%1 がありません。"_s.arg(path));
-    // Opening a pipe would wait for a writer, and a device may deliver bytes forever.
+    // Opening a pipe would block until there is a writer, and a device may return data endlessly.
     if (!info.isFile()) Fail(u"%1 は通常のファイルではありません。"_s.arg(path));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) Fail(u"%1 を読む権限がありません。"_s.arg(path));

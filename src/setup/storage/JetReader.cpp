@@ -15,8 +15,8 @@ namespace setup {
 namespace {
 
 constexpr qint64 kMegabyte = qint64{1} << 20;
-// A row takes at least its place in the table of offsets and a count of columns. The frame of a row is longest beside
-// its bytes when the row is older than most of 255 columns.
+// A row takes at least an entry in the offset table and a column count. The ratio of frame to stored bytes is highest
+// for a row that is older than most of its 255 columns.
 constexpr qint64 kSmallestRow = 3;
 constexpr qint64 kMostFramePerByte = 256;
 
@@ -41,7 +41,7 @@ class JetReader::Session {
 
     void Ask(const QStringList& request) { process_.Write(EncodeFrame({FrameKind::Request, request})); }
 
-    /// What one of the parsing functions returns; what they refuse is a damaged file.
+    /// Result of a parsing function; an error means that the file is damaged.
     template <class Parsing>
     auto Checked(const Parsing& parse) const {
         try {

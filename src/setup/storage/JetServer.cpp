@@ -40,7 +40,7 @@ void Answer(const JetFile& file, const QStringList& request, QIODevice& out) {
 }  // namespace
 
 void ServeJetFile(const QString& path, QIODevice& in, QIODevice& out) {
-    // Options of the library that would change texts, search other folders or print to standard output.
+    // These library options would change text, search other folders or print to standard output.
     for (const char* variable : {"MDBICONV", "MDBPATH", "MDBOPTS"}) qunsetenv(variable);
     try {
         const JetFile file(path);

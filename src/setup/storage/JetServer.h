@@ -5,14 +5,15 @@
 
 namespace setup {
 
-/// The word by which suite-setup is started as the reader of a file. It is not for people: standard input and output
-/// carry the frames of TableStream.h.
+/// Internal verb that starts suite-setup as the reader process of a file. Standard input and output carry the frames of
+/// TableStream.h.
 inline const QString kJetServerVerb = QStringLiteral("read-jet-file");
 
-/// The reader process: answers requests from `in` until its end. A failure is the last answer. `in` must be unbuffered.
+/// Main loop of the reader process: answers requests from `in` until its end. An error is sent as the last answer. `in`
+/// must be unbuffered.
 void ServeJetFile(const QString& path, QIODevice& in, QIODevice& out);
 
-/// The same over standard input and output.
+/// Same, over standard input and output.
 void ServeJetFile(const QString& path);
 
 }  // namespace setup

@@ -18,10 +18,10 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
-/// A value of the entry: a backslash begins an escape there.
+/// Escapes a value: a backslash begins an escape sequence there.
 QString Value(QString text) { return text.replace(u'\\', u"\\\\"_s).replace(u'\n', u"\\n"_s); }
 
-/// One argument of a command line, whatever it holds. "%" would begin a placeholder.
+/// Quotes an argument of the Exec line; "%" would begin a field code.
 QString Argument(const QString& text) {
     QString quoted;
     for (const QChar unit : text) {
@@ -38,7 +38,7 @@ QString MenuFolder() {
            u"/applications"_s;
 }
 
-/// Names of folders may be equal, paths never are.
+/// By path, since two installations may have the same folder name.
 QString EntryName(const QString& root) {
     const QByteArray digest = QCryptographicHash::hash(root.toUtf8(), QCryptographicHash::Sha1).toHex().first(8);
     return u"youin-meibo-"_s + QString::fromLatin1(digest) + u".desktop"_s;

@@ -5,11 +5,11 @@
 
 namespace setup {
 
-/// Desktop entry (UTF-8) that starts the inquiry of the installation.
+/// Content (UTF-8) of a desktop entry that starts the inquiry of the installation.
 QByteArray MenuEntry(const QString& root);
 
-/// Writes the installation's entry into the menu: for all users of the machine when the administrator does it,
-/// otherwise for this user. Written again it replaces itself; each installation has an entry of its own. Returns the
+/// Writes the installation's desktop entry: for all users of the machine if run by the administrator, otherwise for
+/// this user. An existing entry of the installation is replaced; each installation has a separate one. Returns the
 /// file's path. Throws platform::RuntimeError.
 QString WriteMenuEntry(const QString& root);
 

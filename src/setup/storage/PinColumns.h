@@ -10,7 +10,7 @@ struct PinColumn {
     QStringView column;
 };
 
-/// All columns of the general database that hold PINs.
+/// All columns of the general database that contain PINs.
 inline constexpr std::array kPinColumns = {
     PinColumn{u"M担当者", u"暗証番号"},
     PinColumn{u"Mユーザ", u"特権暗証番号"},

@@ -44,7 +44,7 @@ bool GiveToGroupOfFolder(const QString& keyFile) {
     return folder && key && platform::SetRights(keyFile, folder->group, key->mode);
 }
 
-/// The group of the folder has to read it, whatever group this user's files get by default.
+/// The folder's group must be able to read the key, whatever this user's default group is.
 void MakeKey(const QString& keyFile) {
     const bool written = PinKey().Write(keyFile);
     if (written && GiveToGroupOfFolder(keyFile)) return;
@@ -52,9 +52,10 @@ void MakeKey(const QString& keyFile) {
     throw platform::RuntimeError(1, u"鍵ファイル %1 を作成できません。"_s.arg(keyFile));
 }
 
-/// In one transaction. `newKey` tells whether the key file was made for it.
+/// Runs in one transaction. `newKey` is set if the key file was created.
 SealedCount SealAll(PinStore& store, const QString& keyFile, bool& newKey) {
-    // Before the look at the key file: of two sealings at once the second waits here and finds the key of the first.
+    // Must precede the check for the key file: of two concurrent runs the second waits here and then finds the first
+    // one's key.
     store.Begin();
     if (!QFile::exists(keyFile)) {
         MakeKey(keyFile);
@@ -74,8 +75,8 @@ bool AnyOpens(PinStore& store, const PinKey& key) {
     return false;
 }
 
-/// A COMMIT that told a failure may stand all the same, where the disk did it and its answer got lost; and another
-/// sealing may have found the key meanwhile. So the key goes only when it is certain that no PIN needs it.
+/// A COMMIT that reported an error may have succeeded if only the reply was lost, and another run may have used the key
+/// meanwhile. So the key is removed only if no PIN decrypts with it.
 void ForgetUnusedKey(const PinStoreOpener& open, const QString& keyFile) {
     try {
         const std::unique_ptr<PinStore> store = open();
@@ -100,7 +101,7 @@ QStringList PinTexts(database::Connection& connection) {
     return texts;
 }
 
-/// PINs that were sealed in another database would not open with the key of that one.
+/// The key of this installation would not decrypt PINs that were encrypted in another database.
 void CheckSameDatabase(const GeneralDatabaseDefinition& defined, const GeneralDatabaseDefinition& owner) {
     database::Connection programs = Opened(defined, database::ConnectMode::Read);
     database::Connection asked = Opened(owner, database::ConnectMode::Read);

@@ -16,7 +16,7 @@ class FilePinStore : public PinStore {
     explicit FilePinStore(const QString& file) : database_(OpenSqlite(file, database::ConnectMode::ReadWrite)) {}
 
     void Begin() override {
-        // Otherwise the clear texts would stay readable in the free places of the file.
+        // Otherwise the clear text would remain readable in free pages of the file.
         RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
         RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
     }
@@ -50,7 +50,7 @@ QString Equals(const QString& name, const QString& value) {
     return Name(name) + (value.isNull() ? u" IS NULL"_s : u" = "_s + Literal(value));
 }
 
-/// Another sealing waits at the first row with a PIN.
+/// Concurrent runs block on the first row with a PIN.
 class ServerPinStore : public PinStore {
   public:
     explicit ServerPinStore(database::Connection connection) : connection_(std::move(connection)) {}
@@ -72,7 +72,7 @@ class ServerPinStore : public PinStore {
             u"UPDATE %1 SET %2 = %3 WHERE "_s.arg(Name(place.table), Name(place.column), Literal(text)) + where);
     }
     void Commit() override { whole_->Commit(); }
-    /// A connection that is lost has given its locks back.
+    /// A lost connection has released its locks.
     bool StillLocked() const override { return false; }
 
   private:

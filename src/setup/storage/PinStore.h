@@ -11,35 +11,35 @@
 
 namespace setup {
 
-/// A PIN that is not empty, and what finds its row again.
+/// A non-empty PIN and the key values that identify its row.
 struct StoredPin {
     QStringList row;
     QString text;
 };
 
-/// The PINs of one general database, read and written in one transaction, which is rolled back at its end unless it was
-/// committed. Everything throws database::DatabaseError.
+/// Reads and writes the PINs of one general database in one transaction, which the destructor rolls back unless it was
+/// committed. All members throw database::DatabaseError.
 class PinStore {
   public:
     virtual ~PinStore() = default;
-    /// From here on another sealing waits, if there is any PIN.
+    /// Locks out concurrent runs, provided that there is any PIN.
     virtual void Begin() = 0;
     virtual QList<StoredPin> Pins(const PinColumn& place) = 0;
     virtual void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) = 0;
     virtual void Commit() = 0;
-    /// True where it is certain that nothing was committed and that no other sealing has begun since Begin.
+    /// True if it is certain that nothing was committed and that no other run has begun since Begin.
     virtual bool StillLocked() const = 0;
 };
 
 using PinStoreOpener = std::function<std::unique_ptr<PinStore>()>;
 
-/// A database file.
+/// For a database file.
 std::unique_ptr<PinStore> OpenFilePins(const QString& file);
-/// A database on a server; `connection` is open for writing.
+/// For a database on a server; `connection` is open for writing.
 std::unique_ptr<PinStore> MakeServerPins(database::Connection connection);
 
-/// The PINs of one column over any connection to a general database; `row` holds the values of the table's key.
-/// `suffix` follows the statement.
+/// Reads the non-empty PINs of one column; `row` gets the values of the table's key. `suffix` is appended to the
+/// statement.
 QList<StoredPin> ReadPins(database::Connection& connection, const PinColumn& place, const QString& suffix = {});
 
 }  // namespace setup

@@ -23,10 +23,10 @@ const QStringList kPrograms{u"要員名簿照会"_s, u"要員台帳更新"_s, u"
 
 struct ProgramCopy {
     QString source;
-    QString target;  ///< against the installation's folder
+    QString target;  ///< relative to the installation's folder
 };
 
-/// Each folder of a host tells a version, and one of them is registered.
+/// The name of a host folder is a version; one of them is registered.
 QStringList HostFolders(const QString& root) {
     QStringList folders;
     for (const QString& name : QDir(root + u"/host"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name))
@@ -42,10 +42,10 @@ QList<ProgramCopy> Copies(const QString& programFolder, const QString& root) {
     return copies;
 }
 
-/// With the mode of the source.
+/// Copies a file with its mode.
 void PutFile(const QString& source, const QString& target) {
     platform::AtomicFile file(target);
-    // Without what the user who runs this may do with the source, which is more for the superuser.
+    // Without the bits that describe the current user's access, which are set for root whatever the mode.
     const auto ofThisUser = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
     const QFile::Permissions permissions = QFile::permissions(source) & ~ofThisUser;
     if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, permissions))

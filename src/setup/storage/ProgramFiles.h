@@ -4,13 +4,13 @@
 
 namespace setup {
 
-/// Puts the programs of a folder into an installation, the report host under every name it is registered by there.
-/// A program that is running goes on as it is, the next start takes the new one. Programs that the folder lacks, and
-/// those that are equal already, are left alone. Returns what was put in place, against the installation's folder.
-/// Throws platform::RuntimeError.
+/// Installs the programs of a folder, the report host under every name that is registered for this installation. A
+/// running program is not affected; the next start uses the new one. Programs that the folder lacks, and identical
+/// ones, are skipped. Returns the paths of the replaced files, relative to the installation. Throws
+/// platform::RuntimeError.
 QStringList InstallPrograms(const QString& programFolder, const QString& root);
 
-/// Whether the folder has every program that an installation needs.
+/// True if the folder contains every program that an installation needs.
 bool HoldsPrograms(const QString& programFolder);
 
 }  // namespace setup

@@ -5,20 +5,20 @@
 
 namespace setup {
 
-/// File name by which the suite knows the report host.
+/// File name under which the suite looks for the report host.
 inline const QString kHostProgramName = QStringLiteral("MSACCESS.EXE");
 
-/// Folder of the report host in an installation, with its closing separator, since whoever starts the host puts nothing
-/// between folder and name. The name tells the host's version.
+/// Folder of the report host in an installation, with trailing separator, since clients concatenate folder and name.
+/// The folder name is the host's version.
 QString ReportHostFolder(const QString& root);
-/// The key under which the machine's registry names it, from HKLM on.
+/// The registry key that names the host of the machine, beginning with HKLM.
 QString ReportHostKey();
 
-/// Folder of the registered host, with its closing separator; nothing where the machine has none.
+/// Folder of the registered host, with trailing separator; empty if none is registered.
 std::optional<QString> RegisteredHostFolder();
 
-/// Tells all programs of this machine where the host lies; the installation registered last counts for all. False where
-/// the installation has no host. Throws platform::RuntimeError where the user may not write the machine's registry.
+/// Registers the host of an installation for all programs of this machine, replacing the registered one. False if the
+/// installation has no host. Throws platform::RuntimeError if the user may not write the machine's registry.
 bool RegisterReportHost(const QString& root);
 
 }  // namespace setup

@@ -37,7 +37,7 @@ QString ColumnText(sqlite3_stmt* row, int column) {
 
 void BindText(sqlite3_stmt* statement, int index, const QString& text) {
     const QByteArray utf8 = text.toUtf8();
-    // Where the engine has no memory for the text, a Null would stand in its place.
+    // On an out-of-memory error SQLite would silently bind Null.
     if (sqlite3_bind_text(statement, index, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT) !=
         SQLITE_OK)
         throw database::SqliteFailure(sqlite3_db_handle(statement));

@@ -1,8 +1,8 @@
 """Writes small database files in the page formats of Jet 3, Jet 4 and ACE.
 
-Enough of the formats for a reader: header, catalogue (MSysObjects), table definitions, usage maps, data pages, long
-values and one leaf page for each index. The rows of a table may be older than its last columns, may have been
-deleted, or may have moved to another page, and columns may have been deleted after rows were written.
+Covers what a reader needs: header, catalogue (MSysObjects), table definitions, usage maps, data pages, long values and
+one leaf page per index. Rows may be older than the last columns of their table, deleted, or moved to another page, and
+columns may have been deleted after rows were written.
 """
 
 import struct
@@ -19,12 +19,12 @@ INLINE_LIMIT = 64
 class Column:
     name: str
     type: int = TEXT
-    deleted: bool = False  # rows keep its place; the definition no longer names it
+    deleted: bool = False  # rows still contain its value; the definition no longer lists it
 
 
 @dataclass
 class Row:
-    values: list  # shorter than the columns: written before the last ones were added
+    values: list  # fewer than the columns: written before the last ones were added
     state: int = 0  # DELETED, or MOVED: replaced by a pointer to another page
 
 
@@ -35,7 +35,7 @@ class Table:
     rows: list
     key: list = field(default_factory=list)
     flags: int = 0
-    first: int = 0  # page of the definition
+    first: int = 0  # page number of the definition
 
 
 def rc4(key, data):
@@ -56,7 +56,7 @@ class JetFile:
     def __init__(self, version):
         self.jet3, self.version = version == 0, version
         self.size = 2048 if self.jet3 else 4096
-        self.head = 8 if self.jet3 else 12  # of a data page, before the count of its rows
+        self.head = 8 if self.jet3 else 12  # size of a data page header up to the row count
         self.pages = [bytes(self.size), bytes(self.size)]
         self.maps = []
 
@@ -73,7 +73,7 @@ class JetFile:
         return narrow if compressible else wide
 
     def data_page(self, owner, rows):
-        """rows: (bytes, flags). Stored from the end of the page, the table of offsets from its start."""
+        """rows: (bytes, flags). Rows are stored from the end of the page, the offset table from its start."""
         offsets, body = b"", b""
         for content, flags in rows:
             body = content + body
@@ -130,7 +130,7 @@ class JetFile:
         return body + low + bytes(reversed(table_of_jumps)) + bytes([len(variable)]) + nulls
 
     def write_rows(self, table):
-        """Returns the pages and, for the indexes, the place of each row that is still there."""
+        """Returns the page numbers and, for the indexes, the location of each row that is not deleted."""
         owner, pages, places, waiting, used = struct.pack("<I", table.first), [], [], [], 0
 
         def flush():
