@@ -2,22 +2,22 @@
 
 #include <QString>
 
-// Company, operating office and partner systems, loaded once at the start into Globals(). Both connections are open.
-// What the reads of the start run into rises as database::DatabaseError, and the run history has the statement.
+// Loads company, operating office and partner systems into Globals(), once at the start. Both connections must be open.
+// A failed read throws database::DatabaseError and leaves its statement in the run history.
 
-/// All of it, in order. False when there is no company row; the office is loaded all the same. A read that fails rises:
-/// it ends the start and must not rewrite the office.
+/// Loads all three in this order. False if there is no company row; the office is loaded even then. Throws
+/// database::DatabaseError: a failed read must abort the start and must not rewrite the operating office.
 bool LoadCompanyInfo();
-/// A partner without a row leaves its slot as it is.
+/// A slot whose partner has no row keeps its values.
 void LoadPartnerLinks();
-/// The operating office, or "000" for one that has no row, and what it overrides of the company: the demand for a PIN,
-/// 更新実行区分, and those of its seven folders that are not empty.
+/// Loads the operating office, or "000" if it has no row. An office other than "000" overrides the company's PIN
+/// requirement, 更新実行区分 and those of the seven folders that it does not leave empty.
 void LoadOfficeInfo();
-/// Makes an office the operating one, here and in the configuration. A failed write is not told of.
+/// Sets the operating office in Globals() and in the configuration. A failed write is not reported.
 void SetOperatingOffice(const QString& code);
-/// Reads another office into OutputOffice, for mail pieces. Nothing rises: without a row, and after a failed read,
-/// OutputOffice stays as it is, and so do its fields where the row has a Null.
+/// Reads another office into OutputOffice, for mail pieces. Throws nothing: OutputOffice keeps its values if there is
+/// no row or the read fails; a Null keeps the field's value.
 void LoadOutputOffice(const QString& code);
-/// Caption of prg_ttl on the main form: program, office, staff member. Leaves the office's name in OutputOffice.
-/// Nothing rises: an office that cannot be read any more is left out.
+/// Sets the caption of prg_ttl on the main form: program, office, staff member. Leaves the office's name in
+/// OutputOffice. Throws nothing; an office that can no longer be read is omitted.
 void ShowProgramTitle();

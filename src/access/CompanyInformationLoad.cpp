@@ -21,7 +21,7 @@ bool LoadCompany() {
     return found;
 }
 
-/// The row itself is taken by LoadOfficeInfo; here it is only seen to that there is an office to go on with.
+/// Only makes sure that there is a valid operating office; LoadOfficeInfo reads the row itself.
 void CorrectOperatingOffice() {
     database::Recordset row;
     OpenOperatingOffice(row);

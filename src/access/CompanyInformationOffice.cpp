@@ -27,8 +27,8 @@ void TakeOperatingOffice(const database::Recordset& row) {
     TakeOffice(row, globals.Office);
 }
 
-/// The two numbers count as they are, a Null as 0, so an office without a word waives the PIN; a folder counts only
-/// where the office has one.
+/// Both numbers override the company even if Null (0), so an office without a PIN setting requires none. A folder
+/// overrides only if it is not empty.
 void OverrideCompany() {
     ProgramGlobals& globals = Globals();
     globals.PinRequired = globals.Office.暗証番号有無;
@@ -47,7 +47,7 @@ bool OpenOperatingOffice(database::Recordset& row) {
     if (OpenRecordset(row, OfficeStatement(Globals().Environment.OperatingOfficeCode), false)) return true;
     row.Close();
     const bool found = OpenRecordset(row, OfficeStatement(kWholeCompany), false);
-    // Raises after a failed read: a file out of reach for a moment must not send the site back to "000" for good.
+    // Close throws if the read failed: a temporary failure must not reset the site's office to "000" permanently.
     if (!row.IsOpen()) row.Close();
     SetOperatingOffice(kWholeCompany);
     return found;

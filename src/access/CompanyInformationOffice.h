@@ -4,9 +4,9 @@
 
 #include "database/Database.h"
 
-/// The statement that reads one office by its code.
+/// SELECT of one office by its code.
 QString OfficeStatement(const QString& code);
 
-/// Opens the row of the operating office, or else the row "000", which is then made the operating office. True when
-/// there is a row. Throws database::DatabaseError after a failed read and has changed nothing then.
+/// Opens the row of the operating office, or the row "000", which then becomes the operating office. True if there is a
+/// row. Throws database::DatabaseError if a read fails; nothing is changed then.
 bool OpenOperatingOffice(database::Recordset& row);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The last code stands twice, so two slots hold one row. The programs of the suite count on the slots as they are.
+// "005" is listed twice, so two slots contain the same row. The suite's programs rely on these slot numbers.
 constexpr std::array<QStringView, 5> kPartnerCodes = {u"003", u"002", u"004", u"005", u"005"};
 
 template <typename Value>

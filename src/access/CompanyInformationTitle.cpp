@@ -16,7 +16,7 @@ struct ProgramTitle {
     QStringView title;
 };
 
-// The suite's menus by their shorter names. Any other program is called by its id.
+// The suite's menus are shown by shorter names, any other program by its id.
 constexpr std::array kMenuTitles = {
     ProgramTitle{u"販路推進", u"販路推進"},
     ProgramTitle{u"販路推進データ管理", u"データ管理"},
@@ -31,7 +31,7 @@ QString BaseTitle(const QString& programId) {
     return programId;
 }
 
-/// The name also becomes the first field of OutputOffice, where the mail pieces expect it.
+/// The name is also the first field of OutputOffice, as mail pieces expect it.
 QString ReadOfficeName() {
     ProgramGlobals& globals = Globals();
     database::Recordset row;
@@ -41,7 +41,7 @@ QString ReadOfficeName() {
     return globals.OutputOffice.名称;
 }
 
-/// A company without offices needs no word that it is the whole of it.
+/// A company without offices does not show "(全社)".
 QString OfficePart(const QString& officeName) {
     const ProgramGlobals& globals = Globals();
     if (globals.Environment.OperatingOfficeCode == u"000"_s) return globals.OfficeCount > 0 ? u"(全社)"_s : QString();

@@ -3,13 +3,13 @@
 #include <QString>
 #include <array>
 
-/// The suite offers a program's start command by up to 26 labels, 条件項目名A to 条件項目名Z.
+/// 条件項目名A to 条件項目名Z: labels of the fields of a program's start command.
 using ConditionLabels = std::array<QString, 26>;
 
-/// Writes the names of this program's start command into its row of the menu table, so that whoever launches it can
-/// tell what each field means. The places behind the last field are emptied.
+/// Stores the field names of this program's start command in its row of the menu table, where a launching program reads
+/// them. Unused labels are emptied.
 void PublishConditionLabels(const QString& menu, const QString& programId);
 
-/// Writes the labels into the program's row of the menu table. None may hold a quote. Where there is no such row,
-/// nothing is written and nothing said; a statement that fails shows a message box.
+/// Writes the labels into the program's row of the menu table. They must not contain quotes. Does nothing if there is
+/// no such row. A failed statement shows a message box.
 void StoreConditionLabels(const QString& menu, const QString& programId, const ConditionLabels& labels);

@@ -10,17 +10,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Searches by name would find no one, and no row would say why.
+/// With such a fault, searches by name find no rows, and no error is recorded.
 void RecordServerTextFaults() {
     try {
         for (const ServerTextFault& fault : FindServerTextFaults(Globals().MainConnection))
             RecordRunError(u"一般データベースの%1。次を実行すると直ります。%2"_s.arg(fault.what, fault.remedy));
     } catch (const database::DatabaseError&) {
-        // The statements of the start fail as well then, and are recorded.
+        // The other statements of the start then fail as well and are recorded.
     }
 }
 
-/// True also where the definition row names no known dialect and nothing was opened.
+/// Also true if the definition row has an unknown dialect and nothing was opened.
 bool OpenOrRecord() {
     try {
         OpenGeneralConnection();

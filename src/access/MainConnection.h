@@ -1,6 +1,6 @@
 #pragma once
 
-/// Opens the general database and loads the launching staff member. True when the staff step has run to its end,
-/// with or without anybody known. False after a refused opening, which leaves a row DB_OPEN ERROR in the history and
-/// shows nothing. A failed read of the staff step throws database::DatabaseError.
+/// Opens the general database and loads the launching staff member. True if both steps completed, even if the staff
+/// member is unknown. False if the database cannot be opened: a row DB_OPEN ERROR is recorded, no message shown. Throws
+/// database::DatabaseError if the staff member cannot be read.
 bool OpenMainConnection();

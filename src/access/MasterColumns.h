@@ -8,27 +8,27 @@
 
 #include "database/Database.h"
 
-/// A text that is stored as a PIN and kept in clear.
+/// A column stored as an encrypted PIN, whose field contains the clear text.
 template <typename Record>
 struct PinField {
     QString Record::*field;
 };
 
-/// A column of a master and the field it goes into. The kind of the field says how the stored text is read.
+/// A column of a master table and its target field. The field's type determines the conversion of the stored text.
 template <typename Record>
 struct MasterColumn {
     QStringView name;
     std::variant<QString Record::*, int Record::*, double Record::*, PinField<Record>> field;
 };
 
-/// The stored text as the field's kind wants it; what is not a number is 0. A Null leaves the target as it was.
-/// A PIN is turned into clear text by Services().pins.
+/// Converts the stored text to the field's type; text that is not a number becomes 0. A Null keeps the target's value.
+/// TakePin decrypts with Services().pins.
 void TakeText(const database::Field& stored, QString& target);
 void TakeNumber(const database::Field& stored, int& target);
 void TakeNumber(const database::Field& stored, double& target);
 void TakePin(const database::Field& stored, QString& target);
 
-/// Fills the fields from the current record. database::DatabaseError when the record lacks a column.
+/// Fills the fields from the current record. Throws database::DatabaseError if the record lacks a column.
 template <typename Record>
 void TakeColumns(const database::Recordset& row, std::span<const MasterColumn<Record>> columns, Record& target) {
     for (const MasterColumn<Record>& column : columns) {

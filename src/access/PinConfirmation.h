@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// Lets somebody sign in by PIN, in a modal dialog of that caption, and returns when it is gone. Whoever signed in is
-/// the launching staff member then and OperatorAuthenticated is set; after a cancelled dialog nobody is known.
+/// Shows a modal PIN dialog with this caption and returns when it has been closed. After a successful sign-in the
+/// person is the launching staff member and OperatorAuthenticated is set; after a cancel the staff member is unknown.
 void AskForPin(const QString& caption);

@@ -12,7 +12,7 @@ namespace {
 
 // Pixels.
 constexpr int kMargin = 12;
-constexpr int kLine = 34;  // from one line to the next
+constexpr int kLine = 34;  // pitch of the lines
 constexpr int kHeight = 28;
 constexpr int kTitleWidth = 100;
 constexpr int kItemLeft = kMargin + kTitleWidth + 4;
@@ -36,7 +36,7 @@ void MakeItem(Form& form, int line, const QString& type, const QString& name, co
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
     item->setGeometry(Place(kItemLeft, line, width));
     item->setReadOnly(displayOnly);
-    // Not white like the others: nobody is to try and type into it.
+    // Not white, since it accepts no input.
     if (displayOnly) item->SetBackColor(form.palette().color(QPalette::Window));
 }
 

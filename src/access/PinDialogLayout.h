@@ -2,5 +2,5 @@
 
 class Form;
 
-/// Puts the controls of the PIN dialog onto it, in tab order.
+/// Creates the controls of the PIN dialog in tab order.
 void BuildPinDialog(Form& form);

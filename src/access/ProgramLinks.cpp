@@ -15,12 +15,12 @@ namespace {
 const QString kStart = u"00"_s;
 const QString kEnd = u"99"_s;
 
-constexpr int kBeforeTheStart = 100;  // milliseconds between a start message and the start
-constexpr int kBetweenLooks = 20;     // milliseconds
+constexpr int kBeforeTheStart = 100;  // milliseconds between start message and program start
+constexpr int kBetweenLooks = 20;     // milliseconds, poll interval
 
 QString Present() { return TimeStamp(platform::Services().clock->Now()); }
 
-/// Between quotes of a statement. Blanks at the end stay, since they belong to a key.
+/// SQL literal. Trailing blanks are significant: they belong to a key.
 QString Quoted(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
 
 struct LinkMessage {
@@ -45,21 +45,21 @@ QString InsertStatement(const LinkMessage& message) {
            values.join(u", "_s) + u')';
 }
 
-/// Whoever looks at the channel next does so on a fresh connection. True when the message has been written.
+/// Reconnects after the write, so that the next read of the channel is up to date. True if the message was written.
 bool Post(const LinkMessage& message) {
     const bool written = ExecuteConfigSql(InsertStatement(message));
     ReconnectConfigConnection();
     return written;
 }
 
-/// Time of the start message that was received.
+/// Timestamp of the received start message.
 QString& StartedAt() {
     static QString time;
     return time;
 }
 
-/// The statement that takes a message out. Without `key` all messages go that were sent in the same second between the
-/// same programs; the start message goes that way, and a second one with it.
+/// DELETE of a received message. Without `key` it matches all messages sent in the same second between the same
+/// programs: a start message is removed this way, together with a second one of that second.
 QString DeleteStatement(const database::Recordset& message, const QString& kind, const QString& key = {}) {
     const auto value = [&](QStringView column) { return Quoted(message[column].TextOr(QString())); };
     const QString oneKey = key.isNull() ? QString() : u" AND 起動連携情報 = "_s + Quoted(key);
@@ -108,7 +108,7 @@ bool WriteEndLink(const QString& text) {
     try {
         LoadLaunchStaffCode();
     } catch (const platform::RuntimeError&) {
-        // Without the staff member the answer still has to go: the starter waits for it without an end.
+        // The answer must be sent even without the staff code: the starter waits for it without a timeout.
     }
     globals.LinkEndInfo = text;
     const QString now = Present();
@@ -150,7 +150,7 @@ void WaitForLinkedProgram(const QString& sibling, const QString& key, const QStr
     ProgramGlobals& globals = Globals();
     globals.LinkWaiting = true;
     QString answered;
-    // Without a time limit: somebody may sit in front of the sibling all day.
+    // No timeout: the user may work in the other program all day.
     while (answered.isEmpty()) {
         if (ReconnectConfigConnection()) answered = ReceiveEndLink(globals.ProgramId, sibling, key, earliest);
         platform::Services().clock->Sleep(kBetweenLooks);

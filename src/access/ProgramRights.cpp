@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kOfficeBoundClass = 3;
 
-/// Rights are inverted: a text that starts with no number, such as an empty one, allows too.
+/// Rights are inverted: 0 allows. Text that does not start with a number counts as 0.
 bool Allows(const QString& right) { return NumericValue(right) == 0; }
 
 bool IsSuiteMenu(const QString& menu) {
@@ -35,8 +35,8 @@ QString PersonalRuleStatement(const QString& menu, const QString& programId) {
     return sql + u" AND 担当者別操作許可プログラム.プログラムID = '"_s + programId + u'\'';
 }
 
-/// The rule made for this person and this program alone. Where there is one, its operation rights replace the
-/// person's general ones and the program's class counts for nothing.
+/// The rule for this person and program. If there is one, its operation rights replace the person's general ones and
+/// the program's class is ignored.
 std::optional<bool> PersonalRule(const QString& menu, const QString& programId) {
     StaffIdentity& staff = Globals().Staff;
     if (staff.LaunchingStaffCode.isEmpty()) return std::nullopt;
@@ -51,8 +51,8 @@ std::optional<bool> PersonalRule(const QString& menu, const QString& programId) 
     return result;
 }
 
-/// Work of class 3 belongs to a single office: with real offices nobody does it for the company as a whole, whatever
-/// the rights say, and without any everybody does.
+/// Programs of class 3 belong to a single office: if the company has offices, they are refused for "000" whatever the
+/// rights are; without offices they are always allowed.
 bool OfficeBoundWorkAllowed() {
     const ProgramGlobals& globals = Globals();
     if (globals.OfficeCount <= 0) return true;
@@ -67,7 +67,8 @@ bool ClassAllowed(int workClass) {
     return Allows(rights[static_cast<size_t>(workClass)]);
 }
 
-/// The menu's table says of which class the program is. A program that is not in its menu is refused.
+/// Checks the right to the program's class, which is stored in the menu's table. A program that is not in its menu is
+/// refused.
 bool MenuRule(const QString& menu, const QString& programId) {
     database::Recordset row;
     const QString sql = u"SELECT * FROM "_s + menu + u" WHERE プログラムID = '"_s + programId + u'\'';
@@ -102,7 +103,7 @@ bool LoadIdentityAndRights(const QString& menu, const QString& programId, int op
 
 bool CheckProgramPermission(const QString& menu, const QString& programId, int operation) {
     LoadIdentityAndRights(menu, programId, operation);
-    // Without PINs nobody can prove who he is, so rights are not enforced, whatever has just been read.
+    // Without PINs no user can be identified, so the rights that were just read are not enforced.
     if (Globals().PinRequired != 1) return true;
     if (Globals().OperatorAuthenticated) return true;
     AskForPin(menu + u"/暗証確認"_s);

@@ -1,5 +1,5 @@
 #pragma once
 
-/// First history row of a run: reads who launches it, then writes 開始 with the command line, whose quotes are
-/// doubled once, so that the stored text equals it. Whatever fails is swallowed.
+/// Writes the first history row of a run, 開始 with the command line, after reading the launching staff code. Quotes
+/// are doubled once here, so the stored text equals the command line. All errors are ignored.
 void RecordRunStart();

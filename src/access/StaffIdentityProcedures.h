@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Reads the code of the last sign-in from the configuration into LaunchingStaffCode. True when there is one.
+/// Reads the last sign-in's code from the configuration into LaunchingStaffCode. True if there is one.
 bool LoadLaunchStaffCode();
-/// Fills the staff identity from the staff master. True when the row exists; a Null leaves its field as it was.
+/// Fills the staff identity from the staff master. True if the row exists. A Null keeps the field's value.
 bool LoadStaffIdentity(const QString& code);

@@ -21,7 +21,7 @@ namespace {
 
 constexpr qint64 kStartLinkAge = 60;  // seconds
 
-/// A window may be destroyed while the program goes on, which would later use what it remembers of the window's items.
+/// Clears pointers to controls of a window that is destroyed while the program runs on.
 class GlobalsObserver : public FormObserver {
   public:
     void ControlRemoved(const Control& control) override {
@@ -35,7 +35,7 @@ class GlobalsObserver : public FormObserver {
     }
 };
 
-/// Nothing is read yet: the cipher looks for its key at the first PIN.
+/// The key file is not read before the first PIN is decrypted.
 void InstallPinCipher() {
     platform::Services().pins = std::make_unique<platform::SealedPins>(
         Globals().Layout.CommonConfFolder + platform::kPathSeparator + platform::PinKeyFileName(), RecordRunError);
@@ -46,12 +46,12 @@ bool OpenDataEnvironment(const QString& command) {
     InstallPinCipher();
     RecordRunStart();
     ReceiveStartLink(command, TimeStamp(platform::Services().clock->Now().addSecs(-kStartLinkAge)));
-    // Shared with the suite's menu program, the only one whose id this is.
+    // Shared with the suite's menu program, which is the only one with this id.
     if (Globals().ProgramId == u"販路推進"_s) PurgeOldData();
     return OpenMainConnection();
 }
 
-/// The flag says that it was opened once and stays as it is.
+/// `open` is the flag of a connection that was opened once; it is not reset.
 void CloseAndRelease(bool open, database::Connection& connection) {
     if (!open) return;
     connection.Close();

@@ -2,16 +2,17 @@
 
 #include <QString>
 
-// The start and the end that all programs of the suite share.
+// Start and end procedures shared by all programs of the suite.
 
 /// Clears pointers in ProgramGlobals to destroyed controls, and places new windows over the window that opened them.
 void ConnectFormsToGlobals();
-/// First step of every program of the suite: names it in ProgramGlobals and in its message boxes, and lets its windows
-/// know ProgramGlobals.
+/// Must be called first: sets the program's id and the title of its message boxes, and connects forms to
+/// ProgramGlobals.
 void BeginProgram(const QString& programId);
-/// Opens the data environment: layout, configuration, history row, start message, general database. False, without
-/// a message of its own, when anything in it fails. The start message is sought by the trimmed command line, filled
-/// with blanks again to `keyLength` characters where the keys of this program may end in blanks.
+/// Opens the data environment: layout, configuration, history row, start message, general database. False if any step
+/// fails; shows no message itself. The start message is matched by the trimmed command line, padded with blanks to
+/// `keyLength` characters for programs whose keys may end in blanks.
 bool InitializeData(int keyLength = 0);
-/// Answers whoever started this program, writes the last history row, closes the connections. Safe after any failure.
+/// Answers the program that started this one, writes the last history row, closes the connections. Safe after any
+/// failure.
 void TerminateData();

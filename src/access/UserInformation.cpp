@@ -10,8 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A company that cannot be read counts like one that is not there. A failed read has stopped the load on the way, so
-/// that nothing was corrected by what it seemed to say.
+/// A failed read is treated like a missing company. It has aborted the load, so nothing was corrected based on it.
 bool LoadedWithoutFailure() {
     try {
         return LoadCompanyInfo();
@@ -25,7 +24,7 @@ bool LoadedWithoutFailure() {
 bool LoadUserInformation() {
     const bool loaded = LoadedWithoutFailure();
     ProgramGlobals& globals = Globals();
-    // The office's own folder: where it has none the name begins with the separator, whatever the company's is.
+    // The office's own folder, not the company's. If it is empty, the name starts with the separator.
     globals.TextOutputFileName =
         globals.Office.テキスト出力フォルダ + platform::kPathSeparator + globals.ReportName + u".CSV"_s;
     return loaded;

@@ -1,5 +1,5 @@
 #pragma once
 
-/// Company, office and the name under which a text output is first offered. False when there is no company row, and
-/// when any read on the way fails: the run history has its statement.
+/// Loads company and office and sets the default file name of a text output. False if there is no company row or any
+/// read fails; the failed statement is in the run history.
 bool LoadUserInformation();

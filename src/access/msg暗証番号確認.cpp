@@ -17,7 +17,7 @@ namespace {
 constexpr int kTooShort = 3;
 const QString kCodeMask = u"00000"_s;
 
-/// Who works here, today still included only if the last day lies after it, and for the office in scope.
+/// Enrolled staff (on their last day no longer) of the office in scope or of the whole company.
 QString StaffStatement(const QString& column, const QString& value) {
     const QString today = platform::Services().clock->Now().toString(u"yyyyMMdd"_s);
     return u"SELECT M担当者.* FROM M担当者 WHERE M担当者."_s + column + u" = '"_s + value +
@@ -27,7 +27,7 @@ QString StaffStatement(const QString& column, const QString& value) {
            u"' OR M担当者.事業所コード = '000')"_s;
 }
 
-/// A Null allows here, while at a start it leaves the right as it was.
+/// A Null allows here, whereas the load at the start keeps the right's value.
 void TakeRights(const database::Recordset& record) {
     StaffIdentity& staff = Globals().Staff;
     staff.LoginId = record[u"ログインID"].TextOr(QString());
@@ -57,8 +57,8 @@ msg暗証番号確認::~msg暗証番号確認() { platform::WipeText(clearPin_);
 
 void msg暗証番号確認::WireItems() {
     Control &code = Item(u"担当者コード"_s), &pin = Item(u"暗証番号"_s), &cancel = Item(u"btn_キャンセル"_s);
-    // Moving on from the PIN, or clicking, brings the focus here, and that confirms. A click of its own would confirm
-    // a second time.
+    // btn_OK gets the focus when the PIN is left or the button is clicked, and that confirms. A Click handler would
+    // confirm twice.
     Item(u"btn_OK"_s).GotFocus = [this] { ConfirmPinEntry(); };
     cancel.Click = [this] { UnloadForm(); };
     Closing = cancel.Click;
@@ -81,7 +81,7 @@ void msg暗証番号確認::OnLoad() {
     Globals().Staff.LaunchingStaffCode.clear();
     bool found = false;
     LookUpStaffByLogin(Globals().OsUserName, found);
-    // It stays visible, so that everybody sees as whom he is about to sign in.
+    // Stays visible, so that users see as whom they sign in.
     if (found) Item(u"担当者コード"_s).SetEnabled(false);
 }
 
@@ -95,7 +95,7 @@ void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found)
 }
 
 void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) {
-    // First of all: with a code that is not found, the PIN of the person before would sign in under that code.
+    // Must be first: otherwise an unknown code could be used with the PIN of the previous person.
     platform::WipeText(clearPin_);
     database::Recordset record;
     found = OpenRecordset(record, StaffStatement(u"コード"_s, code), false);
@@ -108,7 +108,8 @@ void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) 
     CloseQuietly(record);
 }
 
-// Stored PINs are taken as they are: one with small letters can't be typed. The office's own opens any code.
+// The entry is upper case but stored PINs are not converted, so a stored PIN with lower-case letters cannot be entered.
+// The office's privileged PIN matches for any code.
 bool msg暗証番号確認::Matches(const QString& entry) const {
     return entry == Globals().Office.特権暗証番号 || entry == clearPin_;
 }
@@ -129,7 +130,7 @@ void msg暗証番号確認::SignIn() {
 
 void msg暗証番号確認::ConfirmPinEntry() {
     const QString entry = Item(u"暗証番号"_s).Text().toUpper();
-    // Also keeps an empty PIN, such as one that could not be opened, from letting anybody in.
+    // Also rejects an empty PIN, e.g. if the stored one could not be decrypted.
     if (entry.size() <= kTooShort) return Refuse(u"暗証番号を入力してください。"_s);
     if (!Matches(entry)) return Refuse(u"暗証番号が違います。"_s);
     SignIn();

@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A line of the catalogue: names apart by blanks, several indexes apart by "/".
+// Names are separated by blanks, indexes by "/".
 struct CatalogueLine {
     DatabaseKind store;
     const char16_t* name;
@@ -16,7 +16,7 @@ struct CatalogueLine {
 const QString kOperationRights =
     u" 操作許可 入力許可 修正許可 削除許可 印刷許可 プレビュ許可 テキスト出力許可 イメージ出力許可"_s;
 
-// Both the company and an office carry these, since an office may override its company field by field.
+// Shared by company and office, since an office may override each of these.
 const QString kFolders =
     u" 総合振込ファイル 基本読込フォルダ 帳票イメージフォルダ その他読込ファイル 本支店連携フォルダ"
     u" テキスト出力フォルダ BACKUPフォルダ"_s;
@@ -65,8 +65,8 @@ const QString kPartnerColumns =
     u" 納品先更新有無区分 仕入先更新有無区分 メーカ更新有無区分 対応先更新有無区分 商品更新有無区分"
     u" 社員更新有無区分"_s;
 
-// The look-up of the last view compares the first six and takes the newest; with 閲覧区分 at the end the index
-// alone answers it.
+// The query for the last view compares the first six columns and takes the newest row. With 閲覧区分 as the last column
+// this is a covering index.
 const QString kViewLogIndex =
     u"担当者コード 閲覧情報 キー項目 伝票事業所コード 伝票番号基準日付 伝票No 閲覧日付 閲覧時刻 閲覧区分"_s;
 

@@ -6,15 +6,15 @@
 
 #include "database/Database.h"
 
-// What the suite keeps in which table. The programs create and alter no table; the set-up tool makes them all from
-// here, and whoever opens a database learns from here which columns hold words.
+// The suite's tables. The programs do not create or alter tables; the setup tool creates all of them from this
+// catalogue. Connections take from it which columns contain words.
 
-/// The database file that a table lies in.
+/// The database file of a table.
 enum class DatabaseKind { General, Configuration, Report, Forms };
 
 struct ColumnDefinition {
     QString name;
-    QString type;  ///< declared type: TEXT for codes, dates and numbers too, since the suite compares them as text
+    QString type;  ///< always TEXT, also for codes, dates and numbers: the suite compares them as text
 };
 
 struct TableDefinition {
@@ -22,14 +22,14 @@ struct TableDefinition {
     QString name;
     QList<ColumnDefinition> columns;  ///< in the order in which the suite writes them
     QStringList key;                  ///< columns of the primary key; empty for logs, messages and work tables
-    QList<QStringList> indexes;       ///< columns of each further index
+    QList<QStringList> indexes;       ///< columns of each secondary index
 };
 
-/// Every table of the suite that a program of it reads or writes.
+/// All tables that the suite's programs read or write.
 const QList<TableDefinition>& SuiteTables();
 
-/// The table of that name, spelled exactly. DatabaseError kItemNotFound for an unknown one.
+/// The table of that exact name. Throws database::DatabaseError kItemNotFound if it is unknown.
 const TableDefinition& SuiteTable(DatabaseKind store, const QString& name);
 
-/// Which columns the desktop engine sorts as words, and which it compares without letter case.
+/// Columns that the desktop engine sorts by word collation, and columns that it compares case-insensitively.
 database::TextRules SuiteTextRules();

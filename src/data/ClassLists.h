@@ -3,5 +3,5 @@
 #include <QString>
 #include <QStringList>
 
-/// The names of a class table in the order of 区分, "" for a Null. A table that cannot be read counts as empty.
+/// Names of a class table in the order of 区分, "" for a Null. Empty if the table cannot be read.
 QStringList ReadClassNames(const QString& table);

@@ -6,39 +6,39 @@
 #include "database/Database.h"
 #include "globals/EnvironmentDefinition.h"
 
-/// `name` with the ending of that generation of desktop files, "repdb" to "repdb.accdb"; empty without a kind.
+/// Appends the extension of the file kind: "repdb" becomes "repdb.accdb". Empty for kNoFile.
 QString DesktopFileName(const QString& name, int kind);
 
-/// A desktop database file's string, without an account. `path` goes behind "Data Source=" as it stands. Without a kind
-/// the string names no provider and cannot be opened.
+/// Connection string of a desktop database file, without an account. `path` is appended to "Data Source=" unchanged.
+/// For kNoFile the string has no provider, and opening it fails.
 QString DesktopConnectionString(int kind, const QString& path);
 
-/// The configuration database's string. `path` goes behind "Data Source=" as it stands, with its ";" if it has one.
-/// Without a kind the string names no provider and cannot be opened.
+/// Connection string of the configuration database. `path` is appended to "Data Source=" unchanged, including a
+/// trailing ";". For kNoFile the string has no provider, and opening it fails.
 QString ConfigConnectionString(int kind, const QString& path);
 
-/// The configuration file in use for that string. The ";" behind it belongs to it; the common file, opened
-/// first, goes without.
+/// Path of the configuration file in use with the trailing ";" that its connection string has. The common file, which
+/// is opened first, has none.
 QString UserConfigDataSource();
 
-/// The general database's string by dialect; none where `db` is not exactly "A", "S" or "O".
+/// Connection string of the general database by dialect; nullopt unless `db` is exactly "A", "S" or "O".
 std::optional<QString> GeneralConnectionString(const GeneralDatabaseDefinition& definition);
 
-/// Settings of every connection, to be made before Open: wait 60 s for a server, let a statement run for 30,000 s,
-/// read results whole.
+/// Settings of every connection; call before Open: 60 s connection timeout, 30,000 s statement timeout, client-side
+/// cursor.
 void ApplyConnectionSettings(database::Connection& connection);
 
-/// Puts a new configuration connection in place and opens it. Throws database::DatabaseError.
+/// Replaces the configuration connection by a new one and opens it. Throws database::DatabaseError.
 void OpenConfigConnection(const QString& connectionString);
 
-/// Closes the configuration connection and opens it anew on the file in use, so that the next look at a shared
-/// table sees what other programs wrote. False, without a trace, when that fails: writes fail quietly from then on.
+/// Reopens the configuration connection on the file in use, so that the next read sees the writes of other programs.
+/// False if that fails, without a message or history row; later writes then fail silently.
 bool ReconnectConfigConnection();
 
-/// Opens the general database by its definition row, for reading only. Where the row names no known dialect nothing
-/// is opened and nothing said; the first query then fails by itself. Throws database::DatabaseError.
+/// Opens the general database by its definition row, read-only. If the row has an unknown dialect, nothing is opened or
+/// reported, and the first query fails. Throws database::DatabaseError.
 void OpenGeneralConnection();
 
-/// Opens the general database on a connection of the caller's own, for writing, by the same row. Throws
-/// database::DatabaseError, kProviderNotFound where the row names no known dialect.
+/// Opens the general database by the same row on the caller's connection, for writing. Throws database::DatabaseError,
+/// kProviderNotFound for an unknown dialect.
 void OpenForWriting(database::Connection& connection);

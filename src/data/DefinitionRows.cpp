@@ -33,7 +33,7 @@ constexpr std::array<QStringView, 7> kWeekdays = {u"月曜バックアップ", u
                                                   u"木曜バックアップ", u"金曜バックアップ", u"土曜バックアップ",
                                                   u"日曜バックアップ"};
 
-/// Null in the two leading columns is an error, as it always was; `db` is compared untrimmed later on.
+/// Null in `db` or `dbmw` is an error, as it always was. `db` is not trimmed, since it is compared exactly.
 void TakeDefinition(const database::Recordset& record) {
     GeneralDatabaseDefinition& definition = Globals().GeneralDatabase;
     definition.db = record[u"db"].Text();
@@ -67,7 +67,7 @@ void TakeBackup(const database::Recordset& record) {
     environment.BackupFolder = TextOf(record, u"バックアップフォルダ");
 }
 
-/// Close is not quieted: after a failed read it raises, and that ends the start.
+/// Close throws after a failed read, which is meant to abort the start.
 template <typename Take>
 void ReadRow(const QString& sql, Take take) {
     database::Recordset record;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype kNameBuffer = 255;
 
-/// A desktop database file as it was found; empty path and kNoFile without one.
+/// A desktop database file; empty path and kNoFile if not found.
 struct FoundFile {
     QString path;
     int kind = kNoFile;
@@ -31,8 +31,8 @@ FoundFile ProbeDatabase(const QString& folder, const QString& name) {
     return {};
 }
 
-/// The path up to the marker folder, with the separator before it. The first occurrence counts, wherever in the
-/// path it stands, and "prgbin" is sought in the whole path before "prgsrc".
+/// The path before the marker folder, including the separator. The first occurrence anywhere in the path counts, and
+/// "prgbin" takes precedence over "prgsrc".
 std::optional<QString> FindRootPrefix(const QString& applicationFolder) {
     for (const QStringView marker : {u"prgbin", u"prgsrc"}) {
         const qsizetype found = applicationFolder.indexOf(marker, 0, Qt::CaseInsensitive);
@@ -48,7 +48,7 @@ void ReadNames() {
     globals.UserId = globals.OsUserName;
 }
 
-/// The user's name becomes a folder under "users": it must not lead anywhere else.
+/// The user name becomes a folder below "users", so it must not contain or be a relative path.
 bool IsUsableFolderName(const QString& name) {
     return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u'/') && !name.contains(u'\\');
 }
@@ -62,7 +62,7 @@ void SetFolders(const QString& prefix) {
     layout.ManualFolder = prefix + u"manual"_s;
 }
 
-/// Path of the common configuration file, empty without one.
+/// Returns the path of the common configuration file, empty if there is none.
 QString ProbeFiles(const QString& prefix) {
     InstallationLayout& layout = Globals().Layout;
     const FoundFile general = ProbeDatabase(prefix + u"data"_s, u"gnrdb"_s);
@@ -80,7 +80,7 @@ void ShowOpenError(const platform::RuntimeError& error) {
                                               QString());
 }
 
-/// Names, folders, files and the first opening, on the common configuration file.
+/// Determines names, folders and files, then opens the common configuration file.
 bool OpenCommonConfig() {
     ProgramGlobals& globals = Globals();
     globals.ConfigConnectionOpen = false;
@@ -104,7 +104,7 @@ bool OpenCommonConfigOrTell() {
     }
 }
 
-/// With any install kind but 0 and 1 both folders stay empty, and the second opening fails by itself.
+/// For install kinds other than 0 and 1 both folders stay empty, so the second opening fails.
 void ChooseFoldersInUse() {
     ProgramGlobals& globals = Globals();
     InstallationLayout& layout = globals.Layout;
@@ -120,7 +120,7 @@ void ChooseFoldersInUse() {
     }
 }
 
-/// The flag stays True meanwhile, also when the second opening fails.
+/// ConfigConnectionOpen stays true in between, even if the second opening fails.
 void OpenConfigInUse() {
     ProgramGlobals& globals = Globals();
     globals.ConfigConnection.Close();
@@ -149,8 +149,8 @@ QString CutAtNull(const QString& text) {
     return found > 0 ? text.first(found) : QString();
 }
 
-// The common file alone can say whether a private one exists, so it is read first; the private one, once in use,
-// decides every field that the program keeps.
+// The common file determines whether there is a private one, so it is read first. If a private one is used, all
+// definition fields come from it.
 bool LoadEnvironment() {
     if (!OpenCommonConfigOrTell()) return false;
     ReadGeneralDatabaseDefinition();

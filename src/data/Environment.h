@@ -2,18 +2,18 @@
 
 #include <QString>
 
-/// Pixels of the primary screen into ScreenSize.
+/// Sets ScreenSize to the primary screen's size in pixels.
 void MeasureScreen();
 
-/// Names of the user and of the computer; empty where the system gives none.
+/// Name of the user or the computer; empty if the system returns none.
 QString ReadOsUserName();
 QString ReadComputerName();
 
-/// The text before the first NUL; empty when the NUL stands first or there is none.
+/// The text before the first NUL; empty if it starts with NUL or contains none.
 QString CutAtNull(const QString& text);
 
-/// Finds the installation around the running program, reads its definition rows and leaves the configuration
-/// connection open on the file in use. The value of ConfigConnectionOpen; False, and no message, where there is no
-/// installation, no configuration file or no usable user name. A configuration file that cannot be opened is told
-/// in a message box. What fails after that opening throws platform::RuntimeError.
+/// Determines the installation from the program's folder, reads its definition rows and leaves the configuration
+/// connection open on the file in use. Returns ConfigConnectionOpen: false without a message if there is no
+/// installation, no configuration file or no usable user name. If the common configuration file cannot be opened, a
+/// message box is shown. Throws platform::RuntimeError if a later step fails.
 bool LoadEnvironment();

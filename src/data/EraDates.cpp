@@ -10,14 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A stored date cut by position, whatever stands there. Lives no longer than the date.
+/// Slices a stored date by position without validation. Must not outlive the date.
 struct StoredDate {
     explicit StoredDate(QStringView date) : year(date.mid(0, 4)), month(date.mid(4, 2)), day(date.mid(6, 2)) {}
     QStringView year, month, day;
 };
 
 struct Era {
-    QString start;  ///< yyyymmdd; empty for the row that stands for the western calendar
+    QString start;  ///< yyyymmdd; empty for the row of the western calendar
     QString name;
 };
 
@@ -30,8 +30,7 @@ std::optional<Era> FindEra(const QString& date) {
     return era;
 }
 
-/// The calendar year in which the era begins is year 1, and it changes on the first of January, whatever day the
-/// era began.
+/// Year 1 is the calendar year in which the era begins, and years change on 1 January, whatever the era's first day is.
 QString EraYear(const StoredDate& date, const Era& era) {
     return FormatByMask(NumericValue(date.year) - NumericValue(QStringView(era.start).mid(0, 4)) + 1, u"00"_s);
 }

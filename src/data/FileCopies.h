@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// True for an existing file that is not a folder.
+/// True if the path is an existing file, not a folder.
 bool FileExistsCheck(const QString& path);
-/// Copies over whatever stands at the target. A failure gives False and no message.
+/// Copies and overwrites the target. Returns false on failure, shows no message.
 bool CopyFileOver(const QString& source, const QString& target);

@@ -10,14 +10,14 @@ namespace {
 
 bool IsSeparator(QChar sign) { return sign == u'\\' || sign == platform::kPathSeparator.front(); }
 
-/// Place of the next separator at or behind `from`, -1 without one.
+/// Index of the next separator at or after `from`, -1 if there is none.
 qsizetype NextSeparator(const QString& path, qsizetype from) {
     for (qsizetype at = from; at < path.size(); ++at)
         if (IsSeparator(path[at])) return at;
     return -1;
 }
 
-/// Where the search for folders begins, -1 where there is nothing to make. Server and share can't be made from here.
+/// Index after which folders are created, -1 if there are none. Server and share of a network path cannot be created.
 qsizetype StartOfFolders(const QString& path) {
     if (const qsizetype network = path.indexOf(u"\\\\"_s); network >= 0) {
         const qsizetype server = NextSeparator(path, network + 2);

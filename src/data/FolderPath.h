@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Makes the folders that are missing on the way to the last separator of a path; what stands behind it may be a file's
-/// name and is left alone. Network paths (with "\\", server and share taken as they are), drive paths (with ":\") and
-/// absolute paths of this platform; any other path is left alone. Either separator counts. A folder that can't be made
-/// ends it with a message box, and nothing rises.
+/// Creates the missing folders up to the last separator of a path; the part after it may be a file name. Accepts
+/// network paths ("\\", server and share must exist), drive paths (":\") and absolute paths of this platform; does
+/// nothing for others. Both separators are accepted. If a folder cannot be created, stops with a message box; throws
+/// nothing.
 void EnsureFolderPath(const QString& path);

@@ -15,8 +15,8 @@ namespace {
 struct AgedTable {
     QStringView table;
     QStringView stampColumn;
-    int months;  ///< calendar months kept
-    int days;    ///< days kept
+    int months;  ///< age in calendar months
+    int days;    ///< plus days
 };
 
 constexpr std::array kAgedTables = {
@@ -32,7 +32,7 @@ QString AgedRows(const AgedTable& aged) {
            TimeStamp(limit) + u"'"_s;
 }
 
-/// The probe keeps the DELETE, and with it the lock for writing, from a table with nothing to do.
+/// The SELECT avoids a DELETE, and its write lock, on a table without aged rows.
 void PurgeTable(const AgedTable& aged) {
     database::Recordset record;
     const bool found = OpenConfigRecordset(record, u"SELECT *"_s + AgedRows(aged));

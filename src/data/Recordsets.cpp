@@ -13,7 +13,7 @@ bool OpenOn(database::Connection& connection, database::Recordset& recordset, co
     return !recordset.AtBOF() && !recordset.AtEOF();
 }
 
-/// A failing statement on the history table must not write into the history table.
+/// A failed statement on the history table must not write to the history table.
 void RecordConfigFailure(const database::DatabaseError& error, const QString& sql) {
     if (!sql.contains(u"プログラム稼動履歴"_s, Qt::CaseInsensitive)) RecordRunError(error.Description() + sql);
 }

@@ -4,22 +4,22 @@
 
 #include "database/Database.h"
 
-// All access to the general database and to the configuration database. None of these shows a message: a failed
-// read looks like an empty result, and its trace is a row エラー of the run history with the description followed
-// by the statement.
+// All access to the general database and the configuration database. No function shows a message: a failed read looks
+// like an empty result and leaves a row エラー in the run history with the description followed by the statement.
 //
-// The recordset is the caller's to close, also when the result is False. False with an open recordset means no
-// rows; after a failure it is not open, and Close() raises: that is how a failed read stops a start.
+// The caller closes the recordset, also if the result is false. If false, an open recordset means no rows; after a
+// failure it is not open and Close() throws, which is how a failed read aborts a start.
 
-/// True when the statement on the general database gave a row. `record` asks for a row 出力終了 with the statement.
+/// True if the statement on the general database returned a row. `record` requests a history row 出力終了 with the
+/// statement.
 bool OpenRecordset(database::Recordset& recordset, const QString& sql, bool record);
-/// True when the statement on the configuration database gave a row. A failing statement that names the history
-/// table writes no error row.
+/// True if the statement on the configuration database returned a row. A failed statement that names the history table
+/// writes no error row.
 bool OpenConfigRecordset(database::Recordset& recordset, const QString& sql);
-/// True when the statement ran on the configuration database.
+/// True if the statement on the configuration database succeeded.
 bool ExecuteConfigSql(const QString& sql);
-/// The same, and a row 出力終了 with the statement follows a success.
+/// The same; success is followed by a history row 出力終了 with the statement.
 bool ExecuteConfigSqlLogged(const QString& sql);
 
-/// Closes a recordset that may never have opened, for callers that go on either way.
+/// Closes a recordset that may not be open, for callers that continue in either case.
 void CloseQuietly(database::Recordset& recordset) noexcept;

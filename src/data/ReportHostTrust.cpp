@@ -16,11 +16,11 @@ const QString kAssociationKey = u"Software\\Microsoft\\Windows\\CurrentVersion\\
 const QString kOldSecurityKey = u"Software\\Microsoft\\Office\\11.0\\Access\\Security"_s;
 const QString kHostProgram = u"MSACCESS.EXE"_s;
 
-/// What a version of the host needs. OFFICE17 reads the settings of 16.0 like the version before it, and only OFFICE18
-/// goes on to 17.0. There has never been a 13.
+/// The setting that a host version requires. OFFICE17 reads the settings of 16.0 like OFFICE16, only OFFICE18 uses
+/// 17.0. There is no version 13.
 enum class Need { Association, SecurityLevel, Location };
 struct HostVersion {
-    QStringView word, mixedWord;  ///< as folders are spelled; looked for letter by letter
+    QStringView word, mixedWord;  ///< spellings in the host's folder; case-sensitive
     Need need;
     QStringView version;
 };
@@ -89,8 +89,8 @@ bool SetOldSecurityLevel(const QString& hostFolder) {
     return true;
 }
 
-// The status that is looked at behind each of the two values is the one of closing the list of locations. It has always
-// been so: where a value can't be written, nobody is told, and the result is True.
+// The status checked after each of the two writes is that of closing the list of locations, as it always was: a failed
+// write of a value is not reported, and the result is true.
 bool TrustReportFolder(const QString& hostFolder, const QString& reportFolder, const QString& version) {
     const bool associated = SetHostAssociation(hostFolder);
     Registry& registry = *Services().registry;

@@ -2,30 +2,29 @@
 
 #include <QString>
 
-// What the report host of this machine needs, so that it opens the forms file without asking anybody. All of it is
-// written to the user's part of the registry. No failure stops the caller; those that the user should know of are shown
-// in message boxes.
+// Settings of this machine's report host that let it open the template file without a security prompt. They are written
+// to the user's part of the registry. A failure does not stop the caller; relevant ones show a message box.
 
-/// Finds the host by the machine's registry (its folder is kept in DiscoveredHostFolder) and makes the settings that
-/// its version needs, for UserReportFolder. True when they were made, so also: a known host is there.
+/// Finds the host in the machine's registry, stores its folder in DiscoveredHostFolder and makes the settings that its
+/// version requires for UserReportFolder. True if they were made, i.e. a known host is installed.
 bool PrepareReportHost();
 
-/// Makes the host the program for forms files. `hostFolder` ends with its separator. True when the associations could
-/// be opened.
+/// Registers the host as the program for template files. `hostFolder` ends with a separator. True if the key of the
+/// associations could be opened.
 bool SetHostAssociation(const QString& hostFolder);
 
-/// Association, and the security level of the one version that has a level. True when the level's key could be opened
-/// or made, otherwise the association's result.
+/// Sets the association, and the security level of the one version that has it. True if the level's key could be opened
+/// or created, otherwise the association's result.
 bool SetOldSecurityLevel(const QString& hostFolder);
 
-/// Association, and a trusted location for `reportFolder` (without closing separator). `version` is the name of the
-/// version's key, "12.0". True when the location's key could be opened; whether its values could be written goes
-/// unnoticed. Otherwise the association's result.
+/// Sets the association, and makes `reportFolder` (without a trailing separator) a trusted location. `version` is the
+/// version's key, e.g. "12.0". True if the location's key could be opened, even if its values could not be written;
+/// otherwise the association's result.
 bool TrustReportFolder(const QString& hostFolder, const QString& reportFolder, const QString& version);
 
-/// The key of all trusted locations of a version, in the user's part.
+/// The key of a version's trusted locations in the user's part.
 QString TrustedLocationsKey(const QString& version);
-/// True when the folder bears the word of a version.
+/// True if the folder's name contains a known version.
 bool IsKnownHost(const QString& hostFolder);
-/// Version of the host in this folder by whose locations it trusts; empty where it knows no locations, or is unknown.
+/// The version key whose trusted locations apply to the host in this folder; empty if it has none or is unknown.
 QString TrustVersionOf(const QString& hostFolder);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Runs the common row and forgets a failure: the history must never stand in the way of what it tells of.
+/// Ignores a failure: the history must not disturb what it records.
 void WriteSwallowing(const QString& content) {
     try {
         InsertHistoryRow(content);
@@ -20,7 +20,7 @@ void WriteSwallowing(const QString& content) {
 
 QString QuotedTwice(const QString& text) { return QuoteSqlText(QuoteSqlText(text)); }
 
-/// The update monitor of the suite repeats this one text by the minute. No other program leaves anything out.
+/// The suite's update monitor would log this text every minute.
 bool IsMonitorNoise(const QString& text) {
     return Globals().ProgramId.contains(u"更新モニタ"_s, Qt::CaseInsensitive) &&
            text.contains(u"未集計情報"_s, Qt::CaseInsensitive);

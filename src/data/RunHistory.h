@@ -2,19 +2,18 @@
 
 #include <QString>
 
-// Writers of プログラム稼動履歴. They never disturb the work that they record: whatever the INSERT runs into is
-// swallowed, and the row's number stays used up.
+// Write to プログラム稼動履歴. They do not disturb the operation that they record: a failed INSERT is ignored, except
+// in InsertHistoryRow, and its number stays used.
 
-/// The statement of the common row with the present time, ProcCounter as it stands, office, staff member and user.
-/// `content` stands between the statement's quotes as it is.
+/// INSERT of a history row with the current time, ProcCounter, office, staff member and user. `content` is put between
+/// quotes unchanged, so the caller must escape it.
 QString BuildHistoryStatement(const QString& content);
-/// The common row: takes the time, adds 1 to ProcCounter and runs the INSERT on the configuration connection.
-/// Throws database::DatabaseError.
+/// Increments ProcCounter and inserts a history row through the configuration connection. Throws
+/// database::DatabaseError.
 void InsertHistoryRow(const QString& content);
 
 void RecordRunEnd();
-/// `text` is quoted twice, so that a stored statement reads with its quotes doubled. That is how the history has
-/// always shown statements.
+/// `text` is escaped twice, so a statement is stored with its quotes doubled, as the history has always contained it.
 void RecordOutputStart(const QString& text);
 void RecordOutputEnd(const QString& text);
 void RecordRunError(const QString& text);

@@ -16,13 +16,13 @@ bool IsIndexed(const TableDefinition& table, const QString& column) {
                                                      [&](const QStringList& index) { return index.contains(column); });
 }
 
-// The longest index has nine columns, and the engine takes 3,072 bytes of four for each character.
+// The longest index has nine columns, and an index key is limited to 3,072 bytes at four bytes per character.
 QString MariaDbType(const TableDefinition& table, const QString& column) {
     return IsIndexed(table, column) ? u"VARCHAR(80)"_s : u"LONGTEXT"_s;
 }
 
 QString Type(const QString& engine, const TableDefinition& table, const QString& column) {
-    // A column that is added later would get the database's own collation.
+    // Explicit, since a column that is added later would get the database's default collation.
     const QString type = IsPostgres(engine)
                              ? u"text COLLATE \"C\""_s
                              : MariaDbType(table, column) + u" CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"_s;
@@ -48,15 +48,15 @@ QString TableStatement(const QString& engine, const TableDefinition& table) {
     return u"CREATE TABLE "_s + ServerName(engine, table.name) + u" ("_s + parts.join(u", "_s) + u')' + settings;
 }
 
-// Nulls come first in every order of the suite, and an index serves an order only if they do so in it too.
+// All orders of the suite put Nulls first; an index with another placement would not be used.
 QString IndexStatement(const QString& engine, const QString& table, const QString& name, const QStringList& keys) {
     const QString place = IsPostgres(engine) ? u" NULLS FIRST"_s : QString();
     return u"CREATE INDEX "_s + ServerName(engine, name) + u" ON "_s + ServerName(engine, table) + u" ("_s +
            keys.join(place + u", "_s) + place + u')';
 }
 
-// Orders by names that lists of staff are asked for. The keys cost far more than the rest of a statement, unless they
-// lie in an index.
+// Indexes for the staff lists' orders by name. Computing the sort keys costs far more than the rest of a statement,
+// unless they are in an index.
 QList<QStringList> TextOrders(const QString& engine, const TableDefinition& table) {
     if (!IsPostgres(engine) || table.name != u"M担当者"_s) return {};
     const auto key = [&](const QString& column) {

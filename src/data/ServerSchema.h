@@ -6,39 +6,38 @@
 
 #include "data/Catalogue.h"
 
-// The tables of the general database on a server. Names and columns are those of the catalogue; texts are compared
-// exactly, by their characters' codes, whatever the server's own settings are.
+// DDL of the general database on a server. Table and column names are those of the catalogue. Texts are compared
+// exactly, by code point, whatever the server's settings are.
 
-/// What makes a schema, in the order of its use: functions and tables, then the rows of whoever fills it, then the
-/// indexes, which are quicker to make behind them.
+/// Statements of a schema in the order of execution: functions and tables, then the caller's rows, then the indexes,
+/// which are faster to build on existing rows.
 struct ServerSchema {
     QStringList tables;
     QStringList indexes;
 };
 
-/// One index and the statement that makes it.
+/// An index and its CREATE statement.
 struct ServerIndex {
     QString name;
     QString statement;
 };
 
-/// For the tables given, on an engine by the name that its driver reports. kProviderNotFound for an engine whose schema
-/// is not known here.
+/// Schema of the given tables. `engine` is the name reported by the driver. Throws database::DatabaseError
+/// kProviderNotFound for an unsupported engine.
 ServerSchema ServerSchemaOf(const QString& engine, const QList<TableDefinition>& tables);
 
-/// The indexes of one table beside its key.
+/// The indexes of one table except the primary key.
 QList<ServerIndex> ServerIndexesOf(const QString& engine, const TableDefinition& table);
 
-/// The statement that adds a column to a table that is there.
+/// Statement that adds a column to an existing table.
 QString AddServerColumnStatement(const QString& engine, const TableDefinition& table, const ColumnDefinition& column);
 
-/// Functions that a schema on the engine brings along, by their names: the statements that make them, anew where they
-/// are there.
+/// Functions of the engine's schema: name and the statement that creates or replaces it.
 QList<std::pair<QString, QString>> ServerFunctionsOf(const QString& engine);
 
-/// Name as the engine keeps it: with or without its quotes.
+/// ServerName: the identifier for a statement, quoted if the engine needs it. KeptServerName: as the engine stores it.
 QString ServerName(const QString& engine, const QString& name);
 QString KeptServerName(const QString& engine, const QString& name);
 
-/// The tables of the catalogue that lie in one store.
+/// The catalogue's tables of one database.
 QList<TableDefinition> TablesOf(DatabaseKind store);

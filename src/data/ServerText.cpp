@@ -18,7 +18,7 @@ QList<QStringList> Rows(database::Connection& connection, const QString& sql) {
     return rows;
 }
 
-/// The column by the names that the engine keeps.
+/// The catalogue's column for a column name as stored by the engine.
 const ColumnDefinition* SuiteColumn(const QString& engine, const TableDefinition& table, const QString& kept) {
     for (const ColumnDefinition& column : table.columns)
         if (KeptServerName(engine, column.name).compare(kept, Qt::CaseInsensitive) == 0) return &column;
@@ -52,7 +52,7 @@ class Search {
         }
     }
 
-    /// Versions that know no such collations do not know the column either.
+    /// Older server versions have no nondeterministic collations and lack the queried column, so the statement fails.
     QList<QStringList> NondeterministicColumns() {
         try {
             return Rows(general_,
@@ -80,7 +80,7 @@ class Search {
             }
     }
 
-    /// Exact are those that compare codes and do not pad with blanks; a column of bytes has none.
+    /// Exact collations compare code points without blank padding. Columns of bytes have no collation.
     static bool IsExact(const QString& collation) {
         return collation.endsWith(u"_nopad_bin"_s) || collation.endsWith(u"_0900_bin"_s) || collation == u"binary"_s;
     }
@@ -101,7 +101,7 @@ class Search {
             }
     }
 
-    /// Of the columns that one command puts right, the first is named.
+    /// Reports only the first of several columns with the same remedy.
     void Add(const QString& table, const QString& column, const QString& collation, const QString& remedy) {
         if (!faults_.isEmpty() && faults_.last().remedy == remedy) return;
         faults_.append(

@@ -5,15 +5,13 @@
 
 #include "database/Database.h"
 
-/// Something of a general database on a server by which texts are compared otherwise than the suite counts on, or not
-/// at all.
+/// A setting of a server database due to which texts are compared differently than the suite expects, or not at all.
 struct ServerTextFault {
-    QString what;    ///< a sentence for people, without its full stop
-    QString remedy;  ///< the command that puts it right
+    QString what;    ///< a Japanese sentence without the full stop
+    QString remedy;  ///< the command that fixes it
 };
 
-/// Finds functions for searches and orders by names that are missing or that the account may not use, and columns
-/// of the suite whose collation takes different texts for equal: a search by code or login name would find other rows.
-/// Empty for a desktop file, and for an engine that gets statements as they are written. Throws
-/// database::DatabaseError.
+/// Finds missing or inaccessible functions for searches and orders by name, and columns whose collation treats
+/// different texts as equal, so that a search by code or login name would find other rows. Empty for a desktop file and
+/// for an engine that gets statements unchanged. Throws database::DatabaseError.
 QList<ServerTextFault> FindServerTextFaults(database::Connection& general);

@@ -9,7 +9,7 @@ using namespace platform;
 namespace {
 
 constexpr int kBuffer = 256;
-constexpr qsizetype kLocationWord = 8;  // letters of "Location", before the number
+constexpr qsizetype kLocationWord = 8;  // length of "Location" before the number
 
 QString LocationName(qint64 number) { return u"Location"_s + (number == 0 ? QString() : QString::number(number)); }
 
@@ -17,7 +17,7 @@ qint64 NumberIn(const QString& name) {
     return NumericValue(QStringView(name).sliced(qMin(kLocationWord, name.size())));
 }
 
-/// The name of one location; nothing past the last one.
+/// The name of a location; nullopt after the last one.
 std::optional<QString> NameAt(const RegistryKey& locations, int index) {
     QString name(kBuffer, u' ');
     int length = kBuffer;
@@ -46,7 +46,7 @@ LocationNames LookThrough(const RegistryKey& locations, const QString& reportFol
     return names;
 }
 
-/// A failure leaves the locations that are there unseen: the new one is then the first.
+/// On failure the caller does not read the existing locations, so the new one is named as if it were the first.
 bool AllowNetwork(const RegistryKey& locations, const QString& reportFolder) {
     if (!reportFolder.contains(u"\\\\"_s)) return true;
     if (Services().registry->SetNumber(locations, u"AllowNetworkLocations"_s, 1) == kRegistryDone) return true;

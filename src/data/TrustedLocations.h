@@ -5,24 +5,23 @@
 
 #include "platform/Registry.h"
 
-/// A text value, read into a buffer of 256 blanks as everybody reads texts from the registry; nothing where it is
-/// missing, is no text or does not fit.
+/// Reads a text value with a buffer of 256 characters; nullopt if it is missing, is not text or does not fit.
 std::optional<QString> ReadRegistryText(const platform::RegistryKey& key, const QString& name);
 
-/// The trusted locations of one version, as far as their names and paths decide where a folder goes. Names are compared
-/// as texts: Location9 stands above Location10.
+/// Names of a version's trusted locations, as needed to find or name the location of a folder. Names are compared as
+/// text: Location9 is greater than Location10.
 struct LocationNames {
-    QString smallest, largest;  ///< empty without any location
-    QString found;              ///< the last one whose path holds the folder with its separator, wherever in the text
+    QString smallest, largest;  ///< empty if there are no locations
+    QString found;              ///< the last one whose path contains the folder and a separator anywhere
 };
 
-/// Name of a new location: one below the smallest number or, where that is 0, one above the largest. A number 0 is not
-/// written, so below Location1 comes "Location".
+/// Name of a new location: the smallest number minus 1 or, if that is 0, the largest plus 1. The number 0 is omitted,
+/// so Location1 is preceded by "Location".
 QString NewLocationName(const LocationNames& names);
 
-/// Opens the location that holds the folder, otherwise makes a new one, below the key of all locations, which is made
-/// where it is missing. A folder on a network has network locations allowed first. `tellUnreadable`: each location that
-/// can't be read is told in a message box. `closing` is the status of closing the key of all locations. False, with the
-/// message where there is one, when a key can be neither opened nor made.
+/// Opens the trusted location that contains the folder, or creates one; creates the key of all locations if it is
+/// missing. For a network folder, network locations are allowed first. `tellUnreadable`: show a message box for each
+/// location that cannot be read. `closing` is the status of closing the key of all locations. False, in most cases
+/// after a message box, if a key can be neither opened nor created.
 bool OpenLocationFor(const QString& locationsKey, const QString& reportFolder, bool tellUnreadable,
                      platform::RegistryKey& location, long& closing);

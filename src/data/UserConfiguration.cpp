@@ -19,13 +19,13 @@ namespace {
 
 constexpr long kCopyFailed = 75;
 
-/// The files of one generation, in the order of their copying.
+/// Report files of one file kind in the order of copying.
 struct ReportFiles {
     QString workTables;
-    QStringList forms;  ///< the later ones only where the common folder has them
+    QStringList forms;  ///< all but the first are optional
 };
 
-/// The one trap: the failure is written down, and the next step is done. Number of the failure, 0 for none.
+/// The only error handler: records the failure and continues with the next step. Returns the error number, 0 for none.
 template <typename Step>
 long Carry(Step step) {
     try {
@@ -39,10 +39,10 @@ long Carry(Step step) {
     }
 }
 
-/// What a killed program left unfinished in a file that has gone since: the engine would undo it in the fresh copy.
+/// Removes the hot journal of a deleted copy: the engine would roll it back into the new copy.
 bool RemoveJournal(const QString& database) { return platform::Services().files->RemoveFile(database + u"-journal"_s); }
 
-/// What exists is never copied again, so a copy that differs from its source must not stay.
+/// An existing file is never copied again, so a copy that differs from its source is deleted.
 void CopyWhole(const QString& source, const QString& target) {
     if (!RemoveJournal(target) || !CopyFileOver(source, target))
         throw platform::RuntimeError(kCopyFailed,
@@ -52,7 +52,7 @@ void CopyWhole(const QString& source, const QString& target) {
     throw platform::RuntimeError(kCopyFailed, u"複写したファイル %1 が元と一致しません。"_s.arg(target));
 }
 
-/// True when the copy is there.
+/// True if the file was copied.
 bool Copy(const QString& from, const QString& to, const QString& name) {
     return Carry([&] { CopyWhole(from + kPathSeparator + name, to + kPathSeparator + name); }) == 0;
 }
@@ -66,7 +66,7 @@ void PrepareConfiguration() {
     if (!FileExistsCheck(own)) Copy(layout.CommonConfFolder, layout.UserConfFolder, name);
 }
 
-/// False when another start might do better. A table that is missing will be missing then as well.
+/// False if the next start should retry. A missing table is not retried, since it will still be missing then.
 bool Relink(const QString& formsFile, const QString& workTables) {
     bool whole = true;
     const long failure = Carry([&] {
@@ -81,8 +81,8 @@ bool Relink(const QString& formsFile, const QString& workTables) {
     return failure == 0 && whole;
 }
 
-/// The host's settings are made before any of its files is touched. False when something is left for the next start to
-/// do; a file that the common folder doesn't have either is not.
+/// The host's settings are made before its files are touched. False if the next start should retry; a file that is
+/// missing in the common folder as well is not retried.
 bool CopyReportFiles(const ReportFiles& files) {
     const InstallationLayout& layout = Globals().Layout;
     bool hostIsThere = false;
@@ -101,7 +101,7 @@ bool CopyReportFiles(const ReportFiles& files) {
     return whole;
 }
 
-/// Without the mark nothing is copied: a copy that then broke off would pass for a whole one.
+/// If the marker cannot be created, nothing is copied: an interrupted copy would look complete.
 bool SetMark(const QString& mark) {
     return Carry([&] {
                if (!platform::Services().files->CreateMark(mark))
@@ -109,9 +109,9 @@ bool SetMark(const QString& mark) {
            }) == 0;
 }
 
-/// The work tables tell whether a user has report files, and they are the first to be copied. So a mark beside them
-/// stands until the last one is there and linked, whatever ends the program meanwhile; where a start finds it, all is
-/// copied anew.
+/// Existing work tables mean that the user has report files, but they are copied first. A marker file therefore exists
+/// until the last file has been copied and linked; a start that finds it, after a crash for example, copies everything
+/// again.
 void PrepareReportFiles(const ReportFiles& files) {
     const QString workTables = Globals().Layout.UserReportFolder + kPathSeparator + files.workTables;
     const QString mark = workTables + u"-unfinished"_s;
@@ -122,7 +122,7 @@ void PrepareReportFiles(const ReportFiles& files) {
     platform::Services().waitDialog->Unload();
 }
 
-/// A folder that can't be made is reported where the folders in it are made.
+/// A failure is ignored: it is reported when the subfolders are created.
 void MakeFolder(const QString& folder) {
     const platform::FileSystem& files = *platform::Services().files;
     try {
@@ -132,8 +132,8 @@ void MakeFolder(const QString& folder) {
     }
 }
 
-/// False when the user's folder is not the user's alone. Then no file of it may be used, and as with an unknown install
-/// kind both folders stay empty, so that the second opening fails.
+/// False if the user's folder is not private. None of its files may be used then; both folders are emptied as for an
+/// unknown install kind, so that the second opening fails.
 bool ClaimOwnFolder() {
     InstallationLayout& layout = Globals().Layout;
     if (layout.ConfigDbKind == kNoFile && layout.ReportDbKind == kNoFile) return true;
@@ -155,6 +155,6 @@ void PrepareUserConfig() {
     if (layout.ReportDbKind == kAccdb) PrepareReportFiles({u"repdb.accdb"_s, {u"repfrmdb.accdb"_s}});
     if (layout.ReportDbKind == kMdb) {
         PrepareReportFiles({u"repdb.mdb"_s, {u"repfrmdb.mdb"_s, u"repfrmdb.accdb"_s}});
-        layout.ReportDbKind = kMdb;  // events ran meanwhile: what comes later goes by the files just prepared
+        layout.ReportDbKind = kMdb;  // event handlers may have changed it; later steps must use these files
     }
 }

@@ -16,14 +16,14 @@ void Print(const QWidget& window) {
     std::fflush(stdout);
 }
 
-/// Waits for modal windows, which would stand for ever.
+/// Closes modal windows, which would otherwise block a headless run.
 class ModalAutoCloser : public QObject {
   public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* window = event->type() == QEvent::Show ? qobject_cast<QWidget*>(watched) : nullptr;
-        // Only once its own event loop runs can it be closed.
+        // Deferred: a modal window can only be closed once its event loop runs.
         if (window != nullptr && window->isWindow() && window->isModal())
             QTimer::singleShot(0, window, [window] {
                 Print(*window);

@@ -24,7 +24,7 @@ bool Refuse(const QString& message) {
     return false;
 }
 
-/// The steps that can refuse the start, in their order.
+/// The steps that can refuse the start, in this order.
 bool StartIsPossible() {
     if (!InitializeData()) return Refuse(u"データベースが使用できません。"_s);
     if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
@@ -58,7 +58,7 @@ void LeaveProgram() {
 void Main() {
     ProgramGlobals& globals = Globals();
     BeginProgram(u"要員名簿照会"_s);
-    // Lives to the end of the process, which leaves without running destructors.
+    // Never deleted: the process exits without running destructors.
     globals.MainForm = new frm要員名簿照会(LeaveProgram);
     globals.RowsPerPage = kRowPositions;
     if (!StartIsPossible()) return;

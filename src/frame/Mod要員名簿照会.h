@@ -1,8 +1,8 @@
 #pragma once
 
-/// The program's start, up to the shown main form. Does not return where the start fails: it shows why and ends the
-/// process. Afterwards all work happens in events.
+/// Starts the program and shows the main form. Does not return if the start fails: shows the reason and exits the
+/// process.
 void Main();
 
-/// Ends the run in its tables and leaves the process at once.
+/// Records the end of the run, answers the starting program and exits the process immediately.
 void LeaveProgram();

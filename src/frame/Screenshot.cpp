@@ -23,7 +23,7 @@ void SavePicture(QWidget& window, const QString& file) {
         std::fprintf(stderr, "%s: the picture cannot be written\n", qPrintable(file));
 }
 
-/// Opens the lookup of an item as Ctrl does, and saves the window that comes up while it waits for the user.
+/// Opens the lookup of an item as Ctrl does, and saves a picture of the window while it waits for the user.
 void SaveLookup(Form& form, const QString& item, const QString& file) {
     QTimer::singleShot(0, &form, [&form, file] {
         QWidget* lookup = QApplication::activeModalWidget();
@@ -40,7 +40,7 @@ void TakeFirstListPicture(Form& form) {
     const QString file = qEnvironmentVariable("MEIBO_PICTURE");
     const QString lookup = qEnvironmentVariable("MEIBO_PICTURE_LOOKUP");
     if (file.isEmpty()) return;
-    // After everything that the show has put into the event queue, so that the picture is what a clerk sees.
+    // After all events queued by showing the form, so that the picture is complete.
     QTimer::singleShot(0, &form, [&form, file, lookup] {
         if (!lookup.isEmpty()) return Form::RunEvent([&] { SaveLookup(form, lookup, file); });
         SavePicture(form, file);

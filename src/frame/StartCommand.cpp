@@ -8,7 +8,7 @@
 
 namespace {
 
-/// One field of the block. Places are characters, counted from 1.
+/// A field of the fixed-width block. Positions are in characters, 1-based.
 struct CommandField {
     int start;
     int width;
@@ -36,7 +36,7 @@ constexpr std::array kRangeStarts = {&InquiryConditions::DepartmentFrom, &Inquir
 
 QString Cut(const QString& command, const CommandField& field) { return command.mid(field.start - 1, field.width); }
 
-/// All fields, whatever the length: a short command empties the ones behind its end, ranges included.
+/// All fields are set, whatever the length: a short command empties the fields after its end, ranges included.
 void CutFields(const QString& command) {
     InquiryConditions& conditions = Globals().Conditions;
     Globals().ScopeOfficeCode = Cut(command, kOffice);
@@ -56,7 +56,7 @@ void ParseStartCommand(const QString& command) {
     CutFields(command);
     InquiryConditions& conditions = Globals().Conditions;
     if (!IsComplete(conditions)) return;
-    // Only the starts: an end of blanks stays as it stands and bounds the list.
+    // Only the starts: an end consisting of blanks is kept and bounds the list.
     for (const auto start : kRangeStarts)
         if (TrimBlanks(conditions.*start).isEmpty()) (conditions.*start).clear();
     Globals().StartCommandAbsent = false;

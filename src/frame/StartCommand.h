@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// Takes the fixed-width block apart into the conditions and the office. `command` is the trimmed command line.
-/// A short one empties the fields behind its end.
+/// Parses the fixed-width block into the conditions and the office. `command` is the trimmed command line. Fields after
+/// its end become empty.
 void ParseStartCommand(const QString& command);

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     platform::LetWritesPastALimitFail();
     platform::OnTerminationRequest([] { Globals().MainForm->close(); });
     Form::RunEvent(Main);
-    // A failure that rose out of Main has been shown; without a window there is nothing to go on with.
+    // An error thrown by Main has been shown already; without a window the program cannot continue.
     if (!Globals().MainForm->isVisible()) LeaveProgram();
     return SuiteApplication::exec();
 }

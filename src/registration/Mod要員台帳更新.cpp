@@ -22,7 +22,7 @@ bool Refuse(const QString& message) {
     return false;
 }
 
-/// The steps that can refuse the start, in their order.
+/// The steps that can refuse the start, in this order.
 bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& command) {
     if (!InitializeData(RegistrationCommand::kLength)) return Refuse(kNoDatabase);
     if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
@@ -33,7 +33,7 @@ bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& com
     return true;
 }
 
-/// A person that cannot be read just now is not told to be missing: the clerk would enter the same person again.
+/// A failed read must not be reported as a missing person: the clerk would register the person a second time.
 bool OpenPerson(frm要員台帳更新& form, const QString& code) {
     const StoreOutcome outcome = form.Open(code);
     if (outcome == StoreOutcome::Done) return true;
@@ -57,7 +57,7 @@ void LeaveRegistration() {
 void StartRegistration() {
     ProgramGlobals& globals = Globals();
     BeginProgram(u"要員台帳更新"_s);
-    // Lives to the end of the process, which leaves without running destructors.
+    // Never deleted: the process exits without running destructors.
     auto* form = new frm要員台帳更新(LeaveRegistration, AnswerStarter);
     globals.MainForm = form;
     const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Who is to be registered, from the command line: three characters of office and up to five of staff code, whose
-/// blanks at the end a command line loses; a blank in front is part of the code.
+/// Fields of the command line: three characters of office and up to five of staff code. Trailing blanks of the code are
+/// lost on a command line; leading blanks are part of it.
 struct RegistrationCommand {
     static constexpr int kLength = 8;
     QString office;
@@ -11,9 +11,9 @@ struct RegistrationCommand {
 };
 RegistrationCommand ParseRegistrationCommand(const QString& commandLine);
 
-/// The program's start, up to the shown form. Where it fails it shows why and ends the process.
+/// Starts the program and shows the form. If that fails, shows the reason and exits the process.
 void StartRegistration();
 
-/// Answers whoever started this program, ends the run in its tables and leaves the process at once. Safe at any
-/// moment, also before the start is through.
+/// Answers the program that started this one, records the end of the run and exits the process immediately. Safe at any
+/// time, also before the start has completed.
 void LeaveRegistration();

@@ -17,16 +17,16 @@ namespace {
 // Pixels.
 constexpr int kMargin = 12;
 constexpr int kTop = 50;   // first line
-constexpr int kLine = 31;  // from one line to the next
+constexpr int kLine = 31;  // pitch of the lines
 constexpr int kHeight = 27;
 constexpr int kTitleWidth = 92;
 constexpr int kGap = 4;
-constexpr int kDigit = 8;  // a half-width sign of the items' font
+constexpr int kDigit = 8;  // half-width character of the items' font
 constexpr int kFrame = 16;
 constexpr int kListWidth = 200;
 constexpr int kEraWidth = 160;
 constexpr int kItemColumn = kTitleWidth + kGap;                        // within a column
-constexpr int kListColumn = kItemColumn + 3 * kDigit + kFrame + kGap;  // behind the widest code, so that lists align
+constexpr int kListColumn = kItemColumn + 3 * kDigit + kFrame + kGap;  // after the widest code, so that lists align
 constexpr int kColumns[] = {kMargin, kMargin + kListColumn + kListWidth + 30};
 constexpr int kWidth = kMargin + kItemColumn + 80 * kDigit + kFrame + kMargin;  // the memo fills a line
 
@@ -48,7 +48,7 @@ void MakeTitle(Form& form, const QString& name, const QString& caption, const QR
     title->setGeometry(place);
 }
 
-/// A text that only shows.
+/// A read-only text.
 void MakeShown(Form& form, const QString& name, const QRect& place) {
     auto* label = new Label(form, form, name, -1, QString());
     label->SetEdgeless();
@@ -86,7 +86,7 @@ void MakeList(Form& form, const StaffItem& item, const QRect& place) {
     auto* list = new ComboItem(form, form, item.list.toString());
     list->setFont(SuiteFont(SuiteFace::PMincho, 12));
     list->setGeometry(place);
-    // The code in front of it is the stop; its list is opened from there.
+    // Tab stops only at the code, from which the list is opened.
     list->SetTabStop(false);
 }
 

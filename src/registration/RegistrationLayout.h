@@ -2,6 +2,6 @@
 
 class Form;
 
-/// Puts the controls of the registration form onto it, in tab order: for each of kStaffItems its title and the item,
-/// with the list of names beside a code and a label named column + 年号 beside a date, then the notice and the buttons.
+/// Creates the controls of the registration form in tab order: for each of kStaffItems its title and item, with the
+/// list of names next to a code and a label named column + 年号 next to a date; then the notice and the buttons.
 void BuildRegistrationForm(Form& form);

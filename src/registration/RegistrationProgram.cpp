@@ -6,10 +6,10 @@
 
 int main(int argc, char** argv) {
     const SuiteApplication application(argc, argv);
-    // Nobody may be there to answer a question about what is not saved.
+    // Does not ask about unsaved input: there may be no user to answer.
     platform::OnTerminationRequest(LeaveRegistration);
     Form::RunEvent(StartRegistration);
-    // A failure that rose out of the start has been shown; without a window there is nothing to go on with.
+    // An error thrown by the start has been shown already; without a window the program cannot continue.
     if (!Globals().MainForm->isVisible()) LeaveRegistration();
     return SuiteApplication::exec();
 }

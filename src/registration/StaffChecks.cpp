@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The first character that code page 932 has no form for, in which the suite's programs exchange texts.
+/// The first character without an encoding in code page 932, which the suite's programs use to exchange texts.
 QString UnknownCharacter(const QString& text) {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const qsizetype units = text.at(i).isHighSurrogate() && i + 1 < text.size() ? 2 : 1;
@@ -32,7 +32,7 @@ QString CheckText(const StaffItem& item, const QString& value) {
     return {};
 }
 
-/// The message against a value, empty when there is none.
+/// The error message for a value, empty if it is valid.
 QString CheckValue(const StaffItem& item, const QString& value, const QList<MasterEntry>& master) {
     if (value.isEmpty()) return item.required ? u"%1を入力してください。"_s.arg(item.caption) : QString();
     if (item.kind == StaffItemKind::Code && PlaceOfCode(master, value) < 0)

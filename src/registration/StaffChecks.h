@@ -5,16 +5,16 @@
 
 #include "registration/StaffMasters.h"
 
-/// What stands against saving: the item to go to, and the sentence for the clerk.
+/// Why the input cannot be saved: the item to focus and the message.
 struct ValidationError {
     size_t item;
     QString message;
 };
 
-/// True for eight digits that name a day of the calendar.
+/// True for eight digits that form a calendar date.
 bool IsDate(const QString& text);
 
-/// The first objection in the order of the items. What the clerk has left as it was is not held against him: a
-/// retired person keeps the code of a department that is gone.
+/// The first error in the order of the items. Unchanged values are not checked: a retired person may keep the code of a
+/// deleted department.
 std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
                                              const StaffMasters& masters);

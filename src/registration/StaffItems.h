@@ -5,25 +5,25 @@
 #include <array>
 #include <span>
 
-/// How an item of the registration form is typed and checked.
+/// Input and validation of an item of the registration form.
 enum class StaffItemKind {
-    Text,       ///< anything
-    Kana,       ///< kana become half-width while typed
-    HalfWidth,  ///< telephone, postal code, mail: half-width signs only
-    Code,       ///< a code or class that stands in a master
+    Text,       ///< any text
+    Kana,       ///< kana are converted to half-width while typing
+    HalfWidth,  ///< telephone, postal code, mail: half-width characters only
+    Code,       ///< a code or class of a master table
     Date,       ///< yyyymmdd
 };
 
-/// A column of M担当者 that a clerk edits. Bytes are those of code page 932.
+/// A column of M担当者 that can be edited. `bytes` is the maximum length in code page 932.
 struct StaffItem {
     QStringView column;
-    QStringView caption;  ///< as the form and the messages call it
+    QStringView caption;  ///< name on the form and in messages
     StaffItemKind kind;
     int bytes;
     bool required;
-    QStringView master = {};  ///< Code only: the table
-    QStringView key = {};     ///< Code only: its column
-    QStringView list = {};    ///< Code only: the item with the names
+    QStringView master = {};  ///< Code only: the master table
+    QStringView key = {};     ///< Code only: its key column
+    QStringView list = {};    ///< Code only: the item that lists the names
 };
 
 inline constexpr auto kStaffItems = std::to_array<StaffItem>({
@@ -41,7 +41,7 @@ inline constexpr auto kStaffItems = std::to_array<StaffItem>({
     {u"部門コード", u"部門", StaffItemKind::Code, 3, false, u"M部門", u"コード", u"部門名"},
     {u"セクションコード", u"所属", StaffItemKind::Code, 3, false, u"Mセクション", u"コード", u"セクション名"},
     {u"役職コード", u"役職", StaffItemKind::Code, 2, false, u"M役職", u"コード", u"役職名"},
-    // The inquiry joins the classes so that a person without one is in no list.
+    // Required, since the inquiry's inner joins drop staff without a class.
     {u"在籍区分", u"在籍区分", StaffItemKind::Code, 1, true, u"K在籍区分", u"区分", u"在籍区分名"},
     {u"社員区分", u"社員区分", StaffItemKind::Code, 1, true, u"K社員区分", u"区分", u"社員区分名"},
     {u"生年月日", u"生年月日", StaffItemKind::Date, 8, false},
@@ -52,13 +52,13 @@ inline constexpr auto kStaffItems = std::to_array<StaffItem>({
 
 inline constexpr size_t kStaffItemCount = kStaffItems.size();
 
-/// Values of the items, in their order. An empty value and none are one.
+/// Values of the items in their order. Null and empty text are not distinguished.
 using StaffValues = std::array<QString, kStaffItemCount>;
 
-/// A person as the table holds it.
+/// A person as stored in the table.
 struct StaffRecord {
     QString 担当者コード;
     StaffValues values;
-    QString 登録日付, 更新日付;  ///< stamps yyyymmdd hhnnss, empty where there is none
+    QString 登録日付, 更新日付;  ///< timestamps yyyymmdd hhnnss, empty if not set
     bool operator==(const StaffRecord&) const = default;
 };

@@ -6,17 +6,17 @@
 
 #include "registration/StaffItems.h"
 
-/// A line of a master: its code and the name beside it.
+/// An entry of a master table.
 struct MasterEntry {
     QString code, name;
 };
 
-/// The masters behind the items, by item; empty for an item that has none.
+/// The master entries by item; empty for items without a master.
 using StaffMasters = std::array<QList<MasterEntry>, kStaffItemCount>;
 
-/// Reads the masters in the order of their codes. One that cannot be read is empty, and the run history has the
-/// statement.
+/// Reads the masters, ordered by code. A master that cannot be read is empty; the failed statement is in the run
+/// history.
 StaffMasters LoadStaffMasters();
 
-/// Place of a code in its master, -1 when it is not there. Codes are compared exactly.
+/// Index of a code in its master, -1 if not found. Codes are compared exactly.
 int PlaceOfCode(const QList<MasterEntry>& master, const QString& code);

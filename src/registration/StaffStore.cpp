@@ -29,7 +29,7 @@ QString UpdateStatement(const QString& code, const StaffValues& values) {
     return sql + u"更新日付 = "_s + Literal(TimeStamp(platform::Services().clock->Now())) + OfPerson(code);
 }
 
-/// The three columns of a slip stay empty texts: a person is no slip, and readers compare them with "".
+/// The three columns of a slip are empty texts, not Nulls: a person has no slip, and readers compare with "".
 QString ViewStatement(const QString& viewer, const QString& seen, ViewKind kind) {
     const QString stamp = TimeStamp(platform::Services().clock->Now());
     return u"INSERT INTO T閲覧 (担当者コード,閲覧情報,伝票事業所コード,伝票番号基準日付,伝票No,キー項目,閲覧日付,"
@@ -87,7 +87,7 @@ StoreOutcome StaffStore::WriteUnlessChanged(const StaffRecord& before, const Wri
     statement_.clear();
     try {
         database::Transaction whole(connection_);
-        // Servers keep a row for the one who has written it, and not for the one who has read it.
+        // Locks the row: servers lock a row for a writer, not for a reader.
         Execute(u"UPDATE M担当者 SET コード = コード"_s + OfPerson(before.担当者コード));
         StaffRecord now;
         if (!Read(before.担当者コード, now)) return StoreOutcome::Gone;

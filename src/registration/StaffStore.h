@@ -5,32 +5,33 @@
 #include "database/Database.h"
 #include "registration/StaffItems.h"
 
-/// What became of a read, a save or a deletion.
+/// Result of a read, a save or a deletion.
 enum class StoreOutcome {
     Done,
-    Changed,  ///< somebody else has saved the person since it was read; nothing was written
-    Gone,     ///< there is no such person, or not any longer; nothing was written
-    Failed,   ///< the database refused; nothing was written, and the run history has its words
+    Changed,  ///< another user has saved the person since it was read; nothing was written
+    Gone,     ///< the person does not exist, or no longer; nothing was written
+    Failed,   ///< the statement failed; nothing was written, the error is in the run history
 };
 
-/// What a row of the viewing log tells.
+/// 閲覧区分 of a row of the viewing log.
 enum class ViewKind { Looked = 0, Saved = 1 };
 
-/// The staff master as the registration program works with it, on a writing connection of its own. Nothing is held
-/// locked between the calls. Reads and writes that fail leave a row エラー in the run history.
+/// Access to the staff master on a dedicated writing connection. No locks are kept between calls. A failed read or
+/// write leaves a row エラー in the run history.
 class StaffStore {
   public:
-    /// False when the general database can't be opened, with a row DB_OPEN ERROR.
+    /// False if the general database cannot be opened; a row DB_OPEN ERROR is recorded.
     bool Open();
 
-    /// Reads a person. Gone when there is none with that code.
+    /// Reads a person. Gone if there is none with that code.
     StoreOutcome Load(const QString& code, StaffRecord& record);
-    /// Writes all items with the present time as 更新日付, and the log's row of a save, as one. Empty values are
-    /// written as empty texts: other programs read 住所B without asking for a Null.
+    /// Writes all items, with the current time as 更新日付, and the viewing log's row of a save in one transaction.
+    /// Empty values are written as empty texts: other programs read 住所B without a Null check.
     StoreOutcome Save(const StaffRecord& before, const StaffValues& entered);
-    /// Deletes the person and the personal rights, which would otherwise fall to whoever gets the code next.
+    /// Deletes the person and the personal rights, which would otherwise apply to the next person with that code.
     StoreOutcome Delete(const StaffRecord& before);
-    /// A row of the viewing log for the launching staff member; none where nobody is known. A failure is not told.
+    /// Writes a row of the viewing log for the launching staff member; none if that is unknown. A failure is only
+    /// recorded.
     void LogView(const QString& code, ViewKind kind);
 
   private:
@@ -40,5 +41,5 @@ class StaffStore {
     void Execute(const QString& sql);
 
     database::Connection connection_;
-    QString statement_;  ///< the last one, for the row of a failure
+    QString statement_;  ///< the last one, for the history row of a failure
 };

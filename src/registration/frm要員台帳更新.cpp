@@ -22,7 +22,7 @@ constexpr int kChangeRight = 2, kDeleteRight = 3;
 
 bool MayDo(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
 
-/// "yyyymmdd hhnnss" as people write it, empty for none.
+/// "yyyymmdd hhnnss" as yyyy/MM/dd HH:mm:ss; other text unchanged.
 QString StampForPeople(const QString& stamp) {
     const QDateTime time = QDateTime::fromString(stamp, u"yyyyMMdd HHmmss"_s);
     return time.isValid() ? time.toString(u"yyyy/MM/dd HH:mm:ss"_s) : stamp;
@@ -67,7 +67,7 @@ void frm要員台帳更新::WireItems() {
     }
 }
 
-/// Code and list show one value: what is typed is sought in the list, what is chosen there is written as its code.
+/// Synchronises code and list: a typed code selects its list entry, a chosen entry sets the code.
 void frm要員台帳更新::WireCode(size_t i) {
     const StaffItem& design = kStaffItems[i];
     Control &code = ItemOf(i), &list = Item(design.list.toString());
@@ -113,7 +113,7 @@ void frm要員台帳更新::ShowRecord() {
     Item(u"担当者コード"_s).SetCaption(record_.担当者コード);
     for (size_t i = 0; i < kStaffItemCount; ++i) {
         ItemOf(i).SetText(record_.values[i]);
-        ItemOf(i).Change();  // also where the value is the one that stood there: its list and era may be new
+        ItemOf(i).Change();  // also if the text is unchanged: the list or the era may be new
     }
     for (const auto& [name, stamp] : {std::pair{u"登録日付"_s, record_.登録日付}, {u"更新日付"_s, record_.更新日付}})
         Item(name).SetCaption(StampForPeople(stamp));
@@ -152,7 +152,7 @@ void frm要員台帳更新::Conclude(StoreOutcome outcome, const QString& failur
         case StoreOutcome::Done:
             return AnswerAndLeave();
         case StoreOutcome::Gone:
-            // There is nothing left to work on, and whoever started this program takes the row out of its list.
+            // Nothing is left to edit; the program that started this one removes the row from its list.
             platform::Services().dialogs->ShowMessage(u"この担当者は他の端末で削除されています。"_s);
             return AnswerAndLeave();
         case StoreOutcome::Changed:
@@ -162,7 +162,7 @@ void frm要員台帳更新::Conclude(StoreOutcome outcome, const QString& failur
     }
 }
 
-/// What the clerk has typed is his to give up: with いいえ he can still copy it.
+/// Asks before discarding the clerk's input: after いいえ it can still be copied.
 void frm要員台帳更新::OfferToReadAgain() {
     const bool wanted = platform::Services().dialogs->Confirm(
         u"この担当者は他の端末で修正されています。入力を取り消して読み直しますか?"_s);
@@ -171,7 +171,7 @@ void frm要員台帳更新::OfferToReadAgain() {
     if (outcome != StoreOutcome::Done) Conclude(outcome, u"データベースに問題が発生し読み込めませんでした。"_s);
 }
 
-/// The program that started this one waits for the answer without a limit, so the window stays until it is written.
+/// The starting program waits for the answer without a timeout, so this window stays open until it has been written.
 void frm要員台帳更新::AnswerAndLeave() {
     if (answer_()) return leave_();
     SetEnabled(false);
@@ -181,7 +181,7 @@ void frm要員台帳更新::AnswerAndLeave() {
         "この画面を開いている間は通知を繰り返し、通知できたときに画面を閉じます。"_s);
 }
 
-/// At growing intervals, since each try that fails leaves a row in the run history.
+/// Retries at growing intervals, since each failure leaves a row in the run history.
 void frm要員台帳更新::TryAgain() {
     nextTry_.setInterval(std::min(2 * nextTry_.intervalAsDuration(), kLongestPause));
     if (!answer_()) return;

@@ -9,22 +9,21 @@
 #include "registration/StaffStore.h"
 #include "screen/Form.h"
 
-/// The one form of the registration program: a person, to be changed or deleted.
+/// The form of the registration program: changes or deletes one person.
 class frm要員台帳更新 : public Form {
   public:
-    /// `leave` ends the program; `answer` tells the program that started this one, and is False where it cannot.
+    /// `leave` ends the program; `answer` answers the program that started this one and returns false on failure.
     frm要員台帳更新(std::function<void()> leave, std::function<bool()> answer);
 
-    /// Opens the staff master for writing, before the first Open. False when it can't be.
+    /// Opens the staff master for writing; call before Open. False on failure.
     bool OpenStore() { return store_.Open(); }
-    /// Reads the person and the masters into the items and notes the look in the viewing log. Otherwise than Done the
-    /// form stays as it is.
+    /// Shows the person and the master lists and logs the view. The form is unchanged if the result is not Done.
     StoreOutcome Open(const QString& code);
 
-    /// Checks, writes and ends the program. Whatever stands against it is told, and the form stays as it is.
+    /// Validates, writes and ends the program. On an error shows a message and keeps the form open.
     void Save();
     void Delete();
-    /// Ends the program, after a question where something would be lost; at once while an answer is tried again.
+    /// Ends the program; asks first if input would be lost. Ends at once while answering is being retried.
     void End();
 
   private:
@@ -46,6 +45,6 @@ class frm要員台帳更新 : public Form {
     std::function<bool()> answer_;
     QTimer nextTry_;
     StaffMasters masters_;
-    StaffRecord record_;  ///< as it was read
-    StaffValues shown_;   ///< the items as they were shown
+    StaffRecord record_;  ///< as read
+    StaffValues shown_;   ///< the items as first shown
 };

@@ -9,14 +9,14 @@
 #include "data/Catalogue.h"
 #include "data/DataFixture.h"
 
-/// A cipher whose work can be told from a text that went past it.
+/// Fake cipher that marks each text it decrypts.
 class MarkingPins : public platform::PinCipherObject {
   public:
     QString ClearText(const QString& stored) override { return QStringLiteral("clear:") + stored; }
 };
 
-/// Both connections open, and the masters as a test writes them: the company, the office "000" and the office "001",
-/// all columns but the key Null, and no partner.
+/// Both connections are open. The masters contain the company, the offices "000" and "001", all columns but the key
+/// Null, and no partner.
 class WithCompany : public WithConnections {
   protected:
     WithCompany() {
@@ -32,7 +32,7 @@ class WithCompany : public WithConnections {
     void Office(const QString& code, const QString& assignments) {
         General(QStringLiteral("UPDATE M事業所 SET %1 WHERE コード = '%2'").arg(assignments, code));
     }
-    /// The operating office, here and in the configuration.
+    /// Sets the operating office in Globals() and in the configuration.
     void Operate(const QString& code) {
         Globals().Environment.OperatingOfficeCode = code;
         installation.SetEnvironment(QStringLiteral("運用事業所コード"), code);
@@ -41,7 +41,7 @@ class WithCompany : public WithConnections {
         return installation.Configuration().Value(QStringLiteral("SELECT 運用事業所コード FROM 動作環境定義"));
     }
 
-    /// Writes a number of its own into every column of the row but its key, and gives them by column.
+    /// Writes a different number into each column of the row except its key; returns the numbers by column.
     QHash<QString, QString> NumberColumns(const QString& table, const QString& key, const QString& code) {
         QHash<QString, QString> numbers{{key, code}};
         QStringList assignments;
@@ -54,7 +54,7 @@ class WithCompany : public WithConnections {
         return numbers;
     }
 
-    /// The row that the failed statement leaves in the history: the engine's words, then the statement, quotes doubled.
+    /// The history row of a failed statement: the engine's message, then the statement, quotes doubled.
     QString FailedRow(const QString& statement, database::Connection& connection = Globals().MainConnection) {
         QString text = FailureOf([&] { connection.Execute(statement); }).description + statement;
         return QStringLiteral("エラー ") + text.replace(QStringLiteral("'"), QStringLiteral("''"));
@@ -64,11 +64,11 @@ class WithCompany : public WithConnections {
 inline QString AsText(const QString& value) { return value; }
 inline QString AsText(double value) { return QString::number(value); }
 
-/// The field holds what was written into the column of its name.
+/// The field has the number written into the column of its name.
 #define EXPECT_HOLDS(record, numbers, field) \
     EXPECT_EQ(AsText((record).field), (numbers)[QStringLiteral(#field)]) << #field
 
-/// What company and office have in common, whose PIN was stored through MarkingPins.
+/// Checks the columns shared by company and office; the PIN was read through MarkingPins.
 inline void ExpectCommonColumns(const EstablishmentRecord& record, QHash<QString, QString> numbers) {
     numbers[QStringLiteral("特権暗証番号")].prepend(QStringLiteral("clear:"));
     EXPECT_HOLDS(record, numbers, 名称);

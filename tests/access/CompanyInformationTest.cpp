@@ -182,7 +182,7 @@ TEST_F(CompanyInformation, AColumnThatIsMissingRaises) {
 }
 
 TEST_F(CompanyInformation, AFailedCountRaisesAndLeavesItsStatementInTheHistory) {
-    // Only a row other than "000" makes the view fail, so nothing but the count runs into it.
+    // The view only fails on rows other than "000", so only the COUNT statement is affected.
     General(
         u"ALTER TABLE M事業所 RENAME TO 元; CREATE VIEW M事業所 AS SELECT 元.* FROM 元"
         u" WHERE コード = '000' OR json('{') IS NULL"_s);

@@ -15,7 +15,7 @@ void ExpectOffice(const OfficeRecord& o, const QHash<QString, QString>& n) {
     EXPECT_HOLDS(o, n, 地区コード);
 }
 
-/// The folders in which an office may differ from its company.
+/// The folders that an office may override.
 QStringList Folders(const EstablishmentRecord& r) {
     return {r.総合振込ファイル,   r.基本読込フォルダ,     r.帳票イメージフォルダ, r.その他読込ファイル,
             r.本支店連携フォルダ, r.テキスト出力フォルダ, r.BACKUPフォルダ};

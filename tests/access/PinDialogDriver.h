@@ -2,7 +2,7 @@
 
 #include "support/ModalRobot.h"
 
-/// Somebody at the PIN dialog.
+/// Robot that operates the PIN dialog.
 class PinDialogDriver : public ModalRobot {
   public:
     using Work = std::function<void(PinDialogDriver&)>;
@@ -10,7 +10,7 @@ class PinDialogDriver : public ModalRobot {
     explicit PinDialogDriver(Work work)
         : ModalRobot(QStringLiteral("msg暗証番号確認"), [this, work = std::move(work)](ModalRobot&) { work(*this); }) {}
 
-    /// Types over what stands in the PIN and moves on.
+    /// Replaces the PIN by keys and leaves the item with Enter.
     void EnterPin(const QString& pin) const {
         ASSERT_TRUE(IsOpen());
         Press(Qt::Key_A, Qt::ControlModifier);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A place of this process's own memory that its texts are allocated in, by its line of the table of mappings.
+/// A heap mapping of this process, as listed in its table of mappings.
 struct MemoryArea {
     quint64 from = 0, to = 0;
 };
@@ -31,17 +31,17 @@ std::vector<MemoryArea> HeapAreas() {
     return areas;
 }
 
-// Outside of the heap, so that looking does not leave further copies there.
+// Not on the heap, so that the search leaves no further copies there.
 char page[4096];
 
-/// How often the text stands in the heap as UTF-16. The text is given backwards, so that asking does not count.
+/// Counts the copies of a UTF-16 text on the heap. The text is passed reversed, so that the argument does not count.
 int CopiesInHeap(std::u16string backwards) {
     std::u16string text(backwards.rbegin(), backwards.rend());
     QByteArray needle(reinterpret_cast<const char*>(text.data()), static_cast<qsizetype>(text.size() * 2));
     std::fill(text.begin(), text.end(), u'\0');
     const int memory = ::open("/proc/self/mem", O_RDONLY);
     int copies = 0;
-    constexpr quint64 kLimit = quint64{1} << 28;  // a sanitizer's own areas are far larger
+    constexpr quint64 kLimit = quint64{1} << 28;  // sanitizers map far larger areas
     for (const MemoryArea& area : HeapAreas()) {
         const auto own = reinterpret_cast<quint64>(page);
         if (area.to - area.from > kLimit || (own >= area.from && own < area.to)) continue;
@@ -51,8 +51,8 @@ int CopiesInHeap(std::u16string backwards) {
         }
     }
     ::close(memory);
-    needle.fill('\0');  // freed memory may stay as it is for long
-    return copies - 1;  // the needle itself
+    needle.fill('\0');  // freed memory is not cleared
+    return copies - 1;  // without the needle
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ namespace {
 
 const std::u16string kBackwards = u"9Q7WXJKV";
 
-/// The PIN of 00001 is this one, encrypted as in an installation.
+/// The PIN of 00001 is this text, encrypted as in an installation.
 class PinDialogMemory : public WithRights {
   protected:
     PinDialogMemory() {

@@ -13,7 +13,7 @@ namespace {
 const QString kWrong = u"暗証番号が違います。"_s;
 const QString kTooShort = u"暗証番号を入力してください。"_s;
 
-/// Nobody has signed in, so that every question brings the dialog up.
+/// No user is signed in, so every check shows the dialog.
 class PinDialog : public WithRights {
   protected:
     PinDialog() {
@@ -27,7 +27,7 @@ class PinDialog : public WithRights {
             u"INSERT INTO M担当者 (コード, 氏名, 在籍区分, 事業所コード, 暗証番号) VALUES ('%1', '氏名%1', '0', '%2', '%3')"_s
                 .arg(code, office, pin));
     }
-    /// Asks for the right to print while somebody works the dialog.
+    /// Checks the right to print while the robot operates the dialog.
     bool Ask(const PinDialogDriver::Work& work) {
         PinDialogDriver driver(work);
         const bool permitted = Check(4);
@@ -130,7 +130,7 @@ TEST_F(PinDialog, AWrongPinShowsExactlyOneBoxAndReturnsToThePin) {
 }
 
 TEST_F(PinDialog, OneConfirmationShowsOneRealBox) {
-    /// Boxes that somebody closes with Enter as soon as they stand.
+    /// Real message boxes, closed with Enter as soon as they are shown.
     class RealBoxes : public WidgetDialogs {
       public:
         explicit RealBoxes(int& count) : count_(count) {}
@@ -242,7 +242,7 @@ TEST_F(PinDialog, AnUnknownCodeSaysNothingAndHasTheWrongPin) {
     }));
 }
 
-/// Every lookup that finds no row, after one that has found the person whose PIN is then typed.
+/// Lookups that find no row, each after one that has found the person whose PIN is then typed.
 class LookupWithoutARow : public PinDialog, public testing::WithParamInterface<const char16_t*> {
   protected:
     LookupWithoutARow() {

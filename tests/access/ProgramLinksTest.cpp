@@ -14,7 +14,7 @@ namespace {
 const QString kThis = u"要員名簿照会"_s;
 const QString kSibling = u"要員台帳更新"_s;
 const QString kMenu = u"販路推進"_s;
-const QString kNow = u"20261121 093015"_s;  // where the test's clock stands
+const QString kNow = u"20261121 093015"_s;  // the test clock's time
 const QString kKey = u"00000012"_s;
 
 class ProgramLinks : public WithConnections {
@@ -23,12 +23,12 @@ class ProgramLinks : public WithConnections {
     ~ProgramLinks() override { Globals().MainForm = nullptr; }
 
     void Add(const LinkRow& row) const { AddLinkRow(installation.Configuration(), row); }
-    /// A start message of the menu for this program.
+    /// Adds a start message from the menu to this program.
     void AddStart(const QString& sentAt, const QString& key = kKey) const {
         Add({.sentAt = sentAt, .sender = kMenu, .receiver = kThis, .kind = u"00"_s, .key = key});
     }
     QList<QStringList> Rows() const { return LinkRows(installation.Configuration()); }
-    /// One column of the messages that are left.
+    /// One column of the remaining messages.
     QStringList Left(int column) const {
         QStringList values;
         for (const QStringList& row : Rows()) values << row[column];
@@ -246,7 +246,7 @@ TEST_F(ProgramLinks, DeletionOfAStartMessageNamesFourColumnsAndThatOfAReplyItsKe
 
 TEST_F(ProgramLinks, EveryMessageWrittenIsFollowedByAFreshConnection) {
     for (const auto& write : {+[] { SendStartLink(kThis, kSibling, kKey); }, +[] { WriteEndLink({}); }}) {
-        // Lives as long as its connection.
+        // A temporary table exists as long as its connection.
         Globals().ConfigConnection.Execute(u"CREATE TEMP TABLE mark (x)"_s);
         write();
         EXPECT_THROW(Globals().ConfigConnection.Execute(u"DROP TABLE mark"_s), database::DatabaseError);

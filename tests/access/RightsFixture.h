@@ -3,8 +3,8 @@
 #include "access/ProgramRights.h"
 #include "data/DataFixture.h"
 
-/// The staff member 00001 works at office "000" with every right, and the program runs for that office. PINs are
-/// stored as they are typed.
+/// The staff member 00001 of office "000" has every right, and the program runs for that office. PINs are stored in
+/// clear.
 class WithRights : public WithConnections {
   protected:
     WithRights() {
@@ -21,7 +21,7 @@ class WithRights : public WithConnections {
         installation.General().Execute(u"DELETE FROM 担当者別操作許可プログラム"_s);
     }
 
-    /// A column list "a = 'b', c = 'd'" of the staff member 00001.
+    /// Updates 00001; `assignments` as in "a = 'b', c = 'd'".
     void SetStaff(const QString& assignments) const {
         using namespace Qt::StringLiterals;
         installation.General().Execute(u"UPDATE M担当者 SET "_s + assignments + u" WHERE コード = '00001'"_s);
@@ -32,7 +32,7 @@ class WithRights : public WithConnections {
             u"UPDATE 販路推進データ管理 SET 処理分類 = %1 WHERE プログラムID = '要員名簿照会'"_s.arg(
                 SqlLiteral(workClass)));
     }
-    /// A personal rule of 00001 for this program; the rights in the order of their operation numbers.
+    /// Adds a personal rule of 00001 for this program; rights by operation number.
     void AddPersonalRule(const QString& menu, const QStringList& rights) const {
         using namespace Qt::StringLiterals;
         QStringList values;

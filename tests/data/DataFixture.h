@@ -9,8 +9,8 @@
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
-/// An installation with empty masters but for the staff member 00001, who launches, and with definition rows that
-/// hold no more than a start needs; this program stands in it before its start.
+/// An installation before the program's start, with empty masters except the launching staff member 00001 and with
+/// minimal definition rows.
 class InInstallation : public ::testing::Test {
   protected:
     InInstallation() : installation({.staff = 1}) {
@@ -54,7 +54,7 @@ class WithConnections : public InInstallation {
     }
 };
 
-/// Number and description with which opening or running fails.
+/// Number and description of a thrown error.
 struct Failure {
     long number = 0;
     QString description;

@@ -21,13 +21,13 @@ class Environment : public InInstallation {
     }
 
     QString PrivateConfig() const { return installation.Root() + u"/users/tester/conf/usrcnfg.accdb"_s; }
-    /// Install kind 1 with a private copy as the common file stands now.
+    /// Sets install kind 1 and makes a private copy of the common file.
     void GivePrivateCopy() {
         Set(u"インストール区分 = '1'"_s);
         QDir().mkpath(installation.Root() + u"/users/tester/conf"_s);
         QFile::copy(installation.Configuration().Path(), PrivateConfig());
     }
-    /// Text of the message for whatever opening the common file runs into.
+    /// Text of the message for the error that opening the common file causes.
     QString OpenErrorText() {
         const Failure failure = FailureOf([this] {
             database::Connection connection;

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Folders that exist by name alone, on whatever system.
+/// Fake folders that exist only as names, so that paths of any system can be tested.
 class NamedFolders : public platform::LocalFileSystem {
   public:
     NamedFolders(QStringList& made, QStringList existing) : made_(made), existing_(std::move(existing)) {}

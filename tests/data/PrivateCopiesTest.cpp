@@ -1,4 +1,4 @@
-// What another user may have placed where a user's private copies are made.
+// Files that another user may have placed where a user's private copies are created.
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ class PrivateCopies : public testing::Test {
         UseStandInRegistry().GiveHost(u"/opt/host/OFFICE16/"_s);
     }
 
-    /// True when the program has a configuration after it.
+    /// True if the configuration was opened.
     static bool Start() {
         try {
             return LoadEnvironment();
@@ -43,7 +43,7 @@ class PrivateCopies : public testing::Test {
     void MakeOwnFolders() const {
         for (const QString& folder : {u"conf"_s, u"report"_s}) ASSERT_TRUE(QDir().mkpath(Own(folder)));
     }
-    /// Names and contents in the folder that no start may reach.
+    /// Names and contents of the folder that a start must not change.
     QStringList Elsewhere() const {
         QStringList names;
         for (const QFileInfo& entry : QDir(elsewhere.path()).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
@@ -57,7 +57,7 @@ class PrivateCopies : public testing::Test {
     QTemporaryDir elsewhere;
 };
 
-/// Copies that say they are whole and are not.
+/// Reports success but cuts off the last byte of each copy.
 class CuttingFiles : public platform::LocalFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override {

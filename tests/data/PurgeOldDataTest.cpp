@@ -46,7 +46,7 @@ TEST_F(Purge, AStampInAnotherFormIsNotFoundWhereItStandsBehindTheLimitAsText) {
     for (const QStringList& column : columns) {
         Stamp(column[0], column[1], {u"R08/01/01 00:00:00"_s, u"2026/11/21 09:00:00"_s, u"20200101 000000"_s});
         PurgeOldData();
-        // A slash sorts before every digit, so that form goes at once, however new it is.
+        // A slash sorts before any digit, so timestamps of that format are deleted at once, whatever their date is.
         EXPECT_EQ(Left(column[0], column[1]), QStringList{u"R08/01/01 00:00:00"_s}) << column[0].toStdString();
     }
 }

@@ -45,7 +45,7 @@ struct VersionCase {
     bool result;
     bool associated;
     int level;
-    QString version;  ///< whose locations got the folder, empty for none
+    QString version;  ///< whose locations contain the folder; empty if none
 };
 void PrintTo(const VersionCase& row, std::ostream* out) { *out << row.name; }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr int kWriters = 8;
 constexpr int kRowsEach = 500;
 
-/// Another program of the suite: opens the configuration by itself and works in a process of its own.
+/// Runs another program of the suite in a separate process with its own configuration connection.
 template <typename Work>
 pid_t StartProgram(const SampleInstallation& installation, Work work) {
     const pid_t child = fork();
@@ -33,7 +33,7 @@ QList<QStringList> Rows(const SampleInstallation& installation, const QString& s
     return installation.Configuration().Rows(sql);
 }
 
-// No connection stands in this process: an engine's handle must not be carried into a child.
+// This process opens no connection: database handles must not be carried across fork.
 using RunHistoryProcesses = InInstallation;
 
 }  // namespace

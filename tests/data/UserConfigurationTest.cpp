@@ -32,15 +32,15 @@ const QString kLinks = u"SELECT 接続 FROM リンクテーブル ORDER BY rowid
 
 bool WaitDialogStands() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
 
-/// Tells the copies in their order, those during which the wait dialog stands with a star behind.
+/// Records the copies in order, with a star appended if the wait dialog is shown meanwhile.
 class WatchedFiles : public platform::LocalFileSystem {
   public:
     QStringList& copies;
-    QString diskFullAt;                       ///< no room is left while this file is copied
-    QString noFolderBelow;                    ///< no folder can be made in this one
-    std::function<void()> meanwhile = [] {};  ///< what events do during a copy
-    QString unremovable;                      ///< name of a file that stays
-    bool noMark = false;                      ///< no mark can be made
+    QString diskFullAt;                       ///< the disk is full when this file is copied
+    QString noFolderBelow;                    ///< no folder can be created in this one
+    std::function<void()> meanwhile = [] {};  ///< called during each copy, as an event would be
+    QString unremovable;                      ///< name of a file that cannot be removed
+    bool noMark = false;                      ///< the marker file cannot be created
     explicit WatchedFiles(QStringList& watched) : copies(watched) {}
 
     bool CopyFile(const QString& source, const QString& target) const override {
@@ -69,7 +69,7 @@ class BrokenTableEngine : public database::TableEngine {
     }
 };
 
-/// Counts how often the wait dialog comes up.
+/// Counts how often the wait dialog is shown.
 class WaitDialogWatch : public QObject {
   public:
     WaitDialogWatch() { QCoreApplication::instance()->installEventFilter(this); }
@@ -82,7 +82,7 @@ class WaitDialogWatch : public QObject {
     }
 };
 
-/// A user without anything of his own in an installation with private copies.
+/// A user without private files in an installation with private copies.
 class UserConfiguration : public testing::Test {
   protected:
     explicit UserConfiguration(bool mdb = false)
@@ -104,7 +104,7 @@ class UserConfiguration : public testing::Test {
     QStringList OwnFiles(const QString& folder) const {
         return QDir(Own(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
     }
-    /// Connect texts in a forms file of the user; each one only once.
+    /// Connect texts in one of the user's template files, without duplicates.
     QStringList LinksOf(const QString& file) const {
         QStringList links;
         for (const QStringList& row : SampleFile(Own(u"report/"_s + file)).Rows(kLinks)) links.append(row.first());
@@ -145,7 +145,7 @@ TEST_F(UserConfiguration, HostIsPreparedBeforeAnyOfItsFilesIsTouched) {
     QStringList writesBefore;
     files->meanwhile = [&] { writesBefore.append(QString::number(registry.writes.size())); };
     PrepareUserConfig();
-    // Path and AllowSubfolder, once the configuration has been copied.
+    // Path and AllowSubfolder, written after the configuration has been copied.
     EXPECT_EQ(writesBefore, QStringList({u"0"_s, u"2"_s, u"2"_s}));
 }
 
@@ -207,7 +207,7 @@ TEST_F(OlderUserConfiguration, BothFormsFilesAreLinkedToTheOneWorkFile) {
 TEST_F(UserConfiguration, ErrorRowIsLostWithoutAConnectionAndUsesUpItsNumber) {
     ASSERT_TRUE(QFile::remove(installation.Forms().Path()));
     ASSERT_TRUE(LoadEnvironment());
-    // The copy, and the opening for the links.
+    // Two lost rows: the failed copy, and the failed opening for the links.
     EXPECT_EQ(Globals().ProcCounter, 2);
     EXPECT_EQ(installation.HistoryTexts(), QStringList());
     EXPECT_EQ(SampleFile(Own(u"conf/usrcnfg.accdb"_s)).Rows(u"SELECT 摘要 FROM プログラム稼動履歴"_s).size(), 0);

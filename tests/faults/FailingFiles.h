@@ -2,8 +2,8 @@
 
 #include "platform/FileSystem.h"
 
-/// Files of the host whose n-th step fails: a block of a copy, a removal, a new folder, the opening of an output, a
-/// mark.
+/// File system whose n-th operation fails: a block of a copy, a removal, a new folder, the opening of an output file, a
+/// marker file.
 class FailingFiles : public platform::LocalFileSystem {
   public:
     bool CopyFile(const QString& source, const QString& target) const override;
@@ -12,9 +12,9 @@ class FailingFiles : public platform::LocalFileSystem {
     std::unique_ptr<platform::OutputFile> OpenForOutput(const QString& path) const override;
     bool CreateMark(const QString& path) const override;
 
-    /// `point` steps more and one fails; with `lasting` all behind it as well.
+    /// The `point`-th operation from now on fails; if `lasting`, all later ones too.
     void Arm(int point, bool lasting);
-    /// True when a step has failed.
+    /// True if an operation has failed.
     bool Disarm();
 
   private:

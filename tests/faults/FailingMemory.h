@@ -1,17 +1,16 @@
 #pragma once
 
-/// The engine's memory, which can be told to run out.
+/// Fault injection for the engine's memory allocator.
 namespace FailingMemory {
 
-/// Once for the process, before the first database is opened. The engine then also asks for its smallest pieces one
-/// by one.
+/// Call once per process, before the first database is opened. Also disables the engine's pool for small allocations.
 void Install();
-/// From now on the `point`-th allocation fails, that one alone.
+/// The `point`-th allocation from now on fails, and no other.
 void Arm(int point);
-/// From now on allocations are only counted; so many were it. Any other planning ends it.
+/// Count only counts allocations, until the next call of Arm or Disarm; Counted returns the number.
 void Count();
 int Counted();
-/// For its length there is memory, and nothing is counted.
+/// Scope in which allocations neither fail nor count.
 class Pause {
   public:
     Pause();
@@ -23,7 +22,7 @@ class Pause {
     int left_;
 };
 
-/// Memory for everybody again. True when an allocation has failed.
+/// Ends the injection. True if an allocation has failed.
 bool Disarm();
 
 }  // namespace FailingMemory

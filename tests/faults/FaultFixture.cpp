@@ -33,7 +33,7 @@ Fault OnDisk(const DiskFault& fault, FaultyDisk::Lasting lasting, const QByteArr
             [=](int point) { FaultyDisk::Arm(fault, point, lasting, part); }, &FaultyDisk::Disarm, mute, 0};
 }
 
-/// Before any database is opened, since the engine asks for its memory from then on.
+/// Installed before any database is opened, since the engine does not accept another allocator later.
 class FaultyMachine : public testing::Environment {
   public:
     void SetUp() override {
@@ -184,7 +184,7 @@ int FaultTest::FailFromThenOn(const QByteArray& part) {
     constexpr auto kForGood = FaultyDisk::Lasting::FromThenOn;
     const bool mute = HistoryFile().Path().toUtf8().contains(part);
     for (const DiskFault& fault : kDiskFaults)
-        // Whoever finds a file in use for good waits his five seconds at every statement.
+        // A file that stays busy costs the full busy timeout of five seconds at each statement.
         if (fault.code != SQLITE_BUSY && !HasFailure()) Try(OnDisk(fault, kForGood, part, mute));
     if (!HasFailure()) Try(OnDisk({"anything", DiskOperation::Any}, kForGood, {}, true));
     return TellTried();

@@ -8,17 +8,17 @@
 #include "faults/FaultyDisk.h"
 #include "support/OutputFixture.h"
 
-/// One way of failing that can be planned for a point of a piece of work.
+/// A kind of fault that can be injected at the n-th point of an operation.
 struct Fault {
     QString name;
     std::function<void(int point)> arm;
-    std::function<bool()> disarm;  ///< true when the fault has fallen
-    /// The history can take no row either, so what failed may stay untold.
+    std::function<bool()> disarm;  ///< true if the fault was triggered
+    /// No history row can be written either, so the failure may be unreported.
     bool mute = false;
-    int points = 0;  ///< so many that not each is tried; 0: each
+    int points = 0;  ///< number of points, for sampling; 0: try each one
 };
 
-/// What a piece of work told of itself, in whatever way.
+/// How an operation reported a failure.
 struct Outcome {
     bool raised = false;
     QStringList messages;
@@ -26,54 +26,56 @@ struct Outcome {
     bool Told() const { return raised || !messages.isEmpty() || !errorRows.isEmpty(); }
 };
 
-/// A piece of work on an installation with three people, done again and again with one fault at each of its points in
-/// turn. Behind each the databases must be whole and what was told as done must be there; then the same work, without a
-/// fault and on what the failure left, must succeed.
+/// Repeats an operation on an installation with three people, with one fault at each of its points. After each fault
+/// the databases must be intact and everything reported as done must be stored; then the same operation without a fault
+/// must succeed on what the failure left.
 class FaultTest : public OutputTest {
   protected:
     FaultTest();
     ~FaultTest() override;
 
-    /// The work, with its openings. It may raise RuntimeError.
+    /// The operation, including opening its connections. May throw RuntimeError.
     virtual void Work() = 0;
-    /// What must hold behind a fault. `untold`: nothing was told although it could have been, so all must be there.
+    /// Checks the state after a fault. `untold`: no failure was reported although it could have been, so the operation
+    /// must be complete.
     virtual void CheckBehindFault(bool untold) = 0;
-    /// What must hold behind the next work without a fault.
+    /// Checks the state after the following operation without a fault.
     virtual void CheckBehindNextWork() = 0;
-    /// Whether the work asks this of the disk, so that a fault of it has to fall.
+    /// Whether the operation uses this disk operation, so that its fault must be triggered.
     virtual bool AsksFor(DiskOperation /*operation*/) const { return true; }
-    /// Where the user's history lies.
+    /// The file with the user's history.
     virtual SampleFile HistoryFile() const { return installation.Configuration(); }
 
-    // The next three give the number of points at which a fault has fallen.
+    // The next three return the number of points at which a fault was triggered.
 
-    /// Every disk fault, once, on every file. Each kind that the work asks for must have fallen.
+    /// Each disk fault once, on all files. Each kind that the operation uses must be triggered.
     int FailOnce();
-    /// The disk of one file fails in each way from a point on; then there is no disk any more at all.
+    /// Each disk fault permanently from a point on, on the files with `part` in their name; then any disk operation, on
+    /// all files.
     int FailFromThenOn(const QByteArray& part);
-    /// Each of the first and of the last hundreds of allocations fails in its turn, and some of the thousands between.
+    /// Memory faults: each of the first 250 and the last 150 allocations fails, and a sample of those in between.
     int RunOutOfMemory();
     void Try(const Fault& fault);
-    /// How many points it were.
+    /// Prints, records and returns the number of points.
     int TellTried() const;
 
-    /// Another program for its length, on a machine that is well.
+    /// Scope without fault injection, for what another machine does.
     struct OnAnotherMachine {
         FaultyDisk::Pause disk;
         FailingMemory::Pause memory;
     };
 
-    /// To be called at the end of the set-up: this is where every try begins.
+    /// Call at the end of the constructor: each try starts from this state.
     void KeepAsBeginning();
     void BackToBeginning() const;
     Outcome RunWork();
-    /// Raises as a start does.
+    /// Throws as a start does.
     static void OpenConnections();
-    /// As when the program has ended: no connection, no window, no file is open.
+    /// Closes connections, windows and files, as at the program's end.
     void EndProgram();
 
     FailingFiles* files;
-    int tried = 0;  ///< points at which a fault has fallen
+    int tried = 0;  ///< points at which a fault was triggered
 
   private:
     static int NextPoint(const Fault& fault, int point);

@@ -10,7 +10,7 @@ namespace {
 
 struct Plan {
     DiskFault fault{"none", DiskOperation::Any};
-    int left = 0;  // operations until the fault falls; 0 when it has fallen or none is planned
+    int left = 0;  // operations until the fault is triggered; 0 if it has been, or none is armed
     bool lasting = false;
     bool paused = false;
     bool fallen = false;
@@ -22,17 +22,17 @@ sqlite3_vfs* real = nullptr;
 constexpr std::array kUsualCodes = {SQLITE_CANTOPEN,   SQLITE_IOERR_READ,     SQLITE_IOERR_WRITE, SQLITE_IOERR_FSYNC,
                                     SQLITE_IOERR_LOCK, SQLITE_IOERR_TRUNCATE, SQLITE_IOERR_DELETE};
 
-/// The engine allots these bytes and those of the real file behind them.
+/// The engine allocates this struct and, after it, the one of the real file.
 struct FaultyFile {
     sqlite3_file base;
-    const char* name;  // the engine's; it lives as long as the file. Null for a file without one
+    const char* name;  // owned by the engine, valid as long as the file; null for a temporary file
 };
 
 sqlite3_file* Real(sqlite3_file* file) {
     return reinterpret_cast<sqlite3_file*>(reinterpret_cast<FaultyFile*>(file) + 1);
 }
 
-/// SQLITE_OK, or what this operation has to fail with.
+/// SQLITE_OK, or the error code for this operation.
 int Verdict(DiskOperation operation, const char* name) {
     if (plan.paused || (plan.fault.operation != operation && plan.fault.operation != DiskOperation::Any))
         return SQLITE_OK;
@@ -86,7 +86,7 @@ int SectorSize(sqlite3_file* file) { return Real(file)->pMethods->xSectorSize(Re
 
 int Characteristics(sqlite3_file* file) { return Real(file)->pMethods->xDeviceCharacteristics(Real(file)); }
 
-/// Without shared memory and mapping, which go past reads and writes.
+/// Version 1, without shared memory and memory mapping, which would bypass reads and writes.
 const sqlite3_io_methods kMethods = {
     1,          Close,           Read,    Write,   Truncate, Sync,    Size,    Lock,   Unlock, CheckReserved, Control,
     SectorSize, Characteristics, nullptr, nullptr, nullptr,  nullptr, nullptr, nullptr};

@@ -2,34 +2,33 @@
 
 #include <QByteArray>
 
-/// What the engine asks of a disk.
+/// Operations of the engine on a disk.
 enum class DiskOperation { Open, Read, Write, Sync, Lock, Truncate, Delete, Any };
 
-/// One way of failing. `code` is what the engine is told; 0 stands for the usual code of the operation at hand.
+/// A kind of disk fault. `code` is the SQLite error returned to the engine; 0: the usual one of the operation.
 struct DiskFault {
     const char* name;
     DiskOperation operation;
     int code = 0;
-    bool doneAllTheSame = false;  ///< the operation takes place, only its success gets lost, as on a network share
+    bool doneAllTheSame = false;  ///< the operation is performed but reported as failed, as on a network share
 };
 
-/// The disk under every database that the process opens, in between the engine and the real one. It counts the
-/// operations of one kind and fails the n-th; a write that fails has written its first half. Nothing waits for the
-/// real disk at a sync.
+/// SQLite VFS with fault injection for all databases of the process. Counts operations of one kind and fails the n-th;
+/// a failed write has written its first half. Syncs do nothing.
 class FaultyDisk {
   public:
     enum class Lasting { Once, FromThenOn };
 
-    /// Once for the process, before the first database is opened.
+    /// Call once per process, before the first database is opened.
     static void Install();
-    /// From now on `point` operations more and the fault falls, on files with `part` in their name only (empty: all).
+    /// The `point`-th operation from now on fails, only on files with `part` in their name (empty: all).
     static void Arm(const DiskFault& fault, int point, Lasting lasting, const QByteArray& part = {});
-    /// The disk is well from now on; Disarm still tells what was before.
+    /// Stops failing; Disarm still returns whether the fault was triggered.
     static void Mend();
-    /// The disk is well again. True when a fault has fallen.
+    /// Ends the injection. True if a fault was triggered.
     static bool Disarm();
 
-    /// For its length the disk is well, and nothing is counted: somebody else works on it.
+    /// Scope in which operations neither fail nor count, for what another program does.
     class Pause {
       public:
         Pause();

@@ -10,7 +10,7 @@ namespace {
 
 const QStringList kOwnFiles = {u"conf/usrcnfg.accdb"_s, u"report/repdb.accdb"_s, u"report/repfrmdb.accdb"_s};
 
-/// A user's first start where everybody has private copies.
+/// A user's first start in an installation with private copies.
 class FirstStartUnderFaults : public FaultTest {
   protected:
     FirstStartUnderFaults() {
@@ -25,7 +25,7 @@ class FirstStartUnderFaults : public FaultTest {
     }
 
     void Work() override { started_ = LoadEnvironment(); }
-    /// Whatever stands under a name of its own is a whole copy.
+    /// Every existing private file is a complete copy.
     void CheckBehindFault(bool /*untold*/) override {
         for (const QString& name : kOwnFiles) {
             const QString common = installation.Root() + u'/' + name;

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Three rows of the history one after the other, the middle one over several pages.
+/// Writes three history rows; the second one extends over several pages.
 class HistoryRowUnderFaults : public FaultTest {
   protected:
     HistoryRowUnderFaults() { KeepAsBeginning(); }

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kKey = u"00000001"_s;
-const QString kNow = u"20261121 093015"_s;  // where the test's clock stands
+const QString kNow = u"20261121 093015"_s;  // the test clock's time
 
-/// The staff member's name is changed in the registration program, which runs on a disk of its own.
+/// The registration program, whose disk has no faults, changes the staff member's name.
 class ExchangeUnderFaults : public FaultTest {
   protected:
     ExchangeUnderFaults() {
@@ -24,7 +24,7 @@ class ExchangeUnderFaults : public FaultTest {
             installation.General().Execute(u"UPDATE M担当者 SET 氏名 = '山田　次郎' WHERE コード = '00001'"_s);
             AddLinkRow(installation.Configuration(), {.sentAt = kNow, .key = start.arguments});
         };
-        // The wait has no end of its own, so at some time the disk is mended.
+        // The wait has no timeout, so the fault ends after some iterations.
         services.clock.sleeping = [this](int) {
             if (++sleeps_ == 20) FaultyDisk::Mend();
         };
@@ -49,7 +49,7 @@ class ExchangeUnderFaults : public FaultTest {
     void CheckBehindNextWork() override {
         EXPECT_EQ(Globals().Rows.Text(StaffText::担当者名, 0), u"山田　次郎"_s);
         EXPECT_EQ(LinkRows(installation.Configuration()), QList<QStringList>());
-        EXPECT_GE(startMessages_, 1);  // one of a failure stays until it is purged
+        EXPECT_GE(startMessages_, 1);  // that of a failed exchange stays until it is purged
         EXPECT_TRUE(enabled_);
     }
 
@@ -58,7 +58,7 @@ class ExchangeUnderFaults : public FaultTest {
     qsizetype startMessages_ = 0;
 };
 
-/// This program has been started by the menu: it takes the message, and at its end it answers.
+/// The menu has started this program, which receives the start message and answers at its end.
 class AnswerUnderFaults : public FaultTest {
   protected:
     AnswerUnderFaults() { KeepAsBeginning(); }

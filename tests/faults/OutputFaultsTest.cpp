@@ -11,7 +11,7 @@ using enum StaffText;
 
 namespace {
 
-/// A text output of two rows: the work table is filled anew and the file is written from it.
+/// A text output of two rows: the work table is refilled and exported to the file.
 class OutputUnderFaults : public FaultTest {
   protected:
     OutputUnderFaults() {

@@ -5,7 +5,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The registration program saves a person, and then once more from what was read before, which has become old.
+/// The registration program saves a person, then saves again from the record read before, which is outdated.
 class SaveUnderFaults : public FaultTest {
   protected:
     SaveUnderFaults() {

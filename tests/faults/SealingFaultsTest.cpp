@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A site whose PINs stand in the clear, without a key.
+/// An installation with PINs in clear and no key file.
 class SealingUnderFaults : public FaultTest {
   protected:
     SealingUnderFaults() {
@@ -31,7 +31,7 @@ class SealingUnderFaults : public FaultTest {
             texts << row.first();
         return texts;
     }
-    /// Every PIN as somebody reads it who holds the key file.
+    /// All PINs, decrypted with the key file.
     QStringList Opened() const {
         const SamplePins pins(installation.Root());
         QStringList opened;
@@ -43,7 +43,7 @@ class SealingUnderFaults : public FaultTest {
         const auto open = [this] { return setup::OpenFilePins(installation.General().Path()); };
         count_ = setup::SealStoredPins(open, KeyFile());
     }
-    /// Sealed or not, no PIN is lost, and none is sealed under a key that has gone.
+    /// No PIN is lost, encrypted or not, and none is encrypted with a key that does not exist.
     void CheckBehindFault(bool untold) override {
         const bool sealed = platform::IsSealedPin(Stored().first());
         EXPECT_TRUE(sealed || !untold);
@@ -57,7 +57,7 @@ class SealingUnderFaults : public FaultTest {
         EXPECT_EQ(count_.unopenable, 0);
     }
 
-    bool keyMayStay_ = false;  ///< the disk never tells whether it is needed
+    bool keyMayStay_ = false;  ///< unknown on a broken disk whether the key is still needed
     QStringList clear_;
     setup::SealedCount count_;
 };

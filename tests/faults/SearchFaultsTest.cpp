@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A search by name, as the first one behind a start: with the eras of each row's dates and the viewing log.
+/// The first search by name after a start, including the eras of each row's dates and the viewing log.
 class SearchUnderFaults : public FaultTest {
   protected:
     SearchUnderFaults() {
@@ -27,7 +27,7 @@ class SearchUnderFaults : public FaultTest {
         Globals().LastRow = -1;
         OpenConnections();
         RunStaffSearch();
-        // No snapshot of the search is left that would keep others from writing.
+        // The search has left no read transaction open that would block writers.
         const OnAnotherMachine well;
         installation.General().Execute(u"UPDATE M担当者 SET 氏名 = 氏名"_s);
     }

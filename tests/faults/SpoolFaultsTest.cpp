@@ -8,11 +8,11 @@ namespace {
 
 const QStringList kColumns = {u"コード"_s, u"氏名"_s, u"担当者メモ"_s};
 
-/// The report host takes the rows of a work table into a file of its own and reads them from there, page by page.
+/// The report host copies the rows of a work table into a private temporary database and reads them page by page.
 class SpoolUnderFaults : public FaultTest {
   protected:
     SpoolUnderFaults() {
-        // So much that the engine's memory for the spool does not hold it and its file is written.
+        // Larger than the engine's page cache for the row store, so that its file is written.
         installation.Report().Execute(
             u"WITH n(i) AS (SELECT 3 UNION ALL SELECT i + 1 FROM n WHERE i < 300)"
             u" INSERT INTO 要員名簿照会 (コード, 氏名, 担当者メモ)"
@@ -42,7 +42,7 @@ class SpoolUnderFaults : public FaultTest {
             EXPECT_EQ(rows_.at(row), (QStringList{QString::number(row + 1).rightJustified(5, u'0'), u"佐々木　愛"_s,
                                                   u"記録"_s.repeated(200)}));
     }
-    /// The spool goes with its program, so nobody waits until it has reached the disk, and nobody deletes it.
+    /// The row store is temporary, so the engine neither syncs nor deletes its file.
     bool AsksFor(DiskOperation operation) const override {
         return operation != DiskOperation::Sync && operation != DiskOperation::Delete;
     }

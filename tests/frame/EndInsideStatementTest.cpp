@@ -1,4 +1,4 @@
-// The programs themselves, asked to end while the engine works on a statement that never ends.
+// The programs, asked to exit while the engine executes a statement that never ends.
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -18,9 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTimeout = 30000;            // milliseconds
-constexpr QPoint kSearchButton(811, 150);  // within the window of the inquiry
+constexpr QPoint kSearchButton(811, 150);  // in the inquiry's window
 
-// Works without an end and needs no memory for it.
+// Never ends, with constant memory.
 const QString kEndless =
     u"(SELECT COUNT(*) FROM (WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT n FROM c))"_s;
 
@@ -41,12 +41,12 @@ class EndInsideStatement : public testing::Test {
         process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process.start(program, arguments);
     }
-    /// Replaces a table by a view that gives nothing and never ends.
+    /// Replaces a table by a view without rows that never ends.
     static void MakeEndless(const SampleFile& file, const QString& table) {
         file.Execute(u"ALTER TABLE %1 RENAME TO 元の%1; CREATE VIEW %1 AS SELECT * FROM 元の%1 WHERE %2 < 0"_s.arg(
             table, kEndless));
     }
-    /// True once a statement runs on the file, which keeps writers away.
+    /// True while a statement runs on the file: its read lock prevents an exclusive one.
     static bool IsInUse(const SampleFile& file) {
         sqlite3* other = nullptr;
         sqlite3_open_v2(file.Path().toUtf8().constData(), &other, SQLITE_OPEN_READWRITE, nullptr);

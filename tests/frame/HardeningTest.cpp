@@ -1,4 +1,4 @@
-// How the four programs are linked, read from their files.
+// Linker hardening of the four programs, read from their ELF files.
 
 #include <elf.h>
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ class Hardening : public testing::TestWithParam<QString> {
             std::memcpy(&record, bytes.constData() + place, sizeof record);
         return record;
     }
-    /// The segment of that kind; its type is PT_NULL where there is none.
+    /// The segment of that type; its p_type is PT_NULL if there is none.
     Elf64_Phdr Segment(quint32 type) const {
         for (int i = 0; i < header.e_phnum; ++i) {
             const auto segment = At<Elf64_Phdr>(header.e_phoff + static_cast<quint64>(i) * header.e_phentsize);
@@ -55,7 +55,7 @@ TEST_P(Hardening, TheProgramIsLoadedAtAnyAddress) {
     EXPECT_NE(Dynamic(DT_FLAGS_1) & DF_1_PIE, 0U);
 }
 
-// Builds for debugging and with sanitizers are not hardened.
+// Debug and sanitizer builds are not hardened.
 #ifdef NDEBUG
 TEST_P(Hardening, AddressesOfLibrariesAreReadOnlyOnceTheProgramRuns) {
     EXPECT_EQ(Segment(PT_GNU_RELRO).p_type, static_cast<quint32>(PT_GNU_RELRO));

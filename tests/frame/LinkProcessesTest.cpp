@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kPosition = 2;
 
-/// The main form beside a second process, which stands in for the registration program.
+/// The main form and a second process, which is a fake of the registration program.
 class LinkProcesses : public MainFormTest {
   protected:
     LinkProcesses() {
@@ -35,11 +35,11 @@ class LinkProcesses : public MainFormTest {
     }
 
     QString InProgramFolder(const QString& name) const { return installation.ProgramFolder() + u'/' + name; }
-    /// Statements that the sibling runs on the general database.
+    /// Statements that the fake runs on the general database.
     void Order(const QString& sql) const { WriteBytes(InProgramFolder(u"sibling.sql"_s), sql.toUtf8()); }
-    /// The sibling stays until it is killed.
+    /// Makes the fake wait until it is killed.
     void LetSiblingWait() const { WriteBytes(InProgramFolder(u"sibling.waits"_s), QByteArray()); }
-    /// Process id of the last sibling that got as far as its start message; 0 before.
+    /// Process id of the last fake that has received its start message; 0 if there is none.
     int Sibling() const {
         QFile file(InProgramFolder(u"sibling.pid"_s));
         return file.open(QIODevice::ReadOnly) ? file.readAll().toInt() : 0;
@@ -49,7 +49,7 @@ class LinkProcesses : public MainFormTest {
     [[noreturn]] void KillSiblingAndClose();
 };
 
-/// Counts what is painted of a window.
+/// Counts the paint events of a window.
 class PaintCount : public QObject {
   public:
     explicit PaintCount(QWidget& window) { window.installEventFilter(this); }
@@ -60,13 +60,13 @@ class PaintCount : public QObject {
     int paints = 0;
 };
 
-/// What the other process of KilledSibling… ends with.
+/// Exit codes of the second process of KilledSibling….
 enum Outcome { kClosed = 0, kCloseBoxReturned = 7, kNoEnd = 8, kWaitEnded = 9 };
 
 }  // namespace
 
-/// The work of a program of its own: clicks a row, kills the sibling in the middle, sees the window painted three times
-/// after that and uses the close box.
+/// Runs in a separate process: clicks a row, kills the fake while it is waited for, checks that the window is painted
+/// three times after that and presses the close box.
 void LinkProcesses::KillSiblingAndClose() {
     [[maybe_unused]] const auto* kept = platform::Services().processes.release();
     platform::Services().processes = std::make_unique<platform::LocalProcessService>();
@@ -146,7 +146,7 @@ TEST_F(LinkProcesses, ConfigurationLockedForThreeSecondsOnlyDelaysTheExchange) {
     std::thread meanwhile;
     const auto start = services.processes.started;
     services.processes.started = [&](const RecordingProcesses::Start& program) {
-        meanwhile = lock();  // the sibling and the looks of the wait have to wait
+        meanwhile = lock();  // the fake and the polling have to wait
         start(program);
     };
     EXPECT_GE(exchange(), kLock - std::chrono::milliseconds(100));

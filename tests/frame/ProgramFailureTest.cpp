@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Starts of the real program that end before the main form stands.
+/// Starts of the real program that fail before the main form is shown.
 class ProgramFailure : public testing::Test {
   protected:
     void ExpectEnd(const QStringList& messages) {

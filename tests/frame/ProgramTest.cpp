@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The rows that a plain LEFT JOIN finds; the class tables drop rows whose class they lack.
+// Rows of the plain LEFT JOINs; the class tables are inner joins.
 const QString kCount =
     u"SELECT COUNT(*) FROM M担当者 s LEFT JOIN M事業所 j ON j.コード = s.事業所コード "
     "LEFT JOIN M部門 b ON b.コード = s.部門コード LEFT JOIN Mセクション c ON c.コード = s.セクションコード "
@@ -15,7 +15,7 @@ const QString kCount =
     "AND EXISTS (SELECT 1 FROM K在籍区分 WHERE 区分 = s.在籍区分) "
     "AND EXISTS (SELECT 1 FROM K社員区分 WHERE 区分 = s.社員区分) AND s.在籍区分 = '0'"_s;
 
-const QString kOpen = u"000999000999009900000"_s + u"99999"_s;  // ranges behind the office
+const QString kOpen = u"000999000999009900000"_s + u"99999"_s;  // ranges after the office
 
 QString Text(const QString& text) { return text.leftJustified(30); }
 

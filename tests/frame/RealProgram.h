@@ -5,12 +5,12 @@
 
 #include "support/SampleInstallation.h"
 
-/// What a run of the real program left, in a process of its own and with nobody at its screen.
+/// Result of a headless run of the real program in a separate process.
 struct ProgramRun {
-    int exitCode;    ///< -1 when it crashed, or had to be killed after a minute
-    QString output;  ///< "message=TEXT" for each message box and other modal window, then "rows=N" of the first list
+    int exitCode;    ///< -1 if it crashed or was killed after a minute
+    QString output;  ///< "message=TEXT" per message box and other modal window, then "rows=N" of the first list
 };
 
-/// Runs the program as it was built, from the installation's program folder, until its first list stands and its window
-/// has been closed, or until a message has ended it.
+/// Runs the built program from the installation's program folder until it has shown its first list and closed its
+/// window, or until a message box ended it.
 ProgramRun RunProgram(const SampleInstallation& installation, const QStringList& arguments = {});

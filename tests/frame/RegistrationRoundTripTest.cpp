@@ -1,4 +1,4 @@
-// The inquiry and the registration program, each a process of its own, linked by the row's click.
+// The inquiry and the registration program in separate processes, linked by a click on a row.
 
 #include <QFile>
 #include <QScopeGuard>
@@ -29,7 +29,7 @@ class RegistrationRoundTrip : public MainFormTest {
         platform::Services().processes = std::make_unique<platform::LocalProcessService>();
     }
 
-    /// Clicks the row by mouse; meanwhile somebody else works the registration program, whose window is given.
+    /// Clicks the row by mouse. Meanwhile a thread runs `work` with the registration program's window.
     void Register(int position, const std::function<bool(const QString& window)>& work) {
         const QByteArray display = qgetenv("DISPLAY"), platformName = qgetenv("QT_QPA_PLATFORM");
         const auto back = qScopeGuard([&] {
@@ -44,7 +44,7 @@ class RegistrationRoundTrip : public MainFormTest {
         std::thread clerk([&] {
             const QString window = screen.NewestOf(1);
             worked = !window.isEmpty() && work(window);
-            // Nobody else would end the wait.
+            // Otherwise the wait would never end.
             if (!worked) AddLinkRow(installation.Configuration(), {.sentAt = u"99991231 000000"_s, .key = key});
         });
         Click(u"担当者名"_s, position);

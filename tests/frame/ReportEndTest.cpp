@@ -1,4 +1,4 @@
-// The real program is ended while its report host, which never answers, keeps it waiting.
+// The real program is terminated while it waits for a report host that never answers.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class ReportEndTest : public MainFormTest {
             throw std::runtime_error("cannot install the host");
     }
 
-    /// Has the user print and waits until the host has been asked for the report.
+    /// Starts printing and waits until the host has received the request for the report.
     void OrderPrint(SuiteUser& user) {
         Start({}, kScreenHeight);
         const QWidget& button = Item(u"btn_印刷"_s).FocusWidget();

@@ -19,7 +19,7 @@ void Overwrite(const QString& path, const QByteArray& content) {
 
 class StartFailureTest : public MainFormTest {
   protected:
-    /// Runs the start, which is to end the process before the form is shown.
+    /// Runs the start, which must end the process before the form is shown.
     void ExpectRefusal(const QStringList& boxes) {
         services.system.applicationFolder = installation.ProgramFolder();
         Main();
@@ -29,7 +29,7 @@ class StartFailureTest : public MainFormTest {
         EXPECT_FALSE(Globals().ConfigConnection.IsOpen());
         EXPECT_FALSE(Globals().MainConnection.IsOpen());
     }
-    /// A refusal whose one row between start and end is that of a read on a connection that was never opened.
+    /// A refusal with one row between start and end: a failed read on a connection that was never opened.
     void ExpectRefusedRead(const QString& box, const QString& statement) {
         ExpectRefusal({box});
         EXPECT_TRUE(Globals().MainConnectionOpen);
@@ -122,6 +122,6 @@ TEST_F(StartFailureTest, MissingClassTableLeavesOnlyAllInItsList) {
     Start();
     EXPECT_EQ(Item(u"社員区分"_s).MaxValue(), 0);
     EXPECT_EQ(Item(u"社員区分名称"_s).ListIndex(), 0);
-    EXPECT_EQ(Globals().LastRow, -1);  // the staff statement joins it
+    EXPECT_EQ(Globals().LastRow, -1);  // the staff statement joins the missing table
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }

@@ -13,7 +13,7 @@ const QString kCommand = u"000000999000999009900000"_s + u"99999"_s;
 const QString kMenu = u"販路推進"_s;
 const QString kThis = u"要員名簿照会"_s;
 
-/// A start of the program, to which another one may have left a start message.
+/// A start of the program, possibly with a start message of another program.
 class StartLink : public InInstallation {
   protected:
     StartLink() { services.system.commandLine = kCommand; }

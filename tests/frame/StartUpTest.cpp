@@ -25,7 +25,7 @@ class StartUp : public InInstallation {
             u"SELECT proccounter, 摘要, 運用事業所コード, 起動担当者コード, ユーザID FROM プログラム稼動履歴"
             u" ORDER BY rowid"_s);
     }
-    /// Row of a refused general database, by what opening it through the same string says.
+    /// History row of a refused general database; the text is that of opening the same connection string.
     QString OpenErrorRow() {
         const Failure failure = FailureOf([] {
             database::Connection connection;

@@ -1,4 +1,4 @@
-// Two users of the machine at work at once in one installation with private copies, each with the real program.
+// Two users of the machine run the real program at the same time in one installation with private copies.
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class TwoUsers : public MainFormTest {
   protected:
     TwoUsers() { suite.General().Execute(u"UPDATE M担当者 SET 氏名 = '要員' || コード, 在籍区分 = '0'"_s); }
 
-    /// Where a button lies in the program's window.
+    /// Centre of a button in the program's window.
     QPoint PlaceOf(const QString& button) {
         if (Globals().MainForm == nullptr) Start({}, kScreenHeight);
         const QWidget& widget = Item(button).FocusWidget();
@@ -39,7 +39,7 @@ class TwoUsers : public MainFormTest {
         user.SayYes();
         ASSERT_EQ(user.Printed().size(), 1);
     }
-    /// The people on the one page that the user has printed, from top to bottom.
+    /// The people on the user's single printed page, from top to bottom.
     static QStringList PeoplePrinted(const SuiteUser& user) {
         QMap<double, QString> people;
         for (const PdfWord& word : PdfFile(user.Printed().value(0)).Find(0, u"要員0"_s))
@@ -52,7 +52,7 @@ class TwoUsers : public MainFormTest {
             people.append(row.first());
         return people;
     }
-    /// The first location that the user's host trusts.
+    /// The first trusted location of the user's host.
     QString TrustedBy(const SuiteUser& user) const {
         platform::FileRegistry registry(suite.MachineRegistry(), user.RegistryFile());
         QString buffer(255, u' ');

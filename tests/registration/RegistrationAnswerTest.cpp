@@ -1,4 +1,4 @@
-// The answer to the program that started this one, where it cannot be written at once.
+// The answer to the starting program when it cannot be written at once.
 
 #include "registration/RegistrationFixture.h"
 

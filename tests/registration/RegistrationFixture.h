@@ -11,8 +11,8 @@
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
-/// The registration program as its start leaves it, over a sample installation of its own, worked by real keys. The
-/// person is 00007; 00001 launches.
+/// The registration program over a sample installation, controlled by real key and mouse events. The test calls Start.
+/// The person is 00007; 00001 is the launching staff member.
 class RegistrationTest : public ::testing::Test {
   protected:
     RegistrationTest() {
@@ -48,7 +48,7 @@ class RegistrationTest : public ::testing::Test {
         QTest::keyClick(active == nullptr ? static_cast<QWidget*>(&Window()) : &active->FocusWidget(), key, modifiers);
     }
     static void Click(const QString& name) { QTest::mouseClick(&Item(name).FocusWidget(), Qt::LeftButton); }
-    /// Goes to the item with the mouse, replaces its text by keys and leaves it with Enter.
+    /// Clicks the item, replaces its text by keys and leaves it with Enter.
     static void Enter(const QString& name, const QString& text) {
         Click(name);
         Press(Qt::Key_A, Qt::ControlModifier);
@@ -67,7 +67,7 @@ class RegistrationTest : public ::testing::Test {
         for (const StaffItem& item : kStaffItems) texts << Stored(item.column.toString());
         return texts;
     }
-    /// 閲覧区分 of the log, in the order of writing.
+    /// 閲覧区分 of the viewing log, oldest row first.
     QStringList ViewKinds() const {
         QStringList kinds;
         for (const QStringList& row :
@@ -77,7 +77,7 @@ class RegistrationTest : public ::testing::Test {
     }
     bool HasEnded() const { return !services.processes.ends.isEmpty(); }
 
-    /// A start message for this program, as one that starts it leaves it.
+    /// Adds a start message for this program.
     void LeaveStartMessage(const QString& key, const QString& stamp = QStringLiteral("20261121 093000")) const {
         installation.Configuration().Execute(
             QStringLiteral(

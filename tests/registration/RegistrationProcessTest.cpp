@@ -1,4 +1,4 @@
-// The program itself, in a process of its own.
+// The real program in a separate process.
 
 #include <QFile>
 #include <QProcess>
@@ -32,7 +32,7 @@ class RegistrationProcess : public RegistrationTest {
         if (!display.isEmpty()) environment.insert(u"DISPLAY"_s, display);
         process.setProcessEnvironment(environment);
     }
-    /// Starts the program on a key and waits until `there`; then asks it to end.
+    /// Starts the program with a key, waits until `there` and asks it to exit.
     void RunUntil(const QString& key, const std::function<bool()>& there) {
         LeaveStartMessage(key, TimeStamp(QDateTime::currentDateTime()));
         process.start(program, {key});

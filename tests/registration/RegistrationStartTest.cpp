@@ -6,7 +6,7 @@ namespace {
 
 class RegistrationStart : public RegistrationTest {
   protected:
-    /// Starts in vain and gives what was said, the start message being answered all the same.
+    /// Runs a start that is refused and returns the message. The start message must be answered all the same.
     QString RefusalOf(const QString& command) {
         LeaveStartMessage(command.leftJustified(8));
         Start(command);
@@ -103,7 +103,7 @@ TEST_F(RegistrationStart, AnUnknownStaffCodeIsRefusedAndAnswered) {
 }
 
 TEST_F(RegistrationStart, APersonWhoCannotBeReadIsNotSaidToBeMissing) {
-    // Reading this one row overflows; everybody else's can be read.
+    // abs() overflows for this row only.
     installation.General().Execute(
         u"ALTER TABLE M担当者 RENAME TO 別; CREATE VIEW M担当者 AS SELECT * FROM 別"
         u" WHERE abs(-9223372036854775807 - (コード = '00007')) > 0"_s);

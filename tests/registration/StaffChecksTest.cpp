@@ -23,7 +23,7 @@ StaffMasters SmallMasters() {
     return masters;
 }
 
-/// What a clerk is told who has put `value` into an item that held "前" before; empty for nothing.
+/// The message for changing the item from "前" to `value`; empty if it is valid.
 QString MessageFor(const QString& column, const QString& value) {
     StaffValues before, entered;
     before.fill(u"前"_s);

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The staff member 00007 with a value in every item, as another program would have written it.
+/// The staff member 00007 with a value in every item, as another program writes it.
 class StaffStoreTest : public WithConnections {
   protected:
     StaffStoreTest() {

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-/// While it lives, this thread acts under the user id of "nobody", but reaches every file. Needs the superuser.
+/// Scope in which this thread has the user id kNobody but can still access every file. Requires root.
 class AsOtherUser {
   public:
     static bool IsPossible() { return ::geteuid() == 0; }
@@ -26,6 +26,6 @@ class AsOtherUser {
     static constexpr uid_t kNobody = 65534;
 
   private:
-    // Not the function of the C library, which changes all threads.
+    // The raw system call: the C library's function changes all threads.
     static void Become(uid_t user) { syscall(SYS_setresuid, -1, user, -1); }
 };

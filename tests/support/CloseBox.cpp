@@ -1,4 +1,4 @@
-// In a file of its own: the window system's header, which has to come last, defines words that Qt and GoogleTest use.
+// Separate file: the X headers must be included last, and their macros collide with Qt and GoogleTest.
 
 #include "support/VirtualScreen.h"
 

@@ -7,10 +7,10 @@
 #include <QString>
 #include <stdexcept>
 
-/// A user without rights, who exists on every machine.
+/// The unprivileged user that exists on every machine.
 inline constexpr uid_t kNobody = 65534;
 
-/// Gives a file, a folder or a link itself to another user, which only the superuser can.
+/// Changes the owner of a file, a folder or a link itself; requires root.
 inline void GiveTo(uid_t user, const QString& path) {
     if (::lchown(QFile::encodeName(path).constData(), user, static_cast<gid_t>(-1)) != 0)
         throw std::runtime_error("cannot give away " + path.toStdString());
@@ -31,6 +31,6 @@ inline void MakeLink(const QString& target, const QString& path) {
         throw std::runtime_error("cannot link " + path.toStdString());
 }
 
-/// For tests in which another user has been here. A statement, since only the test itself can skip.
+/// Skips tests with files of another user. A macro, since only the test's own body can skip.
 #define REQUIRE_SUPERUSER() \
     if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give files to another user"

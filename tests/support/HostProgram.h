@@ -6,7 +6,7 @@
 
 #include "platform/ReportHostLink.h"
 
-/// A real report host process on a forms file, started as the suite starts it.
+/// A real report host process on a template file, started as the suite starts it.
 class HostProgram {
   public:
     /// Returns as soon as the process exists; it may not be listening yet. Its windows are shown on the display, if

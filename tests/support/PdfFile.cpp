@@ -56,7 +56,7 @@ QList<PdfFile::Font> PdfFile::Fonts() const {
     QList<Font> fonts;
     const QStringList lines = QString::fromUtf8(Run(u"pdffonts"_s, {path_})).split(u'\n', Qt::SkipEmptyParts);
     for (const QString& line : lines.mid(2)) {
-        // name type encoding emb sub uni object ID: the type may contain a blank.
+        // Columns: name type encoding emb sub uni object ID. The type may contain a blank.
         const QStringList words = line.simplified().split(u' ');
         fonts.append({words.first(), words.value(words.size() - 5) == u"yes"_s});
     }

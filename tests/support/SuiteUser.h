@@ -29,7 +29,7 @@ class SharedSuite {
 class SuiteUser {
   public:
     enum class Who { Runner, Nobody };
-    /// The user that runs the test, or the account "nobody".
+    /// The user that runs the test, or the unprivileged account kNobody.
     SuiteUser(const SharedSuite& suite, Who who);
     ~SuiteUser();
 

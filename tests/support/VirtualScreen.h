@@ -28,7 +28,7 @@ class VirtualScreen {
     /// Sends what a window manager sends when the close box of a window is clicked.
     bool Close(const QString& window) const;
 
-    /// Presses the close box of a window, as a window manager passes it on.
+    /// Requests closing a window as a click on its close box does when a window manager runs.
     bool PressCloseBox(const QString& window) const;
 
   private:

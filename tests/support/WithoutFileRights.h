@@ -7,7 +7,7 @@
 #include <cstdint>
 
 /// Scope in which file permissions apply to this thread even if root runs the tests. Switching to another user is no
-/// alternative, since that user may not have access to the tests' folder.
+/// alternative, since that user may not be able to access the tests' folder.
 class WithoutFileRights {
   public:
     WithoutFileRights() {

@@ -5,8 +5,8 @@
 
 #include "platform/report-host/HostMessages.h"
 
-// Takes the arguments of a report host. It answers every request but the one for a report; that one leaves a file
-// beside the forms file, ".asked" behind its name. Ends when its caller has gone.
+// Fake report host: accepts a host's arguments and answers every request except the one for a report, for which it only
+// creates the template file's name + ".asked". Exits when its client disconnects.
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     const QString forms = QFile::decodeName(argv[1]);
