@@ -6,6 +6,7 @@
 
 #include "database/Database.h"
 #include "database/DatabaseFile.h"
+#include "database/DatabaseSession.h"
 #include "database/OwnDrivers.h"
 #include "support/FileBytes.h"
 
@@ -52,6 +53,12 @@ class PlainEngine : public testing::TestWithParam<QString> {
 };
 
 }  // namespace
+
+TEST_P(PlainEngine, EngineNameLongerThanItsBufferIsCut) {
+    qputenv("MEIBO_TEST_DRIVER_ENGINE", QByteArray(600, 'x'));
+    Open(kByName);
+    EXPECT_EQ(connection.Session().EngineName(), QString(255, u'x'));
+}
 
 TEST_P(PlainEngine, GetsEveryStatementCharacterByCharacter) {
     const QStringList statements = {

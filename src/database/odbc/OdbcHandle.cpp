@@ -153,9 +153,10 @@ void OdbcConnection::RaiseNoAnswer() const {
 
 QString OdbcConnection::Information(SQLUSMALLINT which) const {
     std::array<SQLWCHAR, 256> text{};
-    SQLSMALLINT bytes = 0;
-    handle_.Check(SQLGetInfoW(handle_.Get(), which, text.data(), sizeof text, &bytes));
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()), bytes / 2);
+    SQLSMALLINT length = 0;  // of the whole text, also when it does not fit; the text itself ends with a NUL
+    handle_.Check(SQLGetInfoW(handle_.Get(), which, text.data(), sizeof text, &length));
+    text.back() = 0;
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()));
 }
 
 OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
