@@ -103,7 +103,7 @@ class InSession(Action):
     def prepare(self):
         self.session = Session(self.desk.screen, self.desk.places, self.site, self.site.configuration, self.desk.user)
         self.session.start("00000", LAST)
-        self.rows = self.session.count(self.last_row) + 1
+        self.rows = self.session.count_now(self.last_row) + 1
 
     def finished(self, process):
         self.session.answer_box()

@@ -93,7 +93,7 @@ class Clerk:
         position = self.random.choice(positions)
         self.changes += 1
         number = f"{self.number:02d}-{os.getpid() % 10000:04d}-{self.changes:04d}"
-        reread = self.session.count("出力終了 SELECT%") + 1
+        reread = self.session.count_now("出力終了 SELECT%") + 1
         form = self.open_form(position)
         self.session.enter_telephone(number)
         time.sleep(self.random.uniform(0, 2))

@@ -61,6 +61,14 @@ class Session:
         except sqlite3.OperationalError:
             return None
 
+    def count_now(self, pattern, program=suite.INQUIRY):
+        """Like count, but waits for a lock to end. 0 if the user has no configuration file yet."""
+        return poll(f"the number of {pattern}", lambda: self.counted(pattern, program))[0]
+
+    def counted(self, pattern, program):
+        number = self.count(pattern, program) if self.configuration.exists() else 0
+        return None if number is None else (number,)
+
     def await_rows(self, pattern, count, program=suite.INQUIRY):
         poll(f"row {count} of {pattern}", lambda: (self.count(pattern, program) or 0) >= count)
 
@@ -89,7 +97,7 @@ class Session:
         self.people = [code for code in self.staff if first <= code <= last]
 
     def start(self, first, last):
-        searched = (self.count("出力終了 SELECT%") or 0) + 1
+        searched = self.count_now("出力終了 SELECT%") + 1
         command = [self.site.program(suite.INQUIRY), start_command(first, last)]
         self.process = subprocess.Popen(command, env=self.site.environment)
         self.select(first, last)
@@ -109,7 +117,7 @@ class Session:
         self.press("btn_集計検索")
 
     def search(self, first, last):
-        searched = self.count("出力終了 SELECT%") + 1
+        searched = self.count_now("出力終了 SELECT%") + 1
         self.begin_search(first, last)
         self.select(first, last)
         self.await_rows("出力終了 SELECT%", searched)
@@ -150,7 +158,7 @@ class Session:
         poll("the question before the print", lambda: press_button(window(suite.INQUIRY), "はい"))
 
     def print_list(self):
-        printed = self.count("出力終了 印刷") + 1
+        printed = self.count_now("出力終了 印刷") + 1
         self.begin_print()
         return self.await_output("印刷", printed)
 
@@ -159,7 +167,7 @@ class Session:
         poll("the save dialog", lambda: press_button(window(SAVE_DIALOG), "保存"))
 
     def write_text(self):
-        written = self.count("出力終了 テキスト出力") + 1
+        written = self.count_now("出力終了 テキスト出力") + 1
         self.begin_text()
         return self.await_output("テキスト出力", written)
 
@@ -194,7 +202,7 @@ class Session:
         return not tree.shows(form)
 
     def end(self):
-        ended = self.count("終了") + 1
+        ended = self.count_now("終了") + 1
         self.press("btn_終了")
         self.process.wait(TIMEOUT)
         self.await_rows("終了", ended)
