@@ -91,12 +91,16 @@ class AdapterRules {
         for (size_t at = 0; at < level.size(); ++at) {
             if (level[at].group) CheckLevel(level[at].inside);
             if (level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsSign(u"."))) CheckLike(level, at);
-            if (level[at].IsSign(u";") || level[at].Is(u"LIMIT")) order = false;
+            if (level[at].IsSign(u";") || EndsOrderList(level[at])) order = false;
             const bool table = at + 1 < level.size() && level[at + 1].IsSign(u".");
             if (order && !table)
                 Require(!database::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
             if (at > 0 && level[at - 1].Is(u"ORDER") && level[at].Is(u"BY")) order = true;
         }
+    }
+
+    static bool EndsOrderList(const database::Node& node) {
+        return node.Is(u"LIMIT") || node.Is(u"UNION") || node.Is(u"EXCEPT") || node.Is(u"INTERSECT");
     }
 
     void CheckLike(const database::NodeList& level, size_t at) const {
