@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "database/LinkedTables.h"
+#include "database/sql/Quoting.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "setup/storage/ConfigurationFiles.h"
@@ -58,9 +59,8 @@ void MoveDefinition(Move& move, const QString& file) {
         move.outside.append(source);
         return;
     }
-    QString quoted = own;
-    connection.Execute(u"UPDATE データベース定義 SET データソース名 = '"_s + quoted.replace(u'\'', u"''"_s) +
-                       u"' WHERE 情報種類 = 'GNR'"_s);
+    connection.Execute(
+        u"UPDATE データベース定義 SET データソース名 = %1 WHERE 情報種類 = 'GNR'"_s.arg(database::TextLiteral(own)));
     move.Tell(file, source, own);
 }
 

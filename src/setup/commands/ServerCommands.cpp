@@ -6,6 +6,7 @@
 #include "data/ServerSchema.h"
 #include "data/ServerText.h"
 #include "database/DatabaseSession.h"
+#include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
 #include "setup/schema/GeneralDatabase.h"
@@ -62,7 +63,7 @@ void MakeTables(database::Connection& server, const QString& engine, database::C
 }
 
 void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
-    const auto literal = [](QString value) { return u'\'' + value.replace(u'\'', u"''"_s) + u'\''; };
+    using database::TextLiteral;
     database::Connection connection;
     ApplyConnectionSettings(connection);
     connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
@@ -70,10 +71,10 @@ void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& defin
     connection.Execute(
         u"UPDATE データベース定義 SET db = %1, dbmw = %2, プロバイダ名 = %3, データソース名 = %4,"
         u" サーバー名 = %5, データベース名 = %6, ユーザーID = %7, パスワード = %8"
-        u" WHERE 情報種類 = 'GNR'"_s.arg(literal(definition.db), literal(definition.dbmw),
-                                         literal(definition.プロバイダ名), literal(definition.データソース名),
-                                         literal(definition.サーバー名), literal(definition.データベース名),
-                                         literal(definition.ユーザーID), literal(definition.パスワード)));
+        u" WHERE 情報種類 = 'GNR'"_s.arg(TextLiteral(definition.db), TextLiteral(definition.dbmw),
+                                         TextLiteral(definition.プロバイダ名), TextLiteral(definition.データソース名),
+                                         TextLiteral(definition.サーバー名), TextLiteral(definition.データベース名),
+                                         TextLiteral(definition.ユーザーID), TextLiteral(definition.パスワード)));
     whole.Commit();
 }
 

@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include "database/LinkedTables.h"
+#include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteQuery.h"
 #include "report-host/template/StandardTemplates.h"
 #include "setup/schema/TableStatements.h"
@@ -22,11 +23,12 @@ QSet<QString> LoweredNames(sqlite3* database, const QString& sql) {
 }
 
 QSet<QString> ObjectsOf(sqlite3* database, const QString& type) {
-    return LoweredNames(database, u"SELECT name FROM sqlite_master WHERE type = '%1'"_s.arg(type));
+    return LoweredNames(database, u"SELECT name FROM sqlite_master WHERE type = "_s + database::TextLiteral(type));
 }
 
 QStringList AddColumns(sqlite3* database, const TableDefinition& table) {
-    const QSet<QString> present = LoweredNames(database, u"SELECT name FROM pragma_table_info('%1')"_s.arg(table.name));
+    const QSet<QString> present =
+        LoweredNames(database, u"SELECT name FROM pragma_table_info(%1)"_s.arg(database::TextLiteral(table.name)));
     QStringList added;
     for (const ColumnDefinition& column : table.columns) {
         if (present.contains(column.name.toLower())) continue;
@@ -38,12 +40,14 @@ QStringList AddColumns(sqlite3* database, const TableDefinition& table) {
 
 /// Inserts a row for the report unless the table already has one. True if inserted.
 bool AddRow(sqlite3* database, const QString& table, const QStringList& columns, const QStringList& values) {
-    const database::SqliteStatement present =
-        database::PrepareSql(database, u"SELECT 1 FROM \"%1\" WHERE 名称 = ?"_s.arg(table), {values.first()});
+    const database::SqliteStatement present = database::PrepareSql(
+        database, u"SELECT 1 FROM %1 WHERE 名称 = ?"_s.arg(database::QuotedName(table)), {values.first()});
     if (database::NextRow(present.get())) return false;
     const QString places = QStringList(columns.size(), u"?"_s).join(u", "_s);
     const database::SqliteStatement row = database::PrepareSql(
-        database, u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, QuotedNames(columns), places), values);
+        database,
+        u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(database::QuotedName(table), database::QuotedNames(columns), places),
+        values);
     database::NextRow(row.get());
     return true;
 }
