@@ -2,8 +2,8 @@
 
 #include "data/ServerSchema.h"
 #include "database/sql/Quoting.h"
-#include "setup/UsageError.h"
 #include "setup/commands/TerminalTable.h"
+#include "setup/commands/Verbs.h"
 #include "setup/schema/GeneralDatabase.h"
 #include "setup/schema/TableCopy.h"
 #include "setup/storage/InstallationUsers.h"
@@ -99,9 +99,8 @@ void ImportTables(const ForeignTables& tables, const QString& origin, database::
 }
 
 void ImportGeneral(const Arguments& arguments, const Console& console) {
-    if (arguments.further.isEmpty()) throw UsageError(u"取り込むファイルを指定してください。"_s);
-    const QString path = arguments.further.first();
-    const QString root = InstallationRoot(arguments.installation);
+    const QString path = arguments.Operand(1);
+    const QString root = InstallationRoot(arguments.Installation());
     // Must be created before the database is opened: the reader process must not inherit its file descriptors.
     const JetReader reader(path, console.programFolder + u"/suite-setup"_s);
     database::Connection general;

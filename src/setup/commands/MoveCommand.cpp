@@ -1,4 +1,5 @@
-#include "setup/commands/MoveCommand.h"
+// The verb `move` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QFileInfo>
 
@@ -95,7 +96,7 @@ void MovePlaces(Move& move, const FilePlaces& places) {
 }  // namespace
 
 void MoveInstallation(const Arguments& arguments, const Console& console) {
-    Move move{InstallationRoot(arguments.installation), console, 0, {}, {}};
+    Move move{InstallationRoot(arguments.Installation()), console, 0, {}, {}};
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(move.root);
     MovePlaces(move, CommonPlaces(move.root));
     for (const FilePlaces& places : privatePlaces) MovePlaces(move, places);

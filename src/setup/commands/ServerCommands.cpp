@@ -1,4 +1,5 @@
-#include "setup/commands/ServerCommands.h"
+// The verbs `server-init` and `use-server` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QScopeGuard>
 
@@ -22,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace setup {
 
 namespace {
-
-const QString kFrom = u"--from"_s, kAddMissing = u"--add-missing"_s;
 
 /// One DROP per table, so that a missing table does not prevent dropping the others.
 void DropTables(database::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
@@ -79,7 +78,7 @@ void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& defin
 }
 
 void AddMissing(const Arguments& arguments, const Console& console) {
-    if (arguments.Has(kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
+    if (arguments.Has(option::kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
     database::Connection server;
     OpenDefined(server, DefinitionFrom(arguments), database::ConnectMode::ReadWrite);
     const QStringList done = RenewServer(server);
@@ -103,17 +102,13 @@ void CheckServer(database::Connection& server) {
 
 }  // namespace
 
-QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}, {kAddMissing, false}}; }
-
-QList<OptionRule> UseServerOptions() { return {{kOdbcOption, true}}; }
-
 void InitServer(const Arguments& arguments, const Console& console) {
-    if (arguments.Has(kAddMissing)) return AddMissing(arguments, console);
+    if (arguments.Has(option::kAddMissing)) return AddMissing(arguments, console);
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
     std::optional<database::Connection> source;
-    if (arguments.Has(kFrom)) {
+    if (arguments.Has(option::kFrom)) {
         source.emplace();
-        OpenGeneralFile(*source, InstallationRoot(arguments.options.value(kFrom)), database::ConnectMode::Read);
+        OpenGeneralFile(*source, InstallationRoot(arguments.Value(option::kFrom)), database::ConnectMode::Read);
     }
     database::Connection server;
     OpenDefined(server, definition, database::ConnectMode::ReadWrite);
@@ -127,7 +122,7 @@ void InitServer(const Arguments& arguments, const Console& console) {
 }
 
 void UseServer(const Arguments& arguments, const Console& console) {
-    const QString root = InstallationRoot(arguments.installation);
+    const QString root = InstallationRoot(arguments.Installation());
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
     const QString file = ConfigurationFile(root + u"/conf"_s);
     if (file.isEmpty()) throw UsageError(u"%1 に構成データベースがありません。"_s.arg(root));
