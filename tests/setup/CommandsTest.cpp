@@ -55,7 +55,6 @@ TEST(Commands, HelpNamesEveryVerb) {
           u"--follow"_s,  u"--run"_s,     u"--user"_s,    u"forms export"_s, u"forms import"_s, u"forms check"_s,
           u"forms pdf"_s, u"--folder"_s,  u"--out"_s})
         EXPECT_TRUE(output.out.contains(word)) << word.toStdString();
-    EXPECT_EQ(RunTool({u"history"_s, u"--help"_s}).out, output.out);
 }
 
 TEST(Commands, InitHandsItsOptionsOn) {

@@ -35,6 +35,25 @@ TEST_F(RegistryCommandTest, WhatWasSetIsGot) {
     EXPECT_EQ(Tool({u"get"_s, kKey, u"Level"_s}).out, u"4294967295\n"_s);
 }
 
+TEST_F(RegistryCommandTest, ValueMayBeEmptyAndBeginWithADashAfterTwoDashes) {
+    EXPECT_EQ(Tool({u"set"_s, kKey, u"Path"_s, u""_s}).status, 0);
+    EXPECT_EQ(Tool({u"get"_s, kKey, u"Path"_s}).out, u"\n"_s);
+    EXPECT_EQ(Tool({u"set"_s, kKey, u"Path"_s, u"-x"_s}).err.section(u'\n', 0, 0),
+              u"suite-setup: オプション -x は使えません。"_s);
+    EXPECT_EQ(Tool({u"set"_s, u"--"_s, kKey, u"Path"_s, u"-x"_s}).status, 0);
+    EXPECT_EQ(Tool({u"get"_s, kKey, u"Path"_s}).out, u"-x\n"_s);
+}
+
+TEST_F(RegistryCommandTest, WrongWordsAreNamed) {
+    const auto error = [&](const QStringList& words) { return Tool(words).err.section(u'\n', 0, 0); };
+    EXPECT_EQ(error({}), u"suite-setup: コマンド registry はありません。"_s);
+    EXPECT_EQ(error({u"drop"_s}), u"suite-setup: コマンド registry drop はありません。"_s);
+    EXPECT_EQ(error({u"get"_s}), u"suite-setup: キーを指定してください。"_s);
+    EXPECT_EQ(error({u"get"_s, kKey}), u"suite-setup: 値の名前を指定してください。"_s);
+    EXPECT_EQ(error({u"set"_s, kKey, u"n"_s}), u"suite-setup: 値を指定してください。"_s);
+    EXPECT_EQ(error({u"list"_s, kKey, u"n"_s}), u"suite-setup: 引数 n が余分です。"_s);
+}
+
 TEST_F(RegistryCommandTest, ListShowsKeysWithValuesBelowAKey) {
     Tool({u"set"_s, kKey, u"Path"_s, u"/a/"_s});
     Tool({u"set"_s, u"HKCU\\Software\\Other"_s, u"n"_s, u"1"_s, u"--number"_s});

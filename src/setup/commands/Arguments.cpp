@@ -1,8 +1,9 @@
 #include "setup/commands/Arguments.h"
 
-#include <algorithm>
+#include <QCommandLineParser>
 
 #include "setup/UsageError.h"
+#include "setup/commands/VerbTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,56 +11,77 @@ namespace setup {
 
 namespace {
 
-const OptionRule& RuleFor(const QString& name, const QList<OptionRule>& rules) {
-    const auto rule = std::find_if(rules.begin(), rules.end(), [&](const OptionRule& r) { return r.name == name; });
-    if (rule == rules.end()) throw UsageError(u"オプション %1 は使えません。"_s.arg(name));
-    return *rule;
+/// The parser wants names without dashes.
+QString BareName(QStringView option) { return option.sliced(2).toString(); }
+
+void Declare(QCommandLineParser& parser, const Verb& verb) {
+    for (const OptionDefinition& option : verb.options) {
+        QCommandLineOption known(BareName(option.name));
+        known.setValueName(option.value.japanese);
+        parser.addOption(known);
+    }
+}
+
+/// The option as it was written: the parser reads "-x" and "--x" alike.
+QString Written(const QString& name, const QStringList& words) {
+    const QString full = u"--"_s + name;
+    for (const QString& word : words)
+        if (word == full || word.startsWith(full + u'=')) return full;
+    return u'-' + name;
+}
+
+/// The parser has one untranslated message for both mistakes, and takes a following option as the value.
+void CheckValues(const Verb& verb, const QStringList& words) {
+    for (qsizetype i = 0; i < words.size() && words[i] != u"--"_s; ++i)
+        for (const OptionDefinition& option : verb.options) {
+            const QString name = option.name.toString();
+            const bool takesValue = !option.value.IsEmpty();
+            if (!takesValue && words[i].startsWith(name + u'='))
+                throw UsageError(u"オプション %1 に値は付けられません。"_s.arg(name));
+            if (takesValue && words[i] == name && (i + 1 == words.size() || words[i + 1].startsWith(u"--"_s)))
+                throw UsageError(u"オプション %1 の値がありません。"_s.arg(name));
+        }
+}
+
+void CheckOperands(const Verb& verb, const QStringList& operands) {
+    if (operands.size() > verb.operands.size())
+        throw UsageError(u"引数 %1 が余分です。"_s.arg(operands[verb.operands.size()]));
+    for (qsizetype i = 0; i < verb.operands.size(); ++i) {
+        const OperandDefinition& operand = verb.operands[i];
+        const bool given = operand.mayBeEmpty ? i < operands.size() : !operands.value(i).isEmpty();
+        if (!given && !operand.missing.isEmpty()) throw UsageError(operand.missing);
+    }
 }
 
 }  // namespace
 
-Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further) {
-    Arguments arguments;
-    for (qsizetype i = 0; i < words.size(); ++i) {
-        const QString& word = words[i];
-        if (!word.startsWith(u"--"_s)) {
-            if (arguments.installation.isEmpty() && further >= 0)
-                arguments.installation = word;
-            else if (arguments.further.size() < further)
-                arguments.further.append(word);
-            else
-                throw UsageError(u"引数 %1 が余分です。"_s.arg(word));
-            continue;
-        }
-        const qsizetype equals = word.indexOf(u'=');
-        const QString name = word.left(equals);
-        if (!RuleFor(name, rules).takesValue) {
-            if (equals >= 0) throw UsageError(u"オプション %1 に値は付けられません。"_s.arg(name));
-            arguments.options.insert(name, u""_s);
-            continue;
-        }
-        if (equals < 0 && (++i == words.size() || words[i].startsWith(u"--"_s)))
-            throw UsageError(u"オプション %1 の値がありません。"_s.arg(name));
-        arguments.options.insert(name, equals < 0 ? words[i] : word.mid(equals + 1));
-    }
-    if (arguments.installation.isEmpty() && further >= 0)
-        throw UsageError(u"インストール先のフォルダを指定してください。"_s);
-    return arguments;
+Arguments::Arguments(const Verb& verb, const QStringList& words) {
+    QCommandLineParser parser;
+    Declare(parser, verb);
+    // The first word is taken as the name of the program.
+    parser.parse(QStringList{verb.name} + words);
+    if (const QStringList unknown = parser.unknownOptionNames(); !unknown.isEmpty())
+        throw UsageError(u"オプション %1 は使えません。"_s.arg(Written(unknown.first(), words)));
+    CheckValues(verb, words);
+    operands_ = parser.positionalArguments();
+    CheckOperands(verb, operands_);
+    for (const OptionDefinition& option : verb.options)
+        if (const QString name = BareName(option.name); parser.isSet(name))
+            options_.insert(option.name.toString(), parser.value(name));
 }
 
-qint64 Arguments::Number(const QString& option, qint64 fallback, qint64 low, qint64 high) const {
+qint64 Arguments::Number(QStringView option, qint64 fallback, qint64 low, qint64 high) const {
     if (!Has(option)) return fallback;
-    const QString text = options.value(option);
     bool good = false;
-    const qint64 number = text.toLongLong(&good);
+    const qint64 number = Value(option).toLongLong(&good);
     if (!good || number < low || number > high)
         throw UsageError(
             u"オプション %1 には %2 から %3 までの整数を指定してください。"_s.arg(option).arg(low).arg(high));
     return number;
 }
 
-QString Arguments::Choice(const QString& option, const QStringList& words) const {
-    const QString word = options.value(option, words.first());
+QString Arguments::Choice(QStringView option, const QStringList& words) const {
+    const QString word = Value(option, words.first());
     if (!words.contains(word))
         throw UsageError(u"オプション %1 には %2 のどれかを指定してください。"_s.arg(option, words.join(u'、')));
     return word;

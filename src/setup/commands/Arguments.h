@@ -6,28 +6,43 @@
 
 namespace setup {
 
-/// One option of a verb; `name` includes the dashes.
-struct OptionRule {
-    QString name;
-    bool takesValue;
-};
+struct Verb;
 
-/// Parsed command line after the verb.
-struct Arguments {
-    QString installation;
-    QStringList further;  ///< further positional arguments, for verbs that take them
-    QHash<QString, QString> options;
+/// Names of the options.
+namespace option {
+inline constexpr QStringView kAddMissing = u"--add-missing", kFolder = u"--folder", kFollow = u"--follow",
+                             kFrom = u"--from", kHelp = u"--help", kInstallKind = u"--install-kind", kKind = u"--kind",
+                             kMenu = u"--menu", kNumber = u"--number", kOdbc = u"--odbc", kOut = u"--out",
+                             kPin = u"--pin", kReplace = u"--replace", kReport = u"--report", kRun = u"--run",
+                             kSeed = u"--seed", kStaff = u"--staff", kToDefault = u"--to-default",
+                             kToFolder = u"--to-folder", kToPrinter = u"--to-printer", kUser = u"--user";
+}  // namespace option
 
-    bool Has(const QString& option) const { return options.contains(option); }
+/// Parsed command line of a verb.
+class Arguments {
+  public:
+    /// `words` are the arguments after the verb. Options may be at any position, with the value in the next argument or
+    /// after "="; of an option given several times the last value counts; after "--" every argument is an operand.
+    /// Throws UsageError for unknown options, missing or unexpected values, and missing or surplus operands.
+    Arguments(const Verb& verb, const QStringList& words);
+
+    /// An operand by its position from 0; empty if it was not given.
+    QString Operand(qsizetype position) const { return operands_.value(position); }
+    /// The first operand of a verb that works on one installation.
+    QString Installation() const { return Operand(0); }
+
+    bool Has(QStringView option) const { return options_.contains(option.toString()); }
+    QString Value(QStringView option, const QString& fallback = {}) const {
+        return options_.value(option.toString(), fallback);
+    }
     /// An integer in [low, high]; `fallback` if the option is not given. Throws UsageError.
-    qint64 Number(const QString& option, qint64 fallback, qint64 low, qint64 high) const;
+    qint64 Number(QStringView option, qint64 fallback, qint64 low, qint64 high) const;
     /// One of `words`; the first one if the option is not given. Throws UsageError.
-    QString Choice(const QString& option, const QStringList& words) const;
-};
+    QString Choice(QStringView option, const QStringList& words) const;
 
-/// The first positional argument is the installation; at most `further` more may follow. If `further` is negative, only
-/// options are accepted. Options may be at any position, with the value in the next argument or after "=". Throws
-/// UsageError.
-Arguments ParseArguments(const QStringList& words, const QList<OptionRule>& rules, int further = 0);
+  private:
+    QStringList operands_;
+    QHash<QString, QString> options_;
+};
 
 }  // namespace setup

@@ -1,4 +1,5 @@
-#include "setup/commands/CheckCommand.h"
+// The verb `check` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QFileInfo>
 
@@ -26,7 +27,6 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 constexpr int kSharedFiles = 0, kPrivateCopies = 1;
-const QString kUser = u"--user"_s;
 
 /// Missing PIN tables are reported by another check.
 void CheckPins(CheckReport& findings, const QString& root, database::Connection& general, bool onServer) {
@@ -145,10 +145,8 @@ void CheckUser(CheckReport& findings, const QString& root, const FilePlaces& pla
 
 }  // namespace
 
-QList<OptionRule> CheckOptions() { return {{kUser, true}}; }
-
 void CheckInstallation(const Arguments& arguments, const Console& console) {
-    const QString root = InstallationRoot(arguments.installation), name = arguments.options.value(kUser);
+    const QString root = InstallationRoot(arguments.Installation()), name = arguments.Value(option::kUser);
     if (name.contains(u'/') || name == u"."_s || name == u".."_s)
         throw UsageError(u"利用者名 %1 は正しくありません。"_s.arg(name));
     CheckReport findings(console.out);

@@ -1,4 +1,5 @@
-#include "setup/commands/HistoryCommand.h"
+// The verb `history` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <limits>
 
@@ -10,8 +11,6 @@ using namespace Qt::StringLiterals;
 namespace setup {
 
 namespace {
-
-const QString kFollow = u"--follow"_s, kRun = u"--run"_s, kUser = u"--user"_s;
 
 /// The runs read from all sources so far, and the run printed last.
 class HistoryView {
@@ -71,14 +70,12 @@ class HistoryView {
 
 }  // namespace
 
-QList<OptionRule> HistoryOptions() { return {{kFollow, false}, {kRun, true}, {kUser, true}}; }
-
 void ShowHistory(const Arguments& arguments, const Console& console) {
-    const auto run = static_cast<int>(arguments.Number(kRun, 0, 1, std::numeric_limits<int>::max()));
-    const QString user = arguments.options.value(kUser);
-    HistoryView view(HistorySources(arguments.installation, user), user, console.out);
+    const auto run = static_cast<int>(arguments.Number(option::kRun, 0, 1, std::numeric_limits<int>::max()));
+    const QString user = arguments.Value(option::kUser);
+    HistoryView view(HistorySources(arguments.Installation(), user), user, console.out);
     view.PrintRuns(run);
-    if (!arguments.Has(kFollow)) return;
+    if (!arguments.Has(option::kFollow)) return;
     while (console.waitForMore()) view.PrintNewRows();
 }
 

@@ -1,8 +1,9 @@
 #include "setup/commands/ImportCommand.h"
 
 #include "data/ServerSchema.h"
-#include "setup/UsageError.h"
+#include "database/sql/Quoting.h"
 #include "setup/commands/TerminalTable.h"
+#include "setup/commands/Verbs.h"
 #include "setup/schema/GeneralDatabase.h"
 #include "setup/schema/TableCopy.h"
 #include "setup/storage/InstallationUsers.h"
@@ -40,8 +41,6 @@ void ReportDifferences(const TableDefinition& table, const QStringList& columns,
     if (!unknown.isEmpty()) console.out << u"  取り込まない列: %1\n"_s.arg(StripControlCharacters(unknown.join(u'、')));
 }
 
-QString Literal(QString value) { return value.isNull() ? u"NULL"_s : u'\'' + value.replace(u'\'', u"''"_s) + u'\''; }
-
 void InsertRow(database::Connection& general, const TableDefinition& table, const QString& statement) {
     try {
         general.Execute(statement);
@@ -59,7 +58,7 @@ void ImportTable(const ForeignTables& file, database::Connection& general, const
     const ColumnMap map(table, columns);
     const QString head = InsertHead(table);
     qint64 read = 0;
-    general.Execute(u"DELETE FROM \"%1\""_s.arg(table.name));
+    general.Execute(u"DELETE FROM "_s + database::QuotedName(table.name));
     file.ReadRows(name, [&](const QStringList& row) {
         InsertRow(general, table, head + map.Literals(row));
         ++read;
@@ -84,7 +83,8 @@ QString ColumnMap::Literals(const QStringList& row) const {
         throw platform::RuntimeError(
             1, u"表 %1 に %2 列の行があります。列は %3 です。"_s.arg(table_).arg(row.size()).arg(columns_));
     QStringList values;
-    for (const qsizetype place : places_) values.append(place < 0 ? u"NULL"_s : Literal(row[place]));
+    for (const qsizetype place : places_)
+        values.append(place < 0 ? u"NULL"_s : database::TextOrNullLiteral(row[place]));
     return u'(' + values.join(u", "_s) + u')';
 }
 
@@ -99,9 +99,8 @@ void ImportTables(const ForeignTables& tables, const QString& origin, database::
 }
 
 void ImportGeneral(const Arguments& arguments, const Console& console) {
-    if (arguments.further.isEmpty()) throw UsageError(u"取り込むファイルを指定してください。"_s);
-    const QString path = arguments.further.first();
-    const QString root = InstallationRoot(arguments.installation);
+    const QString path = arguments.Operand(1);
+    const QString root = InstallationRoot(arguments.Installation());
     // Must be created before the database is opened: the reader process must not inherit its file descriptors.
     const JetReader reader(path, console.programFolder + u"/suite-setup"_s);
     database::Connection general;

@@ -2,7 +2,6 @@
 
 #include "data/Catalogue.h"
 #include "database/Database.h"
-#include "setup/commands/Arguments.h"
 #include "setup/commands/Console.h"
 #include "setup/storage/ForeignTables.h"
 
@@ -28,9 +27,5 @@ class ColumnMap {
 /// platform::RuntimeError; one error names all tables that `origin` lacks.
 void ImportTables(const ForeignTables& tables, const QString& origin, database::Connection& general,
                   const Console& console);
-
-/// The verb `import`: reads a Jet or ACE file in a resource-limited process and imports it into the general database of
-/// an installation. Throws UsageError and platform::RuntimeError.
-void ImportGeneral(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

@@ -1,4 +1,5 @@
-#include "setup/commands/LinksCommand.h"
+// The verb `links` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QDateTime>
 #include <algorithm>
@@ -12,8 +13,6 @@ using namespace Qt::StringLiterals;
 namespace setup {
 
 namespace {
-
-const QString kUser = u"--user"_s;
 
 struct AgeUnit {
     qint64 seconds;
@@ -86,11 +85,9 @@ void PrintTable(const QList<QStringList>& lines, QTextStream& out) {
 
 }  // namespace
 
-QList<OptionRule> LinksOptions() { return {{kUser, true}}; }
-
 void ShowLinks(const Arguments& arguments, const Console& console) {
-    const QString user = arguments.options.value(kUser);
-    const QList<ConfigurationInUse> files = ConfigurationsInUse(arguments.installation, user);
+    const QString user = arguments.Value(option::kUser);
+    const QList<ConfigurationInUse> files = ConfigurationsInUse(arguments.Installation(), user);
     if (files.isEmpty()) PrintTable({kHeading}, console.out);
     for (qsizetype i = 0; i < files.size(); ++i) {
         if (i > 0) console.out << u'\n';

@@ -1,8 +1,10 @@
-#include "setup/commands/MoveCommand.h"
+// The verb `move` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QFileInfo>
 
 #include "database/LinkedTables.h"
+#include "database/sql/Quoting.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "setup/storage/ConfigurationFiles.h"
@@ -58,9 +60,8 @@ void MoveDefinition(Move& move, const QString& file) {
         move.outside.append(source);
         return;
     }
-    QString quoted = own;
-    connection.Execute(u"UPDATE データベース定義 SET データソース名 = '"_s + quoted.replace(u'\'', u"''"_s) +
-                       u"' WHERE 情報種類 = 'GNR'"_s);
+    connection.Execute(
+        u"UPDATE データベース定義 SET データソース名 = %1 WHERE 情報種類 = 'GNR'"_s.arg(database::TextLiteral(own)));
     move.Tell(file, source, own);
 }
 
@@ -95,7 +96,7 @@ void MovePlaces(Move& move, const FilePlaces& places) {
 }  // namespace
 
 void MoveInstallation(const Arguments& arguments, const Console& console) {
-    Move move{InstallationRoot(arguments.installation), console, 0, {}, {}};
+    Move move{InstallationRoot(arguments.Installation()), console, 0, {}, {}};
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(move.root);
     MovePlaces(move, CommonPlaces(move.root));
     for (const FilePlaces& places : privatePlaces) MovePlaces(move, places);

@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace setup {
 
-const QString kOdbcOption = u"--odbc"_s;
-
 namespace {
 
 struct Field {
@@ -107,7 +105,7 @@ GeneralDatabaseDefinition DefinitionOf(const QString& odbcString) {
 }
 
 GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) {
-    const QString text = arguments.options.value(kOdbcOption);
+    const QString text = arguments.Value(option::kOdbc);
     if (text.isEmpty()) throw UsageError(u"--odbc に接続文字列を指定してください。"_s);
     return DefinitionOf(text);
 }

@@ -7,9 +7,7 @@
 
 namespace setup {
 
-/// Option that takes an ODBC connection string.
-extern const QString kOdbcOption;
-/// The definition for the option's value. Throws UsageError if it is missing.
+/// The definition for the value of `--odbc`. Throws UsageError if it is missing.
 GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments);
 
 /// Converts an ODBC connection string, as typed by an administrator, into the definition of the general database:

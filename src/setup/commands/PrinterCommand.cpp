@@ -1,4 +1,5 @@
-#include "setup/commands/PrinterCommand.h"
+// The verb `printer` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,8 +16,6 @@ namespace setup {
 namespace {
 
 constexpr long kWorkFailed = 1;
-const QString kReport = u"--report"_s, kPrinter = u"--to-printer"_s, kFolder = u"--to-folder"_s,
-              kDefault = u"--to-default"_s;
 
 /// The common template files first, then the users' copies.
 QStringList FormsFiles(const QString& root) {
@@ -26,9 +25,9 @@ QStringList FormsFiles(const QString& root) {
 }
 
 OutputTarget PlaceFrom(const Arguments& arguments) {
-    if (arguments.Has(kPrinter)) return {OutputTarget::Kind::Printer, arguments.options.value(kPrinter)};
-    if (!arguments.Has(kFolder)) return {};
-    const QFileInfo folder(arguments.options.value(kFolder));
+    if (arguments.Has(option::kToPrinter)) return {OutputTarget::Kind::Printer, arguments.Value(option::kToPrinter)};
+    if (!arguments.Has(option::kToFolder)) return {};
+    const QFileInfo folder(arguments.Value(option::kToFolder));
     if (!folder.isDir()) throw UsageError(u"フォルダ %1 がありません。"_s.arg(folder.filePath()));
     return {OutputTarget::Kind::Folder, folder.absoluteFilePath()};
 }
@@ -54,15 +53,14 @@ void Show(const QString& file, const QString& report, const Console& console) {
 
 }  // namespace
 
-QList<OptionRule> PrinterOptions() { return {{kReport, true}, {kPrinter, true}, {kFolder, true}, {kDefault, false}}; }
-
 void ChoosePrinter(const Arguments& arguments, const Console& console) {
-    const QString root = QDir::cleanPath(QFileInfo(arguments.installation).absoluteFilePath());
+    const QString root = QDir::cleanPath(QFileInfo(arguments.Installation()).absoluteFilePath());
     const QStringList files = FormsFiles(root);
     if (files.isEmpty()) throw UsageError(u"%1 に帳票ファイルがありません。"_s.arg(root));
-    const int choices = arguments.Has(kPrinter) + arguments.Has(kFolder) + arguments.Has(kDefault);
+    const int choices =
+        arguments.Has(option::kToPrinter) + arguments.Has(option::kToFolder) + arguments.Has(option::kToDefault);
     if (choices > 1) throw UsageError(u"出力先は一つだけ指定してください。"_s);
-    const QString report = arguments.options.value(kReport);
+    const QString report = arguments.Value(option::kReport);
     const OutputTarget place = PlaceFrom(arguments);
     for (const QString& file : files) {
         if (choices == 1) WriteOutputPlace(file, report, place);

@@ -1,4 +1,5 @@
-#include "setup/commands/RegistryCommand.h"
+// The verbs `registry list`, `registry get` and `registry set` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include "platform/Services.h"
 #include "setup/UsageError.h"
@@ -74,26 +75,6 @@ QString TextOf(const RegistryKey& key, const QString& name) {
     return buffer.first(length - 1);
 }
 
-void Get(const QStringList& words, const Console& console) {
-    const NamedKey named = ParseKey(words[0]);
-    RegistryKey key;
-    Need(Services().registry->OpenKey(named.root->key, named.path, kRegistryRead, key));
-    console.out << TextOf(key, words[1]) << u'\n';
-}
-
-void Set(const QStringList& words, const Console&, bool asNumber) {
-    const NamedKey named = ParseKey(words[0]);
-    bool good = true;
-    const quint32 number = asNumber ? words[2].toUInt(&good) : 0;
-    if (!good) throw UsageError(u"値 %1 は 0 から 4294967295 までの整数にしてください。"_s.arg(words[2]));
-    if (named.path.isEmpty()) throw UsageError(u"値は %1 の下のキーに付けてください。"_s.arg(named.root->name));
-    Registry& registry = *Services().registry;
-    RegistryKey key;
-    Need(registry.CreateKey(named.root->key, named.path, kRegistryAll, key));
-    Need(asNumber ? registry.SetNumber(key, words[1], number)
-                  : registry.SetText(key, words[1], words[2], TwoByteLength(words[2])));
-}
-
 /// Keys that have values, each with its root.
 void ListRoot(const Root& root, const QString& path, const Console& console) {
     RegistryContent content;
@@ -109,24 +90,35 @@ void ListRoot(const Root& root, const QString& path, const Console& console) {
     console.out << QString::fromUtf8(RegistryText(listed));
 }
 
-void List(const QStringList& words, const Console& console) {
-    if (!words.isEmpty()) {
-        const NamedKey named = ParseKey(words[0]);
+}  // namespace
+
+void ListRegistry(const Arguments& arguments, const Console& console) {
+    if (const QString asked = arguments.Operand(0); !asked.isEmpty()) {
+        const NamedKey named = ParseKey(asked);
         return ListRoot(*named.root, named.path, console);
     }
     for (const Root& root : Roots()) ListRoot(root, {}, console);
 }
 
-}  // namespace
+void GetRegistryValue(const Arguments& arguments, const Console& console) {
+    const NamedKey named = ParseKey(arguments.Operand(0));
+    RegistryKey key;
+    Need(Services().registry->OpenKey(named.root->key, named.path, kRegistryRead, key));
+    console.out << TextOf(key, arguments.Operand(1)) << u'\n';
+}
 
-void RunRegistryCommand(const QStringList& words, const Console& console) {
-    QStringList rest = words.mid(1);
-    const QString verb = words.value(0);
-    if (verb == u"list"_s && rest.size() <= 1) return List(rest, console);
-    if (verb == u"get"_s && rest.size() == 2) return Get(rest, console);
-    const bool asNumber = rest.removeOne(u"--number"_s);
-    if (verb == u"set"_s && rest.size() == 3) return Set(rest, console, asNumber);
-    throw UsageError(u"registry には list、get、set のどれかと、その引数を指定してください。"_s);
+void SetRegistryValue(const Arguments& arguments, const Console& /*console*/) {
+    const bool asNumber = arguments.Has(option::kNumber);
+    const NamedKey named = ParseKey(arguments.Operand(0));
+    const QString name = arguments.Operand(1), value = arguments.Operand(2);
+    bool good = true;
+    const quint32 number = asNumber ? value.toUInt(&good) : 0;
+    if (!good) throw UsageError(u"値 %1 は 0 から 4294967295 までの整数にしてください。"_s.arg(value));
+    if (named.path.isEmpty()) throw UsageError(u"値は %1 の下のキーに付けてください。"_s.arg(named.root->name));
+    Registry& registry = *Services().registry;
+    RegistryKey key;
+    Need(registry.CreateKey(named.root->key, named.path, kRegistryAll, key));
+    Need(asNumber ? registry.SetNumber(key, name, number) : registry.SetText(key, name, value, TwoByteLength(value)));
 }
 
 }  // namespace setup

@@ -1,4 +1,5 @@
-#include "setup/commands/ServerCommands.h"
+// The verbs `server-init` and `use-server` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QScopeGuard>
 
@@ -6,6 +7,7 @@
 #include "data/ServerSchema.h"
 #include "data/ServerText.h"
 #include "database/DatabaseSession.h"
+#include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
 #include "setup/schema/GeneralDatabase.h"
@@ -21,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace setup {
 
 namespace {
-
-const QString kFrom = u"--from"_s, kAddMissing = u"--add-missing"_s;
 
 /// One DROP per table, so that a missing table does not prevent dropping the others.
 void DropTables(database::Connection& server, const QString& engine, const QList<TableDefinition>& tables) {
@@ -62,7 +62,7 @@ void MakeTables(database::Connection& server, const QString& engine, database::C
 }
 
 void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
-    const auto literal = [](QString value) { return u'\'' + value.replace(u'\'', u"''"_s) + u'\''; };
+    using database::TextLiteral;
     database::Connection connection;
     ApplyConnectionSettings(connection);
     connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
@@ -70,15 +70,15 @@ void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& defin
     connection.Execute(
         u"UPDATE データベース定義 SET db = %1, dbmw = %2, プロバイダ名 = %3, データソース名 = %4,"
         u" サーバー名 = %5, データベース名 = %6, ユーザーID = %7, パスワード = %8"
-        u" WHERE 情報種類 = 'GNR'"_s.arg(literal(definition.db), literal(definition.dbmw),
-                                         literal(definition.プロバイダ名), literal(definition.データソース名),
-                                         literal(definition.サーバー名), literal(definition.データベース名),
-                                         literal(definition.ユーザーID), literal(definition.パスワード)));
+        u" WHERE 情報種類 = 'GNR'"_s.arg(TextLiteral(definition.db), TextLiteral(definition.dbmw),
+                                         TextLiteral(definition.プロバイダ名), TextLiteral(definition.データソース名),
+                                         TextLiteral(definition.サーバー名), TextLiteral(definition.データベース名),
+                                         TextLiteral(definition.ユーザーID), TextLiteral(definition.パスワード)));
     whole.Commit();
 }
 
 void AddMissing(const Arguments& arguments, const Console& console) {
-    if (arguments.Has(kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
+    if (arguments.Has(option::kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
     database::Connection server;
     OpenDefined(server, DefinitionFrom(arguments), database::ConnectMode::ReadWrite);
     const QStringList done = RenewServer(server);
@@ -102,17 +102,13 @@ void CheckServer(database::Connection& server) {
 
 }  // namespace
 
-QList<OptionRule> ServerInitOptions() { return {{kOdbcOption, true}, {kFrom, true}, {kAddMissing, false}}; }
-
-QList<OptionRule> UseServerOptions() { return {{kOdbcOption, true}}; }
-
 void InitServer(const Arguments& arguments, const Console& console) {
-    if (arguments.Has(kAddMissing)) return AddMissing(arguments, console);
+    if (arguments.Has(option::kAddMissing)) return AddMissing(arguments, console);
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
     std::optional<database::Connection> source;
-    if (arguments.Has(kFrom)) {
+    if (arguments.Has(option::kFrom)) {
         source.emplace();
-        OpenGeneralFile(*source, InstallationRoot(arguments.options.value(kFrom)), database::ConnectMode::Read);
+        OpenGeneralFile(*source, InstallationRoot(arguments.Value(option::kFrom)), database::ConnectMode::Read);
     }
     database::Connection server;
     OpenDefined(server, definition, database::ConnectMode::ReadWrite);
@@ -126,7 +122,7 @@ void InitServer(const Arguments& arguments, const Console& console) {
 }
 
 void UseServer(const Arguments& arguments, const Console& console) {
-    const QString root = InstallationRoot(arguments.installation);
+    const QString root = InstallationRoot(arguments.Installation());
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
     const QString file = ConfigurationFile(root + u"/conf"_s);
     if (file.isEmpty()) throw UsageError(u"%1 に構成データベースがありません。"_s.arg(root));

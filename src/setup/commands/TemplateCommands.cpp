@@ -1,4 +1,5 @@
-#include "setup/commands/TemplateCommands.h"
+// The verbs `forms export`, `forms import`, `forms check` and `forms pdf` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,16 +19,15 @@ namespace setup {
 
 namespace {
 
-const QString kFolder = u"--folder"_s, kUser = u"--user"_s, kOut = u"--out"_s;
-constexpr long kFormsFailed = 1;
+constexpr long kWorkFailed = 1;
 
-[[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kFormsFailed, description); }
+[[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
 
-QString FormsPath(const Arguments& arguments) {
-    const QDir root(arguments.installation);
-    if (!HoldsInstallation(arguments.installation))
-        throw UsageError(u"%1 にインストールがありません。"_s.arg(arguments.installation));
-    const QString user = arguments.options.value(kUser);
+QString TemplateFilePath(const Arguments& arguments) {
+    const QDir root(arguments.Installation());
+    if (!HoldsInstallation(arguments.Installation()))
+        throw UsageError(u"%1 にインストールがありません。"_s.arg(arguments.Installation()));
+    const QString user = arguments.Value(option::kUser);
     const QString folder = user.isEmpty() ? u"report"_s : u"users/%1/report"_s.arg(user);
     for (const QString& name : {u"repfrmdb.accdb"_s, u"repfrmdb.mdb"_s}) {
         const QString path = root.filePath(folder + u'/' + name);
@@ -37,13 +37,13 @@ QString FormsPath(const Arguments& arguments) {
 }
 
 QString TextFileOf(const Arguments& arguments, const QString& form) {
-    return QDir(arguments.options.value(kFolder, u"."_s)).filePath(form + u".txt"_s);
+    return QDir(arguments.Value(option::kFolder, u"."_s)).filePath(form + u".txt"_s);
 }
 
 /// The named template, which must exist, or all templates.
-QStringList AskedForms(const Arguments& arguments, const report::FormsFile& file) {
-    if (arguments.further.isEmpty()) return file.Names();
-    const QString name = arguments.further.first();
+QStringList ChosenTemplates(const Arguments& arguments, const report::FormsFile& file) {
+    const QString name = arguments.Operand(1);
+    if (name.isEmpty()) return file.Names();
     if (!file.Form(name)) throw UsageError(u"帳票「%1」はありません。"_s.arg(name));
     return {name};
 }
@@ -60,64 +60,61 @@ QString ReadText(const QString& path) {
 }
 
 /// Prints the errors of a template text, stored or to be imported under `name`. Returns their number.
-qsizetype TellMistakes(const report::FormsFile& file, const QString& name, const QString& text, QTextStream& out) {
-    const QList<report::TemplateError> mistakes = report::MistakesOf(file, name, text);
-    for (const report::TemplateError& mistake : mistakes) out << name << u": "_s << mistake.Text() << u'\n';
-    return mistakes.size();
+qsizetype PrintErrors(const report::FormsFile& file, const QString& name, const QString& text, QTextStream& out) {
+    const QList<report::TemplateError> errors = report::MistakesOf(file, name, text);
+    for (const report::TemplateError& error : errors) out << name << u": "_s << error.Text() << u'\n';
+    return errors.size();
 }
 
 }  // namespace
 
-QList<OptionRule> FormFileOptions() { return {{kFolder, true}, {kUser, true}}; }
-QList<OptionRule> FormCheckOptions() { return {{kUser, true}}; }
-QList<OptionRule> FormPdfOptions() { return {{kOut, true}, {kUser, true}}; }
-
-void ExportForms(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(FormsPath(arguments));
-    for (const QString& name : AskedForms(arguments, file)) {
+void ExportTemplates(const Arguments& arguments, const Console& console) {
+    const report::FormsFile file(TemplateFilePath(arguments));
+    for (const QString& name : ChosenTemplates(arguments, file)) {
         const QString path = TextFileOf(arguments, name);
         WriteText(path, *file.Form(name));
         console.out << path << u'\n';
     }
 }
 
-void ImportForms(const Arguments& arguments, const Console& console) {
-    report::FormsFile file(FormsPath(arguments), database::ConnectMode::ReadWrite);
-    QStringList names = arguments.further;
-    if (names.isEmpty())
+void ImportTemplates(const Arguments& arguments, const Console& console) {
+    report::FormsFile file(TemplateFilePath(arguments), database::ConnectMode::ReadWrite);
+    QStringList names;
+    if (const QString asked = arguments.Operand(1); !asked.isEmpty())
+        names.append(asked);
+    else
         for (const QString& name : file.Names())
             if (QFileInfo::exists(TextFileOf(arguments, name))) names.append(name);
     if (names.isEmpty()) throw UsageError(u"取り込むファイルがありません。"_s);
     QStringList texts;
-    qsizetype mistakes = 0;
+    qsizetype errors = 0;
     for (const QString& name : names) {
         texts.append(ReadText(TextFileOf(arguments, name)));
-        mistakes += TellMistakes(file, name, texts.last(), console.err);
+        errors += PrintErrors(file, name, texts.last(), console.err);
     }
-    if (mistakes > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(mistakes));
+    if (errors > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(errors));
     for (qsizetype i = 0; i < names.size(); ++i) {
         file.StoreForm(names[i], texts[i]);
         console.out << u"帳票「%1」を取り込みました。\n"_s.arg(names[i]);
     }
 }
 
-void CheckForms(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(FormsPath(arguments));
-    qsizetype mistakes = 0;
-    for (const QString& name : AskedForms(arguments, file)) {
-        const qsizetype found = TellMistakes(file, name, *file.Form(name), console.out);
+void CheckTemplates(const Arguments& arguments, const Console& console) {
+    const report::FormsFile file(TemplateFilePath(arguments));
+    qsizetype errors = 0;
+    for (const QString& name : ChosenTemplates(arguments, file)) {
+        const qsizetype found = PrintErrors(file, name, *file.Form(name), console.out);
         if (found == 0) console.out << name << u": 誤りはありません。\n"_s;
-        mistakes += found;
+        errors += found;
     }
-    if (mistakes > 0) Fail(u"帳票の定義に誤りが %1 件あります。"_s.arg(mistakes));
+    if (errors > 0) Fail(u"帳票の定義に誤りが %1 件あります。"_s.arg(errors));
 }
 
-void MakeFormPdf(const Arguments& arguments, const Console& console) {
-    const QString forms = FormsPath(arguments);
-    if (arguments.further.isEmpty()) throw UsageError(u"帳票の名前を指定してください。"_s);
-    const QString name = arguments.further.first(), pdf = arguments.options.value(kOut, name + u".pdf"_s);
+void RenderReport(const Arguments& arguments, const Console& console) {
+    const QString file = TemplateFilePath(arguments);
+    const QString name = arguments.Operand(1), pdf = arguments.Value(option::kOut, name + u".pdf"_s);
     try {
-        const std::unique_ptr<PreparedReport> prepared = PrepareReport(forms, name);
+        const std::unique_ptr<PreparedReport> prepared = PrepareReport(file, name);
         WritePdf(*prepared, pdf);
         console.out << u"%1（%2 頁）\n"_s.arg(pdf).arg(prepared->PageCount());
     } catch (const ReportFailure& failure) {

@@ -1,6 +1,7 @@
 #include "setup/commands/TerminalTable.h"
 
 #include <QList>
+#include <QTextBoundaryFinder>
 #include <algorithm>
 #include <iterator>
 
@@ -29,6 +30,25 @@ int CharacterWidth(char32_t character) {
 
 QString Blanks(const QString& text, int width) { return QString(qMax(0, width - DisplayWidth(text)), u' '); }
 
+/// The line-breaking rules also allow a break after the hyphens and bars inside a word.
+bool IsInsideWord(const QString& text, qsizetype place) {
+    const auto narrow = [&](qsizetype at) {
+        return !text[at].isSpace() && DisplayWidth(QStringView(text).sliced(at, 1)) < 2;
+    };
+    return place > 0 && place < text.size() && narrow(place - 1) && narrow(place);
+}
+
+QStringList WrapParagraph(const QString& text, int width) {
+    QStringList lines{QString()};
+    for (const QString& piece : LineBreakPieces(text)) {
+        if (DisplayWidth(QString(lines.last() + piece).trimmed()) > width && !lines.last().isEmpty())
+            lines.append(QString());
+        lines.last() += piece;
+    }
+    for (QString& line : lines) line = line.trimmed();
+    return lines;
+}
+
 }  // namespace
 
 int DisplayWidth(QStringView text) {
@@ -39,6 +59,23 @@ int DisplayWidth(QStringView text) {
 
 QString PadRight(const QString& text, int width) { return text + Blanks(text, width); }
 QString PadLeft(const QString& text, int width) { return Blanks(text, width) + text; }
+
+QStringList LineBreakPieces(const QString& text) {
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
+    QStringList pieces;
+    for (qsizetype start = 0; finder.toNextBoundary() >= 0;) {
+        if (IsInsideWord(text, finder.position())) continue;
+        pieces.append(text.sliced(start, finder.position() - start));
+        start = finder.position();
+    }
+    return pieces;
+}
+
+QStringList WrapText(const QString& text, int width) {
+    QStringList lines;
+    for (const QString& paragraph : text.split(u'\n')) lines += WrapParagraph(paragraph, width);
+    return lines;
+}
 
 QString StripControlCharacters(const QString& text) {
     QString line = text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace setup {
 
@@ -10,6 +11,14 @@ int DisplayWidth(QStringView text);
 /// Pads with trailing or leading blanks to a width in terminal columns. Longer text is not truncated.
 QString PadRight(const QString& text, int width);
 QString PadLeft(const QString& text, int width);
+
+/// The pieces of a text between which a line may end: at blanks, which belong to the piece before them, and between
+/// Japanese characters as their rules allow, but not inside words.
+QStringList LineBreakPieces(const QString& text);
+
+/// Breaks a text into lines of at most `width` columns between these pieces; a longer piece
+/// is not broken. Line feeds in the text are kept.
+QStringList WrapText(const QString& text, int width);
 
 /// Replaces line breaks and other control characters with blanks.
 QString StripControlCharacters(const QString& text);

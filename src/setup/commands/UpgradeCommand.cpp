@@ -1,9 +1,11 @@
-#include "setup/commands/UpgradeCommand.h"
+// The verb `upgrade` of Verbs.h.
+#include "setup/commands/Verbs.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <functional>
 
+#include "database/sqlite/SqliteQuery.h"
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
@@ -17,13 +19,10 @@
 #include "setup/storage/Installer.h"
 #include "setup/storage/MenuEntry.h"
 #include "setup/storage/ProgramFiles.h"
-#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 
 namespace setup {
-
-const QString kMenuOption = u"--menu"_s;
 
 namespace {
 
@@ -47,10 +46,10 @@ using Renewal = std::function<QStringList(sqlite3*)>;
 /// Runs the schema upgrade in one transaction, so that a failure leaves the file unchanged.
 void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
     try {
-        const database::SqliteDatabase database = OpenSqlite(file, database::ConnectMode::ReadWrite);
-        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
+        const database::SqliteDatabase database = database::OpenSqliteFile(file, database::ConnectMode::ReadWrite);
+        database::RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
         const QStringList added = renewal(database.get());
-        RunSql(database.get(), u"COMMIT"_s);
+        database::RunSql(database.get(), u"COMMIT"_s);
         for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
     } catch (const database::DatabaseError& error) {
         throw platform::RuntimeError(kWorkFailed,
@@ -90,7 +89,7 @@ void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& own
 void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
     const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
     if (!definition) return;
-    const bool file = definition->db == u"A"_s, asked = arguments.Has(kOdbcOption);
+    const bool file = definition->db == u"A"_s, asked = arguments.Has(option::kOdbc);
     if (file && asked) throw UsageError(u"一般データベースはファイルです。--odbc は付けられません。"_s);
     if (file)
         return RenewFile(upgrade, database::SqlitePath(definition->データソース名), Schema(DatabaseKind::General));
@@ -141,10 +140,8 @@ void EnterInMenu(const QString& root, const Console& console) {
     console.out << u"%1 をメニューに登録しました。\n"_s.arg(WriteMenuEntry(root));
 }
 
-QList<OptionRule> UpgradeOptions() { return {{kMenuOption, false}, {kOdbcOption, true}}; }
-
 void UpgradeInstallation(const Arguments& arguments, const Console& console) {
-    Upgrade upgrade{InstallationRoot(arguments.installation), console};
+    Upgrade upgrade{InstallationRoot(arguments.Installation()), console};
     CheckUpgrade(upgrade.root, console.programFolder);
     const FilePlaces common = CommonPlaces(upgrade.root);
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(upgrade.root);
@@ -156,7 +153,7 @@ void UpgradeInstallation(const Arguments& arguments, const Console& console) {
     RenewPrograms(upgrade);
     RenewManual(upgrade);
     CorrectRights(upgrade.root);  // of the files added since RenewRights
-    if (arguments.Has(kMenuOption)) EnterInMenu(upgrade.root, console);
+    if (arguments.Has(option::kMenu)) EnterInMenu(upgrade.root, console);
     if (!upgrade.refused.isEmpty())
         throw platform::RuntimeError(
             kWorkFailed, u"権限を直せません。所有者か root で実行してください。\n"_s + upgrade.refused.join(u'\n'));

@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteHandle.h"
 #include "setup/schema/TableStatements.h"
 #include "setup/storage/PinColumns.h"
@@ -58,8 +59,8 @@ TableWriter::TableWriter(DatabaseFileWriter& store, const QString& table) : stor
     }
     for (const PinColumn& pin : kPinColumns)
         if (store.KeyOfPins() && table == pin.table) pins_.append(parameters_.value(pin.column.toString()));
-    statement_ = store.Prepare(u"INSERT INTO "_s + QuotedName(table) + u" ("_s + QuotedNames(names) + u") VALUES ("_s +
-                               places.join(u", "_s) + u')');
+    statement_ = store.Prepare(u"INSERT INTO "_s + database::QuotedName(table) + u" ("_s +
+                               database::QuotedNames(names) + u") VALUES ("_s + places.join(u", "_s) + u')');
 }
 
 TableWriter::~TableWriter() { sqlite3_finalize(statement_); }

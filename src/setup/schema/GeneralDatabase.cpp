@@ -4,6 +4,7 @@
 
 #include "data/Connections.h"
 #include "data/ServerSchema.h"
+#include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
 #include "setup/storage/ConfigurationFiles.h"
 #include "setup/storage/Installer.h"
@@ -72,7 +73,7 @@ QStringList ColumnsOf(database::Connection& connection, const QString& table) {
     QStringList names;
     try {
         database::Recordset rows;
-        rows.Open(u"SELECT * FROM \"%1\" WHERE 1 = 0"_s.arg(table), connection);
+        rows.Open(u"SELECT * FROM %1 WHERE 1 = 0"_s.arg(database::QuotedName(table)), connection);
         for (int column = 0; column < rows.FieldCount(); ++column) names.append(rows.FieldName(column));
     } catch (const database::DatabaseError& error) {
         if (error.Number() != database::kStatementFailure) throw;

@@ -5,6 +5,7 @@
 #include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "database/collation/PostgresFunctions.h"
+#include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
 #include "setup/schema/GeneralDatabase.h"
 
@@ -83,7 +84,8 @@ class Renewal {
             const QStringList present =
                 Texts(server_,
                       u"SELECT p.prosrc FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace"
-                      u" WHERE n.nspname = current_schema() AND p.proname = '%1'"_s.arg(name));
+                      u" WHERE n.nspname = current_schema() AND p.proname = "_s +
+                          database::TextLiteral(name));
             // The function body is between the two $suite$ delimiters of the statement.
             if (present.value(0) == statement.section(u"$suite$"_s, 1, 1)) continue;
             server_.Execute(statement);

@@ -1,5 +1,6 @@
 #include "setup/schema/TableCopy.h"
 
+#include "database/sql/Quoting.h"
 #include "setup/schema/GeneralDatabase.h"
 
 using namespace Qt::StringLiterals;
@@ -14,8 +15,7 @@ constexpr qsizetype kLongestStatement = 0x40000;
 constexpr int kRowsBetweenLines = 10'000;
 
 QString LiteralOf(const database::Field& field) {
-    if (field.IsNull()) return u"NULL"_s;
-    return u'\'' + field.Text().replace(u'\'', u"''"_s) + u'\'';
+    return field.IsNull() ? u"NULL"_s : database::TextLiteral(field.Text());
 }
 
 /// Batches rows into multi-row INSERTs.
@@ -44,13 +44,13 @@ class RowSender {
 
 QString InsertHead(const TableDefinition& table) {
     QStringList names;
-    for (const ColumnDefinition& column : table.columns) names.append(u'"' + column.name + u'"');
-    return u"INSERT INTO \"%1\" (%2) VALUES "_s.arg(table.name, names.join(u", "_s));
+    for (const ColumnDefinition& column : table.columns) names.append(column.name);
+    return u"INSERT INTO %1 (%2) VALUES "_s.arg(database::QuotedName(table.name), database::QuotedNames(names));
 }
 
 qint64 CountRows(database::Connection& connection, const QString& table) {
     database::Recordset rows;
-    rows.Open(u"SELECT COUNT(*) AS 件数 FROM \"%1\""_s.arg(table), connection);
+    rows.Open(u"SELECT COUNT(*) AS 件数 FROM "_s + database::QuotedName(table), connection);
     return rows[u"件数"].Text().toLongLong();
 }
 
@@ -60,7 +60,7 @@ void CopyTable(database::Connection& source, database::Connection& target, const
     if (there.isEmpty())
         throw platform::RuntimeError(1, u"複写元の一般データベースに表 %1 がありません。"_s.arg(table.name));
     database::Recordset rows;
-    rows.Open(u"SELECT * FROM \"%1\""_s.arg(table.name), source);
+    rows.Open(u"SELECT * FROM "_s + database::QuotedName(table.name), source);
     const qint64 all = rows.RecordCount();
     qint64 copied = 0;
     database::Transaction whole(target);

@@ -1,6 +1,10 @@
 #include "setup/schema/TableStatements.h"
 
+#include "database/sql/Quoting.h"
+
 using namespace Qt::StringLiterals;
+using database::QuotedName;
+using database::QuotedNames;
 
 namespace setup {
 
@@ -9,14 +13,6 @@ namespace {
 QString ColumnText(const ColumnDefinition& column) { return QuotedName(column.name) + u' ' + column.type; }
 
 }  // namespace
-
-QString QuotedName(const QString& name) { return u'"' + name + u'"'; }
-
-QString QuotedNames(const QStringList& names) {
-    QStringList quoted;
-    for (const QString& name : names) quoted.append(QuotedName(name));
-    return quoted.join(u", "_s);
-}
 
 QString CreateTableStatement(const TableDefinition& table) {
     QStringList parts;

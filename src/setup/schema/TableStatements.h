@@ -6,10 +6,6 @@
 
 namespace setup {
 
-/// The name in double quotes. Quotes inside the name are not escaped; catalogue names have none.
-QString QuotedName(const QString& name);
-QString QuotedNames(const QStringList& names);
-
 QString CreateTableStatement(const TableDefinition& table);
 QString AddColumnStatement(const TableDefinition& table, const ColumnDefinition& column);
 

@@ -2,8 +2,6 @@
 
 #include <QString>
 
-#include "setup/commands/Arguments.h"
-#include "setup/commands/Console.h"
 #include "setup/storage/PinStore.h"
 
 namespace setup {
@@ -25,12 +23,5 @@ int CountClearPins(database::Connection& general);
 /// A message with the command that fixes it, if the installation has a key file but also clear-text PINs, which never
 /// match at sign-in; otherwise empty. Throws database::DatabaseError.
 QString ClearPinsFault(const QString& root, database::Connection& general, bool onServer);
-
-QList<OptionRule> SealPinsOptions();
-
-/// The verb `seal-pins`: encrypts the PINs of the installation's general database, on a server with the account of the
-/// definition row or of `--odbc`, and prints the counts. Throws UsageError if there is no installation or if `--odbc`
-/// names another database, otherwise platform::RuntimeError.
-void SealPins(const Arguments& arguments, const Console& console);
 
 }  // namespace setup

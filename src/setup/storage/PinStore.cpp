@@ -2,9 +2,11 @@
 
 #include "data/Catalogue.h"
 #include "database/DatabaseSession.h"
-#include "setup/storage/SqliteFile.h"
+#include "database/sql/Quoting.h"
+#include "database/sqlite/SqliteQuery.h"
 
 using namespace Qt::StringLiterals;
+using database::QuotedName;
 using database::SqliteStatement;
 
 namespace setup {
@@ -13,41 +15,39 @@ namespace {
 
 class FilePinStore : public PinStore {
   public:
-    explicit FilePinStore(const QString& file) : database_(OpenSqlite(file, database::ConnectMode::ReadWrite)) {}
+    explicit FilePinStore(const QString& file)
+        : database_(database::OpenSqliteFile(file, database::ConnectMode::ReadWrite)) {}
 
     void Begin() override {
         // Otherwise the clear text would remain readable in free pages of the file.
-        RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
-        RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
+        database::RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
+        database::RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
     }
     QList<StoredPin> Pins(const PinColumn& place) override {
-        const SqliteStatement rows = PrepareSql(
-            database_.get(), u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
+        const SqliteStatement rows = database::PrepareSql(
+            database_.get(),
+            u"SELECT rowid, %1 FROM %2 WHERE %1 <> ''"_s.arg(QuotedName(place.column), QuotedName(place.table)));
         QList<StoredPin> pins;
-        while (NextRow(database_.get(), rows.get()))
-            pins.append({{ColumnText(rows.get(), 0)}, ColumnText(rows.get(), 1)});
+        while (database::NextRow(rows.get()))
+            pins.append({{database::ColumnText(rows.get(), 0)}, database::ColumnText(rows.get(), 1)});
         return pins;
     }
     void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) override {
-        const SqliteStatement update = PrepareSql(
-            database_.get(), u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
-        BindText(update.get(), 1, text);
+        const SqliteStatement update = database::PrepareSql(
+            database_.get(),
+            u"UPDATE %1 SET %2 = ? WHERE rowid = ?"_s.arg(QuotedName(place.table), QuotedName(place.column)), {text});
         sqlite3_bind_int64(update.get(), 2, pin.row.first().toLongLong());
-        NextRow(database_.get(), update.get());
+        database::NextRow(update.get());
     }
-    void Commit() override { RunSql(database_.get(), u"COMMIT"_s); }
+    void Commit() override { database::RunSql(database_.get(), u"COMMIT"_s); }
     bool StillLocked() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
 
   private:
     database::SqliteDatabase database_;
 };
 
-QString Name(QStringView name) { return u'"' + name.toString() + u'"'; }
-
-QString Literal(const QString& value) { return u'\'' + QString(value).replace(u'\'', u"''"_s) + u'\''; }
-
-QString Equals(const QString& name, const QString& value) {
-    return Name(name) + (value.isNull() ? u" IS NULL"_s : u" = "_s + Literal(value));
+QString Equals(QStringView name, const QString& value) {
+    return QuotedName(name) + (value.isNull() ? u" IS NULL"_s : u" = "_s + database::TextLiteral(value));
 }
 
 /// Concurrent runs block on the first row with a PIN.
@@ -65,11 +65,12 @@ class ServerPinStore : public PinStore {
         return ReadPins(connection_, place, locks ? u" FOR UPDATE"_s : QString());
     }
     void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) override {
-        QString where = Equals(place.column.toString(), pin.text);
+        QString where = Equals(place.column, pin.text);
         const QStringList& key = SuiteTable(DatabaseKind::General, place.table.toString()).key;
         for (qsizetype i = 0; i < key.size(); ++i) where += u" AND "_s + Equals(key[i], pin.row[i]);
-        connection_.Execute(
-            u"UPDATE %1 SET %2 = %3 WHERE "_s.arg(Name(place.table), Name(place.column), Literal(text)) + where);
+        connection_.Execute(u"UPDATE %1 SET %2 = %3 WHERE "_s.arg(QuotedName(place.table), QuotedName(place.column),
+                                                                  database::TextLiteral(text)) +
+                            where);
     }
     void Commit() override { whole_->Commit(); }
     /// A lost connection has released its locks.
@@ -90,15 +91,13 @@ std::unique_ptr<PinStore> MakeServerPins(database::Connection connection) {
 
 QList<StoredPin> ReadPins(database::Connection& connection, const PinColumn& place, const QString& suffix) {
     const QStringList key = SuiteTable(DatabaseKind::General, place.table.toString()).key;
-    QStringList columns;
-    for (const QString& column : key) columns.append(Name(column));
-    columns.append(Name(place.column));
     database::Recordset rows;
     QList<StoredPin> pins;
-    for (rows.Open(
-             u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(columns.join(u", "_s), Name(place.table), Name(place.column)) +
-                 suffix,
-             connection);
+    for (rows.Open(u"SELECT %1 FROM %2 WHERE %3 <> ''"_s.arg(
+                       database::QuotedNames(key + QStringList{place.column.toString()}), QuotedName(place.table),
+                       QuotedName(place.column)) +
+                       suffix,
+                   connection);
          !rows.AtEOF(); rows.MoveNext()) {
         StoredPin pin;
         for (int i = 0; i < key.size(); ++i) pin.row.append(rows.FieldAt(i).TextOr(QString()));
