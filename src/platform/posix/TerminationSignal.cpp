@@ -39,6 +39,10 @@ void OnTerminationRequest(std::function<void()> handler) {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) ::sigaction(signal, &action, nullptr);
 }
 
+void RequestEndOnSignals() {
+    for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { RequestEnd(); });
+}
+
 void ServeTerminationRequest() {
     char byte = 0;
     if (::recv(g_signalEnds[1], &byte, 1, MSG_DONTWAIT) == 1) CarryOutEndRequest();
