@@ -1,13 +1,8 @@
 #include "platform/EndRequest.h"
 
-#include <QGuiApplication>
-#include <QWindow>
-
 #include <atomic>
 #include <chrono>
 #include <utility>
-
-#include "platform/CloseBox.h"
 
 namespace platform {
 namespace {
@@ -17,6 +12,7 @@ using Clock = std::chrono::steady_clock;
 constexpr Clock::duration kTimeToEnd = std::chrono::seconds(5);
 
 std::atomic<bool> g_requested = false;
+std::atomic<EndSource*> g_source = nullptr;
 std::atomic<Clock::rep> g_endingUntil = 0;  // 0 while the program is not ending
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler writes it");
 
@@ -25,28 +21,19 @@ std::function<void()>& Handler() {
     return handler;
 }
 
-/// The window whose close box was clicked; null if it has no close box or a modal window blocks its input.
-QWindow* ClosingWindow() {
-    const quintptr id = PendingCloseBox();
-    if (id == 0) return nullptr;
-    const QWindow* modal = QGuiApplication::modalWindow();
-    for (QWindow* window : QGuiApplication::topLevelWindows())
-        if (window->handle() != nullptr && window->winId() == id && (modal == nullptr || modal == window) &&
-            window->flags().testFlag(Qt::WindowCloseButtonHint))
-            return window;
-    return nullptr;
-}
-
 }  // namespace
 
 void RequestEnd() noexcept { g_requested = true; }
 
 bool EndRequested() {
     if (const Clock::rep until = g_endingUntil; until != 0) return Clock::now().time_since_epoch().count() > until;
-    return g_requested || ClosingWindow() != nullptr;
+    const EndSource* source = g_source;
+    return g_requested || (source != nullptr && source->Pending());
 }
 
 void SetEndHandler(std::function<void()> handler) { Handler() = std::move(handler); }
+
+void SetEndSource(EndSource* source) { g_source = source; }
 
 void CarryOutEndRequest() {
     if (g_endingUntil != 0) return;
@@ -56,11 +43,7 @@ void CarryOutEndRequest() {
         g_requested = false;
         return;
     }
-    QWindow* window = ClosingWindow();
-    if (window == nullptr || window->modality() != Qt::NonModal) return;
-    const Ending ending;
-    window->close();
-    ForgetCloseBox();
+    if (EndSource* source = g_source; source != nullptr) source->CarryOut();
 }
 
 Ending::Ending() : outermost_(g_endingUntil == 0) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <optional>
+#include <vector>
 
 namespace platform {
 
@@ -19,6 +20,19 @@ inline constexpr unsigned kSetGroupId = 02000;  ///< setgid on a folder: new ent
 /// is neither file nor folder.
 std::optional<FileRights> RightsOf(const QString& path);
 
+/// The same for what the path leads to, of any kind; symbolic links are followed. nullopt if there is nothing.
+std::optional<FileRights> RightsOfTarget(const QString& path);
+
+// Bits of `wanted` below, as in the last digit of a mode.
+inline constexpr unsigned kMayRead = 4;
+inline constexpr unsigned kMayWrite = 2;
+inline constexpr unsigned kMayEnter = 1;  ///< run a file, use a folder in a path
+
+/// True if the system grants this process all of `wanted` on the path. For its real user and group id.
+bool IsGranted(const QString& path, unsigned wanted);
+/// True if this process may list and use the folder (effective ids), or if the folder does not exist.
+bool MayEnterFolder(const QString& folder);
+
 /// Sets group and mode of a plain file or folder. False on a system error, and for a symbolic link or a file with
 /// further hard links: another user may have created either to get the rights of a different file changed.
 bool SetRights(const QString& path, unsigned group, unsigned mode);
@@ -27,6 +41,17 @@ bool SetRights(const QString& path, unsigned group, unsigned mode);
 /// read/write bits, regardless of the umask. Otherwise no change and true. False on a system error.
 bool ShareWithFolder(const QString& file, const QString& folder);
 
+/// A user of this machine.
+struct UserAccount {
+    unsigned id = 0;
+    QString home;                  ///< absolute path
+    std::vector<unsigned> groups;  ///< ids, the primary group included
+};
+/// nullopt if there is no user of that name.
+std::optional<UserAccount> AccountOf(const QString& userName);
+
+/// Real user id of this process.
+unsigned RealUserId();
 /// Effective user and group id of this process.
 unsigned OwnUserId();
 unsigned OwnGroupId();

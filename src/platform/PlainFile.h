@@ -28,6 +28,15 @@ FileRead ReadPlainFile(const QString& path, qint64 limit, QByteArray& content);
 /// True if both are regular files with equal bytes.
 bool SameContent(const QString& one, const QString& other);
 
+/// Identifies a state of a file: changes when the file is written or replaced.
+struct FileVersion {
+    quint64 inode = 0;
+    qint64 size = 0, seconds = 0, nanoseconds = 0;
+    bool operator==(const FileVersion&) const = default;
+};
+/// All zero for a missing file.
+FileVersion FileVersionOf(const QString& path);
+
 /// True if something other than a regular file exists at `path`: a folder, pipe, socket or device.
 bool IsSpecialFile(const QString& path);
 /// True if the process may write the file (effective ids).

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -14,8 +12,8 @@ namespace platform {
 /// nothing is opened or removed.
 void ClaimPrivateFolder(const QString& folder);
 
-/// The same checks without any change; one sentence for each problem. `owner` is the user that the folder is for;
+/// The same checks without any change; one sentence for each problem. `owner` is the id of the folder's user;
 /// nullopt (no such user on this machine) skips the checks of ownership.
-QStringList PrivateFolderFaults(const QString& folder, std::optional<uid_t> owner);
+QStringList PrivateFolderFaults(const QString& folder, std::optional<unsigned> owner);
 
 }  // namespace platform

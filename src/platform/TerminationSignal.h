@@ -5,9 +5,11 @@
 namespace platform {
 
 /// Delivers SIGTERM, SIGHUP and SIGINT as an event: `handler` runs in the event loop, also inside a modal window. A
-/// running statement is aborted (see EndRequest.h), also by a click on the close box. Needs the application object;
-/// call once.
+/// running statement is aborted (see EndRequest.h). Needs the application object; call once.
 void OnTerminationRequest(std::function<void()> handler);
+
+/// Makes SIGINT and SIGTERM request the end of the process (RequestEnd), for programs without an event loop.
+void RequestEndOnSignals();
 
 /// Runs the handler now for a signal that has not been handled yet, for waits that process no events.
 void ServeTerminationRequest();

@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/InputEvent.h"
 #include "screen/Form.h"
+#include "screen/InputEvent.h"
 
 namespace {
 
@@ -95,7 +95,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
     }
     const bool focusIn = event->type() == QEvent::FocusIn;
     const bool hidden = event->type() == QEvent::HideToParent;
-    if (!focusIn && !hidden && !platform::IsInput(event->type())) return false;
+    if (!focusIn && !hidden && !IsInput(event->type())) return false;
     // Menus and the lists of combo boxes are separate windows.
     auto& widget = static_cast<QWidget&>(*watched);
     if (widget.window() != this) return false;

@@ -8,6 +8,7 @@
 #include <QTranslator>
 
 #include "platform/Services.h"
+#include "screen/CloseBox.h"
 #include "screen/WidgetDialogs.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
@@ -78,6 +79,7 @@ SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Toolki
     start.reset();
     InstallWindowServices(platform::Services());
     setQuitOnLastWindowClosed(false);
+    WatchCloseBoxes();
     InstallTranslator(*this);
     ApplySuiteStyle(*this);
 }

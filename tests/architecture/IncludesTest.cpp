@@ -103,3 +103,45 @@ TEST(Architecture, NoModuleLinksAModuleThatLinksIt) {
         for (const QString& used : module->uses)
             EXPECT_FALSE(Reachable(used, modules).contains(module.key())) << qPrintable(module.key() + u" "_s + used);
 }
+
+namespace {
+
+/// Headers of POSIX and Linux, and <csignal> and <cerrno>, which serve only calls of the system.
+const QString kSystemHeader =
+    u"<((?:sys|linux|net|netinet|arpa|asm)/[^>]+|(?:unistd|fcntl|signal|poll|pwd|grp|dlfcn|spawn|sched|pthread|dirent|"
+    "termios|syslog|netdb|mntent|ftw|glob|errno|semaphore|mqueue|utime|wait|ucontext)\\.h|csignal|cerrno)>"_s;
+
+/// A call of the global namespace in lower case ("::open("), and calls that are often written without "::".
+const QString kSystemCall =
+    u"(?:(?<![\\w:>])::(?!sqlite3_|xcb_|SQL)[a-z][a-z0-9_]*|(?<![\\w:.>])(?:get(?:e?[ug]id|pw(?:nam|uid)|gr(?:nam|gid|"
+    u"ouplist)|pid)|"
+    "mkdtemp|fsync|chmod|chown|umask|sigaction|_exit|fork|waitpid|setrlimit|prctl|dlsym|dlopen|isatty))\\s*\\("_s;
+
+QStringList SystemCallsIn(const QString& code) {
+    static const QRegularExpression call(kSystemCall);
+    static const QRegularExpression comment(u"//[^\n]*"_s);
+    QStringList found;
+    auto matches = call.globalMatch(QString(code).remove(comment));
+    while (matches.hasNext()) found.append(matches.next().captured());
+    return found;
+}
+
+}  // namespace
+
+TEST(Architecture, SystemCallsAreRecognised) {
+    EXPECT_EQ(SystemCallsIn(u"const int file = ::open(path, 0); ::flock (file, 1); return geteuid();"_s),
+              QStringList({u"::open("_s, u"::flock ("_s, u"geteuid("_s}));
+    EXPECT_EQ(SystemCallsIn(u"x.open(y); std::signal(1); platform::sync(); // ::open(z)\nFoo::open(y); p->fork();"_s),
+              QStringList());
+}
+
+TEST(Architecture, OnlyThePosixFolderNamesPosixAndLinux) {
+    QStringList faults;
+    for (const QString& file : Sources()) {
+        if (file.startsWith(u"platform/posix/"_s)) continue;
+        for (const QString& header : Includes(file, kSystemHeader)) faults.append(file + u": <"_s + header + u'>');
+        for (const QString& call : SystemCallsIn(Content(QStringLiteral(SUITE_SOURCES "/src/") + file)))
+            faults.append(file + u": "_s + call);
+    }
+    EXPECT_EQ(faults.join(u'\n').toStdString(), "");
+}

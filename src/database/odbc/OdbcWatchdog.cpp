@@ -1,14 +1,6 @@
 #include "database/odbc/OdbcWatchdog.h"
 
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <charconv>
-#include <filesystem>
-#include <string>
 #include <system_error>
 #include <utility>
 
@@ -17,61 +9,25 @@
 namespace database {
 namespace {
 
-bool IsNetworkConnection(int descriptor) {
-    sockaddr_storage peer = {};
-    socklen_t size = sizeof peer;
-    if (::getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) != 0) return false;
-    return peer.ss_family == AF_INET || peer.ss_family == AF_INET6;
-}
-
 constexpr auto kBetweenPolls = std::chrono::milliseconds(200);
 constexpr auto kTimeToCancel = std::chrono::seconds(2);
 
-struct Socket {
-    int descriptor;
-    unsigned long identity;  // inode: unlike the descriptor number, not reused while the socket is open
-};
-
-std::vector<Socket> NetworkConnections() {
-    std::vector<Socket> found;
-    std::error_code unreadable;
-    std::filesystem::directory_iterator entry("/proc/self/fd", unreadable);
-    for (; !unreadable && entry != std::filesystem::directory_iterator(); entry.increment(unreadable)) {
-        const std::string name = entry->path().filename();
-        int descriptor = -1;
-        std::from_chars(name.data(), name.data() + name.size(), descriptor);
-        struct stat status = {};
-        if (IsNetworkConnection(descriptor) && ::fstat(descriptor, &status) == 0)
-            found.push_back({descriptor, status.st_ino});
-    }
-    return found;
-}
-
 }  // namespace
 
-OdbcWatchdog::OdbcWatchdog() {
-    for (const Socket& socket : NetworkConnections()) before_.insert(socket.identity);
-}
+OdbcWatchdog::OdbcWatchdog() = default;
 
 OdbcWatchdog::~OdbcWatchdog() {
-    if (thread_.joinable()) {
-        {
-            const std::lock_guard lock(mutex_);
-            over_ = true;
-        }
-        changed_.notify_one();
-        thread_.join();
+    if (!thread_.joinable()) return;
+    {
+        const std::lock_guard lock(mutex_);
+        over_ = true;
     }
-    for (const int socket : sockets_) ::close(socket);
+    changed_.notify_one();
+    thread_.join();
 }
 
 void OdbcWatchdog::Begin(Clock::duration patience) {
-    for (const Socket& socket : NetworkConnections()) {
-        if (before_.count(socket.identity) != 0) continue;
-        // Duplicated, since the driver may close its own and the number be reused before the timeout expires.
-        const int own = ::fcntl(socket.descriptor, F_DUPFD_CLOEXEC, 0);
-        if (own >= 0) sockets_.push_back(own);
-    }
+    driver_.Take();
     timeout_ = patience;
     try {
         thread_ = std::thread([this] { Watch(); });
@@ -116,7 +72,7 @@ void OdbcWatchdog::Watch() {
         FollowEndRequest(now);
         if (deadline_ <= now) {
             ended_ = true;
-            for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
+            driver_.ShutDown();
             return;
         }
         const bool limited = timeout_ > Clock::duration::zero();
@@ -129,7 +85,7 @@ void OdbcWatchdog::Watch() {
 OdbcWatchdog::ScopedCall::ScopedCall(OdbcWatchdog& watch) : watch_(watch) {
     const std::lock_guard lock(watch_.mutex_);
     outermost_ = watch_.turns_++ == 0;
-    if (outermost_ && watch_.timeout_ > Clock::duration::zero() && !watch_.sockets_.empty())
+    if (outermost_ && watch_.timeout_ > Clock::duration::zero() && !watch_.driver_.IsEmpty())
         watch_.deadline_ = Clock::now() + watch_.timeout_;
 }
 

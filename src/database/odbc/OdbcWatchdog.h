@@ -4,9 +4,9 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <set>
 #include <thread>
-#include <vector>
+
+#include "platform/NewConnections.h"
 
 namespace database {
 
@@ -69,8 +69,7 @@ class OdbcWatchdog {
     void FollowEndRequest(Clock::time_point now);
     void CallCancel();
 
-    std::set<unsigned long> before_;  // sockets opened before the driver connected
-    std::vector<int> sockets_;        // our duplicates of the driver's sockets
+    platform::NewConnections driver_;
     Clock::duration timeout_{};
     mutable std::mutex mutex_;
     std::condition_variable changed_;

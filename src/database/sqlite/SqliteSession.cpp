@@ -4,6 +4,7 @@
 #include "database/sqlite/InsertTarget.h"
 #include "database/sqlite/OpenSqlite.h"
 #include "database/sqlite/SqliteFunctions.h"
+#include "database/sqlite/WalMode.h"
 
 namespace database {
 namespace {
@@ -42,7 +43,7 @@ std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& requ
 SqliteSession::SqliteSession(const ConnectionRequest& request)
     : request_(request),
       path_(SqlitePath(request.dataSource)),
-      version_(FileVersionOf(path_)),
+      version_(platform::FileVersionOf(path_)),
       rules_(request.rules),
       database_(OpenSqliteFile(request)) {
     SetUp();
@@ -60,9 +61,9 @@ void SqliteSession::SetUp() {
 
 // The engine never re-reads a file opened as immutable.
 void SqliteSession::ReopenChangedFile() {
-    if (!version_ || scope_ || FileVersionOf(path_) == *version_) return;
+    if (!version_ || scope_ || platform::FileVersionOf(path_) == *version_) return;
     statements_.Clear();
-    version_ = FileVersionOf(path_);
+    version_ = platform::FileVersionOf(path_);
     database_ = OpenSqliteFile(request_);
     SetUp();
 }

@@ -7,7 +7,7 @@
 #include "database/sql/ParameterisedStatement.h"
 #include "database/sqlite/PreparedStatements.h"
 #include "database/sqlite/SqliteHandle.h"
-#include "database/sqlite/WalMode.h"
+#include "platform/PlainFile.h"
 
 namespace database {
 
@@ -41,7 +41,7 @@ class SqliteSession : public DatabaseSession {
 
     ConnectionRequest request_;
     QString path_;
-    std::optional<FileVersion> version_;  // of a file that is read without locks
+    std::optional<platform::FileVersion> version_;  // of a file that is read without locks
     TextRules rules_;
     SqliteDatabase database_;
     PreparedStatements statements_;

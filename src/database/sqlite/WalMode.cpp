@@ -1,7 +1,5 @@
 #include "database/sqlite/WalMode.h"
 
-#include <sys/stat.h>
-
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -36,12 +34,6 @@ QByteArray NameWithoutLocks(const QString& path) {
 
 bool IsWithoutLocks(sqlite3* database) {
     return sqlite3_uri_boolean(sqlite3_db_filename(database, "main"), "immutable", 0) != 0;
-}
-
-FileVersion FileVersionOf(const QString& path) {
-    struct stat status = {};
-    if (::stat(QFile::encodeName(path).constData(), &status) != 0) return {};
-    return {status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 }  // namespace database

@@ -20,12 +20,4 @@ QByteArray NameWithoutLocks(const QString& path);
 /// True if the database was opened with such a URI. The engine then does not notice changes by other programs.
 bool IsWithoutLocks(sqlite3* database);
 
-/// Changes when the file is written or replaced.
-struct FileVersion {
-    quint64 inode = 0;
-    qint64 size = 0, seconds = 0, nanoseconds = 0;
-    bool operator==(const FileVersion&) const = default;
-};
-FileVersion FileVersionOf(const QString& path);
-
 }  // namespace database

@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cerrno>
 #include <vector>
 
 namespace platform {
@@ -42,15 +43,18 @@ std::vector<gid_t> GroupsOfProcess() {
     return groups;
 }
 
+std::vector<gid_t> GroupsOfAccount(const passwd& account) {
+    int count = 0;
+    ::getgrouplist(account.pw_name, account.pw_gid, nullptr, &count);
+    std::vector<gid_t> groups(static_cast<size_t>(count));
+    ::getgrouplist(account.pw_name, account.pw_gid, groups.data(), &count);
+    return groups;
+}
+
 std::vector<gid_t> GroupsOf(uid_t user) {
     if (user == ::geteuid()) return GroupsOfProcess();
     const passwd* entry = ::getpwuid(user);
-    if (entry == nullptr) return {};
-    int count = 0;
-    ::getgrouplist(entry->pw_name, entry->pw_gid, nullptr, &count);
-    std::vector<gid_t> groups(static_cast<size_t>(count));
-    ::getgrouplist(entry->pw_name, entry->pw_gid, groups.data(), &count);
-    return groups;
+    return entry == nullptr ? std::vector<gid_t>() : GroupsOfAccount(*entry);
 }
 
 }  // namespace
@@ -59,6 +63,22 @@ std::optional<FileRights> RightsOf(const QString& path) {
     struct stat found = {};
     if (::lstat(QFile::encodeName(path).constData(), &found) != 0 || !IsFileOrFolder(found)) return std::nullopt;
     return From(found);
+}
+
+std::optional<FileRights> RightsOfTarget(const QString& path) {
+    struct stat found = {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0) return std::nullopt;
+    return From(found);
+}
+
+bool IsGranted(const QString& path, unsigned wanted) {
+    static_assert(kMayRead == R_OK && kMayWrite == W_OK && kMayEnter == X_OK);
+    return ::access(QFile::encodeName(path).constData(), static_cast<int>(wanted)) == 0;
+}
+
+bool MayEnterFolder(const QString& folder) {
+    return ::faccessat(AT_FDCWD, QFile::encodeName(folder).constData(), R_OK | X_OK, AT_EACCESS) == 0 ||
+           errno == ENOENT;
 }
 
 bool SetRights(const QString& path, unsigned group, unsigned mode) {
@@ -76,6 +96,14 @@ bool ShareWithFolder(const QString& file, const QString& folder) {
     if ((found.st_mode & kSetGroupId) == 0) return true;
     return SetRights(file, found.st_gid, found.st_mode & kOwnerAndGroupFile);
 }
+
+std::optional<UserAccount> AccountOf(const QString& userName) {
+    const passwd* entry = ::getpwnam(QFile::encodeName(userName).constData());
+    if (entry == nullptr) return std::nullopt;
+    return UserAccount{entry->pw_uid, QFile::decodeName(entry->pw_dir), GroupsOfAccount(*entry)};
+}
+
+unsigned RealUserId() { return ::getuid(); }
 
 unsigned OwnUserId() { return ::geteuid(); }
 

@@ -90,7 +90,7 @@ void ClaimPrivateFolder(const QString& folder) {
     if (!faults.isEmpty()) throw RuntimeError(kNotAllowed, faults.join(u'\n'));
 }
 
-QStringList PrivateFolderFaults(const QString& folder, std::optional<uid_t> owner) {
+QStringList PrivateFolderFaults(const QString& folder, std::optional<unsigned> owner) {
     return Inspection(owner, false).Faults(folder);
 }
 

@@ -1,6 +1,5 @@
 #include "platform/TerminationSignal.h"
 
-#include "platform/CloseBox.h"
 #include "platform/EndRequest.h"
 
 #include <QCoreApplication>
@@ -29,7 +28,6 @@ void WriteSignal(int) {
 
 void OnTerminationRequest(std::function<void()> handler) {
     SetEndHandler(std::move(handler));
-    WatchCloseBoxes();
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, g_signalEnds) != 0) return;
     auto* notifier = new QSocketNotifier(g_signalEnds[1], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier, [] { ServeTerminationRequest(); });
@@ -37,6 +35,10 @@ void OnTerminationRequest(std::function<void()> handler) {
     action.sa_handler = WriteSignal;
     action.sa_flags = SA_RESTART;
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) ::sigaction(signal, &action, nullptr);
+}
+
+void RequestEndOnSignals() {
+    for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { RequestEnd(); });
 }
 
 void ServeTerminationRequest() {

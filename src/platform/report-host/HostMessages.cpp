@@ -6,7 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "platform/report-host/HostFolder.h"
+#include "platform/report-host/HostSocket.h"
 
 using namespace Qt::StringLiterals;
 

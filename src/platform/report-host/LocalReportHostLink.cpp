@@ -5,7 +5,7 @@
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
-#include "platform/report-host/SocketPeer.h"
+#include "platform/report-host/HostSocket.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,8 +4,8 @@
 #include <QEventLoop>
 #include <QThread>
 
-#include "platform/InputEvent.h"
 #include "platform/TerminationSignal.h"
+#include "screen/InputEvent.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ class InputDrop : public QObject {
   public:
     // Not all event dispatchers honour ExcludeSocketNotifiers. The data stays in the socket.
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        return platform::IsInput(event->type()) || event->type() == QEvent::SockAct;
+        return IsInput(event->type()) || event->type() == QEvent::SockAct;
     }
 };
 

@@ -1,117 +1,12 @@
 #include "report-host/service/HostListener.h"
 
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <cerrno>
-#include <csignal>
-#include <cstdio>
-#include <cstring>
-#include <utility>
-
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
-#include "platform/report-host/SocketPeer.h"
-
-namespace {
-
-constexpr int kCallers = 16;
-
-sockaddr_un Address(const QByteArray& name) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, name.constData(), qMin<size_t>(name.size(), sizeof address.sun_path - 1));
-    return address;
-}
-
-int NewSocket() { return ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0); }
-
-template <typename Call>
-bool OnAddress(const QByteArray& name, Call call) {
-    const sockaddr_un address = Address(name);
-    return call(reinterpret_cast<const sockaddr*>(&address), static_cast<socklen_t>(sizeof address)) == 0;
-}
-
-/// Connects to the host of this user that has the name now; -1 if there is none.
-int CallOn(const QByteArray& name) {
-    const int caller = NewSocket();
-    if (OnAddress(name, [caller](auto* address, auto size) { return ::connect(caller, address, size); }) &&
-        platform::PeerIsSameUser(caller))
-        return caller;
-    ::close(caller);
-    return -1;
-}
-
-quint64 InodeOf(const QByteArray& name) {
-    struct stat found = {};
-    return ::lstat(name.constData(), &found) == 0 ? found.st_ino : 0;
-}
-
-/// Removes the sockets that hosts of the same forms file left because they were killed before they had the name.
-void RemoveDeadSockets(const QByteArray& name) {
-    const QFileInfo socket(QFile::decodeName(name));
-    const QDir folder = socket.dir();
-    for (const QString& entry : folder.entryList({socket.fileName() + QStringLiteral(".*")}, QDir::System)) {
-        bool isNumber = false;
-        const pid_t process = entry.mid(socket.fileName().size() + 1).toInt(&isNumber);
-        if (isNumber && process > 0 && ::kill(process, 0) != 0 && errno == ESRCH) QFile::remove(folder.filePath(entry));
-    }
-}
-
-}  // namespace
 
 HostListener::HostListener(const QString& formsFile) {
     try {
-        name_ = QFile::encodeName(platform::HostSocketPath(formsFile));
+        socket_.Listen(platform::HostSocketPath(formsFile), platform::LineOf({platform::HostVerb::Release, {}, 0}));
     } catch (const platform::RuntimeError& error) {
         refusal_ = error.Description();
-        return;
     }
-    socket_ = NewSocket();
-    if (!Listen() || !TakeName()) ::close(std::exchange(socket_, -1));
-    RemoveDeadSockets(name_);
-}
-
-/// Listens under a temporary name first: a bound socket refuses connections until listen() has been called.
-bool HostListener::Listen() {
-    const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
-    ::unlink(own.constData());
-    return OnAddress(own, [this](auto* address, auto size) { return ::bind(socket_, address, size); }) &&
-           ::listen(socket_, kCallers) == 0;
-}
-
-bool HostListener::TakeName() {
-    const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
-    const int older = CallOn(name_);
-    inode_ = InodeOf(own);
-    const bool taken = ::rename(own.constData(), name_.constData()) == 0;
-    if (!taken) ::unlink(own.constData());
-    if (older >= 0) {
-        const QByteArray stepAside = platform::LineOf({platform::HostVerb::Release, {}, 0});
-        if (taken) ::send(older, stepAside.constData(), static_cast<size_t>(stepAside.size()), MSG_NOSIGNAL);
-        ::close(older);
-    }
-    return taken;
-}
-
-bool HostListener::OwnsPath() const { return InodeOf(name_) == inode_; }
-
-int HostListener::Accept() const {
-    for (;;) {
-        const int caller = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-        if (caller < 0 || platform::PeerIsSameUser(caller)) return caller;
-        ::close(caller);
-    }
-}
-
-void HostListener::Close() {
-    if (socket_ < 0) return;
-    if (OwnsPath()) ::unlink(name_.constData());
-    ::close(std::exchange(socket_, -1));
 }

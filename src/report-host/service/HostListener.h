@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include "platform/report-host/HostSocket.h"
+
 /// Listening socket of a report host; its name is derived from the template file. Opened before anything else, even the
 /// application object, because a client connects once, 400 ms after starting the host.
 ///
@@ -10,28 +12,19 @@ class HostListener {
   public:
     /// Opens the socket; check IsOpen.
     explicit HostListener(const QString& formsFile);
-    ~HostListener() { Close(); }
-    HostListener(const HostListener&) = delete;
-    HostListener& operator=(const HostListener&) = delete;
 
-    bool IsOpen() const { return socket_ >= 0; }
+    bool IsOpen() const { return socket_.IsOpen(); }
     /// Why it could not be opened, as a Japanese sentence; empty if there is only a system error.
     const QString& Refusal() const { return refusal_; }
     /// Descriptor of the listening socket, for a notifier.
-    int Socket() const { return socket_; }
+    int Socket() const { return socket_.Descriptor(); }
     /// Accepts the next connection and returns its descriptor; -1 if none is pending. Connections of other users are
     /// closed.
-    int Accept() const;
+    int Accept() const { return socket_.Accept(); }
     /// Stops listening. Removes the socket file unless another host has taken it over.
-    void Close();
+    void Close() { socket_.Close(); }
 
   private:
-    bool Listen();
-    bool TakeName();
-    bool OwnsPath() const;
-
-    QByteArray name_;
+    platform::HostSocket socket_;
     QString refusal_;
-    int socket_ = -1;
-    quint64 inode_ = 0;  ///< of the socket file that this host created
 };

@@ -4,8 +4,6 @@
 #include <optional>
 #include <vector>
 
-#include <sys/types.h>
-
 namespace setup {
 
 /// Access rights of a user of this machine to files, computed from owner, group and mode.
@@ -17,7 +15,7 @@ class UserAccess {
     /// False if this machine has no user of that name.
     bool IsKnown() const { return known_; }
     /// Empty for an unknown user.
-    std::optional<uid_t> Id() const { return known_ ? std::optional(id_) : std::nullopt; }
+    std::optional<unsigned> Id() const { return known_ ? std::optional(id_) : std::nullopt; }
     bool MayRead(const QString& path) const { return May(path, 4); }
     bool MayWrite(const QString& path) const { return May(path, 2); }
     bool MayMakeFilesIn(const QString& folder) const { return May(folder, 3); }
@@ -30,8 +28,8 @@ class UserAccess {
     bool Has(const QString& path, unsigned wanted) const;
 
     bool known_ = true, self_ = true;
-    uid_t id_ = 0;
-    std::vector<gid_t> groups_;
+    unsigned id_ = 0;
+    std::vector<unsigned> groups_;
     QString home_;
 };
 

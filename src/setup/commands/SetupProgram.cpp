@@ -1,18 +1,16 @@
 #include <QGuiApplication>
 #include <QTextStream>
 #include <QThread>
-#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string_view>
 
 #include "platform/EndRequest.h"
+#include "platform/TerminationSignal.h"
 #include "platform/ToolkitStart.h"
 #include "setup/commands/Commands.h"
 
 namespace {
-
-void Interrupt(int) { platform::RequestEnd(); }
 
 bool WaitForMore() {
     constexpr unsigned long kLookMilliseconds = 300;
@@ -42,8 +40,7 @@ QStringList Arguments(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
-    std::signal(SIGINT, Interrupt);
-    std::signal(SIGTERM, Interrupt);
+    platform::RequestEndOnSignals();
     QTextStream out(stdout), err(stderr);
     return setup::RunSetup(Arguments(argc, argv), {out, err, QCoreApplication::applicationDirPath(), WaitForMore});
 }

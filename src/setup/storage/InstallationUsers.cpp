@@ -1,13 +1,9 @@
 #include "setup/storage/InstallationUsers.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <cerrno>
 
+#include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
@@ -29,10 +25,7 @@ FilePlaces PlacesOf(const QString& root, const QString& user) {
     return {user, own + u"/conf"_s, own + u"/report"_s};
 }
 
-bool MayEnter(const FilePlaces& places) {
-    const QByteArray folder = QFile::encodeName(QFileInfo(places.conf).path());
-    return ::faccessat(AT_FDCWD, folder.constData(), R_OK | X_OK, AT_EACCESS) == 0 || errno == ENOENT;
-}
+bool MayEnter(const FilePlaces& places) { return platform::MayEnterFolder(QFileInfo(places.conf).path()); }
 
 void RequireEntry(const QList<FilePlaces>& all) {
     QStringList closed;

@@ -1,13 +1,12 @@
 #include "setup/storage/MenuEntry.h"
 
-#include <unistd.h>
-
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 #include "platform/AtomicFile.h"
+#include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
 
 using namespace Qt::StringLiterals;
@@ -33,7 +32,7 @@ QString Argument(const QString& text) {
 }
 
 QString MenuFolder() {
-    const bool forAll = ::geteuid() == 0 && qEnvironmentVariableIsEmpty("XDG_DATA_HOME");
+    const bool forAll = platform::OwnUserId() == 0 && qEnvironmentVariableIsEmpty("XDG_DATA_HOME");
     return (forAll ? u"/usr/local/share"_s : QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) +
            u"/applications"_s;
 }

@@ -1,13 +1,15 @@
-#include "platform/CloseBox.h"
+#include "screen/CloseBox.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
-
-#include <dlfcn.h>
-#include <xcb/xcb.h>
-
+#include <QLibrary>
+#include <QWindow>
 #include <atomic>
 #include <cstdlib>
+
+#include <xcb/xcb.h>
+
+#include "platform/EndRequest.h"
 
 // Qt reads X events in a separate thread and queues them until the program processes events. That must not happen while
 // a statement runs, because handlers would run inside it. A second X connection does not receive WM_DELETE_WINDOW, and
@@ -55,25 +57,53 @@ class CloseBoxFilter : public QAbstractNativeEventFilter {
     }
 };
 
+/// The window whose close box was clicked; null if it has no close box or a modal window blocks its input.
+QWindow* ClosingWindow() {
+    const xcb_window_t id = g_pending;
+    if (id == XCB_WINDOW_NONE) return nullptr;
+    const QWindow* modal = QGuiApplication::modalWindow();
+    for (QWindow* window : QGuiApplication::topLevelWindows())
+        if (window->handle() != nullptr && window->winId() == id && (modal == nullptr || modal == window) &&
+            window->flags().testFlag(Qt::WindowCloseButtonHint))
+            return window;
+    return nullptr;
+}
+
+class CloseBoxRequests : public platform::EndSource {
+  public:
+    bool Pending() const override { return ClosingWindow() != nullptr; }
+
+    // A modal window gets its normal close event later.
+    void CarryOut() override {
+        QWindow* window = ClosingWindow();
+        if (window == nullptr || window->modality() != Qt::NonModal) return;
+        const platform::Ending ending;
+        window->close();
+        g_pending = XCB_WINDOW_NONE;
+    }
+};
+
+/// The library's own definition of a function that is interposed here.
+template <typename Function>
+Function* LibraryFunction(const char* name) {
+    return reinterpret_cast<Function*>(QLibrary(QStringLiteral("xcb"), 1).resolve(name));
+}
+
 }  // namespace
 
 extern "C" {
 
 xcb_generic_event_t* xcb_wait_for_event(xcb_connection_t* connection) {
-    static const auto library =
-        reinterpret_cast<decltype(&xcb_wait_for_event)>(::dlsym(RTLD_NEXT, "xcb_wait_for_event"));
+    static const auto library = LibraryFunction<decltype(xcb_wait_for_event)>("xcb_wait_for_event");
     return Noted(library(connection));
 }
 
 xcb_generic_event_t* xcb_poll_for_queued_event(xcb_connection_t* connection) {
-    static const auto library =
-        reinterpret_cast<decltype(&xcb_poll_for_queued_event)>(::dlsym(RTLD_NEXT, "xcb_poll_for_queued_event"));
+    static const auto library = LibraryFunction<decltype(xcb_poll_for_queued_event)>("xcb_poll_for_queued_event");
     return Noted(library(connection));
 }
 
 }  // extern "C"
-
-namespace platform {
 
 void WatchCloseBoxes() {
     // Other platform plugins provide this interface, too.
@@ -81,13 +111,9 @@ void WatchCloseBoxes() {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (x11 == nullptr || x11->connection() == nullptr) return;
     static CloseBoxFilter filter;
+    static CloseBoxRequests requests;
     qGuiApp->installNativeEventFilter(&filter);
     g_protocols = AtomOf(x11->connection(), "WM_PROTOCOLS");
     g_deleteWindow = AtomOf(x11->connection(), "WM_DELETE_WINDOW");
+    platform::SetEndSource(&requests);
 }
-
-quintptr PendingCloseBox() { return g_pending; }
-
-void ForgetCloseBox() { g_pending = XCB_WINDOW_NONE; }
-
-}  // namespace platform

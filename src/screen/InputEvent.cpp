@@ -1,9 +1,8 @@
-#include "platform/InputEvent.h"
+#include "screen/InputEvent.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace platform {
 namespace {
 
 constexpr QEvent::Type kInputEvents[] = {
@@ -25,5 +24,3 @@ constexpr QEvent::Type kInputEvents[] = {
 bool IsInput(QEvent::Type type) {
     return std::find(std::begin(kInputEvents), std::end(kInputEvents), type) != std::end(kInputEvents);
 }
-
-}  // namespace platform
