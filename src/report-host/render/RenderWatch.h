@@ -2,13 +2,7 @@
 
 #include <functional>
 
-#include "report-host/layout/PreparedReport.h"
-
-/// Thrown when rendering is cancelled.
-class ReportStopped : public ReportFailure {
-  public:
-    ReportStopped();
-};
+#include "report-host/template/ReportErrors.h"
 
 /// Marks a rendering in progress; `stop` is polled and returns true to cancel it. May be nested; only the innermost is
 /// polled.
@@ -32,3 +26,7 @@ class RenderWatch {
 /// Cancellation point of rendering code; call it every few milliseconds. Throws ReportStopped if the process is to end
 /// or the innermost RenderWatch cancels.
 void StopIfWanted();
+
+/// Handles termination signals and the close box during a long rendering. Windows are repainted; other input is
+/// dropped, timers and sockets are deferred. No effect outside the GUI thread.
+void ProcessRenderEvents();

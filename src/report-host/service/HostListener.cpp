@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int kCallers = 16;
+constexpr int kBacklog = 16;
 
 sockaddr_un Address(const QByteArray& name) {
     sockaddr_un address{};
@@ -39,12 +39,12 @@ bool OnAddress(const QByteArray& name, Call call) {
 }
 
 /// Connects to the host of this user that has the name now; -1 if there is none.
-int CallOn(const QByteArray& name) {
-    const int caller = NewSocket();
-    if (OnAddress(name, [caller](auto* address, auto size) { return ::connect(caller, address, size); }) &&
-        platform::PeerIsSameUser(caller))
-        return caller;
-    ::close(caller);
+int ConnectTo(const QByteArray& name) {
+    const int client = NewSocket();
+    if (OnAddress(name, [client](auto* address, auto size) { return ::connect(client, address, size); }) &&
+        platform::PeerIsSameUser(client))
+        return client;
+    ::close(client);
     return -1;
 }
 
@@ -54,7 +54,7 @@ quint64 InodeOf(const QByteArray& name) {
 }
 
 /// Removes the sockets that hosts of the same forms file left because they were killed before they had the name.
-void RemoveDeadSockets(const QByteArray& name) {
+void RemoveStaleSockets(const QByteArray& name) {
     const QFileInfo socket(QFile::decodeName(name));
     const QDir folder = socket.dir();
     for (const QString& entry : folder.entryList({socket.fileName() + QStringLiteral(".*")}, QDir::System)) {
@@ -66,16 +66,16 @@ void RemoveDeadSockets(const QByteArray& name) {
 
 }  // namespace
 
-HostListener::HostListener(const QString& formsFile) {
+HostListener::HostListener(const QString& templateFile) {
     try {
-        name_ = QFile::encodeName(platform::HostSocketPath(formsFile));
+        name_ = QFile::encodeName(platform::HostSocketPath(templateFile));
     } catch (const platform::RuntimeError& error) {
-        refusal_ = error.Description();
+        openError_ = error.Description();
         return;
     }
     socket_ = NewSocket();
     if (!Listen() || !TakeName()) ::close(std::exchange(socket_, -1));
-    RemoveDeadSockets(name_);
+    RemoveStaleSockets(name_);
 }
 
 /// Listens under a temporary name first: a bound socket refuses connections until listen() has been called.
@@ -83,18 +83,18 @@ bool HostListener::Listen() {
     const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
     ::unlink(own.constData());
     return OnAddress(own, [this](auto* address, auto size) { return ::bind(socket_, address, size); }) &&
-           ::listen(socket_, kCallers) == 0;
+           ::listen(socket_, kBacklog) == 0;
 }
 
 bool HostListener::TakeName() {
     const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
-    const int older = CallOn(name_);
+    const int older = ConnectTo(name_);
     inode_ = InodeOf(own);
     const bool taken = ::rename(own.constData(), name_.constData()) == 0;
     if (!taken) ::unlink(own.constData());
     if (older >= 0) {
-        const QByteArray stepAside = platform::LineOf({platform::HostVerb::Release, {}, 0});
-        if (taken) ::send(older, stepAside.constData(), static_cast<size_t>(stepAside.size()), MSG_NOSIGNAL);
+        const QByteArray release = platform::LineOf({platform::HostVerb::Release, {}, 0});
+        if (taken) ::send(older, release.constData(), static_cast<size_t>(release.size()), MSG_NOSIGNAL);
         ::close(older);
     }
     return taken;
@@ -104,9 +104,9 @@ bool HostListener::OwnsPath() const { return InodeOf(name_) == inode_; }
 
 int HostListener::Accept() const {
     for (;;) {
-        const int caller = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-        if (caller < 0 || platform::PeerIsSameUser(caller)) return caller;
-        ::close(caller);
+        const int client = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+        if (client < 0 || platform::PeerIsSameUser(client)) return client;
+        ::close(client);
     }
 }
 

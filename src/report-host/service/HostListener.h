@@ -9,14 +9,14 @@
 class HostListener {
   public:
     /// Opens the socket; check IsOpen.
-    explicit HostListener(const QString& formsFile);
+    explicit HostListener(const QString& templateFile);
     ~HostListener() { Close(); }
     HostListener(const HostListener&) = delete;
     HostListener& operator=(const HostListener&) = delete;
 
     bool IsOpen() const { return socket_ >= 0; }
     /// Why it could not be opened, as a Japanese sentence; empty if there is only a system error.
-    const QString& Refusal() const { return refusal_; }
+    const QString& OpenError() const { return openError_; }
     /// Descriptor of the listening socket, for a notifier.
     int Socket() const { return socket_; }
     /// Accepts the next connection and returns its descriptor; -1 if none is pending. Connections of other users are
@@ -31,7 +31,7 @@ class HostListener {
     bool OwnsPath() const;
 
     QByteArray name_;
-    QString refusal_;
+    QString openError_;
     int socket_ = -1;
     quint64 inode_ = 0;  ///< of the socket file that this host created
 };

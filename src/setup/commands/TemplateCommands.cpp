@@ -6,9 +6,8 @@
 
 #include "platform/AtomicFile.h"
 #include "report-host/layout/PreparedReport.h"
-#include "report-host/template/TemplateCheck.h"
 #include "report-host/template/TemplateFile.h"
-#include "report-host/template/TemplateOfReport.h"
+#include "report-host/template/TemplateParser.h"
 #include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
 
@@ -41,10 +40,10 @@ QString TextFileOf(const Arguments& arguments, const QString& form) {
 }
 
 /// The named template, which must exist, or all templates.
-QStringList AskedForms(const Arguments& arguments, const report::FormsFile& file) {
+QStringList AskedForms(const Arguments& arguments, const report::TemplateFile& file) {
     if (arguments.further.isEmpty()) return file.Names();
     const QString name = arguments.further.first();
-    if (!file.Form(name)) throw UsageError(u"帳票「%1」はありません。"_s.arg(name));
+    if (!file.Template(name)) throw UsageError(u"帳票「%1」はありません。"_s.arg(name));
     return {name};
 }
 
@@ -60,8 +59,8 @@ QString ReadText(const QString& path) {
 }
 
 /// Prints the errors of a template text, stored or to be imported under `name`. Returns their number.
-qsizetype TellMistakes(const report::FormsFile& file, const QString& name, const QString& text, QTextStream& out) {
-    const QList<report::TemplateError> mistakes = report::MistakesOf(file, name, text);
+qsizetype TellMistakes(const report::TemplateFile& file, const QString& name, const QString& text, QTextStream& out) {
+    const QList<report::TemplateError> mistakes = report::TemplateErrorsOf(file, name, text);
     for (const report::TemplateError& mistake : mistakes) out << name << u": "_s << mistake.Text() << u'\n';
     return mistakes.size();
 }
@@ -73,16 +72,16 @@ QList<OptionRule> FormCheckOptions() { return {{kUser, true}}; }
 QList<OptionRule> FormPdfOptions() { return {{kOut, true}, {kUser, true}}; }
 
 void ExportForms(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(FormsPath(arguments));
+    const report::TemplateFile file(FormsPath(arguments));
     for (const QString& name : AskedForms(arguments, file)) {
         const QString path = TextFileOf(arguments, name);
-        WriteText(path, *file.Form(name));
+        WriteText(path, *file.Template(name));
         console.out << path << u'\n';
     }
 }
 
 void ImportForms(const Arguments& arguments, const Console& console) {
-    report::FormsFile file(FormsPath(arguments), database::ConnectMode::ReadWrite);
+    report::TemplateFile file(FormsPath(arguments), database::ConnectMode::ReadWrite);
     QStringList names = arguments.further;
     if (names.isEmpty())
         for (const QString& name : file.Names())
@@ -96,16 +95,16 @@ void ImportForms(const Arguments& arguments, const Console& console) {
     }
     if (mistakes > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(mistakes));
     for (qsizetype i = 0; i < names.size(); ++i) {
-        file.StoreForm(names[i], texts[i]);
+        file.StoreTemplate(names[i], texts[i]);
         console.out << u"帳票「%1」を取り込みました。\n"_s.arg(names[i]);
     }
 }
 
 void CheckForms(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(FormsPath(arguments));
+    const report::TemplateFile file(FormsPath(arguments));
     qsizetype mistakes = 0;
     for (const QString& name : AskedForms(arguments, file)) {
-        const qsizetype found = TellMistakes(file, name, *file.Form(name), console.out);
+        const qsizetype found = TellMistakes(file, name, *file.Template(name), console.out);
         if (found == 0) console.out << name << u": 誤りはありません。\n"_s;
         mistakes += found;
     }
@@ -121,7 +120,7 @@ void MakeFormPdf(const Arguments& arguments, const Console& console) {
         WritePdf(*prepared, pdf);
         console.out << u"%1（%2 頁）\n"_s.arg(pdf).arg(prepared->PageCount());
     } catch (const ReportFailure& failure) {
-        Fail(failure.Reason());
+        Fail(failure.Description());
     }
 }
 
