@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "globals/InquiryConditions.h"
+#include "globals/InquiryRecords.h"
 
 // The head's conditions: defaults and rules for storing an item's value in Globals().Conditions.
 

@@ -4,7 +4,7 @@
 #include <QStringView>
 #include <functional>
 
-#include "globals/StaffRowStore.h"
+#include "globals/InquiryRecords.h"
 
 // Common steps of filling a work table, on Globals().ReportRecordset.
 

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "globals/InquiryConditions.h"
+#include "globals/InquiryRecords.h"
 #include "inquiry/SelectionSource.h"
 
 class ListWindow;

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "globals/InquiryConditions.h"
+#include "globals/InquiryRecords.h"
 #include "screen/InputItem.h"
 
 class Form;

@@ -11,8 +11,7 @@
 #include "report-host/layout/ReportPages.h"
 #include "report-host/layout/TextLayout.h"
 #include "report-host/render/ElementPainter.h"
-#include "report-host/template/TemplateCheck.h"
-#include "report-host/template/TemplateLimits.h"
+#include "report-host/template/TemplateDefinition.h"
 #include "report-host/template/TemplateParser.h"
 
 using namespace Qt::StringLiterals;
@@ -46,7 +45,7 @@ class Values {
     QString own_;
 };
 
-void CheckFit(FontSet& types, const FormElement& element, const QString& text) {
+void CheckFit(FontSet& types, const TemplateElement& element, const QString& text) {
     const QSizeF room = element.style.vertical ? element.place.size().transposed() : element.place.size();
     const FittedText fitted = FitText(types, text, element.style, room.width(), room.height());
     Require(std::isfinite(fitted.size) && fitted.size > 0, "a text has a size");
@@ -54,14 +53,15 @@ void CheckFit(FontSet& types, const FormElement& element, const QString& text) {
     Require(!fitted.lines.isEmpty() && fitted.lines.size() <= kMostCharacters + 2, "the lines of a text are bounded");
 }
 
-void PaintSection(QPainter& painter, QPointF corner, const FormSection& section, const Values& values) {
+void PaintSection(QPainter& painter, QPointF corner, const TemplateSection& section, const Values& values) {
     // Loading fonts costs more than all pages, so it is done once. Never destroyed, as fonts need the application
     // object.
     static FontSet& types = *new FontSet;
     static ElementPainter& elements = *new ElementPainter(types);
     const FieldText fields = [&values](const QString& name) { return values.Of(name); };
-    const QList<FormElement> some = section.elements.first(std::min<qsizetype>(kMostParts, section.elements.size()));
-    for (const FormElement& element : some)
+    const QList<TemplateElement> some =
+        section.elements.first(std::min<qsizetype>(kMostParts, section.elements.size()));
+    for (const TemplateElement& element : some)
         if (element.kind == ElementKind::Text) CheckFit(types, element, Expand(element.text, fields));
     painter.save();
     painter.translate(corner);
@@ -69,7 +69,7 @@ void PaintSection(QPainter& painter, QPointF corner, const FormSection& section,
     painter.restore();
 }
 
-void PaintPage(const FormDefinition& form, const Values& values) {
+void PaintPage(const TemplateDefinition& form, const Values& values) {
     const int rows = RowsPerPage(form);
     Require(rows >= 1 && rows <= kMostCellsOfPage, "the rows of a page are bounded");
     QImage sheet(kDots, kDots, QImage::Format_RGB32);
@@ -96,11 +96,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzInput input(data, size);
     const QString text = input.Text();
     const qsizetype lines = text.count(u'\n') + 1;
-    const ParsedForm parsed = ParseForm(text);
-    for (const TemplateError& mistake : parsed.mistakes) {
+    const ParsedTemplate parsed = ParseTemplate(text);
+    for (const TemplateError& mistake : parsed.errors) {
         Require(mistake.line >= 0 && mistake.line <= lines, "a mistake lies in the text");
-        Require(!mistake.reason.isEmpty(), "a mistake has a reason");
+        Require(!mistake.Description().isEmpty(), "a mistake has a reason");
     }
-    if (parsed.mistakes.isEmpty()) PaintPage(parsed.form, Values(input.Text()));
+    if (parsed.errors.isEmpty()) PaintPage(parsed.definition, Values(input.Text()));
     return 0;
 }

@@ -28,8 +28,8 @@ class MainFormReportTest : public MainFormTest {
         };
         setup::InstallPrograms(QStringLiteral(SUITE_PROGRAMS), installation.Root());
         setup::RegisterReportHost(installation.Root());
-        WriteOutputPlace(installation.ReportFolder() + u"/repfrmdb.accdb"_s, {},
-                         {OutputTarget::Kind::Folder, printer.path()});
+        WriteOutputTarget(installation.ReportFolder() + u"/repfrmdb.accdb"_s, {},
+                          {OutputTarget::Kind::Folder, printer.path()});
     }
     ~MainFormReportTest() override {
         for (const qint64 host : Hosts()) ::kill(static_cast<pid_t>(host), SIGKILL);

@@ -29,10 +29,10 @@ class HostListenerTest : public ::testing::Test {
   protected:
     struct Host {
         explicit Host(const QString& forms)
-            : door(forms), service(door, forms, [](auto&, auto&) { return std::make_unique<DrawnReport>(1); }) {
+            : listener(forms), service(listener, forms, [](auto&, auto&) { return std::make_unique<DrawnReport>(1); }) {
             service.Finished = [this] { finished = true; };
         }
-        HostListener door;
+        HostListener listener;
         HostService service;
         bool finished = false;
     };
@@ -40,12 +40,12 @@ class HostListenerTest : public ::testing::Test {
     QString Forms() const { return folder.filePath(u"repfrmdb.accdb"_s); }
     QString Name() const { return platform::HostSocketPath(Forms()); }
 
-    HostAnswer Ask(QLocalSocket& caller, const QByteArray& line) {
-        caller.write(line);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return caller.canReadLine(); }));
-        return platform::ParseAnswer(caller.readLine()).value_or(HostAnswer{-1, {}});
+    HostAnswer Ask(QLocalSocket& client, const QByteArray& line) {
+        client.write(line);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return client.canReadLine(); }));
+        return platform::ParseAnswer(client.readLine()).value_or(HostAnswer{-1, {}});
     }
-    HostAnswer Ask(QLocalSocket& caller, HostVerb verb) { return Ask(caller, platform::LineOf({verb, {}, 0})); }
+    HostAnswer Ask(QLocalSocket& client, HostVerb verb) { return Ask(client, platform::LineOf({verb, {}, 0})); }
 
     QTemporaryDir folder;
 };
@@ -53,10 +53,10 @@ class HostListenerTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(HostListenerTest, CallerIsAcceptedBeforeAnyEventRuns) {
-    const HostListener door(Forms());
-    QLocalSocket caller;
-    caller.connectToServer(Name());
-    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+    const HostListener listener(Forms());
+    QLocalSocket client;
+    client.connectToServer(Name());
+    EXPECT_EQ(client.state(), QLocalSocket::ConnectedState);
 }
 
 TEST_F(HostListenerTest, SocketsOfHostsThatWereKilledBeforeTheyHadTheNameAreRemoved) {
@@ -69,7 +69,7 @@ TEST_F(HostListenerTest, SocketsOfHostsThatWereKilledBeforeTheyHadTheNameAreRemo
         socket.close();
         ASSERT_TRUE(QFile::rename(path + u"0000000"_s, path));
     }
-    const HostListener door(Forms());
+    const HostListener listener(Forms());
     EXPECT_FALSE(QFileInfo::exists(dead));
     EXPECT_TRUE(QFileInfo::exists(alive));
     QFile::remove(alive);
@@ -89,7 +89,7 @@ TEST_F(HostListenerTest, YoungerHostTakesOverAndTheOlderStopsListening) {
     before.connectToServer(Name());
     ASSERT_EQ(Ask(before, HostVerb::Bind).number, 0);
     Host younger(Forms());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !older.door.IsOpen(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !older.listener.IsOpen(); }));
     EXPECT_EQ(Ask(before, HostVerb::Bind).number, 0);  // an existing connection stays usable
     EXPECT_FALSE(older.finished);
     QLocalSocket after;
@@ -105,9 +105,9 @@ TEST_F(HostListenerTest, OlderHostLeavesTheYoungerOnesName) {
     const HostListener younger(Forms());
     older.reset();
     EXPECT_TRUE(QFile::exists(Name()));
-    QLocalSocket caller;
-    caller.connectToServer(Name());
-    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+    QLocalSocket client;
+    client.connectToServer(Name());
+    EXPECT_EQ(client.state(), QLocalSocket::ConnectedState);
 }
 
 TEST_F(HostListenerTest, NameOfAKilledHostIsTakenOver) {
@@ -115,16 +115,16 @@ TEST_F(HostListenerTest, NameOfAKilledHostIsTakenOver) {
         QFile left(Name());  // socket file without a listener
         ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     }
-    const HostListener door(Forms());
-    EXPECT_TRUE(door.IsOpen());
-    QLocalSocket caller;
-    caller.connectToServer(Name());
-    EXPECT_EQ(caller.state(), QLocalSocket::ConnectedState);
+    const HostListener listener(Forms());
+    EXPECT_TRUE(listener.IsOpen());
+    QLocalSocket client;
+    client.connectToServer(Name());
+    EXPECT_EQ(client.state(), QLocalSocket::ConnectedState);
 }
 
 TEST_F(HostListenerTest, ClosedDoorLeavesNoName) {
     {
-        const HostListener door(Forms());
+        const HostListener listener(Forms());
         EXPECT_TRUE(QFile::exists(Name()));
     }
     EXPECT_FALSE(QFile::exists(Name()));
@@ -132,19 +132,19 @@ TEST_F(HostListenerTest, ClosedDoorLeavesNoName) {
 
 TEST_F(HostListenerTest, LineThatIsNoRequestIsAnsweredAndTheNextOneServed) {
     Host host(Forms());
-    QLocalSocket caller;
-    caller.connectToServer(Name());
-    EXPECT_EQ(Ask(caller, "{\"verb\":\"Dance\"}\n").description, u"帳票ホストへの要求が正しくありません。"_s);
-    EXPECT_EQ(Ask(caller, "garbage\n").number, 5);
-    EXPECT_EQ(Ask(caller, HostVerb::Bind).number, 0);
+    QLocalSocket client;
+    client.connectToServer(Name());
+    EXPECT_EQ(Ask(client, "{\"verb\":\"Dance\"}\n").description, u"帳票ホストへの要求が正しくありません。"_s);
+    EXPECT_EQ(Ask(client, "garbage\n").number, 5);
+    EXPECT_EQ(Ask(client, HostVerb::Bind).number, 0);
 }
 
 TEST_F(HostListenerTest, CallerWithoutEndIsDropped) {
     Host host(Forms());
-    QLocalSocket caller;
-    caller.connectToServer(Name());
-    caller.write(QByteArray(200000, 'x'));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return caller.state() == QLocalSocket::UnconnectedState; }));
+    QLocalSocket client;
+    client.connectToServer(Name());
+    client.write(QByteArray(200000, 'x'));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.state() == QLocalSocket::UnconnectedState; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return host.finished; }));
 }
 
@@ -170,11 +170,11 @@ TEST_F(HostListenerTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
     QByteArray answer = "none";
     std::thread other([&] {
         const AsOtherUser nobody;
-        QLocalSocket caller;
-        caller.connectToServer(Name());
-        caller.write(platform::LineOf({HostVerb::Quit, {}, 0}));
-        caller.waitForReadyRead(10000);
-        answer = caller.readAll();
+        QLocalSocket client;
+        client.connectToServer(Name());
+        client.write(platform::LineOf({HostVerb::Quit, {}, 0}));
+        client.waitForReadyRead(10000);
+        answer = client.readAll();
         done = true;
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return done.load(); }, 20000));

@@ -30,7 +30,7 @@ class HostProgramTest : public ::testing::Test {
     HostProgramTest() {
         installation.Report().Execute(
             u"INSERT INTO 要員名簿照会 (選択条件, コード, 氏名) VALUES ('', '00001', '山田　太郎')"_s);
-        WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Folder, folder.path()});
+        WriteOutputTarget(Forms(), {}, {OutputTarget::Kind::Folder, folder.path()});
     }
 
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
@@ -91,7 +91,7 @@ TEST_F(HostProgramTest, PrinterThatRefusesIsToldInItsAnswer) {
     PrintService prints;
     prints.AddPrinter(u"office"_s);
     prints.Reject(u"office"_s);
-    WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Printer, u"office"_s});
+    WriteOutputTarget(Forms(), {}, {OutputTarget::Kind::Printer, u"office"_s});
     HostProgram host(Forms());
     EXPECT_EQ(UsageError([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }),
               u"プリンター「office」は印刷を受け付けていません。"_s);
@@ -101,7 +101,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
     PrintService prints;
     prints.AddPrinter(u"office"_s);
     prints.MakeDefault(u"office"_s);
-    WriteOutputPlace(Forms(), {}, {});
+    WriteOutputTarget(Forms(), {}, {});
     HostProgram host(Forms());
     host.Bind()->OpenReport(kList, platform::kPrintReport);
     QProcess text;
@@ -174,7 +174,7 @@ TEST_F(HostProgramTest, MaximisedPreviewFillsAScreenWithoutWindowManager) {
 TEST_F(HostProgramTest, MailPiecesArriveAtThePrinterOnTheirOwnPaper) {
     PrintService prints;
     prints.AddMailPrinter(u"tray"_s);
-    WriteOutputPlace(Forms(), {}, {OutputTarget::Kind::Printer, u"tray"_s});
+    WriteOutputTarget(Forms(), {}, {OutputTarget::Kind::Printer, u"tray"_s});
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
     for (const auto& [piece, page] : {std::pair{u"封筒"_s, QSizeF(120, 235)}, {u"はがき"_s, QSizeF(100, 148)}}) {

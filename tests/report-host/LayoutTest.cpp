@@ -1,16 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "report-host/layout/ReportPages.h"
-#include "report-host/template/EraToday.h"
-#include "report-host/template/StandardTemplates.h"
-#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateFile.h"
 #include "report-host/template/TemplateParser.h"
 
 using namespace Qt::StringLiterals;
 using namespace report;
 
 TEST(Layout, LabelsStandTwoBesideEachOtherAndSixBelow) {
-    const FormDefinition sheet = ParseForm(StandardForm(u"要員名簿照会宛名ラベル"_s)).form;
+    const TemplateDefinition sheet = ParseTemplate(StandardTemplate(u"要員名簿照会宛名ラベル"_s)).definition;
     EXPECT_EQ(RowsPerPage(sheet), 6);
     for (int row = 0; row < 6; ++row) {
         const QList<QPointF> cells = CellsOfSlot(sheet, row);
@@ -23,8 +21,8 @@ TEST(Layout, LabelsStandTwoBesideEachOtherAndSixBelow) {
 }
 
 TEST(Layout, RowsWithoutPrefixesFillTheCellsLineByLine) {
-    const FormDefinition sheet =
-        ParseForm(u"用紙 A4\n升目 横=3 縦=2 左=5 上=7 横間隔=60 縦間隔=50\n明細 高さ=50"_s).form;
+    const TemplateDefinition sheet =
+        ParseTemplate(u"用紙 A4\n升目 横=3 縦=2 左=5 上=7 横間隔=60 縦間隔=50\n明細 高さ=50"_s).definition;
     EXPECT_EQ(RowsPerPage(sheet), 6);
     EXPECT_EQ(CellsOfSlot(sheet, 2), QList<QPointF>{QPointF(125, 7)});
     EXPECT_EQ(CellsOfSlot(sheet, 3), QList<QPointF>{QPointF(5, 57)});
@@ -38,8 +36,8 @@ TEST(Layout, RowsPerPageCountsMarginsHeadAndFoot) {
     for (const Case& c :
          {Case{u"明細 高さ=29.7", 10}, Case{u"明細 高さ=29.8", 9}, Case{u"余白 上=10 下=7\n明細 高さ=10", 28},
           Case{u"頁頭 高さ=20\n頁脚 高さ=7\n明細 高さ=27", 10}})
-        EXPECT_EQ(RowsPerPage(ParseForm(u"用紙 A4\n"_s + QString::fromUtf16(c.sections)).form), c.rows);
-    EXPECT_EQ(RowsPerPage(ParseForm(StandardForm(u"要員名簿照会"_s)).form), 23);
+        EXPECT_EQ(RowsPerPage(ParseTemplate(u"用紙 A4\n"_s + QString::fromUtf16(c.sections)).definition), c.rows);
+    EXPECT_EQ(RowsPerPage(ParseTemplate(StandardTemplate(u"要員名簿照会"_s)).definition), 23);
 }
 
 TEST(EraToday, YearCountsFromTheCalendarYearInWhichTheEraBegan) {

@@ -234,7 +234,7 @@ TEST_F(PreviewWindowTest, PrintGoesWhereTheReportsGoOrTellsWhyNot) {
     EXPECT_TRUE(services.dialogs.shown[0].text.startsWith(u"出力先を読めません。"_s));
     const SampleInstallation installation;
     forms = installation.ReportFolder() + u"/repfrmdb.accdb"_s;
-    WriteOutputPlace(forms, {}, {OutputTarget::Kind::Folder, folder.path()});
+    WriteOutputTarget(forms, {}, {OutputTarget::Kind::Folder, folder.path()});
     Show(2);
     Press(u"print"_s);
     EXPECT_EQ(services.dialogs.shown.size(), 1);

@@ -7,11 +7,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <sys/stat.h>
-
 #include "platform/FileRights.h"
 #include "report-host/DrawnReport.h"
-#include "report-host/service/PrintQueue.h"
 #include "report-host/service/ReportOutput.h"
 #include "report-host/template/OutputTarget.h"
 #include "support/FileBytes.h"
@@ -30,7 +27,7 @@ QString Reason(Work work) {
     try {
         work();
     } catch (const ReportFailure& failure) {
-        return failure.Reason();
+        return failure.Description();
     }
     return {};
 }
@@ -69,7 +66,7 @@ class PutOutTest : public ::testing::Test {
         return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
     void ToFolder(const QString& name, const QString& path) const {
-        WriteOutputPlace(Forms(), name, {OutputTarget::Kind::Folder, path});
+        WriteOutputTarget(Forms(), name, {OutputTarget::Kind::Folder, path});
     }
 
     TestServices services;
@@ -214,13 +211,13 @@ TEST_F(PutOutTest, MissingFolderIsTold) {
 
 TEST_F(PutOutTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
     ToFolder({}, folder.path());
-    WriteOutputPlace(Forms(), u"要員名簿照会はがき"_s, {OutputTarget::Kind::Printer, u"it's cards"_s});
-    const OutputTarget cards = ReadOutputPlace(Forms(), u"要員名簿照会はがき"_s);
+    WriteOutputTarget(Forms(), u"要員名簿照会はがき"_s, {OutputTarget::Kind::Printer, u"it's cards"_s});
+    const OutputTarget cards = ReadOutputTarget(Forms(), u"要員名簿照会はがき"_s);
     EXPECT_EQ(cards.kind, OutputTarget::Kind::Printer);
     EXPECT_EQ(cards.name, u"it's cards"_s);
-    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).name, folder.path());
-    WriteOutputPlace(Forms(), {}, {});
-    EXPECT_EQ(ReadOutputPlace(Forms(), u"要員名簿照会"_s).kind, OutputTarget::Kind::DefaultPrinter);
+    EXPECT_EQ(ReadOutputTarget(Forms(), u"要員名簿照会"_s).name, folder.path());
+    WriteOutputTarget(Forms(), {}, {});
+    EXPECT_EQ(ReadOutputTarget(Forms(), u"要員名簿照会"_s).kind, OutputTarget::Kind::DefaultPrinter);
 }
 
 TEST_F(PutOutTest, UnknownKindOfPlaceIsTold) {

@@ -48,17 +48,17 @@ TEST_F(ReportTest, LinkToATableThatIsNotThereIsTold) {
 }
 
 TEST_F(ReportTest, MissingFormsFileIsTold) {
-    QFile::remove(FormsFile());
-    EXPECT_EQ(Failure(kList), u"帳票ファイルを使えません。データベース「%1」が見つかりません。"_s.arg(FormsFile()));
+    QFile::remove(TemplateFile());
+    EXPECT_EQ(Failure(kList), u"帳票ファイルを使えません。データベース「%1」が見つかりません。"_s.arg(TemplateFile()));
 }
 
 TEST_F(ReportTest, BrokenFormsFileIsTold) {
-    QFile file(FormsFile());
+    QFile file(TemplateFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(2000, 'x'));
     file.close();
     EXPECT_EQ(Failure(kList),
-              u"帳票ファイルを使えません。「%1」はデータベースのファイルではありません。"_s.arg(FormsFile()));
+              u"帳票ファイルを使えません。「%1」はデータベースのファイルではありません。"_s.arg(TemplateFile()));
 }
 
 TEST_F(ReportTest, FileWithoutTheTablesOfFormsIsTold) {
@@ -73,7 +73,7 @@ TEST_F(ReportTest, PdfThatCannotBeWrittenIsToldAndLeavesNothing) {
         WritePdf(*report, folder.filePath(u"none/a.pdf"_s));
         FAIL() << "no failure";
     } catch (const ReportFailure& failure) {
-        EXPECT_TRUE(failure.Reason().startsWith(
+        EXPECT_TRUE(failure.Description().startsWith(
             u"PDF ファイル「%1」に書き込めません。"_s.arg(folder.filePath(u"none/a.pdf"_s))));
     }
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
@@ -89,7 +89,7 @@ TEST_F(ReportTest, WhatIsNoFileIsNeverReplacedByAPdf) {
             WritePdf(*report, target);
             FAIL() << "no failure";
         } catch (const ReportFailure& failure) {
-            EXPECT_EQ(failure.Reason(), u"「%1」はファイルではありません。"_s.arg(target));
+            EXPECT_EQ(failure.Description(), u"「%1」はファイルではありません。"_s.arg(target));
         }
     }
     EXPECT_FALSE(QFileInfo(pipe).isFile());
@@ -108,7 +108,7 @@ TEST_F(ReportTest, EveryFullDiskUnderAPdfIsReportedAndKeepsTheOldFile) {
             const FileSizeLimit full(limit);
             WritePdf(*report, path);
         } catch (const ReportFailure& failure) {
-            reason = failure.Reason();
+            reason = failure.Description();
         }
         EXPECT_TRUE(reason.startsWith(u"PDF ファイル「%1」に書き込めません。"_s.arg(path)))
             << "full after " << limit << ": " << reason.toStdString();

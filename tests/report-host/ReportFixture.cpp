@@ -59,7 +59,7 @@ void ReportTest::ChangeForm(const QString& name, const QString& from, const QStr
 }
 
 std::unique_ptr<PreparedReport> ReportTest::Prepare(const QString& report) const {
-    return PrepareReport(FormsFile(), report);
+    return PrepareReport(TemplateFile(), report);
 }
 
 PdfFile ReportTest::Pdf(const QString& report) {
@@ -72,7 +72,7 @@ QString ReportTest::Failure(const QString& report) const {
     try {
         Prepare(report);
     } catch (const ReportFailure& failure) {
-        return failure.Reason();
+        return failure.Description();
     }
     return {};
 }

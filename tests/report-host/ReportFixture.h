@@ -34,7 +34,7 @@ class ReportTest : public testing::Test {
     /// The reason of a failure; empty on success.
     QString Failure(const QString& report) const;
 
-    QString FormsFile() const { return installation.Forms().Path(); }
+    QString TemplateFile() const { return installation.Forms().Path(); }
 
     TestServices services;
     SampleInstallation installation{{.staff = 1}};

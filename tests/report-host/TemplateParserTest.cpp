@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "report-host/template/StandardTemplates.h"
-#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateFile.h"
 
 using namespace Qt::StringLiterals;
 using namespace report;
@@ -12,7 +11,7 @@ namespace {
 
 QStringList Mistakes(const QString& text) {
     QStringList told;
-    for (const TemplateError& mistake : ParseForm(text).mistakes) told.append(mistake.Text());
+    for (const TemplateError& mistake : ParseTemplate(text).errors) told.append(mistake.Text());
     return told;
 }
 
@@ -124,12 +123,12 @@ TEST(TemplateParser, AllMistakesAreToldAtOnceInTheOrderOfTheLines) {
 }
 
 TEST(TemplateParser, RemarksBlanksAndQuotesAreReadAsWritten) {
-    const ParsedForm parsed = ParseForm(
+    const ParsedTemplate parsed = ParseTemplate(
         u"# 見出し\r\n　用紙　はがき　# 後ろの説明\r\n明細 高さ=9\n  文字 1,2 3x4 \"a # \"\"[[x]\"\" [氏名]\" 色=#102030\r\n"_s);
-    EXPECT_TRUE(parsed.mistakes.isEmpty());
-    EXPECT_EQ(parsed.form.page, QSizeF(100, 148));
-    ASSERT_EQ(parsed.form.detail.elements.size(), 1);
-    const FormElement& text = parsed.form.detail.elements.first();
+    EXPECT_TRUE(parsed.errors.isEmpty());
+    EXPECT_EQ(parsed.definition.page, QSizeF(100, 148));
+    ASSERT_EQ(parsed.definition.detail.elements.size(), 1);
+    const TemplateElement& text = parsed.definition.detail.elements.first();
     EXPECT_EQ(text.place, QRectF(1, 2, 3, 4));
     EXPECT_EQ(text.colour, QColor(0x10, 0x20, 0x30));
     ASSERT_EQ(text.text.size(), 2);
@@ -140,13 +139,13 @@ TEST(TemplateParser, RemarksBlanksAndQuotesAreReadAsWritten) {
 }
 
 TEST(TemplateParser, FaceHoldsForTheTextsThatFollowIt) {
-    const FormDefinition form =
-        ParseForm(
+    const TemplateDefinition form =
+        ParseTemplate(
             u"用紙 A4 横\n明細 高さ=9\n文字 0,0 9x9 \"a\"\n書体 ゴシック 12\n文字 0,0 9x9 \"b\"\n"_s
             u"文字 0,0 9x9 \"c\" 書体=Ｐ明朝 大きさ=6"_s)
-            .form;
+            .definition;
     EXPECT_EQ(form.page, QSizeF(297, 210));
-    const QList<FormElement>& texts = form.detail.elements;
+    const QList<TemplateElement>& texts = form.detail.elements;
     ASSERT_EQ(texts.size(), 3);
     EXPECT_EQ(texts[0].style.points, 9);
     EXPECT_EQ(texts[1].style.face, SuiteFace::Gothic);
@@ -156,17 +155,17 @@ TEST(TemplateParser, FaceHoldsForTheTextsThatFollowIt) {
 }
 
 TEST(TemplateParser, FormsOfTheHouseHaveNoMistake) {
-    ASSERT_EQ(StandardFormNames().size(), 4);
-    for (const QString& name : StandardFormNames())
-        EXPECT_EQ(Mistakes(StandardForm(name)), QStringList()) << name.toStdString();
+    ASSERT_EQ(StandardTemplateNames().size(), 4);
+    for (const QString& name : StandardTemplateNames())
+        EXPECT_EQ(Mistakes(StandardTemplate(name)), QStringList()) << name.toStdString();
 }
 
 TEST(TemplateCheck, ColumnsAreTakenWithTheirPrefixOrWithoutAndTheRestIsTold) {
-    const FormDefinition form =
-        ParseForm(
+    const TemplateDefinition form =
+        ParseTemplate(
             u"用紙 A4\n升目 横=2 縦=1 横間隔=50 縦間隔=50 項目=A列,B列\n並び 行番号 無順\n明細 高さ=9\n"_s
             u"文字 0,0 9x9 \"[名称] [行番号] [頁] [無名]\" ただし=無条件"_s)
-            .form;
+            .definition;
     QList<TemplateError> mistakes;
     EXPECT_EQ(NeededColumns(form, {u"行番号"_s, u"A列名称"_s, u"B列名称"_s, u"余り"_s}, mistakes),
               (QStringList{u"A列名称"_s, u"B列名称"_s, u"行番号"_s}));

@@ -5,8 +5,6 @@
 #include <QSizeF>
 #include <chrono>
 
-#include "report-host/layout/VerticalText.h"
-
 using namespace Qt::StringLiterals;
 using namespace report;
 

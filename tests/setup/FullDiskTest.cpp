@@ -9,7 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/registry/FileRegistry.h"
-#include "report-host/template/StandardTemplates.h"
+#include "report-host/template/TemplateFile.h"
 #include "setup/RunTool.h"
 #include "setup/sample/Manual.h"
 #include "setup/storage/MenuEntry.h"
@@ -114,7 +114,7 @@ TEST(FullDiskUnderTheTool, ExportedFormKeepsTheOldText) {
     const SampleInstallation installation({.staff = 1});
     const QTemporaryDir folder;
     const QString form = u"要員名簿照会"_s, path = folder.filePath(form + u".txt"_s);
-    ExpectOldFileKept(path, report::StandardForm(form).toUtf8().size(), [&] {
+    ExpectOldFileKept(path, report::StandardTemplate(form).toUtf8().size(), [&] {
         const ToolOutput output =
             RunTool({u"forms"_s, u"export"_s, installation.Root(), form, u"--folder"_s, folder.path()});
         if (output.status != 0) throw platform::RuntimeError(output.status, output.err);

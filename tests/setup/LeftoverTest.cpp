@@ -127,7 +127,7 @@ TEST_F(Leftovers, OfAKilledHostAreNamedForEachFolderThatIsPrintedTo) {
         const QString place = folder.filePath(u"to"_s + report), work = place + u"/.youin-meibo-print-AbCdEf"_s;
         ASSERT_TRUE(QDir().mkpath(work));
         WriteBytes(work + u"/in-use"_s, "");
-        WriteOutputPlace(forms, report, {OutputTarget::Kind::Folder, place});
+        WriteOutputTarget(forms, report, {OutputTarget::Kind::Folder, place});
         named.append(
             u"・途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 root が次に印刷すると消えます。"_s.arg(
                 work));

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "report-host/template/StandardTemplates.h"
+#include "report-host/template/TemplateFile.h"
 #include "setup/RunTool.h"
 #include "support/SampleInstallation.h"
 
@@ -39,8 +39,8 @@ TEST_F(FormsCommandTest, NewInstallationHasTheFourFormsLinkedToItsReportDatabase
     EXPECT_EQ(
         installation.Forms().Rows(u"SELECT 名称, 元テーブル, 接続, 属性 FROM リンクテーブル ORDER BY rowid"_s).size(),
         4);
-    for (const QString& name : report::StandardFormNames()) {
-        EXPECT_EQ(Stored(name), report::StandardForm(name));
+    for (const QString& name : report::StandardTemplateNames()) {
+        EXPECT_EQ(Stored(name), report::StandardTemplate(name));
         EXPECT_EQ(installation.Forms().Rows(u"SELECT 元テーブル, 接続, 属性 FROM リンクテーブル WHERE 名称 = "_s +
                                             SqlLiteral(name)),
                   (QList<QStringList>{{name, u";DATABASE="_s + installation.Report().Path(), u"1073741824"_s}}));
@@ -52,22 +52,22 @@ TEST_F(FormsCommandTest, ExportWritesEveryFormAndImportTakesThemBack) {
     EXPECT_EQ(out.status, 0) << out.err.toStdString();
     EXPECT_EQ(out.out.count(u'\n'), 4);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 4);
-    Write(kLabels, report::StandardForm(kLabels).replace(u"右=0"_s, u"右=1.2"_s));
+    Write(kLabels, report::StandardTemplate(kLabels).replace(u"右=0"_s, u"右=1.2"_s));
     const ToolOutput in = Forms(u"import"_s, InFolder({kLabels}));
     EXPECT_EQ(in.out, u"帳票「要員名簿照会宛名ラベル」を取り込みました。\n"_s);
     EXPECT_TRUE(Stored(kLabels).contains(u"補正 右=1.2 下=0"_s));
-    EXPECT_EQ(Stored(kList), report::StandardForm(kList));
+    EXPECT_EQ(Stored(kList), report::StandardTemplate(kList));
 }
 
 TEST_F(FormsCommandTest, ImportOfAFormWithAMistakeChangesNothing) {
     Write(kList, u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"[氏明]\"\n"_s);
-    Write(kLabels, report::StandardForm(kLabels) + u"# 直した\n"_s);
+    Write(kLabels, report::StandardTemplate(kLabels) + u"# 直した\n"_s);
     const ToolOutput output = Forms(u"import"_s, InFolder());
     EXPECT_EQ(output.status, 1);
     EXPECT_EQ(output.err,
               u"要員名簿照会: 3 行目: 表に列「氏明」がありません。\n"
               u"suite-setup: 誤りが 1 件あるため、取り込みませんでした。\n"_s);
-    for (const QString& name : {kList, kLabels}) EXPECT_EQ(Stored(name), report::StandardForm(name));
+    for (const QString& name : {kList, kLabels}) EXPECT_EQ(Stored(name), report::StandardTemplate(name));
 }
 
 TEST_F(FormsCommandTest, CheckNamesLineAndReasonOfEachMistake) {

@@ -106,7 +106,7 @@ void SuiteUser::StartProgram(const QString& startCommand) {
 void SuiteUser::AwaitList() {
     if (!QTest::qWaitFor([this] { return ListShown(); }, kTimeout))
         throw std::runtime_error("the program shows no list to " + name_.toStdString());
-    WriteOutputPlace(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputTarget::Kind::Folder, PrinterFolder()});
+    WriteOutputTarget(Own(u"report/repfrmdb.accdb"_s).Path(), {}, {OutputTarget::Kind::Folder, PrinterFolder()});
 }
 
 void SuiteUser::Click(const QPoint& place) {

@@ -3,9 +3,8 @@
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/layout/ReportPages.h"
 #include "report-host/layout/SqliteQuery.h"
-#include "report-host/template/EraToday.h"
-#include "report-host/template/TemplateCheck.h"
-#include "report-host/template/TemplateOfReport.h"
+#include "report-host/template/TemplateFile.h"
+#include "report-host/template/TemplateParser.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,27 +13,27 @@ namespace {
 using namespace report;
 
 /// A parsed template with its linked table.
-struct FoundForm {
-    FormDefinition form;
+struct FoundTemplate {
+    TemplateDefinition definition;
     LinkedTable link;
 };
 
-void RefuseMistakes(const QString& report, const QList<TemplateError>& mistakes) {
-    if (!mistakes.isEmpty())
-        throw ReportFailure(u"帳票「%1」の定義に誤りがあります。%2"_s.arg(report, mistakes.first().Text()));
+void ThrowFirstError(const QString& report, const QList<TemplateError>& errors) {
+    if (!errors.isEmpty())
+        throw ReportFailure(u"帳票「%1」の定義に誤りがあります。%2"_s.arg(report, errors.first().Text()));
 }
 
-FoundForm FindForm(const QString& formsFile, const QString& report) {
+FoundTemplate FindTemplate(const QString& templateFile, const QString& report) {
     try {
-        const FormsFile file(formsFile);
-        const std::optional<QString> text = file.Form(report);
+        const TemplateFile file(templateFile);
+        const std::optional<QString> text = file.Template(report);
         if (!text) throw ReportFailure(u"帳票「%1」が帳票ファイルにありません。"_s.arg(report));
-        ParsedForm parsed = ParseForm(*text);
-        RefuseMistakes(report, parsed.mistakes);
-        const QString table = TableOfForm(parsed.form, report);
+        ParsedTemplate parsed = ParseTemplate(*text);
+        ThrowFirstError(report, parsed.errors);
+        const QString table = TableOfTemplate(parsed.definition, report);
         const std::optional<LinkedTable> link = file.Link(table);
         if (!link) throw ReportFailure(u"帳票「%1」が使うリンクテーブル「%2」がありません。"_s.arg(report, table));
-        return {std::move(parsed.form), *link};
+        return {std::move(parsed.definition), *link};
     } catch (const database::DatabaseError& error) {
         throw ReportFailure(u"帳票ファイルを使えません。%1"_s.arg(platform::TextForPeople(error)));
     }
@@ -42,8 +41,8 @@ FoundForm FindForm(const QString& formsFile, const QString& report) {
 
 }  // namespace
 
-std::unique_ptr<PreparedReport> PrepareReport(const QString& formsFile, const QString& report) {
-    FoundForm found = FindForm(formsFile, report);
+std::unique_ptr<PreparedReport> PrepareReport(const QString& templateFile, const QString& report) {
+    FoundTemplate found = FindTemplate(templateFile, report);
     const LinkedTable& link = found.link;
     try {
         const database::SqliteDatabase source = OpenLinked(link);
@@ -51,13 +50,13 @@ std::unique_ptr<PreparedReport> PrepareReport(const QString& formsFile, const QS
         if (existing.isEmpty())
             throw ReportFailure(u"リンクテーブル「%1」の接続先に表「%2」がありません。%3"_s.arg(link.name, link.source,
                                                                                                 link.DatabaseFile()));
-        QList<TemplateError> mistakes;
-        const QStringList columns = NeededColumns(found.form, existing, mistakes);
-        RefuseMistakes(report, mistakes);
-        ReportRowStore rows(source.get(), link.source, columns, found.form.order);
+        QList<TemplateError> errors;
+        const QStringList columns = NeededColumns(found.definition, existing, errors);
+        ThrowFirstError(report, errors);
+        ReportRowStore rows(source.get(), link.source, columns, found.definition.order);
         if (rows.Count() == 0) throw ReportFailure(u"帳票「%1」に印刷するデータがありません。"_s.arg(report));
-        const QString today = EraDate(platform::Services().clock->Now().date(), found.form.eras);
-        auto pages = std::make_unique<ReportPages>(std::move(found.form), columns, std::move(rows), today);
+        const QString today = EraDate(platform::Services().clock->Now().date(), found.definition.eras);
+        auto pages = std::make_unique<ReportPages>(std::move(found.definition), columns, std::move(rows), today);
         if (!pages->CanWriteJapanese())
             throw ReportFailure(
                 u"日本語の書体がないため、帳票を作れません。IPA フォントをインストールしてください。"_s);

@@ -1,8 +1,10 @@
 #pragma once
+
 #include <QSizeF>
 #include <QString>
 #include <memory>
-#include <stdexcept>
+
+#include "report-host/template/ReportErrors.h"
 
 class QPainter;
 
@@ -12,24 +14,14 @@ class PreparedReport {
     virtual ~PreparedReport() = default;
     virtual int PageCount() const = 0;
     virtual QSizeF PageMillimetres() const = 0;
-    /// Throws ReportStopped when cancelled (see RenderWatch.h), DatabaseError when the rows can't be read.
+    /// Throws ReportStopped when cancelled (see RenderWatch.h), database::DatabaseError when the rows can't be read.
     virtual void PaintPage(QPainter& painter,
                            int page) = 0;  ///< painter's unit: millimetre; origin: top left of the page
 };
 
-/// Why a report can't be made: a Japanese sentence for the user.
-class ReportFailure : public std::runtime_error {
-  public:
-    explicit ReportFailure(const QString& reason) : std::runtime_error(reason.toStdString()), reason_(reason) {}
-    QString Reason() const { return reason_; }
-
-  private:
-    QString reason_;
-};
-
-/// Loads a report. `formsFile`: path of the template file (repfrmdb); `report`: name of the template. Throws
+/// Loads a report. `templateFile`: path of the template file (repfrmdb); `report`: name of the template. Throws
 /// ReportFailure for a missing or invalid template, an unreadable work table, no rows, or a missing Japanese font.
-std::unique_ptr<PreparedReport> PrepareReport(const QString& formsFile, const QString& report);
+std::unique_ptr<PreparedReport> PrepareReport(const QString& templateFile, const QString& report);
 
 /// Renders all pages into a PDF with embedded fonts; an existing file is replaced atomically. Throws ReportFailure if
 /// the file can't be written.

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateParser.h"
 
 namespace report {
 
@@ -23,9 +23,11 @@ class PainterState {
 
 }  // namespace
 
-QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot) {
-    if (!form.grid) return {{form.margins.left(), form.margins.top() + form.head.height + slot * form.detail.height}};
-    const CellGrid& grid = *form.grid;
+QList<QPointF> CellsOfSlot(const TemplateDefinition& definition, int slot) {
+    if (!definition.grid)
+        return {{definition.margins.left(),
+                 definition.margins.top() + definition.head.height + slot * definition.detail.height}};
+    const CellGrid& grid = *definition.grid;
     QList<QPointF> cells;
     for (int i = 0; i < grid.CellsPerRow(); ++i) {
         const int cell = slot * grid.CellsPerRow() + i;
@@ -35,8 +37,11 @@ QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot) {
     return cells;
 }
 
-ReportPages::ReportPages(FormDefinition form, QStringList columns, ReportRowStore rows, QString today)
-    : form_(std::move(form)), rows_(std::move(rows)), today_(std::move(today)), rowsPerPage_(RowsPerPage(form_)) {
+ReportPages::ReportPages(TemplateDefinition definition, QStringList columns, ReportRowStore rows, QString today)
+    : template_(std::move(definition)),
+      rows_(std::move(rows)),
+      today_(std::move(today)),
+      rowsPerPage_(RowsPerPage(template_)) {
     for (int i = 0; i < columns.size(); ++i) columns_.insert(columns[i], i);
 }
 
@@ -44,7 +49,7 @@ int ReportPages::PageCount() const { return (rows_.Count() + rowsPerPage_ - 1) /
 
 void ReportPages::PaintPage(QPainter& painter, int page) {
     const PainterState whole(painter);
-    painter.translate(form_.offset);
+    painter.translate(template_.offset);
     page_ = page;
     const int first = page * rowsPerPage_, last = std::min(first + rowsPerPage_, rows_.Count());
     QStringList heading;
@@ -54,26 +59,28 @@ void ReportPages::PaintPage(QPainter& painter, int page) {
         PaintRow(painter, row_, row_ - first, values);
     }
     row_ = first;
-    PaintSection(painter, form_.head, form_.margins.top(), heading);
-    PaintSection(painter, form_.foot, form_.page.height() - form_.margins.bottom() - form_.foot.height, heading);
+    PaintSection(painter, template_.head, template_.margins.top(), heading);
+    PaintSection(painter, template_.foot, template_.page.height() - template_.margins.bottom() - template_.foot.height,
+                 heading);
 }
 
 void ReportPages::PaintRow(QPainter& painter, int row, int slot, const QStringList& values) {
-    const QList<QPointF> cells = CellsOfSlot(form_, slot);
+    const QList<QPointF> cells = CellsOfSlot(template_, slot);
     for (qsizetype i = 0; i < cells.size(); ++i) {
         const PainterState moved(painter);
         painter.translate(cells[i]);
-        if (form_.stripe.isValid() && row % 2 == 1)
-            painter.fillRect(QRectF(0, 0, form_.grid ? form_.grid->pitchX : InnerWidth(form_), form_.detail.height),
-                             form_.stripe);
-        const QString prefix = form_.grid ? form_.grid->prefixes.value(i) : QString();
-        elements_.Paint(painter, form_.detail.elements, FieldsOf(values, prefix));
+        if (template_.stripe.isValid() && row % 2 == 1)
+            painter.fillRect(
+                QRectF(0, 0, template_.grid ? template_.grid->pitchX : InnerWidth(template_), template_.detail.height),
+                template_.stripe);
+        const QString prefix = template_.grid ? template_.grid->prefixes.value(i) : QString();
+        elements_.Paint(painter, template_.detail.elements, FieldsOf(values, prefix));
     }
 }
 
-void ReportPages::PaintSection(QPainter& painter, const FormSection& section, double top, const QStringList& row) {
+void ReportPages::PaintSection(QPainter& painter, const TemplateSection& section, double top, const QStringList& row) {
     const PainterState moved(painter);
-    painter.translate(form_.margins.left(), top);
+    painter.translate(template_.margins.left(), top);
     elements_.Paint(painter, section.elements, FieldsOf(row, QString()));
 }
 

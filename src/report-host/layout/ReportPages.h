@@ -11,34 +11,34 @@
 namespace report {
 
 /// Top left corners of the cells of a row, relative to the page. `slot`: index of the row on its page.
-QList<QPointF> CellsOfSlot(const FormDefinition& form, int slot);
+QList<QPointF> CellsOfSlot(const TemplateDefinition& definition, int slot);
 
 /// Paginates the rows of a report and paints the pages.
 class ReportPages : public PreparedReport {
   public:
     /// `columns`: column names of `rows`; `today`: text of the built-in field 本日. The template must have passed
-    /// CheckForm.
-    ReportPages(FormDefinition form, QStringList columns, ReportRowStore rows, QString today);
+    /// CheckTemplate.
+    ReportPages(TemplateDefinition definition, QStringList columns, ReportRowStore rows, QString today);
 
     int PageCount() const override;
-    QSizeF PageMillimetres() const override { return form_.page; }
+    QSizeF PageMillimetres() const override { return template_.page; }
     void PaintPage(QPainter& painter, int page) override;
     /// False if no installed font has Japanese glyphs.
-    bool CanWriteJapanese() { return types_.HasJapanese(); }
+    bool CanWriteJapanese() { return fonts_.HasJapanese(); }
 
   private:
-    void PaintSection(QPainter& painter, const FormSection& section, double top, const QStringList& row);
+    void PaintSection(QPainter& painter, const TemplateSection& section, double top, const QStringList& row);
     void PaintRow(QPainter& painter, int row, int slot, const QStringList& values);
     QString Running(const QString& name) const;
     FieldText FieldsOf(const QStringList& values, const QString& prefix) const;
 
-    FormDefinition form_;
+    TemplateDefinition template_;
     QHash<QString, int> columns_;
     ReportRowStore rows_;
     QString today_;
     int rowsPerPage_;
-    FontSet types_;
-    ElementPainter elements_{types_};
+    FontSet fonts_;
+    ElementPainter elements_{fonts_};
     int page_ = 0, row_ = 0;  // current position while painting
 };
 

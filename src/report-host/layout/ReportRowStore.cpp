@@ -30,14 +30,14 @@ database::SqliteDatabase OpenPrivateFile() {
 
 ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns,
                                const QStringList& order)
-    : spool_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
+    : database_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
     QStringList named{u"c0"_s};  // at least one column, so that rows can be counted even if the template shows none
     for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));
-    EachRow(spool_.get(), PrepareStatement(spool_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(),
-            [] {});
+    EachRow(database_.get(),
+            PrepareStatement(database_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(), [] {});
     Copy(source, u"SELECT "_s + (columns.isEmpty() ? u"NULL"_s : ListOf(columns)) + u" FROM "_s + QuotedName(table) +
                      (order.isEmpty() ? QString() : u" ORDER BY "_s + ListOf(order)));
-    read_ = PrepareStatement(spool_.get(), u"SELECT * FROM spool WHERE rowid = ?"_s);
+    read_ = PrepareStatement(database_.get(), u"SELECT * FROM spool WHERE rowid = ?"_s);
 }
 
 void ReportRowStore::Copy(sqlite3* source, const QString& select) {
@@ -45,23 +45,23 @@ void ReportRowStore::Copy(sqlite3* source, const QString& select) {
     const int width = sqlite3_column_count(from.get());
     const QString places = QStringList(width, u"?"_s).join(u", "_s);
     const database::SqliteStatement to =
-        PrepareStatement(spool_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
-    database::RunPlain(spool_.get(), "BEGIN");
+        PrepareStatement(database_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
+    database::RunPlain(database_.get(), "BEGIN");
     EachRow(source, from.get(), [&] {
         for (int i = 0; i < width; ++i)
             if (sqlite3_bind_value(to.get(), i + 1, sqlite3_column_value(from.get(), i)) != SQLITE_OK)
-                throw database::SqliteFailure(spool_.get());
-        EachRow(spool_.get(), to.get(), [] {});
+                throw database::SqliteFailure(database_.get());
+        EachRow(database_.get(), to.get(), [] {});
         sqlite3_reset(to.get());
         ++count_;
     });
-    if (database::RunPlain(spool_.get(), "COMMIT") != SQLITE_OK) throw database::SqliteFailure(spool_.get());
+    if (database::RunPlain(database_.get(), "COMMIT") != SQLITE_OK) throw database::SqliteFailure(database_.get());
 }
 
 QStringList ReportRowStore::Row(int row) {
     const database::SqliteRun run(read_.get());
     sqlite3_bind_int(read_.get(), 1, row + 1);
-    if (sqlite3_step(read_.get()) != SQLITE_ROW) throw database::SqliteFailure(spool_.get());
+    if (sqlite3_step(read_.get()) != SQLITE_ROW) throw database::SqliteFailure(database_.get());
     QStringList values;
     values.reserve(width_);
     for (int i = 0; i < width_; ++i) values.append(TextOf(read_.get(), i));

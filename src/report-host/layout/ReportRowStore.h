@@ -23,7 +23,7 @@ class ReportRowStore {
   private:
     void Copy(sqlite3* source, const QString& select);
 
-    database::SqliteDatabase spool_;
+    database::SqliteDatabase database_;
     database::SqliteStatement read_;
     int width_;
     int count_ = 0;

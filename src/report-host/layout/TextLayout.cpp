@@ -3,8 +3,8 @@
 #include <QTextBoundaryFinder>
 #include <algorithm>
 
-#include "report-host/layout/VerticalText.h"
-#include "report-host/template/TemplateLimits.h"
+#include "report-host/template/TemplateDefinition.h"
+#include "text/mod文字変換.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,8 +47,8 @@ QString Bounded(const QString& text, qsizetype most) {
 
 class Fitter {
   public:
-    Fitter(FontSet& types, const TextStyle& style, double length, double depth)
-        : types_(types),
+    Fitter(FontSet& fonts, const TextStyle& style, double length, double depth)
+        : fonts_(fonts),
           style_(style),
           length_(length),
           depth_(depth),
@@ -80,7 +80,7 @@ class Fitter {
 
   private:
     std::shared_ptr<const ShapedText> Shape(const QString& text) {
-        return types_.Shape(text, style_.face, style_.vertical);
+        return fonts_.Shape(text, style_.face, style_.vertical);
     }
 
     static QString OneLine(QString text) {
@@ -91,11 +91,11 @@ class Fitter {
     /// The longest prefix of whole graphemes that fits together with "…".
     std::shared_ptr<const ShapedText> Cut(const QString& line, double size) {
         const QString sign = u"…"_s;
-        const double room = length_ / size - Shape(sign)->length;
+        const double available = length_ / size - Shape(sign)->length;
         const auto whole = Shape(line);
         QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, line);
         qsizetype end = 0, next = 0;
-        while ((next = characters.toNextBoundary()) > 0 && whole->lengthUpTo[next] <= room + kSlack) end = next;
+        while ((next = characters.toNextBoundary()) > 0 && whole->lengthUpTo[next] <= available + kSlack) end = next;
         return Shape(line.left(end) + sign);
     }
 
@@ -129,9 +129,10 @@ class Fitter {
 
     /// Lower bound for the number of lines, found without computing line breaks.
     qsizetype LeastLines(const QList<double>& paragraphs, double size) const {
-        const double room = std::max(length_ / size, kWidestLetter) + kSlack;
+        const double available = std::max(length_ / size, kWidestLetter) + kSlack;
         qsizetype least = 0;
-        for (const double length : paragraphs) least += std::max<qsizetype>(1, static_cast<qsizetype>(length / room));
+        for (const double length : paragraphs)
+            least += std::max<qsizetype>(1, static_cast<qsizetype>(length / available));
         return least;
     }
 
@@ -144,12 +145,12 @@ class Fitter {
     /// Breaks lines by the Japanese rules; a word longer than a line is broken at any character.
     void BreakInto(QStringList& lines, const QString& paragraph, double size) {
         const auto shaped = Shape(paragraph);
-        const double room = length_ / size + kSlack;
+        const double available = length_ / size + kSlack;
         QTextBoundaryFinder words(QTextBoundaryFinder::Line, paragraph);
         QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, paragraph);
         qsizetype begin = 0;
-        while (begin < paragraph.size() && shaped->length - shaped->lengthUpTo[begin] > room) {
-            const double limit = shaped->lengthUpTo[begin] + room;
+        while (begin < paragraph.size() && shaped->length - shaped->lengthUpTo[begin] > available) {
+            const double limit = shaped->lengthUpTo[begin] + available;
             qsizetype end = LastWithin(words, *shaped, begin, limit, true);
             if (end == begin) end = LastWithin(characters, *shaped, begin, limit, false);
             if (end == begin) {
@@ -162,19 +163,41 @@ class Fitter {
         if (begin < paragraph.size() || paragraph.isEmpty()) lines.append(paragraph.mid(begin));
     }
 
-    FontSet& types_;
+    FontSet& fonts_;
     const TextStyle& style_;
     double length_, depth_, size_, least_;
 };
 
 }  // namespace
 
-FittedText FitText(FontSet& types, const QString& text, const TextStyle& style, double length, double depth) {
-    Fitter fitter(types, style, length, depth);
+FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, double length, double depth) {
+    Fitter fitter(fonts, style, length, depth);
     const QString bounded = Bounded(text, fitter.Capacity());
     QString written = style.kanjiNumerals ? ToKanjiNumerals(bounded) : bounded;
     if (style.vertical) written = ToVerticalText(written);
-    return fitter.Fit(types.Printable(written, style.face));
+    return fitter.Fit(fonts.Printable(written, style.face));
+}
+
+QString ToVerticalText(const QString& text) {
+    QString wide = ToFullWidth(text);
+    // ToFullWidth leaves these unchanged.
+    static constexpr QStringView kNarrow = u"\"^`｡｢｣､･", kWide = u"＂＾｀。「」、・";
+    for (QChar& c : wide)
+        if (const qsizetype at = kNarrow.indexOf(c); at >= 0) c = kWide[at];
+    return wide;
+}
+
+QString ToKanjiNumerals(const QString& text) {
+    static constexpr QStringView kNumerals = u"〇一二三四五六七八九";
+    QString changed = text;
+    for (QChar& c : changed) {
+        const char16_t u = c.unicode();
+        if (u >= u'0' && u <= u'9')
+            c = kNumerals[u - u'0'];
+        else if (u >= u'０' && u <= u'９')
+            c = kNumerals[u - u'０'];
+    }
+    return changed;
 }
 
 }  // namespace report

@@ -18,7 +18,13 @@ struct FittedText {
 
 /// Lays out `text` in a box of `length` (along the line) by `depth` (across the lines) millimetres. Text that does not
 /// fit at the smallest size of the style is truncated with "…".
-FittedText FitText(FontSet& types, const QString& text, const TextStyle& style, double length, double depth);
+FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, double length, double depth);
+
+/// Converts text for vertical writing: all characters to full width, so that Latin letters and punctuation are upright.
+QString ToVerticalText(const QString& text);
+
+/// Replaces half-width and full-width digits one by one by kanji numerals, as in addresses: "１０階" becomes "一〇階".
+QString ToKanjiNumerals(const QString& text);
 
 inline constexpr double kMillimetresPerPoint = 25.4 / 72;
 /// Smallest stretch factor; more condensed text is illegible.

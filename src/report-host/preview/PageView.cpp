@@ -20,13 +20,8 @@ constexpr double kDotsPerMillimetre = 96.0 / 25.4;
 constexpr int kMargin = 12;  // around the page
 constexpr int kShadow = 3;
 constexpr double kMostDots = 64e6;  // pixels of the page's pixmap, 256 MB
-constexpr int kBriefly = 500;       // milliseconds that a page may take within a paint event
+constexpr int kQuickly = 500;       // milliseconds that a page may take within a paint event
 constexpr int kLater = 50;  // milliseconds; 0 would post an event, which nested event processing delivers at once
-
-QString ReasonOf(const std::exception& error) {
-    const auto* failure = dynamic_cast<const ReportFailure*>(&error);
-    return failure != nullptr ? failure->Reason() : platform::TextForPeople(error);
-}
 
 }  // namespace
 
@@ -56,10 +51,10 @@ void PageView::SetZoom(double zoom) {
     update();
 }
 
-double PageView::ZoomToFit(QSize room, bool wholePage) const {
+double PageView::ZoomToFit(QSize available, bool wholePage) const {
     const QSizeF sheet = report_.PageMillimetres() * kDotsPerMillimetre;
-    const double across = (room.width() - 2 * kMargin) / sheet.width();
-    const double down = (room.height() - 2 * kMargin) / sheet.height();
+    const double across = (available.width() - 2 * kMargin) / sheet.width();
+    const double down = (available.height() - 2 * kMargin) / sheet.height();
     return qMax(0.05, wholePage ? qMin(across, down) : across);
 }
 
@@ -81,7 +76,7 @@ QPixmap PageView::Render(qreal dots) const {
         painter.restore();
         throw;
     } catch (const std::exception& error) {
-        reason = ReasonOf(error);
+        reason = platform::TextForPeople(error);
     }
     painter.restore();
     if (!reason.isEmpty())
@@ -93,7 +88,7 @@ QPixmap PageView::Render(qreal dots) const {
 }
 
 void PageView::paintEvent(QPaintEvent* /*event*/) {
-    if (shown_.isNull()) RenderBriefly();
+    if (shown_.isNull()) RenderQuickly();
     QPainter painter(this);
     const QRectF sheet = shown_.isNull() ? QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin)
                                          : QRectF(QPointF(kMargin, kMargin), shown_.deviceIndependentSize());
@@ -103,9 +98,9 @@ void PageView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 /// Most pages are rendered at once. No events can be processed within a paint event, so a slow page is rendered later.
-void PageView::RenderBriefly() {
+void PageView::RenderQuickly() {
     if (RenderWatch::IsActive()) return RenderLater();
-    const RenderWatch brief([end = QDeadlineTimer(kBriefly)] { return end.hasExpired(); });
+    const RenderWatch quick([end = QDeadlineTimer(kQuickly)] { return end.hasExpired(); });
     try {
         shown_ = Render(devicePixelRatioF());
     } catch (const ReportStopped&) {
@@ -114,11 +109,11 @@ void PageView::RenderBriefly() {
 }
 
 void PageView::RenderLater() {
-    QTimer::singleShot(kLater, this, [this] { RenderAtLength(); });
+    QTimer::singleShot(kLater, this, [this] { RenderSlowly(); });
 }
 
-void PageView::RenderAtLength() {
-    if (!shown_.isNull() || !AtLength || platform::TerminationRequested()) return;
+void PageView::RenderSlowly() {
+    if (!shown_.isNull() || !RunSlowJob || platform::TerminationRequested()) return;
     if (RenderWatch::IsActive()) return RenderLater();
     const int page = page_;
     const double zoom = zoom_;
@@ -126,6 +121,6 @@ void PageView::RenderAtLength() {
         const QPixmap sheet = Render(devicePixelRatioF());
         if (page == page_ && zoom == zoom_) shown_ = sheet;
     };
-    AtLength(paint);
+    RunSlowJob(paint);
     update();
 }

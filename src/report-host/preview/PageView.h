@@ -23,11 +23,11 @@ class PageView : public QWidget, public AccessibleText {
     void SetZoom(double zoom);
     /// The zoom factor at which the page fits into a viewport of this size (pixels); without `wholePage` only its width
     /// must fit.
-    double ZoomToFit(QSize room, bool wholePage) const;
+    double ZoomToFit(QSize available, bool wholePage) const;
 
     /// Runs the rendering of a slow page so that the window can be closed meanwhile. If not set, such a page stays
     /// blank.
-    std::function<void(const std::function<void()>& paint)> AtLength;
+    std::function<void(const std::function<void()>& paint)> RunSlowJob;
 
     QSize sizeHint() const override;
 
@@ -40,9 +40,9 @@ class PageView : public QWidget, public AccessibleText {
 
   private:
     QPixmap Render(qreal dots) const;
-    void RenderBriefly();
+    void RenderQuickly();
     void RenderLater();
-    void RenderAtLength();
+    void RenderSlowly();
 
     PreparedReport& report_;
     int page_ = 0;

@@ -30,7 +30,7 @@ namespace {
 
 constexpr double kSmallest = 0.1, kLargest = 4.0, kStep = 1.25;
 constexpr int kMessageTime = 8000;  // milliseconds in the status bar
-constexpr int kLook = 50;           // milliseconds between polls of the close box while a job runs
+constexpr int kPollInterval = 50;   // milliseconds between polls of the close box while a job runs
 constexpr int kManagerTime = 500;   // milliseconds for a window manager to maximise a window
 constexpr QSize kUsualSize(980, 720);
 
@@ -40,8 +40,8 @@ constexpr int kPercents[] = {25, 50, 75, 100, 150, 200, 400};
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile)
-    : report_(std::move(report)), name_(std::move(name)), formsFile_(std::move(formsFile)) {
+PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString templateFile)
+    : report_(std::move(report)), name_(std::move(name)), templateFile_(std::move(templateFile)) {
     setObjectName(u"preview"_s);
     setWindowTitle(name_ + u" - プレビュ"_s);
     MakeView();
@@ -60,14 +60,14 @@ void PreviewWindow::FillScreen() {
     showMaximized();
     // Without a window manager nothing maximises the window. With one, the difference is at most the frame.
     QTimer::singleShot(kManagerTime, this, [this] {
-        const QRect room = screen()->availableGeometry();
-        if (isMaximized() && width() < room.width()) setGeometry(room);
+        const QRect available = screen()->availableGeometry();
+        if (isMaximized() && width() < available.width()) setGeometry(available);
     });
 }
 
 void PreviewWindow::MakeView() {
     view_ = new PageView(*report_);
-    view_->AtLength = [this](const std::function<void()>& paint) { Work(paint, {}); };
+    view_->RunSlowJob = [this](const std::function<void()>& paint) { RunJob(paint, {}); };
     area_ = new QScrollArea;
     area_->setObjectName(u"area"_s);
     area_->setFocusPolicy(Qt::NoFocus);  // the page has it, so that screen readers can name it
@@ -79,13 +79,13 @@ void PreviewWindow::MakeView() {
 }
 
 QAction* PreviewWindow::AddAction(QToolBar& bar, const QString& name, const QString& caption,
-                                  const QList<QKeySequence>& keys, const std::function<void()>& work) {
+                                  const QList<QKeySequence>& keys, const std::function<void()>& job) {
     QAction* action = bar.addAction(caption);
     action->setObjectName(name);
     action->setShortcuts(keys);
     if (!keys.isEmpty())
         action->setToolTip(caption + u"（"_s + keys.first().toString(QKeySequence::NativeText) + u"）"_s);
-    connect(action, &QAction::triggered, this, work);
+    connect(action, &QAction::triggered, this, job);
     // By default tool bar buttons do not accept the focus.
     bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
     return action;
@@ -173,10 +173,10 @@ void PreviewWindow::ChooseZoom(int choice) {
 
 void PreviewWindow::ApplyFit() {
     if (fit_ == Fit::None) return;
-    QSize room = area_->maximumViewportSize();
+    QSize available = area_->maximumViewportSize();
     // Reserve the width of the vertical scroll bar, which appears if the page is taller than the window.
-    if (fit_ == Fit::Width) room.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
-    SetZoom(view_->ZoomToFit(room, fit_ == Fit::Page));
+    if (fit_ == Fit::Width) available.rwidth() -= area_->verticalScrollBar()->sizeHint().width();
+    SetZoom(view_->ZoomToFit(available, fit_ == Fit::Page));
 }
 
 void PreviewWindow::resizeEvent(QResizeEvent* event) {
@@ -187,37 +187,37 @@ void PreviewWindow::resizeEvent(QResizeEvent* event) {
 }
 
 void PreviewWindow::closeEvent(QCloseEvent* event) {
-    if (!working_) return QMainWindow::closeEvent(event);
+    if (!busy_) return QMainWindow::closeEvent(event);
     closing_ = true;
     event->ignore();
 }
 
 bool PreviewWindow::StopWanted() {
-    if (!look_.hasExpired()) return closing_;
+    if (!nextPoll_.hasExpired()) return closing_;
     ProcessRenderEvents();
-    look_.setRemainingTime(kLook);
+    nextPoll_.setRemainingTime(kPollInterval);
     return closing_;
 }
 
-QString PreviewWindow::Run(const std::function<void()>& work) {
+QString PreviewWindow::Run(const std::function<void()>& job) {
     const RenderWatch watch([this] { return StopWanted(); });
-    look_.setRemainingTime(kLook);
+    nextPoll_.setRemainingTime(kPollInterval);
     try {
-        work();
+        job();
     } catch (const ReportFailure& failure) {
-        return failure.Reason();
+        return failure.Description();
     }
     return {};
 }
 
-void PreviewWindow::Work(const std::function<void()>& work, const QString& done) {
+void PreviewWindow::RunJob(const std::function<void()>& job, const QString& done) {
     // Assistive technology can press buttons although input is dropped.
-    if (working_) return;
-    working_ = true;
+    if (busy_) return;
+    busy_ = true;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const QString reason = Run(work);
+    const QString reason = Run(job);
     QApplication::restoreOverrideCursor();
-    working_ = false;
+    busy_ = false;
     if (closing_) {
         close();
     } else if (reason.isEmpty()) {
@@ -228,7 +228,7 @@ void PreviewWindow::Work(const std::function<void()>& work, const QString& done)
 }
 
 void PreviewWindow::Print() {
-    Work([this] { PrintReport(*report_, name_, formsFile_); }, u"印刷に出しました。"_s);
+    RunJob([this] { PrintReport(*report_, name_, templateFile_); }, u"印刷に出しました。"_s);
 }
 
 void PreviewWindow::SavePdf() {
@@ -238,5 +238,5 @@ void PreviewWindow::SavePdf() {
     if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
     const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);
     if (QFileInfo::exists(*file) && !dialogs.Confirm(question)) return;
-    Work([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
+    RunJob([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
 }

@@ -18,8 +18,8 @@ class QToolBar;
 /// Preview of a report: pages, zoom, printing, saving as PDF.
 class PreviewWindow : public QMainWindow {
   public:
-    /// `name`: the report's; `formsFile`: path of the template file, for the output target.
-    PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString formsFile);
+    /// `name`: the report's; `templateFile`: path of the template file, for the output target.
+    PreviewWindow(std::unique_ptr<PreparedReport> report, QString name, QString templateFile);
     ~PreviewWindow() override;
 
     /// Enlarges the window to the screen, also without a window manager.
@@ -36,7 +36,7 @@ class PreviewWindow : public QMainWindow {
     void MakeView();
     void MakeToolBar();
     QAction* AddAction(QToolBar& bar, const QString& name, const QString& caption, const QList<QKeySequence>& keys,
-                       const std::function<void()>& work);
+                       const std::function<void()>& job);
     void AddPageField(QToolBar& bar);
     void AddZoomField(QToolBar& bar);
     void TurnTo(int page);
@@ -48,16 +48,16 @@ class PreviewWindow : public QMainWindow {
     void SavePdf();
     /// Runs a job that may throw ReportFailure, with a wait cursor. Then shows `done` in the status bar, or the reason
     /// in a message box. Meanwhile all input is dropped except the close box, which cancels the job.
-    void Work(const std::function<void()>& work, const QString& done);
+    void RunJob(const std::function<void()>& job, const QString& done);
 
     /// Returns the reason of a failure; empty on success.
-    QString Run(const std::function<void()>& work);
+    QString Run(const std::function<void()>& job);
     bool StopWanted();
 
     std::unique_ptr<PreparedReport> report_;
-    QString name_, formsFile_;
-    bool working_ = false, closing_ = false;
-    QDeadlineTimer look_;  ///< next poll for a request to cancel, while a job runs
+    QString name_, templateFile_;
+    bool busy_ = false, closing_ = false;
+    QDeadlineTimer nextPoll_;  ///< next poll for a request to cancel, while a job runs
     Fit fit_ = Fit::Page;
     PageView* view_ = nullptr;
     QScrollArea* area_ = nullptr;

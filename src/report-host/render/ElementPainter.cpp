@@ -8,8 +8,7 @@
 #include "platform/PlainFile.h"
 #include "report-host/layout/TextLayout.h"
 #include "report-host/render/RenderWatch.h"
-#include "report-host/render/TextPainter.h"
-#include "report-host/template/TemplateLimits.h"
+#include "report-host/template/TemplateDefinition.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +26,7 @@ QString DigitsOf(const QString& text) {
     return digits;
 }
 
-void PaintFrame(QPainter& painter, const FormElement& element) {
+void PaintFrame(QPainter& painter, const TemplateElement& element) {
     painter.setPen(element.penWidth > 0 ? QPen(element.colour, element.penWidth) : QPen(Qt::NoPen));
     painter.setBrush(element.fill.isValid() ? QBrush(element.fill) : QBrush(Qt::NoBrush));
     painter.drawRect(element.place);
@@ -44,8 +43,8 @@ QString Expand(const TextPattern& pattern, const FieldText& fields) {
     return text;
 }
 
-void ElementPainter::Paint(QPainter& painter, const QList<FormElement>& elements, const FieldText& fields) {
-    for (const FormElement& element : elements) {
+void ElementPainter::Paint(QPainter& painter, const QList<TemplateElement>& elements, const FieldText& fields) {
+    for (const TemplateElement& element : elements) {
         StopIfWanted();
         if (!element.onlyWith.isEmpty() && fields(element.onlyWith).isEmpty()) continue;
         switch (element.kind) {
@@ -69,15 +68,15 @@ void ElementPainter::Paint(QPainter& painter, const QList<FormElement>& elements
     }
 }
 
-void ElementPainter::PaintText(QPainter& painter, const FormElement& element, const QString& text) {
+void ElementPainter::PaintText(QPainter& painter, const TemplateElement& element, const QString& text) {
     if (text.isEmpty()) return;
     const QSizeF room = element.style.vertical ? element.place.size().transposed() : element.place.size();
     painter.setPen(element.colour);
-    DrawFitted(painter, FitText(types_, text, element.style, room.width(), room.height()), element.style,
+    DrawFitted(painter, FitText(fonts_, text, element.style, room.width(), room.height()), element.style,
                element.place);
 }
 
-void ElementPainter::PaintDigitBoxes(QPainter& painter, const FormElement& element, const QString& text) {
+void ElementPainter::PaintDigitBoxes(QPainter& painter, const TemplateElement& element, const QString& text) {
     const QString digits = DigitsOf(text);
     const double size = element.style.points * kMillimetresPerPoint;
     for (qsizetype i = 0; i < element.lefts.size(); ++i) {
@@ -89,13 +88,13 @@ void ElementPainter::PaintDigitBoxes(QPainter& painter, const FormElement& eleme
         }
         // A text with too many digits is no postal code; printing the first ones would give a wrong code.
         if (i >= digits.size() || digits.size() > element.lefts.size()) continue;
-        const auto digit = types_.Shape(digits.mid(i, 1), element.style.face, false);
+        const auto digit = fonts_.Shape(digits.mid(i, 1), element.style.face, false);
         painter.setPen(element.colour);
-        DrawLine(painter, *digit, box.center() - types_.InkOf(*digit).center() * size, size);
+        DrawLine(painter, *digit, box.center() - fonts_.InkOf(*digit).center() * size, size);
     }
 }
 
-void ElementPainter::PaintPicture(QPainter& painter, const FormElement& element, const QString& path) {
+void ElementPainter::PaintPicture(QPainter& painter, const TemplateElement& element, const QString& path) {
     if (path.isEmpty()) return;
     const QImage& picture = Picture(path);
     if (picture.isNull()) return;

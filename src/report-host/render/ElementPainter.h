@@ -4,12 +4,19 @@
 #include <QImage>
 #include <functional>
 
+#include "report-host/layout/TextLayout.h"
 #include "report-host/render/FontSet.h"
 #include "report-host/template/TemplateDefinition.h"
 
 class QPainter;
 
 namespace report {
+
+/// Draws laid out text in the box `place` (millimetres) with the painter's pen.
+void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place);
+
+/// Draws a horizontal line of text; `origin` is the left end of the baseline, `size` the font size in millimetres.
+void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double size);
 
 /// Returns the text of a column or built-in field for the current row.
 using FieldText = std::function<QString(const QString& name)>;
@@ -21,17 +28,17 @@ QString Expand(const TextPattern& pattern, const FieldText& fields);
 /// Paints the elements of a section. The painter's unit is the millimetre, its origin the section's top left corner.
 class ElementPainter {
   public:
-    explicit ElementPainter(FontSet& types) : types_(types) {}
+    explicit ElementPainter(FontSet& fonts) : fonts_(fonts) {}
 
-    void Paint(QPainter& painter, const QList<FormElement>& elements, const FieldText& fields);
+    void Paint(QPainter& painter, const QList<TemplateElement>& elements, const FieldText& fields);
 
   private:
-    void PaintText(QPainter& painter, const FormElement& element, const QString& text);
-    void PaintDigitBoxes(QPainter& painter, const FormElement& element, const QString& text);
-    void PaintPicture(QPainter& painter, const FormElement& element, const QString& path);
+    void PaintText(QPainter& painter, const TemplateElement& element, const QString& text);
+    void PaintDigitBoxes(QPainter& painter, const TemplateElement& element, const QString& text);
+    void PaintPicture(QPainter& painter, const TemplateElement& element, const QString& path);
     const QImage& Picture(const QString& path);
 
-    FontSet& types_;
+    FontSet& fonts_;
     QCache<QString, QImage> pictures_{8};
 };
 

@@ -1,14 +1,21 @@
 #include "report-host/render/FontSet.h"
 
+#include <QByteArray>
 #include <QStringList>
-
-#include "report-host/render/FontFace.h"
 
 using namespace Qt::StringLiterals;
 
 namespace report {
 
 namespace {
+
+hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* raw) {
+    char name[5] = {};
+    hb_tag_to_string(tag, name);
+    auto* bytes = new QByteArray(static_cast<QRawFont*>(raw)->fontTable(name));
+    return hb_blob_create(bytes->constData(), static_cast<unsigned>(bytes->size()), HB_MEMORY_MODE_READONLY, bytes,
+                          [](void* held) { delete static_cast<QByteArray*>(held); });
+}
 
 constexpr char32_t kMissing = U'〓';
 constexpr qsizetype kMostRemembered = 100'000;  // characters in the cache
@@ -91,6 +98,19 @@ class LineShaper {
 
 }  // namespace
 
+FontFace::FontFace(const QRawFont& raw) : raw_(raw) {
+    hb_face_t* face =
+        hb_face_create_for_tables(TableOf, new QRawFont(raw), [](void* held) { delete static_cast<QRawFont*>(held); });
+    shaper_.reset(hb_font_create(face));
+    unitsPerEm_ = hb_face_get_upem(face);
+    hb_face_destroy(face);
+}
+
+quint32 FontFace::GlyphOf(char32_t character) const {
+    hb_codepoint_t glyph = 0;
+    return hb_font_get_nominal_glyph(shaper_.get(), character, &glyph) ? glyph : 0;
+}
+
 FontSet::FontSet() = default;
 FontSet::~FontSet() = default;
 
@@ -121,11 +141,11 @@ bool FontSet::HasJapanese() { return FaceFor(kMissing, SuiteFace::Mincho) && Fac
 std::shared_ptr<const ShapedText> FontSet::Shape(const QString& text, SuiteFace face, bool vertical) {
     const QString key = QChar(static_cast<char16_t>(2 * static_cast<int>(face) + vertical)) + text;
     if (const auto known = shaped_.constFind(key); known != shaped_.constEnd()) return *known;
-    if (remembered_ > kMostRemembered) {
+    if (cachedCharacters_ > kMostRemembered) {
         shaped_.clear();
-        remembered_ = 0;
+        cachedCharacters_ = 0;
     }
-    remembered_ += key.size();
+    cachedCharacters_ += key.size();
     return shaped_[key] = ShapeNow(text, face, vertical);
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <hb.h>
+
 #include <QHash>
 #include <QList>
 #include <QPointF>
+#include <QRawFont>
 #include <QRectF>
 #include <QString>
 #include <array>
@@ -12,7 +15,30 @@
 
 namespace report {
 
-class FontFace;
+struct HarfBuzzRelease {
+    void operator()(hb_font_t* font) const noexcept { hb_font_destroy(font); }
+    void operator()(hb_buffer_t* buffer) const noexcept { hb_buffer_destroy(buffer); }
+};
+
+/// A font as QRawFont for painting and as HarfBuzz font for shaping.
+class FontFace {
+  public:
+    explicit FontFace(const QRawFont& raw);
+
+    /// Pixel size of the QRawFont; painting scales from it.
+    static constexpr double kPixels = 100;
+
+    const QRawFont& Raw() const { return raw_; }
+    hb_font_t* Shaper() const { return shaper_.get(); }
+    double UnitsPerEm() const { return unitsPerEm_; }
+    /// 0 if the font has no glyph for the character.
+    quint32 GlyphOf(char32_t character) const;
+
+  private:
+    QRawFont raw_;
+    std::unique_ptr<hb_font_t, HarfBuzzRelease> shaper_;
+    double unitsPerEm_ = 0;
+};
 
 /// A positioned glyph. Positions are in em from the beginning of the line: horizontal text from the left end of the
 /// baseline, vertical text from the middle of the top edge.
@@ -60,7 +86,7 @@ class FontSet {
     QHash<QString, std::shared_ptr<FontFace>> fonts_;
     std::array<const FontFace*, 4> own_{};
     QHash<QString, std::shared_ptr<const ShapedText>> shaped_;
-    qsizetype remembered_ = 0;  ///< number of characters in the cache
+    qsizetype cachedCharacters_ = 0;  ///< number of characters in the cache
 };
 
 }  // namespace report

@@ -4,13 +4,11 @@
 
 #include "platform/TerminationSignal.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
-RenderWatch* g_innermost = nullptr;
-}
 
-ReportStopped::ReportStopped() : ReportFailure(u"帳票の作成を中止しました。"_s) {}
+RenderWatch* g_innermost = nullptr;
+
+}  // namespace
 
 RenderWatch::RenderWatch(std::function<bool()> stop)
     : stop_(std::move(stop)), outer_(std::exchange(g_innermost, this)) {}

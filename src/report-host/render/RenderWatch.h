@@ -2,13 +2,7 @@
 
 #include <functional>
 
-#include "report-host/layout/PreparedReport.h"
-
-/// Thrown when rendering is cancelled.
-class ReportStopped : public ReportFailure {
-  public:
-    ReportStopped();
-};
+#include "report-host/template/ReportErrors.h"
 
 /// Marks a rendering in progress; `stop` is polled and returns true to cancel it. May be nested; only the innermost is
 /// polled.

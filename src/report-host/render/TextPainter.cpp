@@ -1,9 +1,9 @@
-#include "report-host/render/TextPainter.h"
+#include "report-host/render/ElementPainter.h"
 
 #include <QGlyphRun>
 #include <QPainter>
 
-#include "report-host/render/FontFace.h"
+#include "report-host/render/FontSet.h"
 
 namespace report {
 

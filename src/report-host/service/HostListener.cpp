@@ -3,10 +3,10 @@
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
 
-HostListener::HostListener(const QString& formsFile) {
+HostListener::HostListener(const QString& templateFile) {
     try {
-        socket_.Listen(platform::HostSocketPath(formsFile), platform::LineOf({platform::HostVerb::Release, {}, 0}));
+        socket_.Listen(platform::HostSocketPath(templateFile), platform::LineOf({platform::HostVerb::Release, {}, 0}));
     } catch (const platform::RuntimeError& error) {
-        refusal_ = error.Description();
+        openError_ = error.Description();
     }
 }

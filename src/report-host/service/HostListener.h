@@ -11,11 +11,11 @@
 class HostListener {
   public:
     /// Opens the socket; check IsOpen.
-    explicit HostListener(const QString& formsFile);
+    explicit HostListener(const QString& templateFile);
 
     bool IsOpen() const { return socket_.IsOpen(); }
     /// Why it could not be opened, as a Japanese sentence; empty if there is only a system error.
-    const QString& Refusal() const { return refusal_; }
+    const QString& OpenError() const { return openError_; }
     /// Descriptor of the listening socket, for a notifier.
     int Socket() const { return socket_.Descriptor(); }
     /// Accepts the next connection and returns its descriptor; -1 if none is pending. Connections of other users are
@@ -26,5 +26,5 @@ class HostListener {
 
   private:
     platform::HostSocket socket_;
-    QString refusal_;
+    QString openError_;
 };

@@ -20,17 +20,16 @@ using platform::HostVerb;
 namespace {
 
 constexpr qint64 kLongestRequest = 1 << 16;
-constexpr long kReportFailed = 2501;
 constexpr long kNotUnderstood = 5;
 
 }  // namespace
 
-HostService::HostService(HostListener& door, QString formsFile, Maker make)
-    : door_(door),
-      formsFile_(std::move(formsFile)),
+HostService::HostService(HostListener& listener, QString templateFile, Maker make)
+    : listener_(listener),
+      templateFile_(std::move(templateFile)),
       make_(std::move(make)),
-      acceptNotifier_(new QSocketNotifier(door.Socket(), QSocketNotifier::Read, this)) {
-    connect(acceptNotifier_, &QSocketNotifier::activated, this, [this] { TakeCallers(); });
+      acceptNotifier_(new QSocketNotifier(listener.Socket(), QSocketNotifier::Read, this)) {
+    connect(acceptNotifier_, &QSocketNotifier::activated, this, [this] { AcceptClients(); });
     timeout_.setSingleShot(true);
     connect(&timeout_, &QTimer::timeout, this, [this] { QuitWhenIdle(); });
     timeout_.start(kIdleTimeout);
@@ -42,46 +41,44 @@ HostService::~HostService() {
     for (PreviewWindow* window : std::exchange(windows_, {})) delete window;
 }
 
-void HostService::TakeCallers() {
-    for (int descriptor = door_.Accept(); descriptor >= 0; descriptor = door_.Accept()) {
-        auto* caller = new QLocalSocket(this);
-        ++callers_;
-        connect(caller, &QLocalSocket::readyRead, this, [this, caller] { ReadRequests(*caller); });
-        connect(caller, &QLocalSocket::disconnected, this, [this, caller] {
-            caller->deleteLater();
-            --callers_;
+void HostService::AcceptClients() {
+    for (int descriptor = listener_.Accept(); descriptor >= 0; descriptor = listener_.Accept()) {
+        auto* client = new QLocalSocket(this);
+        ++clients_;
+        connect(client, &QLocalSocket::readyRead, this, [this, client] { ReadRequests(*client); });
+        connect(client, &QLocalSocket::disconnected, this, [this, client] {
+            client->deleteLater();
+            --clients_;
             QuitWhenIdle();
         });
-        caller->setSocketDescriptor(descriptor);
+        client->setSocketDescriptor(descriptor);
     }
 }
 
-void HostService::ReadRequests(QLocalSocket& caller) {
-    while (caller.canReadLine()) {
-        const std::optional<HostRequest> request = platform::ParseRequest(caller.readLine(kLongestRequest));
+void HostService::ReadRequests(QLocalSocket& client) {
+    while (client.canReadLine()) {
+        const std::optional<HostRequest> request = platform::ParseRequest(client.readLine(kLongestRequest));
         if (request)
-            Answer(caller, *request);
+            Respond(client, *request);
         else
-            caller.write(LineOf(HostAnswer{kNotUnderstood, u"帳票ホストへの要求が正しくありません。"_s}));
+            client.write(LineOf(HostAnswer{kNotUnderstood, u"帳票ホストへの要求が正しくありません。"_s}));
     }
-    if (caller.bytesAvailable() > kLongestRequest) caller.abort();
+    if (client.bytesAvailable() > kLongestRequest) client.abort();
 }
 
-void HostService::Answer(QLocalSocket& caller, const HostRequest& request) {
+void HostService::Respond(QLocalSocket& client, const HostRequest& request) {
     if (request.verb == HostVerb::Release) return Release();
     HostAnswer answer;
     try {
         Dispatch(request);
-    } catch (const ReportFailure& failure) {
-        answer = {kReportFailed, failure.Reason()};
     } catch (const platform::RuntimeError& error) {
         answer = {error.Number(), platform::TextForPeople(error)};
     } catch (const std::exception& error) {
         answer = {kReportFailed, u"帳票を作成できません。（%1）"_s.arg(QString::fromUtf8(error.what()))};
     }
-    caller.write(LineOf(answer));
+    client.write(LineOf(answer));
     if (quitting_) {
-        caller.waitForBytesWritten(1000);
+        client.waitForBytesWritten(1000);
         Finished();
     }
 }
@@ -95,9 +92,9 @@ void HostService::Dispatch(const HostRequest& request) {
 void HostService::OpenReport(const HostRequest& request) {
     if (request.view != platform::kPrintReport && request.view != platform::kPreviewReport)
         throw ReportFailure(u"帳票の表示方法 %1 は使えません。"_s.arg(request.view));
-    std::unique_ptr<PreparedReport> report = make_(formsFile_, request.report);
-    if (request.view == platform::kPrintReport) return PrintReport(*report, request.report, formsFile_);
-    auto* window = new PreviewWindow(std::move(report), request.report, formsFile_);
+    std::unique_ptr<PreparedReport> report = make_(templateFile_, request.report);
+    if (request.view == platform::kPrintReport) return PrintReport(*report, request.report, templateFile_);
+    auto* window = new PreviewWindow(std::move(report), request.report, templateFile_);
     window->setAttribute(Qt::WA_DeleteOnClose);
     windows_.append(window);
     connect(window, &QObject::destroyed, this, [this, window] {
@@ -112,9 +109,9 @@ void HostService::OpenReport(const HostRequest& request) {
 /// A newer host serves the template file now. The windows of this one stay open.
 void HostService::Release() {
     acceptNotifier_->setEnabled(false);
-    door_.Close();
+    listener_.Close();
 }
 
 void HostService::QuitWhenIdle() {
-    if (callers_ == 0 && windows_.isEmpty() && Finished) Finished();
+    if (clients_ == 0 && windows_.isEmpty() && Finished) Finished();
 }

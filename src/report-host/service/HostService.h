@@ -19,9 +19,9 @@ class QSocketNotifier;
 /// `Finished` when no client is connected and no window is open any more, or when no client has connected at all.
 class HostService : public QObject {
   public:
-    using Maker = std::function<std::unique_ptr<PreparedReport>(const QString& formsFile, const QString& report)>;
+    using Maker = std::function<std::unique_ptr<PreparedReport>(const QString& templateFile, const QString& report)>;
 
-    HostService(HostListener& door, QString formsFile, Maker make);
+    HostService(HostListener& listener, QString templateFile, Maker make);
     ~HostService() override;
 
     std::function<void()> Finished;
@@ -30,20 +30,20 @@ class HostService : public QObject {
     static constexpr int kIdleTimeout = 60000;  // milliseconds
 
   private:
-    void TakeCallers();
-    void ReadRequests(QLocalSocket& caller);
-    void Answer(QLocalSocket& caller, const platform::HostRequest& request);
+    void AcceptClients();
+    void ReadRequests(QLocalSocket& client);
+    void Respond(QLocalSocket& client, const platform::HostRequest& request);
     void Dispatch(const platform::HostRequest& request);
     void OpenReport(const platform::HostRequest& request);
     void Release();
     void QuitWhenIdle();
 
-    HostListener& door_;
-    QString formsFile_;
+    HostListener& listener_;
+    QString templateFile_;
     Maker make_;
     QSocketNotifier* acceptNotifier_;
     QTimer timeout_;
-    int callers_ = 0;
+    int clients_ = 0;
     bool quitting_ = false;
     QList<PreviewWindow*> windows_;  ///< in the order of opening
 };

@@ -1,4 +1,4 @@
-#include "report-host/service/PrintQueue.h"
+#include "report-host/service/ReportOutput.h"
 
 #include <cups/cups.h>
 
@@ -32,13 +32,14 @@ class JobOptions {
     cups_option_t* options_ = nullptr;
 };
 
-QString SystemWords() { return QString::fromUtf8(cupsLastErrorString()); }
+QString CupsErrorText() { return QString::fromUtf8(cupsLastErrorString()); }
 
-constexpr int kPatience = 30000;  // milliseconds to connect to the print service
+constexpr int kConnectTimeout = 30000;  // milliseconds to connect to the print service
 
 Service Connect() {
     cupsSetServer(nullptr);  // drop the cached server; use the current environment and settings
-    Service service(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kPatience, nullptr));
+    Service service(
+        httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kConnectTimeout, nullptr));
     if (service == nullptr) throw ReportFailure(u"印刷サービスに接続できません。"_s);
     return service;
 }
@@ -60,7 +61,7 @@ Printer FindPrinter(http_t* service, const QString& named) {
         case IPP_STATUS_ERROR_FORBIDDEN:
             throw ReportFailure(u"プリンター「%1」を使う権限がありません。"_s.arg(printer));
         default:
-            throw ReportFailure(u"プリンター「%1」に印刷を渡せません。（%2）"_s.arg(printer, SystemWords()));
+            throw ReportFailure(u"プリンター「%1」に印刷を渡せません。（%2）"_s.arg(printer, CupsErrorText()));
     }
 }
 

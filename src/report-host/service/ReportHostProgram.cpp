@@ -32,15 +32,15 @@ int Refuse(const QString& reason) {
 // Usage: report-host TEMPLATE-FILE [/runtime]
 int main(int argc, char** argv) {
     // Must be first: the client connects once, 400 ms after starting us.
-    std::optional<HostListener> door;
-    const QString formsFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    if (!formsFile.isEmpty()) door.emplace(formsFile);
+    std::optional<HostListener> listener;
+    const QString templateFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    if (!templateFile.isEmpty()) listener.emplace(templateFile);
     DoWithoutDisplay();
     const SuiteApplication application(argc, argv);
     platform::Services().dialogs->defaultTitle = u"帳票"_s;
-    if (!door) return Refuse(u"帳票ファイルを指定してください。"_s);
-    if (!door->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s + door->Refusal());
-    HostService service(*door, formsFile, PrepareReport);
+    if (!listener) return Refuse(u"帳票ファイルを指定してください。"_s);
+    if (!listener->IsOpen()) return Refuse(u"帳票ホストの受付を開けません。"_s + listener->OpenError());
+    HostService service(*listener, templateFile, PrepareReport);
     service.Finished = [] { QCoreApplication::quit(); };
     platform::OnTerminationRequest([] { QCoreApplication::quit(); });
     return SuiteApplication::exec();

@@ -9,7 +9,6 @@
 #include "platform/ScratchFolder.h"
 #include "platform/Services.h"
 #include "report-host/layout/PreparedReport.h"
-#include "report-host/service/PrintQueue.h"
 #include "report-host/template/OutputTarget.h"
 
 using namespace Qt::StringLiterals;
@@ -26,20 +25,20 @@ QString FreeName(const QDir& folder, const QString& report) {
     }
 }
 
-void LeaveInFolder(PreparedReport& report, const QString& name, const QString& folder) {
+void SaveToFolder(PreparedReport& report, const QString& name, const QString& folder) {
     if (!QFileInfo(folder).isDir()) throw ReportFailure(u"出力先のフォルダ「%1」がありません。"_s.arg(folder));
     platform::RemoveScratchLeftovers(folder, kPrintFolderPrefix);
     // Written in a temporary folder and renamed: a program that watches the folder must never see a partial file, and
     // several users may print into it at the same time.
     const platform::ScratchFolder own(folder, kPrintFolderPrefix);
     if (!own.IsValid()) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(folder));
-    const QString growing = own.FilePath(u"report.pdf"_s);
-    WritePdf(report, growing);
-    if (!platform::ShareWithFolder(growing, folder))
+    const QString partial = own.FilePath(u"report.pdf"_s);
+    WritePdf(report, partial);
+    if (!platform::ShareWithFolder(partial, folder))
         throw ReportFailure(u"「%1」に置くファイルの権限を設定できません。"_s.arg(folder));
     for (;;) {
         const QString target = FreeName(QDir(folder), name);
-        if (QFile::rename(growing, target)) return;
+        if (QFile::rename(partial, target)) return;
         // Retry if another process has created a file of that name meanwhile.
         if (!QFileInfo::exists(target)) throw ReportFailure(u"「%1」に書き込めません。"_s.arg(target));
     }
@@ -56,10 +55,10 @@ void Print(PreparedReport& report, const QString& name, const QString& printer) 
 
 }  // namespace
 
-void PrintReport(PreparedReport& report, const QString& name, const QString& formsFile) {
-    const OutputTarget place = ReadOutputPlace(formsFile, name);
+void PrintReport(PreparedReport& report, const QString& name, const QString& templateFile) {
+    const OutputTarget place = ReadOutputTarget(templateFile, name);
     if (place.kind == OutputTarget::Kind::Folder)
-        LeaveInFolder(report, name, place.name);
+        SaveToFolder(report, name, place.name);
     else
         Print(report, name, place.name);
 }

@@ -16,11 +16,11 @@ struct KindName {
 const KindName kKindNames[] = {{OutputTarget::Kind::Printer, u"プリンター"_s},
                                {OutputTarget::Kind::Folder, u"フォルダ"_s}};
 
-database::Connection Open(const QString& formsFile, database::ConnectMode mode) {
+database::Connection Open(const QString& templateFile, database::ConnectMode mode) {
     database::Connection connection;
     connection.CursorLocation = database::CursorLocation::Client;
     connection.Mode = mode;
-    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;Data Source="_s + formsFile);
+    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;Data Source="_s + templateFile);
     return connection;
 }
 
@@ -41,9 +41,9 @@ OutputTarget PlaceOf(const database::Recordset& row) {
 
 }  // namespace
 
-OutputTarget ReadOutputPlace(const QString& formsFile, const QString& report) {
+OutputTarget ReadOutputTarget(const QString& templateFile, const QString& report) {
     try {
-        database::Connection connection = Open(formsFile, database::ConnectMode::Read);
+        database::Connection connection = Open(templateFile, database::ConnectMode::Read);
         if (!HasPlaces(connection)) return {};
         for (const QString& name : {report, u""_s}) {
             database::Recordset row;
@@ -56,8 +56,8 @@ OutputTarget ReadOutputPlace(const QString& formsFile, const QString& report) {
     }
 }
 
-void WriteOutputPlace(const QString& formsFile, const QString& report, const OutputTarget& place) {
-    database::Connection connection = Open(formsFile, database::ConnectMode::ReadWrite);
+void WriteOutputTarget(const QString& templateFile, const QString& report, const OutputTarget& place) {
+    database::Connection connection = Open(templateFile, database::ConnectMode::ReadWrite);
     connection.Execute(
         u"CREATE TABLE IF NOT EXISTS 出力先 (帳票 TEXT PRIMARY KEY, 種類 TEXT NOT NULL, 名前 TEXT NOT NULL)"_s);
     connection.Execute(u"DELETE FROM 出力先 WHERE 帳票 = "_s + Literal(report));

@@ -17,7 +17,7 @@ inline const QString kPrintFolderPrefix = QStringLiteral(".youin-meibo-print-");
 // all others. Without a row or without the table the default printer is used.
 
 /// Output target of a report. Throws ReportFailure if the template file can't be read or contains an unknown kind.
-OutputTarget ReadOutputPlace(const QString& formsFile, const QString& report);
+OutputTarget ReadOutputTarget(const QString& templateFile, const QString& report);
 /// Stores the target of a report; an empty `report` means all reports without a row. The default printer deletes the
 /// row. Throws database::DatabaseError.
-void WriteOutputPlace(const QString& formsFile, const QString& report, const OutputTarget& place);
+void WriteOutputTarget(const QString& templateFile, const QString& report, const OutputTarget& place);

@@ -1,12 +1,14 @@
-#include "report-host/template/TemplateCheck.h"
+#include "report-host/template/TemplateParser.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "report-host/template/TemplateLimits.h"
-#include "report-host/template/TextPattern.h"
+#include "report-host/template/TemplateDefinition.h"
+#include "report-host/template/TemplateValues.h"
 
 using namespace Qt::StringLiterals;
+
+// Part of TemplateParser.h: what needs the whole template.
 
 namespace report {
 
@@ -16,82 +18,84 @@ constexpr double kSlack = 0.001;  // millimetres, for rounding errors
 
 class Checker {
   public:
-    Checker(const FormDefinition& form, QList<TemplateError>& mistakes) : form_(form), mistakes_(mistakes) {}
+    Checker(const TemplateDefinition& definition, QList<TemplateError>& errors)
+        : template_(definition), errors_(errors) {}
 
     void Check() {
-        if (form_.page.isEmpty()) return Say(0, u"用紙がありません。"_s);
-        if (form_.detail.line == 0) return Say(0, u"明細がありません。"_s);
-        if (form_.detail.height <= 0) return;  // already reported for its line
+        if (template_.page.isEmpty()) return Report(0, u"用紙がありません。"_s);
+        if (template_.detail.line == 0) return Report(0, u"明細がありません。"_s);
+        if (template_.detail.height <= 0) return;  // already reported for its line
         CheckGrid();
         CheckRows();
-        const double cell = form_.grid ? form_.grid->pitchX : InnerWidth(form_);
-        for (const FormSection* section : {&form_.head, &form_.detail, &form_.foot})
-            for (const FormElement& element : section->elements)
-                CheckElement(element, {section == &form_.detail ? cell : InnerWidth(form_), section->height});
+        const double cell = template_.grid ? template_.grid->pitchX : InnerWidth(template_);
+        for (const TemplateSection* section : {&template_.head, &template_.detail, &template_.foot})
+            for (const TemplateElement& element : section->elements)
+                CheckElement(element, {section == &template_.detail ? cell : InnerWidth(template_), section->height});
     }
 
   private:
-    void Say(int line, const QString& reason) { mistakes_.append({line, reason}); }
+    void Report(int line, const QString& reason) { errors_.append({line, reason}); }
 
     void CheckRows() {
-        const int rows = RowsPerPage(form_);
-        if (rows < 1) Say(form_.detail.line, u"余白、頁頭、頁脚の間に明細が一つも収まりません。"_s);
-        const qint64 cells = qint64{rows} * (form_.grid ? form_.grid->CellsPerRow() : 1);
+        const int rows = RowsPerPage(template_);
+        if (rows < 1) Report(template_.detail.line, u"余白、頁頭、頁脚の間に明細が一つも収まりません。"_s);
+        const qint64 cells = qint64{rows} * (template_.grid ? template_.grid->CellsPerRow() : 1);
         if (cells > kMostCellsOfPage)
-            return Say(form_.detail.line, u"一頁の明細は %1 個までにしてください。"_s.arg(kMostCellsOfPage));
-        if (cells * form_.detail.elements.size() > kMostElementsOfPage)
-            Say(form_.detail.line, u"一頁に描く部品は %1 個までにしてください。"_s.arg(kMostElementsOfPage));
+            return Report(template_.detail.line, u"一頁の明細は %1 個までにしてください。"_s.arg(kMostCellsOfPage));
+        if (cells * template_.detail.elements.size() > kMostElementsOfPage)
+            Report(template_.detail.line, u"一頁に描く部品は %1 個までにしてください。"_s.arg(kMostElementsOfPage));
     }
 
     void CheckGrid() {
-        if (!form_.grid) return;
-        const CellGrid& grid = *form_.grid;
-        if (grid.pitchX <= 0 || grid.pitchY <= 0) return Say(grid.line, u"升目に横間隔と縦間隔がありません。"_s);
-        if (grid.across % grid.CellsPerRow() != 0) Say(grid.line, u"升目の横の数が項目の数で割り切れません。"_s);
-        if (form_.detail.height > grid.pitchY + kSlack)
-            Say(form_.detail.line, u"明細が升目の縦間隔より高くなっています。"_s);
+        if (!template_.grid) return;
+        const CellGrid& grid = *template_.grid;
+        if (grid.pitchX <= 0 || grid.pitchY <= 0) return Report(grid.line, u"升目に横間隔と縦間隔がありません。"_s);
+        if (grid.across % grid.CellsPerRow() != 0) Report(grid.line, u"升目の横の数が項目の数で割り切れません。"_s);
+        if (template_.detail.height > grid.pitchY + kSlack)
+            Report(template_.detail.line, u"明細が升目の縦間隔より高くなっています。"_s);
         const double right = grid.first.x() + (grid.across - 1) * grid.pitchX;
-        const double bottom = grid.first.y() + (grid.down - 1) * grid.pitchY + form_.detail.height;
-        if (right >= form_.page.width() || bottom > form_.page.height() + kSlack)
-            Say(grid.line, u"升目が用紙からはみ出しています。"_s);
+        const double bottom = grid.first.y() + (grid.down - 1) * grid.pitchY + template_.detail.height;
+        if (right >= template_.page.width() || bottom > template_.page.height() + kSlack)
+            Report(grid.line, u"升目が用紙からはみ出しています。"_s);
     }
 
-    void CheckElement(const FormElement& element, const QSizeF& room) {
+    void CheckElement(const TemplateElement& element, const QSizeF& available) {
         const QRectF box = element.place.normalized();
-        if (element.kind == ElementKind::DigitBoxes) CheckBoxes(element, room);
-        if (box.left() < -kSlack || box.top() < -kSlack || box.right() > room.width() + kSlack ||
-            box.bottom() > room.height() + kSlack)
-            Say(element.line, u"置き場所が幅 %1、高さ %2 の外に出ています。"_s.arg(room.width()).arg(room.height()));
+        if (element.kind == ElementKind::DigitBoxes) CheckBoxes(element, available);
+        if (box.left() < -kSlack || box.top() < -kSlack || box.right() > available.width() + kSlack ||
+            box.bottom() > available.height() + kSlack)
+            Report(element.line,
+                   u"置き場所が幅 %1、高さ %2 の外に出ています。"_s.arg(available.width()).arg(available.height()));
         if (element.style.leastPoints > element.style.points && element.style.fitting != Fitting::Cut &&
             element.kind == ElementKind::Text)
-            Say(element.line, u"最小が大きさより大きくなっています。"_s);
+            Report(element.line, u"最小が大きさより大きくなっています。"_s);
     }
 
-    void CheckBoxes(const FormElement& element, const QSizeF& room) {
-        if (element.lefts.isEmpty()) return Say(element.line, u"数字枠に左端がありません。"_s);
+    void CheckBoxes(const TemplateElement& element, const QSizeF& available) {
+        if (element.lefts.isEmpty()) return Report(element.line, u"数字枠に左端がありません。"_s);
         const auto [least, most] = std::minmax_element(element.lefts.begin(), element.lefts.end());
-        if (element.place.left() + *least < -kSlack || element.place.right() + *most > room.width() + kSlack)
-            Say(element.line, u"数字枠の左端が幅 %1 の外に出ています。"_s.arg(room.width()));
+        if (element.place.left() + *least < -kSlack || element.place.right() + *most > available.width() + kSlack)
+            Report(element.line, u"数字枠の左端が幅 %1 の外に出ています。"_s.arg(available.width()));
     }
 
-    const FormDefinition& form_;
-    QList<TemplateError>& mistakes_;
+    const TemplateDefinition& template_;
+    QList<TemplateError>& errors_;
 };
 
 class ColumnList {
   public:
-    ColumnList(const FormDefinition& form, const QStringList& table, QList<TemplateError>& mistakes)
-        : prefixes_(form.grid ? form.grid->prefixes : QStringList()), table_(table), mistakes_(mistakes) {}
+    ColumnList(const TemplateDefinition& definition, const QStringList& table, QList<TemplateError>& errors)
+        : prefixes_(definition.grid ? definition.grid->prefixes : QStringList()), table_(table), errors_(errors) {}
 
     void Add(const QString& name, int line, bool inDetail) {
         bool found = false;
         if (inDetail)
             for (const QString& prefix : prefixes_) found |= Take(prefix + name);
-        if (!found && !Take(name)) mistakes_.append({line, u"表に列「%1」がありません。"_s.arg(name)});
+        if (!found && !Take(name)) errors_.append({line, u"表に列「%1」がありません。"_s.arg(name)});
     }
 
-    void AddSection(const FormSection& section, bool isDetail) {
-        for (const FormElement& element : section.elements) {
+    void AddSection(const TemplateSection& section, bool isDetail) {
+        for (const TemplateElement& element : section.elements) {
             for (const TextPiece& piece : element.text)
                 if (piece.isField && !IsRunningValue(piece.text)) Add(piece.text, element.line, isDetail);
             if (!element.onlyWith.isEmpty()) Add(element.onlyWith, element.line, isDetail);
@@ -109,42 +113,54 @@ class ColumnList {
 
     QStringList prefixes_, columns_;
     const QStringList& table_;
-    QList<TemplateError>& mistakes_;
+    QList<TemplateError>& errors_;
 };
 
-void SortByLine(QList<TemplateError>& mistakes) {
-    std::stable_sort(mistakes.begin(), mistakes.end(),
-                     [](const TemplateError& a, const TemplateError& b) { return a.line < b.line; });
+void SortByLine(QList<TemplateError>& errors) {
+    std::stable_sort(errors.begin(), errors.end(),
+                     [](const TemplateError& a, const TemplateError& b) { return a.Line() < b.Line(); });
 }
 
 }  // namespace
 
-void CheckForm(const FormDefinition& form, QList<TemplateError>& mistakes) {
-    Checker(form, mistakes).Check();
-    SortByLine(mistakes);
+void CheckTemplate(const TemplateDefinition& definition, QList<TemplateError>& errors) {
+    Checker(definition, errors).Check();
+    SortByLine(errors);
 }
 
-QStringList NeededColumns(const FormDefinition& form, const QStringList& table, QList<TemplateError>& mistakes) {
-    ColumnList list(form, table, mistakes);
-    list.AddSection(form.head, false);
-    list.AddSection(form.detail, true);
-    list.AddSection(form.foot, false);
-    for (const QString& name : form.order)
-        if (!table.contains(name)) mistakes.append({0, u"並びの列「%1」が表にありません。"_s.arg(name)});
-    SortByLine(mistakes);
+QStringList NeededColumns(const TemplateDefinition& definition, const QStringList& table,
+                          QList<TemplateError>& errors) {
+    ColumnList list(definition, table, errors);
+    list.AddSection(definition.head, false);
+    list.AddSection(definition.detail, true);
+    list.AddSection(definition.foot, false);
+    for (const QString& name : definition.order)
+        if (!table.contains(name)) errors.append({0, u"並びの列「%1」が表にありません。"_s.arg(name)});
+    SortByLine(errors);
     return list.Columns();
 }
 
-double InnerWidth(const FormDefinition& form) { return form.page.width() - form.margins.left() - form.margins.right(); }
+double InnerWidth(const TemplateDefinition& definition) {
+    return definition.page.width() - definition.margins.left() - definition.margins.right();
+}
 
-int RowsPerPage(const FormDefinition& form) {
-    if (form.detail.height <= 0) return 0;
-    if (form.grid) return form.grid->across * form.grid->down / form.grid->CellsPerRow();
-    const double room =
-        form.page.height() - form.margins.top() - form.margins.bottom() - form.head.height - form.foot.height;
+int RowsPerPage(const TemplateDefinition& definition) {
+    if (definition.detail.height <= 0) return 0;
+    if (definition.grid) return definition.grid->across * definition.grid->down / definition.grid->CellsPerRow();
+    const double available = definition.page.height() - definition.margins.top() - definition.margins.bottom() -
+                             definition.head.height - definition.foot.height;
     // Limits the value so that the conversion to int is defined.
     constexpr double kMost = 1e6;
-    return static_cast<int>(std::floor(std::clamp((room + kSlack) / form.detail.height, 0.0, kMost)));
+    return static_cast<int>(std::floor(std::clamp((available + kSlack) / definition.detail.height, 0.0, kMost)));
+}
+
+QString EraDate(QDate day, const QList<EraStart>& eras) {
+    const EraStart* newest = nullptr;
+    for (const EraStart& era : eras)
+        if (era.day <= day && (!newest || newest->day < era.day)) newest = &era;
+    const QString year = newest ? newest->name + u"%1"_s.arg(day.year() - newest->day.year() + 1, 2, 10, QChar(u'0'))
+                                : QString::number(day.year());
+    return year + day.toString(u"年MM月dd日"_s);
 }
 
 }  // namespace report

@@ -16,7 +16,7 @@
 
 namespace report {
 
-/// Part of a text: literal text, or the name of a column or built-in field (see TextPattern.h).
+/// Part of a text: literal text, or the name of a column or built-in field (see TemplateValues.h).
 struct TextPiece {
     bool isField = false;
     QString text;
@@ -44,7 +44,7 @@ struct TextStyle {
 
 enum class ElementKind { Text, Line, Frame, Picture, DigitBoxes };
 
-struct FormElement {
+struct TemplateElement {
     ElementKind kind = ElementKind::Text;
     int line = 0;      ///< line number in the template, for error messages
     QRectF place;      ///< relative to the section; for a line its end points
@@ -58,10 +58,10 @@ struct FormElement {
 };
 
 /// Page header, page footer or one row. Height 0: not present.
-struct FormSection {
+struct TemplateSection {
     int line = 0;
     double height = 0;
-    QList<FormElement> elements;
+    QList<TemplateElement> elements;
 };
 
 /// Rows in a grid of cells, as on a label sheet, instead of one below the other.
@@ -81,16 +81,27 @@ struct EraStart {
     QString name;
 };
 
-struct FormDefinition {
+struct TemplateDefinition {
     QSizeF page;
     QMarginsF margins;
     QPointF offset;  ///< added to all positions, to correct the printer's offset
     QString table;   ///< linked table; empty: the one with the template's name
     QStringList order;
     QList<EraStart> eras;
-    FormSection head, detail, foot;
+    TemplateSection head, detail, foot;
     QColor stripe;  ///< background of every second row; invalid: none
     std::optional<CellGrid> grid;
 };
+
+// Limits on templates. Far above any practical template; they bound time and memory for a page.
+inline constexpr qsizetype kMostTemplateText = 1'000'000;  ///< characters of a template
+inline constexpr qsizetype kMostTemplateLines = 10'000;
+inline constexpr int kMostElements = 1'000;     ///< texts, lines, frames and pictures of a template
+inline constexpr int kMostCellsOfPage = 2'000;  ///< rows on a page, or cells if a row fills several
+inline constexpr int kMostElementsOfPage = 100'000;
+inline constexpr qsizetype kMostDigitBoxes = 100;
+inline constexpr qsizetype kMostCharacters = 20'000;  ///< of a single text; longer text is truncated with "…"
+inline constexpr double kLeastPoints = 0.5;
+inline constexpr double kLeastLineStep = 0.1;
 
 }  // namespace report

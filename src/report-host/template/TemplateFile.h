@@ -7,6 +7,8 @@
 
 #include "database/DatabaseTypes.h"
 #include "database/sqlite/SqliteHandle.h"
+#include "report-host/template/ReportErrors.h"
+#include "report-host/template/TemplateDefinition.h"
 
 namespace report {
 
@@ -23,21 +25,38 @@ struct LinkedTable {
 /// The template file (repfrmdb): templates in table 帳票 (名称, 定義), linked tables in リンクテーブル (名称,
 /// 元テーブル, 接続, 属性). All members throw database::DatabaseError; if the file can't be opened, with a Japanese
 /// description.
-class FormsFile {
+class TemplateFile {
   public:
-    explicit FormsFile(const QString& path, database::ConnectMode mode = database::ConnectMode::Read);
+    explicit TemplateFile(const QString& path, database::ConnectMode mode = database::ConnectMode::Read);
 
     /// Names of the templates, in the order of creation.
     QStringList Names() const;
     /// Text of a template; nullopt if it does not exist.
-    std::optional<QString> Form(const QString& name) const;
+    std::optional<QString> Template(const QString& name) const;
     /// Inserts or replaces a template.
-    void StoreForm(const QString& name, const QString& text);
+    void StoreTemplate(const QString& name, const QString& text);
     /// A linked table by name; nullopt if it does not exist.
     std::optional<LinkedTable> Link(const QString& name) const;
 
   private:
     database::SqliteDatabase database_;
 };
+
+/// Name of the linked table that a template reads: the one it names, otherwise the report's name.
+QString TableOfTemplate(const TemplateDefinition& definition, const QString& report);
+
+/// Opens the database file of a linked table for reading. Throws database::DatabaseError.
+database::SqliteDatabase OpenLinked(const LinkedTable& link);
+
+/// All errors that keep `text` from working as template of `report`: syntax errors, a missing or broken linked table,
+/// unknown columns. Nothing is stored.
+QList<TemplateError> TemplateErrorsOf(const TemplateFile& file, const QString& report, const QString& text);
+
+/// Names of the built-in templates: staff list, envelope, postcard, label sheet. Each reads the work table of the same
+/// name.
+QStringList StandardTemplateNames();
+
+/// Text of a built-in template; empty for an unknown name.
+QString StandardTemplate(const QString& name);
 
 }  // namespace report

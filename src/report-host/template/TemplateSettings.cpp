@@ -1,10 +1,12 @@
-#include "report-host/template/TemplateSettings.h"
+#include "report-host/template/TemplateSyntax.h"
 
 #include <QSet>
 #include <algorithm>
 
-#include "report-host/template/TemplateLimits.h"
+#include "report-host/template/TemplateDefinition.h"
 #include "report-host/template/TemplateValues.h"
+
+// Part of TemplateSyntax.h: the settings of a line.
 
 using namespace Qt::StringLiterals;
 
@@ -38,16 +40,16 @@ struct SettingRule {
     Apply apply;
 };
 
-CellGrid& Grid(SettingTarget& t) { return *t.form.grid; }
+CellGrid& Grid(SettingTarget& t) { return *t.definition.grid; }
 
 const SettingRule kRules[] = {
-    {u"用紙", u"横", true, [](auto& t, auto&, auto&) { t.form.page.transpose(); }},
-    {u"余白", u"左", false, [](auto& t, auto& v, auto& w) { t.form.margins.setLeft(ReadNumber(v, w)); }},
-    {u"余白", u"上", false, [](auto& t, auto& v, auto& w) { t.form.margins.setTop(ReadNumber(v, w)); }},
-    {u"余白", u"右", false, [](auto& t, auto& v, auto& w) { t.form.margins.setRight(ReadNumber(v, w)); }},
-    {u"余白", u"下", false, [](auto& t, auto& v, auto& w) { t.form.margins.setBottom(ReadNumber(v, w)); }},
-    {u"補正", u"右", false, [](auto& t, auto& v, auto& w) { t.form.offset.setX(ReadNumber(v, w)); }},
-    {u"補正", u"下", false, [](auto& t, auto& v, auto& w) { t.form.offset.setY(ReadNumber(v, w)); }},
+    {u"用紙", u"横", true, [](auto& t, auto&, auto&) { t.definition.page.transpose(); }},
+    {u"余白", u"左", false, [](auto& t, auto& v, auto& w) { t.definition.margins.setLeft(ReadNumber(v, w)); }},
+    {u"余白", u"上", false, [](auto& t, auto& v, auto& w) { t.definition.margins.setTop(ReadNumber(v, w)); }},
+    {u"余白", u"右", false, [](auto& t, auto& v, auto& w) { t.definition.margins.setRight(ReadNumber(v, w)); }},
+    {u"余白", u"下", false, [](auto& t, auto& v, auto& w) { t.definition.margins.setBottom(ReadNumber(v, w)); }},
+    {u"補正", u"右", false, [](auto& t, auto& v, auto& w) { t.definition.offset.setX(ReadNumber(v, w)); }},
+    {u"補正", u"下", false, [](auto& t, auto& v, auto& w) { t.definition.offset.setY(ReadNumber(v, w)); }},
     {u"升目", u"横", false, [](auto& t, auto& v, auto& w) { Grid(t).across = ReadCount(v, w); }},
     {u"升目", u"縦", false, [](auto& t, auto& v, auto& w) { Grid(t).down = ReadCount(v, w); }},
     {u"升目", u"左", false, [](auto& t, auto& v, auto& w) { Grid(t).first.setX(ReadNumber(v, w)); }},
@@ -55,7 +57,7 @@ const SettingRule kRules[] = {
     {u"升目", u"横間隔", false, [](auto& t, auto& v, auto& w) { Grid(t).pitchX = ReadLength(v, w); }},
     {u"升目", u"縦間隔", false, [](auto& t, auto& v, auto& w) { Grid(t).pitchY = ReadLength(v, w); }},
     {u"升目", u"項目", false, [](auto& t, auto& v, auto&) { Grid(t).prefixes = v.split(u','); }},
-    {u"明細", u"縞", false, [](auto& t, auto& v, auto& w) { t.form.stripe = ReadColour(v, w); }},
+    {u"明細", u"縞", false, [](auto& t, auto& v, auto& w) { t.definition.stripe = ReadColour(v, w); }},
     {u"文字 数字枠", u"書体", false, [](auto& t, auto& v, auto&) { t.element.style.face = ReadFace(v); }},
     {u"文字 数字枠", u"大きさ", false, [](auto& t, auto& v, auto& w) { t.element.style.points = ReadPoints(v, w); }},
     {u"文字", u"最小", false, [](auto& t, auto& v, auto& w) { t.element.style.leastPoints = ReadPoints(v, w); }},
@@ -90,7 +92,7 @@ SuiteFace ReadFace(const QString& text) { return ReadChoice(text, u"書体"_s, k
 
 void ApplySettings(const TemplateToken& line, qsizetype firstWord, SettingTarget target) {
     QSet<QString> seen;
-    for (const FormWord& word : line.words.mid(firstWord)) {
+    for (const TemplateWord& word : line.words.mid(firstWord)) {
         const QString name = word.IsSetting() ? word.name : word.text;
         const SettingRule* rule = word.quoted && !word.IsSetting() ? nullptr : FindRule(line.command, name);
         if (!rule) throw TemplateError{0, u"%1に「%2」という指定はありません。"_s.arg(line.command, name)};

@@ -1,4 +1,6 @@
-#include "report-host/template/TemplateToken.h"
+#include "report-host/template/TemplateSyntax.h"
+
+// Part of TemplateSyntax.h: the words of a line.
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +14,10 @@ class WordReader {
   public:
     WordReader(const QString& text, int number) : text_(text), number_(number) {}
 
-    std::optional<FormWord> Next() {
+    std::optional<TemplateWord> Next() {
         while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
         if (at_ == text_.size() || text_[at_] == u'#') return std::nullopt;
-        FormWord word;
+        TemplateWord word;
         if (text_[at_] == u'"') {
             ReadQuoted(word);
             return word;
@@ -37,7 +39,7 @@ class WordReader {
     }
 
   private:
-    void ReadQuoted(FormWord& word) {
+    void ReadQuoted(TemplateWord& word) {
         word.quoted = true;
         for (++at_; at_ < text_.size(); ++at_) {
             if (text_[at_] == u'"' && at_ + 1 < text_.size() && text_[at_ + 1] == u'"')
@@ -59,13 +61,13 @@ class WordReader {
 
 }  // namespace
 
-std::optional<TemplateToken> ReadFormLine(const QString& text, int number) {
+std::optional<TemplateToken> ReadTemplateLine(const QString& text, int number) {
     WordReader reader(text, number);
-    const std::optional<FormWord> command = reader.Next();
+    const std::optional<TemplateWord> command = reader.Next();
     if (!command) return std::nullopt;
     if (command->quoted || command->IsSetting()) throw TemplateError{number, u"行が命令で始まっていません。"_s};
     TemplateToken line{number, command->text, {}};
-    while (const std::optional<FormWord> word = reader.Next()) line.words.append(*word);
+    while (const std::optional<TemplateWord> word = reader.Next()) line.words.append(*word);
     return line;
 }
 

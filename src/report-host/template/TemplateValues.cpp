@@ -2,9 +2,11 @@
 
 #include <QRegularExpression>
 #include <QStringList>
+#include <algorithm>
 #include <cmath>
 
-#include "report-host/template/TemplateLimits.h"
+#include "report-host/template/ReportErrors.h"
+#include "report-host/template/TemplateDefinition.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +21,14 @@ struct NamedColour {
     QRgb value;
 };
 constexpr NamedColour kColours[] = {{u"黒", 0xFF000000}, {u"白", 0xFFFFFFFF}, {u"灰", 0xFF808080}, {u"朱", 0xFFE2442C}};
+
+void AddLiteral(TextPattern& pattern, QStringView text) {
+    if (text.isEmpty()) return;
+    if (!pattern.isEmpty() && !pattern.last().isField)
+        pattern.last().text += text;
+    else
+        pattern.append({false, text.toString()});
+}
 
 }  // namespace
 
@@ -82,6 +92,33 @@ QDate ReadDay(const QString& text, const QString& what) {
     const QDate day = QDate::fromString(text, u"yyyyMMdd"_s);
     if (!day.isValid()) throw TemplateError{0, u"%1「%2」は日付（8 桁の年月日）ではありません。"_s.arg(what, text)};
     return day;
+}
+
+TextPattern ReadPattern(const QString& text) {
+    TextPattern pattern;
+    qsizetype at = 0;
+    while (at < text.size()) {
+        const qsizetype open = text.indexOf(u'[', at);
+        if (open < 0) break;
+        AddLiteral(pattern, QStringView(text).mid(at, open - at));
+        if (text.mid(open, 2) == u"[["_s) {
+            AddLiteral(pattern, u"[");
+            at = open + 2;
+            continue;
+        }
+        const qsizetype close = text.indexOf(u']', open);
+        if (close < 0) throw TemplateError{0, u"「[」が「]」で閉じていません。"_s};
+        if (close == open + 1) throw TemplateError{0, u"「[]」の中に列の名前がありません。"_s};
+        pattern.append({true, text.mid(open + 1, close - open - 1)});
+        at = close + 1;
+    }
+    AddLiteral(pattern, QStringView(text).mid(at));
+    return pattern;
+}
+
+bool IsRunningValue(const QString& name) {
+    return std::find(std::begin(kRunningValues), std::end(kRunningValues), QStringView(name)) !=
+           std::end(kRunningValues);
 }
 
 }  // namespace report

@@ -1,12 +1,7 @@
 #pragma once
 
-#include <QColor>
-#include <QDate>
-#include <QList>
-#include <QPointF>
-#include <QSizeF>
-
-#include "report-host/template/TemplateError.h"
+#include "report-host/template/ReportErrors.h"
+#include "report-host/template/TemplateDefinition.h"
 
 // Parsers for the values in a template. `what` is the name of the value for the error message. All throw TemplateError
 // without a line number.
@@ -31,6 +26,14 @@ QList<double> ReadNumbers(const QString& text, const QString& what);
 QColor ReadColour(const QString& text, const QString& what);
 /// "yyyymmdd"
 QDate ReadDay(const QString& text, const QString& what);
+
+/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket. Throws TemplateError without a line number.
+TextPattern ReadPattern(const QString& text);
+
+/// Names of the built-in fields, available in every template: page, number of pages, number of rows, number of the row,
+/// date of today, line break.
+inline constexpr QStringView kRunningValues[] = {u"頁", u"総頁", u"件数", u"番号", u"本日", u"改行"};
+bool IsRunningValue(const QString& name);
 
 /// The value of a word in a table of {word, value}; the error message lists all words.
 template <typename Table>

@@ -31,12 +31,11 @@ QStringList FaultsIn(const QString& folder, const QString& prefix, const QString
 QStringList OutputFolders(const QString& formsFile) {
     QStringList folders;
     try {
-        for (const QString& report : QStringList{QString()} + report::FormsFile(formsFile).Names())
-            if (const OutputTarget place = ReadOutputPlace(formsFile, report); place.kind == OutputTarget::Kind::Folder)
+        for (const QString& report : QStringList{QString()} + report::TemplateFile(formsFile).Names())
+            if (const OutputTarget place = ReadOutputTarget(formsFile, report);
+                place.kind == OutputTarget::Kind::Folder)
                 folders.append(place.name);
     } catch (const platform::RuntimeError&) {
-        return folders;
-    } catch (const ReportFailure&) {
         return folders;
     }
     return folders;

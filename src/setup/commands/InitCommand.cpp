@@ -15,7 +15,7 @@ namespace setup {
 namespace {
 
 void ShowTrialPeople(const QString& root, FileKind kind, const Console& console) {
-    const QString general = root + u"/data/gnrdb"_s + (kind == kMdb ? u".mdb"_s : u".accdb"_s);
+    const QString general = root + u"/data/gnrdb"_s + (kind == FileKind::Mdb ? u".mdb"_s : u".accdb"_s);
     console.out << u"起動すると暗証番号を尋ねます。次の要員で試せます。\n"_s;
     for (const QString& line : TrialPeople(general, root + u"/conf/"_s + platform::PinKeyFileName()))
         console.out << u"  "_s << line << u'\n';
@@ -41,7 +41,7 @@ void CreateInstallation(const Arguments& arguments, const Console& console) {
     request.programFolder = console.programFolder;
     request.staff = static_cast<int>(arguments.Number(option::kStaff, request.staff, 1, 99999));
     request.seed = static_cast<quint64>(arguments.Number(option::kSeed, 1, 0, std::numeric_limits<qint64>::max()));
-    request.kind = arguments.Choice(option::kKind, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? kMdb : kAccdb;
+    request.kind = arguments.Choice(option::kKind, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? FileKind::Mdb : FileKind::Accdb;
     request.installKind = arguments.Choice(option::kInstallKind, {u"0"_s, u"1"_s}).toInt();
     request.askPins = arguments.Has(option::kPin);
     request.replace = arguments.Has(option::kReplace);

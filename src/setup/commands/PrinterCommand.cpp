@@ -45,9 +45,9 @@ QString Words(const OutputTarget& place) {
 
 void Show(const QString& file, const QString& report, const Console& console) {
     try {
-        console.out << file << u": "_s << Words(ReadOutputPlace(file, report)) << u'\n';
+        console.out << file << u": "_s << Words(ReadOutputTarget(file, report)) << u'\n';
     } catch (const ReportFailure& failure) {
-        throw platform::RuntimeError(kWorkFailed, failure.Reason());
+        throw platform::RuntimeError(kWorkFailed, failure.Description());
     }
 }
 
@@ -63,7 +63,7 @@ void ChoosePrinter(const Arguments& arguments, const Console& console) {
     const QString report = arguments.Value(option::kReport);
     const OutputTarget place = PlaceFrom(arguments);
     for (const QString& file : files) {
-        if (choices == 1) WriteOutputPlace(file, report, place);
+        if (choices == 1) WriteOutputTarget(file, report, place);
         Show(file, report, console);
     }
 }

@@ -7,9 +7,8 @@
 
 #include "platform/AtomicFile.h"
 #include "report-host/layout/PreparedReport.h"
-#include "report-host/template/TemplateCheck.h"
 #include "report-host/template/TemplateFile.h"
-#include "report-host/template/TemplateOfReport.h"
+#include "report-host/template/TemplateParser.h"
 #include "setup/UsageError.h"
 #include "setup/storage/Installer.h"
 
@@ -41,10 +40,10 @@ QString TextFileOf(const Arguments& arguments, const QString& form) {
 }
 
 /// The named template, which must exist, or all templates.
-QStringList ChosenTemplates(const Arguments& arguments, const report::FormsFile& file) {
+QStringList ChosenTemplates(const Arguments& arguments, const report::TemplateFile& file) {
     const QString name = arguments.Operand(1);
     if (name.isEmpty()) return file.Names();
-    if (!file.Form(name)) throw UsageError(u"帳票「%1」はありません。"_s.arg(name));
+    if (!file.Template(name)) throw UsageError(u"帳票「%1」はありません。"_s.arg(name));
     return {name};
 }
 
@@ -60,8 +59,8 @@ QString ReadText(const QString& path) {
 }
 
 /// Prints the errors of a template text, stored or to be imported under `name`. Returns their number.
-qsizetype PrintErrors(const report::FormsFile& file, const QString& name, const QString& text, QTextStream& out) {
-    const QList<report::TemplateError> errors = report::MistakesOf(file, name, text);
+qsizetype PrintErrors(const report::TemplateFile& file, const QString& name, const QString& text, QTextStream& out) {
+    const QList<report::TemplateError> errors = report::TemplateErrorsOf(file, name, text);
     for (const report::TemplateError& error : errors) out << name << u": "_s << error.Text() << u'\n';
     return errors.size();
 }
@@ -69,16 +68,16 @@ qsizetype PrintErrors(const report::FormsFile& file, const QString& name, const 
 }  // namespace
 
 void ExportTemplates(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(TemplateFilePath(arguments));
+    const report::TemplateFile file(TemplateFilePath(arguments));
     for (const QString& name : ChosenTemplates(arguments, file)) {
         const QString path = TextFileOf(arguments, name);
-        WriteText(path, *file.Form(name));
+        WriteText(path, *file.Template(name));
         console.out << path << u'\n';
     }
 }
 
 void ImportTemplates(const Arguments& arguments, const Console& console) {
-    report::FormsFile file(TemplateFilePath(arguments), database::ConnectMode::ReadWrite);
+    report::TemplateFile file(TemplateFilePath(arguments), database::ConnectMode::ReadWrite);
     QStringList names;
     if (const QString asked = arguments.Operand(1); !asked.isEmpty())
         names.append(asked);
@@ -94,16 +93,16 @@ void ImportTemplates(const Arguments& arguments, const Console& console) {
     }
     if (errors > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(errors));
     for (qsizetype i = 0; i < names.size(); ++i) {
-        file.StoreForm(names[i], texts[i]);
+        file.StoreTemplate(names[i], texts[i]);
         console.out << u"帳票「%1」を取り込みました。\n"_s.arg(names[i]);
     }
 }
 
 void CheckTemplates(const Arguments& arguments, const Console& console) {
-    const report::FormsFile file(TemplateFilePath(arguments));
+    const report::TemplateFile file(TemplateFilePath(arguments));
     qsizetype errors = 0;
     for (const QString& name : ChosenTemplates(arguments, file)) {
-        const qsizetype found = PrintErrors(file, name, *file.Form(name), console.out);
+        const qsizetype found = PrintErrors(file, name, *file.Template(name), console.out);
         if (found == 0) console.out << name << u": 誤りはありません。\n"_s;
         errors += found;
     }
@@ -118,7 +117,7 @@ void RenderReport(const Arguments& arguments, const Console& console) {
         WritePdf(*prepared, pdf);
         console.out << u"%1（%2 頁）\n"_s.arg(pdf).arg(prepared->PageCount());
     } catch (const ReportFailure& failure) {
-        Fail(failure.Reason());
+        Fail(failure.Description());
     }
 }
 

@@ -5,7 +5,7 @@
 #include "database/LinkedTables.h"
 #include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteQuery.h"
-#include "report-host/template/StandardTemplates.h"
+#include "report-host/template/TemplateFile.h"
 #include "setup/schema/TableStatements.h"
 
 using namespace Qt::StringLiterals;
@@ -76,8 +76,8 @@ QStringList RenewSchema(sqlite3* database, DatabaseKind store) {
 
 QStringList AddMissingForms(sqlite3* database, const QString& workTables) {
     QStringList added;
-    for (const QString& name : report::StandardFormNames()) {
-        const bool form = AddRow(database, u"帳票"_s, {u"名称"_s, u"定義"_s}, {name, report::StandardForm(name)});
+    for (const QString& name : report::StandardTemplateNames()) {
+        const bool form = AddRow(database, u"帳票"_s, {u"名称"_s, u"定義"_s}, {name, report::StandardTemplate(name)});
         const bool link =
             AddRow(database, u"リンクテーブル"_s, {u"名称"_s, u"元テーブル"_s, u"接続"_s, u"属性"_s},
                    {name, name, database::ConnectTextOf(workTables), QString::number(database::kLinkedTable)});

@@ -1,7 +1,7 @@
 #include "setup/schema/TemplateStore.h"
 
 #include "database/LinkedTables.h"
-#include "report-host/template/StandardTemplates.h"
+#include "report-host/template/TemplateFile.h"
 #include "setup/schema/DatabaseFileWriter.h"
 
 using namespace Qt::StringLiterals;
@@ -12,8 +12,8 @@ void WriteStandardForms(const QString& path, const QString& reportDatabase) {
     DatabaseFileWriter store(path, DatabaseKind::Forms);
     {
         TableWriter forms(store, u"帳票"_s), links(store, u"リンクテーブル"_s);
-        for (const QString& name : report::StandardFormNames()) {
-            forms.Set(u"名称"_s, name).Set(u"定義"_s, report::StandardForm(name)).Add();
+        for (const QString& name : report::StandardTemplateNames()) {
+            forms.Set(u"名称"_s, name).Set(u"定義"_s, report::StandardTemplate(name)).Add();
             links.Set(u"名称"_s, name)
                 .Set(u"元テーブル"_s, name)
                 .Set(u"接続"_s, database::ConnectTextOf(reportDatabase))
