@@ -8,9 +8,11 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <cstring>
 
 #include "platform/FileRights.h"
 #include "support/FileBytes.h"
+#include "support/FileSizeLimit.h"
 
 using namespace Qt::StringLiterals;
 using platform::ScratchFolder;
@@ -68,6 +70,14 @@ TEST_F(ScratchFolders, FailureIsReported) {
     const ScratchFolder work(parent.filePath(u"missing"_s), kPrefix);
     EXPECT_FALSE(work.IsValid());
     EXPECT_EQ(work.Error(), QString::fromLocal8Bit(::strerror(ENOENT)));
+}
+
+TEST_F(ScratchFolders, FullDiskIsReported) {
+    const FileSizeLimit full(0);
+    const ScratchFolder work(parent.path(), kPrefix, "note");
+    EXPECT_FALSE(work.IsValid());
+    EXPECT_EQ(work.Error(), QString::fromLocal8Bit(::strerror(EFBIG)));
+    EXPECT_EQ(Entries(), QStringList());
 }
 
 TEST_F(ScratchFolders, LeftoversOfKilledProcessesAreFoundWithTheirNotesAndRemoved) {

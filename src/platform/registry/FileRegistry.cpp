@@ -56,9 +56,14 @@ constexpr auto kReadableByAll =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
 
+/// Creates the folder and its missing parents.
 bool MakeFolder(const QString& folder, bool forAll) {
-    if (QFileInfo(folder).isDir()) return true;
-    return QDir().mkpath(folder) && (!forAll || QFile::setPermissions(folder, kPassableByAll));
+    const QFileInfo wanted(folder);
+    if (wanted.isDir()) return true;
+    if (!MakeFolder(wanted.path(), forAll)) return false;
+    // Another program may create it at the same time.
+    if (!QDir().mkdir(folder)) return wanted.isDir();
+    return !forAll || QFile::setPermissions(folder, kPassableByAll);
 }
 
 }  // namespace
