@@ -69,6 +69,25 @@ TEST(LimitedProcesses, ProcessorTimeIsLimited) {
     EXPECT_TRUE(process.TimedOut());
 }
 
+TEST(LimitedProcesses, IgnoringTheSignalOfTheLimitIsATimeoutToo) {
+    LimitedProcess process(kShell, {u"-c"_s, u"trap '' XCPU; while :; do :; done"_s}, {.cpuSeconds = 1});
+    EXPECT_EQ(process.Read(1), QByteArray());
+    EXPECT_TRUE(process.TimedOut());
+}
+
+TEST(LimitedProcesses, BeingKilledIsNoTimeout) {
+    LimitedProcess process(kShell, {u"-c"_s, u"kill -KILL $$"_s}, {});
+    EXPECT_EQ(process.Read(1), QByteArray());
+    EXPECT_FALSE(process.TimedOut());
+}
+
+TEST(LimitedProcesses, WaitingForInputToBeTakenCountsForTheTimeout) {
+    LimitedProcess process(kShell, {u"-c"_s, u"while head -c 65536 > /dev/null; do sleep 0.1; done"_s},
+                           {.waitMilliseconds = 1000});
+    process.Write(QByteArray(4 << 20, 'x'));
+    EXPECT_TRUE(process.TimedOut());
+}
+
 TEST(LimitedProcesses, AProgramThatIsMissingDoesNotStart) {
     LimitedProcess process(u"/nowhere"_s, {}, {});
     EXPECT_FALSE(process.Started());
