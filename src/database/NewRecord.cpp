@@ -31,6 +31,11 @@ void NewRecord::WriteToTable() {
     inWork_ = false;
 }
 
+void NewRecord::Leave() {
+    if (inWork_) WriteToTable();
+    exists_ = false;
+}
+
 const ResultTable& NewRecord::AsTable() {
     if (view_ != nullptr) return *view_;
     view_ = std::make_unique<ResultTable>(rows_->SharedColumns());

@@ -59,12 +59,19 @@ const ResultTable& Recordset::OpenTable() const {
 }
 
 // There is no MovePrevious: only an empty result is ever at BOF.
-bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0; }
+bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0 && !AtAddedRecord(); }
 
-bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount(); }
+bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount() && !AtAddedRecord(); }
+
+bool Recordset::AtAddedRecord() const { return newRecord_ != nullptr && newRecord_->Exists(); }
 
 void Recordset::MoveNext() {
     if (AtEOF()) RaiseNoRecord();
+    if (AtAddedRecord()) {
+        newRecord_->Leave();
+        row_ = table_->RowCount();
+        return;
+    }
     ++row_;
     // If the provider has cached the result, others may still read its rows.
     if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
@@ -90,7 +97,7 @@ const QString& Recordset::FieldType(int column) const { return OpenTable().Colum
 
 Field Recordset::FieldAt(int column) const {
     const ResultTable& table = OpenTable();
-    if (newRecord_ != nullptr && newRecord_->Exists()) return {newRecord_->AsTable(), 0, column};
+    if (AtAddedRecord()) return {newRecord_->AsTable(), 0, column};
     if (row_ >= table.RowCount()) RaiseNoRecord();
     return {table, row_, column};
 }

@@ -67,6 +67,7 @@ TextNames::TextNames(const NodeList& statement, const TextRules& rules) : listed
 bool TextNames::Uses(const NodeList& level, size_t first, size_t end) const {
     for (size_t at = first; at < end; ++at) {
         const Node& piece = level[at];
+        if (piece.group && at > first && level[at - 1].Is(u"COUNT")) continue;
         if (piece.group ? Uses(piece.inside, 0, piece.inside.size()) : IsListed(piece) || IsRenamed(piece)) return true;
     }
     return false;

@@ -30,7 +30,8 @@ class TextNames {
 
     bool IsListed(const Node& piece) const { return IsColumnOf(listed_, piece); }
     bool IsRenamed(const Node& piece) const { return IsColumnOf(renamed_, piece); }
-    /// True if the nodes, or brackets inside them, contain one of the names.
+    /// True if the value of the nodes may depend on the order of a text: if they, or brackets inside them, contain one
+    /// of the names, except as the argument of COUNT.
     bool Uses(const NodeList& level, size_t first, size_t end) const;
 
   private:
