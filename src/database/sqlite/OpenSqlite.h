@@ -13,8 +13,8 @@ namespace database {
 SqliteDatabase OpenSqliteFile(const ConnectionRequest& request);
 
 /// Opens the file for writing for a moment, so that the engine rolls back the transaction of a crashed writer, which a
-/// read-only connection can't. False if the user lacks write permission.
-bool RollBackHotJournal(const QString& path);
+/// read-only connection can't. `lockWait`: busy timeout in milliseconds. False if the user lacks write permission.
+bool RollBackHotJournal(const QString& path, int lockWait);
 
 /// Busy timeout: 5 s, or `timeoutSeconds` if that is positive and shorter.
 int LockWaitMilliseconds(int timeoutSeconds);

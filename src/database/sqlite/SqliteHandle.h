@@ -9,12 +9,17 @@
 
 namespace database {
 
-struct SqliteCloser {
+struct SqliteDatabaseCloser {
     void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
+
+    std::shared_ptr<void> lockWait = {};  ///< of WaitForLocks; the engine has a pointer to it
+};
+using SqliteDatabase = std::unique_ptr<sqlite3, SqliteDatabaseCloser>;
+
+struct SqliteStatementCloser {
     void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
 };
-using SqliteDatabase = std::unique_ptr<sqlite3, SqliteCloser>;
-using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteCloser>;
+using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteStatementCloser>;
 
 /// The last error of this database: the engine's message and the suite's error number.
 EngineError SqliteFailure(sqlite3* database);

@@ -108,7 +108,8 @@ int SqliteSession::FirstStep(PreparedStatement& statement) {
     int code = sqlite3_step(statement.Handle());
     if (code == SQLITE_READONLY_ROLLBACK && !scope_) {
         sqlite3_reset(statement.Handle());
-        if (RollBackHotJournal(path_)) code = sqlite3_step(statement.Handle());
+        if (RollBackHotJournal(path_, LockWaitMilliseconds(request_.commandTimeout)))
+            code = sqlite3_step(statement.Handle());
     }
     return code;
 }
