@@ -79,6 +79,7 @@ void OdbcSession::StartSession(const ConnectionRequest& request) {
 void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql); }
 
 AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
+    CheckUsable();
     CheckSingle(sql);
     // The engine has no statement for a read-only session, so writes are rejected here.
     if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
@@ -118,8 +119,8 @@ std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failu
     const AdaptedStatement adapted = InEngineWords(sql);
     std::shared_ptr<ResultTable> rows;
     const auto read = [&] {
-        const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
-        const auto running = connection_.Cancellable(statement);
+        OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+        const RunningStatement running(connection_, statement);
         return ReadOdbcRows(statement, engine_.fetch);
     };
     Guarded([&] { rows = connection_.InTime(read); }, failure);
@@ -152,6 +153,7 @@ void OdbcSession::Execute(const QString& sql) {
 }
 
 void OdbcSession::BeginTransaction() {
+    CheckUsable();
     EndReadScope();
     if (engine_.beginWriting.isEmpty())
         SetAutomaticCommit(false);
@@ -168,11 +170,26 @@ void OdbcSession::EndTransaction(bool keep) {
     transaction_ = false;
     if (!engine_.beginWriting.isEmpty())
         return RunInOwnWords(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
+    CheckUsable();
+    EndDriversTransaction(keep);
+}
+
+// After a failed commit the caller rolls back. Switching to automatic commit before that would commit.
+void OdbcSession::EndDriversTransaction(bool keep) {
+    usable_ = keep;
     connection_.InTime([&] {
         const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
         if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
     });
+    usable_ = false;
     SetAutomaticCommit(true);
+    usable_ = true;
+}
+
+void OdbcSession::CheckUsable() const {
+    if (!usable_)
+        throw DatabaseError(kEngineFailure,
+                            QStringLiteral("トランザクションを終えられなかったため、この接続は使えません。"));
 }
 
 void OdbcSession::SetAutomaticCommit(bool on) const {

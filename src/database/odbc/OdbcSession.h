@@ -43,6 +43,8 @@ class OdbcSession : public DatabaseSession {
     void Recover(bool savepoint) noexcept;
     void SetAutomaticCommit(bool on) const;
     void EndTransaction(bool keep);
+    void EndDriversTransaction(bool keep);
+    void CheckUsable() const;
 
     TextRules rules_;
     OdbcConnection connection_;
@@ -51,6 +53,7 @@ class OdbcSession : public DatabaseSession {
     bool readOnly_;
     bool scope_ = false;
     bool transaction_ = false;
+    bool usable_ = true;  // false once the driver's transaction can't be ended: later writes would never be committed
     ParameterisedStatement lifted_;
     QHash<QString, std::shared_ptr<StatementUse>> uses_;
     QueryCache memory_;
