@@ -5,9 +5,9 @@
 #include <QTemporaryDir>
 
 #include "database/Database.h"
+#include "database/sqlite/SqliteQuery.h"
 #include "fuzz/FuzzInput.h"
 #include "output/CsvWriter.h"
-#include "setup/storage/SqliteFile.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;

@@ -8,10 +8,10 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "database/sqlite/SqliteQuery.h"
 #include "setup/RunTool.h"
 #include "setup/storage/InstallationRights.h"
 #include "setup/storage/MenuEntry.h"
-#include "setup/storage/SqliteFile.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
@@ -23,16 +23,16 @@ namespace {
 const QString kUpToDate = u"このインストールは新しい版になっています。\n"_s;
 
 QStringList Rows(const QString& file, const QString& sql) {
-    const database::SqliteDatabase database = setup::OpenSqlite(file, database::ConnectMode::Read);
-    const database::SqliteStatement rows = setup::PrepareSql(database.get(), sql);
+    const database::SqliteDatabase database = database::OpenSqliteFile(file, database::ConnectMode::Read);
+    const database::SqliteStatement rows = database::PrepareSql(database.get(), sql);
     QStringList texts;
-    while (setup::NextRow(database.get(), rows.get())) texts.append(setup::ColumnText(rows.get(), 0));
+    while (database::NextRow(rows.get())) texts.append(database::ColumnText(rows.get(), 0));
     return texts;
 }
 
 void Alter(const QString& file, const QStringList& statements) {
-    const database::SqliteDatabase database = setup::OpenSqlite(file, database::ConnectMode::ReadWrite);
-    for (const QString& sql : statements) setup::RunSql(database.get(), sql);
+    const database::SqliteDatabase database = database::OpenSqliteFile(file, database::ConnectMode::ReadWrite);
+    for (const QString& sql : statements) database::RunSql(database.get(), sql);
 }
 
 /// An installation, and a folder with programs of a newer version.

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <functional>
 
+#include "database/sqlite/SqliteQuery.h"
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
@@ -17,7 +18,6 @@
 #include "setup/storage/Installer.h"
 #include "setup/storage/MenuEntry.h"
 #include "setup/storage/ProgramFiles.h"
-#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,10 +47,10 @@ using Renewal = std::function<QStringList(sqlite3*)>;
 /// Runs the schema upgrade in one transaction, so that a failure leaves the file unchanged.
 void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
     try {
-        const database::SqliteDatabase database = OpenSqlite(file, database::ConnectMode::ReadWrite);
-        RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
+        const database::SqliteDatabase database = database::OpenSqliteFile(file, database::ConnectMode::ReadWrite);
+        database::RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
         const QStringList added = renewal(database.get());
-        RunSql(database.get(), u"COMMIT"_s);
+        database::RunSql(database.get(), u"COMMIT"_s);
         for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
     } catch (const database::DatabaseError& error) {
         throw platform::RuntimeError(kWorkFailed,

@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "database/sqlite/SqliteQuery.h"
 #include "platform/SealedPins.h"
 #include "setup/commands/TerminalTable.h"
-#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -64,9 +64,9 @@ QStringList TrialPeople(const QString& generalFile, const QString& keyFile) {
     const database::SqliteStatement rows(raw);
     sqlite3_bind_int(raw, 1, static_cast<int>(kPeople.size()));
     QStringList lines{Line(u"コード"_s, u"ログインID"_s, u"暗証番号"_s, u"権限"_s)};
-    for (size_t place = 0; NextRow(database.get(), raw); ++place) {
-        const std::optional<QString> pin = key ? platform::OpenPin(ColumnText(raw, 2), *key) : std::nullopt;
-        lines << Line(ColumnText(raw, 0), ColumnText(raw, 1), pin.value_or(QString()),
+    for (size_t place = 0; database::NextRow(raw); ++place) {
+        const std::optional<QString> pin = key ? platform::OpenPin(database::ColumnText(raw, 2), *key) : std::nullopt;
+        lines << Line(database::ColumnText(raw, 0), database::ColumnText(raw, 1), pin.value_or(QString()),
                       QString::fromUtf16(kPeople[place].remark));
     }
     return lines;

@@ -3,9 +3,9 @@
 #include <QSet>
 
 #include "database/LinkedTables.h"
+#include "database/sqlite/SqliteQuery.h"
 #include "report-host/template/StandardTemplates.h"
 #include "setup/schema/TableStatements.h"
-#include "setup/storage/SqliteFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,9 +15,9 @@ namespace {
 
 /// First column of every row in lower case, since SQLite names ignore case.
 QSet<QString> LoweredNames(sqlite3* database, const QString& sql) {
-    const database::SqliteStatement rows = PrepareSql(database, sql);
+    const database::SqliteStatement rows = database::PrepareSql(database, sql);
     QSet<QString> names;
-    while (NextRow(database, rows.get())) names.insert(ColumnText(rows.get(), 0).toLower());
+    while (database::NextRow(rows.get())) names.insert(database::ColumnText(rows.get(), 0).toLower());
     return names;
 }
 
@@ -30,7 +30,7 @@ QStringList AddColumns(sqlite3* database, const TableDefinition& table) {
     QStringList added;
     for (const ColumnDefinition& column : table.columns) {
         if (present.contains(column.name.toLower())) continue;
-        RunSql(database, AddColumnStatement(table, column));
+        database::RunSql(database, AddColumnStatement(table, column));
         added.append(u"列 %1.%2"_s.arg(table.name, column.name));
     }
     return added;
@@ -38,14 +38,13 @@ QStringList AddColumns(sqlite3* database, const TableDefinition& table) {
 
 /// Inserts a row for the report unless the table already has one. True if inserted.
 bool AddRow(sqlite3* database, const QString& table, const QStringList& columns, const QStringList& values) {
-    const database::SqliteStatement present = PrepareSql(database, u"SELECT 1 FROM \"%1\" WHERE 名称 = ?"_s.arg(table));
-    BindText(present.get(), 1, values.first());
-    if (NextRow(database, present.get())) return false;
+    const database::SqliteStatement present =
+        database::PrepareSql(database, u"SELECT 1 FROM \"%1\" WHERE 名称 = ?"_s.arg(table), {values.first()});
+    if (database::NextRow(present.get())) return false;
     const QString places = QStringList(columns.size(), u"?"_s).join(u", "_s);
-    const database::SqliteStatement row =
-        PrepareSql(database, u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, QuotedNames(columns), places));
-    for (int i = 0; i < values.size(); ++i) BindText(row.get(), i + 1, values[i]);
-    NextRow(database, row.get());
+    const database::SqliteStatement row = database::PrepareSql(
+        database, u"INSERT INTO \"%1\" (%2) VALUES (%3)"_s.arg(table, QuotedNames(columns), places), values);
+    database::NextRow(row.get());
     return true;
 }
 
@@ -59,12 +58,12 @@ QStringList RenewSchema(sqlite3* database, DatabaseKind store) {
         if (tables.contains(table.name.toLower())) {
             added += AddColumns(database, table);
         } else {
-            RunSql(database, CreateTableStatement(table));
+            database::RunSql(database, CreateTableStatement(table));
             added.append(u"テーブル "_s + table.name);
         }
         for (int number = 0; number < table.indexes.size(); ++number) {
             if (indexes.contains(IndexName(table, number).toLower())) continue;
-            RunSql(database, CreateIndexStatement(table, number));
+            database::RunSql(database, CreateIndexStatement(table, number));
             added.append(u"索引 "_s + IndexName(table, number));
         }
     }

@@ -2,7 +2,7 @@
 
 #include "data/Catalogue.h"
 #include "database/DatabaseSession.h"
-#include "setup/storage/SqliteFile.h"
+#include "database/sqlite/SqliteQuery.h"
 
 using namespace Qt::StringLiterals;
 using database::SqliteStatement;
@@ -13,29 +13,29 @@ namespace {
 
 class FilePinStore : public PinStore {
   public:
-    explicit FilePinStore(const QString& file) : database_(OpenSqlite(file, database::ConnectMode::ReadWrite)) {}
+    explicit FilePinStore(const QString& file)
+        : database_(database::OpenSqliteFile(file, database::ConnectMode::ReadWrite)) {}
 
     void Begin() override {
         // Otherwise the clear text would remain readable in free pages of the file.
-        RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
-        RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
+        database::RunSql(database_.get(), u"PRAGMA secure_delete = ON"_s);
+        database::RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
     }
     QList<StoredPin> Pins(const PinColumn& place) override {
-        const SqliteStatement rows = PrepareSql(
+        const SqliteStatement rows = database::PrepareSql(
             database_.get(), u"SELECT rowid, \"%1\" FROM \"%2\" WHERE \"%1\" <> ''"_s.arg(place.column, place.table));
         QList<StoredPin> pins;
-        while (NextRow(database_.get(), rows.get()))
-            pins.append({{ColumnText(rows.get(), 0)}, ColumnText(rows.get(), 1)});
+        while (database::NextRow(rows.get()))
+            pins.append({{database::ColumnText(rows.get(), 0)}, database::ColumnText(rows.get(), 1)});
         return pins;
     }
     void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) override {
-        const SqliteStatement update = PrepareSql(
-            database_.get(), u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table));
-        BindText(update.get(), 1, text);
+        const SqliteStatement update = database::PrepareSql(
+            database_.get(), u"UPDATE \"%2\" SET \"%1\" = ? WHERE rowid = ?"_s.arg(place.column, place.table), {text});
         sqlite3_bind_int64(update.get(), 2, pin.row.first().toLongLong());
-        NextRow(database_.get(), update.get());
+        database::NextRow(update.get());
     }
-    void Commit() override { RunSql(database_.get(), u"COMMIT"_s); }
+    void Commit() override { database::RunSql(database_.get(), u"COMMIT"_s); }
     bool StillLocked() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
 
   private:
