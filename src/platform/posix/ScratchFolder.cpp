@@ -76,9 +76,9 @@ void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
     }
     path_ = QFile::decodeName(name);
     lock_ = TakeLock(path_, O_CREAT | O_EXCL);
-    if (lock_ < 0) error_ = QString::fromLocal8Bit(std::strerror(errno));
     const bool written =
         lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
+    if (!written) error_ = QString::fromLocal8Bit(std::strerror(errno));
     if (written && IsThere(lock_)) return;
     if (lock_ >= 0) ::close(std::exchange(lock_, -1));
     RemoveFolder(path_);
