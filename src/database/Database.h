@@ -121,7 +121,7 @@ class Recordset {
     const ResultTable& OpenTable() const;
     int ColumnOf(QStringView name) const;
     bool AtAddedRecord() const;
-    NewRecord& RecordInWork() const;
+    NewRecord& PendingRecord() const;
 
     std::shared_ptr<ResultTable> table_;
     std::unique_ptr<NewRecord> newRecord_;

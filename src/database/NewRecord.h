@@ -15,7 +15,7 @@ class NewRecord {
     NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult result);
 
     /// True from Begin until WriteToTable succeeds.
-    bool InWork() const { return inWork_; }
+    bool IsPending() const { return pending_; }
     /// True from Begin until Leave: the record can be read.
     bool Exists() const { return exists_; }
 
@@ -36,7 +36,7 @@ class NewRecord {
     std::vector<WrittenField> written_;  // each column once
     std::vector<int> places_;            // index of each column in written_, -1 if not set
     std::unique_ptr<ResultTable> view_;
-    bool inWork_ = false;
+    bool pending_ = false;
     bool exists_ = false;
 };
 

@@ -3,9 +3,10 @@
 #include <QString>
 #include <QStringList>
 
-#include "platform/StartHidden.h"
-
 namespace platform {
+
+/// Environment variable, set to "1" for programs that are started hidden: they show no window until asked to.
+inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 /// Processes, including this one; tests replace it by a fake.
 class ProcessService {

@@ -45,7 +45,7 @@ class PlainEngine : public testing::TestWithParam<QString> {
     }
     QString Log() const { return folder.filePath(u"log"_s); }
     /// Arguments of the calls of this kind that the driver logged.
-    QStringList Told(const QString& call) const {
+    QStringList Logged(const QString& call) const {
         QStringList lines;
         for (const QString& line : QString::fromUtf8(ReadBytes(Log())).split(u'\n'))
             if (line.startsWith(call + u' ')) lines.append(line.sliced(call.size() + 1));
@@ -81,7 +81,7 @@ TEST_P(PlainEngine, GetsEveryStatementCharacterByCharacter) {
             Recordset rows;
             rows.Open(sql, connection);
         }
-        EXPECT_EQ(Told(u"run"_s), statements);
+        EXPECT_EQ(Logged(u"run"_s), statements);
     }
 }
 
@@ -99,9 +99,9 @@ TEST_P(PlainEngine, GetsTheTimeOutsOfConnectionAndStatements) {
     Open(kByName);
     Recordset rows;
     rows.Open(u"SELECT 1"_s, connection);
-    EXPECT_EQ(Told(u"login"_s), QStringList{u"60"_s});
-    EXPECT_EQ(Told(u"timeout"_s), QStringList{u"30000"_s});
-    EXPECT_EQ(Told(u"connect"_s), QStringList{u"DSN=plain;UID=u;PWD=p;"_s});
+    EXPECT_EQ(Logged(u"login"_s), QStringList{u"60"_s});
+    EXPECT_EQ(Logged(u"timeout"_s), QStringList{u"30000"_s});
+    EXPECT_EQ(Logged(u"connect"_s), QStringList{u"DSN=plain;UID=u;PWD=p;"_s});
 }
 
 TEST_P(PlainEngine, GivesTextsOfAnyLengthWholeAndTellsNullsFromEmptyOnes) {
@@ -122,7 +122,7 @@ TEST_P(PlainEngine, IsSentNothingThatWritesOverAConnectionForReading) {
     Recordset rows;
     EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM M部門"_s); }), kPermissionDenied);
     EXPECT_EQ(NumberOf([&] { rows.Open(u"DELETE FROM M部門"_s, connection); }), kPermissionDenied);
-    EXPECT_EQ(Told(u"run"_s), QStringList());
+    EXPECT_EQ(Logged(u"run"_s), QStringList());
 }
 
 TEST_P(PlainEngine, KeepsAndTakesBackByTheDriversOwnTransactions) {

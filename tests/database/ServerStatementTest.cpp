@@ -21,7 +21,7 @@ const QString kAsciiLower = u"CAST(LOWER(CONVERT(CAST(CONVERT(%1 USING utf8mb4) 
 const TextRules kRules = {{u"氏名"_s, u"カナ"_s}, {u"ログインID"_s}};
 
 AdaptedStatement For(const QString& engine, const QString& statement) {
-    return Adapt(statement, EngineOf(engine).differences, kRules);
+    return Adapt(statement, EngineOf(engine).dialect, kRules);
 }
 
 class ServerStatement : public testing::TestWithParam<Case> {};

@@ -1,4 +1,4 @@
-#include "platform/PrivateFolder.h"
+#include "platform/FileRights.h"
 
 #include <gtest/gtest.h>
 

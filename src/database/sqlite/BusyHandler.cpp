@@ -1,4 +1,6 @@
-#include "database/sqlite/BusyHandler.h"
+// Part of SqliteHandle.h: WaitForLocks.
+
+#include "database/sqlite/SqliteHandle.h"
 
 #include <QFile>
 #include <algorithm>

@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "database/sqlite/BusyHandler.h"
-#include "database/sqlite/WalMode.h"
+#include "database/sqlite/SqliteHandle.h"
 #include "platform/EndRequest.h"
 #include "platform/JetHeader.h"
 #include "platform/PlainFile.h"

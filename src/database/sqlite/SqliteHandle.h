@@ -5,7 +5,7 @@
 #include <QString>
 #include <memory>
 
-#include "database/EngineError.h"
+#include "database/DatabaseError.h"
 
 namespace database {
 
@@ -41,5 +41,17 @@ class SqliteRun {
 
 /// Runs a fixed statement to its end. Returns the engine's result code.
 int RunPlain(sqlite3* database, const char* sql) noexcept;
+
+/// Sets the busy timeout: statements that wait for locks of other programs fail with SQLITE_BUSY after this time
+/// without a change of the file. While other programs write to it, they wait on, at most a minute, or until the program
+/// is asked to end.
+void WaitForLocks(SqliteDatabase& database, int milliseconds);
+
+/// Name of the collation for ORDER BY on names, kana and addresses. Must never be used in a schema: other tools could
+/// not open the file then.
+inline constexpr const char* kSuiteTextCollation = "SUITE_TEXT";
+
+/// Registers the suite's LIKE, which replaces the engine's, and the collation. Returns the engine's result code.
+int AddSuiteText(sqlite3* database);
 
 }  // namespace database

@@ -15,8 +15,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/StartHidden.h"
-#include "platform/posix/ProcessDescriptor.h"
+#include "platform/ProcessService.h"
 
 using namespace Qt::StringLiterals;
 

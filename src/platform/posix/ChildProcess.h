@@ -1,5 +1,10 @@
 #pragma once
 
+// This glibc header lacks extern "C".
+extern "C" {
+#include <sys/pidfd.h>
+}
+
 #include <QString>
 #include <QStringList>
 #include <functional>

@@ -1,4 +1,6 @@
-#include "platform/PrivateFolder.h"
+// Part of FileRights.h: private folders.
+
+#include "platform/FileRights.h"
 
 #include <fcntl.h>
 #include <pwd.h>

@@ -19,7 +19,6 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/posix/ChildProcess.h"
-#include "platform/posix/ProcessDescriptor.h"
 
 using namespace Qt::StringLiterals;
 
