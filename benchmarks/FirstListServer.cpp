@@ -9,7 +9,7 @@
 #include "PairedRuns.h"
 #include "data/Catalogue.h"
 #include "data/Connections.h"
-#include "database/ConnectionString.h"
+#include "database/DatabaseSession.h"
 #include "database/odbc/OdbcDrivers.h"
 #include "database/odbc/ServerEngine.h"
 #include "database/sql/StatementAdapter.h"
@@ -25,7 +25,7 @@ namespace {
 OdbcBareLoop BareLoop() {
     const auto request = database::ParseConnectionString(*GeneralConnectionString(Globals().GeneralDatabase));
     return {database::OdbcConnectionText(request),
-            database::AdaptStatement(BuildStaffStatement(), database::EngineOf(ServerDatabase::Engine()).differences,
+            database::AdaptStatement(BuildStaffStatement(), database::EngineOf(ServerDatabase::Engine()).dialect,
                                      SuiteTextRules())};
 }
 

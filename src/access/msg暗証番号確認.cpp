@@ -6,7 +6,7 @@
 #include "access/RightColumns.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
-#include "platform/SecretText.h"
+#include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 

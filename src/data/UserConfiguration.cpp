@@ -7,8 +7,8 @@
 #include "data/ReportHostTrust.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
+#include "platform/FileRights.h"
 #include "platform/PlainFile.h"
-#include "platform/PrivateFolder.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;

@@ -1,10 +1,12 @@
-#include "database/ClientSort.h"
+// Part of ResultTable.h: SortRows.
+
+#include "database/ResultTable.h"
 
 #include <algorithm>
 #include <numeric>
 #include <vector>
 
-#include "database/collation/TextOrder.h"
+#include "database/collation/TextFolding.h"
 
 namespace database {
 namespace {
@@ -24,7 +26,7 @@ std::shared_ptr<ColumnSet> ColumnsWithoutKeys(const ColumnSet& columns, int coun
 
 }  // namespace
 
-std::shared_ptr<ResultTable> SortedRows(const ResultTable& rows, const QList<ProviderKey>& order, int limit) {
+std::shared_ptr<ResultTable> SortRows(const ResultTable& rows, const QList<SortKey>& order, int limit) {
     const int shown = rows.Columns().Count() - static_cast<int>(order.size());
     std::vector<int> places(static_cast<size_t>(rows.RowCount()));
     std::iota(places.begin(), places.end(), 0);

@@ -1,4 +1,6 @@
-#include "database/ConnectionString.h"
+// Part of DatabaseSession.h: ParseConnectionString.
+
+#include "database/DatabaseSession.h"
 
 #include <array>
 

@@ -1,6 +1,5 @@
 #include "database/Database.h"
 
-#include "database/ConnectionString.h"
 #include "database/DatabaseSession.h"
 
 namespace database {

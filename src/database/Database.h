@@ -88,7 +88,8 @@ class Recordset {
 
     bool AtBOF() const;
     bool AtEOF() const;
-    /// Throws kNoCurrentRecord at EOF.
+    /// Throws kNoCurrentRecord at EOF. An added record is the last one; if it is still being added, it is written
+    /// first, as by Update.
     void MoveNext();
 
     /// A field of the current record by its name, ignoring case; the first one if the name occurs twice. Throws
@@ -119,7 +120,8 @@ class Recordset {
   private:
     const ResultTable& OpenTable() const;
     int ColumnOf(QStringView name) const;
-    NewRecord& RecordInWork() const;
+    bool AtAddedRecord() const;
+    NewRecord& PendingRecord() const;
 
     std::shared_ptr<ResultTable> table_;
     std::unique_ptr<NewRecord> newRecord_;

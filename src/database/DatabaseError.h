@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "platform/RuntimeError.h"
 
 namespace database {
@@ -21,5 +23,19 @@ inline constexpr long kStatementFailure = -2147217900;  // invalid statement
 inline constexpr long kIntegrityViolation = -2147217873;
 inline constexpr long kLoginFailed = -2147217843;       // wrong user or password
 inline constexpr long kPermissionDenied = -2147217911;  // write to a read-only database, or missing privilege
+
+/// An error of an engine or driver, whose messages are mostly English. The run history logs the original message, for
+/// administrators; the user sees TextForPeople.
+class EngineError : public DatabaseError {
+  public:
+    /// `words` is the original message (Description), `explanation` a Japanese sentence for the same error.
+    EngineError(long number, QString words, QString explanation)
+        : DatabaseError(number, std::move(words)), explanation_(std::move(explanation)) {}
+
+    QString TextForPeople() const override { return explanation_ + u'（' + Description() + u'）'; }
+
+  private:
+    QString explanation_;
+};
 
 }  // namespace database

@@ -16,4 +16,10 @@ struct TextRules {
     QStringList comparedCaseBlind;  ///< "=" ignores ASCII letter case; all other "=" is exact
 };
 
+/// A sort key for sorting on the client.
+struct SortKey {
+    bool asText = false;  ///< by CompareTexts; otherwise bytewise
+    bool descending = false;
+};
+
 }  // namespace database

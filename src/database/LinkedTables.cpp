@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/Database.h"
+#include "database/sql/Quoting.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,8 +23,6 @@ Connection OpenFile(const QString& path, ConnectMode mode) {
     connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + path + u';');
     return connection;
 }
-
-QString Literal(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
 
 QList<TableDef> TablesOf(Connection& connection) {
     QList<TableDef> tables;
@@ -59,8 +58,8 @@ class SuiteTableFile : public TableFile {
         Connection source = OpenFile(DatabaseOfConnectText(table.Connect), ConnectMode::Read);
         if (!Holds(TablesOf(source), table.SourceName))
             throw DatabaseError(kNoSuchTable, u"リンク先にテーブル「%1」がありません。"_s.arg(table.SourceName));
-        connection_.Execute(u"UPDATE リンクテーブル SET 接続 = "_s + Literal(table.Connect) + u" WHERE 名称 = "_s +
-                            Literal(table.Name));
+        connection_.Execute(u"UPDATE リンクテーブル SET 接続 = "_s + TextLiteral(table.Connect) + u" WHERE 名称 = "_s +
+                            TextLiteral(table.Name));
     }
 
   private:

@@ -6,11 +6,11 @@ NewRecord::NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult res
     : session_(std::move(session)), target_(std::move(result.target)), rows_(std::move(result.rows)) {}
 
 void NewRecord::Begin() {
-    if (inWork_) WriteToTable();
+    if (pending_) WriteToTable();
     written_.clear();
     places_.assign(static_cast<size_t>(rows_->Columns().Count()), -1);
     view_.reset();
-    inWork_ = exists_ = true;
+    pending_ = exists_ = true;
 }
 
 void NewRecord::Write(int column, const QString& value) {
@@ -28,7 +28,12 @@ void NewRecord::WriteToTable() {
     const std::shared_ptr<DatabaseSession> session = session_.lock();
     if (session == nullptr) throw DatabaseError(kObjectClosed, QStringLiteral("接続が開いていません。"));
     session->Insert(*target_, written_);
-    inWork_ = false;
+    pending_ = false;
+}
+
+void NewRecord::Leave() {
+    if (pending_) WriteToTable();
+    exists_ = false;
 }
 
 const ResultTable& NewRecord::AsTable() {

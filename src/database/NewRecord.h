@@ -15,8 +15,8 @@ class NewRecord {
     NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult result);
 
     /// True from Begin until WriteToTable succeeds.
-    bool InWork() const { return inWork_; }
-    /// True from the first Begin on: the record can be read.
+    bool IsPending() const { return pending_; }
+    /// True from Begin until Leave: the record can be read.
     bool Exists() const { return exists_; }
 
     /// Starts a record with all fields Null, after WriteToTable for one still being added.
@@ -24,6 +24,8 @@ class NewRecord {
     void Write(int column, const QString& value);
     /// Throws DatabaseError; the record is then still being added.
     void WriteToTable();
+    /// Ends reading, after WriteToTable for a record still being added.
+    void Leave();
     /// The record as a result of one row; valid until the next write.
     const ResultTable& AsTable();
 
@@ -34,7 +36,7 @@ class NewRecord {
     std::vector<WrittenField> written_;  // each column once
     std::vector<int> places_;            // index of each column in written_, -1 if not set
     std::unique_ptr<ResultTable> view_;
-    bool inWork_ = false;
+    bool pending_ = false;
     bool exists_ = false;
 };
 

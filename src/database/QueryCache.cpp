@@ -7,14 +7,14 @@ constexpr quint32 kTrial = 256;        // results a statement may cache before h
 constexpr quint32 kPayingShare = 8;    // one hit per this many cached results is enough
 constexpr qsizetype kEntryCost = 160;  // bytes of overhead per entry, approximately
 
-bool Pays(const StatementUse& use) { return use.remembered < kTrial || use.answered >= use.remembered / kPayingShare; }
+bool Pays(const StatementUse& use) { return use.cached < kTrial || use.hits >= use.cached / kPayingShare; }
 
 }  // namespace
 
 std::shared_ptr<ResultTable> QueryCache::Find(const QString& sql) {
     const auto found = entries_.constFind(sql);
     if (found == entries_.cend()) return nullptr;
-    ++found->use->answered;
+    ++found->use->hits;
     return found->result;
 }
 
@@ -26,7 +26,7 @@ void QueryCache::Keep(const QString& sql, const std::shared_ptr<ResultTable>& re
     if (size > kLargestResult || bytes_ + cost > kMostBytes) return;
     entries_.insert(sql, {result, use});
     bytes_ += cost;
-    ++use->remembered;
+    ++use->cached;
 }
 
 void QueryCache::Forget() {

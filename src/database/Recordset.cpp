@@ -6,11 +6,11 @@
 namespace database {
 namespace {
 
-[[noreturn]] void RaiseClosed() {
+[[noreturn]] void ThrowClosed() {
     throw DatabaseError(kObjectClosed, QStringLiteral("レコードセットが開いていません。"));
 }
 
-[[noreturn]] void RaiseNoRecord() {
+[[noreturn]] void ThrowNoRecord() {
     throw DatabaseError(kNoCurrentRecord, QStringLiteral("現在のレコードがありません。"));
 }
 
@@ -46,25 +46,32 @@ void Recordset::Open(const QString& sql, Connection& connection, CursorType curs
 }
 
 void Recordset::Close() {
-    if (table_ == nullptr) RaiseClosed();
-    if (newRecord_ != nullptr && newRecord_->InWork())
+    if (table_ == nullptr) ThrowClosed();
+    if (newRecord_ != nullptr && newRecord_->IsPending())
         throw DatabaseError(kNotAllowedHere, QStringLiteral("追加中のレコードがあるため、この操作はできません。"));
     table_.reset();
     newRecord_.reset();
 }
 
 const ResultTable& Recordset::OpenTable() const {
-    if (table_ == nullptr) RaiseClosed();
+    if (table_ == nullptr) ThrowClosed();
     return *table_;
 }
 
 // There is no MovePrevious: only an empty result is ever at BOF.
-bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0; }
+bool Recordset::AtBOF() const { return OpenTable().RowCount() == 0 && !AtAddedRecord(); }
 
-bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount(); }
+bool Recordset::AtEOF() const { return row_ >= OpenTable().RowCount() && !AtAddedRecord(); }
+
+bool Recordset::AtAddedRecord() const { return newRecord_ != nullptr && newRecord_->Exists(); }
 
 void Recordset::MoveNext() {
-    if (AtEOF()) RaiseNoRecord();
+    if (AtEOF()) ThrowNoRecord();
+    if (AtAddedRecord()) {
+        newRecord_->Leave();
+        row_ = table_->RowCount();
+        return;
+    }
     ++row_;
     // If the provider has cached the result, others may still read its rows.
     if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
@@ -90,29 +97,29 @@ const QString& Recordset::FieldType(int column) const { return OpenTable().Colum
 
 Field Recordset::FieldAt(int column) const {
     const ResultTable& table = OpenTable();
-    if (newRecord_ != nullptr && newRecord_->Exists()) return {newRecord_->AsTable(), 0, column};
-    if (row_ >= table.RowCount()) RaiseNoRecord();
+    if (AtAddedRecord()) return {newRecord_->AsTable(), 0, column};
+    if (row_ >= table.RowCount()) ThrowNoRecord();
     return {table, row_, column};
 }
 
 void Recordset::AddNew() {
-    if (table_ == nullptr) RaiseClosed();
+    if (table_ == nullptr) ThrowClosed();
     if (newRecord_ == nullptr)
         throw DatabaseError(kNotUpdatable, QStringLiteral("このレコードセットには追加できません。"));
     newRecord_->Begin();
 }
 
-NewRecord& Recordset::RecordInWork() const {
-    if (table_ == nullptr) RaiseClosed();
-    if (newRecord_ == nullptr || !newRecord_->InWork()) RaiseNoRecord();
+NewRecord& Recordset::PendingRecord() const {
+    if (table_ == nullptr) ThrowClosed();
+    if (newRecord_ == nullptr || !newRecord_->IsPending()) ThrowNoRecord();
     return *newRecord_;
 }
 
 void Recordset::Write(QStringView name, const QString& value) {
-    NewRecord& record = RecordInWork();
+    NewRecord& record = PendingRecord();
     record.Write(ColumnOf(name), value);
 }
 
-void Recordset::Update() { RecordInWork().WriteToTable(); }
+void Recordset::Update() { PendingRecord().WriteToTable(); }
 
 }  // namespace database

@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "database/DatabaseTypes.h"
+
 namespace database {
 
 /// Names and declared types of a result's columns; shared by all results of a prepared statement.
@@ -96,5 +98,10 @@ class ResultTable {
     int rowCount_ = 0;
     int forgottenBlocks_ = 0;
 };
+
+/// Sorts rows that the engine cannot sort. The last order.size() columns of `rows` are the keys; the result does not
+/// have them. Nulls come first in an ascending key; the sort is stable. At most `limit` rows are returned; a negative
+/// limit means all.
+std::shared_ptr<ResultTable> SortRows(const ResultTable& rows, const QList<SortKey>& order, int limit);
 
 }  // namespace database

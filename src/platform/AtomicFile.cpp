@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 
-#include "platform/DiskSync.h"
 #include "platform/PlainFile.h"
 
 using namespace Qt::StringLiterals;

@@ -10,7 +10,7 @@ struct ProcessLimits {
     int cpuSeconds = 60;
     qint64 memoryBytes =
         qint64{1} << 30;            ///< address space; not applied under AddressSanitizer, which reserves terabytes
-    int waitMilliseconds = 60'000;  ///< total time spent waiting for output of the process
+    int waitMilliseconds = 60'000;  ///< total time spent waiting for the process to take input or to write output
 };
 
 /// An untrusted child process: limited CPU time and memory, no inherited descriptors except its standard streams, no
@@ -24,18 +24,23 @@ class LimitedProcess {
 
     /// False if the program could not be started.
     bool Started() const { return started_; }
-    /// True if the process was killed because it exceeded the CPU limit or the time to wait for output.
+    /// True if the process was killed because it exceeded the CPU limit or the time to wait for it.
     bool TimedOut();
-    /// Writes to its standard input. Errors are ignored: if the process has ended, the next Read returns too few bytes.
+    /// Writes to its standard input, and blocks until the process has taken it. Errors are ignored: if the process has
+    /// ended or was killed at a limit, the next Read returns too few bytes.
     void Write(const QByteArray& bytes);
     /// Blocks for the next `count` bytes of its standard output. Fewer only if it has ended or was killed at a limit.
     QByteArray Read(qsizetype count);
 
   private:
+    template <typename Wait>
+    bool WaitFor(Wait wait);
     bool WaitForOutput();
 
     QProcess process_;
-    int waitLeft_;  // milliseconds
+    ProcessLimits limits_;
+    int waitLeft_;        // milliseconds
+    double cpuOfOthers_;  // seconds, of the children that ended before
     bool started_ = false, silent_ = false;
 };
 

@@ -3,9 +3,10 @@
 #include <QString>
 #include <QStringList>
 
-#include "platform/StartHidden.h"
-
 namespace platform {
+
+/// Environment variable, set to "1" for programs that are started hidden: they show no window until asked to.
+inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 /// Processes, including this one; tests replace it by a fake.
 class ProcessService {
@@ -29,7 +30,8 @@ class ProcessService {
     /// Opens a handle for a running process; 0 if there is no such process. Close it with CloseHandle. `access` and
     /// `inherit` have no effect on this platform.
     virtual quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) = 0;
-    /// Sets `code` to kStillActive or to the exit code. False, with `code` unchanged, for an invalid handle; a process
+    /// Sets `code` to kStillActive, to the exit code, or to kUnknownExitCode for a process that StartHidden and
+    /// StartProgram have not started. False, with `code` unchanged, for an invalid handle; a process
     /// id is not a handle.
     virtual bool GetExitCodeProcess(quint32 handle, quint32& code) = 0;
     /// Kills the process and waits until it has ended. `exitCode` is ignored on this platform. False for an invalid
@@ -39,6 +41,7 @@ class ProcessService {
     virtual bool CloseHandle(quint32 handle) = 0;
 
     static constexpr quint32 kStillActive = 259;
+    static constexpr quint32 kUnknownExitCode = 0xFFFFFFFF;
 };
 
 class LocalProcessService : public ProcessService {

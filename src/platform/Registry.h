@@ -14,12 +14,12 @@ struct RegistryKey {
     bool open = false;
 };
 
-RegistryKey MachineRoot();
-RegistryKey UserRoot();
-
 // Access masks.
 inline constexpr quint32 kRegistryRead = 0x20019;
 inline constexpr quint32 kRegistryAll = 0xF003F;
+
+inline RegistryKey MachineRoot() { return {RegistryRoot::LocalMachine, {}, kRegistryAll, true}; }
+inline RegistryKey UserRoot() { return {RegistryRoot::CurrentUser, {}, kRegistryAll, true}; }
 
 // Status codes. No call throws.
 inline constexpr long kRegistryDone = 0;

@@ -39,7 +39,7 @@ inline constexpr long kHostGone = 462;
 class LocalReportHostLink : public ReportHostLink {
   public:
     /// Takes the timeout in milliseconds for the reply to the bind request.
-    explicit LocalReportHostLink(int patience = 10000) : timeout_(patience) {}
+    explicit LocalReportHostLink(int timeout = 10000) : timeout_(timeout) {}
     std::unique_ptr<ReportHost> Bind(const QString& formsFile) override;
 
   private:

@@ -19,7 +19,7 @@ class ScratchFolder {
 
     /// False if it could not be created; see Error.
     bool IsValid() const { return lock_ >= 0; }
-    /// The system's error text.
+    /// The system's error text; empty if it was created.
     QString Error() const { return error_; }
     QString FilePath(const QString& name) const { return path_ + u'/' + name; }
     /// Prevents the removal by the destructor.

@@ -5,10 +5,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <stdexcept>
 
-#include "platform/DiskSync.h"
+#include "platform/AtomicFile.h"
 #include "platform/PlainFile.h"
+#include "platform/RuntimeError.h"
 #include "platform/Utf8Text.h"
 
 using namespace Qt::StringLiterals;
@@ -21,10 +21,11 @@ const QString kMark = u"S1:"_s;
 constexpr qsizetype kNonce = crypto_secretbox_NONCEBYTES;
 constexpr qsizetype kSeal = crypto_secretbox_MACBYTES;
 constexpr size_t kPadding = 16;
+constexpr long kEncryptionFailure = 1;
 static_assert(PinKey::kBytes == crypto_secretbox_KEYBYTES);
 
 void PrepareLibrary() {
-    if (sodium_init() < 0) throw std::runtime_error("libsodium cannot start");
+    if (sodium_init() < 0) throw RuntimeError(kEncryptionFailure, u"暗号ライブラリを使えません (libsodium)。"_s);
 }
 
 unsigned char* Raw(QByteArray& bytes) { return reinterpret_cast<unsigned char*>(bytes.data()); }
@@ -121,36 +122,42 @@ std::optional<QString> OpenPin(const QString& stored, const PinKey& key) {
     return pin;
 }
 
-SealedPins::SealedPins(QString keyFile, std::function<void(const QString&)> tell)
-    : keyFile_(std::move(keyFile)), tell_(std::move(tell)) {}
+SealedPins::SealedPins(QString keyFile, std::function<void(const QString&)> report)
+    : keyFile_(std::move(keyFile)), report_(std::move(report)) {}
 
-void SealedPins::LookForKey() {
-    if (std::exchange(looked_, true)) return;
+void SealedPins::ReadKey() {
+    if (std::exchange(keyRead_, true)) return;
     hasKeyFile_ = QFile::exists(keyFile_);
     key_ = PinKey::Read(keyFile_);
 }
 
-void SealedPins::Tell(const QString& reason) {
-    if (!std::exchange(told_, true)) tell_(u"暗証番号を開けません。"_s + reason);
+void SealedPins::ReportOnce(const QString& reason) {
+    if (!std::exchange(reported_, true)) report_(u"暗証番号を開けません。"_s + reason);
 }
 
 QString SealedPins::ClearText(const QString& stored) {
     if (stored.isEmpty()) return {};
-    LookForKey();
+    ReadKey();
     const bool sealed = IsSealedPin(stored);
     if (!sealed && !hasKeyFile_) return stored;
     if (!sealed) {
-        Tell(u"封じられていない暗証番号があります。"_s);
+        ReportOnce(u"封じられていない暗証番号があります。"_s);
     } else if (!hasKeyFile_) {
-        Tell(u"鍵ファイル %1 がありません。"_s.arg(keyFile_));
+        ReportOnce(u"鍵ファイル %1 がありません。"_s.arg(keyFile_));
     } else if (!key_) {
-        Tell(u"鍵ファイル %1 を読めません。"_s.arg(keyFile_));
+        ReportOnce(u"鍵ファイル %1 を読めません。"_s.arg(keyFile_));
     } else if (std::optional<QString> pin = OpenPin(stored, *key_)) {
         return *std::move(pin);
     } else {
-        Tell(u"鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile_));
+        ReportOnce(u"鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile_));
     }
     return {};
+}
+
+void WipeText(QString& text) noexcept {
+    // If the data is shared, data() would detach and only the copy would be wiped.
+    if (text.isDetached()) sodium_memzero(text.data(), static_cast<size_t>(text.size()) * sizeof(QChar));
+    text.resize(0);
 }
 
 }  // namespace platform

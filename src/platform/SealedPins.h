@@ -6,9 +6,21 @@
 #include <functional>
 #include <optional>
 
-#include "platform/PinCipherObject.h"
-
 namespace platform {
+
+/// Decrypts stored PINs. How they are stored depends on the installation.
+class PinCipherObject {
+  public:
+    virtual ~PinCipherObject() = default;
+    /// The PIN in clear text; empty if it can't be decrypted.
+    virtual QString ClearText(const QString& stored) = 0;
+};
+
+/// For installations that store PINs in clear text.
+class UnsealedPins : public PinCipherObject {
+  public:
+    QString ClearText(const QString& stored) override { return stored; }
+};
 
 /// Encryption key of an installation. The memory is wiped in the destructor.
 class PinKey {
@@ -51,20 +63,23 @@ class SealedPins : public PinCipherObject {
   public:
     /// `keyFile`: path. The callback is called at most once, with the reason of the first failure as a Japanese
     /// sentence.
-    SealedPins(QString keyFile, std::function<void(const QString&)> tell);
+    SealedPins(QString keyFile, std::function<void(const QString&)> report);
 
     QString ClearText(const QString& stored) override;
 
   private:
-    void LookForKey();
-    void Tell(const QString& reason);
+    void ReadKey();
+    void ReportOnce(const QString& reason);
 
     QString keyFile_;
-    std::function<void(const QString&)> tell_;
-    bool looked_ = false;
+    std::function<void(const QString&)> report_;
+    bool keyRead_ = false;
     bool hasKeyFile_ = false;
     std::optional<PinKey> key_;
-    bool told_ = false;
+    bool reported_ = false;
 };
+
+/// Overwrites the text's memory with NULs and clears the text. Memory shared with other QStrings is not overwritten.
+void WipeText(QString& text) noexcept;
 
 }  // namespace platform

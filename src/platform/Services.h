@@ -1,20 +1,80 @@
 #pragma once
 
+#include <QDateTime>
+#include <QString>
+#include <QThread>
 #include <chrono>
 #include <memory>
+#include <optional>
 
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
-#include "platform/PinCipherObject.h"
 #include "platform/ProcessService.h"
 #include "platform/Registry.h"
 #include "platform/ReportHostLink.h"
+#include "platform/SealedPins.h"
 #include "platform/SystemInformation.h"
-#include "platform/WaitDialog.h"
 #include "platform/registry/FileRegistry.h"
 
 namespace platform {
+
+/// Time of day and monotonic time; tests replace it by a fake.
+class Clock {
+  public:
+    virtual ~Clock() = default;
+    /// Local time.
+    virtual QDateTime Now() const = 0;
+    /// Monotonic time since an unspecified start. Not affected by changes of the system clock.
+    virtual std::chrono::milliseconds Elapsed() const {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now().time_since_epoch());
+    }
+    /// Blocks the thread without processing events.
+    virtual void Sleep(int milliseconds) const = 0;
+};
+
+class SystemClock : public Clock {
+  public:
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    void Sleep(int milliseconds) const override { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
+};
+
+/// Initial state of a save dialog.
+struct SaveQuestion {
+    QString Filter;       ///< description and pattern of each file type alternately, separated by "|"
+    int FilterIndex = 1;  ///< file type selected initially, counted from 1
+    QString FileName;     ///< proposed file name, with its folder
+};
+
+/// Message boxes and file dialogs. All other code goes through this interface, so that tests can queue the answers.
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+
+    /// Modal box with an OK button; returns when it is closed. With an empty title the box has no caption.
+    virtual void ShowMessage(const QString& text, const QString& title) = 0;
+    /// Modal box with はい and いいえ. True for はい.
+    virtual bool Confirm(const QString& text, const QString& title) = 0;
+    /// Modal save dialog; nullopt on cancel. The path is returned as typed: no suffix is appended, and no confirmation
+    /// is asked for an existing file. A proposed name without a folder is resolved in the user's documents folder. The
+    /// dialog may change the working directory.
+    virtual std::optional<QString> ShowSave(const SaveQuestion& question) = 0;
+
+    // The same with defaultTitle.
+    void ShowMessage(const QString& text) { ShowMessage(text, defaultTitle); }
+    bool Confirm(const QString& text) { return Confirm(text, defaultTitle); }
+
+    QString defaultTitle;
+};
+
+/// Notice that a long job is running, for modules without widgets. The base class shows nothing.
+class WaitDialog {
+  public:
+    virtual ~WaitDialog() = default;
+    /// Shows the notice and processes events once, so that it is painted.
+    virtual void Show() {}
+    /// Closes the notice.
+    virtual void Unload() {}
+};
 
 /// Services of the operating system and the desktop. Programs with windows set `system`, `dialogs` and `waitDialog` in
 /// main(); tests install their fakes.

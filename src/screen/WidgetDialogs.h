@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Dialogs.h"
+#include "platform/Services.h"
 
 /// Application-modal message boxes and save dialog over the active window.
 class WidgetDialogs : public platform::Dialogs {

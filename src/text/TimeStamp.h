@@ -4,6 +4,6 @@
 #include <QString>
 
 /// "yyyymmdd hhnnss", 15 characters: format of the time stamps in the suite's tables, which sorts chronologically.
-QString TimeStamp(const QDateTime& time);
+inline QString TimeStamp(const QDateTime& time) { return time.toString(QStringLiteral("yyyyMMdd HHmmss")); }
 /// "yyyymmdd".
-QString DateText(const QDate& date);
+inline QString DateText(const QDate& date) { return date.toString(QStringLiteral("yyyyMMdd")); }

@@ -93,6 +93,33 @@ TEST_F(AddedRecords, AddNewStoresTheRecordBefore) {
     EXPECT_EQ(Stored(), u"1/既定/(null)"_s);
 }
 
+TEST_F(AddedRecords, AreTheLastRecordForMoveNext) {
+    file.Run(u"INSERT INTO 表 (a) VALUES ('1'), ('2')"_s);
+    OpenForUpdate(u"SELECT * FROM 表"_s);
+    records.AddNew();
+    records.Write(u"a", u"3"_s);
+    records.Update();
+    EXPECT_FALSE(records.AtEOF());
+    EXPECT_EQ(records[u"a"].Text(), u"3"_s);
+    records.MoveNext();
+    EXPECT_TRUE(records.AtEOF());
+    EXPECT_EQ(NumberOf([&] { records[u"a"]; }), kNoCurrentRecord);
+    EXPECT_EQ(NumberOf([&] { records.MoveNext(); }), kNoCurrentRecord);
+}
+
+TEST_F(AddedRecords, AreCurrentInAnEmptyTableAndStoredByMoveNext) {
+    EXPECT_TRUE(records.AtBOF());
+    records.AddNew();
+    records.Write(u"a", u"1"_s);
+    EXPECT_FALSE(records.AtBOF());
+    EXPECT_FALSE(records.AtEOF());
+    records.MoveNext();
+    EXPECT_EQ(Stored(), u"1/既定/(null)"_s);
+    EXPECT_TRUE(records.AtEOF());
+    EXPECT_EQ(NumberOf([&] { records[u"a"]; }), kNoCurrentRecord);
+    records.Close();
+}
+
 TEST_F(AddedRecords, CloseIsRefusedWhileARecordIsInWork) {
     records.AddNew();
     EXPECT_EQ(NumberOf([&] { records.Close(); }), kNotAllowedHere);

@@ -1,4 +1,4 @@
-#include "database/sql/BooleanChains.h"
+#include "database/sql/Rewriters.h"
 
 #include <gtest/gtest.h>
 

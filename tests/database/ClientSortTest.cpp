@@ -1,4 +1,4 @@
-#include "database/ClientSort.h"
+#include "database/ResultTable.h"
 
 #include <gtest/gtest.h>
 
@@ -19,8 +19,8 @@ std::shared_ptr<ResultTable> Rows(const QList<QStringList>& rows) {
     return table;
 }
 
-QString Order(const QList<QStringList>& rows, const QList<ProviderKey>& keys, int limit = -1) {
-    const auto sorted = SortedRows(*Rows(rows), keys, limit);
+QString Order(const QList<QStringList>& rows, const QList<SortKey>& keys, int limit = -1) {
+    const auto sorted = SortRows(*Rows(rows), keys, limit);
     EXPECT_EQ(sorted->Columns().Count(), rows[0].size() - keys.size());
     QString names;
     for (int row = 0; row < sorted->RowCount(); ++row) names += sorted->Text(row, 0);

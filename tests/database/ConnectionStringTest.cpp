@@ -1,4 +1,4 @@
-#include "database/ConnectionString.h"
+#include "database/DatabaseSession.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "database/collation/LikeToRegex.h"
+#include "database/collation/LikePattern.h"
 
 #include <gtest/gtest.h>
 

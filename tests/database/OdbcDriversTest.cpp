@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "database/ConnectionString.h"
 #include "database/DatabaseFile.h"
+#include "database/DatabaseSession.h"
 #include "database/OwnDrivers.h"
 #include "database/odbc/OdbcHandle.h"
 

@@ -46,7 +46,8 @@ class OdbcWatchdogTest : public testing::Test {
 
     void ExpectOpenFor(qint64 milliseconds, const OdbcWatchdog& watch) const {
         QElapsedTimer timer;
-        for (timer.start(); timer.elapsed() < milliseconds;) ASSERT_FALSE(watch.Ended());
+        for (timer.start(); timer.elapsed() < milliseconds;)
+            ASSERT_EQ(watch.ShutdownReason(), OdbcWatchdog::Reason::None);
         EXPECT_TRUE(IsOpen(socket));
     }
 
@@ -68,7 +69,7 @@ TEST_F(OdbcWatchdogTest, ATurnThatLastsTooLongEndsTheConnectionAndNoOther) {
         EXPECT_EQ(Receive(socket), 0);
     }
     EXPECT_GE(timer.elapsed(), 50);
-    EXPECT_TRUE(watch.Ended());
+    EXPECT_EQ(watch.ShutdownReason(), OdbcWatchdog::Reason::Timeout);
     EXPECT_FALSE(IsOpen(socket));
     EXPECT_TRUE(IsOpen(before));
 }
@@ -91,8 +92,9 @@ TEST_F(OdbcWatchdogTest, ATurnInsideAnotherCountsAsPartOfIt) {
     watch.Begin(kShort);
     const OdbcWatchdog::ScopedCall whole(watch);
     QElapsedTimer timer;
-    for (timer.start(); !watch.Ended() && timer.elapsed() < 60'000;) const OdbcWatchdog::ScopedCall part(watch);
-    EXPECT_TRUE(watch.Ended());
+    for (timer.start(); watch.ShutdownReason() == OdbcWatchdog::Reason::None && timer.elapsed() < 60'000;)
+        const OdbcWatchdog::ScopedCall part(watch);
+    EXPECT_EQ(watch.ShutdownReason(), OdbcWatchdog::Reason::Timeout);
 }
 
 TEST_F(OdbcWatchdogTest, TheEndWaitsForNoTimeOut) {
@@ -136,7 +138,7 @@ TEST_F(OdbcWatchdogTest, ARequestToEndTheProgramEndsAConnectionWhereACancelDoesN
             watch, [](void* waits) { static_cast<std::atomic<bool>*>(waits)->wait(true); }, &hangs);
         platform::RequestEnd();
         EXPECT_EQ(Receive(socket), 0);
-        EXPECT_TRUE(watch.Ended());
+        EXPECT_EQ(watch.ShutdownReason(), OdbcWatchdog::Reason::EndOfProgram);
         hangs = false;
         hangs.notify_all();
     }

@@ -2,12 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QTcpServer>
 #include <QTemporaryDir>
+#include <thread>
 
 #include "database/Database.h"
 #include "database/DatabaseFile.h"
 #include "database/DatabaseSession.h"
 #include "database/OwnDrivers.h"
+#include "platform/EndRequest.h"
 #include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
@@ -40,7 +45,7 @@ class PlainEngine : public testing::TestWithParam<QString> {
     }
     QString Log() const { return folder.filePath(u"log"_s); }
     /// Arguments of the calls of this kind that the driver logged.
-    QStringList Told(const QString& call) const {
+    QStringList Logged(const QString& call) const {
         QStringList lines;
         for (const QString& line : QString::fromUtf8(ReadBytes(Log())).split(u'\n'))
             if (line.startsWith(call + u' ')) lines.append(line.sliced(call.size() + 1));
@@ -76,7 +81,7 @@ TEST_P(PlainEngine, GetsEveryStatementCharacterByCharacter) {
             Recordset rows;
             rows.Open(sql, connection);
         }
-        EXPECT_EQ(Told(u"run"_s), statements);
+        EXPECT_EQ(Logged(u"run"_s), statements);
     }
 }
 
@@ -94,9 +99,9 @@ TEST_P(PlainEngine, GetsTheTimeOutsOfConnectionAndStatements) {
     Open(kByName);
     Recordset rows;
     rows.Open(u"SELECT 1"_s, connection);
-    EXPECT_EQ(Told(u"login"_s), QStringList{u"60"_s});
-    EXPECT_EQ(Told(u"timeout"_s), QStringList{u"30000"_s});
-    EXPECT_EQ(Told(u"connect"_s), QStringList{u"DSN=plain;UID=u;PWD=p;"_s});
+    EXPECT_EQ(Logged(u"login"_s), QStringList{u"60"_s});
+    EXPECT_EQ(Logged(u"timeout"_s), QStringList{u"30000"_s});
+    EXPECT_EQ(Logged(u"connect"_s), QStringList{u"DSN=plain;UID=u;PWD=p;"_s});
 }
 
 TEST_P(PlainEngine, GivesTextsOfAnyLengthWholeAndTellsNullsFromEmptyOnes) {
@@ -117,7 +122,7 @@ TEST_P(PlainEngine, IsSentNothingThatWritesOverAConnectionForReading) {
     Recordset rows;
     EXPECT_EQ(NumberOf([&] { connection.Execute(u"DELETE FROM M部門"_s); }), kPermissionDenied);
     EXPECT_EQ(NumberOf([&] { rows.Open(u"DELETE FROM M部門"_s, connection); }), kPermissionDenied);
-    EXPECT_EQ(Told(u"run"_s), QStringList());
+    EXPECT_EQ(Logged(u"run"_s), QStringList());
 }
 
 TEST_P(PlainEngine, KeepsAndTakesBackByTheDriversOwnTransactions) {
@@ -132,6 +137,63 @@ TEST_P(PlainEngine, KeepsAndTakesBackByTheDriversOwnTransactions) {
         ReadBytes(Log()).contains("autocommit 0\ntimeout 30000\nrun DELETE FROM M部門\ncommit\nautocommit 1\n"
                                   "autocommit 0\nrollback\nautocommit 1\n"))
         << ReadBytes(Log()).toStdString();
+}
+
+TEST_P(PlainEngine, FailedCommitIsRolledBackAndTheConnectionGoesOn) {
+    Open(kByName, ConnectMode::ReadWrite);
+    qputenv("MEIBO_TEST_DRIVER_FAILS", "commit");
+    EXPECT_NE(NumberOf([&] {
+                  Transaction whole(connection);
+                  whole.Commit();
+              }),
+              0);
+    qunsetenv("MEIBO_TEST_DRIVER_FAILS");
+    connection.Execute(u"DELETE FROM M部門"_s);
+    EXPECT_TRUE(ReadBytes(Log()).endsWith(
+        "autocommit 0\ncommit\nrollback\nautocommit 1\ntimeout 30000\nrun DELETE FROM M部門\n"))
+        << ReadBytes(Log()).toStdString();
+}
+
+// What is written later would belong to the open transaction, and be lost.
+TEST_P(PlainEngine, ConnectionWhoseTransactionCannotBeEndedTakesNoMoreStatements) {
+    for (const char* failing : {"rollback", "autocommit 1"}) {
+        Open(kByName, ConnectMode::ReadWrite);
+        qputenv("MEIBO_TEST_DRIVER_FAILS", failing);
+        { const Transaction whole(connection); }
+        qunsetenv("MEIBO_TEST_DRIVER_FAILS");
+        const QByteArray log = ReadBytes(Log());
+        const QString refusal = u"トランザクションを終えられなかったため、この接続は使えません。"_s;
+        Recordset rows;
+        EXPECT_EQ(ErrorOf([&] { connection.Execute(u"DELETE FROM M部門"_s); }), refusal) << failing;
+        EXPECT_EQ(ErrorOf([&] { rows.Open(u"SELECT 1"_s, connection); }), refusal) << failing;
+        EXPECT_EQ(ErrorOf([&] { const Transaction other(connection); }), refusal) << failing;
+        EXPECT_EQ(ReadBytes(Log()), log) << failing;
+    }
+}
+
+TEST_P(PlainEngine, ServerThatDoesNotGiveItsNameIsLeftAfterTheTimeout) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    qputenv("MEIBO_TEST_DRIVER_PORT", QByteArray::number(silent.serverPort()));
+    connection.CommandTimeout = 1;
+    EXPECT_EQ(ErrorOf([&] { Open(kByName); }), u"サーバーが 6 秒待っても応答しないため、接続を切りました。"_s);
+    qunsetenv("MEIBO_TEST_DRIVER_PORT");
+}
+
+TEST_P(PlainEngine, StatementWhoseCancelDoesNotReturnIsNotFreedAndItsErrorNamesTheEndOfTheProgram) {
+    Open(kByName);
+    std::thread system([this] {
+        while (!ReadBytes(Log()).contains("run SELECT * FROM M長")) std::this_thread::yield();
+        platform::RequestEnd();
+    });
+    Recordset rows;
+    EXPECT_EQ(ErrorOf([&] { rows.Open(u"SELECT * FROM M長"_s, connection); }),
+              u"プログラムが終了するため、サーバーとの接続を切りました。"_s);
+    system.join();
+    connection.Close();
+    QElapsedTimer timer;
+    for (timer.start(); !ReadBytes(Log()).contains("cancelled") && timer.elapsed() < 60'000;) continue;
+    EXPECT_TRUE(ReadBytes(Log()).endsWith("run SELECT * FROM M長\ncancelled\n")) << ReadBytes(Log()).toStdString();
 }
 
 TEST_P(PlainEngine, FailsWithTheEnginesWordsAndAnswersOn) {

@@ -21,7 +21,7 @@ const QString kAsciiLower = u"CAST(LOWER(CONVERT(CAST(CONVERT(%1 USING utf8mb4) 
 const TextRules kRules = {{u"氏名"_s, u"カナ"_s}, {u"ログインID"_s}};
 
 AdaptedStatement For(const QString& engine, const QString& statement) {
-    return Adapt(statement, EngineOf(engine).differences, kRules);
+    return Adapt(statement, EngineOf(engine).dialect, kRules);
 }
 
 class ServerStatement : public testing::TestWithParam<Case> {};
@@ -43,6 +43,12 @@ INSTANTIATE_TEST_SUITE_P(
              u"SELECT \"T閲覧\".\"伝票No\" FROM \"T閲覧\" ORDER BY \"T閲覧\".\"閲覧日付\" DESC LIMIT 1"_s},
         Case{u"names in double quotes too"_s, u"SELECT \"M担当者\".コード FROM \"M担当者\""_s,
              u"SELECT \"m担当者\".コード FROM \"m担当者\""_s, u"SELECT \"M担当者\".コード FROM \"M担当者\""_s},
+        Case{
+            u"counts are sorted as numbers"_s,
+            u"SELECT コード, COUNT(氏名) AS n FROM t GROUP BY コード ORDER BY COUNT(t.氏名) DESC, n, 2, count([カナ])"_s,
+            u"SELECT コード, COUNT(氏名) AS n FROM t GROUP BY コード ORDER BY COUNT(t.氏名) DESC NULLS LAST,"
+            u" n NULLS FIRST, 2 NULLS FIRST, count(\"カナ\") NULLS FIRST"_s,
+            u"SELECT コード, COUNT(氏名) AS n FROM t GROUP BY コード ORDER BY COUNT(t.氏名) DESC, n, 2, count(\"カナ\")"_s},
         Case{u"Nulls come first"_s, u"SELECT a FROM t ORDER BY a, t.b DESC, c ASC"_s,
              u"SELECT a FROM t ORDER BY a NULLS FIRST, t.b DESC NULLS LAST, c ASC NULLS FIRST"_s,
              u"SELECT a FROM t ORDER BY a, t.b DESC, c ASC"_s},
@@ -180,7 +186,8 @@ INSTANTIATE_TEST_SUITE_P(
                     u"SELECT * FROM t UNION SELECT * FROM u ORDER BY 1"_s, u"SELECT * FROM t ORDER BY 2"_s,
                     u"SELECT 氏名 || カナ AS x FROM t ORDER BY x"_s, u"SELECT コード, UPPER(氏名) FROM t ORDER BY 2"_s,
                     u"SELECT 1 FROM t ORDER BY 氏名 || カナ"_s, u"SELECT 1 FROM t ORDER BY コード, MAX(t.氏名) DESC"_s,
-                    u"SELECT 1 FROM t ORDER BY 氏名 COLLATE x"_s, u"SELECT 1 FROM t ORDER BY (氏名)"_s,
+                    u"SELECT 1 FROM t ORDER BY 氏名 COLLATE x"_s,
+                    u"SELECT 1 FROM t ORDER BY MAX(COUNT(コード) || 氏名)"_s, u"SELECT 1 FROM t ORDER BY (氏名)"_s,
                     u"SELECT x FROM (SELECT 氏名 AS x FROM t) AS s ORDER BY x"_s,
                     u"SELECT y FROM (SELECT x y FROM (SELECT 氏名 x FROM t) AS s) AS r ORDER BY r.y"_s,
                     u"SELECT a FROM (SELECT 氏名 FROM t) AS s (a) ORDER BY a"_s,

@@ -13,7 +13,12 @@ struct Case {
 
 void PrintTo(const Case& c, std::ostream* out) { *out << c.name.toStdString(); }
 
-const SqlDialect kEngine = {true, true, true, 4, u"FOLDED"_s, u"NOCASE"_s};
+const SqlDialect kEngine = {.topIsLimit = true,
+                            .flattenRightJoins = true,
+                            .bracketQuotedNames = true,
+                            .longestChain = 4,
+                            .textCollation = u"FOLDED"_s,
+                            .caseBlindCollation = u"NOCASE"_s};
 const TextRules kRules = {{u"氏名"_s, u"カナ"_s, u"郵便番号"_s}, {u"ログインID"_s}};
 
 QString Adapted(const QString& statement) { return AdaptStatement(statement, kEngine, kRules); }

@@ -1,4 +1,4 @@
-#include "database/collation/TextOrder.h"
+#include "database/collation/TextFolding.h"
 
 #include <gtest/gtest.h>
 

@@ -9,15 +9,11 @@
 #include "database/sql/StatementAdapter.h"
 #include "database/sql/SyntaxTree.h"
 #include "database/sql/Tokenizer.h"
-#include "database/sqlite/SqliteFunctions.h"
+#include "database/sqlite/SqliteSession.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
 
 // Invariants of every statement translated for each of the three engines.
-
-inline database::SqlDialect DesktopDifferences() {
-    return {true, true, true, 200, QString::fromLatin1(database::kSuiteTextCollation), QStringLiteral("NOCASE")};
-}
 
 /// A translated statement and the invariants to check.
 class AdapterRules {
@@ -48,7 +44,8 @@ class AdapterRules {
         int depth = 0;
         for (const database::Token& token : tokens) {
             if (token.kind == database::TokenKind::Invalid) return false;
-            if (token.kind == database::TokenKind::Sign) depth += token.text == u"(" ? 1 : token.text == u")" ? -1 : 0;
+            if (token.kind == database::TokenKind::Punctuation)
+                depth += token.text == u"(" ? 1 : token.text == u")" ? -1 : 0;
             if (depth < 0) return false;
         }
         return depth == 0;
@@ -60,7 +57,7 @@ class AdapterRules {
         bool pattern = false;
         for (const database::Token& token : tokens) {
             if (token.kind == database::TokenKind::Text && !pattern) values.append(token.text);
-            const bool bracket = token.kind == database::TokenKind::Sign && token.text == u"(";
+            const bool bracket = token.kind == database::TokenKind::Punctuation && token.text == u"(";
             pattern = token.Is(u"LIKE") || token.Is(u"ESCAPE") || token.Is(u"REGEXP") || token.text == u"~" ||
                       token.text == u"!~" || (pattern && bracket);
         }
@@ -90,9 +87,9 @@ class AdapterRules {
         bool order = false;
         for (size_t at = 0; at < level.size(); ++at) {
             if (level[at].group) CheckLevel(level[at].inside);
-            if (level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsSign(u"."))) CheckLike(level, at);
-            if (level[at].IsSign(u";") || EndsOrderList(level[at])) order = false;
-            const bool table = at + 1 < level.size() && level[at + 1].IsSign(u".");
+            if (level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsPunctuation(u"."))) CheckLike(level, at);
+            if (level[at].IsPunctuation(u";") || EndsOrderList(level[at])) order = false;
+            const bool table = at + 1 < level.size() && level[at + 1].IsPunctuation(u".");
             if (order && !table)
                 Require(!database::IsColumnOf(rules_.sortedAsText, level[at]), "no text is sorted by codes");
             if (at > 0 && level[at - 1].Is(u"ORDER") && level[at].Is(u"BY")) order = true;
@@ -120,7 +117,6 @@ class AdapterRules {
 /// Checks the statement for both servers, and returns its text for the desktop engine.
 inline QString CheckForEveryEngine(const QString& sql, const database::TextRules& rules) {
     for (const QString& engine : {QStringLiteral("PostgreSQL"), QStringLiteral("MariaDB")})
-        AdapterRules(sql, database::EngineOf(engine).differences, rules).Check();
-    static const database::SqlDialect desktop = DesktopDifferences();
-    return *AdapterRules(sql, desktop, rules).Check();
+        AdapterRules(sql, database::EngineOf(engine).dialect, rules).Check();
+    return *AdapterRules(sql, database::SqliteDialect(), rules).Check();
 }

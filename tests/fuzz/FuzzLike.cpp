@@ -4,7 +4,6 @@
 #include <QRegularExpression>
 
 #include "database/collation/LikePattern.h"
-#include "database/collation/LikeToRegex.h"
 #include "database/collation/TextFolding.h"
 #include "fuzz/FuzzInput.h"
 

@@ -6,7 +6,7 @@
 #include "database/sql/ParameterisedStatement.h"
 #include "database/sql/SyntaxTree.h"
 #include "database/sql/Tokenizer.h"
-#include "database/sqlite/SqliteFunctions.h"
+#include "database/sqlite/SqliteHandle.h"
 #include "fuzz/AdapterRules.h"
 #include "fuzz/FuzzInput.h"
 
@@ -44,7 +44,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString sql = FuzzInput(data, size).Text();
     const std::vector<database::Token> tokens = database::SplitStatement(sql);
     QString whole;
-    for (const database::Token& token : tokens) whole += token.before + token.text;
+    for (const database::Token& token : tokens) whole += token.leadingTrivia + token.text;
     Require(whole == sql, "the tokens are the statement");
     if (const auto tree = database::ParseStatement(sql))
         Require(database::StatementText(*tree) == sql, "an untouched tree is the statement");

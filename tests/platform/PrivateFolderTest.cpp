@@ -1,8 +1,9 @@
-#include "platform/PrivateFolder.h"
+#include "platform/FileRights.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -65,6 +66,15 @@ TEST_F(PrivateFolder, LinksAndSpecialFilesAreNamed) {
     EXPECT_EQ(Faults(), faults);
     EXPECT_EQ(Faults(std::nullopt), faults);
     EXPECT_EQ(UsageError(), faults.join(u'\n'));
+}
+
+TEST_F(PrivateFolder, FileWithAnotherNameIsNamed) {
+    ASSERT_EQ(::link(QFile::encodeName(Own(u"/conf/a"_s)).constData(),
+                     QFile::encodeName(folder.filePath(u"elsewhere"_s)).constData()),
+              0);
+    const QString fault = Own(u"/conf/a"_s) + u" には別の名前 (ハードリンク) があります。"_s;
+    EXPECT_EQ(Faults(), QStringList{fault});
+    EXPECT_EQ(UsageError(), fault);
 }
 
 TEST_F(PrivateFolder, LinkOrFileInPlaceOfTheFolderIsNamed) {

@@ -138,6 +138,34 @@ TEST_F(ProcessServiceTest, EndedProcessKeepsItsCodeForItsHandleAndIsReapedByItse
     EXPECT_EQ(processes.OpenProcess(0x100001, false, other), 0U);
 }
 
+TEST_F(ProcessServiceTest, HandleHasTheCodeOfAProcessThatTheEventLoopHasReaped) {
+    const quint32 id = processes.StartHidden(Program("while [ ! -e " + Target("go") + " ]; do :; done; exit 3"), {});
+    const quint32 handle = processes.OpenProcess(0, false, id);
+    WriteBytes(folder.filePath(u"go"_s), "");
+    ASSERT_TRUE(QTest::qWaitFor([id] { return !Runs(id); }, 20000));
+    quint32 code = ProcessService::kStillActive;
+    EXPECT_TRUE(processes.GetExitCodeProcess(handle, code));
+    EXPECT_EQ(code, 3U);
+    processes.CloseHandle(handle);
+}
+
+TEST_F(ProcessServiceTest, CodeOfAProcessThatIsNoChildIsUnknown) {
+    // The shell's child outlives it and is then reaped by another process.
+    const quint32 shell =
+        processes.StartHidden(Program("sh -c 'while [ ! -e " + Target("go") + " ]; do :; done; exit 3' &\necho $! > " +
+                                      Target("new") + "; mv " + Target("new") + ' ' + Target("id")),
+                              {});
+    const quint32 id = Written(u"id"_s).trimmed().toUInt();
+    ASSERT_TRUE(QTest::qWaitFor([shell] { return !Runs(shell); }, 20000));
+    const quint32 handle = processes.OpenProcess(0, false, id);
+    ASSERT_NE(handle, 0U);
+    WriteBytes(folder.filePath(u"go"_s), "");
+    quint32 code = ProcessService::kStillActive;
+    while (processes.GetExitCodeProcess(handle, code) && code == ProcessService::kStillActive) continue;
+    EXPECT_EQ(code, ProcessService::kUnknownExitCode);
+    processes.CloseHandle(handle);
+}
+
 TEST_F(ProcessServiceTest, EndedProcessHoldsNoDescriptorAlsoWhereItsHandleStaysOpen) {
     const QString program = Program("exit 0");
     const qsizetype before = OpenDescriptors();

@@ -159,6 +159,15 @@ TEST_F(RegistryTest, TwoProgramsThatWriteAtOnceLoseNothing) {
     EXPECT_EQ(ReadBytes(UserFile()).count("=1\n"), kProcesses * kValues);
 }
 
+TEST_F(RegistryTest, EveryFolderMadeForTheMachinesPartIsPassableByAllUsers) {
+    registry = {folder.filePath(u"etc/suite/machine"_s), UserFile()};
+    const mode_t kept = ::umask(077);
+    Made(kOffice, MachineRoot());
+    ::umask(kept);
+    EXPECT_EQ(RightsOf(folder.filePath(u"etc"_s))->mode, 0755U);
+    EXPECT_EQ(RightsOf(folder.filePath(u"etc/suite"_s))->mode, 0755U);
+}
+
 TEST_F(RegistryTest, MachinesPartIsReadableByAllUsersWhateverTheUmask) {
     const QString file = folder.filePath(u"etc/machine"_s);
     FileRegistry machine(file, UserFile());

@@ -1,5 +1,6 @@
 #include "platform/ScratchFolder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -9,8 +10,14 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <thread>
+
 #include "platform/FileRights.h"
 #include "support/FileBytes.h"
+#include "support/FileSizeLimit.h"
+#include "support/GivenAway.h"
+#include "support/WithoutFileRights.h"
 
 using namespace Qt::StringLiterals;
 using platform::ScratchFolder;
@@ -40,7 +47,10 @@ class ScratchFolders : public testing::Test {
     }
     QList<ScratchLeftover> Leftovers() const { return platform::ScratchLeftovers(parent.path(), kPrefix); }
 
-    QTemporaryDir parent;
+    QString Lock() const { return parent.filePath(Entries().first()) + u"/in-use"_s; }
+
+    // Other users can't enter the usual folder of the tests.
+    QTemporaryDir parent{u"/tmp/meibo-scratch-XXXXXX"_s};
 };
 
 }  // namespace
@@ -68,6 +78,41 @@ TEST_F(ScratchFolders, FailureIsReported) {
     const ScratchFolder work(parent.filePath(u"missing"_s), kPrefix);
     EXPECT_FALSE(work.IsValid());
     EXPECT_EQ(work.Error(), QString::fromLocal8Bit(::strerror(ENOENT)));
+}
+
+TEST_F(ScratchFolders, FullDiskIsReportedAndLeavesNothing) {
+    const FileSizeLimit full(0);
+    const ScratchFolder work(parent.path(), kPrefix, "/srv/honten");
+    EXPECT_FALSE(work.IsValid());
+    EXPECT_EQ(work.Error(), QString::fromLocal8Bit(::strerror(EFBIG)));
+    EXPECT_EQ(Entries(), QStringList());
+}
+
+TEST_F(ScratchFolders, LockIsNotInheritedByProgramsThatAreStarted) {
+    const ScratchFolder work(parent.path(), kPrefix);
+    int locks = 0;
+    for (const QFileInfo& entry : QDir(u"/proc/self/fd"_s).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+        if (entry.symLinkTarget() != Lock()) continue;
+        ++locks;
+        EXPECT_EQ(::fcntl(entry.fileName().toInt(), F_GETFD), FD_CLOEXEC);
+    }
+    EXPECT_EQ(locks, 1);
+}
+
+TEST_F(ScratchFolders, AreMadeWhileAnotherProcessRemovesLeftovers) {
+    std::atomic_bool made = false;
+    std::thread cleaner([&] {
+        while (!made) platform::RemoveScratchLeftovers(parent.path(), kPrefix);
+    });
+    for (int i = 0; i < 400; ++i) {
+        const ScratchFolder work(parent.path(), kPrefix, "note");
+        EXPECT_TRUE(work.IsValid()) << work.Error().toStdString();
+        EXPECT_TRUE(QFile::exists(work.FilePath(u"in-use"_s)));
+    }
+    made = true;
+    cleaner.join();
+    platform::RemoveScratchLeftovers(parent.path(), kPrefix);
+    EXPECT_EQ(Entries(), QStringList());
 }
 
 TEST_F(ScratchFolders, LeftoversOfKilledProcessesAreFoundWithTheirNotesAndRemoved) {
@@ -122,4 +167,68 @@ TEST_F(ScratchFolders, LinkInALeftoverIsRemovedAndNotFollowed) {
     platform::RemoveScratchLeftovers(parent.path(), kPrefix);
     EXPECT_EQ(Entries(), QStringList{u"target"_s});
     EXPECT_EQ(ReadBytes(parent.filePath(u"target/letter"_s)), "mine");
+}
+
+TEST_F(ScratchFolders, HiddenAndSpecialFilesInALeftoverAreRemoved) {
+    LeaveOne({});
+    const QString folder = parent.filePath(Entries().first());
+    WriteBytes(folder + u"/.hidden"_s, "names");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder + u"/pipe"_s).constData(), 0600), 0);
+    MakeLink(u"/nowhere"_s, folder + u"/dangling"_s);
+    platform::RemoveScratchLeftovers(parent.path(), kPrefix);
+    EXPECT_EQ(Entries(), QStringList());
+}
+
+TEST_F(ScratchFolders, LeftoverThatCannotBeRemovedIsStillKnownAsOne) {
+    LeaveOne("/srv/honten");
+    const QString kept = parent.filePath(Entries().first()) + u"/old"_s;
+    SetModeOf(kept, 0500);
+    {
+        const WithoutFileRights user;
+        EXPECT_FALSE(platform::RemoveScratchLeftover(Leftovers().value(0)));
+    }
+    ASSERT_EQ(Leftovers().size(), 1);
+    EXPECT_TRUE(Leftovers()[0].known);
+    EXPECT_EQ(Leftovers()[0].note, "/srv/honten");
+    SetModeOf(kept, 0700);
+    EXPECT_TRUE(platform::RemoveScratchLeftover(Leftovers()[0]));
+}
+
+TEST_F(ScratchFolders, LinkOrPipeInPlaceOfTheLockIsNotOpened) {
+    LeaveOne({});
+    ASSERT_TRUE(QFile::remove(Lock()));
+    const QString letter = parent.filePath(u"letter"_s);
+    WriteBytes(letter, "private");
+    MakeLink(letter, Lock());
+    const QStringList before = Entries();
+    EXPECT_EQ(Leftovers().size(), 0);
+    platform::RemoveScratchLeftovers(parent.path(), kPrefix);
+    EXPECT_EQ(Entries(), before);
+    ASSERT_TRUE(QFile::remove(Lock()));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Lock()).constData(), 0600), 0);
+    ASSERT_EQ(Leftovers().size(), 1);
+    EXPECT_EQ(Leftovers()[0].note, "") << "read at once";
+}
+
+TEST_F(ScratchFolders, OnlyFoundLeftoversAreRemovedAndThoseFoundAreSorted) {
+    for (const QString& name : {u".work-000002"_s, u".work-000001"_s, u".work-000003"_s}) {
+        ASSERT_TRUE(QDir(parent.path()).mkdir(name));
+        WriteBytes(parent.filePath(name + u"/in-use"_s), "");
+    }
+    const QList<ScratchLeftover> found = Leftovers();
+    ASSERT_EQ(found.size(), 3);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(found[i].path, parent.filePath(u".work-00000%1"_s.arg(i + 1)));
+    EXPECT_FALSE(platform::RemoveScratchLeftover({found[0].path, found[0].owner, {}, false}));
+    EXPECT_EQ(Entries().size(), 3);
+}
+
+TEST_F(ScratchFolders, LeftoverThatIsClosedToThisUserIsNotListed) {
+    REQUIRE_SUPERUSER();
+    LeaveOne({});
+    SetModeOf(parent.path(), 0755);
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(::setresuid(kNobody, kNobody, kNobody) == 0 ? static_cast<int>(Leftovers().size()) : 9);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }

@@ -14,7 +14,6 @@
 
 #include <csignal>
 
-#include "platform/SecretText.h"
 #include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/Connections.h"
-#include "database/collation/TextOrder.h"
+#include "database/collation/TextFolding.h"
 #include "inquiry/StaffQuery.h"
 #include "selection/StaffListQuery.h"
 #include "servers/ServerFixture.h"

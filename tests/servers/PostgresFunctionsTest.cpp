@@ -5,7 +5,6 @@
 #include <QRandomGenerator>
 
 #include "database/collation/TextFolding.h"
-#include "database/collation/TextOrder.h"
 #include "support/SampleInstallation.h"
 #include "support/ServerDatabase.h"
 

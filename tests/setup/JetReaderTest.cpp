@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "platform/RuntimeError.h"
@@ -94,6 +96,19 @@ TEST_F(JetReaders, MoreThanTheFileCanHoldIsADamagedFile) {
     EXPECT_EQ(rows.size(), QFile(kFile).size() / 3);
 }
 
+TEST_F(JetReaders, MoreColumnsThanATableCanHaveAreADamagedFile) {
+    const QByteArray most = EncodeFrame({FrameKind::Names, QStringList(setup::kMostColumns, u"列"_s)});
+    const QByteArray more = EncodeFrame({FrameKind::Names, QStringList(setup::kMostColumns + 1, u"列"_s)});
+    const setup::JetReader reader(kFile, Answering(names + most + more), {});
+    EXPECT_EQ(reader.Columns(u"M役職"_s).size(), setup::kMostColumns);
+    try {
+        reader.Columns(u"M役職"_s);
+        FAIL();
+    } catch (const platform::RuntimeError& error) {
+        EXPECT_EQ(error.Description(), kFile + kDamaged);
+    }
+}
+
 TEST_F(JetReaders, AReaderThatRunsOrIsSilentForTooLongIsKilled) {
     EXPECT_EQ(Failure(Program("while :; do :; done"), {.cpuSeconds = 1}), kFile + kTooLong);
     EXPECT_EQ(Failure(Program("exec sleep 600"), {.waitMilliseconds = 300}), kFile + kTooLong);
@@ -107,15 +122,29 @@ TEST_F(JetReaders, AProgramThatCannotBeStartedIsNamed) {
 TEST_F(JetReaders, AFileThatGrowsOrIsReplacedDuringTheReadIsAFailure) {
     const QString copy = folder.filePath(u"copy.mdb"_s);
     QFile::copy(kFile, copy);
+    const QDateTime written = QFileInfo(copy).lastModified();
     const setup::JetReader reader(copy, QStringLiteral(SUITE_PROGRAMS) + u"/suite-setup"_s);
-    reader.CheckUnchanged();
-    WriteBytes(copy, ReadBytes(kFile) + QByteArray(4096, '\0'));
-    try {
-        reader.CheckUnchanged();
-        FAIL();
-    } catch (const platform::RuntimeError& error) {
-        EXPECT_EQ(error.Description(), copy + u" は読み取り中に変更されました。何も取り込んでいません。"_s);
-    }
+    const auto change = [&](const QByteArray& content, const QDateTime& time) {
+        WriteBytes(copy, content);
+        QFile file(copy);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.setFileTime(time, QFile::FileModificationTime));
+    };
+    const auto failure = [&]() -> QString {
+        try {
+            reader.CheckUnchanged();
+        } catch (const platform::RuntimeError& error) {
+            return error.Description();
+        }
+        return {};
+    };
+    const QString changed = copy + u" は読み取り中に変更されました。何も取り込んでいません。"_s;
+    EXPECT_EQ(failure(), QString());
+    change(ReadBytes(kFile) + QByteArray(4096, '\0'), written);
+    EXPECT_EQ(failure(), changed) << "larger";
+    change(ReadBytes(kFile), written.addMSecs(1));
+    EXPECT_EQ(failure(), changed) << "of the same size";
+    change(ReadBytes(kFile), written);
+    EXPECT_EQ(failure(), QString());
 }
 
 TEST_F(JetReaders, TheEnvironmentOfThisProgramStaysAsItIs) {

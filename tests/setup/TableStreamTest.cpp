@@ -45,7 +45,8 @@ TEST(TableStream, LengthsBeyondTheLimitsAreRefused) {
     EXPECT_TRUE(Refused([] { setup::FrameLength(QByteArray("\0\0\0\0", 4)); }));
     EXPECT_TRUE(Refused([] { setup::FrameLength(QByteArray("\1\0\0\4", 4)); }));
     EXPECT_TRUE(Refused([] { setup::FrameLength(QByteArray("\xff\xff\xff\xff", 4)); }));
-    EXPECT_TRUE(Refused([] { setup::FrameLength("\1"); }));
+    EXPECT_TRUE(Refused([] { setup::FrameLength(QByteArray::fromRawData("\1\0\0\0", 3)); }));
+    EXPECT_TRUE(Refused([] { setup::FrameLength(QByteArray("\1\0\0\0R", 5)); }));
     EXPECT_EQ(setup::FrameLength(QByteArray("\0\0\0\4", 4)), setup::kLongestFrame);
 }
 
@@ -53,7 +54,7 @@ TEST(TableStream, BodiesThatNoEncoderWritesAreRefused) {
     EXPECT_TRUE(BodyRefused(""));
     EXPECT_TRUE(BodyRefused("X"));
     EXPECT_TRUE(BodyRefused(QByteArray("R\1\0\0", 4)));
-    EXPECT_TRUE(BodyRefused(QByteArray("R\2\0\0\0a", 6)));
+    EXPECT_TRUE(BodyRefused(QByteArray::fromRawData("R\2\0\0\0ab", 6)));
     EXPECT_TRUE(BodyRefused(QByteArray("R\xfe\xff\xff\xff", 5)));
     EXPECT_TRUE(BodyRefused(QByteArray("R\1\0\0\0\x80", 6)));
     EXPECT_TRUE(BodyRefused(QByteArray("R\3\0\0\0\xed\xa0\x80", 8)));
@@ -67,6 +68,12 @@ TEST(TableStream, TextsOverAMegabyteAreRefused) {
     EXPECT_TRUE(BodyRefused(setup::EncodeFrame({FrameKind::Row, {longest + u'a'}}).sliced(4)));
 }
 
+TEST(TableStream, AFrameHasAtMostAsManyTextsAsAFileHasTables) {
+    QByteArray body = "N" + QByteArray(4 * setup::kMostTables, '\xff');
+    EXPECT_EQ(setup::ParseFrame(body).texts.size(), setup::kMostTables);
+    EXPECT_TRUE(BodyRefused(body + QByteArray(4, '\xff')));
+}
+
 TEST(TableStream, ARowOverTheLongestFrameCannotBeEncoded) {
     const QStringList texts(65, QString(setup::kLongestText, u'a'));
     EXPECT_TRUE(Refused([&] { setup::EncodeFrame({FrameKind::Row, texts}); }));
@@ -76,13 +83,16 @@ TEST(TableStream, NamesAreCountedAndNotEmpty) {
     EXPECT_EQ(setup::ParseNames({FrameKind::Names, {u"a"_s, u"b"_s}}, 2), (QStringList{u"a"_s, u"b"_s}));
     EXPECT_TRUE(Refused([] { setup::ParseNames({FrameKind::Names, {u"a"_s, u"b"_s}}, 1); }));
     EXPECT_TRUE(Refused([] { setup::ParseNames({FrameKind::Names, {QString()}}, 1); }));
+    EXPECT_TRUE(Refused([] { setup::ParseNames({FrameKind::Names, {u""_s}}, 1); }));
     EXPECT_TRUE(Refused([] { setup::ParseNames({FrameKind::Row, {u"a"_s}}, 1); }));
 }
 
 TEST(TableStream, CountsAreNumbersFromNull) {
     EXPECT_EQ(setup::ParseCount({FrameKind::End, {u"12"_s}}), 12);
+    EXPECT_EQ(setup::ParseCount({FrameKind::End, {u"0"_s}}), 0);
     for (const QString& text : {u"-1"_s, u"x"_s, u""_s, u"99999999999999999999"_s})
         EXPECT_TRUE(Refused([&] { setup::ParseCount({FrameKind::End, {text}}); })) << text.toStdString();
     EXPECT_TRUE(Refused([] { setup::ParseCount({FrameKind::End, {}}); }));
+    EXPECT_TRUE(Refused([] { setup::ParseCount({FrameKind::End, {u"1"_s, u"1"_s}}); }));
     EXPECT_TRUE(Refused([] { setup::ParseCount({FrameKind::Names, {u"1"_s}}); }));
 }

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocalSocket>
 #include <QtTest/QTest>
 
 #include <stdexcept>
@@ -52,7 +53,13 @@ PrintService::PrintService() : folder_(u"/tmp/cups-XXXXXX"_s), environmentBefore
     scheduler_.setStandardErrorFile(folder_.filePath(u"log/out"_s));
     scheduler_.start(u"/usr/sbin/cupsd"_s, {u"-f"_s, u"-c"_s, folder_.filePath(u"etc/cupsd.conf"_s), u"-s"_s,
                                             folder_.filePath(u"etc/cups-files.conf"_s)});
-    if (!QTest::qWaitFor([this] { return QFileInfo::exists(folder_.filePath(u"socket"_s)); }, 20000))
+    // The socket's file exists a moment before the scheduler listens.
+    const auto listens = [this] {
+        QLocalSocket client;
+        client.connectToServer(folder_.filePath(u"socket"_s));
+        return client.waitForConnected(1000);
+    };
+    if (!QTest::qWaitFor(listens, 20000))
         throw std::runtime_error("the printing system does not start: " +
                                  ReadBytes(folder_.filePath(u"log/out"_s)).toStdString());
 }

@@ -1,4 +1,6 @@
-#include "database/collation/LikeToRegex.h"
+// Part of LikePattern.h: translations for servers.
+
+#include "database/collation/LikePattern.h"
 
 #include <QHash>
 #include <algorithm>
@@ -14,9 +16,9 @@ using Element = LikePattern::Element;
 
 // Only ASCII punctuation may be escaped: a backslash before a letter or digit has a meaning in the regex.
 QString Escaped(char32_t character) {
-    const bool sign =
+    const bool special =
         character < 0x80 && character > 0x20 && !QChar(static_cast<char16_t>(character)).isLetterOrNumber();
-    return sign ? u'\\' + platform::TextOfCharacter(character) : platform::TextOfCharacter(character);
+    return special ? u'\\' + platform::TextOfCharacter(character) : platform::TextOfCharacter(character);
 }
 
 // Body of a [list] character class.

@@ -1,7 +1,7 @@
 #include "database/collation/PostgresFunctions.h"
 
 #include "database/collation/TextFolding.h"
-#include "database/collation/TextOrder.h"
+#include "database/sql/Quoting.h"
 #include "platform/Utf8Text.h"
 
 namespace database {
@@ -15,8 +15,6 @@ constexpr Range kWeighted[] = {{0x0000, 0x33FF}, {0x4E00, 0x9FFF}, {0xE000, 0xFF
 constexpr Range kKana = {0x3041, 0x30FF};
 constexpr int kOthersClass = 6;
 constexpr int kLengthening = 0x30FC;
-
-QString Literal(const QString& text) { return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\''; }
 
 // translate() searches its whole table for each character that is not in it. Half-width kana and the ideographic space,
 // which occur in nearly every name and reading, therefore get small tables.
@@ -49,7 +47,7 @@ QString Translation(Kind kind) {
         }
     }
     return QStringLiteral(" IF folded ~ %1 THEN folded := translate(folded, %2, %3); END IF;")
-        .arg(Literal(u'[' + ranges + u']'), Literal(from), Literal(to));
+        .arg(TextLiteral(QString(u'[' + ranges + u']')), TextLiteral(from), TextLiteral(to));
 }
 
 // Composes kana and marks. normalize() is several times faster than one replace() per pair, but composes more than

@@ -1,4 +1,6 @@
-#include "database/collation/TextOrder.h"
+// Part of TextFolding.h: the order.
+
+#include "database/collation/TextFolding.h"
 
 #include <iconv.h>
 
@@ -6,8 +8,6 @@
 #include <array>
 #include <memory>
 #include <vector>
-
-#include "database/collation/TextFolding.h"
 
 namespace database {
 namespace {

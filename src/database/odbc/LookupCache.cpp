@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "database/DatabaseError.h"
+#include "database/sql/Quoting.h"
+#include "database/sqlite/SqliteQuery.h"
 #include "platform/Utf8Text.h"
 
 namespace database {
@@ -13,26 +15,14 @@ constexpr quint64 kMostRows = 500'000;
 constexpr quint64 kTriesGrowBy = 4;
 
 bool IsDigits(QByteArrayView text) {
-    return std::all_of(text.begin(), text.end(), [](char sign) { return sign >= '0' && sign <= '9'; });
+    return std::all_of(text.begin(), text.end(), [](char digit) { return digit >= '0' && digit <= '9'; });
 }
-
-QString Quoted(const QString& name) { return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
 
 // Quoted for the suite's dialect; the server's adapter translates the brackets.
 QString Bracketed(const QString& name) { return u'[' + name + u']'; }
 
-QString Literal(const QByteArray& value) {
-    return u'\'' + platform::TextFromUtf8(value).replace(u'\'', QStringLiteral("''")) + u'\'';
-}
-
 bool IsTextType(const QString& type) {
     return type.contains(QStringLiteral("TEXT")) || type.startsWith(QStringLiteral("VARCHAR"));
-}
-
-[[noreturn]] void Fail(sqlite3* database) { throw SqliteFailure(database); }
-
-void Run(sqlite3* database, const QString& sql) {
-    if (RunPlain(database, sql.toUtf8().constData()) != SQLITE_OK) Fail(database);
 }
 
 SqliteDatabase InMemory() {
@@ -40,18 +30,16 @@ SqliteDatabase InMemory() {
     const int code =
         sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     SqliteDatabase database(raw);
-    if (code != SQLITE_OK) Fail(raw);
+    if (code != SQLITE_OK) throw SqliteFailure(raw);
     return database;
 }
 
 void InsertRows(sqlite3* database, const QString& table, const ResultTable& rows) {
     const int columns = rows.Columns().Count();
     const QStringList places(columns, QStringLiteral("?"));
-    const QByteArray sql = QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(Quoted(table), places.join(u',')).toUtf8();
-    sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(database, sql.constData(), static_cast<int>(sql.size()), &raw, nullptr) != SQLITE_OK)
-        Fail(database);
-    const SqliteStatement statement(raw);
+    const SqliteStatement statement =
+        PrepareSql(database, QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(QuotedName(table), places.join(u',')));
+    sqlite3_stmt* raw = statement.get();
     for (int row = 0; row < rows.RowCount(); ++row) {
         const SqliteRun run(raw);
         sqlite3_clear_bindings(raw);
@@ -60,7 +48,7 @@ void InsertRows(sqlite3* database, const QString& table, const ResultTable& rows
             const QByteArrayView cell = rows.Utf8(row, column);
             sqlite3_bind_text(raw, column + 1, cell.data(), static_cast<int>(cell.size()), SQLITE_STATIC);
         }
-        if (sqlite3_step(raw) != SQLITE_DONE) Fail(database);
+        if (sqlite3_step(raw) != SQLITE_DONE) throw SqliteFailure(database);
     }
 }
 
@@ -118,7 +106,8 @@ void LookupCache::TryCopy(Lookup& lookup) {
     QStringList conditions;
     for (const LookupQuery::Term& term : lookup.shape->terms)
         if (!lookup.varies[term.literal])
-            conditions.append(Bracketed(term.column) + u' ' + term.sign + u' ' + Literal(lookup.values[term.literal]));
+            conditions.append(Bracketed(term.column) + u' ' + term.op + u' ' +
+                              TextLiteral(platform::TextFromUtf8(lookup.values[term.literal])));
     const QString where = conditions.isEmpty() ? QString() : QStringLiteral(" WHERE ") + conditions.join(u" AND ");
     const auto rows = FetchedOrNone(
         QStringLiteral("SELECT TOP %1 * FROM %2").arg(most + 1).arg(Bracketed(lookup.shape->table)) + where);
@@ -158,18 +147,18 @@ std::unique_ptr<SqliteSession> LookupCache::Filled(const Lookup& lookup, const R
     SqliteDatabase database = InMemory();
     QStringList columns, keys;
     for (int column = 0; column < rows.Columns().Count(); ++column)
-        columns.append(Quoted(rows.Columns().Name(column)) + u' ' + rows.Columns().DeclaredType(column));
+        columns.append(QuotedName(rows.Columns().Name(column)) + u' ' + rows.Columns().DeclaredType(column));
     for (const LookupQuery::Term& term : lookup.shape->terms)
-        if (lookup.varies[term.literal] && term.sign == u"=") keys.append(Quoted(term.column));
-    for (const QString& column : lookup.shape->order) keys.append(Quoted(column));
+        if (lookup.varies[term.literal] && term.op == u"=") keys.append(QuotedName(term.column));
+    for (const QString& column : lookup.shape->order) keys.append(QuotedName(column));
     const QString& table = lookup.shape->table;
-    Run(database.get(), QStringLiteral("CREATE TABLE %1 (%2)").arg(Quoted(table), columns.join(u',')));
-    Run(database.get(), QStringLiteral("BEGIN"));
+    RunSql(database.get(), QStringLiteral("CREATE TABLE %1 (%2)").arg(QuotedName(table), columns.join(u',')));
+    RunSql(database.get(), QStringLiteral("BEGIN"));
     InsertRows(database.get(), table, rows);
-    Run(database.get(), QStringLiteral("COMMIT"));
+    RunSql(database.get(), QStringLiteral("COMMIT"));
     keys.removeDuplicates();
     if (!keys.isEmpty())
-        Run(database.get(), QStringLiteral("CREATE INDEX 鍵 ON %1 (%2)").arg(Quoted(table), keys.join(u',')));
+        RunSql(database.get(), QStringLiteral("CREATE INDEX 鍵 ON %1 (%2)").arg(QuotedName(table), keys.join(u',')));
     return std::make_unique<SqliteSession>(std::move(database), rules_);
 }
 

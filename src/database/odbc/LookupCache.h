@@ -8,7 +8,6 @@
 
 #include "database/DatabaseTypes.h"
 #include "database/ResultTable.h"
-#include "database/sql/LookupQuery.h"
 #include "database/sql/ParameterisedStatement.h"
 #include "database/sqlite/SqliteSession.h"
 

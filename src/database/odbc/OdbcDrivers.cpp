@@ -77,8 +77,8 @@ QList<std::pair<QString, QString>> Listed(Lister list) {
     };
     while (SQL_SUCCEEDED(list(environment.Get(), direction, name.data(), name.size(), &nameUnits, more.data(),
                               more.size(), &moreUnits))) {
-        const auto room = static_cast<qsizetype>(more.size()) - 1;
-        entries.append({text(name, -1), text(more, std::clamp<qsizetype>(moreUnits, 0, room))});
+        const auto capacity = static_cast<qsizetype>(more.size()) - 1;
+        entries.append({text(name, -1), text(more, std::clamp<qsizetype>(moreUnits, 0, capacity))});
         direction = SQL_FETCH_NEXT;
     }
     return entries;
@@ -101,7 +101,7 @@ QString LibraryOf(const QString& driver) {
     return {};
 }
 
-[[noreturn]] void RaiseNoDriver(const QString& provider, const QStringList& drivers) {
+[[noreturn]] void ThrowNoDriver(const QString& provider, const QStringList& drivers) {
     const QString wanted = drivers.join(QStringLiteral("」「"));
     throw DatabaseError(kProviderNotFound,
                         QStringLiteral("プロバイダー「%1」の ODBC ドライバー「%2」がインストールされていません。")
@@ -129,7 +129,7 @@ QString InstalledDriver(const QString& provider) {
     for (const QString& driver : wanted)
         for (const QString& name : installed)
             if (name.compare(driver, Qt::CaseInsensitive) == 0) return name;
-    RaiseNoDriver(provider, wanted);
+    ThrowNoDriver(provider, wanted);
 }
 
 // The port follows the last "," or ":", except in an IPv6 address without brackets.

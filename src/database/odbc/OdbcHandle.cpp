@@ -141,22 +141,51 @@ OdbcConnection::OdbcConnection(const QString& text, int loginSeconds, int answer
 }
 
 OdbcConnection::~OdbcConnection() {
-    const OdbcWatchdog::ScopedCall turn(*watch_);
+    if (watch_->CancelIsRunning()) {
+        handle_.Abandon();
+        environment_.Abandon();
+        return;
+    }
+    const OdbcWatchdog::ScopedCall call(*watch_);
     SQLDisconnect(handle_.Get());
 }
 
-void OdbcConnection::RaiseNoAnswer() const {
-    throw DatabaseError(
-        kEngineFailure,
-        QStringLiteral("サーバーが %1 秒待っても応答しないため、接続を切りました。").arg(answerSeconds_));
+void OdbcConnection::ThrowReasonOfShutdown() const {
+    switch (watch_->ShutdownReason()) {
+        case OdbcWatchdog::Reason::None:
+            return;
+        case OdbcWatchdog::Reason::Timeout:
+            throw DatabaseError(
+                kEngineFailure,
+                QStringLiteral("サーバーが %1 秒待っても応答しないため、接続を切りました。").arg(answerSeconds_));
+        case OdbcWatchdog::Reason::EndOfProgram:
+            throw DatabaseError(kEngineFailure,
+                                QStringLiteral("プログラムが終了するため、サーバーとの接続を切りました。"));
+    }
+}
+
+RunningStatement::RunningStatement(const OdbcConnection& connection, OdbcStatement& statement)
+    : statement_(statement),
+      cancellable_(
+          connection.Watchdog(), [](void* handle) { SQLCancel(handle); }, statement.Get()) {}
+
+RunningStatement::~RunningStatement() {
+    if (!cancellable_.Finish()) statement_.Abandon();
 }
 
 QString OdbcConnection::Information(SQLUSMALLINT which) const {
     std::array<SQLWCHAR, 256> text{};
     SQLSMALLINT length = 0;  // of the whole text, also when it does not fit; the text itself ends with a NUL
-    handle_.Check(SQLGetInfoW(handle_.Get(), which, text.data(), sizeof text, &length));
+    InTime([&] { handle_.Check(SQLGetInfoW(handle_.Get(), which, text.data(), sizeof text, &length)); });
     text.back() = 0;
     return QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()));
+}
+
+void OdbcConnection::Execute(OdbcStatement& statement, const QString& sql) const {
+    const RunningStatement running(*this, statement);
+    // SQL_NTS, since MariaDB's driver reads past an explicit length. A statement never contains a NUL.
+    const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
+    if (result != SQL_NO_DATA) statement.Check(result);
 }
 
 OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
@@ -166,10 +195,7 @@ OdbcStatement OdbcConnection::Run(const QString& sql, bool scrollable) const {
         if (statementSeconds_ > 0)
             SQLSetStmtAttr(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, AsValue(static_cast<SQLULEN>(statementSeconds_)),
                            0);
-        const auto running = Cancellable(statement);
-        // SQL_NTS, since MariaDB's driver reads past an explicit length. A statement never contains a NUL.
-        const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(sql), SQL_NTS);
-        if (result != SQL_NO_DATA) statement.Check(result);
+        Execute(statement, sql);
         return statement;
     });
 }

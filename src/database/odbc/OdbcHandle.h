@@ -8,7 +8,8 @@
 #include <memory>
 #include <utility>
 
-#include "database/EngineError.h"
+#include "database/DatabaseError.h"
+#include "database/ResultTable.h"
 #include "database/odbc/OdbcWatchdog.h"
 
 namespace database {
@@ -39,6 +40,8 @@ class OdbcHandle {
     }
 
     SQLHANDLE Get() const { return handle_; }
+    /// Gives the handle up without freeing it.
+    void Abandon() { handle_ = nullptr; }
     /// Throws DatabaseError with the handle's diagnostics if `result` is a failure.
     void Check(SQLRETURN result) const {
         if (!SQL_SUCCEEDED(result)) throw OdbcFailure(Type, handle_);
@@ -70,25 +73,23 @@ class OdbcConnection {
     /// Executes a statement. `scrollable` if rows may be fetched more than once. Throws DatabaseError.
     OdbcStatement Run(const QString& sql, bool scrollable = false) const;
     /// Runs `work` under the watchdog and returns its result. All calls that wait for the server must be made in here.
-    /// If the reply timed out, the DatabaseError says so.
+    /// If the reply timed out, or the connection was shut down since the program ends, the DatabaseError says so.
     template <typename Work>
     auto InTime(Work work) const {
-        const OdbcWatchdog::ScopedCall turn(*watch_);
+        const OdbcWatchdog::ScopedCall call(*watch_);
         try {
             return work();
         } catch (const DatabaseError&) {
-            if (watch_->Ended()) RaiseNoAnswer();
+            ThrowReasonOfShutdown();
             throw;
         }
     }
 
-    /// While the returned object exists, a request to end the program cancels the statement.
-    OdbcWatchdog::Cancellable Cancellable(const OdbcStatement& statement) const {
-        return {*watch_, [](void* handle) { SQLCancel(handle); }, statement.Get()};
-    }
+    OdbcWatchdog& Watchdog() const { return *watch_; }
 
   private:
-    [[noreturn]] void RaiseNoAnswer() const;
+    void ThrowReasonOfShutdown() const;
+    void Execute(OdbcStatement& statement, const QString& sql) const;
 
     int answerSeconds_;
     int statementSeconds_ = 0;
@@ -97,9 +98,37 @@ class OdbcConnection {
     OdbcHandle<SQL_HANDLE_DBC> handle_;
 };
 
+/// While it exists, a request to end the program cancels the statement. If the driver's cancel does not return, the
+/// statement is abandoned, and later the connection, since the cancel still uses them.
+class RunningStatement {
+  public:
+    RunningStatement(const OdbcConnection& connection, OdbcStatement& statement);
+    ~RunningStatement();
+    RunningStatement(const RunningStatement&) = delete;
+    RunningStatement& operator=(const RunningStatement&) = delete;
+
+  private:
+    OdbcStatement& statement_;
+    OdbcWatchdog::Cancellable cancellable_;
+};
+
 /// The driver manager's string type; both are UTF-16.
 inline SQLWCHAR* OdbcText(const QString& text) {
     return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(reinterpret_cast<const char16_t*>(text.utf16())));
 }
+
+/// The fastest way to fetch text from an engine's driver.
+enum class OdbcFetch {
+    Utf16Blocks,  ///< arrays of rows into bound columns
+    Utf8Blocks,   ///< as Utf16Blocks, for drivers whose UTF-8 is lossless and UTF-16 several times slower
+    Utf16Pieces   ///< value by value; works with every driver
+};
+
+/// Rows per block; larger blocks exceed the processor's cache.
+inline constexpr int kOdbcRowsInBlock = 100;
+
+/// Reads all rows of an executed statement, with values of any length; an empty result if it returns no rows. Throws
+/// DatabaseError, also for a failure halfway.
+std::shared_ptr<ResultTable> ReadOdbcRows(const OdbcStatement& statement, OdbcFetch fetch);
 
 }  // namespace database

@@ -1,4 +1,6 @@
-#include "database/odbc/OdbcRows.h"
+// Part of OdbcHandle.h: ReadOdbcRows.
+
+#include "database/odbc/OdbcHandle.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +17,7 @@ constexpr SQLLEN kMostBytes = SQLLEN{16} * 1024 * 1024;  // for one column's blo
 
 // MariaDB's driver reports wrong lengths for names with kanji; the NUL terminator is reliable.
 template <size_t N>
-QString UpToEndMark(const std::array<SQLWCHAR, N>& name) {
+QString UpToNul(const std::array<SQLWCHAR, N>& name) {
     const auto* units = reinterpret_cast<const char16_t*>(name.data());
     return platform::TextFromUtf16(units, static_cast<qsizetype>(std::char_traits<char16_t>::length(units)));
 }
@@ -26,7 +28,7 @@ QString DeclaredTypeOf(const OdbcStatement& statement, SQLUSMALLINT column, SQLS
     const SQLRETURN result =
         SQLColAttributeW(statement.Get(), column, SQL_DESC_TYPE_NAME, name.data(), sizeof name, &bytes, nullptr);
     if (!SQL_SUCCEEDED(result)) return {};
-    const QString text = UpToEndMark(name);
+    const QString text = UpToNul(name);
     const bool sized = type == SQL_CHAR || type == SQL_VARCHAR || type == SQL_WCHAR || type == SQL_WVARCHAR;
     return sized ? text + u'(' + QString::number(size) + u')' : text;
 }
@@ -39,7 +41,7 @@ std::shared_ptr<ColumnSet> DescribeColumns(const OdbcStatement& statement, SQLSM
         SQLULEN size = 0;
         statement.Check(SQLDescribeColW(statement.Get(), column, name.data(), name.size(), &units, &type, &size,
                                         &digits, &nullable));
-        columns->Add(UpToEndMark(name), DeclaredTypeOf(statement, column, type, size));
+        columns->Add(UpToNul(name), DeclaredTypeOf(statement, column, type, size));
     }
     return columns;
 }
@@ -90,7 +92,7 @@ class BlockReader {
   public:
     BlockReader(const OdbcStatement& statement, SQLSMALLINT columns, bool utf8)
         : statement_(statement), utf8_(utf8), unit_(utf8 ? 1 : 2), columns_(static_cast<size_t>(columns)) {
-        for (Bound& column : columns_) column.room = kFirstUnits * unit_;
+        for (Bound& column : columns_) column.capacity = kFirstUnits * unit_;
         Set(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
         Bind();
     }
@@ -108,7 +110,7 @@ class BlockReader {
 
   private:
     struct Bound {
-        SQLLEN room = 0;  // bytes per cell, including the NUL terminator
+        SQLLEN capacity = 0;  // bytes per cell, including the NUL terminator
         std::vector<char> cells;
         std::vector<SQLLEN> lengths;  // in bytes; the full length if the value was truncated
     };
@@ -120,15 +122,15 @@ class BlockReader {
     // Wide cells reduce the number of rows per block.
     void Bind() {
         SQLLEN widest = 1;
-        for (const Bound& column : columns_) widest = std::max(widest, column.room);
+        for (const Bound& column : columns_) widest = std::max(widest, column.capacity);
         rows_ = static_cast<SQLULEN>(std::clamp<SQLLEN>(kMostBytes / widest, 1, kOdbcRowsInBlock));
         Set(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows_));
         for (size_t i = 0; i < columns_.size(); ++i) {
             Bound& column = columns_[i];
-            column.cells.resize(static_cast<size_t>(column.room) * rows_);
+            column.cells.resize(static_cast<size_t>(column.capacity) * rows_);
             column.lengths.resize(rows_);
             statement_.Check(SQLBindCol(statement_.Get(), static_cast<SQLUSMALLINT>(i + 1),
-                                        utf8_ ? SQL_C_CHAR : SQL_C_WCHAR, column.cells.data(), column.room,
+                                        utf8_ ? SQL_C_CHAR : SQL_C_WCHAR, column.cells.data(), column.capacity,
                                         column.lengths.data()));
         }
     }
@@ -145,11 +147,11 @@ class BlockReader {
             SQLLEN longest = 0;
             for (SQLULEN row = 0; row < fetched_; ++row) {
                 const bool unknown = column.lengths[row] == SQL_NO_TOTAL;
-                longest = std::max(longest, unknown ? column.room * 2 : column.lengths[row]);
+                longest = std::max(longest, unknown ? column.capacity * 2 : column.lengths[row]);
             }
-            if (longest + unit_ <= column.room) continue;
+            if (longest + unit_ <= column.capacity) continue;
             if (longest / unit_ > ResultTable::kLongestCell) ResultTable::RefuseCell();
-            column.room = longest + unit_ * kFirstUnits;
+            column.capacity = longest + unit_ * kFirstUnits;
             widened = true;
         }
         if (widened) Bind();
@@ -160,7 +162,7 @@ class BlockReader {
         result.BeginRow();
         for (const Bound& column : columns_) {
             const SQLLEN length = column.lengths[row];
-            const char* cell = column.cells.data() + static_cast<SQLULEN>(column.room) * row;
+            const char* cell = column.cells.data() + static_cast<SQLULEN>(column.capacity) * row;
             if (length == SQL_NULL_DATA)
                 result.AppendNull();
             else if (utf8_)

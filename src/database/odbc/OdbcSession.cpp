@@ -1,6 +1,6 @@
 #include "database/odbc/OdbcSession.h"
 
-#include "database/ClientSort.h"
+#include "database/ResultTable.h"
 #include "database/odbc/OdbcDrivers.h"
 #include "database/sql/StatementAdapter.h"
 #include "database/sql/Tokenizer.h"
@@ -34,7 +34,7 @@ void CheckSingle(const QString& sql) {
             empty = false;
             continue;
         }
-        const bool semicolon = token.kind == TokenKind::Sign && sql[token.begin] == u';';
+        const bool semicolon = token.kind == TokenKind::Punctuation && sql[token.begin] == u';';
         if (closed && !semicolon) Refuse(QStringLiteral("SQL 文は 1 つだけ指定してください。"));
         closed = closed || (semicolon && !empty);
         empty = empty && semicolon;
@@ -60,7 +60,7 @@ OdbcSession::OdbcSession(const ConnectionRequest& request)
       reportedName_(connection_.Information(SQL_DBMS_NAME)),
       engine_(EngineOf(reportedName_)),
       readOnly_(request.mode == ConnectMode::Read),
-      copies_(request.rules, [this](const QString& sql) { return Read(sql, Failure::IsNoMatter); }) {
+      lookupCache_(request.rules, [this](const QString& sql) { return Read(sql, Failure::IsIgnored); }) {
     StartSession(request);
 }
 
@@ -70,42 +70,43 @@ void OdbcSession::StartSession(const ConnectionRequest& request) {
     const qint64 seconds = request.commandTimeout;
     if (engine_.atStart.isEmpty()) connection_.LimitStatements(request.commandTimeout);
     for (const QString& statement : engine_.atStart)
-        RunInOwnWords(QString(statement)
-                          .replace(QStringLiteral("%1"), QString::number(seconds * 1000))
-                          .replace(QStringLiteral("%2"), QString::number(seconds)));
-    if (readOnly_ && !engine_.readOnly.isEmpty()) RunInOwnWords(engine_.readOnly);
+        RunNative(QString(statement)
+                      .replace(QStringLiteral("%1"), QString::number(seconds * 1000))
+                      .replace(QStringLiteral("%2"), QString::number(seconds)));
+    if (readOnly_ && !engine_.readOnly.isEmpty()) RunNative(engine_.readOnly);
 }
 
-void OdbcSession::RunInOwnWords(const QString& sql) const { connection_.Run(sql); }
+void OdbcSession::RunNative(const QString& sql) const { connection_.Run(sql); }
 
-AdaptedStatement OdbcSession::InEngineWords(const QString& sql) const {
+AdaptedStatement OdbcSession::Adapted(const QString& sql) const {
+    CheckUsable();
     CheckSingle(sql);
     // The engine has no statement for a read-only session, so writes are rejected here.
     if (readOnly_ && engine_.readOnly.isEmpty() && !Selects(sql))
         throw DatabaseError(kPermissionDenied, QStringLiteral("この接続は読み取り専用です。"));
     if (!engine_.adapted) return {sql, {}, -1};
-    return Adapt(sql, engine_.differences, rules_);
+    return Adapt(sql, engine_.dialect, rules_);
 }
 
 // A failed statement must not abort the surrounding transaction, even on engines that do so.
 void OdbcSession::Guarded(const std::function<void()>& work, Failure failure) {
-    const bool inside = transaction_ || (scope_ && failure == Failure::IsNoMatter);
+    const bool inside = transaction_ || (scope_ && failure == Failure::IsIgnored);
     const bool savepoint = inside && engine_.failureEndsTransaction;
-    if (savepoint) RunInOwnWords(QStringLiteral("SAVEPOINT ") + kSavepoint);
+    if (savepoint) RunNative(QStringLiteral("SAVEPOINT ") + kSavepoint);
     try {
         work();
     } catch (const DatabaseError&) {
         if (engine_.failureEndsTransaction) Recover(savepoint);
         throw;
     }
-    if (savepoint) RunInOwnWords(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
+    if (savepoint) RunNative(QStringLiteral("RELEASE SAVEPOINT ") + kSavepoint);
 }
 
 // A savepoint for every statement of a read scope would be too expensive, and without one the snapshot is lost: start a
 // new one with an empty cache.
 void OdbcSession::Recover(bool savepoint) noexcept {
     try {
-        if (savepoint) return RunInOwnWords(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
+        if (savepoint) return RunNative(QStringLiteral("ROLLBACK TO SAVEPOINT ") + kSavepoint);
         if (!scope_) return;
         EndReadScope();
         BeginReadScope();
@@ -115,25 +116,25 @@ void OdbcSession::Recover(bool savepoint) noexcept {
 }
 
 std::shared_ptr<ResultTable> OdbcSession::Read(const QString& sql, Failure failure) {
-    const AdaptedStatement adapted = InEngineWords(sql);
+    const AdaptedStatement adapted = Adapted(sql);
     std::shared_ptr<ResultTable> rows;
     const auto read = [&] {
-        const OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
-        const auto running = connection_.Cancellable(statement);
+        OdbcStatement statement = connection_.Run(adapted.text, engine_.fetch != OdbcFetch::Utf16Pieces);
+        const RunningStatement running(connection_, statement);
         return ReadOdbcRows(statement, engine_.fetch);
     };
     Guarded([&] { rows = connection_.InTime(read); }, failure);
-    return adapted.order.isEmpty() ? rows : SortedRows(*rows, adapted.order, adapted.limit);
+    return adapted.order.isEmpty() ? rows : SortRows(*rows, adapted.order, adapted.limit);
 }
 
 std::shared_ptr<ResultTable> OdbcSession::Query(const QString& sql) {
     if (!scope_) return Read(sql);
-    if (auto known = memory_.Find(sql)) return known;
+    if (auto known = queryCache_.Find(sql)) return known;
     lifted_.Lift(sql);
-    if (auto copied = copies_.Find(sql, lifted_)) return copied;
+    if (auto copied = lookupCache_.Find(sql, lifted_)) return copied;
     auto rows = Read(sql);
     // A lost server has ended the scope.
-    if (scope_) memory_.Keep(sql, rows, UseOf(lifted_.Text()));
+    if (scope_) queryCache_.Keep(sql, rows, UseOf(lifted_.Text()));
     return rows;
 }
 
@@ -147,16 +148,17 @@ const std::shared_ptr<StatementUse>& OdbcSession::UseOf(const QString& lifted) {
 // Inside the scope's read-only transaction a write would fail, or be invisible to others until the scope ends.
 void OdbcSession::Execute(const QString& sql) {
     EndReadScope();
-    const AdaptedStatement adapted = InEngineWords(sql);
-    Guarded([&] { RunInOwnWords(adapted.text); });
+    const AdaptedStatement adapted = Adapted(sql);
+    Guarded([&] { RunNative(adapted.text); });
 }
 
 void OdbcSession::BeginTransaction() {
+    CheckUsable();
     EndReadScope();
     if (engine_.beginWriting.isEmpty())
         SetAutomaticCommit(false);
     else
-        RunInOwnWords(engine_.beginWriting);
+        RunNative(engine_.beginWriting);
     transaction_ = true;
 }
 
@@ -166,13 +168,27 @@ void OdbcSession::RollBackTransaction() { EndTransaction(false); }
 
 void OdbcSession::EndTransaction(bool keep) {
     transaction_ = false;
-    if (!engine_.beginWriting.isEmpty())
-        return RunInOwnWords(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
+    if (!engine_.beginWriting.isEmpty()) return RunNative(keep ? QStringLiteral("COMMIT") : QStringLiteral("ROLLBACK"));
+    CheckUsable();
+    EndDriversTransaction(keep);
+}
+
+// After a failed commit the caller rolls back. Switching to automatic commit before that would commit.
+void OdbcSession::EndDriversTransaction(bool keep) {
+    usable_ = keep;
     connection_.InTime([&] {
         const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), keep ? SQL_COMMIT : SQL_ROLLBACK);
         if (!SQL_SUCCEEDED(result)) throw OdbcFailure(SQL_HANDLE_DBC, connection_.Get());
     });
+    usable_ = false;
     SetAutomaticCommit(true);
+    usable_ = true;
+}
+
+void OdbcSession::CheckUsable() const {
+    if (!usable_)
+        throw DatabaseError(kEngineFailure,
+                            QStringLiteral("トランザクションを終えられなかったため、この接続は使えません。"));
 }
 
 void OdbcSession::SetAutomaticCommit(bool on) const {
@@ -187,7 +203,7 @@ void OdbcSession::SetAutomaticCommit(bool on) const {
 bool OdbcSession::BeginReadScope() noexcept {
     if (scope_ || transaction_ || engine_.beginReading.isEmpty()) return false;
     try {
-        for (const QString& statement : engine_.beginReading) RunInOwnWords(statement);
+        for (const QString& statement : engine_.beginReading) RunNative(statement);
         scope_ = true;
     } catch (const DatabaseError&) {
         scope_ = false;
@@ -198,10 +214,10 @@ bool OdbcSession::BeginReadScope() noexcept {
 void OdbcSession::EndReadScope() noexcept {
     if (!scope_) return;
     scope_ = false;
-    memory_.Forget();
-    copies_.Forget();
+    queryCache_.Forget();
+    lookupCache_.Forget();
     try {
-        RunInOwnWords(QStringLiteral("ROLLBACK"));
+        RunNative(QStringLiteral("ROLLBACK"));
     } catch (const DatabaseError&) {
         // Connection lost, and the scope with it.
     }

@@ -32,17 +32,19 @@ class OdbcSession : public DatabaseSession {
   private:
     /// How a failed statement affects the read scope: the caller gets the failure and a new snapshot is taken, or the
     /// statement was optional and the snapshot is kept.
-    enum class Failure { IsTheCallers, IsNoMatter };
+    enum class Failure { Propagates, IsIgnored };
 
     void StartSession(const ConnectionRequest& request);
-    std::shared_ptr<ResultTable> Read(const QString& sql, Failure failure = Failure::IsTheCallers);
-    AdaptedStatement InEngineWords(const QString& sql) const;
+    std::shared_ptr<ResultTable> Read(const QString& sql, Failure failure = Failure::Propagates);
+    AdaptedStatement Adapted(const QString& sql) const;
     const std::shared_ptr<StatementUse>& UseOf(const QString& lifted);
-    void RunInOwnWords(const QString& sql) const;
-    void Guarded(const std::function<void()>& work, Failure failure = Failure::IsTheCallers);
+    void RunNative(const QString& sql) const;
+    void Guarded(const std::function<void()>& work, Failure failure = Failure::Propagates);
     void Recover(bool savepoint) noexcept;
     void SetAutomaticCommit(bool on) const;
     void EndTransaction(bool keep);
+    void EndDriversTransaction(bool keep);
+    void CheckUsable() const;
 
     TextRules rules_;
     OdbcConnection connection_;
@@ -51,10 +53,11 @@ class OdbcSession : public DatabaseSession {
     bool readOnly_;
     bool scope_ = false;
     bool transaction_ = false;
+    bool usable_ = true;  // false once the driver's transaction can't be ended: later writes would never be committed
     ParameterisedStatement lifted_;
     QHash<QString, std::shared_ptr<StatementUse>> uses_;
-    QueryCache memory_;
-    LookupCache copies_;
+    QueryCache queryCache_;
+    LookupCache lookupCache_;
 };
 
 /// Handles every provider that is not one of desktop files. Throws what the constructor throws.

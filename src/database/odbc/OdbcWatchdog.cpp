@@ -20,15 +20,15 @@ OdbcWatchdog::~OdbcWatchdog() {
     if (!thread_.joinable()) return;
     {
         const std::lock_guard lock(mutex_);
-        over_ = true;
+        stop_ = true;
     }
     changed_.notify_one();
     thread_.join();
 }
 
-void OdbcWatchdog::Begin(Clock::duration patience) {
+void OdbcWatchdog::Begin(Clock::duration timeout) {
     driver_.Take();
-    timeout_ = patience;
+    timeout_ = timeout;
     try {
         thread_ = std::thread([this] { Watch(); });
     } catch (const std::system_error&) {
@@ -36,14 +36,19 @@ void OdbcWatchdog::Begin(Clock::duration patience) {
     }
 }
 
-bool OdbcWatchdog::Ended() const {
+OdbcWatchdog::Reason OdbcWatchdog::ShutdownReason() const {
     const std::lock_guard lock(mutex_);
-    return ended_;
+    return reason_;
+}
+
+bool OdbcWatchdog::CancelIsRunning() const {
+    const std::lock_guard lock(mutex_);
+    return lateCancel_ != nullptr && !lateCancel_->WaitForReturn(Clock::duration::zero());
 }
 
 // The thread that is blocked in the driver cannot poll for the request.
 void OdbcWatchdog::FollowEndRequest(Clock::time_point now) {
-    if (turns_ == 0 || endSeen_ || !platform::EndRequested()) return;
+    if (calls_ == 0 || endSeen_ || !platform::EndRequested()) return;
     endSeen_ = true;
     deadline_ = std::min(deadline_, now + kTimeToCancel);
     if (cancel_ != nullptr) CallCancel();
@@ -51,27 +56,27 @@ void OdbcWatchdog::FollowEndRequest(Clock::time_point now) {
 
 // On a separate thread: a cancel opens a connection to the server and may block forever.
 void OdbcWatchdog::CallCancel() {
-    call_ = std::make_shared<CancelCall>();
+    cancelCall_ = std::make_shared<CancelCall>();
     try {
-        std::thread([call = call_, cancel = cancel_, statement = statement_] {
+        std::thread([call = cancelCall_, cancel = cancel_, statement = statement_] {
             cancel(statement);
             const std::lock_guard lock(call->mutex);
             call->returned = true;
             call->changed.notify_one();
         }).detach();
     } catch (const std::system_error&) {
-        call_.reset();
+        cancelCall_.reset();
     }
 }
 
 // ScopedCall need not notify this thread: it wakes at least every `timeout_`, so before a new deadline.
 void OdbcWatchdog::Watch() {
     std::unique_lock lock(mutex_);
-    while (!over_) {
+    while (!stop_) {
         const Clock::time_point now = Clock::now();
         FollowEndRequest(now);
         if (deadline_ <= now) {
-            ended_ = true;
+            reason_ = endSeen_ ? Reason::EndOfProgram : Reason::Timeout;
             driver_.ShutDown();
             return;
         }
@@ -84,14 +89,14 @@ void OdbcWatchdog::Watch() {
 
 OdbcWatchdog::ScopedCall::ScopedCall(OdbcWatchdog& watch) : watch_(watch) {
     const std::lock_guard lock(watch_.mutex_);
-    outermost_ = watch_.turns_++ == 0;
+    outermost_ = watch_.calls_++ == 0;
     if (outermost_ && watch_.timeout_ > Clock::duration::zero() && !watch_.driver_.IsEmpty())
         watch_.deadline_ = Clock::now() + watch_.timeout_;
 }
 
 OdbcWatchdog::ScopedCall::~ScopedCall() {
     const std::lock_guard lock(watch_.mutex_);
-    --watch_.turns_;
+    --watch_.calls_;
     if (!outermost_) return;
     watch_.deadline_ = Clock::time_point::max();
     watch_.endSeen_ = false;
@@ -103,16 +108,17 @@ OdbcWatchdog::Cancellable::Cancellable(OdbcWatchdog& watch, Cancel cancel, void*
     watch_.statement_ = statement;
 }
 
-OdbcWatchdog::Cancellable::~Cancellable() {
+bool OdbcWatchdog::Cancellable::Finish() {
     std::shared_ptr<CancelCall> call;
     {
         const std::lock_guard lock(watch_.mutex_);
         watch_.cancel_ = nullptr;
-        call = std::exchange(watch_.call_, nullptr);
+        call = std::exchange(watch_.cancelCall_, nullptr);
     }
-    if (call == nullptr) return;
-    std::unique_lock lock(call->mutex);
-    call->changed.wait_for(lock, kTimeToCancel, [&] { return call->returned; });
+    if (call == nullptr || call->WaitForReturn(kTimeToCancel)) return true;
+    const std::lock_guard lock(watch_.mutex_);
+    watch_.lateCancel_ = call;
+    return false;
 }
 
 }  // namespace database

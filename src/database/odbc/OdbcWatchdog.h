@@ -27,9 +27,12 @@ class OdbcWatchdog {
     OdbcWatchdog& operator=(const OdbcWatchdog&) = delete;
 
     /// To be called once the driver has connected. Sets the timeout of each call; 0 means none.
-    void Begin(Clock::duration patience);
-    /// True once a call has timed out and the connection was shut down.
-    bool Ended() const;
+    void Begin(Clock::duration timeout);
+    /// Why the connection was shut down.
+    enum class Reason { None, Timeout, EndOfProgram };
+    Reason ShutdownReason() const;
+    /// True if the cancel of a finished statement has not returned: it still uses the connection.
+    bool CancelIsRunning() const;
 
     /// A call that waits for the server. A nested call counts as part of the outer one.
     class ScopedCall {
@@ -49,8 +52,10 @@ class OdbcWatchdog {
       public:
         using Cancel = void (*)(void* statement);
         Cancellable(OdbcWatchdog& watch, Cancel cancel, void* statement);
-        /// If `cancel` is running, waits up to two seconds for it, since the caller then frees the statement.
-        ~Cancellable();
+        ~Cancellable() { Finish(); }
+        /// If `cancel` is running, waits up to two seconds for it. False if it does not return in time: the statement
+        /// must not be freed then.
+        bool Finish();
         Cancellable(const Cancellable&) = delete;
         Cancellable& operator=(const Cancellable&) = delete;
 
@@ -63,6 +68,11 @@ class OdbcWatchdog {
         std::mutex mutex;
         std::condition_variable changed;
         bool returned = false;
+
+        bool WaitForReturn(Clock::duration timeout) {
+            std::unique_lock lock(mutex);
+            return changed.wait_for(lock, timeout, [this] { return returned; });
+        }
     };
 
     void Watch();
@@ -74,11 +84,13 @@ class OdbcWatchdog {
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     Clock::time_point deadline_ = Clock::time_point::max();  // of the current call
-    int turns_ = 0;
-    Cancellable::Cancel cancel_ = nullptr;  // of the running statement
+    int calls_ = 0;                                          // nested
+    Cancellable::Cancel cancel_ = nullptr;                   // of the running statement
     void* statement_ = nullptr;
-    std::shared_ptr<CancelCall> call_;
-    bool endSeen_ = false, ended_ = false, over_ = false;
+    std::shared_ptr<CancelCall> cancelCall_;
+    std::shared_ptr<CancelCall> lateCancel_;  // did not return before its statement was finished
+    Reason reason_ = Reason::None;
+    bool endSeen_ = false, stop_ = false;
     std::thread thread_;
 };
 

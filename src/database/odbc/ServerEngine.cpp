@@ -7,25 +7,22 @@ namespace {
 
 constexpr size_t kLongestChain = 200;  // limits on expression depth differ; all engines accept this
 
-SqlDialect WithoutSpecialities() {
-    SqlDialect differences;
-    differences.topIsLimit = differences.bracketQuotedNames = differences.hasPlusOuterJoin = true;
-    differences.longestChain = kLongestChain;
-    return differences;
+SqlDialect ServerDialect() {
+    return {.topIsLimit = true, .bracketQuotedNames = true, .longestChain = kLongestChain, .hasPlusOuterJoin = true};
 }
 
 ServerEngine PostgreSql() {
     ServerEngine engine;
     engine.name = QStringLiteral("PostgreSQL");
     engine.adapted = true;
-    engine.differences = WithoutSpecialities();
-    engine.differences.namesAreLowerCase = true;
-    engine.differences.nullsSortLast = true;
-    engine.differences.like = LikeWriting::FoldedText;
-    engine.differences.foldingFunction = PostgresFoldingFunction();
-    engine.differences.orderFunction = PostgresOrderFunction();
+    engine.dialect = ServerDialect();
+    engine.dialect.namesAreLowerCase = true;
+    engine.dialect.nullsSortLast = true;
+    engine.dialect.like = LikeWriting::FoldedText;
+    engine.dialect.foldingFunction = PostgresFoldingFunction();
+    engine.dialect.orderFunction = PostgresOrderFunction();
     // Collation "C": lower() changes only ASCII letters.
-    engine.differences.caseBlindCall = QStringLiteral("lower(operand COLLATE \"C\")");
+    engine.dialect.caseBlindCall = QStringLiteral("lower(operand COLLATE \"C\")");
     engine.fetch = OdbcFetch::Utf16Blocks;
     // The suite escapes quotes by doubling; a backslash must be literal, whatever the server's default is.
     engine.atStart = {QStringLiteral("SET statement_timeout = %1"),
@@ -43,12 +40,12 @@ ServerEngine MariaDb(const QString& name) {
     ServerEngine engine;
     engine.name = name;
     engine.adapted = true;
-    engine.differences = WithoutSpecialities();
-    engine.differences.like = LikeWriting::RegularExpression;
-    engine.differences.sortsOnClient = true;
+    engine.dialect = ServerDialect();
+    engine.dialect.like = LikeWriting::RegularExpression;
+    engine.dialect.sortsOnClient = true;
     // LOWER on the UTF-8 bytes, taken as latin1. Bytes below 0x80 are always ASCII. Beyond ASCII this case mapping only
     // turns lead bytes into those of longer sequences, so texts that differ in more than ASCII case stay different.
-    engine.differences.caseBlindCall =
+    engine.dialect.caseBlindCall =
         QStringLiteral("CAST(LOWER(CONVERT(CAST(CONVERT(operand USING utf8mb4) AS BINARY) USING latin1)) AS BINARY)");
     engine.fetch = OdbcFetch::Utf8Blocks;
     engine.atStart = {

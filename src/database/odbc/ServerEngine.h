@@ -4,7 +4,7 @@
 #include <QStringList>
 
 #include "database/DatabaseSession.h"
-#include "database/odbc/OdbcRows.h"
+#include "database/odbc/OdbcHandle.h"
 #include "database/sql/SqlDialect.h"
 
 namespace database {
@@ -12,8 +12,8 @@ namespace database {
 /// What the provider needs to know about a server engine. Empty statements are not sent.
 struct ServerEngine {
     QString name = {};     ///< prefix of the name that drivers report
-    bool adapted = false;  ///< statements are translated to `differences`; otherwise sent unchanged
-    SqlDialect differences = {};
+    bool adapted = false;  ///< statements are translated to `dialect`; otherwise sent unchanged
+    SqlDialect dialect = {};
     OdbcFetch fetch = OdbcFetch::Utf16Pieces;
     QStringList atStart = {};       ///< %1: statement timeout in milliseconds; %2: in seconds
     QString readOnly = {};          ///< rejects all writes of the session; drivers ignore the connection attribute

@@ -1,4 +1,6 @@
-#include "database/sql/BooleanChains.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Rewriters.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +23,7 @@ constexpr std::array<QStringView, 18> kClauseWords = {
 bool IsSeparator(const NodeList& level, size_t at) {
     const Node& piece = level[at];
     if (piece.group) return false;
-    if (piece.IsSign(u",") || piece.IsSign(u";")) return true;
+    if (piece.IsPunctuation(u",") || piece.IsPunctuation(u";")) return true;
     if (piece.token.kind != TokenKind::Word) return false;
     return StartsJoin(level, at) ||
            std::any_of(kClauseWords.begin(), kClauseWords.end(), [&](QStringView word) { return piece.Is(word); });

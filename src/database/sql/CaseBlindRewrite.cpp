@@ -1,9 +1,11 @@
-#include "database/sql/CaseBlindRewrite.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Rewriters.h"
 
 #include <algorithm>
 #include <array>
 
-#include "database/sql/Operands.h"
+#include "database/sql/SyntaxTree.h"
 
 namespace database {
 namespace {
@@ -28,13 +30,13 @@ bool IsColumn(const NodeList& level, size_t at, const TextRules& rules) {
 
 // Checks both sides for a listed column.
 bool Compares(const NodeList& level, size_t equals, const TextRules& rules) {
-    if (!level[equals].IsSign(u"=")) return false;
+    if (!level[equals].IsPunctuation(u"=")) return false;
     if (equals > 0 && IsColumn(level, equals - 1, rules)) return true;
     return equals + 1 < level.size() && IsColumn(level, EndOfName(level, equals + 1) - 1, rules);
 }
 
 bool LacksSide(const NodeList& level, size_t equals) {
-    return equals == 0 || equals + 1 >= level.size() || level[equals + 1].IsSign(u";");
+    return equals == 0 || equals + 1 >= level.size() || level[equals + 1].IsPunctuation(u";");
 }
 
 // Returns the index of the right side's last node.

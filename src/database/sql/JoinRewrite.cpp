@@ -1,4 +1,6 @@
-#include "database/sql/JoinRewrite.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Rewriters.h"
 
 #include <algorithm>
 #include <iterator>
@@ -41,7 +43,7 @@ class JoinReader {
     NodeList ReadOperand() {
         NodeList operand;
         for (; at_ < from_.size() && !StartsJoin(from_, at_) && !from_[at_].Is(u"ON"); ++at_) {
-            if (from_[at_].IsSign(u",")) failed_ = true;
+            if (from_[at_].IsPunctuation(u",")) failed_ = true;
             operand.push_back(from_[at_]);
             if (operand.back().group) RewriteBracket(operand.back());
         }
@@ -68,7 +70,7 @@ class JoinReader {
         NodeList condition;
         failed_ = failed_ || at_ >= from_.size() || !from_[at_].Is(u"ON");
         while (at_ < from_.size() && !StartsJoin(from_, at_)) {
-            if (from_[at_].IsSign(u",") || (!condition.empty() && from_[at_].Is(u"ON"))) failed_ = true;
+            if (from_[at_].IsPunctuation(u",") || (!condition.empty() && from_[at_].Is(u"ON"))) failed_ = true;
             condition.push_back(from_[at_++]);
         }
         return condition;
@@ -86,7 +88,7 @@ class JoinReader {
                 left.clear();
                 left.push_back(std::move(bracket));
             }
-            std::swap(left.front().token.before, right.front().token.before);
+            std::swap(left.front().token.leadingTrivia, right.front().token.leadingTrivia);
             std::swap(left, right);
         }
         MoveBehind(left, std::move(words));
@@ -103,9 +105,10 @@ class JoinReader {
 // True for "SELECT *" and "a, *", but not for "t.*", "COUNT(*)" or a multiplication.
 bool SelectsBareStar(const NodeList& level, size_t select, size_t from) {
     for (size_t i = select + 1; i < from; ++i) {
-        if (!level[i].IsSign(u"*")) continue;
+        if (!level[i].IsPunctuation(u"*")) continue;
         const Node& before = level[i - 1];
-        if (before.IsSign(u",") || before.Is(u"SELECT") || before.Is(u"DISTINCT") || before.Is(u"ALL")) return true;
+        if (before.IsPunctuation(u",") || before.Is(u"SELECT") || before.Is(u"DISTINCT") || before.Is(u"ALL"))
+            return true;
     }
     return false;
 }

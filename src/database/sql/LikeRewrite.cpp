@@ -1,12 +1,15 @@
-#include "database/sql/LikeRewrite.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Quoting.h"
+#include "database/sql/Rewriters.h"
 
 #include <iterator>
 #include <utility>
 
 #include "database/DatabaseError.h"
-#include "database/collation/LikeToRegex.h"
+#include "database/collation/LikePattern.h"
 #include "database/collation/TextFolding.h"
-#include "database/sql/Operands.h"
+#include "database/sql/SyntaxTree.h"
 
 namespace database {
 namespace {
@@ -70,15 +73,14 @@ Term TermAt(const NodeList& level, size_t like) {
 bool IsLike(const NodeList& level, size_t at) {
     const bool called = at + 1 < level.size() && level[at + 1].group;
     if (called && level[at].IsName() && NameOf(level[at]).compare(u"LIKE", Qt::CaseInsensitive) == 0) return true;
-    return level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsSign(u"."));
+    return level[at].Is(u"LIKE") && (at == 0 || !level[at - 1].IsPunctuation(u"."));
 }
 
-Node Literal(QString value) {
-    value.replace(u'\'', QStringLiteral("''"));
-    return {{TokenKind::Text, QStringLiteral(" "), u'\'' + value + u'\''}, false, {}, {}};
+Node Literal(const QString& value) {
+    return {{TokenKind::Text, QStringLiteral(" "), TextLiteral(value)}, false, {}, {}};
 }
 
-Node Sign(const QString& text) { return {{TokenKind::Sign, QStringLiteral(" "), text}, false, {}, {}}; }
+Node Operator(const QString& text) { return {{TokenKind::Punctuation, QStringLiteral(" "), text}, false, {}, {}}; }
 
 LikePattern Compiled(const Term& term) {
     std::optional<LikePattern> pattern = LikePattern::Compile(term.pattern.toUtf8(), term.escape);
@@ -97,7 +99,8 @@ NodeList Operation(const Term& term, LikeWriting writing) {
     }
     const std::optional<QString> plain = FoldedLikeText(pattern);
     if (!plain)
-        return {Sign(term.negated ? QStringLiteral("!~") : QStringLiteral("~")), Literal(FoldedExpression(pattern))};
+        return {Operator(term.negated ? QStringLiteral("!~") : QStringLiteral("~")),
+                Literal(FoldedExpression(pattern))};
     if (term.negated) words.push_back(MakeWord(QStringLiteral("NOT")));
     for (const Node& piece :
          {MakeWord(QStringLiteral("LIKE")), Literal(*plain), MakeWord(QStringLiteral("ESCAPE")), Literal({})})

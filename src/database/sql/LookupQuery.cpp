@@ -1,4 +1,6 @@
-#include "database/sql/LookupQuery.h"
+// Part of ParameterisedStatement.h: ReadLookup.
+
+#include "database/sql/ParameterisedStatement.h"
 
 #include <algorithm>
 #include <array>
@@ -8,14 +10,14 @@
 namespace database {
 namespace {
 
-constexpr std::array<QStringView, 5> kSigns = {u"=", u"<", u">", u"<=", u">="};
+constexpr std::array<QStringView, 5> kOperators = {u"=", u"<", u">", u"<=", u">="};
 
 /// Recursive-descent parser; members return false or an empty value on a mismatch.
 class Reader {
   public:
     explicit Reader(const NodeList& level) : level_(level) {}
 
-    bool AtEnd() const { return at_ >= level_.size() || level_[at_].IsSign(u";"); }
+    bool AtEnd() const { return at_ >= level_.size() || level_[at_].IsPunctuation(u";"); }
     bool Take(QStringView keyword) {
         if (at_ >= level_.size() || !level_[at_].Is(keyword)) return false;
         ++at_;
@@ -38,11 +40,11 @@ class Reader {
     bool TakeTerm(LookupQuery::Term& term) {
         term.column = Name();
         if (term.column.isEmpty() || at_ + 1 >= level_.size() || level_[at_].group) return false;
-        term.sign = level_[at_++].token.text;
+        term.op = level_[at_++].token.text;
         const Node& value = level_[at_++];
         if (value.group || value.token.kind != TokenKind::Parameter) return false;
         term.literal = value.token.text.mid(1).toULong() - 1;
-        return std::any_of(kSigns.begin(), kSigns.end(), [&](QStringView sign) { return term.sign == sign; });
+        return std::any_of(kOperators.begin(), kOperators.end(), [&](QStringView op) { return term.op == op; });
     }
     bool TakeOrderItem(QStringList& columns) {
         columns.append(Name());
@@ -50,7 +52,7 @@ class Reader {
         return !columns.last().isEmpty();
     }
     bool TakeComma() {
-        if (at_ >= level_.size() || !level_[at_].IsSign(u",")) return false;
+        if (at_ >= level_.size() || !level_[at_].IsPunctuation(u",")) return false;
         ++at_;
         return true;
     }

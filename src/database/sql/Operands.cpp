@@ -1,4 +1,6 @@
-#include "database/sql/Operands.h"
+// Part of SyntaxTree.h: operands and calls.
+
+#include "database/sql/SyntaxTree.h"
 
 #include "database/DatabaseError.h"
 
@@ -87,14 +89,14 @@ bool StartsExpression(const NodeList& level, size_t begin) {
     if (begin == 0) return true;
     const Node& before = level[begin - 1];
     if (before.Is(u"AND")) return !IsOfBetween(level, begin - 1);
-    if (before.IsSign(u",") || IsOneOf(before, kBeforeExpressions)) return true;
+    if (before.IsPunctuation(u",") || IsOneOf(before, kBeforeExpressions)) return true;
     return level[begin].IsName() && (before.group || before.token.kind == TokenKind::Text);
 }
 
 bool EndsExpression(const NodeList& level, size_t end) {
     if (end >= level.size()) return true;
     const Node& next = level[end];
-    return next.IsSign(u",") || next.IsSign(u";") || IsOneOf(next, kAfterExpressions);
+    return next.IsPunctuation(u",") || next.IsPunctuation(u";") || IsOneOf(next, kAfterExpressions);
 }
 
 size_t WrapInCall(NodeList& level, size_t first, size_t last, const QString& call) {
@@ -102,7 +104,7 @@ size_t WrapInCall(NodeList& level, size_t first, size_t last, const QString& cal
     const auto end = level.begin() + static_cast<std::ptrdiff_t>(last);
     NodeList inside(std::make_move_iterator(begin), std::make_move_iterator(end));
     NodeList pieces = ReadCall(call);
-    pieces.front().token.before = std::exchange(inside.front().token.before, QString());
+    pieces.front().token.leadingTrivia = std::exchange(inside.front().token.leadingTrivia, QString());
     const size_t count = pieces.size();
     size_t place = 0;
     NodeList& target = *FindOperand(pieces, place);

@@ -1,9 +1,11 @@
-#include "database/sql/OrderList.h"
+// Part of SelectNames.h: ReadOrder.
+
+#include "database/sql/SelectNames.h"
 
 #include <algorithm>
 #include <array>
 
-#include "database/sql/Operands.h"
+#include "database/sql/SyntaxTree.h"
 
 namespace database {
 namespace {
@@ -19,7 +21,7 @@ bool IsOneOf(const Node& piece, const std::array<QStringView, N>& keywords) {
 }
 
 bool EndsOrder(const NodeList& level, size_t at) {
-    return at >= level.size() || level[at].IsSign(u";") || IsOneOf(level[at], kAfterOrder);
+    return at >= level.size() || level[at].IsPunctuation(u";") || IsOneOf(level[at], kAfterOrder);
 }
 
 class Reader {
@@ -34,7 +36,7 @@ class Reader {
         size_t first = order_ + 2;
         for (size_t at = first;; ++at) {
             const bool end = EndsOrder(level_, at);
-            if (!end && !level_[at].IsSign(u",")) continue;
+            if (!end && !level_[at].IsPunctuation(u",")) continue;
             if (at > first) items.push_back(ItemOf(first, at));
             if (end) return items;
             first = at + 1;
@@ -62,7 +64,7 @@ class Reader {
 
     // Any part of the compound may contain a column sorted as text.
     void CheckCompound() const {
-        const auto all = [](const Node& piece) { return piece.IsSign(u"*"); };
+        const auto all = [](const Node& piece) { return piece.IsPunctuation(u"*"); };
         if (std::any_of(level_.begin(), level_.end(), all) || names_.Uses(level_, 0, level_.size())) RefuseOrder();
     }
 

@@ -1,11 +1,13 @@
-#include "database/sql/OrderRewrite.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Rewriters.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <utility>
 
-#include "database/sql/OrderList.h"
+#include "database/sql/SelectNames.h"
 
 namespace database {
 namespace {
@@ -17,12 +19,13 @@ bool IsDirection(const NodeList& level, size_t at) {
 }
 
 size_t NextItem(const NodeList& level, size_t at) {
-    while (at < level.size() && !level[at].IsSign(u",")) ++at;
+    while (at < level.size() && !level[at].IsPunctuation(u",")) ++at;
     return at + 1;
 }
 
 bool EndsItem(const NodeList& level, size_t at) {
-    return at >= level.size() || level[at].IsSign(u",") || level[at].IsSign(u";") || level[at].Is(u"LIMIT");
+    return at >= level.size() || level[at].IsPunctuation(u",") || level[at].IsPunctuation(u";") ||
+           level[at].Is(u"LIMIT");
 }
 
 void GiveCollations(NodeList& level, size_t order, const QString& collation, const TextRules& rules) {
@@ -46,7 +49,7 @@ void PlaceNulls(NodeList& level, const OrderItem& item) {
 
 void SortByFunction(NodeList& level, const OrderItem& item, const QString& function) {
     NodeList key = item.column;
-    key.front().token.before = level[item.first].token.before;
+    key.front().token.leadingTrivia = level[item.first].token.leadingTrivia;
     WrapInFunction(key, 0, key.size(), function);
     const auto place = level.erase(level.begin() + Offset(item.first), level.begin() + Offset(item.expressionEnd));
     level.insert(place, std::make_move_iterator(key.begin()), std::make_move_iterator(key.end()));
@@ -69,9 +72,9 @@ void AddKeys(NodeList& level, size_t from, const std::vector<OrderItem>& items, 
     NodeList keys;
     for (const OrderItem& item : items) {
         if (item.column.empty()) RefuseOrder();
-        keys.push_back({{TokenKind::Sign, QString(), QStringLiteral(",")}, false, {}, {}});
+        keys.push_back({{TokenKind::Punctuation, QString(), QStringLiteral(",")}, false, {}, {}});
         keys.insert(keys.end(), item.column.begin(), item.column.end());
-        keys[keys.size() - item.column.size()].token.before = QStringLiteral(" ");
+        keys[keys.size() - item.column.size()].token.leadingTrivia = QStringLiteral(" ");
         adapted.order.append({item.asText, item.descending});
     }
     level.insert(level.begin() + Offset(from), std::make_move_iterator(keys.begin()),
@@ -106,7 +109,7 @@ void TakeOrder(NodeList& level, const TextNames& names, AdaptedStatement& adapte
     const std::vector<OrderItem> items = ReadOrder(level, order, names);
     if (std::none_of(items.begin(), items.end(), [](const OrderItem& item) { return item.asText; })) return;
     const size_t end = items.back().end;
-    if (ChangesRows(level) || (end < level.size() && !level[end].IsSign(u";"))) RefuseOrder();
+    if (ChangesRows(level) || (end < level.size() && !level[end].IsPunctuation(u";"))) RefuseOrder();
     level.erase(level.begin() + Offset(order), level.begin() + Offset(end));
     AddKeys(level, from, items, adapted);
     TakeLimit(level, adapted);

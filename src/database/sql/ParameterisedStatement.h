@@ -2,7 +2,9 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,5 +44,20 @@ class ParameterisedStatement {
     std::string values_;        // all literals, concatenated
     std::vector<size_t> ends_;  // end offset of each in values_
 };
+
+/// A small lookup in one table: SELECT … FROM table WHERE column op 'value' AND … ORDER BY columns.
+struct LookupQuery {
+    struct Term {
+        QString column;  ///< without its table
+        QString op;      ///< =, <, >, <= or >=
+        size_t literal;  ///< index of its value in the statement's literals
+    };
+    QString table;
+    std::vector<Term> terms;  ///< one per literal
+    QStringList order;        ///< columns
+};
+
+/// Parses a statement with its literals lifted out (ParameterisedStatement). Empty if it is not such a lookup.
+std::optional<LookupQuery> ReadLookup(const QString& lifted);
 
 }  // namespace database

@@ -1,4 +1,6 @@
-#include "database/sql/PlusOuterJoins.h"
+// Part of Rewriters.h.
+
+#include "database/sql/Rewriters.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,7 +10,7 @@ namespace database {
 namespace {
 
 /// x.a(+) = y.b: a row of table x may be missing.
-struct SignJoin {
+struct PlusJoin {
     QString lacking, present;
     NodeList condition;  // without the (+)
 };
@@ -16,12 +18,12 @@ struct SignJoin {
 struct Clause {
     size_t from = 0, where = 0, end = 0;  // first nodes after FROM, after WHERE, and after the conditions
     std::vector<Node> tables;
-    std::vector<SignJoin> joins;
+    std::vector<PlusJoin> joins;
     std::vector<NodeList> others;  // conditions that are not such joins
 };
 
-bool IsSignGroup(const Node& piece) {
-    return piece.group && piece.inside.size() == 1 && piece.inside.front().IsSign(u"+");
+bool IsPlusGroup(const Node& piece) {
+    return piece.group && piece.inside.size() == 1 && piece.inside.front().IsPunctuation(u"+");
 }
 
 std::vector<NodeList> CutAt(const NodeList& level, size_t begin, size_t end, bool (*cuts)(const Node&)) {
@@ -38,30 +40,30 @@ std::vector<NodeList> CutAt(const NodeList& level, size_t begin, size_t end, boo
 // A qualified column name, and whether (+) follows it.
 struct Side {
     QString table;
-    bool sign = false;
-    size_t behind = 0;
+    bool marked = false;
+    size_t end = 0;
 };
 
 std::optional<Side> SideAt(const NodeList& term, size_t at) {
-    if (at + 2 >= term.size() || !term[at].IsName() || !term[at + 1].IsSign(u".") || !term[at + 2].IsName())
+    if (at + 2 >= term.size() || !term[at].IsName() || !term[at + 1].IsPunctuation(u".") || !term[at + 2].IsName())
         return std::nullopt;
-    const bool sign = at + 3 < term.size() && IsSignGroup(term[at + 3]);
-    return Side{NameOf(term[at]), sign, at + 3 + (sign ? 1 : 0)};
+    const bool marked = at + 3 < term.size() && IsPlusGroup(term[at + 3]);
+    return Side{NameOf(term[at]), marked, at + 3 + (marked ? 1 : 0)};
 }
 
-std::optional<SignJoin> JoinOf(const NodeList& term) {
+std::optional<PlusJoin> JoinOf(const NodeList& term) {
     const std::optional<Side> left = SideAt(term, 0);
-    if (!left || left->behind >= term.size() || !term[left->behind].IsSign(u"=")) return std::nullopt;
-    const std::optional<Side> right = SideAt(term, left->behind + 1);
-    if (!right || right->behind != term.size() || left->sign == right->sign) return std::nullopt;
-    SignJoin join{left->sign ? left->table : right->table, left->sign ? right->table : left->table, {}};
+    if (!left || left->end >= term.size() || !term[left->end].IsPunctuation(u"=")) return std::nullopt;
+    const std::optional<Side> right = SideAt(term, left->end + 1);
+    if (!right || right->end != term.size() || left->marked == right->marked) return std::nullopt;
+    PlusJoin join{left->marked ? left->table : right->table, left->marked ? right->table : left->table, {}};
     for (const Node& piece : term)
-        if (!IsSignGroup(piece)) join.condition.push_back(piece);
+        if (!IsPlusGroup(piece)) join.condition.push_back(piece);
     return join;
 }
 
 bool ReadTables(const NodeList& level, Clause& clause) {
-    const auto comma = [](const Node& piece) { return piece.IsSign(u","); };
+    const auto comma = [](const Node& piece) { return piece.IsPunctuation(u","); };
     for (const NodeList& table : CutAt(level, clause.from, clause.where - 1, comma)) {
         if (table.size() != 1 || !table.front().IsName()) return false;
         clause.tables.push_back(table.front());
@@ -69,7 +71,7 @@ bool ReadTables(const NodeList& level, Clause& clause) {
     return true;
 }
 
-bool HasSign(const NodeList& level) { return std::any_of(level.begin(), level.end(), IsSignGroup); }
+bool HasSign(const NodeList& level) { return std::any_of(level.begin(), level.end(), IsPlusGroup); }
 
 bool ReadClause(const NodeList& level, Clause& clause) {
     const auto at = [&](QStringView word, size_t begin) {
@@ -84,7 +86,7 @@ bool ReadClause(const NodeList& level, Clause& clause) {
         if (level[i].Is(u"OR") || level[i].Is(u"BETWEEN")) return false;
     const auto conjunction = [](const Node& piece) { return piece.Is(u"AND"); };
     for (NodeList& term : CutAt(level, clause.where, clause.end, conjunction)) {
-        if (std::optional<SignJoin> join = JoinOf(term))
+        if (std::optional<PlusJoin> join = JoinOf(term))
             clause.joins.push_back(std::move(*join));
         else if (term.empty() || HasSign(term))
             return false;
@@ -108,7 +110,7 @@ class Chain {
             if (Lacks(NameOf(table))) continue;
             if (!text.empty()) return std::nullopt;
             text.push_back(table);
-            text.front().token.before = QStringLiteral(" ");
+            text.front().token.leadingTrivia = QStringLiteral(" ");
             placed_.append(NameOf(table));
         }
         while (!text.empty() && placed_.size() < static_cast<qsizetype>(clause_.tables.size()))
@@ -120,7 +122,7 @@ class Chain {
   private:
     bool Lacks(const QString& table) const {
         return std::any_of(clause_.joins.begin(), clause_.joins.end(),
-                           [&](const SignJoin& join) { return join.lacking == table; });
+                           [&](const PlusJoin& join) { return join.lacking == table; });
     }
 
     bool PlaceNext(NodeList& text) {
@@ -129,7 +131,7 @@ class Chain {
             if (placed_.contains(name)) continue;
             NodeList conditions;
             bool ready = true;
-            for (const SignJoin& join : clause_.joins) {
+            for (const PlusJoin& join : clause_.joins) {
                 if (join.lacking != name) continue;
                 ready = ready && placed_.contains(join.present);
                 conditions.push_back(MakeWord(conditions.empty() ? QStringLiteral("ON") : QStringLiteral("AND")));
@@ -138,7 +140,7 @@ class Chain {
             if (!ready || conditions.empty()) continue;
             for (const QString& word : {QStringLiteral("LEFT"), QStringLiteral("JOIN")}) text.push_back(MakeWord(word));
             text.push_back(table);
-            text.back().token.before = QStringLiteral(" ");
+            text.back().token.leadingTrivia = QStringLiteral(" ");
             Append(text, conditions);
             placed_.append(name);
             return true;
@@ -152,7 +154,7 @@ class Chain {
 
 }  // namespace
 
-void RewriteSignJoins(NodeList& level) {
+void RewritePlusOuterJoins(NodeList& level) {
     if (!HasSign(level)) return;
     Clause clause;
     if (!ReadClause(level, clause)) return;

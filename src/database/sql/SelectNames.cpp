@@ -26,7 +26,7 @@ bool HasPlainAlias(const NodeList& level, size_t first, size_t end) {
 
 SelectItem ItemOf(const NodeList& level, size_t first, size_t end) {
     SelectItem item{first, end, {}, false};
-    item.all = end > first && level[end - 1].IsSign(u"*");
+    item.all = end > first && level[end - 1].IsPunctuation(u"*");
     if (!HasPlainAlias(level, first, end)) return item;
     item.alias = NameOf(level[end - 1]);
     item.end = end - 1;
@@ -35,8 +35,9 @@ SelectItem ItemOf(const NodeList& level, size_t first, size_t end) {
 }
 
 bool HasAll(const NodeList& level) {
-    return std::any_of(level.begin(), level.end(),
-                       [](const Node& piece) { return piece.IsSign(u"*") || (piece.group && HasAll(piece.inside)); });
+    return std::any_of(level.begin(), level.end(), [](const Node& piece) {
+        return piece.IsPunctuation(u"*") || (piece.group && HasAll(piece.inside));
+    });
 }
 
 }  // namespace
@@ -48,7 +49,7 @@ std::vector<SelectItem> SelectItemsOf(const NodeList& level, size_t begin) {
     size_t first = SkipBeforeItems(level, begin + 1);
     for (size_t at = first; at <= level.size(); ++at) {
         const bool end = EndsItems(level, at);
-        if (!end && !level[at].IsSign(u",")) continue;
+        if (!end && !level[at].IsPunctuation(u",")) continue;
         items.push_back(ItemOf(level, first, at));
         if (end) break;
         first = at + 1;
@@ -67,6 +68,7 @@ TextNames::TextNames(const NodeList& statement, const TextRules& rules) : listed
 bool TextNames::Uses(const NodeList& level, size_t first, size_t end) const {
     for (size_t at = first; at < end; ++at) {
         const Node& piece = level[at];
+        if (piece.group && at > first && level[at - 1].Is(u"COUNT")) continue;
         if (piece.group ? Uses(piece.inside, 0, piece.inside.size()) : IsListed(piece) || IsRenamed(piece)) return true;
     }
     return false;

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include "database/DatabaseTypes.h"
+
 namespace database {
 
 /// How to write a LIKE that ignores letter case, width and kana type.
@@ -32,17 +34,11 @@ struct SqlDialect {
     QString caseBlindCall = {};
 };
 
-/// A sort key for sorting on the client.
-struct ProviderKey {
-    bool asText;  ///< by CompareTexts; otherwise bytewise
-    bool descending;
-};
-
 struct AdaptedStatement {
     QString text;
     /// Keys for the caller to sort by; their values are the last columns of the result, one per key. Empty if the
     /// engine returns the rows in order.
-    QList<ProviderKey> order;
+    QList<SortKey> order;
     int limit = -1;  ///< rows to keep after sorting; negative: all
 };
 

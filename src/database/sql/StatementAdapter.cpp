@@ -5,13 +5,8 @@
 #include <iterator>
 #include <utility>
 
-#include "database/sql/BooleanChains.h"
-#include "database/sql/CaseBlindRewrite.h"
-#include "database/sql/JoinRewrite.h"
-#include "database/sql/LikeRewrite.h"
-#include "database/sql/Operands.h"
-#include "database/sql/OrderRewrite.h"
-#include "database/sql/PlusOuterJoins.h"
+#include "database/sql/Quoting.h"
+#include "database/sql/Rewriters.h"
 #include "database/sql/SyntaxTree.h"
 
 namespace database {
@@ -33,7 +28,7 @@ class Adapter {
     void Adapt(NodeList& level, bool condition) const {
         AdaptGroups(level, condition);
         if (engine_.topIsLimit) MoveTop(level);
-        if (engine_.hasPlusOuterJoin) RewriteSignJoins(level);
+        if (engine_.hasPlusOuterJoin) RewritePlusOuterJoins(level);
         if (engine_.flattenRightJoins) RewriteRightJoins(level);
         if (engine_.like != LikeWriting::Own) RewriteLike(level, engine_);
         AdaptOrder(level, engine_, rules_, names_);
@@ -53,7 +48,8 @@ class Adapter {
     static void MoveTop(NodeList& level) {
         std::optional<Node> count = TakeTop(level);
         if (!count) return;
-        const auto end = std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsSign(u";"); });
+        const auto end =
+            std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsPunctuation(u";"); });
         level.insert(level.insert(end, std::move(*count)), MakeWord(QStringLiteral("LIMIT")));
     }
 
@@ -66,8 +62,7 @@ class Adapter {
                 continue;
             QString name = NameOf(piece);
             if (engine_.namesAreLowerCase) name = LowerAscii(name);
-            name.replace(u'"', QStringLiteral("\"\""));
-            piece.token = {TokenKind::Quoted, piece.token.before, u'"' + name + u'"'};
+            piece.token = {TokenKind::Quoted, piece.token.leadingTrivia, QuotedName(name)};
         }
     }
 
@@ -99,7 +94,7 @@ void RefuseUnreadText(QStringView sql) {
     for (size_t at = 0; at + 1 < tokens.size(); ++at) {
         if (tokens[at].kind == TokenKind::Invalid) return;
         words = words || HasWordsOf(tokens, at);
-        if (tokens[at].kind != TokenKind::Sign) continue;
+        if (tokens[at].kind != TokenKind::Punctuation) continue;
         depth += tokens[at].text == u"(" ? 1 : tokens[at].text == u")" ? -1 : 0;
         if (depth < 0) return;
     }
@@ -117,9 +112,9 @@ void DropComments(QString& before) {
 
 void DropComments(NodeList& level) {
     for (Node& piece : level) {
-        DropComments(piece.token.before);
+        DropComments(piece.token.leadingTrivia);
         DropComments(piece.inside);
-        DropComments(piece.close.before);
+        DropComments(piece.close.leadingTrivia);
     }
 }
 
@@ -134,7 +129,7 @@ AdaptedStatement Adapt(QStringView sql, const SqlDialect& engine, const TextRule
     }
     if (server) {
         DropComments(tree->level);
-        DropComments(tree->behind);
+        DropComments(tree->trailingTrivia);
     }
     const TextNames names = server ? TextNames(tree->level, rules) : TextNames({}, {});
     AdaptedStatement adapted;

@@ -28,12 +28,12 @@ class Builder {
         if (depth > kDeepest) return false;
         for (;;) {
             Token& token = tokens_[at_];
-            const bool sign = token.kind == TokenKind::Sign;
+            const bool punctuation = token.kind == TokenKind::Punctuation;
             if (token.kind == TokenKind::Invalid) return false;
-            if (token.kind == TokenKind::End || (sign && token.text == u")")) return true;
+            if (token.kind == TokenKind::End || (punctuation && token.text == u")")) return true;
             ++at_;
             Node piece{std::move(token), false, {}, {}};
-            if (sign && piece.token.text == u"(" && !BuildGroup(piece, depth)) return false;
+            if (punctuation && piece.token.text == u"(" && !BuildGroup(piece, depth)) return false;
             level.push_back(std::move(piece));
         }
     }
@@ -53,11 +53,11 @@ class Builder {
 
 bool IsSingle(const NodeList& level) {
     const auto semicolon =
-        std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsSign(u";"); });
-    return std::all_of(semicolon, level.end(), [](const Node& piece) { return piece.IsSign(u";"); });
+        std::find_if(level.begin(), level.end(), [](const Node& piece) { return piece.IsPunctuation(u";"); });
+    return std::all_of(semicolon, level.end(), [](const Node& piece) { return piece.IsPunctuation(u";"); });
 }
 
-void AppendToken(QString& text, const Token& token) { text.append(token.before).append(token.text); }
+void AppendToken(QString& text, const Token& token) { text.append(token.leadingTrivia).append(token.text); }
 
 void AppendLevel(QString& text, const NodeList& level) {
     for (const Node& piece : level) {
@@ -80,24 +80,24 @@ std::optional<SyntaxTree> ParseStatement(QStringView sql) {
     SyntaxTree tree;
     if (!builder.Build(tree.level, 0) || builder.Current().kind != TokenKind::End) return std::nullopt;
     if (!IsSingle(tree.level)) return std::nullopt;
-    tree.behind = builder.Current().before;
+    tree.trailingTrivia = builder.Current().leadingTrivia;
     return tree;
 }
 
 QString StatementText(const SyntaxTree& tree) {
     QString text;
     AppendLevel(text, tree.level);
-    return text.append(tree.behind);
+    return text.append(tree.trailingTrivia);
 }
 
 Node MakeWord(const QString& text) { return {{TokenKind::Word, QStringLiteral(" "), text}, false, {}, {}}; }
 
 Node MakeGroup(NodeList inside) {
-    QString before = std::exchange(inside.front().token.before, QString());
-    return {{TokenKind::Sign, std::move(before), QStringLiteral("(")},
+    QString before = std::exchange(inside.front().token.leadingTrivia, QString());
+    return {{TokenKind::Punctuation, std::move(before), QStringLiteral("(")},
             true,
             std::move(inside),
-            {TokenKind::Sign, QString(), QStringLiteral(")")}};
+            {TokenKind::Punctuation, QString(), QStringLiteral(")")}};
 }
 
 QString NameOf(const Node& piece) {
@@ -118,7 +118,7 @@ void WrapInFunction(NodeList& level, size_t first, size_t last, const QString& f
     const auto end = level.begin() + static_cast<std::ptrdiff_t>(last);
     NodeList inside(std::make_move_iterator(begin), std::make_move_iterator(end));
     Node name = MakeWord(function);
-    name.token.before = std::exchange(inside.front().token.before, QString());
+    name.token.leadingTrivia = std::exchange(inside.front().token.leadingTrivia, QString());
     if (!collation.isEmpty()) InsertCollation(inside, inside.size(), collation);
     const std::array<Node, 2> call = {std::move(name), MakeGroup(std::move(inside))};
     level.insert(level.erase(begin, end), call.begin(), call.end());
@@ -129,12 +129,12 @@ bool IsColumnOf(const QStringList& columns, const Node& piece) {
 }
 
 size_t BeginOfName(const NodeList& level, size_t last) {
-    while (last >= 2 && level[last - 1].IsSign(u".")) last -= 2;
+    while (last >= 2 && level[last - 1].IsPunctuation(u".")) last -= 2;
     return last;
 }
 
 size_t EndOfName(const NodeList& level, size_t first) {
-    while (first + 2 < level.size() && level[first + 1].IsSign(u".")) first += 2;
+    while (first + 2 < level.size() && level[first + 1].IsPunctuation(u".")) first += 2;
     return first + 1;
 }
 
@@ -150,13 +150,13 @@ std::optional<Node> TakeTop(NodeList& level) {
         return std::nullopt;
     if (at[2].Is(u"PERCENT")) return std::nullopt;
     Node count = std::move(at[1]);
-    count.token.before = QStringLiteral(" ");
+    count.token.leadingTrivia = QStringLiteral(" ");
     level.erase(at, at + 2);
     return count;
 }
 
 size_t EndOfFrom(const NodeList& level, size_t from) {
-    while (from < level.size() && !IsOneOf(level[from], kBehindFrom) && !level[from].IsSign(u";")) ++from;
+    while (from < level.size() && !IsOneOf(level[from], kBehindFrom) && !level[from].IsPunctuation(u";")) ++from;
     return from;
 }
 

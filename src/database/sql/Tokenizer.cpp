@@ -10,8 +10,8 @@ enum Class : quint8 { kSign, kBlank, kWord, kDigit, kQuote, kBracket, kMark };
 
 constexpr std::array<Class, 128> MakeClasses() {
     std::array<Class, 128> classes{};
-    const auto set = [&classes](std::string_view signs, Class kind) {
-        for (const char sign : signs) classes[static_cast<unsigned char>(sign)] = kind;
+    const auto set = [&classes](std::string_view characters, Class kind) {
+        for (const char character : characters) classes[static_cast<unsigned char>(character)] = kind;
     };
     set("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_", kWord);
     set("0123456789", kDigit);
@@ -129,7 +129,7 @@ TokenSpan NextToken(QStringView sql, qsizetype from) {
         default:
             // The engine stops at a NUL and would ignore the rest.
             if (sql[begin].isNull()) return {TokenKind::Invalid, begin, sql.size()};
-            return {TokenKind::Sign, begin, EndOfSign(sql, begin)};
+            return {TokenKind::Punctuation, begin, EndOfSign(sql, begin)};
     }
 }
 
@@ -154,7 +154,7 @@ bool IsEmptyStatement(QStringView sql) {
     for (;;) {
         const TokenSpan span = NextToken(sql, from);
         if (span.kind == TokenKind::End) return true;
-        if (span.kind != TokenKind::Sign || sql[span.begin] != u';') return false;
+        if (span.kind != TokenKind::Punctuation || sql[span.begin] != u';') return false;
         from = span.end;
     }
 }

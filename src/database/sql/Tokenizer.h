@@ -7,15 +7,15 @@
 namespace database {
 
 enum class TokenKind {
-    Word,       ///< keyword or unquoted name; all characters beyond ASCII are word characters
-    Quoted,     ///< "name" with doubled quotes inside
-    Bracket,    ///< [name] without "]" inside
-    Text,       ///< 'text' with doubled quotes inside
-    Number,     ///< 12, 1.5e3, 0x1F and x'0AFF'
-    Sign,       ///< one operator or punctuation mark
-    Parameter,  ///< ?, ?12, :name, @name, $name
-    Invalid,    ///< unclosed quote or bracket; extends to the end of the text
-    End         ///< only blanks and comments are left
+    Word,         ///< keyword or unquoted name; all characters beyond ASCII are word characters
+    Quoted,       ///< "name" with doubled quotes inside
+    Bracket,      ///< [name] without "]" inside
+    Text,         ///< 'text' with doubled quotes inside
+    Number,       ///< 12, 1.5e3, 0x1F and x'0AFF'
+    Punctuation,  ///< one operator or punctuation mark
+    Parameter,    ///< ?, ?12, :name, @name, $name
+    Invalid,      ///< unclosed quote or bracket; extends to the end of the text
+    End           ///< only blanks and comments are left
 };
 
 struct TokenSpan {
@@ -29,15 +29,15 @@ TokenSpan NextToken(QStringView sql, qsizetype from);
 
 struct Token {
     TokenKind kind;
-    QString before;  ///< blanks and comments before it
+    QString leadingTrivia;  ///< blanks and comments before it
     QString text;
 
     /// True for an unquoted word equal to `keyword` (in upper case), ignoring case.
     bool Is(QStringView keyword) const;
 };
 
-/// All tokens, the last one End with the trailing blanks and comments. Concatenating `before` and `text` of all tokens
-/// yields the original statement exactly.
+/// All tokens, the last one End with the trailing blanks and comments. Concatenating `leadingTrivia` and `text` of all
+/// tokens yields the original statement exactly.
 std::vector<Token> SplitStatement(QStringView sql);
 
 /// True if the text contains only blanks, comments and semicolons.

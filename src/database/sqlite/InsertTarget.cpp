@@ -1,14 +1,17 @@
-#include "database/sqlite/InsertTarget.h"
+// Part of PreparedStatements.h: InsertTarget.
+
+#include "database/sqlite/PreparedStatements.h"
 
 #include <QStringList>
 #include <algorithm>
+#include "database/sql/Quoting.h"
 
 namespace database {
 namespace {
 
-QString Quoted(const char* name) { return u'"' + QString::fromUtf8(name).replace(u'"', QStringLiteral("\"\"")) + u'"'; }
+QString Quoted(const char* name) { return QuotedName(QString::fromUtf8(name)); }
 
-[[noreturn]] void RaiseNotUpdatable() {
+[[noreturn]] void ThrowNotUpdatable() {
     throw DatabaseError(kNotUpdatable, QStringLiteral("1 つの表の列だけからなる検索でないため、追加できません。"));
 }
 
@@ -23,9 +26,9 @@ InsertTarget::InsertTarget(sqlite3* database, sqlite3_stmt* query) : database_(d
     for (int column = 0; column < sqlite3_column_count(query); ++column) {
         const char* table = sqlite3_column_table_name(query, column);
         const char* origin = sqlite3_column_origin_name(query, column);
-        if (table == nullptr || origin == nullptr) RaiseNotUpdatable();
+        if (table == nullptr || origin == nullptr) ThrowNotUpdatable();
         if (table_.isEmpty()) table_ = Quoted(table);
-        if (table_ != Quoted(table)) RaiseNotUpdatable();
+        if (table_ != Quoted(table)) ThrowNotUpdatable();
         columns_.append(Quoted(origin));
     }
 }

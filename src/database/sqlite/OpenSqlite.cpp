@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "database/sqlite/BusyHandler.h"
-#include "database/sqlite/WalMode.h"
+#include "database/sqlite/SqliteHandle.h"
 #include "platform/EndRequest.h"
 #include "platform/JetHeader.h"
 #include "platform/PlainFile.h"
@@ -71,7 +70,7 @@ SqliteDatabase OpenNamed(const QByteArray& name, const QString& path, int flags,
     SqliteDatabase database(raw);
     if (code != SQLITE_OK) Refuse(QStringLiteral("データベース「%1」を開けません。"), path);
     sqlite3_extended_result_codes(raw, 1);
-    WaitForLocks(raw, lockWait);
+    WaitForLocks(database, lockWait);
     LimitWork(raw);
     // A misspelled name in double quotes must be an error, not a string literal.
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -148,9 +147,9 @@ QString SqlitePath(const QString& dataSource) {
     return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
 }
 
-bool RollBackHotJournal(const QString& path) {
+bool RollBackHotJournal(const QString& path, int lockWait) {
     if (!platform::MayWriteFile(path)) return false;
-    const SqliteDatabase writer = OpenHandle(path, SQLITE_OPEN_READWRITE, kLongestLockWait);
+    const SqliteDatabase writer = OpenHandle(path, SQLITE_OPEN_READWRITE, lockWait);
     return ReadSchema(writer.get()) == SQLITE_OK;
 }
 
@@ -162,13 +161,13 @@ SqliteDatabase OpenSqliteFile(const ConnectionRequest& request) {
     const auto open = [&] { return reader ? OpenReader(path, wait) : OpenHandle(path, SQLITE_OPEN_READWRITE, wait); };
     SqliteDatabase database = open();
     int code = ReadSchema(database.get());
-    if (code == SQLITE_READONLY_ROLLBACK && RollBackHotJournal(path)) {
+    if (code == SQLITE_READONLY_ROLLBACK && RollBackHotJournal(path, wait)) {
         database = open();
         code = ReadSchema(database.get());
     }
     if (code != SQLITE_OK) RefuseUnreadable(database.get(), path);
     if (!reader) SetUpWriter(database.get(), request.scratch);
-    WaitForLocks(database.get(), LockWaitMilliseconds(request.commandTimeout));
+    WaitForLocks(database, LockWaitMilliseconds(request.commandTimeout));
     return database;
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <functional>
 #include <list>
+#include <map>
 #include <memory>
+#include <vector>
 
+#include "database/DatabaseSession.h"
 #include "database/ResultTable.h"
 #include "database/sqlite/SqliteHandle.h"
 
@@ -13,8 +17,8 @@ namespace database {
 
 /// Cache statistics of a statement, used to decide whether its results are worth caching.
 struct StatementUse {
-    quint32 remembered = 0;
-    quint32 answered = 0;
+    quint32 cached = 0;
+    quint32 hits = 0;
 };
 
 /// A prepared statement and metadata of its result.
@@ -60,6 +64,30 @@ class PreparedStatements {
     std::list<Entry> entries_;  // most recently used first
     QHash<QString, std::list<Entry>::iterator> byText_;
     std::unique_ptr<PreparedStatement> giant_;
+};
+
+/// A table that records are inserted into. Caches one prepared INSERT per set of columns written so far, since naming a
+/// column that was not set would override its default.
+class InsertTarget : public RecordTarget {
+  public:
+    /// The table that the columns of `query` come from. Throws DatabaseError kNotUpdatable if they are not all columns
+    /// of one table.
+    InsertTarget(sqlite3* database, sqlite3_stmt* query);
+
+    /// Inserts one record. Throws DatabaseError.
+    void Insert(const std::vector<WrittenField>& fields);
+
+  private:
+    QString InsertText(const std::vector<WrittenField>& fields) const;
+    SqliteStatement Prepare(const QString& sql) const;
+    sqlite3_stmt* StatementFor(const std::vector<WrittenField>& fields);
+
+    sqlite3* database_;
+    QString table_;
+    QList<QString> columns_;  // quoted names, by column of the query
+    std::map<std::vector<int>, SqliteStatement> statements_;
+    std::vector<int> lastPlaces_;
+    sqlite3_stmt* last_ = nullptr;
 };
 
 }  // namespace database

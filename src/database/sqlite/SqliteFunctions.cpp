@@ -1,8 +1,9 @@
-#include "database/sqlite/SqliteFunctions.h"
+// Part of SqliteHandle.h: AddSuiteText.
+
+#include "database/sqlite/SqliteHandle.h"
 
 #include "database/collation/LikePattern.h"
 #include "database/collation/TextFolding.h"
-#include "database/collation/TextOrder.h"
 
 namespace database {
 namespace {

@@ -5,16 +5,21 @@
 #include <QString>
 #include <memory>
 
-#include "database/EngineError.h"
+#include "database/DatabaseError.h"
 
 namespace database {
 
-struct SqliteCloser {
+struct SqliteDatabaseCloser {
     void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
+
+    std::shared_ptr<void> lockWait = {};  ///< of WaitForLocks; the engine has a pointer to it
+};
+using SqliteDatabase = std::unique_ptr<sqlite3, SqliteDatabaseCloser>;
+
+struct SqliteStatementCloser {
     void operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
 };
-using SqliteDatabase = std::unique_ptr<sqlite3, SqliteCloser>;
-using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteCloser>;
+using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteStatementCloser>;
 
 /// The last error of this database: the engine's message and the suite's error number.
 EngineError SqliteFailure(sqlite3* database);
@@ -36,5 +41,17 @@ class SqliteRun {
 
 /// Runs a fixed statement to its end. Returns the engine's result code.
 int RunPlain(sqlite3* database, const char* sql) noexcept;
+
+/// Sets the busy timeout: statements that wait for locks of other programs fail with SQLITE_BUSY after this time
+/// without a change of the file. While other programs write to it, they wait on, at most a minute, or until the program
+/// is asked to end.
+void WaitForLocks(SqliteDatabase& database, int milliseconds);
+
+/// Name of the collation for ORDER BY on names, kana and addresses. Must never be used in a schema: other tools could
+/// not open the file then.
+inline constexpr const char* kSuiteTextCollation = "SUITE_TEXT";
+
+/// Registers the suite's LIKE, which replaces the engine's, and the collation. Returns the engine's result code.
+int AddSuiteText(sqlite3* database);
 
 }  // namespace database

@@ -1,17 +1,12 @@
 #include "database/sqlite/SqliteSession.h"
 
 #include "database/sql/StatementAdapter.h"
-#include "database/sqlite/InsertTarget.h"
 #include "database/sqlite/OpenSqlite.h"
-#include "database/sqlite/SqliteFunctions.h"
-#include "database/sqlite/WalMode.h"
+#include "database/sqlite/PreparedStatements.h"
+#include "database/sqlite/SqliteHandle.h"
 
 namespace database {
 namespace {
-
-// Chains are limited to 200 terms: the engine counts each term as one level of depth, and allows 1,000.
-const SqlDialect kDifferences = {
-    true, true, true, 200, QString::fromLatin1(kSuiteTextCollation), QStringLiteral("NOCASE")};
 
 // 15 digits: an integer in a floating-point column reads as "5", not "5.0".
 QByteArray RealText(double value) { return QByteArray::number(value, 'g', 15); }
@@ -34,6 +29,17 @@ void AppendCell(ResultTable& result, sqlite3_value* value) {
 }
 
 }  // namespace
+
+const SqlDialect& SqliteDialect() {
+    // Chains are limited to 200 terms: the engine counts each term as one level of depth, and allows 1,000.
+    static const SqlDialect dialect = {.topIsLimit = true,
+                                       .flattenRightJoins = true,
+                                       .bracketQuotedNames = true,
+                                       .longestChain = 200,
+                                       .textCollation = QString::fromLatin1(kSuiteTextCollation),
+                                       .caseBlindCollation = QStringLiteral("NOCASE")};
+    return dialect;
+}
 
 std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request) {
     return std::make_unique<SqliteSession>(request);
@@ -87,7 +93,7 @@ PreparedStatement& SqliteSession::Prepare(const QString& sql) {
 }
 
 PreparedStatement SqliteSession::Compile(const QString& sql) {
-    return {database_.get(), AdaptStatement(sql, kDifferences, rules_)};
+    return {database_.get(), AdaptStatement(sql, SqliteDialect(), rules_)};
 }
 
 void SqliteSession::BindLiterals(const PreparedStatement& statement) {
@@ -108,7 +114,8 @@ int SqliteSession::FirstStep(PreparedStatement& statement) {
     int code = sqlite3_step(statement.Handle());
     if (code == SQLITE_READONLY_ROLLBACK && !scope_) {
         sqlite3_reset(statement.Handle());
-        if (RollBackHotJournal(path_)) code = sqlite3_step(statement.Handle());
+        if (RollBackHotJournal(path_, LockWaitMilliseconds(request_.commandTimeout)))
+            code = sqlite3_step(statement.Handle());
     }
     return code;
 }
@@ -130,12 +137,12 @@ std::shared_ptr<ResultTable> SqliteSession::ReadRows(PreparedStatement& statemen
 
 std::shared_ptr<ResultTable> SqliteSession::Query(const QString& sql) {
     if (scope_) {
-        if (auto known = memory_.Find(sql)) return known;
+        if (auto known = queryCache_.Find(sql)) return known;
     }
     PreparedStatement& statement = Prepare(sql);
     BindLiterals(statement);
     auto result = ReadRows(statement);
-    if (scope_) memory_.Keep(sql, result, statement.use);
+    if (scope_) queryCache_.Keep(sql, result, statement.use);
     return result;
 }
 
@@ -187,7 +194,7 @@ bool SqliteSession::BeginReadScope() noexcept {
 void SqliteSession::EndReadScope() noexcept {
     if (!scope_) return;
     scope_ = false;
-    memory_.Forget();
+    queryCache_.Forget();
     RunPlain(database_.get(), "COMMIT");
     LeaveTransaction();
 }

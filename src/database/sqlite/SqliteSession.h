@@ -5,6 +5,7 @@
 #include "database/DatabaseSession.h"
 #include "database/QueryCache.h"
 #include "database/sql/ParameterisedStatement.h"
+#include "database/sql/SqlDialect.h"
 #include "database/sqlite/PreparedStatements.h"
 #include "database/sqlite/SqliteHandle.h"
 #include "platform/PlainFile.h"
@@ -46,9 +47,12 @@ class SqliteSession : public DatabaseSession {
     SqliteDatabase database_;
     PreparedStatements statements_;
     ParameterisedStatement lifted_;
-    QueryCache memory_;
+    QueryCache queryCache_;
     bool scope_ = false;
 };
+
+/// What statements are translated to before they are prepared.
+const SqlDialect& SqliteDialect();
 
 /// Throws what the constructor throws.
 std::unique_ptr<DatabaseSession> OpenSqliteSession(const ConnectionRequest& request);

@@ -1,4 +1,6 @@
-#include "database/sqlite/WalMode.h"
+// Part of OpenSqlite.h: files in WAL mode.
+
+#include "database/sqlite/OpenSqlite.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -9,13 +9,13 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QHash>
 #include <QSocketNotifier>
 #include <csignal>
 #include <utility>
 #include <vector>
 
-#include "platform/StartHidden.h"
-#include "platform/posix/ProcessDescriptor.h"
+#include "platform/ProcessService.h"
 
 using namespace Qt::StringLiterals;
 
@@ -73,14 +73,23 @@ class SpawnSettings {
     posix_spawn_file_actions_t actions;
 };
 
+/// Ends of the children that have not been reaped.
+QHash<pid_t, std::shared_ptr<ProcessEnd>>& Children() {
+    static QHash<pid_t, std::shared_ptr<ProcessEnd>> children;
+    return children;
+}
+
 /// Without this, a child that has ended stays a zombie until this program ends.
 void ReapWhenEnded(pid_t child) {
     if (QCoreApplication::instance() == nullptr) return;
     const int descriptor = ::pidfd_open(child, 0);
     if (descriptor < 0) return;
-    WatchForEnd(descriptor, [descriptor] {
-        int code = 0;
-        HasEnded(descriptor, code);
+    const auto end = std::make_shared<ProcessEnd>();
+    Children().insert(child, end);
+    WatchForEnd(descriptor, [descriptor, child, end] {
+        HasEnded(descriptor, *end);
+        // The id may now be reused for another process.
+        Children().remove(child);
         ::close(descriptor);
     });
 }
@@ -112,16 +121,23 @@ QSocketNotifier* WatchForEnd(int processDescriptor, std::function<void()> ended)
     return notifier;
 }
 
-bool HasEnded(int processDescriptor, int& code) {
-    siginfo_t end{};
-    const int result = ::waitid(P_PIDFD, static_cast<id_t>(processDescriptor), &end, WEXITED | WNOHANG);
+std::shared_ptr<ProcessEnd> EndOfProcess(quint32 processId) {
+    const auto child = Children().constFind(static_cast<pid_t>(processId));
+    return child == Children().cend() ? std::make_shared<ProcessEnd>() : *child;
+}
+
+bool HasEnded(int processDescriptor, ProcessEnd& end) {
+    if (end.known) return true;
+    siginfo_t status{};
+    const int result = ::waitid(P_PIDFD, static_cast<id_t>(processDescriptor), &status, WEXITED | WNOHANG);
     if (result == 0) {
-        code = end.si_status;
-        return end.si_pid != 0;
+        if (status.si_pid != 0) end = {true, static_cast<quint32>(status.si_status)};
+        return end.known;
     }
-    // Not our child, or already reaped: only poll on the pidfd can report the end, without an exit code.
-    pollfd look{processDescriptor, POLLIN, 0};
-    return ::poll(&look, 1, 0) == 1;
+    // Not our child: only poll on the pidfd can report the end, without an exit code.
+    pollfd poll{processDescriptor, POLLIN, 0};
+    end.known = ::poll(&poll, 1, 0) == 1;
+    return end.known;
 }
 
 }  // namespace platform

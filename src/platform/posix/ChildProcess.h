@@ -1,8 +1,16 @@
 #pragma once
 
+// This glibc header lacks extern "C".
+extern "C" {
+#include <sys/pidfd.h>
+}
+
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
+
+#include "platform/ProcessService.h"
 
 class QSocketNotifier;
 
@@ -14,9 +22,19 @@ namespace platform {
 /// of QProcess::startDetached, since the caller needs a direct child and its exit code.
 int StartChild(const QString& program, const QStringList& arguments, bool hidden);
 
-/// True if the process of a pidfd has ended. Reaps a child and stores its exit code in `code`; for any other process
-/// `code` is unchanged. Does not block.
-bool HasEnded(int processDescriptor, int& code);
+/// How a process has ended.
+struct ProcessEnd {
+    bool known = false;
+    quint32 exitCode = ProcessService::kUnknownExitCode;  ///< or the number of the signal
+};
+
+/// The end of a child that StartChild has started and nothing has reaped yet; for any other process a new object.
+/// Shared, since a child can be reaped only once, but several descriptors may be open for it.
+std::shared_ptr<ProcessEnd> EndOfProcess(quint32 processId);
+
+/// True if the process of a pidfd has ended. Reaps a child and stores its exit code in `end`; that of any other process
+/// stays unknown. Does not block.
+bool HasEnded(int processDescriptor, ProcessEnd& end);
 
 /// Calls `ended` once from the event loop when the process of the pidfd has ended. Disable the notifier before closing
 /// the descriptor; it deletes itself after the call. Null without an application object.

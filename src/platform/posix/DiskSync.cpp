@@ -1,4 +1,6 @@
-#include "platform/DiskSync.h"
+// Part of AtomicFile.h: SyncFile and SyncFolder.
+
+#include "platform/AtomicFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -29,7 +29,7 @@ constexpr FolderFailure kFolderFailures[] = {
 };
 constexpr long kPathFailure = 75;
 
-[[noreturn]] void RaiseFolderFailure(int code) {
+[[noreturn]] void ThrowFolderFailure(int code) {
     for (const FolderFailure& failure : kFolderFailures)
         if (failure.code == code) throw RuntimeError(failure.number, QString::fromUtf8(failure.description));
     throw RuntimeError(kPathFailure, QString::fromLocal8Bit(std::strerror(code)));
@@ -54,7 +54,7 @@ bool LocalFileSystem::RemoveFile(const QString& path) const { return QFile::remo
 bool LocalFileSystem::FolderExists(const QString& path) const { return QFileInfo(NativePath(path)).isDir(); }
 
 void LocalFileSystem::CreateFolder(const QString& path) const {
-    if (::mkdir(QFile::encodeName(NativePath(path)).constData(), 0777) != 0) RaiseFolderFailure(errno);
+    if (::mkdir(QFile::encodeName(NativePath(path)).constData(), 0777) != 0) ThrowFolderFailure(errno);
 }
 
 bool LocalFileSystem::CreateMark(const QString& path) const {

@@ -43,10 +43,20 @@ void ApplyLimits(const ProcessLimits& limits) {
     SetLimit(RLIMIT_AS, bytes, bytes);
 }
 
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+double CpuOfEndedChildren() {
+    rusage used = {};
+    ::getrusage(RUSAGE_CHILDREN, &used);
+    return Seconds(used.ru_utime) + Seconds(used.ru_stime);
+}
+
 }  // namespace
 
 LimitedProcess::LimitedProcess(const QString& program, const QStringList& arguments, const ProcessLimits& limits)
-    : waitLeft_(limits.waitMilliseconds) {
+    : limits_(limits), waitLeft_(limits.waitMilliseconds), cpuOfOthers_(CpuOfEndedChildren()) {
     process_.setStandardErrorFile(QProcess::nullDevice());
     process_.setChildProcessModifier([limits] { ApplyLimits(limits); });
     process_.start(program, arguments);
@@ -62,12 +72,16 @@ LimitedProcess::~LimitedProcess() {
 bool LimitedProcess::TimedOut() {
     if (silent_) return true;
     process_.waitForFinished(kEndMilliseconds);
-    return process_.exitStatus() == QProcess::CrashExit && process_.exitCode() == SIGXCPU;
+    if (process_.state() != QProcess::NotRunning || process_.exitStatus() != QProcess::CrashExit) return false;
+    if (process_.exitCode() == SIGXCPU) return true;
+    // At the hard limit the signal is the same as that of any other kill.
+    return process_.exitCode() == SIGKILL && CpuOfEndedChildren() - cpuOfOthers_ >= limits_.cpuSeconds;
 }
 
 void LimitedProcess::Write(const QByteArray& bytes) {
     process_.write(bytes);
-    while (process_.bytesToWrite() > 0 && process_.waitForBytesWritten(waitLeft_)) {
+    while (process_.bytesToWrite() > 0 &&
+           WaitFor([this](int milliseconds) { return process_.waitForBytesWritten(milliseconds); })) {
     }
 }
 
@@ -78,12 +92,21 @@ QByteArray LimitedProcess::Read(qsizetype count) {
 }
 
 bool LimitedProcess::WaitForOutput() {
+    const qint64 before = process_.bytesAvailable();
+    return WaitFor([this, before](int milliseconds) {
+        return process_.waitForReadyRead(milliseconds) || process_.bytesAvailable() > before;
+    });
+}
+
+/// `wait` gets the milliseconds left. False if the process has ended, or is killed because they have passed.
+template <typename Wait>
+bool LimitedProcess::WaitFor(Wait wait) {
     QElapsedTimer timer;
     timer.start();
-    const qint64 before = process_.bytesAvailable();
-    const bool more = process_.waitForReadyRead(std::max(waitLeft_, 0));
+    const bool mayWait = waitLeft_ > 0;
+    const bool done = wait(waitLeft_);
     waitLeft_ -= static_cast<int>(std::min<qint64>(timer.elapsed(), waitLeft_));
-    if (more || process_.bytesAvailable() > before) return true;
+    if (done && mayWait) return true;
     if (process_.state() == QProcess::NotRunning) return false;
     silent_ = true;
     process_.kill();

@@ -20,7 +20,7 @@ constexpr qsizetype kPiece = 1 << 18;
 constexpr long kDiskFull = 61;
 constexpr long kWriteFailure = 57;
 
-[[noreturn]] void RaiseWriteFailure(int code) {
+[[noreturn]] void ThrowWriteFailure(int code) {
     const bool full = code == ENOSPC || code == EDQUOT || code == EFBIG;
     throw RuntimeError(full ? kDiskFull : kWriteFailure, QString::fromLocal8Bit(std::strerror(code)));
 }
@@ -74,7 +74,7 @@ void OutputFile::WriteOut() {
         const ssize_t written =
             ::write(descriptor_, pending_.constData() + done, static_cast<size_t>(pending_.size() - done));
         if (written < 0 && errno == EINTR) continue;
-        if (written < 0) RaiseWriteFailure(errno);
+        if (written < 0) ThrowWriteFailure(errno);
         done += written;
     }
     pending_.resize(0);
@@ -83,7 +83,7 @@ void OutputFile::WriteOut() {
 // On network file systems a full disk may be reported only by close.
 void OutputFile::Close() {
     WriteOut();
-    if (::close(std::exchange(descriptor_, -1)) != 0) RaiseWriteFailure(errno);
+    if (::close(std::exchange(descriptor_, -1)) != 0) ThrowWriteFailure(errno);
 }
 
 void LetWritesPastALimitFail() { std::signal(SIGXFSZ, SIG_IGN); }

@@ -1,4 +1,6 @@
-#include "platform/PrivateFolder.h"
+// Part of FileRights.h: private folders.
+
+#include "platform/FileRights.h"
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -61,6 +63,8 @@ class Inspection {
             InspectFolder(path, state.st_uid == owner_);
         else if (!administratorMayOwn)
             faults_.append(u"%1 はフォルダではありません。"_s.arg(path));
+        else if (state.st_nlink > 1)
+            faults_.append(u"%1 には別の名前 (ハードリンク) があります。"_s.arg(path));
     }
 
     /// Sets the mode first, so that nothing can be added after the check.

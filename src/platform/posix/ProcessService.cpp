@@ -19,7 +19,6 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/posix/ChildProcess.h"
-#include "platform/posix/ProcessDescriptor.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,8 +29,7 @@ namespace {
 /// ends, since handles of previews stay open for the rest of the run.
 struct OpenedProcess {
     int descriptor = -1;
-    bool ended = false;
-    int exitCode = 0;
+    std::shared_ptr<ProcessEnd> end;
     QPointer<QSocketNotifier> watch;
 };
 
@@ -51,15 +49,14 @@ void Release(OpenedProcess& process) {
     if (process.descriptor >= 0) ::close(std::exchange(process.descriptor, -1));
 }
 
-bool Look(OpenedProcess& process) {
-    if (process.ended || !HasEnded(process.descriptor, process.exitCode)) return process.ended;
-    process.ended = true;
-    Release(process);
-    return true;
+/// True if the process has ended; its descriptor is then closed.
+bool CheckEnd(OpenedProcess& process) {
+    if (process.descriptor >= 0 && HasEnded(process.descriptor, *process.end)) Release(process);
+    return process.descriptor < 0;
 }
 
-void LookAt(quint32 handle) {
-    if (const auto found = Handles().find(handle); found != Handles().end()) Look(*found);
+void CheckEndOf(quint32 handle) {
+    if (const auto found = Handles().find(handle); found != Handles().end()) CheckEnd(*found);
 }
 
 QString ProgramFile(const QString& named) {
@@ -105,26 +102,27 @@ quint32 LocalProcessService::OpenProcess(quint32 /*access*/, bool /*inherit*/, q
     if (descriptor < 0) return 0;
     static quint32 next = kFirstHandle;
     const quint32 handle = next++;
-    Handles().insert(handle, {descriptor, false, 0, WatchForEnd(descriptor, [handle] { LookAt(handle); })});
+    Handles().insert(handle,
+                     {descriptor, EndOfProcess(processId), WatchForEnd(descriptor, [handle] { CheckEndOf(handle); })});
     return handle;
 }
 
 bool LocalProcessService::GetExitCodeProcess(quint32 handle, quint32& code) {
     const auto found = Handles().find(handle);
     if (found == Handles().end()) return false;
-    code = Look(*found) ? static_cast<quint32>(found->exitCode) : kStillActive;
+    code = CheckEnd(*found) ? found->end->exitCode : kStillActive;
     return true;
 }
 
 bool LocalProcessService::TerminateProcess(quint32 handle, quint32 /*exitCode*/) {
     const auto found = Handles().find(handle);
     if (found == Handles().end()) return false;
-    if (!found->ended) {
+    if (!CheckEnd(*found)) {
         ::pidfd_send_signal(found->descriptor, SIGKILL, nullptr, 0);
         pollfd gone{found->descriptor, POLLIN, 0};
         ::poll(&gone, 1, -1);
     }
-    return Look(*found);
+    return CheckEnd(*found);
 }
 
 bool LocalProcessService::CloseHandle(quint32 handle) {

@@ -18,11 +18,11 @@ namespace platform {
 namespace {
 
 constexpr mode_t kOwnerOnly = 0600;
-constexpr auto kPatience = std::chrono::seconds(5);
+constexpr auto kLockTimeout = std::chrono::seconds(5);
 constexpr auto kPause = std::chrono::milliseconds(5);
 
 long TakeLock(int file) {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
+    const auto end = std::chrono::steady_clock::now() + kLockTimeout;
     while (::flock(file, LOCK_EX | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK && errno != EINTR) return kRegistryDenied;
         if (std::chrono::steady_clock::now() > end) return kRegistryLocked;

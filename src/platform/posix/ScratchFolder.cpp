@@ -66,6 +66,7 @@ ScratchFolder::ScratchFolder(const QString& parent, const QString& prefix, const
     // Until it is locked, the cleanup of another process may remove the new folder; hence the retries.
     const QByteArray pattern = QFile::encodeName(parent + u'/' + prefix) + QByteArray(kRandomCharacters, 'X');
     for (int attempt = 0; attempt < kAttempts && !IsValid(); ++attempt) Make(pattern, note);
+    if (IsValid()) error_.clear();
 }
 
 void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
@@ -76,9 +77,9 @@ void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
     }
     path_ = QFile::decodeName(name);
     lock_ = TakeLock(path_, O_CREAT | O_EXCL);
-    if (lock_ < 0) error_ = QString::fromLocal8Bit(std::strerror(errno));
     const bool written =
         lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
+    if (!written) error_ = QString::fromLocal8Bit(std::strerror(errno));
     if (written && IsThere(lock_)) return;
     if (lock_ >= 0) ::close(std::exchange(lock_, -1));
     RemoveFolder(path_);

@@ -38,10 +38,10 @@ bool MayWrite(const QString& path) {
 }
 
 /// Writes text and NUL over the beginning of the buffer. `length`: in, size of the buffer; out, required size.
-long HandOut(const QString& text, QString& buffer, int& length) {
-    const qsizetype room = qMin<qsizetype>(length, buffer.size());
+long CopyToBuffer(const QString& text, QString& buffer, int& length) {
+    const qsizetype capacity = qMin<qsizetype>(length, buffer.size());
     length = static_cast<int>(text.size()) + 1;
-    if (length > room) return kRegistryMoreData;
+    if (length > capacity) return kRegistryMoreData;
     buffer.replace(0, length, text + QChar(u'\0'));
     return kRegistryDone;
 }
@@ -56,9 +56,14 @@ constexpr auto kReadableByAll =
     QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 constexpr auto kPassableByAll = kReadableByAll | QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
 
+/// Creates the folder and its missing parents.
 bool MakeFolder(const QString& folder, bool forAll) {
-    if (QFileInfo(folder).isDir()) return true;
-    return QDir().mkpath(folder) && (!forAll || QFile::setPermissions(folder, kPassableByAll));
+    const QFileInfo wanted(folder);
+    if (wanted.isDir()) return true;
+    if (!MakeFolder(wanted.path(), forAll)) return false;
+    // Another program may create it at the same time.
+    if (!QDir().mkdir(folder)) return wanted.isDir();
+    return !forAll || QFile::setPermissions(folder, kPassableByAll);
 }
 
 }  // namespace
@@ -87,6 +92,17 @@ long LoadRegistry(const QString& path, RegistryContent& content) {
     if (!read) return kRegistryDamaged;
     content = *std::move(read);
     return kRegistryDone;
+}
+
+long Registry::GetValue(const RegistryKey& root, const QString& subkey, const QString& name, int type, QString& buffer,
+                        int& length) {
+    if (type != kRegistryTextType) return kRegistryOtherType;
+    RegistryKey key;
+    const long opened = OpenKey(root, subkey, kRegistryRead, key);
+    if (opened != kRegistryDone) return opened;
+    const long status = QueryText(key, name, buffer, length);
+    CloseKey(key);
+    return status;
 }
 
 FileRegistry::FileRegistry() : FileRegistry(MachineRegistryFile(), UserRegistryFile()) {}
@@ -159,7 +175,7 @@ long FileRegistry::EnumKey(const RegistryKey& key, int index, QString& buffer, i
          ++found) {
         if (found->first.indexOf(u'\\', prefix.size()) >= 0 || index-- > 0) continue;
         const QString& path = found->second.path;
-        const long status = HandOut(path.sliced(path.lastIndexOf(u'\\') + 1), buffer, length);
+        const long status = CopyToBuffer(path.sliced(path.lastIndexOf(u'\\') + 1), buffer, length);
         --length;
         return status;
     }
@@ -183,7 +199,7 @@ long FileRegistry::QueryText(const RegistryKey& key, const QString& name, QStrin
     const long status = ReadValue(key, name, data);
     if (status != kRegistryDone) return status;
     const auto* text = std::get_if<QString>(&data);
-    return text == nullptr ? kRegistryOtherType : HandOut(*text, buffer, length);
+    return text == nullptr ? kRegistryOtherType : CopyToBuffer(*text, buffer, length);
 }
 
 long FileRegistry::QueryNumber(const RegistryKey& key, const QString& name, quint32& number) {

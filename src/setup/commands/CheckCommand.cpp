@@ -5,7 +5,7 @@
 
 #include "data/ServerText.h"
 #include "database/DatabaseSession.h"
-#include "platform/PrivateFolder.h"
+#include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
 #include "platform/SealedPins.h"
 #include "setup/UsageError.h"

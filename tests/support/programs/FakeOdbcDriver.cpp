@@ -3,15 +3,26 @@
 //   MEIBO_TEST_DRIVER_LOG     the log file, one line per call
 //   MEIBO_TEST_DRIVER_ENGINE  the engine name that it reports
 //   MEIBO_TEST_DRIVER_CELL    length in characters of the first column's text in each row, if set
+//   MEIBO_TEST_DRIVER_FAILS   calls that fail, separated by commas: commit, rollback, autocommit 1
+//   MEIBO_TEST_DRIVER_PORT    port of a local server, which it connects to; the engine name is then received from there
+// A statement with "M長" runs until it is cancelled; the cancel then blocks until the statement is freed, at most 4 s.
 
 #include <sql.h>
 #include <sqlext.h>
 
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <condition_variable>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <mutex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -74,6 +85,37 @@ void Give(const std::string& text, SQLPOINTER target, SQLSMALLINT bytes, SQLSMAL
     if (length != nullptr) *length = static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR));
 }
 
+bool Fails(const std::string& call) {
+    const char* calls = std::getenv("MEIBO_TEST_DRIVER_FAILS");
+    return calls != nullptr && (',' + std::string(calls) + ',').find(',' + call + ',') != std::string::npos;
+}
+
+int g_server = -1;
+
+bool ConnectToServer(const char* port) {
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<uint16_t>(std::strtoul(port, nullptr, 10)));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    g_server = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    return ::connect(g_server, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+bool ReceiveFromServer() {
+    char byte = 0;
+    return g_server < 0 || ::recv(g_server, &byte, 1, 0) == 1;
+}
+
+std::mutex g_mutex;
+std::condition_variable g_changed;
+std::set<SQLHANDLE> g_cancelled, g_freed;
+
+void RunUntilCancelled(SQLHANDLE statement) {
+    std::unique_lock lock(g_mutex);
+    g_freed.erase(statement);
+    g_changed.wait(lock, [&] { return g_cancelled.count(statement) != 0; });
+}
+
 long Number(SQLPOINTER value) { return static_cast<long>(reinterpret_cast<SQLLEN>(value)); }
 
 }  // namespace
@@ -86,6 +128,11 @@ SQLRETURN SQLAllocHandle(SQLSMALLINT type, SQLHANDLE, SQLHANDLE* handle) {
 }
 
 SQLRETURN SQLFreeHandle(SQLSMALLINT type, SQLHANDLE handle) {
+    {
+        const std::lock_guard lock(g_mutex);
+        g_freed.insert(handle);
+        g_changed.notify_all();
+    }
     if (type == SQL_HANDLE_STMT)
         delete static_cast<Statement*>(handle);
     else
@@ -97,23 +144,29 @@ SQLRETURN SQLSetEnvAttr(SQLHENV, SQLINTEGER, SQLPOINTER, SQLINTEGER) { return SQ
 
 SQLRETURN SQLSetConnectAttrW(SQLHDBC, SQLINTEGER attribute, SQLPOINTER value, SQLINTEGER) {
     if (attribute == SQL_ATTR_LOGIN_TIMEOUT) Note("login " + std::to_string(Number(value)));
-    if (attribute == SQL_ATTR_AUTOCOMMIT) Note("autocommit " + std::to_string(Number(value)));
-    return SQL_SUCCESS;
+    if (attribute != SQL_ATTR_AUTOCOMMIT) return SQL_SUCCESS;
+    const std::string call = "autocommit " + std::to_string(Number(value));
+    Note(call);
+    return Fails(call) ? SQL_ERROR : SQL_SUCCESS;
 }
 
 SQLRETURN SQLDriverConnectW(SQLHDBC, SQLHWND, SQLWCHAR* text, SQLSMALLINT units, SQLWCHAR*, SQLSMALLINT, SQLSMALLINT*,
                             SQLUSMALLINT) {
     Note("connect " + Utf8(text, units));
-    return SQL_SUCCESS;
+    const char* port = std::getenv("MEIBO_TEST_DRIVER_PORT");
+    return port == nullptr || ConnectToServer(port) ? SQL_SUCCESS : SQL_ERROR;
 }
 
 SQLRETURN SQLDisconnect(SQLHDBC) {
     Note("disconnect");
+    if (g_server >= 0) ::close(g_server);
+    g_server = -1;
     return SQL_SUCCESS;
 }
 
 SQLRETURN SQLGetInfoW(SQLHDBC, SQLUSMALLINT which, SQLPOINTER target, SQLSMALLINT bytes, SQLSMALLINT* length) {
     const char* engine = std::getenv("MEIBO_TEST_DRIVER_ENGINE");
+    if (which == SQL_DBMS_NAME && !ReceiveFromServer()) return SQL_ERROR;
     if (which == SQL_DBMS_NAME)
         Give(engine == nullptr ? "" : engine, target, bytes, length);
     else if (which == SQL_DRIVER_ODBC_VER)
@@ -137,13 +190,25 @@ SQLRETURN SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER units) {
     const std::string sql = Utf8(text, units);
     Note("run " + sql);
     auto* statement = static_cast<Statement*>(handle);
-    statement->failed = sql.find("M無") != std::string::npos;
+    const bool isLong = sql.find("M長") != std::string::npos;
+    if (isLong) RunUntilCancelled(handle);
+    statement->failed = isLong || sql.find("M無") != std::string::npos;
     return statement->failed ? SQL_ERROR : SQL_SUCCESS;
 }
 
-SQLRETURN SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT how) {
-    Note(how == SQL_COMMIT ? "commit" : "rollback");
+SQLRETURN SQLCancel(SQLHSTMT handle) {
+    std::unique_lock lock(g_mutex);
+    g_cancelled.insert(handle);
+    g_changed.notify_all();
+    const bool freed = g_changed.wait_for(lock, std::chrono::seconds(4), [&] { return g_freed.count(handle) != 0; });
+    Note(freed ? "freed while cancelled" : "cancelled");
     return SQL_SUCCESS;
+}
+
+SQLRETURN SQLEndTran(SQLSMALLINT, SQLHANDLE, SQLSMALLINT how) {
+    const std::string call = how == SQL_COMMIT ? "commit" : "rollback";
+    Note(call);
+    return Fails(call) ? SQL_ERROR : SQL_SUCCESS;
 }
 
 SQLRETURN SQLNumResultCols(SQLHSTMT, SQLSMALLINT* count) {

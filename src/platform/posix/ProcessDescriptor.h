@@ -1,6 +1,0 @@
-#pragma once
-
-// This glibc header lacks extern "C".
-extern "C" {
-#include <sys/pidfd.h>
-}
