@@ -79,13 +79,61 @@ class Cluster:
             other.make()
             other.start()
 
-    def await_whole(self):
+    def repair(self, engine):
+        """Brings all nodes back to the state after make(), whatever has happened to them."""
+        if self.balancer.pid is None:
+            self.balancer.start()
+        for node in self.nodes[engine]:
+            if node.pid is not None:
+                node.thaw()
+                node.unblock()
+        {"postgresql": self.repair_postgresql, "mariadb": self.repair_mariadb}[engine](*self.nodes[engine])
+        self.await_whole([engine])
+
+    def repair_postgresql(self, first, *others):
+        for node in (first, *others):
+            if node.pid is None and not any(other.is_primary() for other in node.others):
+                node.start()
+        primary = next((node for node in (first, *others) if node.is_primary()), None)
+        if primary is not first:
+            if first.pid is None:
+                first.rejoin()
+            self.replace_postgresql(primary, first)
+        for node in others:
+            if node.pid is None:
+                node.start()
+            elif node.query("SELECT pg_is_wal_replay_paused()") == "t":
+                node.resume()
+
+    @staticmethod
+    def replace_postgresql(old, new):
+        """Makes a standby the primary and the primary its standby, without a loss."""
+        new.await_applied(old)
+        old.stop()
+        new.promote()
+        old.rejoin()
+
+    @staticmethod
+    def repair_mariadb(*nodes):
+        running = [node for node in nodes if node.pid is not None]
+        for node in running:
+            node.join()
+        if not running:
+            nodes[0].bootstrap()
+        for node in nodes:
+            if node.pid is None:
+                node.start()
+            else:
+                machine.poll(f"{node.name} as member of the cluster", node.is_synced)
+
+    def await_whole(self, engines=None):
         """Waits until the balancer has found every node in its role."""
-        if "postgresql" in self.engines:
+        engines = engines or self.engines
+        if "postgresql" in engines:
             names = [node.name for node in self.nodes["postgresql"]]
             self.balancer.await_up("postgresql-write", names[0])
             self.balancer.await_up("postgresql-standbys", *names[1:])
-        if "mariadb" in self.engines:
+        if "mariadb" in engines:
             for backend in ("mariadb-write", "mariadb-read"):
                 self.balancer.await_up(backend, *(node.name for node in self.nodes["mariadb"]))
 

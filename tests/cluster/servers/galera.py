@@ -39,6 +39,7 @@ wsrep_provider_options = "gmcast.listen_addr=tcp://127.0.0.1:{group_port};ist.re
 gcache.size=16M;evs.keepalive_period=PT0.5S;evs.suspect_timeout=PT2S;evs.inactive_timeout=PT4S;\
 evs.install_timeout=PT4S"
 """
+BLOCKING = "FROM information_schema.processlist WHERE state = 'User sleep'"
 
 
 class Galera(Node):
@@ -55,7 +56,8 @@ class Galera(Node):
 
     def query(self, statement, database=""):
         """Result of a statement by the administrator: one line a row, columns separated by tabs."""
-        words = ("--no-defaults", "-uroot", "-S", self.folder / "socket", "--default-character-set=utf8mb4", "-BN")
+        words = ("--no-defaults", "-uroot", "-S", self.folder / "socket", "--default-character-set=utf8mb4", "-BN",
+                 "--connect-timeout=2")  # fmt: skip
         return machine.run(USER, self.folder, "mariadb", *words, "-e", statement, database).strip()
 
     def status(self, name):
@@ -111,3 +113,27 @@ class Galera(Node):
     def join(self):
         """Ends the isolation. The node is a member again as soon as it finds the majority."""
         self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
+
+    def sessions(self, user="suite"):
+        """Number of connections of an account."""
+        return int(self.answers(f"SELECT count(*) FROM information_schema.processlist WHERE user = '{user}'") or 0)
+
+    def waiting(self, user="suite"):
+        """Whether a statement of an account waits for a lock."""
+        return self.answers(
+            f"SELECT 1 FROM information_schema.processlist WHERE user = '{user}' AND state LIKE 'Waiting for%lock'"
+        )
+
+    def block(self, table):
+        """Lets statements on a table wait on this node until unblock()."""
+        words = ("--no-defaults", "-uroot", "-S", self.folder / "socket", "--default-character-set=utf8mb4", "suite")
+        machine.start_client(USER, self.folder, "mariadb", *words, "-e",
+                             f"LOCK TABLES `{table}` WRITE; SELECT SLEEP(600)")  # fmt: skip
+
+    def unblock(self):
+        for session in (self.answers(f"SELECT id {BLOCKING}") or "").split():
+            self.answers(f"KILL {session}")
+
+    def holds_lock(self):
+        """Whether block() has its lock."""
+        return self.answers(f"SELECT 1 {BLOCKING}")

@@ -84,6 +84,14 @@ def launch(user, folder, *command):
     return process
 
 
+def start_client(user, folder, *command):
+    """Starts a client whose output is not wanted and whose server will end it."""
+    subprocess.Popen(
+        [*map(str, command)], cwd=folder, env=environment(folder), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL, **identity(user)
+    )  # fmt: skip
+
+
 def free_ports(count):
     """Ports on which no program listens, all different."""
     found = set()

@@ -60,7 +60,7 @@ class Postgres(Node):
     def query(self, statement, database="postgres"):
         """Result of a statement by the administrator: one line a row, columns separated by '|'."""
         words = ("-h", self.folder, "-p", self.port, "-U", USER, "-d", database, "-XAtq", "-v", "ON_ERROR_STOP=1")
-        return self.tool("psql", *words, "-c", statement).strip()
+        return self.tool("psql", *words, "-c", statement, PGCONNECT_TIMEOUT="2").strip()
 
     def make_primary(self):
         machine.make_private(self.folder, USER)
@@ -119,6 +119,36 @@ class Postgres(Node):
         (self.data / "postgresql.conf").write_text(SETTINGS.format(**vars(self)), encoding="utf-8")
         self.follow(primary)
         self.start()
+
+    def sessions(self, user="suite"):
+        """Number of connections of an account."""
+        return int(self.answers(f"SELECT count(*) FROM pg_stat_activity WHERE usename = '{user}'") or 0)
+
+    def waiting(self, user="suite"):
+        """Whether a statement of an account waits for a lock."""
+        return self.answers(f"SELECT 1 FROM pg_stat_activity WHERE usename = '{user}' AND wait_event_type = 'Lock' LIMIT 1")
+
+    def await_applied(self, other):
+        """Waits until this standby has all that the other node has written."""
+        written = other.query("SELECT pg_current_wal_lsn()")
+        machine.poll(f"{self.name} to catch up",
+                     lambda: self.answers(f"SELECT pg_last_wal_replay_lsn() >= '{written}'") == "t")  # fmt: skip
+
+    def block(self, table):
+        """Lets statements on a table wait until unblock(), here and on the standbys. Only on a primary."""
+        words = ("-h", self.folder, "-p", self.port, "-U", USER, "-d", "suite", "-XAtq")
+        statement = f'BEGIN; LOCK TABLE "{table.lower()}"; SELECT pg_current_wal_lsn(), pg_sleep(600)'
+        machine.start_client(USER, self.folder, PROGRAMS / "psql", *words, "-c", statement)
+
+    def unblock(self):
+        self.answers("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE wait_event = 'PgSleep'")
+
+    def holds_lock(self):
+        """Whether the lock of block() has reached this node."""
+        return self.answers(
+            "SELECT 1 FROM pg_locks JOIN pg_database ON pg_database.oid = database WHERE datname = 'suite' AND granted AND"
+            " mode = 'AccessExclusiveLock' AND locktype = 'relation'"
+        )
 
     def pause(self):
         """The standby receives the log and does not apply it: its rows lag."""
