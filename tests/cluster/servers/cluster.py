@@ -86,7 +86,7 @@ class Cluster:
         for node in self.nodes[engine]:
             if node.pid is not None:
                 node.thaw()
-                node.unblock()
+                machine.poll(f"the end of the locks of {node.name}", node.unblock)
         {"postgresql": self.repair_postgresql, "mariadb": self.repair_mariadb}[engine](*self.nodes[engine])
         self.await_whole([engine])
 
@@ -143,8 +143,15 @@ class Cluster:
 
     def odbc(self, engine, purpose):
         """Connection string of the suite's account through the balancer."""
-        return (f"Driver={DRIVERS[engine]};Server=127.0.0.1;Port={self.port(engine, purpose)};Database={ACCOUNT};"
-                f"UID={ACCOUNT};PWD={self.password}")  # fmt: skip
+        return self.connection(engine, self.port(engine, purpose))
+
+    def odbc_to(self, node):
+        """The same without the balancer."""
+        return self.connection(node.engine, node.port)
+
+    def connection(self, engine, port):
+        account = f"Database={ACCOUNT};UID={ACCOUNT};PWD={self.password}"
+        return f"Driver={DRIVERS[engine]};Server=127.0.0.1;Port={port};{account}"
 
     def variables(self, control):
         """Environment of a command that uses the cluster."""

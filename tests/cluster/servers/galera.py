@@ -111,7 +111,9 @@ class Galera(Node):
         machine.poll(f"the isolation of {self.name}", lambda: self.status("cluster_status") == "non-Primary")
 
     def join(self):
-        """Ends the isolation. The node is a member again as soon as it finds the majority."""
+        """Ends the isolation, if any. The node is a member again as soon as it finds the majority."""
+        if "gmcast.isolate = 1" not in self.query("SHOW VARIABLES LIKE 'wsrep_provider_options'"):
+            return
         self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
 
     def sessions(self, user="suite"):
@@ -131,8 +133,11 @@ class Galera(Node):
                              f"LOCK TABLES `{table}` WRITE; SELECT SLEEP(600)")  # fmt: skip
 
     def unblock(self):
-        for session in (self.answers(f"SELECT id {BLOCKING}") or "").split():
+        """Ends the locks of block(). True if there was none."""
+        sessions = self.answers(f"SELECT id {BLOCKING}")
+        for session in (sessions or "").split():
             self.answers(f"KILL {session}")
+        return sessions == ""
 
     def holds_lock(self):
         """Whether block() has its lock."""

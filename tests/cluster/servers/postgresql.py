@@ -137,11 +137,14 @@ class Postgres(Node):
     def block(self, table):
         """Lets statements on a table wait until unblock(), here and on the standbys. Only on a primary."""
         words = ("-h", self.folder, "-p", self.port, "-U", USER, "-d", "suite", "-XAtq")
-        statement = f'BEGIN; LOCK TABLE "{table.lower()}"; SELECT pg_current_wal_lsn(), pg_sleep(600)'
+        # The lock of a transaction that writes nothing stays in a buffer of the log until the switch.
+        statement = f'BEGIN; LOCK TABLE "{table.lower()}"; SELECT pg_switch_wal(), pg_sleep(600)'
         machine.start_client(USER, self.folder, PROGRAMS / "psql", *words, "-c", statement)
 
     def unblock(self):
-        self.answers("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE wait_event = 'PgSleep'")
+        """Ends the locks of block(). True if there was none."""
+        ended = self.answers("SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE wait_event = 'PgSleep'")
+        return ended == "0"
 
     def holds_lock(self):
         """Whether the lock of block() has reached this node."""
