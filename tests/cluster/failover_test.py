@@ -31,6 +31,8 @@ class Registering:
 
     def leave(self, form):
         """Closes the form without saving."""
+        self.screen.focus(REGISTRATION)
+        wait_for("the focus in the form", lambda: self.focused(form))
         self.press_in(form, "btn_終了")
         self.answer(REGISTRATION, form, "はい")
         wait_for("the end of the form", lambda: self.find(REGISTRATION) is None)

@@ -114,6 +114,7 @@ class Postgres(Node):
         """Starts a stopped former primary as a standby of the present one."""
         primary = next(other for other in self.others if other.is_primary())
         primary.add_slot(self)
+        primary.query("CHECKPOINT")  # pg_rewind takes the new timeline from the last one
         self.tool("pg_rewind", "-D", self.data, f"--source-server=host=127.0.0.1 port={primary.port} user=replica "
                   f"password={self.password} dbname=postgres")  # fmt: skip
         (self.data / "postgresql.conf").write_text(SETTINGS.format(**vars(self)), encoding="utf-8")
