@@ -1,0 +1,1 @@
+"""Private PostgreSQL and MariaDB clusters behind HAProxy, on loopback."""
