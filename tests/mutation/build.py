@@ -1,0 +1,124 @@
+"""Builds the test program of a module with the mutants in it. The release build must be there: it gives the commands and
+everything that is not changed, and the changed object files are linked before its libraries."""
+import collections
+import concurrent.futures
+import json
+import multiprocessing
+import os
+import pathlib
+import re
+import shlex
+import subprocess
+
+from points import find_mutants
+from rewrite import blamed, rewrite
+from source import number_mutants
+
+HERE = pathlib.Path(__file__).parent.resolve()
+# Without the precompiled header, which GCC accepts only with the same options, and without warnings.
+OPTIONS = ['-O1', '-w', '-Wno-error', '-Wno-invalid-pch', '-Wno-narrowing', '-fdiagnostics-column-unit=byte',
+           '-fdiagnostics-color=never']
+ATTEMPTS = 6
+
+Unit = collections.namedtuple('Unit', 'path name command folder')  # one source file
+
+
+def units_of(root, build, module):
+    """The source files of a module's library, in the order of their names."""
+    found = []
+    for entry in json.loads((build / 'compile_commands.json').read_text()):
+        path = pathlib.Path(entry['file'])
+        if path.is_relative_to(root / 'src' / module) and 'CMakeFiles/meibo_' in entry['command']:
+            found.append(Unit(str(path), str(path.relative_to(root)), shlex.split(entry['command']), entry['directory']))
+    return sorted(found)
+
+
+def parser_arguments(command):
+    """What libclang needs of a compiler command."""
+    kept, words = [], iter(command[1:])
+    for word in words:
+        if word in ('-I', '-isystem', '-D', '-iquote'):
+            kept += [word, next(words)]
+        elif word in ('-o', '-include', '-MF', '-MT'):
+            next(words)
+        elif word.startswith(('-I', '-D', '-std=', '-isystem')):
+            kept.append(word)
+    return kept
+
+
+def _mutants_of(unit):
+    return find_mutants(unit.path, unit.name, parser_arguments(unit.command))
+
+
+def mutants_of(units, jobs):
+    """All mutants of the files, numbered."""
+    with multiprocessing.Pool(min(jobs, len(units))) as pool:
+        mutants = [mutant for found in pool.map(_mutants_of, units, chunksize=1) for mutant in found]
+    number_mutants(mutants)
+    return mutants
+
+
+def build_program(units, mutants, link, target, jobs):
+    """Compiles the files that have mutants and links them to the program `target`. `link` is the command and the folder
+    that link the program without mutants. Mutants that don't compile get the state "uncompilable"."""
+    target.parent.mkdir(parents=True, exist_ok=True)
+    by_file = {}
+    for mutant in mutants:
+        by_file.setdefault(mutant.file, []).append(mutant)
+    runtime = target.parent / 'Mutated.o'
+    subprocess.run(['c++', '-O2', '-std=c++20', '-c', HERE / 'Mutated.cpp', '-o', runtime], check=True)
+    changed = [unit for unit in units if unit.name in by_file]
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        objects = list(pool.map(lambda unit: _compile(unit, by_file[unit.name], target.parent), changed))
+    command, folder = link
+    words = shlex.split(command)
+    words = words[words.index('&&') + 1 if words[0] == ':' else 0:]
+    words = words[:words.index('&&')] if '&&' in words else words
+    words[words.index('-o') + 1] = str(target)
+    subprocess.run([words[0], *map(str, objects), str(runtime), *words[1:]], cwd=folder, check=True)
+
+
+def link_command(build, program):
+    """The command that links a program of the release build, and its folder."""
+    commands = subprocess.run(['ninja', '-C', build, '-t', 'commands', program], check=True, capture_output=True,
+                              text=True).stdout.splitlines()
+    return next(line for line in reversed(commands) if re.search(rf' -o \S*{re.escape(program)} ', line)), build
+
+
+def _compile(unit, mutants, folder):
+    text = pathlib.Path(unit.path).read_bytes()
+    copy = folder / unit.name
+    copy.parent.mkdir(parents=True, exist_ok=True)
+    result = copy.with_suffix('.o')
+    for _ in range(ATTEMPTS):
+        changed, spans = rewrite(text, [mutant for mutant in mutants if not mutant.state])
+        copy.write_bytes(changed)
+        messages = _run_compiler(unit, copy, result)
+        if messages is None:
+            return result
+        if not _drop(messages, copy, mutants, spans, changed):
+            break
+    raise SystemExit(f'mutation: {unit.name} does not compile with its mutants:\n{messages}')
+
+
+def _run_compiler(unit, copy, result):
+    """None, or the messages of a compiler that failed."""
+    words = list(unit.command)
+    words[words.index('-o') + 1] = str(result)
+    words[words.index(unit.path)] = str(copy)
+    words += [*OPTIONS, '-iquote', os.path.dirname(unit.path), '-include', str(HERE / 'Mutated.h')]
+    run = subprocess.run(words, cwd=unit.folder, capture_output=True, text=True, env={**os.environ, 'LC_ALL': 'C.UTF-8'})
+    return run.stderr if run.returncode else None
+
+
+def _drop(messages, copy, mutants, spans, changed):
+    """Drops the mutants that the messages name; those in static initialisers if it can't be seen which they are."""
+    places = [(int(line), int(column)) for line, column in
+              re.findall(rf'^{re.escape(str(copy))}:(\d+):(\d+):', messages, re.M)]
+    numbers = blamed(spans, changed, places)
+    if not numbers:
+        numbers = {mutant.number for mutant in mutants if mutant.static and not mutant.state}
+    for mutant in mutants:
+        if mutant.number in numbers:
+            mutant.state = 'uncompilable'
+    return bool(numbers)
