@@ -61,7 +61,7 @@ void UseInstallation(const QString& folder) {
     setup::MakeInstallation(request);
     ProgramGlobals& globals = Globals();
     globals.ProgramId = u"要員名簿照会"_s;
-    globals.Layout.ConfigDbKind = kAccdb;
+    globals.Layout.ConfigDbKind = FileKind::Accdb;
     globals.Layout.UserConfFolder = folder + u"/conf"_s;
     ReconnectConfigConnection();
 }

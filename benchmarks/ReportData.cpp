@@ -108,7 +108,7 @@ void PrepareProgram(StaffDatabase& database, HeadForm& form, const QString& fold
     globals.OfficeCount = 2;
     globals.Environment.OperatingOfficeCode = u"001"_s;
     globals.Office.名称 = u"東京本社"_s;
-    globals.Layout.ReportDbKind = kAccdb;
+    globals.Layout.ReportDbKind = FileKind::Accdb;
     globals.Layout.UserReportFolder = folder;
     form.Plain(u"表示順区分名称"_s).text = u"所属コード順"_s;
     SetInitialConditions();

@@ -52,12 +52,6 @@ bool Post(const LinkMessage& message) {
     return written;
 }
 
-/// Timestamp of the received start message.
-QString& StartedAt() {
-    static QString time;
-    return time;
-}
-
 /// DELETE of a received message. Without `key` it matches all messages sent in the same second between the same
 /// programs: a start message is removed this way, together with a second one of that second.
 QString DeleteStatement(const database::Recordset& message, const QString& kind, const QString& key = {}) {
@@ -77,7 +71,7 @@ void TakeStartMessage(const QString& commandLine, const QString& earliest) {
     if (OpenConfigRecordset(message, sql)) {
         globals.LinkSenderId = message[u"発信プログラムID"].TextOr(QString());
         globals.LinkStartInfo = message[u"起動連携情報"].Text();
-        StartedAt() = message[u"発信日時"].TextOr(QString());
+        globals.LinkStartedAt = message[u"発信日時"].TextOr(QString());
         ExecuteConfigSql(DeleteStatement(message, kStart));
     }
     message.Close();
@@ -87,7 +81,7 @@ void TakeStartMessage(const QString& commandLine, const QString& earliest) {
 
 void ReceiveStartLink(const QString& commandLine, const QString& earliest) {
     Globals().LinkSenderId = QString();
-    StartedAt().clear();
+    Globals().LinkStartedAt.clear();
     try {
         TakeStartMessage(commandLine, earliest);
     } catch (const platform::RuntimeError&) {
@@ -98,7 +92,7 @@ void ReceiveStartLink(const QString& commandLine, const QString& earliest) {
 bool AnswerStarter() {
     ProgramGlobals& globals = Globals();
     if (globals.LinkStartInfo.isEmpty()) return true;
-    if (Present() < StartedAt() || !WriteEndLink(globals.LinkEndInfo)) return false;
+    if (Present() < globals.LinkStartedAt || !WriteEndLink(globals.LinkEndInfo)) return false;
     globals.LinkStartInfo.clear();
     return true;
 }

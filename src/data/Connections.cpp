@@ -1,6 +1,7 @@
 #include "data/Connections.h"
 
 #include "data/Catalogue.h"
+#include "data/Files.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
 #include "text/mod項目編集.h"
@@ -9,20 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ProviderOf(int kind) {
-    switch (kind) {
-        case kAccdb:
-            return u"Provider=Microsoft.ACE.OLEDB.12.0;"_s;
-        case kMdb:
-            return u"Provider=Microsoft.Jet.OLEDB.4.0;"_s;
-        default:
-            return QString();
-    }
-}
-
 QString FieldText(const QString& name, const QString& value) { return name + u'=' + value + u';'; }
 
-void OpenAnew(database::Connection& connection, database::ConnectMode mode, const QString& connectionString) {
+void Reopen(database::Connection& connection, database::ConnectMode mode, const QString& connectionString) {
     connection = database::Connection();
     ApplyConnectionSettings(connection);
     connection.Mode = mode;
@@ -32,26 +22,29 @@ void OpenAnew(database::Connection& connection, database::ConnectMode mode, cons
 
 }  // namespace
 
-QString DesktopFileName(const QString& name, int kind) {
+QString DesktopProvider(FileKind kind) {
     switch (kind) {
-        case kAccdb:
-            return name + u".accdb"_s;
-        case kMdb:
-            return name + u".mdb"_s;
+        case FileKind::Accdb:
+            return u"Microsoft.ACE.OLEDB.12.0"_s;
+        case FileKind::Mdb:
+            return u"Microsoft.Jet.OLEDB.4.0"_s;
         default:
             return QString();
     }
 }
 
-QString DesktopConnectionString(int kind, const QString& path) {
-    return ProviderOf(kind) + u"User ID=;Password=;Data Source="_s + path;
+QString DesktopConnectionString(FileKind kind, const QString& path) {
+    const QString provider = DesktopProvider(kind);
+    return (provider.isEmpty() ? QString() : FieldText(u"Provider"_s, provider)) +
+           u"User ID=;Password=;Data Source="_s + path;
 }
 
-QString ConfigConnectionString(int kind, const QString& path) { return DesktopConnectionString(kind, path); }
+QString ConfigConnectionString(FileKind kind, const QString& path) { return DesktopConnectionString(kind, path); }
 
 QString UserConfigDataSource() {
     const InstallationLayout& layout = Globals().Layout;
-    const QString name = DesktopFileName(u"usrcnfg"_s, layout.ConfigDbKind == kMdb ? kMdb : kAccdb);
+    const FileKind kind = layout.ConfigDbKind == FileKind::Mdb ? FileKind::Mdb : FileKind::Accdb;
+    const QString name = DesktopFileName(u"usrcnfg"_s, kind);
     return layout.UserConfFolder + platform::kPathSeparator + name + u';';
 }
 
@@ -101,12 +94,12 @@ void OpenGeneralConnection() {
     const std::optional<QString> connectionString = GeneralConnectionString(definition);
     if (definition.db == u"A"_s) globals.GeneralFilePath = TrimBlanks(definition.データソース名);
     if (!connectionString) return;
-    OpenAnew(globals.MainConnection, database::ConnectMode::Read, *connectionString);
+    Reopen(globals.MainConnection, database::ConnectMode::Read, *connectionString);
 }
 
 void OpenForWriting(database::Connection& connection) {
     const std::optional<QString> connectionString = GeneralConnectionString(Globals().GeneralDatabase);
     if (!connectionString)
         throw database::DatabaseError(database::kProviderNotFound, u"データベースの種類が定義されていません。"_s);
-    OpenAnew(connection, database::ConnectMode::ReadWrite, *connectionString);
+    Reopen(connection, database::ConnectMode::ReadWrite, *connectionString);
 }

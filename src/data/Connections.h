@@ -6,16 +6,16 @@
 #include "database/Database.h"
 #include "globals/EnvironmentDefinition.h"
 
-/// Appends the extension of the file kind: "repdb" becomes "repdb.accdb". Empty for kNoFile.
-QString DesktopFileName(const QString& name, int kind);
+/// Name of the provider of a file kind, as in a connection string; empty for FileKind::None.
+QString DesktopProvider(FileKind kind);
 
 /// Connection string of a desktop database file, without an account. `path` is appended to "Data Source=" unchanged.
-/// For kNoFile the string has no provider, and opening it fails.
-QString DesktopConnectionString(int kind, const QString& path);
+/// For FileKind::None the string has no provider, and opening it fails.
+QString DesktopConnectionString(FileKind kind, const QString& path);
 
 /// Connection string of the configuration database. `path` is appended to "Data Source=" unchanged, including a
-/// trailing ";". For kNoFile the string has no provider, and opening it fails.
-QString ConfigConnectionString(int kind, const QString& path);
+/// trailing ";". For FileKind::None the string has no provider, and opening it fails.
+QString ConfigConnectionString(FileKind kind, const QString& path);
 
 /// Path of the configuration file in use with the trailing ";" that its connection string has. The common file, which
 /// is opened first, has none.

@@ -5,7 +5,7 @@
 
 #include "data/Connections.h"
 #include "data/DefinitionRows.h"
-#include "data/FileCopies.h"
+#include "data/Files.h"
 #include "data/UserConfiguration.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
@@ -17,19 +17,6 @@ using platform::kPathSeparator;
 namespace {
 
 constexpr qsizetype kNameBuffer = 255;
-
-/// A desktop database file; empty path and kNoFile if not found.
-struct FoundFile {
-    QString path;
-    int kind = kNoFile;
-};
-
-FoundFile ProbeDatabase(const QString& folder, const QString& name) {
-    const QString base = folder + kPathSeparator + name;
-    if (FileExistsCheck(base + u".accdb"_s)) return {base + u".accdb"_s, kAccdb};
-    if (FileExistsCheck(base + u".mdb"_s)) return {base + u".mdb"_s, kMdb};
-    return {};
-}
 
 /// The path before the marker folder, including the separator. The first occurrence anywhere in the path counts, and
 /// "prgbin" takes precedence over "prgsrc".
@@ -65,12 +52,12 @@ void SetFolders(const QString& prefix) {
 /// Returns the path of the common configuration file, empty if there is none.
 QString ProbeFiles(const QString& prefix) {
     InstallationLayout& layout = Globals().Layout;
-    const FoundFile general = ProbeDatabase(prefix + u"data"_s, u"gnrdb"_s);
+    const DesktopFile general = FindDesktopFile(prefix + u"data"_s, u"gnrdb"_s);
     layout.GeneralDbPath = general.path;
     layout.GeneralDbKind = general.kind;
-    const FoundFile config = ProbeDatabase(layout.CommonConfFolder, u"usrcnfg"_s);
+    const DesktopFile config = FindDesktopFile(layout.CommonConfFolder, u"usrcnfg"_s);
     layout.ConfigDbKind = config.kind;
-    layout.ReportDbKind = ProbeDatabase(layout.CommonReportFolder, u"repdb"_s).kind;
+    layout.ReportDbKind = FindDesktopFile(layout.CommonReportFolder, u"repdb"_s).kind;
     return config.path;
 }
 
@@ -89,13 +76,13 @@ bool OpenCommonConfig() {
     if (!prefix || !IsUsableFolderName(globals.OsUserName)) return false;
     SetFolders(*prefix);
     const QString commonFile = ProbeFiles(*prefix);
-    if (globals.Layout.ConfigDbKind == kNoFile) return false;
+    if (globals.Layout.ConfigDbKind == FileKind::None) return false;
     OpenConfigConnection(ConfigConnectionString(globals.Layout.ConfigDbKind, commonFile));
     globals.ConfigConnectionOpen = true;
     return true;
 }
 
-bool OpenCommonConfigOrTell() {
+bool TryOpenCommonConfig() {
     try {
         return OpenCommonConfig();
     } catch (const platform::RuntimeError& error) {
@@ -152,7 +139,7 @@ QString CutAtNull(const QString& text) {
 // The common file determines whether there is a private one, so it is read first. If a private one is used, all
 // definition fields come from it.
 bool LoadEnvironment() {
-    if (!OpenCommonConfigOrTell()) return false;
+    if (!TryOpenCommonConfig()) return false;
     ReadGeneralDatabaseDefinition();
     ReadInstallation();
     OpenConfigInUse();

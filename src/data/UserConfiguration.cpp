@@ -3,8 +3,7 @@
 #include <QFileInfo>
 
 #include "data/Connections.h"
-#include "data/FileCopies.h"
-#include "data/FolderPath.h"
+#include "data/Files.h"
 #include "data/ReportHostTrust.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
@@ -136,7 +135,7 @@ void MakeFolder(const QString& folder) {
 /// unknown install kind, so that the second opening fails.
 bool ClaimOwnFolder() {
     InstallationLayout& layout = Globals().Layout;
-    if (layout.ConfigDbKind == kNoFile && layout.ReportDbKind == kNoFile) return true;
+    if (layout.ConfigDbKind == FileKind::None && layout.ReportDbKind == FileKind::None) return true;
     const QString own = QFileInfo(layout.UserConfFolder).path();
     MakeFolder(QFileInfo(own).path());
     MakeFolder(own);
@@ -152,9 +151,9 @@ void PrepareUserConfig() {
     if (!ClaimOwnFolder()) return;
     PrepareConfiguration();
     InstallationLayout& layout = Globals().Layout;
-    if (layout.ReportDbKind == kAccdb) PrepareReportFiles({u"repdb.accdb"_s, {u"repfrmdb.accdb"_s}});
-    if (layout.ReportDbKind == kMdb) {
+    if (layout.ReportDbKind == FileKind::Accdb) PrepareReportFiles({u"repdb.accdb"_s, {u"repfrmdb.accdb"_s}});
+    if (layout.ReportDbKind == FileKind::Mdb) {
         PrepareReportFiles({u"repdb.mdb"_s, {u"repfrmdb.mdb"_s, u"repfrmdb.accdb"_s}});
-        layout.ReportDbKind = kMdb;  // event handlers may have changed it; later steps must use these files
+        layout.ReportDbKind = FileKind::Mdb;  // event handlers may have changed it; later steps must use these files
     }
 }

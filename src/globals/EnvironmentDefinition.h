@@ -4,7 +4,7 @@
 #include <array>
 
 /// Generation of a desktop database file.
-enum FileKind { kNoFile = 0, kAccdb = 1, kMdb = 2 };
+enum class FileKind { None = 0, Accdb = 1, Mdb = 2 };
 
 /// Paths of the installation. Folders have no trailing separator.
 struct InstallationLayout {
@@ -14,9 +14,9 @@ struct InstallationLayout {
     QString CommonReportFolder;
     QString ManualFolder;
     QString GeneralDbPath;  ///< not used: the general database is opened by its definition row
-    int GeneralDbKind = kNoFile;
-    int ConfigDbKind = kNoFile;
-    int ReportDbKind = kNoFile;
+    FileKind GeneralDbKind = FileKind::None;
+    FileKind ConfigDbKind = FileKind::None;
+    FileKind ReportDbKind = FileKind::None;
     QString UserConfFolder;
     QString UserReportFolder;
 };

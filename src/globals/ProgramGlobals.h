@@ -10,8 +10,7 @@
 #include "database/LinkedTables.h"
 #include "globals/CompanyRecord.h"
 #include "globals/EnvironmentDefinition.h"
-#include "globals/InquiryConditions.h"
-#include "globals/StaffRowStore.h"
+#include "globals/InquiryRecords.h"
 #include "platform/OutputFile.h"
 #include "platform/ReportHostLink.h"
 
@@ -103,6 +102,7 @@ struct ProgramGlobals {
     QString DiscoveredHostFolder;  ///< found when the host was registered as trusted; not a cache for runs of the host
 
     QString LinkSenderId, LinkStartInfo, LinkEndInfo;
+    QString LinkStartedAt;  ///< timestamp of the received start message
 
     QHash<QString, SelectionSource*> SelectionWindows;  ///< by window name, while loaded
 };

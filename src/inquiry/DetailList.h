@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "globals/StaffRowStore.h"
+#include "globals/InquiryRecords.h"
 
 // The list of the main form: a fixed number of row positions. Position p shows row TopRow + p of the row store.
 

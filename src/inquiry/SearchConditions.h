@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <array>
 
-#include "globals/InquiryConditions.h"
+#include "globals/InquiryRecords.h"
 #include "screen/InputItem.h"
 
 // Descriptors of the search conditions in the head of the main form. Everything that more than one place must know

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "globals/StaffRowStore.h"
+#include "globals/InquiryRecords.h"
 
 // Descriptors of the columns of the staff list. Everything that more than one place must know about a column is here,
 // once. Row load, painting, layout and outputs keep only their order, where it differs from the order of StaffText.

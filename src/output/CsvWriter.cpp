@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "data/FolderPath.h"
+#include "data/Files.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "screen/msgお待ち.h"

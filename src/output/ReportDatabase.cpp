@@ -1,6 +1,7 @@
 #include "output/ReportDatabase.h"
 
 #include "data/Connections.h"
+#include "data/Files.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"

@@ -1,5 +1,6 @@
 #include "output/ReportRunner.h"
 
+#include "data/Files.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
 #include "output/ReportData.h"
@@ -20,16 +21,10 @@ constexpr quint32 kTerminateAndSynchronize = 0x100001;
 constexpr int kHostStartTimeout = 400;  // milliseconds until the single attempt to connect
 constexpr long kInvalidCall = 5;
 
-QString FormsFile() {
+QString TemplateFile() {
     const InstallationLayout& layout = Globals().Layout;
-    switch (layout.ReportDbKind) {
-        case kAccdb:
-            return layout.UserReportFolder + platform::kPathSeparator + u"repfrmdb.accdb"_s;
-        case kMdb:
-            return layout.UserReportFolder + platform::kPathSeparator + u"repfrmdb.mdb"_s;
-        default:
-            return {};
-    }
+    const QString name = DesktopFileName(u"repfrmdb"_s, layout.ReportDbKind);
+    return name.isEmpty() ? name : layout.UserReportFolder + platform::kPathSeparator + name;
 }
 
 /// Read for each run, not cached. After a failed read the buffer has no NUL terminator, which throws.
@@ -99,7 +94,7 @@ void OutputOnHost(const HostUse& use, const QString& report) {
     RecordOutputStart(use.operation);
     CloseReportDatabase();
     TryShowing(use, [&] {
-        const QString formsFile = FormsFile();
+        const QString formsFile = TemplateFile();
         if (formsFile.isEmpty()) return;
         StartHost(formsFile);
         OpenOnHost(formsFile, report, use.view);

@@ -45,16 +45,16 @@ TEST(ConnectionStrings, WithoutAnAccountNothingStandsBeforeTheSemicolons) {
 }
 
 TEST(ConnectionStrings, ConfigurationGoesByItsKindAndTakesThePathAsItStands) {
-    EXPECT_EQ(ConfigConnectionString(kAccdb, u"/a/usrcnfg.accdb"_s),
+    EXPECT_EQ(ConfigConnectionString(FileKind::Accdb, u"/a/usrcnfg.accdb"_s),
               u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source=/a/usrcnfg.accdb"_s);
-    EXPECT_EQ(ConfigConnectionString(kMdb, u"/a/usrcnfg.mdb;"_s),
+    EXPECT_EQ(ConfigConnectionString(FileKind::Mdb, u"/a/usrcnfg.mdb;"_s),
               u"Provider=Microsoft.Jet.OLEDB.4.0;User ID=;Password=;Data Source=/a/usrcnfg.mdb;"_s);
 }
 
 TEST_F(Connections, OnlyTheFileInUseIsClosedByASemicolon) {
     Globals().Layout.UserConfFolder = u"/root/conf"_s;
     EXPECT_EQ(UserConfigDataSource(), u"/root/conf/usrcnfg.accdb;"_s);
-    Globals().Layout.ConfigDbKind = kMdb;
+    Globals().Layout.ConfigDbKind = FileKind::Mdb;
     EXPECT_EQ(UserConfigDataSource(), u"/root/conf/usrcnfg.mdb;"_s);
 }
 

@@ -43,7 +43,7 @@ class WithConnections : public InInstallation {
         globals.UserId = u"tester"_s;
         globals.Environment.OperatingOfficeCode = u"000"_s;
         globals.Staff.LaunchingStaffCode = u"00001"_s;
-        globals.Layout.ConfigDbKind = kAccdb;
+        globals.Layout.ConfigDbKind = FileKind::Accdb;
         globals.Layout.UserConfFolder = installation.Root() + u"/conf"_s;
         globals.GeneralDatabase.db = u"A"_s;
         globals.GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;

@@ -31,7 +31,7 @@ class Environment : public InInstallation {
     QString OpenErrorText() {
         const Failure failure = FailureOf([this] {
             database::Connection connection;
-            connection.Open(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
+            connection.Open(ConfigConnectionString(FileKind::Accdb, installation.Configuration().Path()));
         });
         return u"SYB_OPEN ERROR"_s + QString::number(failure.number) + u" "_s + failure.description +
                u"\rsysopen error"_s;

@@ -1,4 +1,4 @@
-#include "data/FolderPath.h"
+#include "data/Files.h"
 
 #include <gtest/gtest.h>
 

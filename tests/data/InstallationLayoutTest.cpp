@@ -2,7 +2,7 @@
 
 #include "data/DataFixture.h"
 #include "data/Environment.h"
-#include "data/FileCopies.h"
+#include "data/Files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,9 +30,9 @@ TEST_F(InstallationLayoutOf, FoldersLieBesideTheProgramFolder) {
     EXPECT_EQ(Layout().UserConfFolder, installation.Root() + u"/conf"_s);
     EXPECT_EQ(Layout().UserReportFolder, installation.Root() + u"/report"_s);
     EXPECT_EQ(Layout().GeneralDbPath, installation.General().Path());
-    EXPECT_EQ(Layout().GeneralDbKind, kAccdb);
-    EXPECT_EQ(Layout().ConfigDbKind, kAccdb);
-    EXPECT_EQ(Layout().ReportDbKind, kAccdb);
+    EXPECT_EQ(Layout().GeneralDbKind, FileKind::Accdb);
+    EXPECT_EQ(Layout().ConfigDbKind, FileKind::Accdb);
+    EXPECT_EQ(Layout().ReportDbKind, FileKind::Accdb);
 }
 
 TEST_F(InstallationLayoutOf, MarkerInCapitalsIsAcceptedAndASubfolderDropped) {
@@ -72,7 +72,7 @@ TEST_F(InstallationLayoutOf, APathWithoutAMarkerIsNoInstallationAndSaysNothing) 
 TEST_F(InstallationLayoutOf, WithoutAConfigurationFileThereIsNoStartAndNoMessage) {
     ASSERT_TRUE(QFile::remove(installation.Configuration().Path()));
     EXPECT_FALSE(LoadFrom(installation.ProgramFolder()));
-    EXPECT_EQ(Layout().ConfigDbKind, kNoFile);
+    EXPECT_EQ(Layout().ConfigDbKind, FileKind::None);
     EXPECT_FALSE(Globals().ConfigConnectionOpen);
     EXPECT_FALSE(QFile::exists(installation.Configuration().Path()));
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
@@ -82,9 +82,9 @@ TEST_F(InstallationLayoutOf, AccdbWinsOverMdbForEachDatabase) {
     for (const QString& name : {u"data/gnrdb.mdb"_s, u"conf/usrcnfg.mdb"_s, u"report/repdb.mdb"_s}) Touch(name);
     ASSERT_TRUE(LoadFrom(installation.ProgramFolder()));
     EXPECT_EQ(Layout().GeneralDbPath, installation.Root() + u"/data/gnrdb.accdb"_s);
-    EXPECT_EQ(Layout().GeneralDbKind, kAccdb);
-    EXPECT_EQ(Layout().ConfigDbKind, kAccdb);
-    EXPECT_EQ(Layout().ReportDbKind, kAccdb);
+    EXPECT_EQ(Layout().GeneralDbKind, FileKind::Accdb);
+    EXPECT_EQ(Layout().ConfigDbKind, FileKind::Accdb);
+    EXPECT_EQ(Layout().ReportDbKind, FileKind::Accdb);
 }
 
 TEST_F(InstallationLayoutOf, MissingGeneralAndReportFilesStopNothing) {
@@ -92,24 +92,24 @@ TEST_F(InstallationLayoutOf, MissingGeneralAndReportFilesStopNothing) {
     ASSERT_TRUE(QFile::remove(installation.Report().Path()));
     ASSERT_TRUE(LoadFrom(installation.ProgramFolder()));
     EXPECT_EQ(Layout().GeneralDbPath, QString());
-    EXPECT_EQ(Layout().GeneralDbKind, kNoFile);
-    EXPECT_EQ(Layout().ReportDbKind, kNoFile);
+    EXPECT_EQ(Layout().GeneralDbKind, FileKind::None);
+    EXPECT_EQ(Layout().ReportDbKind, FileKind::None);
 }
 
 TEST_F(InstallationLayoutOf, AFolderUnderTheNameOfAFileIsNoFile) {
     ASSERT_TRUE(QFile::remove(installation.Report().Path()));
     ASSERT_TRUE(QDir().mkpath(installation.Report().Path()));
     ASSERT_TRUE(LoadFrom(installation.ProgramFolder()));
-    EXPECT_EQ(Layout().ReportDbKind, kNoFile);
+    EXPECT_EQ(Layout().ReportDbKind, FileKind::None);
 }
 
 TEST_F(InstallationLayoutOf, AnInstallationOfTheOlderGenerationHasKindTwo) {
     const SampleInstallation older({.staff = 1, .mdb = true});
     ASSERT_TRUE(LoadFrom(older.ProgramFolder()));
     EXPECT_EQ(Layout().GeneralDbPath, older.Root() + u"/data/gnrdb.mdb"_s);
-    EXPECT_EQ(Layout().GeneralDbKind, kMdb);
-    EXPECT_EQ(Layout().ConfigDbKind, kMdb);
-    EXPECT_EQ(Layout().ReportDbKind, kMdb);
+    EXPECT_EQ(Layout().GeneralDbKind, FileKind::Mdb);
+    EXPECT_EQ(Layout().ConfigDbKind, FileKind::Mdb);
+    EXPECT_EQ(Layout().ReportDbKind, FileKind::Mdb);
     EXPECT_EQ(Globals().GeneralDatabase.プロバイダ名, u"Microsoft.Jet.OLEDB.4.0"_s);
 }
 

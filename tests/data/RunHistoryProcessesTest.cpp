@@ -21,7 +21,7 @@ pid_t StartProgram(const SampleInstallation& installation, Work work) {
     const pid_t child = fork();
     if (child != 0) return child;
     ProgramGlobals& globals = Globals();
-    globals.Layout.ConfigDbKind = kAccdb;
+    globals.Layout.ConfigDbKind = FileKind::Accdb;
     globals.Layout.UserConfFolder = installation.Root() + u"/conf"_s;
     globals.ProcCounter = 0;
     if (!ReconnectConfigConnection()) _exit(1);

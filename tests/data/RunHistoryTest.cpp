@@ -135,7 +135,7 @@ TEST_F(RunHistory, ALockedTableLosesTheRowQuietly) {
 TEST_F(RunHistory, AReadOnlyDatabaseLosesTheRowQuietly) {
     Globals().ConfigConnection = database::Connection();
     Globals().ConfigConnection.Mode = database::ConnectMode::Read;
-    Globals().ConfigConnection.Open(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
+    Globals().ConfigConnection.Open(ConfigConnectionString(FileKind::Accdb, installation.Configuration().Path()));
     const QByteArray before = ReadBytes(installation.Configuration().Path());
     RecordRunError(u"x"_s);
     EXPECT_EQ(ReadBytes(installation.Configuration().Path()), before);

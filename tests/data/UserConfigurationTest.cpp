@@ -86,7 +86,7 @@ class WaitDialogWatch : public QObject {
 class UserConfiguration : public testing::Test {
   protected:
     explicit UserConfiguration(bool mdb = false)
-        : installation({.staff = 1, .mdb = mdb, .installKind = 1}), kind(mdb ? kMdb : kAccdb) {
+        : installation({.staff = 1, .mdb = mdb, .installKind = 1}), kind(mdb ? FileKind::Mdb : FileKind::Accdb) {
         services.system.applicationFolder = installation.ProgramFolder();
         registry.GiveHost(u"/opt/host/OFFICE16/"_s);
         auto watched = std::make_unique<WatchedFiles>(copies);
@@ -118,7 +118,7 @@ class UserConfiguration : public testing::Test {
     FakeRegistry& registry = UseStandInRegistry();
     QStringList copies;
     WatchedFiles* files = nullptr;
-    int kind;
+    FileKind kind;
 };
 
 class OlderUserConfiguration : public UserConfiguration {
@@ -181,7 +181,7 @@ TEST_F(UserConfiguration, WithoutAHostTheLinksStayOnTheCommonTables) {
 }
 
 TEST_F(UserConfiguration, WithoutKindsNothingIsHandled) {
-    Globals().Layout.ConfigDbKind = Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ConfigDbKind = Globals().Layout.ReportDbKind = FileKind::None;
     PrepareUserConfig();
     EXPECT_EQ(copies, QStringList());
     EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
@@ -193,7 +193,7 @@ TEST_F(OlderUserConfiguration, MissingSecondFormsFileOnlyPassesThroughTheHandler
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.mdb"_s, u"repfrmdb.mdb"_s}));
     EXPECT_EQ(LinksOf(u"repfrmdb.mdb"_s), QStringList{OwnLink(u"repdb.mdb"_s)});
     EXPECT_EQ(Globals().ProcCounter, 1);
-    EXPECT_EQ(Globals().Layout.ReportDbKind, kMdb);
+    EXPECT_EQ(Globals().Layout.ReportDbKind, FileKind::Mdb);
 }
 
 TEST_F(OlderUserConfiguration, BothFormsFilesAreLinkedToTheOneWorkFile) {
@@ -216,7 +216,7 @@ TEST_F(UserConfiguration, ErrorRowIsLostWithoutAConnectionAndUsesUpItsNumber) {
 }
 
 TEST_F(UserConfiguration, ErrorRowNamesBothFolders) {
-    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ReportDbKind = FileKind::None;
     Globals().Layout.CommonConfFolder = u"/nowhere"_s;
     OpenConfigConnection(ConfigConnectionString(kind, installation.Configuration().Path()));
     PrepareUserConfig();
@@ -322,10 +322,10 @@ TEST_F(UserConfiguration, WithoutRoomForTheMarkNoReportFileIsCopied) {
 
 TEST_F(OlderUserConfiguration, KindStandsAtTheEndWhateverEventsDidDuringTheCopy) {
     files->meanwhile = [this] {
-        if (!copies.isEmpty()) Globals().Layout.ReportDbKind = kAccdb;
+        if (!copies.isEmpty()) Globals().Layout.ReportDbKind = FileKind::Accdb;
     };
     PrepareUserConfig();
-    EXPECT_EQ(Globals().Layout.ReportDbKind, kMdb);
+    EXPECT_EQ(Globals().Layout.ReportDbKind, FileKind::Mdb);
 }
 
 class FullDiskAtCopy : public UserConfiguration, public testing::WithParamInterface<const char16_t*> {};

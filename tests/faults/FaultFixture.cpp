@@ -81,7 +81,7 @@ void FaultTest::BackToBeginning() const {
 }
 
 void FaultTest::OpenConnections() {
-    OpenConfigConnection(ConfigConnectionString(kAccdb, UserConfigDataSource()));
+    OpenConfigConnection(ConfigConnectionString(FileKind::Accdb, UserConfigDataSource()));
     Globals().ConfigConnectionOpen = true;
     OpenGeneralConnection();
     Globals().MainConnectionOpen = true;

@@ -15,9 +15,9 @@ namespace {
 
 void OpenChannel() {
     static const QTemporaryDir folder;
-    setup::WriteConfiguration(folder.filePath(u"usrcnfg.accdb"_s), {u"gnr"_s, kAccdb, 0, true});
+    setup::WriteConfiguration(folder.filePath(u"usrcnfg.accdb"_s), {u"gnr"_s, FileKind::Accdb, 0, true});
     Globals().Layout.UserConfFolder = folder.path();
-    Globals().Layout.ConfigDbKind = kAccdb;
+    Globals().Layout.ConfigDbKind = FileKind::Accdb;
     Require(ReconnectConfigConnection(), "the channel is there");
     Globals().ProgramId = u"receiver"_s;
 }

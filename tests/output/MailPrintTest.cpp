@@ -86,7 +86,7 @@ TEST_F(MailPrint, WithoutMarkedRowsEachSaysSoAndAsksForNothing) {
 
 TEST_F(MailPrint, WithoutAReportDatabaseEachSaysSo) {
     AddRows(1);
-    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ReportDbKind = FileKind::None;
     for (const Piece& piece : Pieces()) {
         services.dialogs.shown.clear();
         piece.run();

@@ -40,7 +40,7 @@ TEST_F(ReportDatabase, HasTheSettingsOfEveryConnectionAndWaitsForNoDisk) {
 
 TEST_F(ReportDatabase, WithoutAKindIsNotAvailableAndTouchesNothing) {
     for (const int kind : {0, 3, -1}) {
-        Globals().Layout.ReportDbKind = kind;
+        Globals().Layout.ReportDbKind = static_cast<FileKind>(kind);
         EXPECT_FALSE(OpenReportDatabase()) << kind;
         EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
     }
@@ -50,7 +50,7 @@ TEST_F(ReportDatabase, WithoutAKindIsNotAvailableAndTouchesNothing) {
 TEST_F(ReportDatabase, OfTheOlderKindIsTheOtherFile) {
     ASSERT_TRUE(QFile::rename(File(), installation.ReportFolder() + u"/repdb.mdb"_s));
     EXPECT_NE(FailureOf(OpenReportDatabase).number, 0);
-    Globals().Layout.ReportDbKind = kMdb;
+    Globals().Layout.ReportDbKind = FileKind::Mdb;
     EXPECT_TRUE(OpenReportDatabase());
 }
 

@@ -71,7 +71,7 @@ class ReportRunnerTest : public OutputTest {
   protected:
     ReportRunnerTest() {
         ProgramGlobals& globals = Globals();
-        globals.Layout.ReportDbKind = kAccdb;
+        globals.Layout.ReportDbKind = FileKind::Accdb;
         globals.Layout.UserReportFolder = installation.ReportFolder();
         auto recording = std::make_unique<RecordingHosts>(Calls());
         hosts = recording.get();
@@ -216,7 +216,7 @@ TEST_F(ReportRunnerTest, OnlyThePrintShowsAFailedReopening) {
 }
 
 TEST_F(ReportRunnerTest, WithoutAFormsPathTheHostIsSkippedInSilence) {
-    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ReportDbKind = FileKind::None;
     PrintReportOnHost(report);
     EXPECT_EQ(Calls(), QStringList());
     EXPECT_EQ(Boxes(), QStringList());
@@ -224,7 +224,7 @@ TEST_F(ReportRunnerTest, WithoutAFormsPathTheHostIsSkippedInSilence) {
 }
 
 TEST_F(ReportRunnerTest, OlderFilesHaveTheirOwnForms) {
-    Globals().Layout.ReportDbKind = kMdb;
+    Globals().Layout.ReportDbKind = FileKind::Mdb;
     PrintReportOnHost(report);
     EXPECT_TRUE(Calls().contains(u"bind "_s + installation.ReportFolder() + u"/repfrmdb.mdb"_s));
 }
@@ -260,7 +260,7 @@ TEST_F(ReportRunnerTest, WaitDialogIsShownWhileTheHostRuns) {
 
 TEST_F(ReportRunnerTest, UnknownKindOnlyShowsAMessage) {
     AddRows(1);
-    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ReportDbKind = FileKind::None;
     RunReportPrint();
     RunReportPreview();
     EXPECT_EQ(Boxes(), QStringList({u"帳票が使用できません。"_s, u"帳票が使用できません。"_s}));

@@ -104,7 +104,7 @@ TEST_F(TextOutput, TheFileIsTheWholeWorkTableByteByByte) {
 
 TEST_F(TextOutput, WithoutAReportDatabaseSaysSoAndLeavesTheFileAlone) {
     WriteBytes(Globals().TextOutputFileName, "old");
-    Globals().Layout.ReportDbKind = kNoFile;
+    Globals().Layout.ReportDbKind = FileKind::None;
     AddRows(1);
     RunTextOutput();
     EXPECT_EQ(services.dialogs.Texts(), QStringList{u"帳票が使用できません。"_s});

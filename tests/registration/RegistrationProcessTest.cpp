@@ -48,6 +48,15 @@ class RegistrationProcess : public RegistrationTest {
         EXPECT_EQ(installation.HistoryTexts().last(), u"終了"_s);
     }
 
+    /// Resident memory of the running program in MiB; 0 if it has ended.
+    double ResidentMiB() const {
+        QFile rollup(u"/proc/%1/smaps_rollup"_s.arg(process.processId()));
+        if (!rollup.open(QIODevice::ReadOnly)) return 0;
+        const QByteArray text = rollup.readAll();
+        const qsizetype at = text.indexOf("\nRss:");
+        return at < 0 ? 0 : text.mid(at + 5, 24).trimmed().split(' ').first().toDouble() / 1024;
+    }
+
     QString program;
     QProcess process;
 };
@@ -77,3 +86,19 @@ TEST_F(RegistrationProcess, ARefusedStartIsShownAndAnswersTheStarterOnceTheBoxIs
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     ExpectAnswer(u"00000007"_s);
 }
+
+#if !defined(__SANITIZE_ADDRESS__)  // shadow memory and freed blocks in quarantine count as resident
+TEST_F(RegistrationProcess, NeedsLessThanSixtyMebibytesAfterTheStart) {
+    const VirtualScreen screen;
+    ASSERT_FALSE(screen.Display().isEmpty());
+    RunOn(u"xcb"_s, screen.Display());
+    double resident = 0;
+    RunUntil(u"00000007"_s, [&] {
+        if (ViewKinds() != QStringList{u"0"_s} || screen.NewestOf(1).isEmpty()) return false;
+        resident = ResidentMiB();
+        return true;
+    });
+    EXPECT_GT(resident, 0);
+    EXPECT_LT(resident, 60);
+}
+#endif

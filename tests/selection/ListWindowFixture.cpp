@@ -10,7 +10,7 @@ ListWindowTest::ListWindowTest() {
     ProgramGlobals& globals = Globals();
     globals.ProgramId = u"要員名簿照会"_s;
     globals.Environment.OperatingOfficeCode = globals.ScopeOfficeCode = u"000"_s;
-    OpenConfigConnection(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
+    OpenConfigConnection(ConfigConnectionString(FileKind::Accdb, installation.Configuration().Path()));
     globals.ConfigConnectionOpen = true;
     globals.GeneralDatabase.db = u"A"_s;
     globals.GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;

@@ -48,7 +48,7 @@ OnServer::OnServer(int staff) : installation({.staff = staff}) {
     globals.MainForm = &form;
     globals.RowsPerPage = 8;
     SetInitialConditions();
-    OpenConfigConnection(ConfigConnectionString(kAccdb, installation.Configuration().Path()));
+    OpenConfigConnection(ConfigConnectionString(FileKind::Accdb, installation.Configuration().Path()));
     globals.ConfigConnectionOpen = true;
 }
 

@@ -44,7 +44,7 @@ class SuiteSetupCheck : public testing::Test {
         layout.CommonReportFolder = installation.ReportFolder();
         layout.UserConfFolder = installation.UserFolder(u"tester"_s) + u"/conf"_s;
         layout.UserReportFolder = Report();
-        layout.ConfigDbKind = layout.ReportDbKind = kAccdb;
+        layout.ConfigDbKind = layout.ReportDbKind = FileKind::Accdb;
         PrepareUserConfig();
         setup::CorrectRights(installation.Root());
     }

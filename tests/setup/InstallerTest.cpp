@@ -79,7 +79,7 @@ TEST_F(InstallerTest, DefinitionRowNamesTheGeneralDatabase) {
 }
 
 TEST_F(InstallerTest, OlderKindHasItsSuffixAndProvider) {
-    request.kind = kMdb;
+    request.kind = FileKind::Mdb;
     request.installKind = 1;
     const SampleFile configuration(Make() + u"/conf/usrcnfg.mdb"_s);
     EXPECT_EQ(Entries(u"suite/report"_s), (QStringList{u"repdb.mdb"_s, u"repfrmdb.mdb"_s}));

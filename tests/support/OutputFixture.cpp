@@ -8,7 +8,7 @@ OutputTest::OutputTest() {
     globals.RowsPerPage = 8;
     globals.ScopeOfficeCode = u"000"_s;
     globals.Layout.ProgramFolder = installation.ProgramFolder();
-    globals.Layout.ReportDbKind = kAccdb;
+    globals.Layout.ReportDbKind = FileKind::Accdb;
     globals.Layout.UserReportFolder = installation.ReportFolder();
     SetInitialConditions();
     globals.Conditions.EnrolmentKind = form.Plain(u"在籍区分"_s).maxValue;

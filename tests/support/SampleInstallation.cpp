@@ -52,7 +52,7 @@ QString Template(const SampleOptions& options) {
     setup::InstallationRequest request;
     request.folder = workshop.filePath(QString::number(made.size()));
     request.staff = options.staff;
-    request.kind = options.mdb ? kMdb : kAccdb;
+    request.kind = options.mdb ? FileKind::Mdb : FileKind::Accdb;
     request.installKind = options.installKind;
     return root = setup::MakeInstallation(request);
 }

@@ -179,7 +179,7 @@ void StaffDatabase::AddManyStaff(int count) {
 
 void StaffDatabase::OpenConnections() const {
     ProgramGlobals& globals = Globals();
-    OpenConfigConnection(ConfigConnectionString(kAccdb, folder_.filePath(u"usrcnfg.accdb"_s)));
+    OpenConfigConnection(ConfigConnectionString(FileKind::Accdb, folder_.filePath(u"usrcnfg.accdb"_s)));
     globals.ConfigConnectionOpen = true;
     globals.GeneralDatabase.db = u"A"_s;
     globals.GeneralDatabase.プロバイダ名 = u"Microsoft.ACE.OLEDB.12.0"_s;

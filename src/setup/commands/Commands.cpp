@@ -79,7 +79,7 @@ const QString kUsage =
     u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
 
 void ShowTrialPeople(const QString& root, FileKind kind, const Console& console) {
-    const QString general = root + u"/data/gnrdb"_s + (kind == kMdb ? u".mdb"_s : u".accdb"_s);
+    const QString general = root + u"/data/gnrdb"_s + (kind == FileKind::Mdb ? u".mdb"_s : u".accdb"_s);
     console.out << u"起動すると暗証番号を尋ねます。次の要員で試せます。\n"_s;
     for (const QString& line : TrialPeople(general, root + u"/conf/"_s + platform::PinKeyFileName()))
         console.out << u"  "_s << line << u'\n';
@@ -103,7 +103,7 @@ void MakeFromArguments(const Arguments& arguments, const Console& console) {
     request.programFolder = console.programFolder;
     request.staff = static_cast<int>(arguments.Number(u"--staff"_s, request.staff, 1, 99999));
     request.seed = static_cast<quint64>(arguments.Number(u"--seed"_s, 1, 0, std::numeric_limits<qint64>::max()));
-    request.kind = arguments.Choice(u"--kind"_s, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? kMdb : kAccdb;
+    request.kind = arguments.Choice(u"--kind"_s, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? FileKind::Mdb : FileKind::Accdb;
     request.installKind = arguments.Choice(u"--install-kind"_s, {u"0"_s, u"1"_s}).toInt();
     request.askPins = arguments.Has(u"--pin"_s);
     request.replace = arguments.Has(u"--replace"_s);

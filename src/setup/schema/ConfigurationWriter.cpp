@@ -16,7 +16,8 @@ void WriteDefinition(DatabaseFileWriter& store, const ConfigurationRequest& requ
         row.Set(column, u""_s);
     row.Set(u"情報種類"_s, u"GNR"_s)
         .Set(u"db"_s, u"A"_s)
-        .Set(u"プロバイダ名"_s, request.kind == kMdb ? u"Microsoft.Jet.OLEDB.4.0"_s : u"Microsoft.ACE.OLEDB.12.0"_s)
+        .Set(u"プロバイダ名"_s,
+             request.kind == FileKind::Mdb ? u"Microsoft.Jet.OLEDB.4.0"_s : u"Microsoft.ACE.OLEDB.12.0"_s)
         .Set(u"データソース名"_s, request.generalFile);
     row.Add();
 }

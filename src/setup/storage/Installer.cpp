@@ -34,7 +34,7 @@ constexpr const char16_t* kFolders[] = {u"prgbin", u"data", u"conf", u"report", 
 
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
 
-QString Suffix(FileKind kind) { return kind == kMdb ? u".mdb"_s : u".accdb"_s; }
+QString Suffix(FileKind kind) { return kind == FileKind::Mdb ? u".mdb"_s : u".accdb"_s; }
 
 void MakeFolders(const QString& root) {
     for (const char16_t* name : kFolders) {
@@ -164,13 +164,13 @@ QString MakeInstallation(const InstallationRequest& request) {
 bool HoldsInstallation(const QString& folder) {
     const QDir root(folder);
     for (const QString& trace : {u"conf/usrcnfg"_s, u"data/gnrdb"_s})
-        for (const FileKind kind : {kAccdb, kMdb})
+        for (const FileKind kind : {FileKind::Accdb, FileKind::Mdb})
             if (QFileInfo(root.filePath(trace + Suffix(kind))).isFile()) return true;
     return QFileInfo(root.filePath(u"prgbin"_s)).isDir();
 }
 
 QString ConfigurationFile(const QString& confFolder) {
-    for (const FileKind kind : {kAccdb, kMdb}) {
+    for (const FileKind kind : {FileKind::Accdb, FileKind::Mdb}) {
         const QString path = confFolder + u"/usrcnfg"_s + Suffix(kind);
         if (QFileInfo(path).isFile()) return path;
     }

@@ -12,7 +12,7 @@ struct InstallationRequest {
     QString programFolder;  ///< folder of the built programs; empty: no programs are installed
     int staff = 300;        ///< 1 to 99,999
     quint64 seed = 1;
-    FileKind kind = kAccdb;
+    FileKind kind = FileKind::Accdb;
     int installKind = 0;
     bool askPins = false;  ///< the company requires PINs, and its first few people have different rights
     bool replace = false;

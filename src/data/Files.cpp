@@ -1,4 +1,4 @@
-#include "data/FolderPath.h"
+#include "data/Files.h"
 
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
@@ -8,7 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsSeparator(QChar sign) { return sign == u'\\' || sign == platform::kPathSeparator.front(); }
+const QString kAccdbSuffix = u".accdb"_s;
+const QString kMdbSuffix = u".mdb"_s;
+
+bool IsSeparator(QChar c) { return c == u'\\' || c == platform::kPathSeparator.front(); }
 
 /// Index of the next separator at or after `from`, -1 if there is none.
 qsizetype NextSeparator(const QString& path, qsizetype from) {
@@ -40,6 +43,33 @@ void ShowFailure(const platform::RuntimeError& error, const QString& path, const
 }
 
 }  // namespace
+
+QString DesktopFileName(const QString& name, FileKind kind) {
+    switch (kind) {
+        case FileKind::Accdb:
+            return name + kAccdbSuffix;
+        case FileKind::Mdb:
+            return name + kMdbSuffix;
+        default:
+            return QString();
+    }
+}
+
+DesktopFile FindDesktopFile(const QString& folder, const QString& name) {
+    for (const FileKind kind : {FileKind::Accdb, FileKind::Mdb}) {
+        const QString path = folder + platform::kPathSeparator + DesktopFileName(name, kind);
+        if (FileExistsCheck(path)) return {.path = path, .kind = kind};
+    }
+    return {};
+}
+
+FileKind KindOfDesktopFile(const QString& path) { return path.endsWith(kMdbSuffix) ? FileKind::Mdb : FileKind::Accdb; }
+
+bool FileExistsCheck(const QString& path) { return platform::Services().files->FileExists(path); }
+
+bool CopyFileOver(const QString& source, const QString& target) {
+    return platform::Services().files->CopyFile(source, target);
+}
 
 void EnsureFolderPath(const QString& path) {
     const platform::FileSystem& files = *platform::Services().files;
