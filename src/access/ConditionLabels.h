@@ -6,10 +6,6 @@
 /// 条件項目名A to 条件項目名Z: labels of the fields of a program's start command.
 using ConditionLabels = std::array<QString, 26>;
 
-/// Stores the field names of this program's start command in its row of the menu table, where a launching program reads
-/// them. Unused labels are emptied.
-void PublishConditionLabels(const QString& menu, const QString& programId);
-
 /// Writes the labels into the program's row of the menu table. They must not contain quotes. Does nothing if there is
 /// no such row. A failed statement shows a message box.
 void StoreConditionLabels(const QString& menu, const QString& programId, const ConditionLabels& labels);

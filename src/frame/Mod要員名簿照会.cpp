@@ -1,6 +1,5 @@
 #include "frame/Mod要員名簿照会.h"
 
-#include "access/ConditionLabels.h"
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
 #include "access/UserInformation.h"

@@ -2,52 +2,54 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
+#include "access/ConditionLabels.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/SearchConditions.h"
 #include "text/mod項目編集.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field of the fixed-width block. Positions are in characters, 1-based.
-struct CommandField {
-    int start;
-    int width;
-    QString InquiryConditions::*target;
-};
-
-constexpr CommandField kOffice = {1, 3, nullptr};
-constexpr CommandField kDisplayOrder = {180, 1, nullptr};
-
-constexpr std::array kRangeFields = {
-    CommandField{4, 3, &InquiryConditions::DepartmentFrom}, CommandField{7, 3, &InquiryConditions::DepartmentTo},
-    CommandField{10, 3, &InquiryConditions::SectionFrom},   CommandField{13, 3, &InquiryConditions::SectionTo},
-    CommandField{16, 2, &InquiryConditions::PositionFrom},  CommandField{18, 2, &InquiryConditions::PositionTo},
-    CommandField{20, 5, &InquiryConditions::StaffFrom},     CommandField{25, 5, &InquiryConditions::StaffTo},
-};
-
-constexpr std::array kSearchTextFields = {
-    CommandField{30, 30, &InquiryConditions::SearchName},     CommandField{60, 30, &InquiryConditions::SearchKana},
-    CommandField{90, 30, &InquiryConditions::SearchPhone},    CommandField{120, 30, &InquiryConditions::SearchZip},
-    CommandField{150, 30, &InquiryConditions::SearchAddress},
-};
-
-constexpr std::array kRangeStarts = {&InquiryConditions::DepartmentFrom, &InquiryConditions::SectionFrom,
-                                     &InquiryConditions::PositionFrom, &InquiryConditions::StaffFrom};
-
-QString Cut(const QString& command, const CommandField& field) { return command.mid(field.start - 1, field.width); }
+// The block is a sequence of fields of fixed width in characters: office, ranges, texts, display order.
+constexpr int kOfficeWidth = 3;
+constexpr int kTextWidth = 30;
+constexpr int kDisplayOrderWidth = 1;
+constexpr auto kTextOrder =
+    std::to_array({SearchText::Name, SearchText::Kana, SearchText::Phone, SearchText::Zip, SearchText::Address});
+static_assert(kTextOrder.size() == kSearchTextCount);
 
 /// All fields are set, whatever the length: a short command empties the fields after its end, ranges included.
 void CutFields(const QString& command) {
     InquiryConditions& conditions = Globals().Conditions;
-    Globals().ScopeOfficeCode = Cut(command, kOffice);
-    for (const CommandField& field : kRangeFields) conditions.*field.target = Cut(command, field);
-    for (const CommandField& field : kSearchTextFields) conditions.*field.target = Cut(command, field);
-    conditions.DisplayOrder = NumericValue(Cut(command, kDisplayOrder));
+    qsizetype position = 0;
+    const auto next = [&](qsizetype width) { return command.mid(std::exchange(position, position + width), width); };
+    Globals().ScopeOfficeCode = next(kOfficeWidth);
+    for (const RangeCondition& range : RangeConditions()) {
+        conditions.*range.from = next(range.mask.size());
+        conditions.*range.to = next(range.mask.size());
+    }
+    for (const SearchText text : kTextOrder) conditions.*ConditionOf(text).field = next(kTextWidth);
+    conditions.DisplayOrder = NumericValue(next(kDisplayOrderWidth));
 }
 
 bool IsComplete(const InquiryConditions& conditions) {
-    return std::ranges::none_of(kRangeFields,
-                                [&](const CommandField& field) { return (conditions.*field.target).isEmpty(); });
+    return std::ranges::none_of(RangeConditions(), [&](const RangeCondition& range) {
+        return (conditions.*range.from).isEmpty() || (conditions.*range.to).isEmpty();
+    });
+}
+
+QString LabelOf(const TextCondition& text) {
+    return text.item + (text.fullWidth ? u"(全角15文字)"_s : u"(半角30文字)"_s);
+}
+
+QStringList FieldLabels() {
+    QStringList labels = {u"事業所コード"_s};
+    for (const RangeCondition& range : RangeConditions()) labels << range.fromItem << range.toItem;
+    for (const SearchText text : kTextOrder) labels << LabelOf(ConditionOf(text));
+    return labels << ConditionOf(Kind::DisplayOrder).item;
 }
 
 }  // namespace
@@ -57,7 +59,13 @@ void ParseStartCommand(const QString& command) {
     InquiryConditions& conditions = Globals().Conditions;
     if (!IsComplete(conditions)) return;
     // Only the starts: an end consisting of blanks is kept and bounds the list.
-    for (const auto start : kRangeStarts)
-        if (TrimBlanks(conditions.*start).isEmpty()) (conditions.*start).clear();
+    for (const RangeCondition& range : RangeConditions())
+        if (TrimBlanks(conditions.*range.from).isEmpty()) (conditions.*range.from).clear();
     Globals().StartCommandAbsent = false;
+}
+
+void PublishConditionLabels(const QString& menu, const QString& programId) {
+    ConditionLabels labels;
+    std::ranges::copy(FieldLabels(), labels.begin());
+    StoreConditionLabels(menu, programId, labels);
 }

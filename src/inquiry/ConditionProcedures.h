@@ -2,39 +2,9 @@
 
 #include <QString>
 
-#include <array>
-
-#include "globals/InquiryRecords.h"
+#include "inquiry/SearchConditions.h"
 
 // The head's conditions: defaults and rules for storing an item's value in Globals().Conditions.
-
-enum class Range { Department, Section, Position, Staff };
-
-/// A code range of the head: fields of its bounds, number mask of the codes, names of the items.
-struct RangeDefinition {
-    Range range;
-    QString InquiryConditions::*from;
-    QString InquiryConditions::*to;
-    QString mask;
-    QString fromItem, toItem;
-};
-const std::array<RangeDefinition, 4>& RangeDefinitions();
-const RangeDefinition& DefinitionOf(Range range);
-
-/// A search text of the head. `cut`: cut to MaxLength bytes of code page 932 when stored.
-struct SearchTextDefinition {
-    QString item;
-    QString InquiryConditions::*field;
-    bool cut;
-};
-const std::array<SearchTextDefinition, 5>& SearchTextDefinitions();
-
-/// A class item with its list.
-struct KindDefinition {
-    QString item, listItem;
-    int InquiryConditions::*field;
-};
-const std::array<KindDefinition, 3>& KindDefinitions();
 
 /// Defaults at start: ranges open, texts empty, 在籍区分 0, 社員区分 9, 表示順区分 1.
 void SetInitialConditions();
@@ -53,8 +23,8 @@ int CheckRangeEnds();
 int AcceptRangeStart(Range range, const QString& value);
 int AcceptRangeEnd(Range range, const QString& value);
 /// True if the field changed. Reads the item's MaxLength from the main form.
-bool AcceptSearchText(const SearchTextDefinition& definition, const QString& text);
-bool AcceptKind(const KindDefinition& definition, int value);
+bool AcceptSearchText(const TextCondition& condition, const QString& text);
+bool AcceptKind(const KindCondition& condition, int value);
 
 /// Shows in お知らせ of the main form by how many characters a text exceeds `maxBytes` (code page 932); empty if it
 /// fits.

@@ -4,6 +4,7 @@
 #include <QPalette>
 
 #include "globals/ProgramGlobals.h"
+#include "inquiry/StaffColumns.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
@@ -48,42 +49,15 @@ void ShrinkForm(Form& form) {
 }  // namespace
 
 const std::vector<DetailItem>& DetailItems() {
-    using F = StaffText;
-    static const std::vector<DetailItem> items = {
-        {F::担当者コード, u"担当者コード"_s},
-        {F::担当者名, u"担当者名"_s},
-        {F::カナ, u"カナ"_s},
-        {F::性別区分名, u"性別区分名"_s},
-        {F::暗証番号, u"暗証番号"_s},
-        {F::郵便番号, u"郵便番号"_s},
-        {F::住所A, u"住所A"_s},
-        {F::住所B, u"住所B"_s},
-        {F::住所C, u"住所C"_s},
-        {F::電話, u"電話"_s},
-        {F::携帯電話, u"携帯電話"_s},
-        {F::EMAIL, u"EMAIL"_s},
-        {F::所属事業所名, u"所属事業所名"_s},
-        {F::部門名, u"部門名"_s},
-        {F::セクション名, u"セクション名"_s},
-        {F::役職名, u"役職名"_s},
-        {F::在籍区分名, u"在籍区分名"_s},
-        {F::社員区分名, u"社員区分名"_s},
-        {F::生年月日年号, u"生年月日年号"_s},
-        {F::生年月日年, u"生年月日年"_s},
-        {F::生年月日月, u"生年月日月"_s},
-        {F::生年月日日, u"生年月日日"_s},
-        {F::入社日付年号, u"入社日付年号"_s},
-        {F::入社日付年, u"入社日付年"_s},
-        {F::入社日付月, u"入社日付月"_s},
-        {F::入社日付日, u"入社日付日"_s},
-        {F::退社日付年号, u"退社日付年号"_s},
-        {F::退社日付年, u"退社日付年"_s},
-        {F::退社日付月, u"退社日付月"_s},
-        {F::退社日付日, u"退社日付日"_s},
-        {F::担当者メモ, u"担当者メモ"_s},
-        {F::登録日付, u"登録日付"_s},
-        {F::更新日付, u"更新日付"_s},
-    };
+    static const std::vector<DetailItem> items = [] {
+        std::vector<DetailItem> shown;
+        for (const StaffColumn& column : kStaffColumns) {
+            // Painted before the check box.
+            if (column.field == StaffText::行No || column.item.isEmpty()) continue;
+            shown.push_back({column.field, column.item.toString()});
+        }
+        return shown;
+    }();
     return items;
 }
 

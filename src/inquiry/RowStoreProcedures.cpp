@@ -1,11 +1,13 @@
 #include "inquiry/RowStoreProcedures.h"
 
 #include <QStringBuilder>
+#include <algorithm>
 #include <array>
 
 #include "data/EraDates.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/StaffColumns.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
@@ -14,73 +16,31 @@ using namespace Qt::StringLiterals;
 namespace {
 using enum StaffText;
 
-/// If column `guard` is Null, the field is not written.
-struct ColumnOfField {
-    StaffText field;
-    QStringView column;
-    QStringView guard;
-};
-
-constexpr ColumnOfField Own(StaffText field, QStringView column) { return {field, column, column}; }
-
-// 住所B is guarded by 住所A instead of 住所B: a Null 住所B with a 住所A throws.
-constexpr auto kColumns = std::to_array<ColumnOfField>({
-    Own(担当者コード, u"コード"),
-    Own(担当者名, u"氏名"),
-    Own(カナ, u"カナ"),
-    Own(性別区分名, u"性別区分名"),
-    Own(郵便番号, u"郵便番号"),
-    Own(住所A, u"住所A"),
-    {住所B, u"住所B", u"住所A"},
-    Own(住所C, u"住所C"),
-    Own(電話, u"電話"),
-    Own(携帯電話, u"携帯電話"),
-    Own(EMAIL, u"EMAIL"),
-    Own(所属事業所名, u"事業所名"),
-    Own(部門名, u"部門名"),
-    Own(セクション名, u"セクション名"),
-    Own(役職名, u"役職名"),
-    Own(在籍区分名, u"在籍区分名"),
-    Own(社員区分名, u"社員区分名"),
-    Own(担当者メモ, u"担当者メモ"),
-    Own(事業所コード, u"事業所コード"),
-    Own(部門コード, u"部門コード"),
-    Own(セクションコード, u"セクションコード"),
-    Own(役職コード, u"役職コード"),
-    Own(生年月日, u"生年月日"),
-    Own(入社日付, u"入社日付"),
-    Own(退社日付, u"退社日付"),
-});
-
-struct SplitDate {
-    StaffText stored;
-    StaffText 年号, 年, 月, 日;
-};
-
-constexpr auto kDates = std::to_array<SplitDate>({
-    {生年月日, 生年月日年号, 生年月日年, 生年月日月, 生年月日日},
-    {入社日付, 入社日付年号, 入社日付年, 入社日付月, 入社日付日},
-    {退社日付, 退社日付年号, 退社日付年, 退社日付月, 退社日付日},
-});
+// Selected by the compiler, so that the loop over the columns of a row has no condition on their source.
+constexpr auto kCopiedColumns = [] {
+    constexpr auto copied = [](const StaffColumn& column) { return column.source == StaffSource::Column; };
+    std::array<StaffColumn, std::count_if(kStaffColumns.begin(), kStaffColumns.end(), copied)> columns{};
+    std::copy_if(kStaffColumns.begin(), kStaffColumns.end(), columns.begin(), copied);
+    return columns;
+}();
 
 void CopyColumns(database::Recordset& record, int row) {
     StaffRowStore& rows = Globals().Rows;
-    for (const ColumnOfField& entry : kColumns) {
+    for (const StaffColumn& entry : kCopiedColumns) {
         const database::Field field = record[entry.column];
-        const bool ownGuard = entry.guard.data() == entry.column.data();
-        if (ownGuard ? field.IsNull() : record[entry.guard].IsNull()) continue;
+        if (entry.guard.isEmpty() ? field.IsNull() : record[entry.guard].IsNull()) continue;
         rows.Text(entry.field, row) = field.Text();
     }
 }
 
-void LoadPin(database::Recordset& record, int row) {
-    const database::Field stored = record[u"暗証番号"];
-    if (!stored.IsNull()) Globals().Rows.Text(暗証番号, row) = platform::Services().pins->ClearText(stored.Text());
+void LoadPin(database::Recordset& record, const StaffColumn& entry, int row) {
+    const database::Field stored = record[entry.column];
+    if (!stored.IsNull()) Globals().Rows.Text(entry.field, row) = platform::Services().pins->ClearText(stored.Text());
 }
 
 /// Both era texts are cut by position. For an era without a start date, 年号 and 年 thus contain the two halves of the
 /// western year.
-void LoadDate(const SplitDate& date, int row) {
+void LoadDate(const StaffDate& date, int row) {
     StaffRowStore& rows = Globals().Rows;
     const QString& stored = rows.Text(date.stored, row);
     if (stored.isEmpty()) return;
@@ -97,9 +57,9 @@ QString StampForDisplay(const QString& stamp) {
     return cut(0, 4) % u'/' % cut(4, 2) % u'/' % cut(6, 2) % u' ' % cut(9, 2) % u':' % cut(11, 2) % u':' % cut(13, 2);
 }
 
-void LoadStamp(database::Recordset& record, QStringView column, StaffText target, int row) {
-    const QString stamp = record[column].TextOr(QString());
-    if (!stamp.isEmpty()) Globals().Rows.Text(target, row) = StampForDisplay(stamp);
+void LoadStamp(database::Recordset& record, const StaffColumn& entry, int row) {
+    const QString stamp = record[entry.column].TextOr(QString());
+    if (!stamp.isEmpty()) Globals().Rows.Text(entry.field, row) = StampForDisplay(stamp);
 }
 }  // namespace
 
@@ -107,10 +67,10 @@ void LoadStaffRow(database::Recordset& record, int row) {
     StaffRowStore& rows = Globals().Rows;
     rows.Text(行No, row) = FormatByMask(row + 1, u"#####0"_s);
     CopyColumns(record, row);
-    LoadPin(record, row);
-    for (const SplitDate& date : kDates) LoadDate(date, row);
-    LoadStamp(record, u"登録日付", 登録日付, row);
-    LoadStamp(record, u"更新日付", 更新日付, row);
+    LoadPin(record, ColumnOf(暗証番号), row);
+    for (const StaffDate& date : kStaffDates) LoadDate(date, row);
+    LoadStamp(record, ColumnOf(登録日付), row);
+    LoadStamp(record, ColumnOf(更新日付), row);
     const QString empty;
     rows.閲覧区分.at(static_cast<size_t>(row)) =
         static_cast<qint16>(GetLastViewKind(u"要員台帳更新"_s, empty, empty, empty, rows.Text(担当者コード, row)));

@@ -1,10 +1,11 @@
 #include "inquiry/ScreenState.h"
 
 #include <QColor>
+#include <array>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/ConditionProcedures.h"
 #include "inquiry/DetailList.h"
+#include "inquiry/SearchConditions.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;
@@ -14,60 +15,35 @@ namespace {
 const QColor kSelectionGiven(0, 192, 0);
 const QColor kNoSelection(0, 0, 128);
 
-/// A head item that shows a text of the conditions.
-struct TextItem {
-    QString item;
-    QString InquiryConditions::*field;
-};
+// The classes are painted between the texts.
+constexpr auto kTextsBeforeClasses = std::to_array({SearchText::Name, SearchText::Kana});
+constexpr auto kTextsAfterClasses = std::to_array({SearchText::Phone, SearchText::Zip, SearchText::Address});
+static_assert(kTextsBeforeClasses.size() + kTextsAfterClasses.size() == kSearchTextCount);
 
-/// A selection button: its flag determines its colour and disables its items.
-struct SelectionItem {
-    bool ConditionFlags::*flag;
-    QString button;
-    QStringList items;
-};
+void PaintItem(const QString& item, const QString& text) { Globals().MainForm->Item(item).SetText(text); }
 
-const QList<TextItem>& RangeTexts() {
-    static const QList<TextItem> items = [] {
-        QList<TextItem> list;
-        for (const RangeDefinition& range : RangeDefinitions())
-            list << TextItem{range.fromItem, range.from} << TextItem{range.toItem, range.to};
-        return list;
-    }();
-    return items;
+void PaintRange(const RangeCondition& range) {
+    PaintItem(range.fromItem, Globals().Conditions.*range.from);
+    PaintItem(range.toItem, Globals().Conditions.*range.to);
 }
 
-const QList<SelectionItem>& SelectionItems() {
-    static const QList<SelectionItem> items = {
-        {&ConditionFlags::NameListGiven, u"btn_名称複数指定"_s, {u"検索名称"_s}},
-        {&ConditionFlags::KanaListGiven, u"btn_カナ複数指定"_s, {u"検索カナ"_s}},
-        {&ConditionFlags::AddressListGiven, u"btn_住所複数指定"_s, {u"検索住所"_s}},
-        {&ConditionFlags::PhoneListGiven, u"btn_電話複数指定"_s, {u"検索電話"_s}},
-        {&ConditionFlags::ZipListGiven, u"btn_郵便番号複数指定"_s, {u"検索郵便番号"_s}},
-        {&ConditionFlags::DepartmentPicked, u"btn_部門個別選択"_s, {u"開始部門コード"_s, u"終了部門コード"_s}},
-        {&ConditionFlags::SectionPicked,
-         u"btn_セクション個別選択"_s,
-         {u"開始セクションコード"_s, u"終了セクションコード"_s}},
-        {&ConditionFlags::PositionPicked, u"btn_役職個別選択"_s, {u"開始役職コード"_s, u"終了役職コード"_s}},
-        {&ConditionFlags::StaffPicked, u"btn_担当者個別選択"_s, {u"開始担当者コード"_s, u"終了担当者コード"_s}},
-    };
-    return items;
+void PaintText(SearchText id) {
+    const TextCondition& text = ConditionOf(id);
+    PaintItem(text.item, Globals().Conditions.*text.field);
 }
 
-void PaintTexts(const QList<TextItem>& items) {
-    for (const TextItem& text : items) Globals().MainForm->Item(text.item).SetText(Globals().Conditions.*(text.field));
-}
-
-void PaintKind(const KindDefinition& kind) {
-    const int value = Globals().Conditions.*(kind.field);
+void PaintKind(Kind id) {
+    const KindCondition& kind = ConditionOf(id);
+    const int value = Globals().Conditions.*kind.field;
     Globals().MainForm->Item(kind.item).SetValue(value);
     Globals().MainForm->Item(kind.listItem).SetListIndex(value);
 }
 
-void PaintSelection(const SelectionItem& selection) {
-    const bool given = Globals().Flags.*(selection.flag);
+/// The flag determines the button's colour and disables the items.
+void PaintSelection(const ConditionSelection& selection, const QStringList& items) {
+    const bool given = Globals().Flags.*selection.flag;
     Globals().MainForm->Item(selection.button).SetForeColor(given ? kSelectionGiven : kNoSelection);
-    for (const QString& item : selection.items) Globals().MainForm->Item(item).SetEnabled(!given);
+    for (const QString& item : items) Globals().MainForm->Item(item).SetEnabled(!given);
 }
 
 }  // namespace
@@ -79,17 +55,16 @@ void RefreshScreen() {
 }
 
 void PaintHeadItems() {
-    using C = InquiryConditions;
-    const auto& kinds = KindDefinitions();
     Globals().ScreenPainting = true;
-    PaintTexts(RangeTexts());
-    PaintTexts({{u"検索名称"_s, &C::SearchName}, {u"検索カナ"_s, &C::SearchKana}});
-    PaintKind(kinds[0]);
-    PaintKind(kinds[1]);
-    PaintTexts(
-        {{u"検索電話"_s, &C::SearchPhone}, {u"検索郵便番号"_s, &C::SearchZip}, {u"検索住所"_s, &C::SearchAddress}});
-    PaintKind(kinds[2]);
-    for (const SelectionItem& selection : SelectionItems()) PaintSelection(selection);
+    for (const RangeCondition& range : RangeConditions()) PaintRange(range);
+    for (const SearchText text : kTextsBeforeClasses) PaintText(text);
+    PaintKind(Kind::Enrolment);
+    PaintKind(Kind::StaffClass);
+    for (const SearchText text : kTextsAfterClasses) PaintText(text);
+    PaintKind(Kind::DisplayOrder);
+    for (const TextCondition& text : TextConditions()) PaintSelection(text.selection, {text.item});
+    for (const RangeCondition& range : RangeConditions())
+        PaintSelection(range.selection, {range.fromItem, range.toItem});
     Globals().ScreenPainting = false;
 }
 

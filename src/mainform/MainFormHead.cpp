@@ -2,7 +2,7 @@
 
 #include <QRect>
 
-#include "inquiry/ConditionProcedures.h"
+#include "inquiry/SearchConditions.h"
 #include "mainform/MainFormPanels.h"
 #include "screen/Buttons.h"
 #include "screen/ComboItem.h"
@@ -26,97 +26,47 @@ constexpr int kKindColumn = 748;
 
 QRect Place(int column, int line, int width) { return {column, kTop + line * kLine, width, kHeight}; }
 
-void MakeSelectionButton(Form& form, const QString& name, const QString& caption, const QRect& place) {
-    auto* button = new Button(form, form, name, caption);
+void MakeSelectionButton(Form& form, const ConditionSelection& selection, const QRect& place) {
+    auto* button = new Button(form, form, selection.button, selection.caption);
     button->setFont(SuiteFont(SuiteFace::PGothic, 10));
     button->setGeometry(place);
 }
 
-InputItem& MakeInput(Form& form, const QString& name, const ItemDesign& design, const QRect& place) {
+void MakeInput(Form& form, const QString& name, const ItemDesign& design, const QRect& place) {
     auto* item = new InputItem(form, form, u"xField"_s, name, -1, design);
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
     item->setGeometry(place);
-    return *item;
 }
 
-// The title of a range is the button that opens its selection window.
-struct RangeLayout {
-    Range range;
-    QStringView button;
-    QStringView caption;
-    int length;
-    int maxValue;
-};
-constexpr RangeLayout kRanges[] = {
-    {Range::Department, u"btn_部門個別選択", u"部門コード範囲", 3, 999},
-    // Intentionally not "セクションコード範囲".
-    {Range::Section, u"btn_セクション個別選択", u"所属コード範囲", 3, 999},
-    {Range::Position, u"btn_役職個別選択", u"役職コード範囲", 2, 99},
-    {Range::Staff, u"btn_担当者個別選択", u"担当者コード範囲", 5, 999999},
-};
-
-ItemDesign CodeDesign(const RangeLayout& layout) {
-    ItemDesign design;
-    design.maxLength = layout.length;
-    design.imeMode = ImeMode::Off;
-    design.classes = CharacterClass::Num;
-    design.minValue = 0;
-    design.maxValue = layout.maxValue;
-    design.text = QString(layout.length, u'0');
-    return design;
+ItemDesign CodeDesign(const RangeCondition& range) {
+    return {.maxLength = static_cast<int>(range.mask.size()),
+            .imeMode = ImeMode::Off,
+            .classes = CharacterClass::Num,
+            .minValue = 0,
+            .maxValue = range.maxValue,
+            .text = range.mask};
 }
 
-void BuildRange(Form& form, const RangeLayout& layout, int line) {
-    const RangeDefinition& range = DefinitionOf(layout.range);
+/// The title of the range is the button that opens its selection window.
+void BuildRange(Form& form, const RangeCondition& range, int line) {
     constexpr int kCodeWidth = 60;
     const int from = kRangeColumn + kButtonWidth + 4;
-    MakeSelectionButton(form, layout.button.toString(), layout.caption.toString(),
-                        Place(kRangeColumn, line, kButtonWidth));
-    MakeInput(form, range.fromItem, CodeDesign(layout), Place(from, line, kCodeWidth));
+    MakeSelectionButton(form, range.selection, Place(kRangeColumn, line, kButtonWidth));
+    MakeInput(form, range.fromItem, CodeDesign(range), Place(from, line, kCodeWidth));
     auto* until = new Label(form, form, u"lab_範囲"_s, line, u"～"_s);
     until->setFont(SuiteFont(SuiteFace::PGothic, 10));
     until->SetEdgeless();
     until->setAlignment(Qt::AlignCenter);
     until->setGeometry(Place(from + kCodeWidth, line, 20));
-    MakeInput(form, range.toItem, CodeDesign(layout), Place(from + kCodeWidth + 20, line, kCodeWidth));
+    MakeInput(form, range.toItem, CodeDesign(range), Place(from + kCodeWidth + 20, line, kCodeWidth));
 }
 
-struct TextLayout {
-    QStringView item;
-    QStringView button;
-    QStringView caption;
-    int maxLength;
-    ImeMode ime;
-    CharacterClasses classes;
-    int width;
-};
-
-const QList<TextLayout>& TextLayouts() {
-    // Telephone and postal code accept half-width characters only.
-    static const CharacterClasses halfWidth = CharacterClass::Kana | CharacterClass::Lower | CharacterClass::Num |
-                                              CharacterClass::NumExt | CharacterClass::Space | CharacterClass::Symbol |
-                                              CharacterClass::Upper;
-    static const QList<TextLayout> layouts = {
-        {u"検索名称", u"btn_名称複数指定", u"名称複数指定", 20, ImeMode::On, CharacterClass::All, 330},
-        {u"検索カナ", u"btn_カナ複数指定", u"カナ複数指定", 20, ImeMode::HalfKatakana, CharacterClass::All, 330},
-        {u"検索住所", u"btn_住所複数指定", u"住所複数指定", 40, ImeMode::On, CharacterClass::All, 330},
-        {u"検索電話", u"btn_電話複数指定", u"電話複数指定", 16, ImeMode::Disabled, halfWidth, 160},
-        {u"検索郵便番号", u"btn_郵便番号複数指定", u"郵便番号複数指定", 8, ImeMode::Disabled, halfWidth, 96},
-    };
-    return layouts;
+void BuildText(Form& form, const TextCondition& text, int line) {
+    MakeSelectionButton(form, text.selection, Place(kTextColumn, line, kButtonWidth));
+    MakeInput(form, text.item, text.design, Place(kTextColumn + kButtonWidth + 4, line, text.width));
 }
 
-void BuildText(Form& form, const TextLayout& layout, int line) {
-    ItemDesign design;
-    design.maxLength = layout.maxLength;
-    design.imeMode = layout.ime;
-    design.classes = layout.classes;
-    MakeSelectionButton(form, layout.button.toString(), layout.caption.toString(),
-                        Place(kTextColumn, line, kButtonWidth));
-    MakeInput(form, layout.item.toString(), design, Place(kTextColumn + kButtonWidth + 4, line, layout.width));
-}
-
-void BuildKind(Form& form, const KindDefinition& kind, int line) {
+void BuildKind(Form& form, const KindCondition& kind, int line) {
     auto* title = new Panel(form, form, u"itm_ttl_"_s + kind.item, -1, kind.item);
     title->setFont(SuiteFont(SuiteFace::PGothic, 10));
     title->SetTitle();
@@ -158,20 +108,10 @@ void BuildTitlePanel(Form& form) {
 
 void BuildHeadPanel(Form& form) {
     int line = 0;
-    for (const RangeLayout& layout : kRanges) BuildRange(form, layout, line++);
+    for (const RangeCondition& range : RangeConditions()) BuildRange(form, range, line++);
     line = 0;
-    for (const TextLayout& layout : TextLayouts()) BuildText(form, layout, line++);
+    for (const TextCondition& text : TextConditions()) BuildText(form, text, line++);
     line = 0;
-    for (const KindDefinition& kind : KindDefinitions()) BuildKind(form, kind, line++);
+    for (const KindCondition& kind : KindConditions()) BuildKind(form, kind, line++);
     BuildCommands(form);
-}
-
-const QStringList& SelectionButtons() {
-    static const QStringList names = [] {
-        QStringList list;
-        for (const TextLayout& layout : TextLayouts()) list << layout.button.toString();
-        for (const RangeLayout& layout : kRanges) list << layout.button.toString();
-        return list;
-    }();
-    return names;
 }

@@ -3,6 +3,7 @@
 #include <QRect>
 
 #include "inquiry/DetailList.h"
+#include "inquiry/StaffColumns.h"
 #include "mainform/MainFormPanels.h"
 #include "screen/Buttons.h"
 #include "screen/Form.h"
@@ -14,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using enum StaffText;
 
 // On a low screen two pixels of the first hidden row stay visible in the tab; row items leave them free.
 constexpr int kRowHeight = 64;
@@ -30,7 +33,7 @@ constexpr int kListTop = kTabTop + kTabBar + kTitleHeight;
 /// An item of a row, in pixels relative to its panel.
 struct RowItem {
     QStringView type;
-    QStringView name;
+    StaffText field;
     int x, y, width;
     bool gothic = false;
     int height = 20;
@@ -46,16 +49,16 @@ struct RowLabel {
 constexpr int kLine1 = 2, kLine2 = 22, kLine3 = 42;
 
 constexpr RowItem kStaffItems[] = {
-    {u"xField", u"担当者コード", 1, kLine1, 52}, {u"xField", u"性別区分名", 92, kLine1, 42},
-    {u"xField", u"暗証番号", 138, kLine1, 113},  {u"xField", u"担当者名", 1, kLine2, 250},
-    {u"xKana", u"カナ", 1, kLine3, 250},
+    {u"xField", 担当者コード, 1, kLine1, 52}, {u"xField", 性別区分名, 92, kLine1, 42},
+    {u"xField", 暗証番号, 138, kLine1, 113},  {u"xField", 担当者名, 1, kLine2, 250},
+    {u"xKana", カナ, 1, kLine3, 250},
 };
 constexpr RowLabel kStaffLabels[] = {{u"itm_ttl_性別", u"性別", 56, kLine1, 34}};
 
 constexpr RowItem kOrganisationItems[] = {
-    {u"xField", u"所属事業所名", 1, kLine1, 222}, {u"xField", u"部門名", 1, kLine2, 222},
-    {u"xField", u"セクション名", 1, kLine3, 222}, {u"xField", u"役職名", 225, kLine1, 198},
-    {u"xField", u"在籍区分名", 287, kLine2, 136}, {u"xField", u"社員区分名", 287, kLine3, 136},
+    {u"xField", 所属事業所名, 1, kLine1, 222}, {u"xField", 部門名, 1, kLine2, 222},
+    {u"xField", セクション名, 1, kLine3, 222}, {u"xField", 役職名, 225, kLine1, 198},
+    {u"xField", 在籍区分名, 287, kLine2, 136}, {u"xField", 社員区分名, 287, kLine3, 136},
 };
 constexpr RowLabel kOrganisationLabels[] = {
     {u"itm_ttl_在籍区分名", u"在籍", 225, kLine2, 60},
@@ -63,24 +66,29 @@ constexpr RowLabel kOrganisationLabels[] = {
 };
 
 /// A date of the row: title, era, and year, month and day, each followed by its unit.
-struct RowDate {
-    QStringView name;
+struct DateLayout {
     QStringView caption;
     int y;
 };
-constexpr RowDate kDates[] = {
-    {u"生年月日", u"生年月日", kLine1}, {u"入社日付", u"入社日付", kLine2}, {u"退社日付", u"退職日付", kLine3}};
-constexpr RowItem kDateParts[] = {{u"xField", u"年号", 481, 0, 38},
-                                  {u"xField", u"年", 520, 0, 38, false, 20, true},
-                                  {u"xField", u"月", 577, 0, 22},
-                                  {u"xField", u"日", 618, 0, 22}};
+constexpr DateLayout kDateLayouts[] = {{u"生年月日", kLine1}, {u"入社日付", kLine2}, {u"退職日付", kLine3}};
+static_assert(std::size(kDateLayouts) == kStaffDates.size());
+
+struct DatePart {
+    StaffText StaffDate::*field;
+    QStringView unit;
+    int x, width;
+    bool toTheRight = false;
+};
+constexpr DatePart kDateParts[] = {{&StaffDate::年号, u"", 481, 38},
+                                   {&StaffDate::年, u"年", 520, 38, true},
+                                   {&StaffDate::月, u"月", 577, 22},
+                                   {&StaffDate::日, u"日", 618, 22}};
 constexpr int kUnitWidth = 18;
 
 constexpr RowItem kAddressItems[] = {
-    {u"xZip", u"郵便番号", 1, kLine1, 84},   {u"xField", u"住所A", 87, kLine1, 244},
-    {u"xField", u"住所B", 1, kLine2, 330},   {u"xField", u"住所C", 1, kLine3, 330},
-    {u"xTel", u"電話", 379, kLine1, 280},    {u"xTel", u"携帯電話", 379, kLine2, 280},
-    {u"xField", u"EMAIL", 379, kLine3, 280},
+    {u"xZip", 郵便番号, 1, kLine1, 84},   {u"xField", 住所A, 87, kLine1, 244}, {u"xField", 住所B, 1, kLine2, 330},
+    {u"xField", 住所C, 1, kLine3, 330},   {u"xTel", 電話, 379, kLine1, 280},   {u"xTel", 携帯電話, 379, kLine2, 280},
+    {u"xField", EMAIL, 379, kLine3, 280},
 };
 constexpr RowLabel kAddressLabels[] = {
     {u"itm_ttl_電話", u"ＴＥＬ", 333, kLine1, 44},
@@ -89,9 +97,9 @@ constexpr RowLabel kAddressLabels[] = {
 };
 
 constexpr RowItem kOtherItems[] = {
-    {u"xText", u"担当者メモ", 1, kLine1, 440, false, 60},
-    {u"xField", u"登録日付", 487, kLine1, 172, true},
-    {u"xField", u"更新日付", 487, kLine2, 172, true},
+    {.type = u"xText", .field = 担当者メモ, .x = 1, .y = kLine1, .width = 440, .height = 60},
+    {.type = u"xField", .field = 登録日付, .x = 487, .y = kLine1, .width = 172, .gothic = true},
+    {.type = u"xField", .field = 更新日付, .x = 487, .y = kLine2, .width = 172, .gothic = true},
 };
 constexpr RowLabel kOtherLabels[] = {
     {u"itm_ttl_登録日付", u"登録", 443, kLine1, 42},
@@ -108,11 +116,12 @@ void AddTitle(Form& form, Panel& panel, int position, const QString& name, QStri
     title->setGeometry(place);
 }
 
-void AddItem(Form& form, Panel& panel, int position, const RowItem& item, const QString& name, int y) {
+void AddItem(Form& form, Panel& panel, int position, const RowItem& item) {
+    const QString name = ColumnOf(item.field).item.toString();
     auto* made = new DisplayItem(form, panel, item.type.toString(), name, position);
     made->setFont(item.gothic ? SuiteFont(SuiteFace::Gothic, 11.25) : SuiteFont(SuiteFace::Mincho, 12));
     if (item.toTheRight) made->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    made->setGeometry(item.x, y, item.width, item.height);
+    made->setGeometry(item.x, item.y, item.width, item.height);
 }
 
 template <size_t Items, size_t Labels>
@@ -121,21 +130,31 @@ void FillRowPanel(Form& form, Panel& panel, int position, const RowItem (&items)
     for (const RowLabel& label : labels)
         AddTitle(form, panel, position, label.name.toString(), label.caption, kRowTitlePoints,
                  {label.x, label.y, label.width, 20});
-    for (const RowItem& item : items) AddItem(form, panel, position, item, item.name.toString(), item.y);
+    for (const RowItem& item : items) AddItem(form, panel, position, item);
 }
 
-void AddDate(Form& form, Panel& panel, int position, const RowDate& date) {
-    const QString name = date.name.toString();
-    AddTitle(form, panel, position, u"itm_ttl_"_s + name, date.caption, kRowTitlePoints, {425, date.y, 54, 20});
-    for (const RowItem& part : kDateParts) {
-        const QString partName = part.name.toString();
-        AddItem(form, panel, position, part, name + partName, date.y);
-        if (partName == u"年号") continue;  // an era has no unit
-        auto* unit = new Label(form, panel, u"lab_"_s + name + partName, position, partName);
-        unit->setFont(SuiteFont(SuiteFace::PGothic, kRowTitlePoints));
-        unit->setAlignment(Qt::AlignCenter);
-        unit->SetEdgeless();
-        unit->setGeometry(part.x + part.width, date.y, kUnitWidth, 20);
+void AddUnit(Form& form, Panel& panel, int position, const QString& item, const DatePart& part, int y) {
+    auto* unit = new Label(form, panel, u"lab_"_s + item, position, part.unit.toString());
+    unit->setFont(SuiteFont(SuiteFace::PGothic, kRowTitlePoints));
+    unit->setAlignment(Qt::AlignCenter);
+    unit->SetEdgeless();
+    unit->setGeometry(part.x + part.width, y, kUnitWidth, 20);
+}
+
+void AddDate(Form& form, Panel& panel, int position, const StaffDate& date, const DateLayout& layout) {
+    AddTitle(form, panel, position, u"itm_ttl_"_s + ColumnOf(date.stored).column.toString(), layout.caption,
+             kRowTitlePoints, {425, layout.y, 54, 20});
+    for (const DatePart& part : kDateParts) {
+        const StaffText field = date.*part.field;
+        AddItem(form, panel, position,
+                {.type = u"xField",
+                 .field = field,
+                 .x = part.x,
+                 .y = layout.y,
+                 .width = part.width,
+                 .toTheRight = part.toTheRight});
+        if (!part.unit.isEmpty())  // an era has no unit
+            AddUnit(form, panel, position, ColumnOf(field).item.toString(), part, layout.y);
     }
 }
 
@@ -171,7 +190,8 @@ void BuildRow(Form& form, const TabPages& pages, int position) {
     const QRect place(0, kTitleHeight + position * kRowHeight, kTabWidth - 4, kRowHeight);
     Panel& organisation = MakeRowPanel(form, pages.organisation, u"bak_dtlb"_s, position, place);
     FillRowPanel(form, organisation, position, kOrganisationItems, kOrganisationLabels);
-    for (const RowDate& date : kDates) AddDate(form, organisation, position, date);
+    for (size_t i = 0; i < kStaffDates.size(); ++i)
+        AddDate(form, organisation, position, kStaffDates[i], kDateLayouts[i]);
     FillRowPanel(form, MakeRowPanel(form, pages.address, u"bak_dtlc"_s, position, place), position, kAddressItems,
                  kAddressLabels);
     FillRowPanel(form, MakeRowPanel(form, pages.other, u"bak_dtld"_s, position, place), position, kOtherItems,

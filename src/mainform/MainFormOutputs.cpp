@@ -1,8 +1,9 @@
 // Layout of the main form (MainFormPanels.h): outputs, and the tab order.
 
 #include <QStringList>
+#include <array>
 
-#include "inquiry/ConditionProcedures.h"
+#include "inquiry/SearchConditions.h"
 #include "mainform/MainFormPanels.h"
 #include "screen/Buttons.h"
 #include "screen/Form.h"
@@ -34,16 +35,23 @@ constexpr OutputLayout kOutputs[] = {
     {u"btn_終了", u"終了", 888, 116},
 };
 
+constexpr auto kTextStops =
+    std::to_array({SearchText::Name, SearchText::Kana, SearchText::Phone, SearchText::Zip, SearchText::Address});
+static_assert(kTextStops.size() == kSearchTextCount);
+
+QStringList StopsOf(Kind id) { return {ConditionOf(id).item, ConditionOf(id).listItem}; }
+
 /// Tab stops in tab order. The head's buttons come after all its items, so that the focus moves from an item that a
 /// selection has disabled to the next item and not to a button.
 QStringList TabStops() {
     QStringList stops;
-    for (const SearchTextDefinition& text : SearchTextDefinitions()) stops << text.item;
-    const auto& kinds = KindDefinitions();
-    stops << kinds[0].item << kinds[0].listItem << kinds[1].item << kinds[1].listItem;
-    for (const RangeDefinition& range : RangeDefinitions()) stops << range.fromItem << range.toItem;
-    stops << kinds[2].item << kinds[2].listItem << u"btn_集計検索"_s << u"btn_画面クリア"_s;
-    stops << SelectionButtons() << u"ヘッド終了"_s << u"tab_詳細"_s;
+    for (const SearchText text : kTextStops) stops << ConditionOf(text).item;
+    stops << StopsOf(Kind::Enrolment) << StopsOf(Kind::StaffClass);
+    for (const RangeCondition& range : RangeConditions()) stops << range.fromItem << range.toItem;
+    stops << StopsOf(Kind::DisplayOrder) << u"btn_集計検索"_s << u"btn_画面クリア"_s;
+    for (const TextCondition& text : TextConditions()) stops << text.selection.button;
+    for (const RangeCondition& range : RangeConditions()) stops << range.selection.button;
+    stops << u"ヘッド終了"_s << u"tab_詳細"_s;
     for (const OutputLayout& layout : kOutputs) stops << layout.name.toString();
     return stops;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QStringList>
-
 class Form;
 
 // Layout of the main form, one function per area, separate from its handlers. All positions are pixels; Control reports
@@ -18,6 +16,3 @@ void BuildOutputPanel(Form& form);
 
 /// Sets the tab order: texts, classes, ranges, order, the head's buttons, ヘッド終了, then tab and outputs.
 void SetTabOrder(Form& form);
-
-/// The nine buttons that open a selection window.
-const QStringList& SelectionButtons();

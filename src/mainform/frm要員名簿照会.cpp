@@ -1,5 +1,7 @@
 #include "mainform/frm要員名簿照会.h"
 
+#include <algorithm>
+
 #include "access/CompanyInformation.h"
 #include "data/ClassLists.h"
 #include "globals/ProgramGlobals.h"
@@ -26,6 +28,19 @@ int FrameMargin() {
     if (!version) return 420;
     if (version->major == 6 && version->minor <= 1) return 420;
     return version->major == 6 && version->minor == 2 ? 440 : 380;
+}
+
+template <typename Conditions, typename Has>
+bool AnyOf(const Conditions& conditions, Has has) {
+    return std::any_of(conditions.begin(), conditions.end(), has);
+}
+
+/// The items that a click on a title can focus; the lists of the kinds are not among them.
+bool IsHeadItem(const QString& name) {
+    return AnyOf(RangeConditions(),
+                 [&](const auto& range) { return name == range.fromItem || name == range.toItem; }) ||
+           AnyOf(TextConditions(), [&](const auto& text) { return name == text.item; }) ||
+           AnyOf(KindConditions(), [&](const auto& kind) { return name == kind.item; });
 }
 
 }  // namespace
@@ -80,20 +95,21 @@ void frm要員名簿照会::SetupForm() {
     Item(u"scl_行"_s).SetValue(0);
     Item(u"tab_詳細"_s).SetValue(0);
     FillConditionLists();
-    Globals().FirstHeadItem = Globals().LastHeadItem = Globals().ActiveItem = &Item(u"検索名称"_s);
+    Globals().FirstHeadItem = Globals().LastHeadItem = Globals().ActiveItem = &Item(ConditionOf(SearchText::Name).item);
 }
 
 void frm要員名簿照会::FillConditionLists() {
-    const auto& kinds = KindDefinitions();
-    FillClassList(Item(kinds[0].item), Item(kinds[0].listItem), ReadClassNames(u"K在籍区分"_s));
-    FillClassList(Item(kinds[1].item), Item(kinds[1].listItem), ReadClassNames(u"K社員区分"_s));
-    Control& orders = Item(kinds[2].listItem);
+    for (const KindCondition& kind : KindConditions()) {
+        if (!kind.classTable.isEmpty())
+            FillClassList(Item(kind.item), Item(kind.listItem), ReadClassNames(kind.classTable));
+    }
+    const KindCondition& displayOrder = ConditionOf(Kind::DisplayOrder);
+    Control& orders = Item(displayOrder.listItem);
     orders.ClearList();
-    for (const QString& order : {u"担当者コード順"_s, u"所属コード順"_s, u"名称順"_s, u"カナ順"_s, u"郵便番号順"_s})
-        orders.AddItem(order);
-    Item(kinds[2].item).SetMinValue(0);
+    for (const DisplayOrder& order : DisplayOrders()) orders.AddItem(order.entry);
+    Item(displayOrder.item).SetMinValue(0);
     // One more than the list has: 5 can be typed, shows no entry and gives no ORDER BY.
-    Item(kinds[2].item).SetMaxValue(5);
+    Item(displayOrder.item).SetMaxValue(static_cast<int>(DisplayOrders().size()));
 }
 
 void frm要員名簿照会::ResetListArea() {
@@ -128,30 +144,14 @@ void frm要員名簿照会::SetOutputButtons() {
 }
 
 void frm要員名簿照会::FocusMissingRangeEnd(int missing) {
-    if (missing >= 1 && missing <= 4) MoveFocus(Item(RangeDefinitions()[static_cast<size_t>(missing - 1)].toItem));
+    const auto& ranges = RangeConditions();
+    if (missing >= 1 && missing <= static_cast<int>(ranges.size()))
+        MoveFocus(Item(ranges[static_cast<size_t>(missing - 1)].toItem));
 }
 
+// Most callers pass "btn_集計検索", which is no item of the head, so the focus does not move.
 void frm要員名簿照会::FocusHeadItemByName(const QString& name) {
-    static const QStringList items = {
-        u"開始部門コード"_s,
-        u"終了部門コード"_s,
-        u"開始セクションコード"_s,
-        u"終了セクションコード"_s,
-        u"開始役職コード"_s,
-        u"終了役職コード"_s,
-        u"開始担当者コード"_s,
-        u"終了担当者コード"_s,
-        u"検索名称"_s,
-        u"検索カナ"_s,
-        u"在籍区分"_s,
-        u"社員区分"_s,
-        u"検索電話"_s,
-        u"検索郵便番号"_s,
-        u"検索住所"_s,
-        u"表示順区分"_s,
-    };
-    // Most callers pass "btn_集計検索", which is not in the list, so the focus does not move.
-    if (items.contains(name)) MoveFocus(Item(name));
+    if (IsHeadItem(name)) MoveFocus(Item(name));
 }
 
 void frm要員名簿照会::MoveFocus(Control& control) {

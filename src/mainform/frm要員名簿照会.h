@@ -38,19 +38,20 @@ class frm要員名簿照会 : public Form {
     void SetupScrollBar();
 
   private:
+    enum class Bound { Start, End };
+
     void OnLoad();
     void RunFirstSearch();
     void Leave();
 
     void ConnectHead();
-    void ConnectRange(const RangeDefinition& range);
-    void ConnectRangeItem(Range range, const QString& item, bool start);
-    void ConnectSearchText(const SearchTextDefinition& text);
-    void ConnectKind(const KindDefinition& kind);
+    void ConnectRangeItem(const RangeCondition& range, Bound bound);
+    void ConnectText(const TextCondition& text);
+    void ConnectKind(const KindCondition& kind);
     /// GotFocus: returns the focus to the first empty range end among the first `reach` ranges; true if there is one.
     bool RedirectFocus(int reach);
-    /// Opens the lookup of a range item with the condition from its range.
-    void OpenLookupOf(Control& item);
+    /// Opens the lookup of a range item. The list begins at the start of the range.
+    void OpenLookup(const RangeCondition& range, Bound bound);
 
     void ConnectList();
     void ConnectRow(int position);

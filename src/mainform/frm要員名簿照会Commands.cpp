@@ -8,7 +8,6 @@
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
-#include "mainform/MainFormPanels.h"
 #include "mainform/frm要員名簿照会.h"
 #include "output/ReportRunner.h"
 #include "output/TextOutput.h"
@@ -73,11 +72,10 @@ void frm要員名簿照会::ConnectCommands() {
         Item(output.button).Click =
             Guarded([this, output] { Output(output.operation, output.question, output.action); });
     Item(u"btn_テキスト出力"_s).Click = Guarded([this] { OutputText(); });
-    for (const QString& name : SelectionButtons()) {
-        Item(name).Click = Guarded([name] {
-            if (!OpenValueWindow(name)) OpenSelectionWindow(name);
-        });
-    }
+    for (const TextCondition& text : TextConditions())
+        Item(text.selection.button).Click = Guarded([&text] { OpenValueWindow(text); });
+    for (const RangeCondition& range : RangeConditions())
+        Item(range.selection.button).Click = Guarded([&range] { OpenSelectionWindow(range); });
     // After the last item of the head: focus or a key validates the head and does not move the focus.
     Control& headEnd = Item(u"ヘッド終了"_s);
     headEnd.GotFocus = Guarded([this] { ItemClicked(1, 0, u"btn_集計検索"_s); });

@@ -30,9 +30,12 @@ void RememberLostFocus(Control& item) { Globals().LastHeadItem = &item; }
 }  // namespace
 
 void frm要員名簿照会::ConnectHead() {
-    for (const RangeDefinition& range : RangeDefinitions()) ConnectRange(range);
-    for (const SearchTextDefinition& text : SearchTextDefinitions()) ConnectSearchText(text);
-    for (const KindDefinition& kind : KindDefinitions()) ConnectKind(kind);
+    for (const RangeCondition& range : RangeConditions()) {
+        ConnectRangeItem(range, Bound::Start);
+        ConnectRangeItem(range, Bound::End);
+    }
+    for (const TextCondition& text : TextConditions()) ConnectText(text);
+    for (const KindCondition& kind : KindConditions()) ConnectKind(kind);
 }
 
 bool frm要員名簿照会::RedirectFocus(int reach) {
@@ -42,47 +45,44 @@ bool frm要員名簿照会::RedirectFocus(int reach) {
     return true;
 }
 
-void frm要員名簿照会::ConnectRange(const RangeDefinition& range) {
-    ConnectRangeItem(range.range, range.fromItem, true);
-    ConnectRangeItem(range.range, range.toItem, false);
-}
-
-void frm要員名簿照会::ConnectRangeItem(Range range, const QString& name, bool start) {
-    Control& item = Item(name);
-    item.GotFocus = Guarded([this, range] { RedirectFocus(RedirectReach(range)); });
-    item.LostFocus = Guarded([&item, range, start] {
+void frm要員名簿照会::ConnectRangeItem(const RangeCondition& range, Bound bound) {
+    Control& item = Item(bound == Bound::Start ? range.fromItem : range.toItem);
+    const int reach = RedirectReach(range.id);
+    const auto openLookup = [this, &range, bound] { OpenLookup(range, bound); };
+    item.GotFocus = Guarded([this, reach] { RedirectFocus(reach); });
+    item.LostFocus = Guarded([&item, &range, bound] {
         RememberLostFocus(item);
-        const QString value = FormatCodeByMask(item.Text(), DefinitionOf(range).mask);
-        if (start)
-            AcceptRangeStart(range, value);
+        const QString value = FormatCodeByMask(item.Text(), range.mask);
+        if (bound == Bound::Start)
+            AcceptRangeStart(range.id, value);
         else
-            AcceptRangeEnd(range, value);
+            AcceptRangeEnd(range.id, value);
         PaintHeadItems();  // unconditionally: shows the padded code and the other bound if it was moved
     });
-    item.DblClick = Guarded([this, &item, range] {
-        if (!RedirectFocus(RedirectReach(range))) OpenLookupOf(item);
+    item.DblClick = Guarded([this, reach, openLookup] {
+        if (!RedirectFocus(reach)) openLookup();
     });
-    item.KeyDown = [this, &item](int key) {
-        if (key == kKeyControl) Guarded([this, &item] { OpenLookupOf(item); })();
+    item.KeyDown = [openLookup](int key) {
+        if (key == kKeyControl) Guarded(openLookup)();
     };
 }
 
-void frm要員名簿照会::ConnectSearchText(const SearchTextDefinition& text) {
+void frm要員名簿照会::ConnectText(const TextCondition& text) {
     Control& item = Item(text.item);
     item.GotFocus = Guarded([this] { ValidateHead(); });
     item.Change = Guarded([&item] { CheckInputLength(item.Text(), item.MaxLength()); });
-    item.LostFocus = Guarded([&item, text] {
+    item.LostFocus = Guarded([&item, &text] {
         RememberLostFocus(item);
         if (AcceptSearchText(text, item.Text())) RefreshScreen();
     });
 }
 
-void frm要員名簿照会::ConnectKind(const KindDefinition& kind) {
+void frm要員名簿照会::ConnectKind(const KindCondition& kind) {
     Control& number = Item(kind.item);
     Control& list = Item(kind.listItem);
     number.GotFocus = Guarded([this] { RedirectFocus(kKindReach); });
     number.LostFocus = Guarded([&number] { RememberLostFocus(number); });
-    number.Change = Guarded([&number, &list, kind] {
+    number.Change = Guarded([&number, &list, &kind] {
         list.SetListIndex(number.Value());
         if (AcceptKind(kind, number.Value())) RefreshScreen();
     });

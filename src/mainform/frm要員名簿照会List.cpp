@@ -32,8 +32,8 @@ bool RowExists(int position) { return Globals().TopRow + position <= Globals().L
 
 void frm要員名簿照会::ConnectList() {
     for (const QString& name : kTitles) Item(name).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
-    for (const QString& name : {u"在籍区分"_s, u"社員区分"_s, u"表示順区分"_s})
-        Item(u"itm_ttl_"_s + name).Click = Guarded([this, name] { ItemClicked(1, 0, name); });
+    for (const KindCondition& kind : KindConditions())
+        Item(u"itm_ttl_"_s + kind.item).Click = Guarded([this, &kind] { ItemClicked(1, 0, kind.item); });
     Item(u"tab_詳細"_s).Click = Guarded([this] { ItemClicked(1, 0, kNoItem); });
     // Scrolling is always possible, so no guard.
     Item(u"scl_行"_s).Change = [this] { ScrollList(); };

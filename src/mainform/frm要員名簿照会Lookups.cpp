@@ -1,7 +1,5 @@
 // The part of frm要員名簿照会 with the lookups of the range items.
 
-#include <QHash>
-
 #include "globals/ProgramGlobals.h"
 #include "mainform/frm要員名簿照会.h"
 #include "selection/OpenListWindow.h"
@@ -11,47 +9,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The lookup of a range item. Its list begins at the start of the range, for both items of the range. With `always` an
-/// empty start gives a condition, too.
-struct Lookup {
-    QString window;
-    QString table;
-    QString startItem;
-    QString mask;  ///< for the start; empty: not formatted
-    bool always;
-    QString nextItem;
-};
-
-const QHash<QString, Lookup>& Lookups() {
-    const QString departments = u"wnd部門一覧"_s, sections = u"wndセクション一覧"_s, positions = u"wnd役職一覧"_s,
-                  staff = u"wnd担当者一覧"_s;
-    static const QHash<QString, Lookup> lookups = {
-        {u"開始部門コード"_s, {departments, u"M部門"_s, u"開始部門コード"_s, {}, false, u"終了部門コード"_s}},
-        {u"終了部門コード"_s, {departments, u"M部門"_s, u"開始部門コード"_s, {}, true, u"開始セクションコード"_s}},
-        {u"開始セクションコード"_s,
-         {sections, u"Mセクション"_s, u"開始セクションコード"_s, {}, false, u"終了セクションコード"_s}},
-        {u"終了セクションコード"_s,
-         {sections, u"Mセクション"_s, u"開始セクションコード"_s, {}, true, u"開始役職コード"_s}},
-        {u"開始役職コード"_s, {positions, u"M役職"_s, u"開始役職コード"_s, u"00"_s, false, u"終了役職コード"_s}},
-        {u"終了役職コード"_s, {positions, u"M役職"_s, u"開始役職コード"_s, u"00"_s, true, u"開始担当者コード"_s}},
-        {u"開始担当者コード"_s, {staff, u"M担当者"_s, u"開始担当者コード"_s, {}, false, u"終了担当者コード"_s}},
-        {u"終了担当者コード"_s, {staff, u"M担当者"_s, u"開始担当者コード"_s, {}, false, u"表示順区分"_s}},
-    };
-    return lookups;
+/// The item after the range, which gets the focus when the end has been chosen.
+const QString& ItemAfter(Range range) {
+    const size_t next = static_cast<size_t>(range) + 1;
+    return next < kRangeCount ? RangeConditions()[next].fromItem : ConditionOf(Kind::DisplayOrder).item;
 }
 
-QString ConditionOf(const Lookup& lookup, const QString& start) {
-    if (!lookup.always && TrimBlanks(start).isEmpty()) return {};
-    return lookup.table + u".コード >= '"_s + FormatCodeByMask(start, lookup.mask) + u'\'';
+QString StartCondition(const RangeCondition& range, const QString& start) {
+    // Only a position is padded; the other lists get the code as it is typed.
+    const QString code = range.id == Range::Position ? FormatCodeByMask(start, range.mask) : start;
+    return range.master + u".コード >= '"_s + code + u'\'';
 }
 
 }  // namespace
 
-void frm要員名簿照会::OpenLookupOf(Control& item) {
-    const Lookup lookup = Lookups().value(item.Name());
+void frm要員名簿照会::OpenLookup(const RangeCondition& range, Bound bound) {
     SetEnabled(false);
-    Globals().ListCondition = ConditionOf(lookup, Item(lookup.startItem).Text());
-    Globals().ListResultItem = &item;
-    Globals().ListNextItem = &Item(lookup.nextItem);
-    ShowListWindow(lookup.window);
+    const QString start = Item(range.fromItem).Text();
+    // For an end, an empty start is a condition, too; not so for staff.
+    const bool always = bound == Bound::End && range.id != Range::Staff;
+    const bool bounded = always || !TrimBlanks(start).isEmpty();
+    Globals().ListCondition = bounded ? StartCondition(range, start) : QString();
+    Globals().ListResultItem = &Item(bound == Bound::Start ? range.fromItem : range.toItem);
+    Globals().ListNextItem = &Item(bound == Bound::Start ? range.toItem : ItemAfter(range.id));
+    ShowListWindow(range.lookup);
 }

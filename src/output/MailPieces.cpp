@@ -7,6 +7,7 @@
 #include "access/CompanyInformation.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/StaffColumns.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
 #include "output/WorkTable.h"
@@ -42,12 +43,7 @@ void WriteIgnoringErrors(database::Recordset& record, QStringView column, const 
     IgnoreErrors([&] { record.Write(column, value); });
 }
 
-constexpr std::array kAddress = {
-    RowColumn{u"郵便番号", StaffText::郵便番号},
-    RowColumn{u"住所A", StaffText::住所A},
-    RowColumn{u"住所B", StaffText::住所B},
-    RowColumn{u"住所C", StaffText::住所C},
-};
+constexpr auto kAddress = std::to_array({StaffText::郵便番号, StaffText::住所A, StaffText::住所B, StaffText::住所C});
 
 /// Writes the recipient; `side` is the prefix of the column names. Companies would be addressed by 名称A and 御中. A
 /// person's honorific is written twice, to its own column and after the name; each template prints one of them.
@@ -60,7 +56,7 @@ void WriteRecipient(database::Recordset& record, const QString& side, int row, O
     write(side + u"コード"_s, rows.Text(StaffText::担当者コード, row));
     write(side + u"名称A"_s, QString());
     write(name, rows.Text(StaffText::担当者名, row));
-    for (const RowColumn& column : kAddress) write(side % column.column, rows.Text(column.field, row));
+    for (const StaffText field : kAddress) write(side % ColumnOf(field).column, rows.Text(field, row));
     write(side + u"御中"_s, kPerson);
     Run(onError, [&] { record.Write(name, record[name].Text() + u' ' + kPerson); });
 }

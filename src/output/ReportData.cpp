@@ -5,6 +5,7 @@
 #include "data/EraDates.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/StaffColumns.h"
 #include "output/ReportDatabase.h"
 #include "output/SelectionText.h"
 #include "output/WorkTable.h"
@@ -15,44 +16,13 @@ namespace {
 
 using enum StaffText;
 
-constexpr auto kRowColumns = std::to_array<RowColumn>({
-    {u"コード", 担当者コード},
-    {u"氏名", 担当者名},
-    {u"カナ", カナ},
-    {u"性別区分名", 性別区分名},
-    {u"郵便番号", 郵便番号},
-    {u"住所A", 住所A},
-    {u"住所B", 住所B},
-    {u"住所C", 住所C},
-    {u"電話", 電話},
-    {u"携帯電話", 携帯電話},
-    {u"EMAIL", EMAIL},
-    {u"事業所名", 所属事業所名},
-    {u"部門名", 部門名},
-    {u"セクション名", セクション名},
-    {u"役職名", 役職名},
-    {u"在籍区分名", 在籍区分名},
-    {u"社員区分名", 社員区分名},
-    {u"生年月日", 生年月日},
-    {u"入社日付", 入社日付},
-    {u"退社日付", 退社日付},
-    {u"事業所コード", 事業所コード},
-    {u"部門コード", 部門コード},
-    {u"セクションコード", セクションコード},
-    {u"役職コード", 役職コード},
+constexpr auto kFirstColumns = std::to_array<StaffText>({
+    担当者コード, 担当者名, カナ,         性別区分名, 郵便番号,         住所A,      住所B,      住所C,      電話,
+    携帯電話,     EMAIL,    所属事業所名, 部門名,     セクション名,     役職名,     在籍区分名, 社員区分名, 生年月日,
+    入社日付,     退社日付, 事業所コード, 部門コード, セクションコード, 役職コード,
 });
 
-constexpr auto kShownDates = std::to_array<RowColumn>({
-    {u"表示生年月日", 生年月日},
-    {u"表示入社日付", 入社日付},
-    {u"表示退社日付", 退社日付},
-});
-
-constexpr auto kLastColumns = std::to_array<RowColumn>({
-    {u"担当者メモ", 担当者メモ},
-    {u"登録日付", 登録日付},
-    {u"更新日付", 更新日付},
-});
+constexpr auto kLastColumns = std::to_array<StaffText>({担当者メモ, 登録日付, 更新日付});
 
 /// Not written for a company without other offices.
 void WriteOffice(database::Recordset& record) {
@@ -63,18 +33,22 @@ void WriteOffice(database::Recordset& record) {
 }
 
 /// An empty date is not written, since its era text would be "年月日".
-void WriteShownDate(database::Recordset& record, const RowColumn& date, int row) {
-    const QString& stored = Globals().Rows.Text(date.field, row);
-    if (!stored.isEmpty()) record.Write(date.column, EraDateLong(stored));
+void WriteShownDate(database::Recordset& record, const StaffDate& date, int row) {
+    const QString& stored = Globals().Rows.Text(date.stored, row);
+    if (!stored.isEmpty()) record.Write(date.shownColumn, EraDateLong(stored));
+}
+
+template <typename Fields>
+void WriteFields(database::Recordset& record, const Fields& fields, int row) {
+    for (const StaffText field : fields) record.Write(ColumnOf(field).column, Globals().Rows.Text(field, row));
 }
 
 void WriteRow(database::Recordset& record, int row) {
-    const StaffRowStore& rows = Globals().Rows;
     WriteOffice(record);
     record.Write(u"選択条件", BuildSelectionText());
-    for (const RowColumn& column : kRowColumns) record.Write(column.column, rows.Text(column.field, row));
-    for (const RowColumn& date : kShownDates) WriteShownDate(record, date, row);
-    for (const RowColumn& column : kLastColumns) record.Write(column.column, rows.Text(column.field, row));
+    WriteFields(record, kFirstColumns, row);
+    for (const StaffDate& date : kStaffDates) WriteShownDate(record, date, row);
+    WriteFields(record, kLastColumns, row);
 }
 
 }  // namespace

@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QString>
-#include <QStringView>
 #include <functional>
-
-#include "globals/InquiryRecords.h"
 
 // Common steps of filling a work table, on Globals().ReportRecordset.
 
@@ -18,9 +15,3 @@ void ForEachMarkedRow(const std::function<void(int row)>& callback);
 /// Queries the table instead of counting the writes, which may have failed. Throws database::DatabaseError if the table
 /// cannot be read.
 bool WorkTableHoldsRows(const QString& table);
-
-/// A column of a work table and the field of the list row to write to it.
-struct RowColumn {
-    QStringView column;
-    StaffText field;
-};

@@ -4,7 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-ListWindow::ListWindow(ListWindowDefinition definition) : Form(definition.name), definition_(std::move(definition)) {
+ListWindow::ListWindow(ListWindowDefinition definition) : Form(definition.Name()), definition_(std::move(definition)) {
     setWindowTitle(definition_.caption);
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     BuildListFrame(*this, definition_);

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "inquiry/SearchConditions.h"
+
 class Button;
 class Control;
 class Form;
@@ -15,9 +17,13 @@ struct ListColumn {
     QString field;  ///< of the query
 };
 
+/// A lookup returns the code of one row; a selection replaces the range by the checked rows.
+enum class ListUse { Lookup, Selection };
+
 /// The values in which list windows differ.
 struct ListWindowDefinition {
-    QString name;     ///< of the form
+    Range range;  ///< whose codes the list has
+    ListUse use;
     QString caption;  ///< of the window frame
     QString title;    ///< at the top of the window
     QString list;     ///< name of the list control
@@ -25,6 +31,12 @@ struct ListWindowDefinition {
     /// Lookups: unloaded on closing if the main form's name contains this word, since that program changes the rows
     /// shown. Otherwise the window is hidden and keeps its rows.
     QString unloadWord;
+
+    /// Of the form.
+    const QString& Name() const {
+        const RangeCondition& condition = ConditionOf(range);
+        return use == ListUse::Lookup ? condition.lookup : condition.selection.window;
+    }
 };
 
 // Layout of the list windows in pixels. From top to bottom: title, head of n lines, list, a line of buttons with

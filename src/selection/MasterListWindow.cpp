@@ -9,7 +9,6 @@
 #include "screen/ComboItem.h"
 #include "selection/ConditionStrings.h"
 #include "selection/ListWindowLayout.h"
-#include "selection/LookupController.h"
 #include "selection/MultiSelectController.h"
 #include "text/mod項目編集.h"
 
@@ -25,40 +24,46 @@ QList<ListColumn> Columns(int codeWidth, int nameWidth) {
     return {{u"コード"_s, codeWidth, u"コード"_s}, {u"名称"_s, nameWidth, u"名称"_s}};
 }
 
+MasterListDefinition Lookup(Range range, const QString& what, const QString& unloadWord) {
+    return {.window = {.range = range,
+                       .use = ListUse::Lookup,
+                       .caption = what + u"一覧"_s,
+                       .title = what + u"一覧"_s,
+                       .list = u"List"_s + what,
+                       .columns = Columns(750, 2500),
+                       .unloadWord = unloadWord},
+            .hasStatus = range != Range::Position};
+}
+
+MasterListDefinition Selection(Range range, const QString& what, const QList<ListColumn>& columns) {
+    return {.window = {.range = range,
+                       .use = ListUse::Selection,
+                       .caption = what + u"選択一覧"_s,
+                       .title = what + u"一覧"_s,
+                       .list = u"List"_s + what,
+                       .columns = columns,
+                       .unloadWord = {}},
+            .hasStatus = range != Range::Position};
+}
+
 const QList<MasterListDefinition>& Definitions() {
+    const QString department = u"部門"_s, section = u"セクション"_s, position = u"役職"_s;
     static const QList<MasterListDefinition> definitions = {
-        {{u"wnd部門一覧"_s, u"部門一覧"_s, u"部門一覧"_s, u"List部門"_s, Columns(750, 2500), u"組織台帳更新"_s},
-         u"M部門"_s,
-         true},
-        {{u"wndセクション一覧"_s, u"セクション一覧"_s, u"セクション一覧"_s, u"Listセクション"_s, Columns(750, 2500),
-          u"班台帳更新"_s},
-         u"Mセクション"_s,
-         true},
-        {{u"wnd役職一覧"_s, u"役職一覧"_s, u"役職一覧"_s, u"List役職"_s, Columns(750, 2500), u"職位台帳更新"_s},
-         u"M役職"_s,
-         false},
-        {{u"wnd部門選択一覧"_s, u"部門選択一覧"_s, u"部門一覧"_s, u"List部門"_s, Columns(1000, 2300), {}},
-         u"M部門"_s,
-         true},
-        {{u"wndセクション選択一覧"_s,
-          u"セクション選択一覧"_s,
-          u"セクション一覧"_s,
-          u"Listセクション"_s,
-          Columns(1000, 2300),
-          {}},
-         u"Mセクション"_s,
-         true},
-        {{u"wnd役職選択一覧"_s, u"役職選択一覧"_s, u"役職一覧"_s, u"List役職"_s, Columns(750, 2500), {}},
-         u"M役職"_s,
-         false},
+        Lookup(Range::Department, department, u"組織台帳更新"_s),
+        Lookup(Range::Section, section, u"班台帳更新"_s),
+        Lookup(Range::Position, position, u"職位台帳更新"_s),
+        Selection(Range::Department, department, Columns(1000, 2300)),
+        Selection(Range::Section, section, Columns(1000, 2300)),
+        Selection(Range::Position, position, Columns(750, 2500)),
     };
     return definitions;
 }
 
-QString NameOf(const QString& table, const QString& code) {
+QString NameOf(Range range, const QString& code) {
     database::Recordset record;
     QString name;
-    if (OpenRecordset(record, u"SELECT 名称 FROM "_s + table + u" WHERE コード = '"_s + code + u'\'', false))
+    if (OpenRecordset(
+            record, u"SELECT 名称 FROM "_s + ConditionOf(range).master + u" WHERE コード = '"_s + code + u'\'', false))
         name = record[u"名称"].TextOr(QString());
     CloseQuietly(record);
     return name;
@@ -89,7 +94,7 @@ void MasterListWindow::Prepare() {
     FillClassList(Item(kStatus), Item(kStatusList), ReadClassNames(u"K"_s + kStatus));
     status_ = kInOperation;
     QString& condition = Globals().ListCondition;
-    const QString column = master_.table + u'.' + kStatus;
+    const QString column = Table() + u'.' + kStatus;
     if (condition.contains(column, Qt::CaseInsensitive))
         status_ = NumericValue(ExtractCondition(column, condition, condition));
     Item(kStatus).SetValue(status_);
@@ -97,15 +102,15 @@ void MasterListWindow::Prepare() {
 }
 
 QString MasterListWindow::ListQuery() const {
-    QString sql = u"SELECT コード,名称 FROM "_s + master_.table;
+    QString sql = u"SELECT コード,名称 FROM "_s + Table();
     const QString& condition = Globals().ListCondition;
     if (!master_.hasStatus) {
         if (!TrimBlanks(condition).isEmpty()) sql += u" WHERE "_s + condition;
     } else if (status_ != Item(kStatus).MaxValue()) {
         // The list index is the code of the class.
-        sql += u" WHERE "_s + master_.table + u'.' + kStatus + u" = '"_s + FormatByMask(status_, u"0"_s) + u'\'';
+        sql += u" WHERE "_s + Table() + u'.' + kStatus + u" = '"_s + FormatByMask(status_, u"0"_s) + u'\'';
     }
-    return sql + u" ORDER BY "_s + master_.table + u".コード"_s;
+    return sql + u" ORDER BY "_s + Table() + u".コード"_s;
 }
 
 void MasterListWindow::LoadMasterList() {
@@ -121,10 +126,10 @@ void MasterListWindow::LoadMasterList() {
 
 ListWindow* MakeMasterListWindow(const QString& name) {
     const auto& all = Definitions();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.Name() == name; });
     if (found == all.end()) return nullptr;
     auto* window = new MasterListWindow(*found);
-    if (!ConnectMultiSelect(*window)) ConnectLookup(*window);
+    ConnectList(*window);
     return window;
 }
 
@@ -135,7 +140,7 @@ Form& LoadedOrNew(const QString& name, ListWindow* (*make)(const QString& name))
     return *window;
 }
 
-void OpenNestedLookup(Form& owner, const QString& window, Control& item, Control& next) {
+void OpenNestedLookup(Form& owner, Range range, Control& item, Control& next) {
     ProgramGlobals& globals = Globals();
     Control* const resultItem = globals.ListResultItem;
     Control* const nextItem = globals.ListNextItem;
@@ -145,13 +150,13 @@ void OpenNestedLookup(Form& owner, const QString& window, Control& item, Control
     globals.ListCondition.clear();
     globals.ListResultItem = &item;
     globals.ListNextItem = &next;
-    LoadedOrNew(window, MakeMasterListWindow).ShowModal();
+    LoadedOrNew(ConditionOf(range).lookup, MakeMasterListWindow).ShowModal();
     globals.NestedListFlag = 0;
     globals.NestedListOwner = nullptr;
     globals.ListResultItem = resultItem;
     globals.ListNextItem = nextItem;
 }
 
-QString LookUpDepartmentName(const QString& code) { return NameOf(u"M部門"_s, code); }
+QString LookUpDepartmentName(const QString& code) { return NameOf(Range::Department, code); }
 
-QString LookUpSectionName(const QString& code) { return NameOf(u"Mセクション"_s, code); }
+QString LookUpSectionName(const QString& code) { return NameOf(Range::Section, code); }

@@ -7,7 +7,6 @@
 /// The values in which the master list windows differ.
 struct MasterListDefinition {
     ListWindowDefinition window;
-    QString table;
     /// Departments and sections are filtered by 稼動状況区分. Positions have no status; ListCondition is used whole.
     bool hasStatus = false;
 };
@@ -27,6 +26,7 @@ class MasterListWindow : public ListWindow {
 
   private:
     void ConnectStatus();
+    const QString& Table() const { return ConditionOf(Definition().range).master; }
     QString ListQuery() const;
 
     MasterListDefinition master_;
@@ -42,7 +42,7 @@ Form& LoadedOrNew(const QString& name, ListWindow* (*make)(const QString& name))
 
 /// Opens a master lookup from another list window and returns when it has closed. The chosen code is written to `item`,
 /// then `next` gets the focus. ListResultItem and ListNextItem are restored afterwards, ListCondition is left empty.
-void OpenNestedLookup(Form& owner, const QString& window, Control& item, Control& next);
+void OpenNestedLookup(Form& owner, Range range, Control& item, Control& next);
 
 // Names by code; empty if there is no such row or the query fails.
 QString LookUpDepartmentName(const QString& code);

@@ -1,12 +1,12 @@
 #include "selection/MultiSelectController.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "selection/ListWindow.h"
 #include "selection/ListWindowLayout.h"
+#include "selection/LookupController.h"
 #include "selection/SelectionWindow.h"
 
 using namespace Qt::StringLiterals;
@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// nullopt if the master has no such row or cannot be read.
-std::optional<QString> NameInMaster(const MultiSelectDefinition& definition, const QString& code) {
+std::optional<QString> NameInMaster(const RangeCondition& condition, const QString& code) {
     std::optional<QString> name;
     database::Recordset record;
-    const QString sql = u"SELECT * FROM "_s + definition.table + u" WHERE コード = '"_s + code + u'\'';
-    if (OpenRecordset(record, sql, false) && !record.AtEOF()) name = record[definition.nameField].TextOr(QString());
+    const QString sql = u"SELECT * FROM "_s + condition.master + u" WHERE コード = '"_s + code + u'\'';
+    if (OpenRecordset(record, sql, false) && !record.AtEOF()) name = record[condition.nameColumn].TextOr(QString());
     CloseQuietly(record);
     return name;
 }
@@ -29,23 +29,27 @@ void CheckRows(ListView& list, bool checked, const std::function<bool(int row)>&
     }
 }
 
-void ConnectCheckButtons(ListWindow& window, bool checkAll) {
+enum class CheckAll { None, Offered };
+
+void ConnectCheckButtons(ListWindow& window, CheckAll checkAll) {
     ListView& list = window.List();
     QList<ListButton> buttons = {{u"btn_複数選択"_s, u"複数選択"_s}, {u"btn_選択クリア"_s, u"選択ｸﾘｱ"_s}};
-    if (checkAll) buttons.prepend({u"btn_全て選択"_s, u"全て選択"_s});
+    if (checkAll == CheckAll::Offered) buttons.prepend({u"btn_全て選択"_s, u"全て選択"_s});
     AddListButtons(window, buttons);
     const auto everyRow = [](int) { return true; };
-    if (checkAll) window.Item(u"btn_全て選択"_s).Click = [&list, everyRow] { CheckRows(list, true, everyRow); };
+    if (checkAll == CheckAll::Offered)
+        window.Item(u"btn_全て選択"_s).Click = [&list, everyRow] { CheckRows(list, true, everyRow); };
     window.Item(u"btn_複数選択"_s).Click = [&list] {
         CheckRows(list, true, [&list](int row) { return list.Highlighted(row); });
     };
     window.Item(u"btn_選択クリア"_s).Click = [&list, everyRow] { CheckRows(list, false, everyRow); };
 }
 
-void GoBack(ListWindow& window, const MultiSelectDefinition& definition, const MultiSelectRows& rows) {
+void GoBack(ListWindow& window, const RangeCondition& condition, const MultiSelectRows& rows) {
     const bool any = !rows.Codes().isEmpty();
-    Globals().Flags.*definition.flag = any;
-    if (definition.forStaff && !any)
+    Globals().Flags.*condition.selection.flag = any;
+    // The other windows keep their list and status.
+    if (condition.id == Range::Staff && !any)
         window.UnloadForm();
     else
         window.HideForm();
@@ -54,28 +58,13 @@ void GoBack(ListWindow& window, const MultiSelectDefinition& definition, const M
 
 }  // namespace
 
-const std::array<MultiSelectDefinition, 4>& MultiSelectDefinitions() {
-    using Flags = ConditionFlags;
-    static const std::array<MultiSelectDefinition, 4> windows = {{
-        {u"wnd部門選択一覧"_s, u"btn_部門個別選択"_s, u"開始部門コード"_s, &Flags::DepartmentPicked, u"M部門"_s,
-         u"名称"_s, u"部門："_s},
-        {u"wndセクション選択一覧"_s, u"btn_セクション個別選択"_s, u"開始セクションコード"_s, &Flags::SectionPicked,
-         u"Mセクション"_s, u"名称"_s, u"セクション："_s},
-        {u"wnd役職選択一覧"_s, u"btn_役職個別選択"_s, u"開始役職コード"_s, &Flags::PositionPicked, u"M役職"_s,
-         u"名称"_s, u"役職："_s},
-        {u"wnd担当者選択一覧"_s, u"btn_担当者個別選択"_s, u"開始担当者コード"_s, &Flags::StaffPicked, u"M担当者"_s,
-         u"氏名"_s, u"担当者："_s, true},
-    }};
-    return windows;
+MultiSelectRows::MultiSelectRows(ListWindow& window, const RangeCondition& condition)
+    : QObject(&window), window_(window), condition_(condition) {
+    RegisterSelection(condition_.selection.window, *this);
+    window_.Unload = [this] { UnregisterSelection(condition_.selection.window, *this); };
 }
 
-MultiSelectRows::MultiSelectRows(ListWindow& window, const MultiSelectDefinition& definition)
-    : QObject(&window), window_(window), definition_(definition) {
-    RegisterSelection(definition_.window, *this);
-    window_.Unload = [this] { UnregisterSelection(definition_.window, *this); };
-}
-
-MultiSelectRows::~MultiSelectRows() { UnregisterSelection(definition_.window, *this); }
+MultiSelectRows::~MultiSelectRows() { UnregisterSelection(condition_.selection.window, *this); }
 
 QStringList MultiSelectRows::Codes() const {
     const ListView& list = window_.List();
@@ -97,21 +86,24 @@ QString MultiSelectRows::DescribeSelection() const {
     int count = 0;
     for (const QString& code : Codes()) {
         ++count;
-        const auto name = NameInMaster(definition_, code);
-        if (name) text += (count == 1 ? definition_.prefix : u","_s) + *name;
+        const auto name = NameInMaster(condition_, code);
+        if (name) text += (count == 1 ? condition_.selectionLabel : u","_s) + *name;
     }
     return text;
 }
 
-bool ConnectMultiSelect(ListWindow& window) {
-    const auto& all = MultiSelectDefinitions();
-    const auto definition =
-        std::find_if(all.begin(), all.end(), [&](const auto& d) { return d.window == window.Name(); });
-    if (definition == all.end()) return false;
+void ConnectMultiSelect(ListWindow& window) {
+    const RangeCondition& condition = ConditionOf(window.Definition().range);
     window.List().SetCheckBoxes(true);
     window.List().SetMultiSelect(true);
-    ConnectCheckButtons(window, definition->forStaff);
-    const auto* rows = new MultiSelectRows(window, *definition);
-    window.Item(u"btn_戻る"_s).Click = [&window, definition, rows] { GoBack(window, *definition, *rows); };
-    return true;
+    ConnectCheckButtons(window, condition.id == Range::Staff ? CheckAll::Offered : CheckAll::None);
+    const auto* rows = new MultiSelectRows(window, condition);
+    window.Item(u"btn_戻る"_s).Click = [&window, &condition, rows] { GoBack(window, condition, *rows); };
+}
+
+void ConnectList(ListWindow& window) {
+    if (window.Definition().use == ListUse::Lookup)
+        ConnectLookup(window);
+    else
+        ConnectMultiSelect(window);
 }

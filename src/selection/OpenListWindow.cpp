@@ -3,9 +3,7 @@
 #include <algorithm>
 
 #include "globals/ProgramGlobals.h"
-#include "platform/RuntimeError.h"
 #include "screen/Form.h"
-#include "selection/LookupController.h"
 #include "selection/MasterListWindow.h"
 #include "selection/MultiSelectController.h"
 #include "selection/StaffListWindow.h"
@@ -23,9 +21,24 @@ QList<ListColumn> Columns(int codeWidth) {
 }
 
 const QList<StaffListDefinition>& Definitions() {
+    const QString list = u"List担当者"_s, title = u"担当者一覧"_s;
     static const QList<StaffListDefinition> definitions = {
-        {{u"wnd担当者一覧"_s, u"担当者一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(750), u"要員台帳更新"_s}, 0},
-        {{u"wnd担当者選択一覧"_s, u"担当者選択一覧"_s, u"担当者一覧"_s, u"List担当者"_s, Columns(1050), {}}, -1},
+        {.window = {.range = Range::Staff,
+                    .use = ListUse::Lookup,
+                    .caption = u"担当者一覧"_s,
+                    .title = title,
+                    .list = list,
+                    .columns = Columns(750),
+                    .unloadWord = u"要員台帳更新"_s},
+         .firstCount = 0},
+        {.window = {.range = Range::Staff,
+                    .use = ListUse::Selection,
+                    .caption = u"担当者選択一覧"_s,
+                    .title = title,
+                    .list = list,
+                    .columns = Columns(1050),
+                    .unloadWord = {}},
+         .firstCount = -1},
     };
     return definitions;
 }
@@ -39,23 +52,20 @@ ListWindow* MakeListWindow(const QString& name) {
 
 ListWindow* MakeStaffListWindow(const QString& name) {
     const auto& all = Definitions();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.name == name; });
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.window.Name() == name; });
     if (found == all.end()) return nullptr;
     auto* window = new StaffListWindow(*found);
-    if (!ConnectMultiSelect(*window)) ConnectLookup(*window);
+    ConnectList(*window);
     return window;
 }
 
 void ShowListWindow(const QString& name) { LoadedOrNew(name, MakeListWindow).ShowModal(); }
 
-void OpenSelectionWindow(const QString& button) {
-    const auto& all = MultiSelectDefinitions();
-    const auto definition = std::find_if(all.begin(), all.end(), [&](const auto& d) { return d.button == button; });
-    if (definition == all.end()) throw platform::RuntimeError(platform::kItemNotFound, button);
+void OpenSelectionWindow(const RangeCondition& range) {
     ProgramGlobals& globals = Globals();
     globals.MainForm->SetEnabled(false);
     globals.ListCondition.clear();
-    globals.ListResultItem = &globals.MainForm->Item(button);
-    globals.ListNextItem = &globals.MainForm->Item(definition->nextItem);
-    ShowListWindow(definition->window);
+    globals.ListResultItem = &globals.MainForm->Item(range.selection.button);
+    globals.ListNextItem = &globals.MainForm->Item(range.fromItem);
+    ShowListWindow(range.selection.window);
 }

@@ -3,6 +3,7 @@
 #include <QString>
 
 class ListWindow;
+struct RangeCondition;
 
 /// A new window over the staff by the form's name; nullptr for any other name.
 ListWindow* MakeStaffListWindow(const QString& name);
@@ -12,6 +13,5 @@ ListWindow* MakeStaffListWindow(const QString& name);
 /// itself. RuntimeError kItemNotFound for an unknown name.
 void ShowListWindow(const QString& name);
 
-/// Opens the multi-select window of a range button on the main form and returns when it has closed. The main form is
-/// disabled until then. RuntimeError kItemNotFound for a button that opens none.
-void OpenSelectionWindow(const QString& button);
+/// Opens the multi-select window of a range and returns when it has closed. The main form is disabled until then.
+void OpenSelectionWindow(const RangeCondition& range);

@@ -35,7 +35,7 @@ class StaffListWindow : public ListWindow {
     void ConnectTexts();
     void ConnectCode(const QString& name, const QString& mask, QString StaffListConditions::*field,
                      const std::function<void()>& accepted);
-    void ConnectMaster(const QString& name, const QString& window, const QString& button);
+    void ConnectMaster(const QString& name, Range range, const QString& button);
     void ConnectClasses();
     void ConnectButtons();
     void SkipFocus(Control& item);

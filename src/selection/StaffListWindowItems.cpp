@@ -20,8 +20,8 @@ void StaffListWindow::ConnectTexts() {
     ConnectCode(u"カナ"_s, QString(), &Conditions::kana, [] {});
     TrackActiveItem(Item(u"名称"_s));
     TrackActiveItem(Item(u"カナ"_s));
-    ConnectMaster(u"部門コード"_s, u"wnd部門一覧"_s, u"btn_部門コード検索"_s);
-    ConnectMaster(u"セクションコード"_s, u"wndセクション一覧"_s, u"btn_セクションコード検索"_s);
+    ConnectMaster(u"部門コード"_s, Range::Department, u"btn_部門コード検索"_s);
+    ConnectMaster(u"セクションコード"_s, Range::Section, u"btn_セクションコード検索"_s);
     for (const QString& name : {u"部門名"_s, u"セクション名"_s}) {
         Control& item = Item(name);
         item.GotFocus = [this, &item] { SkipFocus(item); };
@@ -44,11 +44,11 @@ void StaffListWindow::ConnectCode(const QString& name, const QString& mask, QStr
 
 /// These two items set ActiveItem on Ctrl or double-click, not on focus. So after another item was active, the first
 /// Ctrl or double-click only activates the item and the second one opens the lookup.
-void StaffListWindow::ConnectMaster(const QString& name, const QString& window, const QString& button) {
+void StaffListWindow::ConnectMaster(const QString& name, Range range, const QString& button) {
     Control& item = Item(name);
-    item.DblClick = [this, &item, window, button] {
+    item.DblClick = [this, &item, range, button] {
         const Control* active = Globals().ActiveItem;
-        if (active != nullptr && active->Name() == item.Name()) OpenNestedLookup(*this, window, item, Item(button));
+        if (active != nullptr && active->Name() == item.Name()) OpenNestedLookup(*this, range, item, Item(button));
         Globals().ActiveItem = &item;
     };
     item.KeyDown = [&item](int key) {

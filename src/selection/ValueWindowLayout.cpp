@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Pixels.
-constexpr int kFullWidth = 500;  // of an item for full-width characters
-constexpr int kHalfWidth = 270;
 constexpr int kMargin = 12;
 constexpr int kTitleHeight = 32;
 constexpr int kLine = 28;    // row pitch
@@ -31,18 +29,17 @@ void MakePanel(Form& form, const QString& name, int index, const QString& captio
     panel->setGeometry(place);
 }
 
-void BuildRow(Form& form, const ValueWindowDefinition& definition, int row) {
-    ItemDesign design;
-    design.maxLength = 30;
-    design.imeMode = definition.ime;
-    design.classes = definition.classes;
+/// Wide enough for MaxLength characters.
+int ItemWidth(const TextCondition& condition) { return condition.fullWidth ? 500 : 270; }
+
+void BuildRow(Form& form, const TextCondition& condition, int row) {
     const int top = kRowsTop + row * kLine;
     MakePanel(form, u"Lab_行No"_s, row, QString::number(row + 1), SuiteFace::PMincho,
               {kMargin, top, kNumberWidth, kHeight});
-    auto* item = new InputItem(form, form, u"xField"_s, definition.item, row, design);
+    auto* item = new InputItem(form, form, u"xField"_s, condition.valueItem, row, condition.valueDesign);
     item->setFont(SuiteFont(SuiteFace::PMincho, 12));
     item->SetCaption(QString::number(row + 1));  // for screen readers: all rows have the same name
-    item->setGeometry(kItemLeft, top, definition.itemWidth, kHeight);
+    item->setGeometry(kItemLeft, top, ItemWidth(condition), kHeight);
 }
 
 void MakeButton(Form& form, QWidget& panel, int left, const QString& name, const QString& caption) {
@@ -64,36 +61,19 @@ void BuildCommands(Form& form, int width) {
 
 }  // namespace
 
-const std::array<ValueWindowDefinition, 5>& ValueWindowDefinitions() {
-    static const CharacterClasses anything = CharacterClass::DblByte | CharacterClass::All;
-    static const CharacterClasses numbers = CharacterClass::Num | CharacterClass::Symbol;
-    static const std::array<ValueWindowDefinition, 5> windows = {{
-        {u"wnd担当者名複数指定"_s, u"担当者名"_s, u"btn_名称複数指定"_s, u"検索名称"_s, &ConditionFlags::NameListGiven,
-         ImeMode::On, anything, kFullWidth},
-        {u"wnd担当者カナ複数指定"_s, u"担当者カナ"_s, u"btn_カナ複数指定"_s, u"検索カナ"_s,
-         &ConditionFlags::KanaListGiven, ImeMode::HalfKatakana, CharacterClass::Kana, kHalfWidth},
-        {u"wnd担当者住所複数指定"_s, u"担当者住所"_s, u"btn_住所複数指定"_s, u"検索住所"_s,
-         &ConditionFlags::AddressListGiven, ImeMode::On, anything, kFullWidth},
-        {u"wnd担当者電話複数指定"_s, u"担当者電話"_s, u"btn_電話複数指定"_s, u"検索電話"_s,
-         &ConditionFlags::PhoneListGiven, ImeMode::Off, numbers, kHalfWidth},
-        {u"wnd担当者郵便番号複数指定"_s, u"担当者郵便番号"_s, u"btn_郵便番号複数指定"_s, u"検索郵便番号"_s,
-         &ConditionFlags::ZipListGiven, ImeMode::Off, numbers, kHalfWidth},
-    }};
-    return windows;
-}
-
-void BuildValueWindow(Form& form, const ValueWindowDefinition& definition) {
+void BuildValueWindow(Form& form, const TextCondition& condition) {
     form.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    form.setWindowTitle(definition.Title());
+    const QString title = condition.valueItem + u"複数指定"_s;
+    form.setWindowTitle(title);
     QPalette colors = form.palette();
     colors.setColor(QPalette::Window, kCaptionColor);
     form.setPalette(colors);
-    const int width = kNumberWidth + 2 + definition.itemWidth;
-    MakePanel(form, u"itm_ttl"_s, -1, definition.Title(), SuiteFace::PGothic, {kMargin, kMargin, width, kTitleHeight});
+    const int width = kNumberWidth + 2 + ItemWidth(condition);
+    MakePanel(form, u"itm_ttl"_s, -1, title, SuiteFace::PGothic, {kMargin, kMargin, width, kTitleHeight});
     MakePanel(form, u"itm_ttl_行No"_s, -1, u"行No"_s, SuiteFace::PMincho, {kMargin, kHeadTop, kNumberWidth, kHeight});
-    MakePanel(form, u"itm_ttl_"_s + definition.item, -1, definition.item, SuiteFace::PMincho,
-              {kItemLeft, kHeadTop, definition.itemWidth, kHeight});
-    for (int row = 0; row < kValueRows; ++row) BuildRow(form, definition, row);
+    MakePanel(form, u"itm_ttl_"_s + condition.valueItem, -1, condition.valueItem, SuiteFace::PMincho,
+              {kItemLeft, kHeadTop, ItemWidth(condition), kHeight});
+    for (int row = 0; row < kValueRows; ++row) BuildRow(form, condition, row);
     BuildCommands(form, width);
     form.setFixedSize(width + 2 * kMargin, kCommandTop + kCommandHeight + kMargin);
 }

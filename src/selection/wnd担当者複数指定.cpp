@@ -1,16 +1,14 @@
 #include "selection/wnd担当者複数指定.h"
 
-#include <algorithm>
-
 #include "globals/ProgramGlobals.h"
 #include "selection/SelectionWindow.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
-wnd担当者複数指定::wnd担当者複数指定(const ValueWindowDefinition& definition)
-    : Form(definition.window), definition_(definition) {
-    BuildValueWindow(*this, definition_);
+wnd担当者複数指定::wnd担当者複数指定(const TextCondition& condition)
+    : Form(condition.selection.window), condition_(condition) {
+    BuildValueWindow(*this, condition_);
     Item(u"btn_画面クリア"_s).Click = [this] { ClearEntries(); };
     Control& back = Item(u"btn_戻る"_s);
     back.Click = [this] { Leave(); };
@@ -28,12 +26,12 @@ wnd担当者複数指定::wnd担当者複数指定(const ValueWindowDefinition& 
 wnd担当者複数指定::~wnd担当者複数指定() { UnregisterSelection(Name(), *this); }
 
 void wnd担当者複数指定::ClearEntries() {
-    for (int row = 0; row < kValueRows; ++row) Item(definition_.item, row).SetText(QString());
+    for (int row = 0; row < kValueRows; ++row) Item(condition_.valueItem, row).SetText(QString());
     Item(u"chb_絞込み"_s).SetValue(0);
 }
 
 void wnd担当者複数指定::Leave() {
-    Globals().Flags.*definition_.flag = !Entries().isEmpty();
+    Globals().Flags.*condition_.selection.flag = !Entries().isEmpty();
     HideForm();
     ReturnToHead();
 }
@@ -43,7 +41,7 @@ bool wnd担当者複数指定::Narrowing() const { return Item(u"chb_絞込み"_
 QStringList wnd担当者複数指定::Entries() const {
     QStringList entries;
     for (int row = 0; row < kValueRows; ++row) {
-        const QString text = TrimBlanks(Item(definition_.item, row).Text());
+        const QString text = TrimBlanks(Item(condition_.valueItem, row).Text());
         if (!text.isEmpty()) entries << text;
     }
     return entries;
@@ -60,18 +58,14 @@ QString wnd担当者複数指定::BuildSelectionCondition(const QString& table, 
 QString wnd担当者複数指定::DescribeSelection() const {
     const QStringList entries = Entries();
     if (entries.isEmpty()) return {};
-    return u"検索"_s + definition_.item + (Narrowing() ? u"(絞込み)："_s : u"："_s) + entries.join(u',');
+    return u"検索"_s + condition_.valueItem + (Narrowing() ? u"(絞込み)："_s : u"："_s) + entries.join(u',');
 }
 
-bool OpenValueWindow(const QString& button) {
-    const auto& all = ValueWindowDefinitions();
-    const auto definition = std::find_if(all.begin(), all.end(), [&](const auto& d) { return d.button == button; });
-    if (definition == all.end()) return false;
+void OpenValueWindow(const TextCondition& text) {
     ProgramGlobals& globals = Globals();
-    globals.ListResultItem = &globals.MainForm->Item(button);
-    globals.ListNextItem = &globals.MainForm->Item(definition->nextItem);
-    Form* window = LoadedForm(definition->window);
-    if (window == nullptr) window = new wnd担当者複数指定(*definition);
+    globals.ListResultItem = &globals.MainForm->Item(text.selection.button);
+    globals.ListNextItem = &globals.MainForm->Item(text.item);
+    Form* window = LoadedForm(text.selection.window);
+    if (window == nullptr) window = new wnd担当者複数指定(text);
     window->ShowModal();
-    return true;
 }

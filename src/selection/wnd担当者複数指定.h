@@ -2,7 +2,6 @@
 
 #include <QStringList>
 
-#include "inquiry/SelectionSource.h"
 #include "screen/Form.h"
 #include "selection/ValueWindowLayout.h"
 
@@ -11,7 +10,7 @@
 /// set when the window closes. Allocate with new; hidden until it is unloaded.
 class wnd担当者複数指定 : public Form, public SelectionSource {
   public:
-    explicit wnd担当者複数指定(const ValueWindowDefinition& definition);
+    explicit wnd担当者複数指定(const TextCondition& condition);
     ~wnd担当者複数指定() override;
 
     /// One LIKE term for each filled row, quotes escaped, wildcards kept; joined by OR, or by AND if 絞込み is checked.
@@ -27,9 +26,9 @@ class wnd担当者複数指定 : public Form, public SelectionSource {
     /// Texts of the filled rows from top to bottom, trimmed.
     QStringList Entries() const;
 
-    const ValueWindowDefinition& definition_;
+    const TextCondition& condition_;
 };
 
-/// Opens the value window of a button on the main form and returns when it has closed. Created at its first use, it
-/// keeps its entries. The main form stays enabled. False if the button opens no value window.
-bool OpenValueWindow(const QString& button);
+/// Opens the value window of a search text and returns when it has closed. Created at its first use, it keeps its
+/// entries. The main form stays enabled.
+void OpenValueWindow(const TextCondition& text);

@@ -1,6 +1,7 @@
 #include "access/ConditionLabels.h"
 
 #include "access/CompanyFixture.h"
+#include "frame/StartCommand.h"
 
 using namespace Qt::StringLiterals;
 

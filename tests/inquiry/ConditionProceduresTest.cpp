@@ -35,8 +35,8 @@ void UseAndHide(Form& window) {
     window.HideForm();
 }
 
-const SearchTextDefinition& TextOf(const QString& item) {
-    for (const SearchTextDefinition& text : SearchTextDefinitions())
+const TextCondition& TextOf(const QString& item) {
+    for (const TextCondition& text : TextConditions())
         if (text.item == item) return text;
     throw std::out_of_range(item.toStdString());
 }
@@ -145,10 +145,10 @@ TEST_F(SearchTexts, TextCutToTheStoredOneStillNeedsARepaint) {
 }
 
 TEST_F(Kinds, EachKindIsStoredInItsField) {
-    EXPECT_TRUE(AcceptKind(KindDefinitions()[0], 1));
-    EXPECT_TRUE(AcceptKind(KindDefinitions()[1], 2));
-    EXPECT_TRUE(AcceptKind(KindDefinitions()[2], 5));
-    EXPECT_FALSE(AcceptKind(KindDefinitions()[2], 5));
+    EXPECT_TRUE(AcceptKind(KindConditions()[0], 1));
+    EXPECT_TRUE(AcceptKind(KindConditions()[1], 2));
+    EXPECT_TRUE(AcceptKind(KindConditions()[2], 5));
+    EXPECT_FALSE(AcceptKind(KindConditions()[2], 5));
     EXPECT_EQ(Conditions().EnrolmentKind, 1);
     EXPECT_EQ(Conditions().StaffClass, 2);
     EXPECT_EQ(Conditions().DisplayOrder, 5);

@@ -8,7 +8,7 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/SelectionSource.h"
+#include "inquiry/SearchConditions.h"
 #include "support/HeadForm.h"
 #include "support/TestServices.h"
 

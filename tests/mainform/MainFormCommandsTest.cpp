@@ -43,7 +43,7 @@ TEST_F(CommandsTest, ShortCommandEmptiesTheRangesUntilTheClear) {
     EXPECT_EQ(Globals().Conditions.StaffTo, QString());
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_TRUE(Globals().StartCommandAbsent);
-    for (const RangeDefinition& range : RangeDefinitions())
+    for (const RangeCondition& range : RangeConditions())
         for (const QString& item : {range.fromItem, range.toItem}) EXPECT_EQ(Item(item).Text(), QString());
     EXPECT_EQ(History().last(),
               HistoryRow(u" AND M担当者.部門コード >= '' AND M担当者.部門コード <= ''"

@@ -105,7 +105,7 @@ TEST_F(HeadTest, ReachOfTheFocusCheckDiffersFromItemToItem) {
 
 TEST_F(HeadTest, KindByListAndKindByDigitGiveTheSameState) {
     Start();
-    for (const KindDefinition& kind : KindDefinitions()) {
+    for (const KindCondition& kind : KindConditions()) {
         const auto state = [&] {
             return std::tuple(Globals().Conditions.*kind.field, Item(kind.item).Value(),
                               Item(kind.listItem).ListIndex(), Item(kind.listItem).Text(), BuildStaffStatement());
@@ -175,7 +175,7 @@ TEST_F(HeadTest, ItemsLimitCharactersAndLength) {
                          {u"検索カナ"_s, QString(25, u'ｱ'), QString(20, u'ｱ')}};
     const QString digits[] = {u"123"_s, u"123"_s, u"12"_s, u"12345"_s};
     for (size_t range = 0; range < std::size(digits); ++range)
-        for (const QString& item : {RangeDefinitions()[range].fromItem, RangeDefinitions()[range].toItem})
+        for (const QString& item : {RangeConditions()[range].fromItem, RangeConditions()[range].toItem})
             cases.append({item, u"山a１-1234567"_s, digits[range]});
     Start();
     for (const Case& c : cases) {
@@ -231,7 +231,7 @@ TEST_F(HeadTest, LeavingARangeItemRepaintsTheHeadOnly) {
     Start();
     const QString statement = BuildStaffStatement();
     Item(u"担当者名"_s, 0).SetText(u"not repainted"_s);
-    for (const RangeDefinition& range : RangeDefinitions()) {
+    for (const RangeCondition& range : RangeConditions()) {
         for (const QString& item : {range.fromItem, range.toItem}) {
             Click(item);
             Item(u"検索郵便番号"_s).SetText(u"7"_s);

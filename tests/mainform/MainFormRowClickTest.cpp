@@ -107,7 +107,7 @@ TEST_F(RowClickTest, AnyMissingRangeEndSendsBackAndLaunchesNothing) {
             const InquiryConditions kept = Globals().Conditions;
             Globals().Conditions.*fields[missing] = QString();
             EXPECT_EQ(PaintedByClick(item), QStringList());
-            EXPECT_EQ(Focused(), RangeDefinitions()[static_cast<size_t>(missing)].toItem);
+            EXPECT_EQ(Focused(), RangeConditions()[static_cast<size_t>(missing)].toItem);
             Globals().Conditions = kept;
         }
     }

@@ -72,7 +72,7 @@ TEST_F(FormSetupTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
 
 TEST_F(FormSetupTest, LoadReplacesDesignTimeCodesByTheConditions) {
     QStringList items, designed, loaded;
-    for (const RangeDefinition& range : RangeDefinitions()) items << range.fromItem << range.toItem;
+    for (const RangeCondition& range : RangeConditions()) items << range.fromItem << range.toItem;
     {
         const frm要員名簿照会 form([] {});
         for (const QString& item : items) designed << form.Item(item).Text();

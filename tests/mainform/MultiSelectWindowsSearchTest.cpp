@@ -1,5 +1,5 @@
 #include "globals/ProgramGlobals.h"
-#include "inquiry/SelectionSource.h"
+#include "inquiry/SearchConditions.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/MultiSelectWindowsFixture.h"
 #include "output/SelectionText.h"
@@ -30,7 +30,7 @@ TEST_F(MultiSelectSearchTest, StatementContainsTheSelectedCodesOfEachWindow) {
     installation.ReplaceStaff(9);
     Start();
     for (const Picks& pick : picks) {
-        Tick(MultiSelectDefinitions()[pick.window], pick.codes);
+        Tick(RangeConditions()[pick.window], pick.codes);
         QString statement = Statement(pick.condition);
         EXPECT_EQ(BuildStaffStatement(), statement);
         EXPECT_EQ(FailuresOfSearch(), 0);
@@ -104,20 +104,21 @@ TEST_F(MultiSelectSearchTest, CombinedSelectionsAgreeWithAReferenceQuery) {
 
 TEST_F(MultiSelectSearchTest, ClearUnloadsAllFourWindows) {
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, [](const FormRobot& robot) {
             robot.ClickMark(0);
             GoBack(robot);
         });
     }
     Click(u"btn_画面クリア"_s);
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
-        EXPECT_FALSE(IsFormLoaded(window.window));
-        EXPECT_FALSE(Globals().SelectionWindows.contains(window.window));
+    for (const RangeCondition& window : RangeConditions()) {
+        EXPECT_FALSE(IsFormLoaded(window.selection.window));
+        EXPECT_FALSE(Globals().SelectionWindows.contains(window.selection.window));
         EXPECT_FALSE(Picked(window));
-        EXPECT_EQ(Item(window.button).ForeColor(), QColor(0, 0, 128)) << window.button.toStdString();
-        EXPECT_TRUE(Item(window.nextItem).Enabled());
-        EXPECT_TRUE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), QColor(0, 0, 128))
+            << window.selection.button.toStdString();
+        EXPECT_TRUE(Item(window.fromItem).Enabled());
+        EXPECT_TRUE(Item(QString(window.fromItem).replace(u"開始"_s, u"終了"_s)).Enabled());
         Open(window, [](const FormRobot& robot) {
             EXPECT_TRUE(robot.MarkedCodes().isEmpty());
             GoBack(robot);

@@ -1,7 +1,7 @@
 #include <QHeaderView>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/SelectionSource.h"
+#include "inquiry/SearchConditions.h"
 #include "mainform/MultiSelectWindowsFixture.h"
 #include "screen/Form.h"
 #include "screen/ListView.h"
@@ -46,7 +46,7 @@ TEST_F(MultiSelectTest, WindowsHaveTheirTitlesButtonsAndColumns) {
     Start();
     for (size_t i = 0; i < 4; ++i) {
         const WindowLayout& expected = layouts[static_cast<int>(i)];
-        Open(MultiSelectDefinitions()[i], [&](const FormRobot& robot) {
+        Open(RangeConditions()[i], [&](const FormRobot& robot) {
             EXPECT_EQ(robot.Window().windowTitle(), expected.caption);
             EXPECT_EQ(robot.Item(u"prg_ttl"_s).Caption(), expected.title);
             EXPECT_EQ(robot.List().Name(), expected.list);
@@ -74,7 +74,7 @@ TEST_F(MultiSelectTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
     const QList<Counts> expected = {status, status, positions, staff};
     Start();
     for (int i = 0; i < expected.size(); ++i) {
-        Open(MultiSelectDefinitions()[static_cast<size_t>(i)], [&](const FormRobot& robot) {
+        Open(RangeConditions()[static_cast<size_t>(i)], [&](const FormRobot& robot) {
             Counts count;
             for (const Control* control : robot.Window().Controls()) ++count[control->TypeName()];
             EXPECT_EQ(count, expected[i]);
@@ -85,13 +85,13 @@ TEST_F(MultiSelectTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
 
 TEST_F(MultiSelectTest, OpeningDisablesTheMainFormAndSetsResultAndNextItem) {
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Globals().ListCondition = u"M役職.コード >= '90'"_s;
         Open(window, [&](const FormRobot& robot) {
             EXPECT_FALSE(MainForm().Enabled());
             EXPECT_EQ(Globals().ListCondition, QString());
-            EXPECT_EQ(Globals().ListResultItem, &Item(window.button));
-            EXPECT_EQ(Globals().ListNextItem, &Item(window.nextItem));
+            EXPECT_EQ(Globals().ListResultItem, &Item(window.selection.button));
+            EXPECT_EQ(Globals().ListNextItem, &Item(window.fromItem));
             EXPECT_GT(robot.Codes().size(), 5);
             GoBack(robot);
         });
@@ -103,16 +103,16 @@ TEST_F(MultiSelectTest, MarksTurnTheButtonGreenAndDisableTheRangeThatTheyReplace
     Start();
     // The next items are disabled by then, so the focus moves to the next enabled one.
     QStringList next = {u"開始セクションコード"_s, u"開始役職コード"_s, u"開始担当者コード"_s, u"表示順区分"_s};
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, [](const FormRobot& robot) {
             robot.ClickMark(1);
             GoBack(robot);
         });
         EXPECT_TRUE(Picked(window));
-        EXPECT_EQ(Item(window.button).ForeColor(), kGreen);
-        EXPECT_TRUE(Item(window.button).Enabled());
-        EXPECT_FALSE(Item(window.nextItem).Enabled());
-        EXPECT_FALSE(Item(QString(window.nextItem).replace(u"開始"_s, u"終了"_s)).Enabled());
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), kGreen);
+        EXPECT_TRUE(Item(window.selection.button).Enabled());
+        EXPECT_FALSE(Item(window.fromItem).Enabled());
+        EXPECT_FALSE(Item(QString(window.fromItem).replace(u"開始"_s, u"終了"_s)).Enabled());
         EXPECT_EQ(Focused(), next.takeFirst());
     }
 }
@@ -126,21 +126,21 @@ TEST_F(MultiSelectTest, FocusSkipsReplacedRanges) {
 
 TEST_F(MultiSelectTest, NoMarkLeavesTheRangeInUseAndGivesItTheFocus) {
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, GoBack);
         EXPECT_FALSE(Picked(window));
-        EXPECT_EQ(Item(window.button).ForeColor(), kDarkBlue);
-        EXPECT_EQ(Focused(), window.nextItem);
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), kDarkBlue);
+        EXPECT_EQ(Focused(), window.fromItem);
     }
 }
 
 TEST_F(MultiSelectTest, StaffWindowIsUnloadedWithoutMarksWhileTheOthersAreHidden) {
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, GoBack);
-        const bool stays = window.window != u"wnd担当者選択一覧";
-        EXPECT_EQ(IsFormLoaded(window.window), stays) << window.window.toStdString();
-        EXPECT_EQ(Globals().SelectionWindows.contains(window.window), stays);
+        const bool stays = window.selection.window != u"wnd担当者選択一覧";
+        EXPECT_EQ(IsFormLoaded(window.selection.window), stays) << window.selection.window.toStdString();
+        EXPECT_EQ(Globals().SelectionWindows.contains(window.selection.window), stays);
     }
 }
 
@@ -196,7 +196,7 @@ TEST_F(MultiSelectTest, EveryWayOfClosingSetsTheFlag) {
         [](const FormRobot& robot) { robot.Window().close(); },
     };
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         for (const ModalScript::Callback& leave : waysOut) {
             Open(window, [&](const FormRobot& robot) {
                 robot.ClickMark(0);
@@ -212,7 +212,7 @@ TEST_F(MultiSelectTest, EveryWayOfClosingSetsTheFlag) {
 
 TEST_F(MultiSelectTest, EnterAndAClickOnARowChooseNothing) {
     Start();
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, [](const FormRobot& robot) {
             robot.ClickRow(1);
             robot.Press(Qt::Key_Return);
@@ -415,12 +415,12 @@ TEST_F(MultiSelectTest, UnreadableMastersAreLoggedSilently) {
     Start();
     const QList<QStringList> masters = {
         {u"M部門"_s, u"010"_s}, {u"Mセクション"_s, u"011"_s}, {u"M役職"_s, u"20"_s}, {u"M担当者"_s, u"00002"_s}};
-    for (int i = 0; i < masters.size(); ++i) Tick(MultiSelectDefinitions()[static_cast<size_t>(i)], {masters[i][1]});
+    for (int i = 0; i < masters.size(); ++i) Tick(RangeConditions()[static_cast<size_t>(i)], {masters[i][1]});
     QStringList statements;
     for (int i = 0; i < masters.size(); ++i) {
         const QString &table = masters[i][0], &code = masters[i][1];
         installation.General().Execute(u"DROP TABLE "_s + table);
-        EXPECT_EQ(Source(MultiSelectDefinitions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
+        EXPECT_EQ(Source(RangeConditions()[static_cast<size_t>(i)]).DescribeSelection(), QString());
         statements << u"エラー no such table: %1SELECT * FROM %1 WHERE コード = ''%2''"_s.arg(table, code);
     }
     EXPECT_EQ(History().filter(u"エラー "_s), statements);
@@ -444,7 +444,7 @@ TEST_F(MultiSelectTest, NestedLookupSetsItsCodeAndTheWindowStaysOpen) {
                                   GoBack(robot);
                               },
                               [](const FormRobot& robot) { robot.ClickRow(2); }});
-    Click(People().button);
+    Click(People().selection.button);
     EXPECT_EQ(driver.Opened(), 2);
     EXPECT_EQ(Focused(), u"開始担当者コード"_s);
 }
@@ -453,9 +453,9 @@ TEST_F(MultiSelectTest, ButtonsAreIgnoredWhileBusy) {
     Start();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
         Globals().*flag = true;
-        for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
-            Click(window.button);
-            EXPECT_FALSE(IsFormLoaded(window.window));
+        for (const RangeCondition& window : RangeConditions()) {
+            Click(window.selection.button);
+            EXPECT_FALSE(IsFormLoaded(window.selection.window));
         }
         Globals().*flag = false;
     }
@@ -463,7 +463,7 @@ TEST_F(MultiSelectTest, ButtonsAreIgnoredWhileBusy) {
 
 TEST_F(MultiSelectTest, EachWindowLiesWholeOnALowScreen) {
     Start({}, 768);
-    for (const MultiSelectDefinition& window : MultiSelectDefinitions()) {
+    for (const RangeCondition& window : RangeConditions()) {
         Open(window, [](const FormRobot& robot) {
             EXPECT_LE(robot.Window().WindowHeight(), 768 * kTwipsPerPixel);
             EXPECT_LE(robot.Window().width(), 1024);

@@ -4,4 +4,4 @@
 
 using namespace Qt::StringLiterals;
 
-bool ValueWindowsTest::Given(const ValueWindowDefinition& definition) { return Globals().Flags.*definition.flag; }
+bool ValueWindowsTest::Given(const TextCondition& definition) { return Globals().Flags.*definition.selection.flag; }

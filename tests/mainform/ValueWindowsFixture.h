@@ -7,22 +7,22 @@
 /// The main form with its value windows.
 class ValueWindowsTest : public SelectionTest {
   protected:
-    static const ValueWindowDefinition& Names() { return ValueWindowDefinitions()[0]; }
-    static const ValueWindowDefinition& Kana() { return ValueWindowDefinitions()[1]; }
-    static const ValueWindowDefinition& Addresses() { return ValueWindowDefinitions()[2]; }
-    static const ValueWindowDefinition& Phones() { return ValueWindowDefinitions()[3]; }
+    static const TextCondition& Names() { return TextConditions()[0]; }
+    static const TextCondition& Kana() { return TextConditions()[1]; }
+    static const TextCondition& Addresses() { return TextConditions()[2]; }
+    static const TextCondition& Phones() { return TextConditions()[3]; }
 
     /// Presses the window's button on the main form; the callback must close the window.
-    void Open(const ValueWindowDefinition& definition, const ModalRobot::Callback& callback) {
-        ModalRobot user(definition.window, callback);
-        Click(definition.button);
-        EXPECT_EQ(user.Opened(), 1) << definition.window.toStdString();
+    void Open(const TextCondition& definition, const ModalRobot::Callback& callback) {
+        ModalRobot user(definition.selection.window, callback);
+        Click(definition.selection.button);
+        EXPECT_EQ(user.Opened(), 1) << definition.selection.window.toStdString();
     }
     /// Types the values from the first row on, checks 絞込み if `narrowing`, and closes the window.
-    void Give(const ValueWindowDefinition& definition, const QStringList& values, bool narrowing = false) {
+    void Give(const TextCondition& definition, const QStringList& values, bool narrowing = false) {
         Open(definition, [&](ModalRobot& user) {
             for (int row = 0; row < values.size(); ++row) {
-                user.Click(definition.item, row);
+                user.Click(definition.valueItem, row);
                 user.Type(values[row]);
             }
             if (narrowing) user.Click(QStringLiteral("chb_絞込み"));
@@ -30,5 +30,5 @@ class ValueWindowsTest : public SelectionTest {
         });
     }
     static void GoBack(ModalRobot& user) { user.Press(Qt::Key_Escape); }
-    static bool Given(const ValueWindowDefinition& definition);
+    static bool Given(const TextCondition& definition);
 };

@@ -73,7 +73,7 @@ QList<Search> Searches() {
 TEST_F(ValueSearchTest, StatementContainsTheConditionOfEachWindow) {
     Start();
     for (const Search& search : Searches()) {
-        Give(ValueWindowDefinitions()[search.window], search.values, search.narrowing);
+        Give(TextConditions()[search.window], search.values, search.narrowing);
         QString statement = Statement({}, search.condition);
         EXPECT_EQ(BuildStaffStatement(), statement);
         EXPECT_EQ(FailuresOfSearch(), 0);
@@ -85,7 +85,7 @@ TEST_F(ValueSearchTest, StatementContainsTheConditionOfEachWindow) {
 TEST_F(ValueSearchTest, RowsAreThoseThatAQueryPastTheAdapterFinds) {
     Start();
     for (const Search& search : Searches()) {
-        Give(ValueWindowDefinitions()[search.window], search.values, search.narrowing);
+        Give(TextConditions()[search.window], search.values, search.narrowing);
         Click(u"btn_集計検索"_s);
         const QStringList expected = Staff(search.plain);
         EXPECT_EQ(Found(), expected) << search.plain.toStdString();
@@ -96,7 +96,7 @@ TEST_F(ValueSearchTest, RowsAreThoseThatAQueryPastTheAdapterFinds) {
 
 TEST_F(ValueSearchTest, AllFiveWindowsTogetherJoinInTheOrderOfTheStatement) {
     Start();
-    Give(ValueWindowDefinitions()[4], {u"1"_s});
+    Give(TextConditions()[4], {u"1"_s});
     Give(Phones(), {u"0"_s, u"3"_s}, true);
     Give(Addresses(), {u"東"_s});
     Give(Kana(), {u"ﾔ"_s});
@@ -209,7 +209,7 @@ TEST_F(ValueSearchTest, UnclosedBracketIsRefusedByTheEngineAndTheListStaysEmpty)
 TEST_F(ValueSearchTest, ClearEmptiesTheWindows) {
     Start();
     const QStringList everybody = Found();
-    for (const ValueWindowDefinition& window : ValueWindowDefinitions()) Give(window, {u"1"_s});
+    for (const TextCondition& window : TextConditions()) Give(window, {u"1"_s});
     Open(Names(), [](ModalRobot& user) {
         user.Click(u"chb_絞込み"_s);
         GoBack(user);
@@ -217,12 +217,12 @@ TEST_F(ValueSearchTest, ClearEmptiesTheWindows) {
     Click(u"btn_集計検索"_s);
     ASSERT_NE(Found(), everybody);
     Click(u"btn_画面クリア"_s);
-    for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
-        EXPECT_FALSE(IsFormLoaded(window.window));
-        EXPECT_FALSE(Globals().SelectionWindows.contains(window.window));
+    for (const TextCondition& window : TextConditions()) {
+        EXPECT_FALSE(IsFormLoaded(window.selection.window));
+        EXPECT_FALSE(Globals().SelectionWindows.contains(window.selection.window));
         EXPECT_FALSE(Given(window));
-        EXPECT_TRUE(Item(window.nextItem).Enabled());
-        EXPECT_EQ(Item(window.button).ForeColor(), QColor(0, 0, 128));
+        EXPECT_TRUE(Item(window.item).Enabled());
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), QColor(0, 0, 128));
     }
     Click(u"btn_集計検索"_s);
     EXPECT_EQ(Found(), everybody);

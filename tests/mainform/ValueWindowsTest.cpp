@@ -16,12 +16,12 @@ TEST_F(ValueWindowsTest, ValuesTurnTheButtonGreenAndDisableTheItem) {
     Start();
     const QStringList next = {u"検索カナ"_s, u"検索電話"_s, u"在籍区分"_s, u"検索郵便番号"_s, u"検索住所"_s};
     for (size_t i = 0; i < 5; ++i) {
-        const ValueWindowDefinition& window = ValueWindowDefinitions()[i];
-        Give(window, {window.classes == CharacterClass::Kana ? u"ｱ"_s : u"1"_s});
+        const TextCondition& window = TextConditions()[i];
+        Give(window, {window.valueDesign.classes == CharacterClass::Kana ? u"ｱ"_s : u"1"_s});
         EXPECT_TRUE(Given(window));
-        EXPECT_EQ(Item(window.button).ForeColor(), kGreen);
-        EXPECT_TRUE(Item(window.button).Enabled());
-        EXPECT_FALSE(Item(window.nextItem).Enabled());
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), kGreen);
+        EXPECT_TRUE(Item(window.selection.button).Enabled());
+        EXPECT_FALSE(Item(window.item).Enabled());
         EXPECT_EQ(Focused(), next[static_cast<int>(i)]);
         Click(u"btn_画面クリア"_s);
     }
@@ -29,7 +29,7 @@ TEST_F(ValueWindowsTest, ValuesTurnTheButtonGreenAndDisableTheItem) {
 
 TEST_F(ValueWindowsTest, FocusPassesAllItemsThatValuesReplace) {
     Start();
-    for (const size_t i : {4, 2, 3, 1}) Give(ValueWindowDefinitions()[i], {u"1"_s});
+    for (const size_t i : {4, 2, 3, 1}) Give(TextConditions()[i], {u"1"_s});
     Give(Kana(), {u"ｱ"_s});
     EXPECT_EQ(Focused(), u"在籍区分"_s);
     Give(Names(), {u"山"_s});
@@ -38,12 +38,12 @@ TEST_F(ValueWindowsTest, FocusPassesAllItemsThatValuesReplace) {
 
 TEST_F(ValueWindowsTest, NoValuesLeaveTheItemInUseAndGiveItTheFocus) {
     Start();
-    for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
+    for (const TextCondition& window : TextConditions()) {
         Open(window, GoBack);
         EXPECT_FALSE(Given(window));
-        EXPECT_EQ(Item(window.button).ForeColor(), kDarkBlue);
-        EXPECT_TRUE(Item(window.nextItem).Enabled());
-        EXPECT_EQ(Focused(), window.nextItem);
+        EXPECT_EQ(Item(window.selection.button).ForeColor(), kDarkBlue);
+        EXPECT_TRUE(Item(window.item).Enabled());
+        EXPECT_EQ(Focused(), window.item);
     }
 }
 
@@ -119,10 +119,10 @@ TEST_F(ValueWindowsTest, MainFormStaysEnabledWhileAWindowIsOpen) {
 TEST_F(ValueWindowsTest, OpeningSetsResultAndNextItemOnly) {
     Start();
     Globals().ListCondition = u"M部門.コード >= '001'"_s;
-    for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
+    for (const TextCondition& window : TextConditions()) {
         Open(window, [&](ModalRobot& user) {
-            EXPECT_EQ(Globals().ListResultItem, &Item(window.button));
-            EXPECT_EQ(Globals().ListNextItem, &Item(window.nextItem));
+            EXPECT_EQ(Globals().ListResultItem, &Item(window.selection.button));
+            EXPECT_EQ(Globals().ListNextItem, &Item(window.item));
             GoBack(user);
         });
     }
@@ -133,9 +133,9 @@ TEST_F(ValueWindowsTest, ButtonsAreIgnoredWhileBusy) {
     Start();
     for (bool ProgramGlobals::*const flag : {&ProgramGlobals::ScreenPainting, &ProgramGlobals::LinkWaiting}) {
         Globals().*flag = true;
-        for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
-            Click(window.button);
-            EXPECT_FALSE(IsFormLoaded(window.window));
+        for (const TextCondition& window : TextConditions()) {
+            Click(window.selection.button);
+            EXPECT_FALSE(IsFormLoaded(window.selection.window));
         }
         Globals().*flag = false;
     }
@@ -152,7 +152,7 @@ TEST_F(ValueWindowsTest, HalfTypedTextOfTheHeadIsAcceptedBeforeTheWindowOpens) {
 
 TEST_F(ValueWindowsTest, EachWindowLiesWholeOnALowScreen) {
     Start({}, 768);
-    for (const ValueWindowDefinition& window : ValueWindowDefinitions()) {
+    for (const TextCondition& window : TextConditions()) {
         Open(window, [](ModalRobot& user) {
             EXPECT_LE(user.Dialog().WindowHeight(), 768 * kTwipsPerPixel);
             EXPECT_LE(user.Dialog().width(), 1024);

@@ -323,8 +323,8 @@ TEST_F(StaffListWindowTest, NoticeAppearsWithTheThousandthRow) {
 TEST_F(StaffListWindowTest, LoadEndsByItsOwnCountHoweverManyRowsTheEngineStillHas) {
     installation.ReplaceStaff(30);
     // A counter starting at 990 stops after ten rows; TOP 1000 would return all thirty.
-    auto* window =
-        new StaffListWindow({{u"wnd数え"_s, {}, {}, u"List担当者"_s, {{u"コード"_s, 750, u"コード"_s}}, {}}, 990});
+    auto* window = new StaffListWindow(
+        {{Range::Staff, ListUse::Lookup, {}, {}, u"List担当者"_s, {{u"コード"_s, 750, u"コード"_s}}, {}}, 990});
     window->ShowModeless();
     EXPECT_EQ(window->List().RowCount(), 10);
     EXPECT_EQ(window->List().Row(9).text, u"00010"_s);

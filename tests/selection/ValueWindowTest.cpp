@@ -15,18 +15,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const ValueWindowDefinition& kNames = ValueWindowDefinitions()[0];
-const ValueWindowDefinition& kKana = ValueWindowDefinitions()[1];
-const ValueWindowDefinition& kPhones = ValueWindowDefinitions()[3];
+const TextCondition& kNames = TextConditions()[0];
+const TextCondition& kKana = TextConditions()[1];
+const TextCondition& kPhones = TextConditions()[3];
 
 /// A single value window.
 class ValueWindowTest : public ::testing::Test {
   protected:
-    wnd担当者複数指定& Open(const ValueWindowDefinition& definition = kNames) {
+    wnd担当者複数指定& Open(const TextCondition& definition = kNames) {
         window.reset();
         window = std::make_unique<wnd担当者複数指定>(definition);
         window->ShowModeless();
-        item = definition.item;
+        item = definition.valueItem;
         return *window;
     }
     Control& Row(int row) const { return window->Item(item, row); }
@@ -151,7 +151,7 @@ TEST_F(ValueWindowTest, EachWindowHasItsOwnTitleAndItsOwnWords) {
     };
     for (size_t i = 0; i < 5; ++i) {
         const QStringList& expected = words[static_cast<int>(i)];
-        Open(ValueWindowDefinitions()[i]);
+        Open(TextConditions()[i]);
         EXPECT_EQ(window->Name(), expected[0]);
         EXPECT_EQ(item, expected[1]);
         EXPECT_EQ(window->windowTitle(), expected[2]);
@@ -178,7 +178,7 @@ TEST_F(ValueWindowTest, RowsAreNumberedFromOneToTenAndTheCommandsAreCaptioned) {
 }
 
 TEST_F(ValueWindowTest, ControlsAreOfTheClassesAndNumbersOfTheDesign) {
-    for (const ValueWindowDefinition& definition : ValueWindowDefinitions()) {
+    for (const TextCondition& definition : TextConditions()) {
         Open(definition);
         QHash<QString, int> count;
         for (const Control* control : window->Controls()) ++count[control->TypeName()];
@@ -191,7 +191,7 @@ TEST_F(ValueWindowTest, EachWindowLetsItsOwnCharactersThrough) {
     const QString typed = u"山ア'ｶﾞa1-% ｡"_s;
     const QStringList kept = {typed, u"ｱｶﾞ｡"_s, typed, u"'1-%"_s, u"'1-%"_s};
     for (size_t i = 0; i < 5; ++i) {
-        Open(ValueWindowDefinitions()[i]);
+        Open(TextConditions()[i]);
         Type(0, typed);
         EXPECT_EQ(Row(0).Text(), kept[static_cast<int>(i)]) << item.toStdString();
         Paste(1, typed);
@@ -225,8 +225,8 @@ TEST_F(ValueWindowTest, EachWindowHasTheInputModeOfItsValuesInAllRows) {
                                {2, Qt::ImhPreferLatin, u"1"_s}};
     for (size_t i = 0; i < 5; ++i) {
         const Mode& expected = modes[static_cast<int>(i)];
-        Open(ValueWindowDefinitions()[i]);
-        EXPECT_EQ(static_cast<int>(ValueWindowDefinitions()[i].ime), expected.mode) << item.toStdString();
+        Open(TextConditions()[i]);
+        EXPECT_EQ(static_cast<int>(TextConditions()[i].valueDesign.imeMode), expected.mode) << item.toStdString();
         for (int row = 0; row < 10; ++row) {
             EXPECT_EQ(Row(row).Widget().inputMethodHints(), expected.hints) << item.toStdString() << row;
             EXPECT_TRUE(Row(row).Widget().testAttribute(Qt::WA_InputMethodEnabled)) << item.toStdString() << row;
@@ -287,7 +287,7 @@ TEST_F(ValueWindowTest, TabAndEnterGoDownTheRowsAndOnToTheCommands) {
 }
 
 TEST_F(ValueWindowTest, SelectionIsKnownUnderTheWindowsNameFromLoadToUnload) {
-    const QString name = kPhones.window;
+    const QString name = kPhones.selection.window;
     auto* first = new wnd担当者複数指定(kPhones);
     EXPECT_FALSE(Globals().SelectionWindows.contains(name));
     first->ShowModeless();
@@ -302,9 +302,4 @@ TEST_F(ValueWindowTest, SelectionIsKnownUnderTheWindowsNameFromLoadToUnload) {
     EXPECT_EQ(Globals().SelectionWindows.value(name), window.get());
     window.reset();
     EXPECT_FALSE(Globals().SelectionWindows.contains(name));
-}
-
-TEST_F(ValueWindowTest, UnknownButtonOpensNothing) {
-    EXPECT_FALSE(OpenValueWindow(u"btn_部門個別選択"_s));
-    EXPECT_TRUE(LoadedForms().empty());
 }

@@ -7,7 +7,7 @@
 
 #include "data/DataFixture.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/SelectionSource.h"
+#include "inquiry/SearchConditions.h"
 #include "output/ReportDatabase.h"
 #include "support/HeadForm.h"
 
