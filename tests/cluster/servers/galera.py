@@ -39,7 +39,6 @@ wsrep_provider_options = "gmcast.listen_addr=tcp://127.0.0.1:{group_port};ist.re
 gcache.size=16M;evs.keepalive_period=PT0.5S;evs.suspect_timeout=PT2S;evs.inactive_timeout=PT4S;\
 evs.install_timeout=PT4S"
 """
-BLOCKING = "FROM information_schema.processlist WHERE state = 'User sleep'"
 
 
 class Galera(Node):
@@ -134,11 +133,16 @@ class Galera(Node):
 
     def unblock(self):
         """Ends the locks of block(). True if there was none."""
-        sessions = self.answers(f"SELECT id {BLOCKING}")
-        for session in (sessions or "").split():
+        found = self.blocking()
+        for session in found or ():
             self.answers(f"KILL {session}")
-        return sessions == ""
+        return found == []
+
+    def blocking(self):
+        """Sessions of block() that have their lock, None if the node does not answer. Also without a majority."""
+        lines = self.answers("SHOW PROCESSLIST")
+        return None if lines is None else [line.split("\t")[0] for line in lines.splitlines() if "\tUser sleep\t" in line]
 
     def holds_lock(self):
         """Whether block() has its lock."""
-        return self.answers(f"SELECT 1 {BLOCKING}")
+        return self.blocking()
