@@ -104,16 +104,22 @@ class Galera(Node):
             state.write_text(state.read_text().replace("safe_to_bootstrap: 0", "safe_to_bootstrap: 1"))
         self.start("--wsrep-new-cluster")
 
+    @property
+    def isolated(self):
+        """A file that exists while the node is isolated: the server does not show that setting."""
+        return self.folder / "isolated"
+
     def isolate(self):
         """Cuts the node off from the others, as by a broken network: it keeps running and refuses statements."""
+        self.isolated.touch()
         self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=1'")
         machine.poll(f"the isolation of {self.name}", lambda: self.status("cluster_status") == "non-Primary")
 
     def join(self):
         """Ends the isolation, if any. The node is a member again as soon as it finds the majority."""
-        if "gmcast.isolate = 1" not in self.query("SHOW VARIABLES LIKE 'wsrep_provider_options'"):
-            return
-        self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
+        if self.isolated.exists():
+            self.isolated.unlink()
+            self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
 
     def sessions(self, user="suite"):
         """Number of connections of an account."""
