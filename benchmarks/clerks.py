@@ -34,22 +34,24 @@ def arguments():
     return parser.parse_args()
 
 
-def tool(*words):
-    subprocess.run([SETUP, *map(str, words)], check=True, stdout=subprocess.DEVNULL)
+def tool(work, *words):
+    """Runs the set-up tool without a trace in the machine's registry."""
+    registry = {"MEIBO_MACHINE_REGISTRY": str(work / "registry")}
+    subprocess.run([SETUP, *map(str, words)], check=True, stdout=subprocess.DEVNULL, env=os.environ | registry)
 
 
 def fill(cluster, work, people):
     """The people on the cluster, and an installation for each port of the balancer: {port's purpose: configuration}."""
     source = work / "source"
-    tool("init", source, "--staff", people, "--seed", 1)
-    tool("server-init", "--from", source, "--odbc", cluster.odbc("postgresql", "write"))
+    tool(work, "init", source, "--staff", people, "--seed", 1)
+    tool(work, "server-init", "--from", source, "--odbc", cluster.odbc("postgresql", "write"))
     primary, *standbys = cluster.nodes["postgresql"]
     primary.query("VACUUM ANALYZE", "suite")
     for standby in standbys:
         standby.await_applied(primary)
     configurations = {}
     for purpose in ("write", "read"):
-        tool("use-server", source, "--odbc", cluster.odbc("postgresql", purpose))
+        tool(work, "use-server", source, "--odbc", cluster.odbc("postgresql", purpose))
         configurations[purpose] = work / f"{purpose}.accdb"
         shutil.copyfile(source / "conf/usrcnfg.accdb", configurations[purpose])
     return configurations

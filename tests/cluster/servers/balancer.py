@@ -32,17 +32,17 @@ listen postgresql-write
     bind 127.0.0.1:{write}
     {check_primary}
 {servers}
-frontend postgresql-read
+# Connections live as long as their server. New ones go to a standby that receives the primary's log, if there is one; its
+# check must not end them, since no standby receives anything while the primary is replaced.
+listen postgresql-read
     bind 127.0.0.1:{read}
-    use_backend postgresql-standbys if {{ nbsrv(postgresql-standbys) gt 0 }}
-    default_backend postgresql-any
-backend postgresql-standbys
     balance leastconn
-    {check_standby}
-{servers}
-backend postgresql-any
-    balance leastconn
+    tcp-request connection set-var(sess.side) rand(2)
+{preferred}
     {check_any}
+{servers}
+backend postgresql-standbys
+    {check_standby}
 {servers}
 """
 MARIADB = """
@@ -113,11 +113,19 @@ def server_lines(nodes, ordered=False):
     )
 
 
+def preferred_lines(nodes, backend):
+    """Rules for new connections: half of them take the first server that is up in a backend, half the last one."""
+    first = [f"    use-server {node.name} if {{ var(sess.side) -m int eq 0 }} {{ srv_is_up({backend}/{node.name}) }}" for node in nodes]
+    last = [f"    use-server {node.name} if {{ srv_is_up({backend}/{node.name}) }}" for node in reversed(nodes)]
+    return "\n".join(first + last)
+
+
 def postgresql_section(nodes, write, read):
     streaming = "pg_is_in_recovery() AND EXISTS (SELECT FROM pg_stat_wal_receiver)"
     return POSTGRESQL.format(
         write=write, read=read, servers=server_lines(nodes), check_primary=postgresql_check("NOT pg_is_in_recovery()"),
         check_standby=postgresql_check(streaming), check_any=postgresql_check("true"),
+        preferred=preferred_lines(nodes, "postgresql-standbys"),
     )  # fmt: skip
 
 
@@ -149,6 +157,7 @@ class Balancer(Node):
             os.chmod(self.folder / "haproxy.cfg", 0o644)
 
     def start(self):
+        machine.run(USER, self.folder, "haproxy", "-c", "-f", self.folder / "haproxy.cfg")
         machine.launch(USER, self.folder, "haproxy", "-f", self.folder / "haproxy.cfg", "-db")
         machine.poll("HAProxy", lambda: self.query("show info"))
 

@@ -39,7 +39,6 @@ wsrep_provider_options = "gmcast.listen_addr=tcp://127.0.0.1:{group_port};ist.re
 gcache.size=16M;evs.keepalive_period=PT0.5S;evs.suspect_timeout=PT2S;evs.inactive_timeout=PT4S;\
 evs.install_timeout=PT4S"
 """
-BLOCKING = "FROM information_schema.processlist WHERE state = 'User sleep'"
 
 
 class Galera(Node):
@@ -105,16 +104,22 @@ class Galera(Node):
             state.write_text(state.read_text().replace("safe_to_bootstrap: 0", "safe_to_bootstrap: 1"))
         self.start("--wsrep-new-cluster")
 
+    @property
+    def isolated(self):
+        """A file that exists while the node is isolated: the server does not show that setting."""
+        return self.folder / "isolated"
+
     def isolate(self):
         """Cuts the node off from the others, as by a broken network: it keeps running and refuses statements."""
+        self.isolated.touch()
         self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=1'")
         machine.poll(f"the isolation of {self.name}", lambda: self.status("cluster_status") == "non-Primary")
 
     def join(self):
         """Ends the isolation, if any. The node is a member again as soon as it finds the majority."""
-        if "gmcast.isolate = 1" not in self.query("SHOW VARIABLES LIKE 'wsrep_provider_options'"):
-            return
-        self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
+        if self.isolated.exists():
+            self.isolated.unlink()
+            self.query("SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'")
 
     def sessions(self, user="suite"):
         """Number of connections of an account."""
@@ -134,11 +139,16 @@ class Galera(Node):
 
     def unblock(self):
         """Ends the locks of block(). True if there was none."""
-        sessions = self.answers(f"SELECT id {BLOCKING}")
-        for session in (sessions or "").split():
+        found = self.blocking()
+        for session in found or ():
             self.answers(f"KILL {session}")
-        return sessions == ""
+        return found == []
+
+    def blocking(self):
+        """Sessions of block() that have their lock, None if the node does not answer. Also without a majority."""
+        lines = self.answers("SHOW PROCESSLIST")
+        return None if lines is None else [line.split("\t")[0] for line in lines.splitlines() if "\tUser sleep\t" in line]
 
     def holds_lock(self):
         """Whether block() has its lock."""
-        return self.answers(f"SELECT 1 {BLOCKING}")
+        return self.blocking()
