@@ -15,8 +15,9 @@ from rewrite import blamed, rewrite
 from source import number_mutants
 
 HERE = pathlib.Path(__file__).parent.resolve()
-# Without the precompiled header, which GCC accepts only with the same options, and without warnings.
-OPTIONS = ['-O1', '-w', '-Wno-error', '-Wno-invalid-pch', '-Wno-narrowing', '-fdiagnostics-column-unit=byte',
+# With the assertions of Qt and of the C++ library, which notice an index out of range; without the precompiled header,
+# which GCC accepts only with the same options, and without warnings.
+OPTIONS = ['-O1', '-DQT_FORCE_ASSERTS', '-D_GLIBCXX_ASSERTIONS', '-w', '-Wno-error', '-Wno-invalid-pch', '-Wno-narrowing', '-fdiagnostics-column-unit=byte',
            '-fdiagnostics-color=never']
 ATTEMPTS = 6
 

@@ -16,8 +16,8 @@ FIRST_SECONDS = (0.5, 5)  # duration of the tests that run before the others
 
 
 class Program:
-    def __init__(self, path, root, jobs):
-        self.path, self.jobs = path, jobs
+    def __init__(self, path, root, jobs, grace=15):
+        self.path, self.jobs, self.grace = path, jobs, grace  # seconds that a run may take longer
         self.sandbox = ['bwrap', '--ro-bind', '/', '/', '--dev', '/dev', '--proc', '/proc', '--tmpfs', '/tmp',
                         '--ro-bind', str(root), str(root), '--ro-bind', str(path.parent), str(path.parent),
                         '--unshare-pid', '--unshare-net', '--unshare-ipc', '--die-with-parent', '--new-session',
@@ -80,7 +80,7 @@ class Program:
             mutant.state = 'not reached'
             return
         for batch in self._batches(names):
-            timeout = 15 + 4 * sum(self.seconds[name] for name in batch)
+            timeout = self.grace + 4 * sum(self.seconds[name] for name in batch)
             result = self.run(['--gtest_fail_fast', '--gtest_filter=' + ':'.join(batch)],
                               {'MEIBO_MUTANT': mutant.number}, timeout)
             if not result.passed:
