@@ -118,7 +118,7 @@ class Whole(unittest.TestCase):
         unit = build.Unit(str(root / 'toy.cpp'), 'toy.cpp',
                           ['c++', '-std=c++20', '-o', 'toy.o', '-c', str(root / 'toy.cpp')], str(root))
         link = ': && c++ test.o -o toy -lgtest_main -lgtest && :', str(root)
-        build.build_program([unit], mutants, link, root / 'work/toy', 1)
+        build.link_program(build.compile_units([unit], mutants, root / 'work', 1), link, root / 'work/toy')
         program = run.Program(root / 'work/toy', root, 2, 2)
         cls.reaching = program.reached(mutants[-1].number)
         program.judge_all([mutant for mutant in mutants if not mutant.state], cls.reaching, lambda left: None)

@@ -75,9 +75,10 @@ class Program:
             return name, [number for number, byte in enumerate(record.read_bytes()) if byte]
 
     def judge(self, mutant, names):
-        """Sets the state of a mutant: caught, survived or not reached."""
+        """Sets the state of a mutant to "caught", "survived" or "not reached"; one that another program's tests reached
+        is not set to the last."""
         if not names:
-            mutant.state = 'not reached'
+            mutant.state = mutant.state or 'not reached'
             return
         for batch in self._batches(names):
             timeout = self.grace + 4 * sum(self.seconds[name] for name in batch)
@@ -86,7 +87,7 @@ class Program:
             if not result.passed:
                 mutant.state, mutant.detail = 'caught', _cause(result)
                 return
-        mutant.state, mutant.detail = 'survived', f'{len(names)} tests'
+        mutant.state, mutant.detail = 'survived', f'{mutant.detail} {len(names)} tests'.strip()
 
     def _batches(self, names):
         """The tests in up to three parts, the quick ones first; a process runs them in its own order."""
