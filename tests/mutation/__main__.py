@@ -20,6 +20,7 @@ STATES = ('caught', 'survived', 'not reached', 'equivalent', 'uncompilable')
 def options():
     parser = argparse.ArgumentParser(prog='scripts/mutation', description=__doc__)
     parser.add_argument('modules', nargs='+', metavar='MODULE')
+    parser.add_argument('--tests', metavar='LIST', default='', help="modules whose tests run after the module's own")
     parser.add_argument('--files', metavar='GLOB', default='*', help='only source files whose name matches')
     parser.add_argument('--sample', type=int, default=1, metavar='N', help='only one of N mutants, drawn at random')
     parser.add_argument('--seed', type=int, default=1, help='repeats or changes the random sample')
@@ -67,17 +68,23 @@ def run_module(module, option, entries):
     for mutant in mutants:
         if equivalent.key(mutant) in entries and not option.only:
             mutant.state = 'equivalent'
-    target = WORK / module / f'test_{module}'
-    build.build_program(units, [mutant for mutant in mutants if not mutant.state],
-                        build.link_command(RELEASE, f'tests/test_{module}'), target, option.jobs)
-    program = run.Program(target, ROOT, option.jobs)
-    reaching = program.reached(everything[-1].number)
-    waiting = [mutant for mutant in mutants if not mutant.state]
-    program.judge_all(waiting, reaching, progress(module))
-    if option.only and waiting and waiting[0].state != 'not reached':
-        names = ':'.join(reaching[option.only])
-        print(program.run(['--gtest_filter=' + names], {'MEIBO_MUTANT': option.only}, 600).output)
+    judge(module, units, [mutant for mutant in mutants if not mutant.state], everything[-1].number, option)
     return mutants
+
+
+def judge(module, units, mutants, size, option):
+    """Runs the test programs one after the other, each for the mutants that the ones before did not catch."""
+    objects = build.compile_units(units, mutants, WORK / module, option.jobs)
+    for name in dict.fromkeys([module, *filter(None, option.tests.split(','))]):
+        target = WORK / module / f'test_{name}'
+        build.link_program(objects, build.link_command(RELEASE, f'tests/test_{name}'), target)
+        program = run.Program(target, ROOT, option.jobs)
+        reaching = program.reached(size)
+        waiting = [mutant for mutant in mutants if mutant.state in ('', 'survived', 'not reached')]
+        program.judge_all(waiting, reaching, progress(f'{module}, tests of {name}'))
+        if option.only and reaching[option.only]:
+            print(program.run(['--gtest_filter=' + ':'.join(reaching[option.only])],
+                              {'MEIBO_MUTANT': option.only}, 600).output)
 
 
 def report(module, mutants, seconds):

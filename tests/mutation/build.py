@@ -15,8 +15,9 @@ from rewrite import blamed, rewrite
 from source import number_mutants
 
 HERE = pathlib.Path(__file__).parent.resolve()
-# Without the precompiled header, which GCC accepts only with the same options, and without warnings.
-OPTIONS = ['-O1', '-w', '-Wno-error', '-Wno-invalid-pch', '-Wno-narrowing', '-fdiagnostics-column-unit=byte',
+# With the assertions of Qt and of the C++ library, which notice an index out of range; without the precompiled header,
+# which GCC accepts only with the same options, and without warnings.
+OPTIONS = ['-O1', '-DQT_FORCE_ASSERTS', '-D_GLIBCXX_ASSERTIONS', '-w', '-Wno-error', '-Wno-invalid-pch', '-Wno-narrowing', '-fdiagnostics-column-unit=byte',
            '-fdiagnostics-color=never']
 ATTEMPTS = 6
 
@@ -58,24 +59,28 @@ def mutants_of(units, jobs):
     return mutants
 
 
-def build_program(units, mutants, link, target, jobs):
-    """Compiles the files that have mutants and links them to the program `target`. `link` is the command and the folder
-    that link the program without mutants. Mutants that don't compile get the state "uncompilable"."""
-    target.parent.mkdir(parents=True, exist_ok=True)
+def compile_units(units, mutants, folder, jobs):
+    """Object files of the source files that have mutants and of Mutated.cpp, in `folder`. Mutants that don't compile get
+    the state "uncompilable"."""
+    folder.mkdir(parents=True, exist_ok=True)
     by_file = {}
     for mutant in mutants:
         by_file.setdefault(mutant.file, []).append(mutant)
-    runtime = target.parent / 'Mutated.o'
+    runtime = folder / 'Mutated.o'
     subprocess.run(['c++', '-O2', '-std=c++20', '-c', HERE / 'Mutated.cpp', '-o', runtime], check=True)
     changed = [unit for unit in units if unit.name in by_file]
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        objects = list(pool.map(lambda unit: _compile(unit, by_file[unit.name], target.parent), changed))
+        return [*pool.map(lambda unit: _compile(unit, by_file[unit.name], folder), changed), runtime]
+
+
+def link_program(objects, link, target):
+    """Links the program `target`. `link` is the command and the folder that link it without mutants."""
     command, folder = link
     words = shlex.split(command)
     words = words[words.index('&&') + 1 if words[0] == ':' else 0:]
     words = words[:words.index('&&')] if '&&' in words else words
     words[words.index('-o') + 1] = str(target)
-    subprocess.run([words[0], *map(str, objects), str(runtime), *words[1:]], cwd=folder, check=True)
+    subprocess.run([words[0], *map(str, objects), *words[1:]], cwd=folder, check=True)
 
 
 def link_command(build, program):

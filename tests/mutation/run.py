@@ -16,8 +16,8 @@ FIRST_SECONDS = (0.5, 5)  # duration of the tests that run before the others
 
 
 class Program:
-    def __init__(self, path, root, jobs):
-        self.path, self.jobs = path, jobs
+    def __init__(self, path, root, jobs, grace=15):
+        self.path, self.jobs, self.grace = path, jobs, grace  # seconds that a run may take longer
         self.sandbox = ['bwrap', '--ro-bind', '/', '/', '--dev', '/dev', '--proc', '/proc', '--tmpfs', '/tmp',
                         '--ro-bind', str(root), str(root), '--ro-bind', str(path.parent), str(path.parent),
                         '--unshare-pid', '--unshare-net', '--unshare-ipc', '--die-with-parent', '--new-session',
@@ -75,18 +75,19 @@ class Program:
             return name, [number for number, byte in enumerate(record.read_bytes()) if byte]
 
     def judge(self, mutant, names):
-        """Sets the state of a mutant: caught, survived or not reached."""
+        """Sets the state of a mutant to "caught", "survived" or "not reached"; one that another program's tests reached
+        is not set to the last."""
         if not names:
-            mutant.state = 'not reached'
+            mutant.state = mutant.state or 'not reached'
             return
         for batch in self._batches(names):
-            timeout = 15 + 4 * sum(self.seconds[name] for name in batch)
+            timeout = self.grace + 4 * sum(self.seconds[name] for name in batch)
             result = self.run(['--gtest_fail_fast', '--gtest_filter=' + ':'.join(batch)],
                               {'MEIBO_MUTANT': mutant.number}, timeout)
             if not result.passed:
                 mutant.state, mutant.detail = 'caught', _cause(result)
                 return
-        mutant.state, mutant.detail = 'survived', f'{len(names)} tests'
+        mutant.state, mutant.detail = 'survived', f'{mutant.detail} {len(names)} tests'.strip()
 
     def _batches(self, names):
         """The tests in up to three parts, the quick ones first; a process runs them in its own order."""

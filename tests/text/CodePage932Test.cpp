@@ -79,6 +79,13 @@ TEST(CodePage932, AQuestionMarkOfTheTextIsNotLost) {
     EXPECT_EQ(encoded.lost, 2);
 }
 
+TEST(CodePage932, TextIsAppendedAfterTheBytesThatAreThere) {
+    QByteArray bytes("ab");
+    EXPECT_EQ(AppendEncoded932(u"山c", bytes), 0);
+    EXPECT_EQ(AppendEncoded932(u"€d", bytes), 1);
+    EXPECT_EQ(bytes.toHex(' ').toUpper(), "61 62 8E 52 63 3F 64");
+}
+
 TEST(CodePage932, LengthCountsFullWidthTwiceAndHalfWidthOnce) {
     EXPECT_EQ(ByteLength932(u""), 0);
     EXPECT_EQ(ByteLength932(u"ABC 123"), 7);

@@ -37,8 +37,9 @@ TEST(FieldText, NumericValueTakesTheDigitsAtTheHead) {
         QString text;
         int expected;
     };
-    const QList<NumberCase> cases = {{u""_s, 0},      {u"abc"_s, 0}, {u"0"_s, 0},    {u"007"_s, 7}, {u" 1 2"_s, 12},
-                                     {u"12a3"_s, 12}, {u"-5"_s, 0},  {u"１２"_s, 0}, {u"1.9"_s, 1}, {u" "_s, 0}};
+    const QList<NumberCase> cases = {{u""_s, 0},      {u"abc"_s, 0},   {u"0"_s, 0},   {u"007"_s, 7},
+                                     {u" 1 2"_s, 12}, {u"12a3"_s, 12}, {u"-5"_s, 0},  {u"１２"_s, 0},
+                                     {u"1.9"_s, 1},   {u" "_s, 0},     {u"1:2"_s, 1}, {u"1/2"_s, 1}};
     for (const NumberCase& test : cases) EXPECT_EQ(NumericValue(test.text), test.expected) << test.text.toStdString();
 }
 
@@ -61,17 +62,39 @@ TEST(FieldText, NumbersAreFormattedByTheMask) {
         {u"1.5"_s, u"000"_s, u"002"_s},
         {u"99.5"_s, u"00"_s, u"100"_s},
         {u"1.4"_s, u"000"_s, u"001"_s},
+        {u"-1.4"_s, u"000"_s, u"-001"_s},
+        {u"-1.5"_s, u"000"_s, u"-002"_s},
         {u"+7"_s, u"00"_s, u"07"_s},
         {u".5"_s, u"0"_s, u"1"_s},
         {u"00000000000000000012345"_s, u"000"_s, u"12345"_s},
     };
     for (const MaskCase& test : cases)
         EXPECT_EQ(FormatByMask(test.value, test.mask), test.expected) << test.value.toStdString();
-    EXPECT_EQ(FormatByMask(32753, u"#,###,##0"_s), u"32,753"_s);
+}
+
+TEST(FieldText, IntegersAreFormattedLikeTheirText) {
+    struct IntegerCase {
+        qint64 value;
+        QString mask, expected;
+    };
+    const QList<IntegerCase> cases = {
+        {32753, u"#,###,##0"_s, u"32,753"_s},
+        {0, u"##0"_s, u"0"_s},
+        {0, u"###"_s, u""_s},
+        {1, u"##0"_s, u"1"_s},
+        {-1, u"000"_s, u"-001"_s},
+        {1, u"###"_s, u"1"_s},
+        {-1234, u"#,##0"_s, u"-1,234"_s},
+    };
+    for (const IntegerCase& test : cases) {
+        EXPECT_EQ(FormatByMask(test.value, test.mask), test.expected);
+        EXPECT_EQ(FormatByMask(QString::number(test.value), test.mask), test.expected);
+    }
 }
 
 TEST(FieldText, WhatIsNotANumberPassesTheMaskUnchanged) {
-    for (const QString& value : {u""_s, u"abc"_s, u"1a"_s, u" "_s, u"-"_s, u"."_s, u"1 2"_s, u"1.2.3"_s, u"--1"_s})
+    for (const QString& value :
+         {u""_s, u"abc"_s, u"1a"_s, u" "_s, u"-"_s, u"."_s, u"1 2"_s, u"1.2.3"_s, u"--1"_s, u"1.a5"_s, u"1:"_s})
         EXPECT_EQ(FormatByMask(value, u"000"_s), value);
 }
 
@@ -94,6 +117,21 @@ TEST(FieldText, CutAndNoticeCountByBytesAndGiveCharacters) {
     for (const CutCase& test : cases) {
         EXPECT_EQ(CutToLength(test.text, test.maxBytes), test.cut) << test.text.toStdString();
         EXPECT_EQ(OverflowCount(test.text, test.maxBytes), test.overflow) << test.text.toStdString();
+    }
+}
+
+TEST(FieldText, OnlyAWholeSurrogatePairIsKeptTogether) {
+    const QString high(QChar(0xD842));
+    const QString low(QChar(0xDFB7));
+    const QList<CutCase> cases = {
+        {high + low, 1, u""_s, 2},
+        {u'a' + high + u'b', 2, u'a' + high, 1},
+        {u'a' + low, 1, u"a"_s, 1},
+        {low, 0, u""_s, 1},
+    };
+    for (const CutCase& test : cases) {
+        EXPECT_EQ(CutToLength(test.text, test.maxBytes), test.cut);
+        EXPECT_EQ(OverflowCount(test.text, test.maxBytes), test.overflow);
     }
 }
 
