@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -109,7 +110,11 @@ TEST_F(AtomicFileTest, WithoutCommitNothingIsReplaced) {
 TEST_F(AtomicFileTest, FolderPipeAndDeviceAreNotReplaced) {
     ASSERT_TRUE(QDir().mkdir(Path(u"folder"_s)));
     ASSERT_EQ(::mkfifo(EncodedPath(u"pipe"_s).constData(), 0600), 0);
-    ASSERT_EQ(::symlink("/dev/null", EncodedPath(u"device"_s).constData()), 0);
+    // A device of its own, since the machine's could be replaced by a failure. Where that is not allowed, a second
+    // pipe.
+    const bool made = ::mknod(EncodedPath(u"device"_s).constData(), S_IFCHR | 0600, makedev(1, 3)) == 0;
+    ASSERT_TRUE(made || ::mkfifo(EncodedPath(u"device"_s).constData(), 0600) == 0);
+    ASSERT_EQ(::symlink("device", EncodedPath(u"link"_s).constData()), 0);
     const QStringList names = Names();
     for (const QString& name : names) {
         EXPECT_FALSE(platform::ReplaceFile(Path(name), "new", error)) << name.toStdString();
@@ -117,8 +122,9 @@ TEST_F(AtomicFileTest, FolderPipeAndDeviceAreNotReplaced) {
     }
     EXPECT_EQ(Names(), names);
     EXPECT_TRUE(QFileInfo(Path(u"folder"_s)).isDir());
-    EXPECT_FALSE(QFileInfo(Path(u"pipe"_s)).isFile());
-    EXPECT_FALSE(QFileInfo(u"/dev/null"_s).isFile());
+    for (const QString& name : {u"pipe"_s, u"device"_s, u"link"_s})
+        EXPECT_FALSE(QFileInfo(Path(name)).isFile()) << name.toStdString();
+    EXPECT_TRUE(QFileInfo(Path(u"link"_s)).isSymLink());
 }
 
 TEST_F(AtomicFileTest, LinkIsFollowedOrRefusedAndNeverReplaced) {
@@ -141,6 +147,26 @@ TEST_F(AtomicFileTest, LinkIsFollowedOrRefusedAndNeverReplaced) {
 TEST_F(AtomicFileTest, MissingFolderIsAnError) {
     EXPECT_FALSE(platform::ReplaceFile(Path(u"no/where"_s), "new", error));
     EXPECT_FALSE(error.isEmpty());
+}
+
+TEST_F(AtomicFileTest, AFailedRenameIsReported) {
+    AtomicFile file(Path());
+    ASSERT_TRUE(file.Open());
+    ASSERT_TRUE(file.Write("new"));
+    ASSERT_TRUE(QDir().mkpath(Path(u"target/sub"_s)));
+    EXPECT_FALSE(file.Commit());
+    EXPECT_FALSE(file.ErrorText().isEmpty());
+    EXPECT_EQ(Names(), QStringList{u"target"_s});
+}
+
+TEST_F(AtomicFileTest, AFailedReadOfTheSourceIsNoEndOfIt) {
+    const QString unreadable = u"/proc/self/mem"_s;  // a plain file whose first bytes can't be read
+    WriteBytes(Path(), "old");
+    WriteBytes(Path(u"empty"_s), "");
+    EXPECT_FALSE(platform::LocalFileSystem().CopyFile(unreadable, Path()));
+    EXPECT_EQ(ReadBytes(Path()), "old");
+    EXPECT_FALSE(platform::SameContent(unreadable, Path(u"empty"_s)));
+    EXPECT_FALSE(platform::SameContent(Path(u"empty"_s), unreadable));
 }
 
 TEST_F(AtomicFileTest, CopyOfAPipeOrADeviceFailsAtOnce) {

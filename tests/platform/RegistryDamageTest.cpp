@@ -2,6 +2,8 @@
 
 #include "platform/RegistryFixture.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -9,6 +11,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <chrono>
 
 #include "support/FileBytes.h"
 #include "support/FileSizeLimit.h"
@@ -122,6 +125,30 @@ TEST_F(RegistryTest, LockBelongsToItsWriterAlone) {
     ASSERT_EQ(::chmod(QFile::encodeName(lock).constData(), 0644), 0);
     Made(kOffice + u"\\Deep"_s);
     EXPECT_EQ(ModeOf(lock), 0600U) << "as an earlier version has left it";
+}
+
+TEST_F(RegistryTest, LinkInPlaceOfTheLockIsDeniedAndNotFollowed) {
+    const QString letter = folder.filePath(u"letter"_s);
+    WriteBytes(letter, "private");
+    ASSERT_EQ(::chmod(QFile::encodeName(letter).constData(), 0644), 0);
+    ASSERT_TRUE(QFile::link(letter, UserFile() + u".lock"_s));
+    RegistryKey key;
+    EXPECT_EQ(registry.CreateKey(UserRoot(), kOffice, kRegistryAll, key), kRegistryDenied);
+    EXPECT_EQ(ModeOf(letter), 0644U);
+    EXPECT_FALSE(QFile::exists(UserFile()));
+}
+
+TEST_F(RegistryTest, LockThatIsHeldForLongEndsTheWriteAfterFiveSeconds) {
+    const RegistryKey key = Made(kOffice);
+    const QByteArray before = ReadBytes(UserFile());
+    const int lock = ::open(QFile::encodeName(UserFile() + u".lock"_s).constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(SetText(key, u"Path"_s, u"x"_s), kRegistryLocked);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    ::close(lock);
+    EXPECT_EQ(ReadBytes(UserFile()), before);
+    EXPECT_EQ(SetText(key, u"Path"_s, u"x"_s), kRegistryDone);
 }
 
 /// Non-regular file in place of the registry file, and how to create it.

@@ -18,6 +18,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/report-host/HostMessages.h"
 #include "support/AsOtherUser.h"
+#include "support/FileBytes.h"
 
 using namespace Qt::StringLiterals;
 using namespace platform;
@@ -102,6 +103,36 @@ TEST_F(HostFolderTest, ThatOthersMayEnterIsRefusedAndNothingIsSentThere) {
         SetMode(Folder(), mode);
         ExpectRefusal();
     }
+}
+
+TEST_F(HostFolderTest, ThatIsAFileIsRefused) {
+    WriteBytes(Folder(), "");
+    SetMode(Folder(), 0700);
+    EXPECT_EQ(Failure(Forms()),
+              u"フォルダ「%1」は自分専用のものではないため、帳票ホストとの連絡に使えません。"_s.arg(Folder()));
+}
+
+TEST_F(HostFolderTest, OfTheSessionIsUsedOnlyIfItIsForThisUserAloneAndShortEnough) {
+    const auto used = [](const QString& session) {
+        qputenv("XDG_RUNTIME_DIR", session.toUtf8());
+        return QFileInfo(HostSocketPath(Forms())).path();
+    };
+    const QString session = temporary.filePath(u"session"_s), longest = temporary.filePath(QString(60, u'x'));
+    ASSERT_TRUE(Make(session) && Make(longest));
+    EXPECT_EQ(used(session), session);
+    EXPECT_EQ(used(longest), Folder());
+    SetMode(session, 0755);
+    EXPECT_EQ(used(session), Folder());
+}
+
+TEST_F(HostFolderTest, ForTemporaryFilesIsUsedOnlyIfItIsAbsoluteAndShortEnough) {
+    const QString usual = u"/tmp/youin-meibo-%1"_s.arg(::getuid());
+    const bool existed = QFileInfo::exists(usual);
+    for (const QByteArray& place : {QByteArray("relative"), temporary.path().toUtf8() + '/' + QByteArray(60, 'x')}) {
+        qputenv("TMPDIR", place);
+        EXPECT_EQ(QFileInfo(HostSocketPath(Forms())).path(), usual) << place.toStdString();
+    }
+    if (!existed) QDir().rmdir(usual);
 }
 
 TEST(ReportHostPeer, HostOfAnotherUserIsSentNothing) {

@@ -207,6 +207,9 @@ TEST(TerminationRequest, ArrivesAsAnEventFromSystemSessionAndTerminal) {
         ASSERT_EQ(kill(getpid(), signal), 0);
         EXPECT_FALSE(arrived);  // not inside the signal handler
         EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; })) << signal;
+        struct sigaction set = {};
+        ASSERT_EQ(::sigaction(signal, nullptr, &set), 0);
+        EXPECT_NE(set.sa_flags & SA_RESTART, 0) << "interrupts no call of the system";
     }
 }
 

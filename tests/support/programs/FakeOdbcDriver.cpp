@@ -2,7 +2,8 @@
 // drivers of engines that get statements unchanged.
 //   MEIBO_TEST_DRIVER_LOG     the log file, one line per call
 //   MEIBO_TEST_DRIVER_ENGINE  the engine name that it reports
-//   MEIBO_TEST_DRIVER_CELL    length in characters of the first column's text in each row, if set
+//   MEIBO_TEST_DRIVER_CELL    length in characters of the first column's text in each row, if set;
+//                             "endless": unknown length, and no end
 //   MEIBO_TEST_DRIVER_FAILS   calls that fail, separated by commas: commit, rollback, autocommit 1
 //   MEIBO_TEST_DRIVER_PORT    port of a local server, which it connects to; the engine name is then received from there
 // A statement with "M長" runs until it is cancelled; the cancel then blocks until the statement is freed, at most 4 s.
@@ -35,6 +36,7 @@ struct Cell {
     bool null = false;
     size_t given = 0;  // units that have been fetched
     bool finished = false;
+    bool endless = false;
 };
 
 struct Statement {
@@ -45,8 +47,9 @@ struct Statement {
 
 // A text that is fetched in several pieces, with a surrogate pair across the first boundary, then a Null.
 std::vector<Cell> RowAt(int row) {
-    if (const char* units = std::getenv("MEIBO_TEST_DRIVER_CELL"))
-        return {{Text(std::strtoul(units, nullptr, 10), u'x')}, {u"", true}};
+    const char* units = std::getenv("MEIBO_TEST_DRIVER_CELL");
+    if (units != nullptr && std::strcmp(units, "endless") == 0) return {{u"", false, 0, false, true}, {u"", true}};
+    if (units != nullptr) return {{Text(std::strtoul(units, nullptr, 10), u'x')}, {u"", true}};
     if (row == 0) return {{Text(1022, u'長') + u"𠮷" + Text(2000, u'い')}, {u"", true}};
     return {{u""}, {u"短"}};
 }
@@ -241,9 +244,23 @@ SQLRETURN SQLFetch(SQLHSTMT handle) {
 }
 
 // Copies as much as fits, with a NUL terminator; reports the total remaining length.
+static SQLRETURN GiveEndless(Cell& cell, SQLWCHAR* units, SQLLEN bytes, SQLLEN* left) {
+    constexpr size_t kEnd = size_t{1} << 26;
+    const size_t count = static_cast<size_t>(bytes) / sizeof(SQLWCHAR) - 1;
+    std::fill_n(units, count, SQLWCHAR{u'x'});
+    units[count] = 0;
+    *left = SQL_NO_TOTAL;
+    cell.given += count;
+    if (cell.given < kEnd) return SQL_SUCCESS_WITH_INFO;
+    Note("endless cell read");
+    cell.finished = true;
+    return SQL_SUCCESS_WITH_INFO;
+}
+
 SQLRETURN SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT, SQLPOINTER target, SQLLEN bytes, SQLLEN* left) {
     Cell& cell = static_cast<Statement*>(handle)->cells[column - 1U];
     if (cell.finished) return SQL_NO_DATA;
+    if (cell.endless) return GiveEndless(cell, static_cast<SQLWCHAR*>(target), bytes, left);
     const size_t rest = cell.text.size() - cell.given;
     *left = cell.null ? SQL_NULL_DATA : static_cast<SQLLEN>(rest * sizeof(SQLWCHAR));
     const size_t count = std::min(rest, static_cast<size_t>(bytes) / sizeof(SQLWCHAR) - 1);
