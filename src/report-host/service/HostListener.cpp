@@ -53,7 +53,7 @@ quint64 InodeOf(const QByteArray& name) {
     return ::lstat(name.constData(), &found) == 0 ? found.st_ino : 0;
 }
 
-/// Removes the sockets that hosts of the same forms file left because they were killed before they had the name.
+/// Removes the sockets that hosts of the same template file left because they were killed before they had the name.
 void RemoveStaleSockets(const QByteArray& name) {
     const QFileInfo socket(QFile::decodeName(name));
     const QDir folder = socket.dir();
@@ -74,26 +74,27 @@ HostListener::HostListener(const QString& templateFile) {
         return;
     }
     socket_ = NewSocket();
-    if (!Listen() || !TakeName()) ::close(std::exchange(socket_, -1));
+    temporaryName_ = name_ + '.' + QByteArray::number(::getpid());
+    if (!Listen() || !TakeName()) {
+        ::unlink(temporaryName_.constData());
+        ::close(std::exchange(socket_, -1));
+    }
     RemoveStaleSockets(name_);
 }
 
 /// Listens under a temporary name first: a bound socket refuses connections until listen() has been called.
 bool HostListener::Listen() {
-    const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
-    ::unlink(own.constData());
-    return OnAddress(own, [this](auto* address, auto size) { return ::bind(socket_, address, size); }) &&
+    ::unlink(temporaryName_.constData());
+    return OnAddress(temporaryName_, [this](auto* address, auto size) { return ::bind(socket_, address, size); }) &&
            ::listen(socket_, kBacklog) == 0;
 }
 
 bool HostListener::TakeName() {
-    const QByteArray own = name_ + '.' + QByteArray::number(::getpid());
     const int older = ConnectTo(name_);
-    inode_ = InodeOf(own);
-    const bool taken = ::rename(own.constData(), name_.constData()) == 0;
-    if (!taken) ::unlink(own.constData());
+    inode_ = InodeOf(temporaryName_);
+    const bool taken = ::rename(temporaryName_.constData(), name_.constData()) == 0;
     if (older >= 0) {
-        const QByteArray release = platform::LineOf({platform::HostVerb::Release, {}, 0});
+        const QByteArray release = platform::LineOf({.verb = platform::HostVerb::Release, .report = {}, .view = 0});
         if (taken) ::send(older, release.constData(), static_cast<size_t>(release.size()), MSG_NOSIGNAL);
         ::close(older);
     }

@@ -30,7 +30,7 @@ class HostListener {
     bool TakeName();
     bool OwnsPath() const;
 
-    QByteArray name_;
+    QByteArray name_, temporaryName_;
     QString openError_;
     int socket_ = -1;
     quint64 inode_ = 0;  ///< of the socket file that this host created
