@@ -6,8 +6,12 @@
 
 namespace {
 
+const QString kName = QStringLiteral("DoubleClickGuard");
+
 class DoubleClickGuard : public QObject {
   public:
+    using QObject::QObject;
+
     void Await(const QMouseEvent& click) {
         until_ = click.timestamp() + static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
         place_ = click.globalPosition();
@@ -48,6 +52,12 @@ class DoubleClickGuard : public QObject {
 }  // namespace
 
 SecondPressGuard::~SecondPressGuard() {
-    static DoubleClickGuard second;
-    if (window_ == nullptr || !window_->isVisible()) second.Await(click_);
+    if (window_ != nullptr && window_->isVisible()) return;
+    // A child of the application, so that nothing outlives it; one is enough, since only the newest click counts.
+    auto* guard = qApp->findChild<QObject*>(kName, Qt::FindDirectChildrenOnly);
+    if (guard == nullptr) {
+        guard = new DoubleClickGuard(qApp);
+        guard->setObjectName(kName);
+    }
+    static_cast<DoubleClickGuard*>(guard)->Await(click_);
 }

@@ -62,11 +62,11 @@ void ApplySuiteStyle(QApplication& application) {
 }
 
 void InstallTranslator(QCoreApplication& application) {
-    static QTranslator translator;
+    auto* translator = new QTranslator(&application);
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
-    if (translator.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        application.installTranslator(&translator);
+    if (translator->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        application.installTranslator(translator);
 }
 
 void InstallWindowServices(platform::ServiceSet& services) {

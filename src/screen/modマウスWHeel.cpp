@@ -4,7 +4,6 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <exception>
-#include <memory>
 
 #include "screen/Form.h"
 
@@ -19,7 +18,7 @@ quint32 MessageOf(const QWheelEvent& event) {
 class WheelHook : public QObject {
   public:
     WheelHook(Form& form, Control& scrollBar, int step)
-        : form_(form), barWidget_(&scrollBar.Widget()), bar_(scrollBar), step_(step) {
+        : QObject(&form), form_(form), barWidget_(&scrollBar.Widget()), bar_(scrollBar), step_(step) {
         form.installEventFilter(this);
     }
 
@@ -51,21 +50,23 @@ class WheelHook : public QObject {
     int step_;
 };
 
-std::unique_ptr<WheelHook>& Hook() {
-    static std::unique_ptr<WheelHook> hook;
+/// The hook belongs to its form and is null after the form has been destroyed.
+QPointer<WheelHook>& Hook() {
+    static QPointer<WheelHook> hook;
     return hook;
 }
 
 }  // namespace
 
 bool InstallWheelHook(Form& form, Control& scrollBar, int step) {
-    Hook() = std::make_unique<WheelHook>(form, scrollBar, step);
+    delete Hook();
+    Hook() = new WheelHook(form, scrollBar, step);
     return true;
 }
 
 bool RemoveWheelHook() {
-    const bool present = Hook() != nullptr;
-    Hook().reset();
+    const bool present = !Hook().isNull();
+    delete Hook();
     return present;
 }
 

@@ -7,7 +7,7 @@ class Form;
 
 /// Each wheel event over the form changes the bar's Value by `step`, increasing it when scrolling towards the user,
 /// clamped to its bounds, while the bar is enabled. The distance is ignored. The form still gets the event. Only one
-/// hook at a time; the form must outlive it. False if the hook cannot be set.
+/// hook at a time; it is destroyed with the form. False if the hook cannot be set.
 bool InstallWheelHook(Form& form, Control& scrollBar, int step);
 /// Removes the hook. False if there is none.
 bool RemoveWheelHook();

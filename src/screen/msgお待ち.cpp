@@ -20,10 +20,10 @@ constexpr int kPaintTimeout = 300;  // milliseconds
 constexpr auto kProgressAfter = 500ms;
 constexpr auto kProgressEvery = 100ms;
 
-QPointer<msgお待ち>& Dialog() {
-    static QPointer<msgお待ち> dialog;
-    return dialog;
-}
+const QString kName = u"msgお待ち"_s;
+
+/// The dialog while it is loaded, otherwise null.
+msgお待ち* Dialog() { return static_cast<msgお待ち*>(LoadedForm(kName)); }
 
 /// The display server exposes the window later than one iteration of events; without waiting it would stay blank for
 /// the whole job. User input stays queued.
@@ -38,7 +38,7 @@ void PaintNow(const QPointer<QWidget>& window) {
 
 }  // namespace
 
-msgお待ち::msgお待ち() : Form(u"msgお待ち"_s), shown_(platform::Services().clock->Elapsed()) {
+msgお待ち::msgお待ち() : Form(kName), shown_(platform::Services().clock->Elapsed()) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(u"要員名簿照会"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -72,19 +72,16 @@ void msgお待ち::ShowProgress(const QString& job, int done, int count) {
 void SetWindowTop(QWidget& window) { window.raise(); }
 
 void ShowWaitDialog() {
-    if (Dialog().isNull()) Dialog() = new msgお待ち;
-    Dialog()->ShowModeless();
+    msgお待ち* dialog = Dialog() != nullptr ? Dialog() : new msgお待ち;
+    dialog->ShowModeless();
     platform::ProcessEvents();
-    PaintNow(Dialog().data());
+    PaintNow(Dialog());
 }
 
 void PaintProgress(const QString& job, int done, int count) {
-    if (!Dialog().isNull()) Dialog()->ShowProgress(job, done, count);
+    if (msgお待ち* dialog = Dialog()) dialog->ShowProgress(job, done, count);
 }
 
 void UnloadWaitDialog() {
-    if (Dialog().isNull()) return;
-    msgお待ち* dialog = Dialog();
-    Dialog().clear();
-    dialog->UnloadForm();
+    if (msgお待ち* dialog = Dialog()) dialog->UnloadForm();
 }

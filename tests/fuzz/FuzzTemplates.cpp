@@ -97,9 +97,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QString text = input.Text();
     const qsizetype lines = text.count(u'\n') + 1;
     const ParsedTemplate parsed = ParseTemplate(text);
-    for (const TemplateError& mistake : parsed.errors) {
-        Require(mistake.line >= 0 && mistake.line <= lines, "a mistake lies in the text");
-        Require(!mistake.Description().isEmpty(), "a mistake has a reason");
+    for (const TemplateError& error : parsed.errors) {
+        Require(error.Line() >= 0 && error.Line() <= lines, "an error has a line of the text");
+        Require(!error.Description().isEmpty(), "an error has a description");
     }
     if (parsed.errors.isEmpty()) PaintPage(parsed.definition, Values(input.Text()));
     return 0;

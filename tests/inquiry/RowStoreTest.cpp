@@ -59,10 +59,11 @@ TEST_F(RowStore, ResetEmptiesEveryRowItUses) {
     ResetRowStore();
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_EQ(Globals().TopRow, 0);
-    for (const auto& column : Rows().texts)
-        EXPECT_TRUE(std::all_of(column.begin(), column.end(), [](const QString& text) { return text.isEmpty(); }));
-    for (const auto* column : {&Rows().出力対象, &Rows().閲覧区分, &Rows().rowFlag})
-        EXPECT_TRUE(std::all_of(column->begin(), column->end(), [](qint16 value) { return value == 0; }));
+    for (size_t row = 0; row < StaffRowStore::kRows; ++row) {
+        for (const auto& column : Rows().texts) ASSERT_TRUE(column.at(row).isEmpty()) << row;
+        for (const auto* column : {&Rows().出力対象, &Rows().閲覧区分, &Rows().rowFlag})
+            ASSERT_EQ(column->at(row), 0) << row;
+    }
 }
 
 TEST_F(RowStore, RemovingARowMovesTheRowsBelowUpButNotTheirMailAddresses) {

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <sys/syscall.h>
 #include <unistd.h>
 #include <thread>
 
@@ -21,6 +22,17 @@
 using namespace Qt::StringLiterals;
 using platform::HostAnswer;
 using platform::HostVerb;
+
+namespace {
+bool g_listenFails = false;
+}
+
+/// Replaces the library's function in this test program.
+extern "C" int listen(int socket, int backlog) noexcept {
+    if (!g_listenFails) return static_cast<int>(::syscall(SYS_listen, socket, backlog));
+    errno = ENOMEM;
+    return -1;
+}
 
 namespace {
 
@@ -122,7 +134,7 @@ TEST_F(HostListenerTest, NameOfAKilledHostIsTakenOver) {
     EXPECT_EQ(client.state(), QLocalSocket::ConnectedState);
 }
 
-TEST_F(HostListenerTest, ClosedDoorLeavesNoName) {
+TEST_F(HostListenerTest, ClosedListenerLeavesNoName) {
     {
         const HostListener listener(Forms());
         EXPECT_TRUE(QFile::exists(Name()));
@@ -186,7 +198,7 @@ TEST_F(HostListenerTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
     EXPECT_EQ(Ask(own, HostVerb::Bind).number, 0);
 }
 
-TEST_F(HostListenerTest, DoorStaysClosedWithoutAFolderOfThisUserAlone) {
+TEST_F(HostListenerTest, ListenerStaysClosedWithoutAFolderOfThisUserAlone) {
     // Short enough for the path of a socket, wherever the tests keep their files.
     const QTemporaryDir temporary(u"/tmp/meibo-XXXXXX"_s);
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
@@ -198,4 +210,13 @@ TEST_F(HostListenerTest, DoorStaysClosedWithoutAFolderOfThisUserAlone) {
     EXPECT_FALSE(HostListener(Forms()).IsOpen());
     qputenv("XDG_RUNTIME_DIR", runtime);
     qunsetenv("TMPDIR");
+}
+
+TEST_F(HostListenerTest, FailedListenLeavesNoSocketFile) {
+    g_listenFails = true;
+    const bool open = HostListener(Forms()).IsOpen();
+    g_listenFails = false;
+    EXPECT_FALSE(open);
+    const QFileInfo name(Name());
+    EXPECT_EQ(name.dir().entryList({name.fileName() + u'*'}, QDir::System | QDir::Files), QStringList());
 }

@@ -15,6 +15,7 @@
 
 #include <chrono>
 
+#include "database/DatabaseError.h"
 #include "report-host/DrawnReport.h"
 #include "report-host/preview/PageView.h"
 #include "report-host/preview/PreviewWindow.h"
@@ -127,20 +128,20 @@ TEST_F(PreviewWindowTest, TabReachesThePageAndEveryToolThatWorksAndEachHasAName)
                                   u"縮小"_s, u"倍率"_s, u"拡大"_s, u"閉じる"_s}));
 }
 
-TEST_F(PreviewWindowTest, ScreenReaderIsToldThePageAndTheZoomAlsoBetweenItsEntries) {
+TEST_F(PreviewWindowTest, ScreenReaderGetsThePageAndTheZoomAlsoBetweenItsEntries) {
     Show(3);
-    const auto told = [](QWidget& widget) {
+    const auto reported = [](QWidget& widget) {
         return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Description);
     };
     auto& zoom = *window->findChild<QComboBox*>(u"zoomField"_s);
-    EXPECT_EQ(told(zoom), u"ページ全体"_s);
-    EXPECT_EQ(told(View()), u"1 / 3 ページ"_s);
+    EXPECT_EQ(reported(zoom), u"ページ全体"_s);
+    EXPECT_EQ(reported(View()), u"1 / 3 ページ"_s);
     Press(u"next"_s);
-    EXPECT_EQ(told(View()), u"2 / 3 ページ"_s);
+    EXPECT_EQ(reported(View()), u"2 / 3 ページ"_s);
     zoom.setCurrentIndex(zoom.findText(u"100%"_s));
     Q_EMIT zoom.activated(zoom.currentIndex());
     Press(u"larger"_s);
-    EXPECT_EQ(told(zoom), u"125%"_s);
+    EXPECT_EQ(reported(zoom), u"125%"_s);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&zoom)->text(QAccessible::Name), u"倍率"_s);
 }
 
@@ -218,13 +219,24 @@ TEST_F(PreviewWindowTest, ExistingFileIsOverwrittenOnlyOnYes) {
     EXPECT_EQ(services.dialogs.Texts().value(0), u"%1 は既にあります。\n上書きしますか?"_s.arg(file));
 }
 
-TEST_F(PreviewWindowTest, SaveThatFailsIsTold) {
+TEST_F(PreviewWindowTest, SaveThatFailsIsReported) {
     Show(1);
     services.dialogs.saveAnswers = {u"/nowhere/a.pdf"_s};
     Press(u"save"_s);
     ASSERT_EQ(services.dialogs.shown.size(), 1);
     EXPECT_TRUE(services.dialogs.shown[0].text.contains(u"/nowhere/a.pdf"_s));
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(PreviewWindowTest, RowsThatCannotBeReadAreReportedAndTheWindowStaysOpen) {
+    Show(1);
+    services.dialogs.saveAnswers = {folder.filePath(u"a.pdf"_s)};
+    report->Painting = [](int) { throw database::DatabaseError(database::kEngineFailure, u"disk I/O error"_s); };
+    Press(u"save"_s);
+    EXPECT_EQ(services.dialogs.Texts(), QStringList{u"disk I/O error"_s});
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 TEST_F(PreviewWindowTest, PrintGoesWhereTheReportsGoOrTellsWhyNot) {

@@ -103,7 +103,10 @@ bool PeerIsSameUser(int socket) {
 bool HostSocket::Listen(const QString& path, const QByteArray& message) {
     path_ = QFile::encodeName(path);
     socket_ = NewSocket();
-    if (!ListenAtTemporaryPath() || !TakePath(message)) ::close(std::exchange(socket_, -1));
+    if (!ListenAtTemporaryPath() || !TakePath(message)) {
+        ::unlink(TemporaryPath().constData());
+        ::close(std::exchange(socket_, -1));
+    }
     RemoveDeadSockets(path_);
     return IsOpen();
 }
@@ -123,7 +126,6 @@ bool HostSocket::TakePath(const QByteArray& message) {
     const int older = ConnectTo(path_);
     inode_ = InodeOf(path);
     const bool taken = ::rename(path.constData(), path_.constData()) == 0;
-    if (!taken) ::unlink(path.constData());
     if (older >= 0) {
         if (taken) ::send(older, message.constData(), static_cast<size_t>(message.size()), MSG_NOSIGNAL);
         ::close(older);

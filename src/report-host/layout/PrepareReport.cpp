@@ -2,7 +2,6 @@
 #include "platform/Services.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/layout/ReportPages.h"
-#include "report-host/layout/SqliteQuery.h"
 #include "report-host/template/TemplateFile.h"
 #include "report-host/template/TemplateParser.h"
 

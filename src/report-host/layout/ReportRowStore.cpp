@@ -1,18 +1,13 @@
 #include "report-host/layout/ReportRowStore.h"
 
-#include "report-host/layout/SqliteQuery.h"
+#include "database/sql/Quoting.h"
+#include "database/sqlite/SqliteQuery.h"
 
 using namespace Qt::StringLiterals;
 
 namespace report {
 
 namespace {
-
-QString ListOf(const QStringList& names) {
-    QStringList quoted;
-    for (const QString& name : names) quoted.append(QuotedName(name));
-    return quoted.join(u", "_s);
-}
 
 database::SqliteDatabase OpenPrivateFile() {
     sqlite3* raw = nullptr;
@@ -33,29 +28,28 @@ ReportRowStore::ReportRowStore(sqlite3* source, const QString& table, const QStr
     : database_(OpenPrivateFile()), width_(static_cast<int>(columns.size())) {
     QStringList named{u"c0"_s};  // at least one column, so that rows can be counted even if the template shows none
     for (int i = 1; i < width_; ++i) named.append(u"c%1"_s.arg(i));
-    EachRow(database_.get(),
-            PrepareStatement(database_.get(), u"CREATE TABLE spool ("_s + named.join(u", "_s) + u')').get(), [] {});
-    Copy(source, u"SELECT "_s + (columns.isEmpty() ? u"NULL"_s : ListOf(columns)) + u" FROM "_s + QuotedName(table) +
-                     (order.isEmpty() ? QString() : u" ORDER BY "_s + ListOf(order)));
-    read_ = PrepareStatement(database_.get(), u"SELECT * FROM spool WHERE rowid = ?"_s);
+    database::RunSql(database_.get(), u"CREATE TABLE report_rows ("_s + named.join(u", "_s) + u')');
+    Copy(source, u"SELECT "_s + (columns.isEmpty() ? u"NULL"_s : database::QuotedNames(columns)) + u" FROM "_s +
+                     database::QuotedName(table) +
+                     (order.isEmpty() ? QString() : u" ORDER BY "_s + database::QuotedNames(order)));
+    read_ = database::PrepareSql(database_.get(), u"SELECT * FROM report_rows WHERE rowid = ?"_s);
 }
 
 void ReportRowStore::Copy(sqlite3* source, const QString& select) {
-    const database::SqliteStatement from = PrepareStatement(source, select);
+    const database::SqliteStatement from = database::PrepareSql(source, select);
     const int width = sqlite3_column_count(from.get());
-    const QString places = QStringList(width, u"?"_s).join(u", "_s);
-    const database::SqliteStatement to =
-        PrepareStatement(database_.get(), u"INSERT INTO spool VALUES ("_s + places + u')');
-    database::RunPlain(database_.get(), "BEGIN");
-    EachRow(source, from.get(), [&] {
+    const database::SqliteStatement to = database::PrepareSql(
+        database_.get(), u"INSERT INTO report_rows VALUES ("_s + QStringList(width, u"?"_s).join(u", "_s) + u')');
+    database::RunSql(database_.get(), u"BEGIN"_s);
+    while (database::NextRow(from.get())) {
         for (int i = 0; i < width; ++i)
             if (sqlite3_bind_value(to.get(), i + 1, sqlite3_column_value(from.get(), i)) != SQLITE_OK)
                 throw database::SqliteFailure(database_.get());
-        EachRow(database_.get(), to.get(), [] {});
+        database::NextRow(to.get());
         sqlite3_reset(to.get());
         ++count_;
-    });
-    if (database::RunPlain(database_.get(), "COMMIT") != SQLITE_OK) throw database::SqliteFailure(database_.get());
+    }
+    database::RunSql(database_.get(), u"COMMIT"_s);
 }
 
 QStringList ReportRowStore::Row(int row) {
@@ -64,7 +58,7 @@ QStringList ReportRowStore::Row(int row) {
     if (sqlite3_step(read_.get()) != SQLITE_ROW) throw database::SqliteFailure(database_.get());
     QStringList values;
     values.reserve(width_);
-    for (int i = 0; i < width_; ++i) values.append(TextOf(read_.get(), i));
+    for (int i = 0; i < width_; ++i) values.append(database::ColumnText(read_.get(), i));
     return values;
 }
 

@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
 #include "report-host/layout/PreparedReport.h"
@@ -204,8 +205,9 @@ QString PreviewWindow::Run(const std::function<void()>& job) {
     nextPoll_.setRemainingTime(kPollInterval);
     try {
         job();
-    } catch (const ReportFailure& failure) {
-        return failure.Description();
+    } catch (const std::exception& error) {
+        // Exceptions must not propagate through Qt's event loop.
+        return platform::TextForPeople(error);
     }
     return {};
 }
@@ -233,7 +235,8 @@ void PreviewWindow::Print() {
 
 void PreviewWindow::SavePdf() {
     platform::Dialogs& dialogs = *platform::Services().dialogs;
-    std::optional<QString> file = dialogs.ShowSave({u"PDF ファイル (*.pdf)|*.pdf"_s, 1, name_ + u".pdf"_s});
+    std::optional<QString> file =
+        dialogs.ShowSave({.Filter = u"PDF ファイル (*.pdf)|*.pdf"_s, .FilterIndex = 1, .FileName = name_ + u".pdf"_s});
     if (!file) return;
     if (QFileInfo(*file).suffix().isEmpty()) *file += u".pdf"_s;
     const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);

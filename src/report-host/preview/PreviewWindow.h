@@ -46,7 +46,7 @@ class PreviewWindow : public QMainWindow {
     void ApplyFit();
     void Print();
     void SavePdf();
-    /// Runs a job that may throw ReportFailure, with a wait cursor. Then shows `done` in the status bar, or the reason
+    /// Runs a job that may throw, with a wait cursor. Then shows `done` in the status bar, or the reason
     /// in a message box. Meanwhile all input is dropped except the close box, which cancels the job.
     void RunJob(const std::function<void()>& job, const QString& done);
 

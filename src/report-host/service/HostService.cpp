@@ -61,7 +61,8 @@ void HostService::ReadRequests(QLocalSocket& client) {
         if (request)
             Respond(client, *request);
         else
-            client.write(LineOf(HostAnswer{kNotUnderstood, u"帳票ホストへの要求が正しくありません。"_s}));
+            client.write(LineOf(
+                HostAnswer{.number = kNotUnderstood, .description = u"帳票ホストへの要求が正しくありません。"_s}));
     }
     if (client.bytesAvailable() > kLongestRequest) client.abort();
 }
@@ -72,9 +73,10 @@ void HostService::Respond(QLocalSocket& client, const HostRequest& request) {
     try {
         Dispatch(request);
     } catch (const platform::RuntimeError& error) {
-        answer = {error.Number(), platform::TextForPeople(error)};
+        answer = {.number = error.Number(), .description = platform::TextForPeople(error)};
     } catch (const std::exception& error) {
-        answer = {kReportFailed, u"帳票を作成できません。（%1）"_s.arg(QString::fromUtf8(error.what()))};
+        answer = {.number = kReportFailed,
+                  .description = u"帳票を作成できません。（%1）"_s.arg(QString::fromUtf8(error.what()))};
     }
     client.write(LineOf(answer));
     if (quitting_) {

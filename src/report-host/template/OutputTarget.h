@@ -20,4 +20,4 @@ inline const QString kPrintFolderPrefix = QStringLiteral(".youin-meibo-print-");
 OutputTarget ReadOutputTarget(const QString& templateFile, const QString& report);
 /// Stores the target of a report; an empty `report` means all reports without a row. The default printer deletes the
 /// row. Throws database::DatabaseError.
-void WriteOutputTarget(const QString& templateFile, const QString& report, const OutputTarget& place);
+void WriteOutputTarget(const QString& templateFile, const QString& report, const OutputTarget& target);

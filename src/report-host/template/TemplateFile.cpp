@@ -3,9 +3,8 @@
 #include <QFile>
 
 #include "database/LinkedTables.h"
-#include "database/sqlite/OpenSqlite.h"
+#include "database/sqlite/SqliteQuery.h"
 #include "platform/RuntimeError.h"
-#include "report-host/layout/SqliteQuery.h"
 #include "report-host/template/TemplateParser.h"
 
 using namespace Qt::StringLiterals;
@@ -14,43 +13,44 @@ namespace report {
 
 QString LinkedTable::DatabaseFile() const { return database::DatabaseOfConnectText(connect); }
 
-TemplateFile::TemplateFile(const QString& path, database::ConnectMode mode) {
-    database::ConnectionRequest request;
-    request.dataSource = path;
-    request.mode = mode;
-    database_ = database::OpenSqliteFile(request);
-}
+TemplateFile::TemplateFile(const QString& path, database::ConnectMode mode)
+    : database_(database::OpenSqliteFile(path, mode)) {}
 
 QStringList TemplateFile::Names() const {
     QStringList names;
-    const auto statement = PrepareStatement(database_.get(), u"SELECT 名称 FROM 帳票 ORDER BY rowid"_s);
-    EachRow(database_.get(), statement.get(), [&] { names.append(TextOf(statement.get(), 0)); });
+    const auto rows = database::PrepareSql(database_.get(), u"SELECT 名称 FROM 帳票 ORDER BY rowid"_s);
+    while (database::NextRow(rows.get())) names.append(database::ColumnText(rows.get(), 0));
     return names;
 }
 
 std::optional<QString> TemplateFile::Template(const QString& name) const {
-    std::optional<QString> definition;
-    const auto statement = PrepareStatement(database_.get(), u"SELECT 定義 FROM 帳票 WHERE 名称 = ?"_s, {name});
-    EachRow(database_.get(), statement.get(), [&] { definition = TextOf(statement.get(), 0); });
-    return definition;
+    const auto row = database::PrepareSql(database_.get(), u"SELECT 定義 FROM 帳票 WHERE 名称 = ?"_s, {name});
+    if (!database::NextRow(row.get())) return std::nullopt;
+    return database::ColumnText(row.get(), 0);
 }
 
 void TemplateFile::StoreTemplate(const QString& name, const QString& text) {
-    const auto statement = PrepareStatement(
+    const auto statement = database::PrepareSql(
         database_.get(),
         u"INSERT INTO 帳票 (名称, 定義) VALUES (?, ?) ON CONFLICT (名称) DO UPDATE SET 定義 = excluded.定義"_s,
         {name, text});
-    EachRow(database_.get(), statement.get(), [] {});
+    database::NextRow(statement.get());
 }
 
 std::optional<LinkedTable> TemplateFile::Link(const QString& name) const {
-    std::optional<LinkedTable> link;
-    const auto statement = PrepareStatement(
+    const auto row = database::PrepareSql(
         database_.get(), u"SELECT 名称, 元テーブル, 接続 FROM リンクテーブル WHERE 名称 = ?"_s, {name});
-    EachRow(database_.get(), statement.get(), [&] {
-        link = LinkedTable{TextOf(statement.get(), 0), TextOf(statement.get(), 1), TextOf(statement.get(), 2)};
-    });
-    return link;
+    if (!database::NextRow(row.get())) return std::nullopt;
+    return LinkedTable{.name = database::ColumnText(row.get(), 0),
+                       .source = database::ColumnText(row.get(), 1),
+                       .connect = database::ColumnText(row.get(), 2)};
+}
+
+QStringList ColumnsOf(sqlite3* database, const QString& table) {
+    QStringList columns;
+    const auto rows = database::PrepareSql(database, u"SELECT name FROM pragma_table_info(?)"_s, {table});
+    while (database::NextRow(rows.get())) columns.append(database::ColumnText(rows.get(), 0));
+    return columns;
 }
 
 QString TableOfTemplate(const TemplateDefinition& definition, const QString& report) {
@@ -58,10 +58,7 @@ QString TableOfTemplate(const TemplateDefinition& definition, const QString& rep
 }
 
 database::SqliteDatabase OpenLinked(const LinkedTable& link) {
-    database::ConnectionRequest request;
-    request.dataSource = link.DatabaseFile();
-    request.mode = database::ConnectMode::Read;
-    return database::OpenSqliteFile(request);
+    return database::OpenSqliteFile(link.DatabaseFile(), database::ConnectMode::Read);
 }
 
 QList<TemplateError> TemplateErrorsOf(const TemplateFile& file, const QString& report, const QString& text) {

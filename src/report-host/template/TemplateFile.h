@@ -48,6 +48,9 @@ QString TableOfTemplate(const TemplateDefinition& definition, const QString& rep
 /// Opens the database file of a linked table for reading. Throws database::DatabaseError.
 database::SqliteDatabase OpenLinked(const LinkedTable& link);
 
+/// Column names of a table or view, in order; empty if it does not exist. Throws database::DatabaseError.
+QStringList ColumnsOf(sqlite3* database, const QString& table);
+
 /// All errors that keep `text` from working as template of `report`: syntax errors, a missing or broken linked table,
 /// unknown columns. Nothing is stored.
 QList<TemplateError> TemplateErrorsOf(const TemplateFile& file, const QString& report, const QString& text);

@@ -9,9 +9,9 @@ namespace {
 const QStringList kColumns = {u"コード"_s, u"氏名"_s, u"担当者メモ"_s};
 
 /// The report host copies the rows of a work table into a private temporary database and reads them page by page.
-class SpoolUnderFaults : public FaultTest {
+class ReportRowsUnderFaults : public FaultTest {
   protected:
-    SpoolUnderFaults() {
+    ReportRowsUnderFaults() {
         // Larger than the engine's page cache for the row store, so that its file is written.
         installation.Report().Execute(
             u"WITH n(i) AS (SELECT 3 UNION ALL SELECT i + 1 FROM n WHERE i < 300)"
@@ -28,8 +28,16 @@ class SpoolUnderFaults : public FaultTest {
         request.dataSource = installation.Report().Path();
         request.mode = database::ConnectMode::Read;
         const database::SqliteDatabase source = database::OpenSqliteFile(request);
-        report::ReportRowStore spool(source.get(), u"要員名簿照会"_s, kColumns, {u"コード"_s});
-        for (int row = 0; row < spool.Count(); ++row) rows_ << spool.Row(row);
+        Read(source.get());
+    }
+    void Read(sqlite3* source) {
+        try {
+            report::ReportRowStore store(source, u"要員名簿照会"_s, kColumns, {u"コード"_s});
+            for (int row = 0; row < store.Count(); ++row) rows_ << store.Row(row);
+        } catch (const database::DatabaseError& error) {
+            EXPECT_FALSE(error.Description().contains(u"no transaction is active"_s)) << "a failed BEGIN was ignored";
+            throw;
+        }
     }
     void CheckBehindFault(bool untold) override {
         if (untold) CheckBehindNextWork();
@@ -52,6 +60,6 @@ class SpoolUnderFaults : public FaultTest {
 
 }  // namespace
 
-TEST_F(SpoolUnderFaults, OneFaultOfTheDiskIsToldOrEveryRowIsThere) { EXPECT_GT(FailOnce(), 15); }
+TEST_F(ReportRowsUnderFaults, OneFaultOfTheDiskIsToldOrEveryRowIsThere) { EXPECT_GT(FailOnce(), 15); }
 
-TEST_F(SpoolUnderFaults, NoCellIsPrintedEmptyWhenMemoryRanOut) { EXPECT_GT(RunOutOfMemory(), 300); }
+TEST_F(ReportRowsUnderFaults, NoCellIsPrintedEmptyWhenMemoryRanOut) { EXPECT_GT(RunOutOfMemory(), 300); }
