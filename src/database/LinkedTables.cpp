@@ -28,7 +28,8 @@ QList<TableDef> TablesOf(Connection& connection) {
     QList<TableDef> tables;
     Recordset row;
     row.Open(u"SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY rowid"_s, connection);
-    for (; !row.AtEOF(); row.MoveNext()) tables.append({row[u"name"].TextOr(u""_s), 0, {}, {}});
+    for (; !row.AtEOF(); row.MoveNext())
+        tables.append({.Name = row[u"name"].TextOr(u""_s), .Attributes = 0, .Connect = {}, .SourceName = {}});
     row.Close();
     return tables;
 }
@@ -48,8 +49,10 @@ class SuiteTableFile : public TableFile {
         Recordset row;
         row.Open(u"SELECT 名称, 元テーブル, 接続, 属性 FROM リンクテーブル ORDER BY rowid"_s, connection_);
         for (; !row.AtEOF(); row.MoveNext())
-            tables.append({row[u"名称"].TextOr(u""_s), row[u"属性"].TextOr(u""_s).toLong(), row[u"接続"].TextOr(u""_s),
-                           row[u"元テーブル"].TextOr(u""_s)});
+            tables.append({.Name = row[u"名称"].TextOr(u""_s),
+                           .Attributes = row[u"属性"].TextOr(u""_s).toLong(),
+                           .Connect = row[u"接続"].TextOr(u""_s),
+                           .SourceName = row[u"元テーブル"].TextOr(u""_s)});
         row.Close();
         return tables;
     }

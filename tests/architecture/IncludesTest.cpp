@@ -3,6 +3,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QHash>
+#include <QLibraryInfo>
 #include <QRegularExpression>
 #include <QSet>
 #include <QStringList>
@@ -127,6 +128,24 @@ QStringList SystemCallsIn(const QString& code) {
 }
 
 }  // namespace
+
+TEST(Architecture, ModulesBelowTheScreenIncludeNoWindowSystem) {
+    const QString qt = QLibraryInfo::path(QLibraryInfo::HeadersPath);
+    ASSERT_TRUE(QFile::exists(qt + u"/QtGui/QWindow"_s)) << qPrintable(qt);
+    QStringList faults;
+    for (const QString& file : Sources()) {
+        if (!QStringList{u"text"_s, u"platform"_s, u"database"_s, u"globals"_s, u"data"_s}.contains(
+                file.section(u'/', 0, 0)))
+            continue;
+        for (const QString& header : Includes(file, u"<([^>]+)>"_s)) {
+            const bool window = header.startsWith(u"xcb/"_s) || header.startsWith(u"X11/"_s) ||
+                                QFile::exists(qt + u"/QtGui/"_s + header) ||
+                                QFile::exists(qt + u"/QtWidgets/"_s + header);
+            if (window) faults.append(file + u": <"_s + header + u'>');
+        }
+    }
+    EXPECT_EQ(faults.join(u'\n').toStdString(), "");
+}
 
 TEST(Architecture, SystemCallsAreRecognised) {
     EXPECT_EQ(SystemCallsIn(u"const int file = ::open(path, 0); ::flock (file, 1); return geteuid();"_s),

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
 
 #include "database/Database.h"
@@ -89,6 +90,25 @@ TEST_F(EndRequestTest, AStatementThatEndsIsFinishedInSpiteOfARequest) {
     CarryOutEndRequest();
     EXPECT_EQ(ends, 1);
     EXPECT_EQ(file.Value(u"SELECT group_concat(値, ',') FROM 印"_s), u"a,b,終了"_s);
+}
+
+TEST_F(EndRequestTest, ARequestOfTheSourceBreaksAStatementOffAndIsCarriedOut) {
+    class Source : public EndSource {
+      public:
+        bool Pending() const override { return pending; }
+        void CarryOut() override {
+            ++carriedOut;
+            pending = false;
+        }
+        std::atomic<bool> pending = true;
+        int carriedOut = 0;
+    } source;
+    SetEndSource(&source);
+    EXPECT_EQ(ErrorOf([this] { Column(connection, u"SELECT n FROM 終わらない"_s, u"n"); }), u"interrupted"_s);
+    SetEndSource(nullptr);
+    EXPECT_EQ(source.carriedOut, 1);
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(connection.IsOpen());
 }
 
 TEST_F(EndRequestTest, AStatementOfTheEndIsBrokenOffAfterFiveSeconds) {

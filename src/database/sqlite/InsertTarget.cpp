@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <algorithm>
+
 #include "database/sql/Quoting.h"
 
 namespace database {

@@ -18,7 +18,10 @@ constexpr mode_t kModeBits = 07777;
 constexpr mode_t kOwnerAndGroupFile = 0660;
 
 FileRights From(const struct stat& found) {
-    return {found.st_uid, found.st_gid, found.st_mode & kModeBits, S_ISDIR(found.st_mode)};
+    return {.owner = found.st_uid,
+            .group = found.st_gid,
+            .mode = found.st_mode & kModeBits,
+            .folder = S_ISDIR(found.st_mode)};
 }
 
 bool IsFileOrFolder(const struct stat& found) { return S_ISREG(found.st_mode) || S_ISDIR(found.st_mode); }
@@ -100,7 +103,8 @@ bool ShareWithFolder(const QString& file, const QString& folder) {
 std::optional<UserAccount> AccountOf(const QString& userName) {
     const passwd* entry = ::getpwnam(QFile::encodeName(userName).constData());
     if (entry == nullptr) return std::nullopt;
-    return UserAccount{entry->pw_uid, QFile::decodeName(entry->pw_dir), GroupsOfAccount(*entry)};
+    return UserAccount{
+        .id = entry->pw_uid, .home = QFile::decodeName(entry->pw_dir), .groups = GroupsOfAccount(*entry)};
 }
 
 unsigned RealUserId() { return ::getuid(); }

@@ -56,7 +56,10 @@ bool SameContent(const QString& one, const QString& other) {
 FileVersion FileVersionOf(const QString& path) {
     struct stat status = {};
     if (::stat(QFile::encodeName(path).constData(), &status) != 0) return {};
-    return {status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return {.inode = status.st_ino,
+            .size = status.st_size,
+            .seconds = status.st_mtim.tv_sec,
+            .nanoseconds = status.st_mtim.tv_nsec};
 }
 
 bool IsSpecialFile(const QString& path) {

@@ -100,7 +100,10 @@ QList<ScratchLeftover> ScratchLeftovers(const QString& parent, const QString& pr
         const bool known = QFileInfo::exists(entry.filePath() + u'/' + kLockFile);
         const int lock = known ? TakeLock(entry.filePath(), 0) : -1;
         if (known && lock < 0) continue;
-        found.append({entry.filePath(), rights->owner, known ? NoteIn(lock) : QByteArray(), known});
+        found.append({.path = entry.filePath(),
+                      .owner = rights->owner,
+                      .note = known ? NoteIn(lock) : QByteArray(),
+                      .known = known});
         if (lock >= 0) ::close(lock);
     }
     return found;

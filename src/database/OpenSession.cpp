@@ -1,3 +1,5 @@
+// Part of DatabaseSession.h: OpenSession and what sessions have in common.
+
 #include "database/DatabaseSession.h"
 
 #include <array>
