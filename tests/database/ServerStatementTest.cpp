@@ -185,6 +185,7 @@ INSTANTIATE_TEST_SUITE_P(
                     u"SELECT 1 FROM t ORDER BY 氏名 || カナ"_s, u"SELECT 1 FROM t ORDER BY コード, MAX(t.氏名) DESC"_s,
                     u"SELECT 1 FROM t ORDER BY 氏名 COLLATE x"_s, u"SELECT 1 FROM t ORDER BY (氏名)"_s,
                     u"SELECT x FROM (SELECT 氏名 AS x FROM t) AS s ORDER BY x"_s,
+                    u"SELECT x FROM (SELECT 氏名 AS x FROM t) AS s ORDER BY 1"_s,
                     u"SELECT y FROM (SELECT x y FROM (SELECT 氏名 x FROM t) AS s) AS r ORDER BY r.y"_s,
                     u"SELECT a FROM (SELECT 氏名 FROM t) AS s (a) ORDER BY a"_s,
                     u"WITH s AS (SELECT 氏名 FROM t) SELECT * FROM s ORDER BY 1"_s));
