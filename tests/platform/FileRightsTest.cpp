@@ -37,8 +37,8 @@ TEST_F(FileRightsTest, AreNeverSetThroughALinkOrUnderASecondName) {
     MakeLink(File(), folder.filePath(u"link"_s));
     EXPECT_FALSE(platform::SetRights(folder.filePath(u"link"_s), platform::OwnGroupId(), 0666));
     EXPECT_EQ(ModeOf(File()), 0600U);
-    ASSERT_EQ(::link(QFile::encodeName(File()).constData(), QFile::encodeName(folder.filePath(u"second"_s)).constData()),
-              0);
+    ASSERT_EQ(
+        ::link(QFile::encodeName(File()).constData(), QFile::encodeName(folder.filePath(u"second"_s)).constData()), 0);
     EXPECT_FALSE(platform::SetRights(File(), platform::OwnGroupId(), 0666));
     EXPECT_EQ(ModeOf(File()), 0600U);
 }
