@@ -1,5 +1,6 @@
 #include "access/PinDialogDriver.h"
 #include "access/RightsFixture.h"
+#include "access/msg暗証番号確認.h"
 #include "data/RunHistory.h"
 #include "screen/InputItem.h"
 #include "screen/WidgetDialogs.h"
@@ -285,6 +286,19 @@ TEST_P(LookupWithoutARow, LeavesThePrivilegedPinOfTheOffice) {
 }
 // Unknown, retired, of an office out of scope.
 INSTANTIATE_TEST_SUITE_P(Of, LookupWithoutARow, testing::Values(u"88888", u"00003", u"00004"));
+
+TEST_F(PinDialog, AnUnknownLoginNameForgetsThePinOfThePersonBefore) {
+    EXPECT_FALSE(Ask([this](PinDialogDriver& user) {
+        EnterCode(user, u"00002"_s);
+        bool found = true;
+        dynamic_cast<msg暗証番号確認&>(user.Dialog()).LookUpStaffByLogin(u"nobody-of-this-name"_s, found);
+        EXPECT_FALSE(found);
+        user.EnterPin(u"PIN02"_s);
+        EXPECT_EQ(services.dialogs.Texts(), QStringList{kWrong});
+        user.Click(u"btn_キャンセル"_s);
+    }));
+    EXPECT_FALSE(Globals().OperatorAuthenticated);
+}
 
 TEST_F(PinDialog, AFailedLookUpForgetsThePinOfThePersonBefore) {
     EXPECT_FALSE(Ask([this](PinDialogDriver& user) {

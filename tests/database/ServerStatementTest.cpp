@@ -121,6 +121,9 @@ INSTANTIATE_TEST_SUITE_P(
         Case{u"comments are left out, for engines read them otherwise"_s,
              u"SELECT a/*! , b */FROM t --x\n WHERE a = '/*' -- y"_s, u"SELECT a FROM t WHERE a = '/*' "_s,
              u"SELECT a FROM t WHERE a = '/*' "_s},
+        Case{u"a place of Nulls that is written stays"_s, u"SELECT a FROM t ORDER BY a DESC NULLS FIRST, b"_s,
+             u"SELECT a FROM t ORDER BY a DESC NULLS FIRST, b NULLS FIRST"_s,
+             u"SELECT a FROM t ORDER BY a DESC NULLS FIRST, b"_s},
         Case{u"a column whose name is LIKE"_s, u"SELECT t.like FROM t"_s, u"SELECT t.like FROM t"_s,
              u"SELECT t.like FROM t"_s},
         Case{u"a statement of another kind passes"_s, u"CREATE TABLE [t] (氏名 TEXT)"_s,
@@ -189,6 +192,7 @@ INSTANTIATE_TEST_SUITE_P(
                     u"SELECT 1 FROM t ORDER BY 氏名 COLLATE x"_s,
                     u"SELECT 1 FROM t ORDER BY MAX(COUNT(コード) || 氏名)"_s, u"SELECT 1 FROM t ORDER BY (氏名)"_s,
                     u"SELECT x FROM (SELECT 氏名 AS x FROM t) AS s ORDER BY x"_s,
+                    u"SELECT x FROM (SELECT 氏名 AS x FROM t) AS s ORDER BY 1"_s,
                     u"SELECT y FROM (SELECT x y FROM (SELECT 氏名 x FROM t) AS s) AS r ORDER BY r.y"_s,
                     u"SELECT a FROM (SELECT 氏名 FROM t) AS s (a) ORDER BY a"_s,
                     u"WITH s AS (SELECT 氏名 FROM t) SELECT * FROM s ORDER BY 1"_s));

@@ -25,8 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Gets the link of the open file below /proc, since the file may not have a name yet. Returns the errno that fsync fails
-/// with, or 0 to run it.
+/// Gets the link of the open file below /proc, since the file may not have a name yet. Returns the errno that fsync
+/// fails with, or 0 to run it.
 std::function<int(const QString& open)> onSync;
 
 }  // namespace

@@ -162,6 +162,7 @@ TEST_F(ServerTextFaults, CheckNamesThemWithTheCommand) {
     const ToolOutput checked = RunServerTool({u"check"_s, installation.Root()});
     EXPECT_EQ(checked.status, 1);
     EXPECT_TRUE(checked.out.contains(line)) << checked.out.toStdString();
+    EXPECT_EQ(checked.out.count(remedy), 1) << "once, whatever number of columns it corrects";
     Repair();
     EXPECT_FALSE(RunServerTool({u"check"_s, installation.Root()}).out.contains(u"一般データベース"_s));
 }

@@ -66,6 +66,15 @@ TEST_F(InstallationRights, JournalsAndTheKeyOfLaterCommandsKeepToThem) {
     EXPECT_EQ(Entries(), kExpected);
 }
 
+TEST_F(InstallationRights, FilesAddedByAnUpgradeKeepToThem) {
+    Make();
+    for (const QString& file : {u"/manual/要員名簿照会.doc"_s, u"/prgbin/要員台帳更新"_s})
+        ASSERT_TRUE(QFile::remove(Root() + file));
+    const ToolOutput upgraded = Tool({u"upgrade"_s, Root()}, 077);
+    EXPECT_EQ(upgraded.status, 0) << upgraded.err.toStdString();
+    EXPECT_EQ(Entries(), kExpected);
+}
+
 TEST_F(InstallationRights, JournalOfTheHistoryBelongsToTheGroupUnderANarrowUmask) {
     Make();
     const QString file = Root() + u"/conf/usrcnfg.accdb"_s;

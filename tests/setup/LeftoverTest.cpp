@@ -13,6 +13,7 @@
 #include "setup/RunTool.h"
 #include "setup/storage/Installer.h"
 #include "support/FileBytes.h"
+#include "support/GivenAway.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -45,6 +46,14 @@ class Leftovers : public testing::Test {
         StartAndStop(tool, options);
         tool.kill();
         ASSERT_TRUE(tool.waitForFinished(kTimeout));
+    }
+    /// A leftover that holds an installation which was at `root`. Returns its path.
+    QString Plant(const QString& root) const {
+        const QString work = folder.filePath(u".suite-setup-AbCdEf"_s);
+        EXPECT_TRUE(QDir().mkpath(work + u"/old/conf"_s));
+        WriteBytes(work + u"/in-use"_s, root.toUtf8());
+        WriteBytes(work + u"/old/conf/usrcnfg.accdb"_s, "old");
+        return work;
     }
     QStringList CheckLines(const QString& name = u"honten"_s) const {
         return RunTool({u"check"_s, Root(name)}).out.split(u'\n').filter(u"途中で終わった"_s);
@@ -109,6 +118,32 @@ TEST_F(Leftovers, OnlyCopyThatCantGoBackStays) {
     EXPECT_TRUE(QFile::exists(old + u"/conf/pin.key"_s));
 }
 
+TEST_F(Leftovers, CopyOfAnInstallationThatIsThereGoes) {
+    Make(u"honten"_s);
+    const QByteArray key = ReadBytes(Root() + u"/conf/pin.key"_s);
+    const QString work = Plant(Root());
+    Make(u"shiten"_s);
+    EXPECT_FALSE(QFile::exists(work));
+    EXPECT_EQ(ReadBytes(Root() + u"/conf/pin.key"_s), key);
+}
+
+TEST_F(Leftovers, CopyFromAnotherFolderIsNotMovedThere) {
+    const QTemporaryDir elsewhere;
+    const QString work = Plant(elsewhere.filePath(u"honten"_s));
+    Make(u"shiten"_s);
+    EXPECT_FALSE(QFile::exists(elsewhere.filePath(u"honten"_s)));
+    EXPECT_TRUE(QFile::exists(work + u"/old/conf/usrcnfg.accdb"_s));
+}
+
+TEST_F(Leftovers, CopyOfAnotherUserIsNotPutInPlace) {
+    REQUIRE_SUPERUSER();
+    const QString work = Plant(Root());
+    GiveTo(kNobody, work);
+    Make(u"shiten"_s);
+    EXPECT_FALSE(QFile::exists(Root()));
+    EXPECT_TRUE(QFile::exists(work + u"/old/conf/usrcnfg.accdb"_s));
+}
+
 TEST_F(Leftovers, OfEarlierVersionsAreNamedAndLeftToTheAdministrator) {
     Make(u"honten"_s);
     ASSERT_TRUE(QDir().mkpath(folder.filePath(u".suite-setup-AbCdEf/old/data"_s)));
@@ -133,4 +168,22 @@ TEST_F(Leftovers, OfAKilledHostAreNamedForEachFolderThatIsPrintedTo) {
                 work));
     }
     EXPECT_EQ(CheckLines(), named);
+}
+
+TEST_F(Leftovers, OfAKilledHostAreNamedInTheTemporaryFolderAndWhereAUserPrintsTo) {
+    Make(u"honten"_s);
+    const QString own = Root() + u"/users/nobody/report"_s, place = folder.filePath(u"own"_s);
+    ASSERT_TRUE(QDir().mkpath(own) && QDir().mkpath(place));
+    ASSERT_TRUE(QFile::copy(Root() + u"/report/repfrmdb.accdb"_s, own + u"/repfrmdb.accdb"_s));
+    WriteOutputPlace(own + u"/repfrmdb.accdb"_s, {}, {OutputTarget::Kind::Folder, place});
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    for (const QString& parent : {folder.path(), place}) {
+        ASSERT_TRUE(QDir().mkpath(parent + u"/.youin-meibo-print-AbCdEf"_s));
+        WriteBytes(parent + u"/.youin-meibo-print-AbCdEf/in-use"_s, "");
+    }
+    const QString lines = CheckLines().join(u'\n');
+    temporary.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", temporary);
+    for (const QString& parent : {folder.path(), place})
+        EXPECT_TRUE(lines.contains(u" "_s + parent + u"/.youin-meibo-print-AbCdEf "_s)) << lines.toStdString();
 }

@@ -61,6 +61,17 @@ TEST_F(InstallationRights, LinksAndFilesWithASecondNameAreLeftAlone) {
     EXPECT_EQ(Octal(StatusOf(folder.path()).st_mode), u"2755"_s);
 }
 
+TEST_F(InstallationRights, HiddenFilesAreCorrectedToo) {
+    MakeAsBefore();
+    for (const QString& name : {u"/data/.hidden"_s, u"/prgbin/.hidden"_s}) {
+        WriteBytes(Root() + name, "");
+        SetOwnerAndMode(Root() + name, 0, 0, 0644);
+    }
+    EXPECT_EQ(Tool({u"upgrade"_s, Root()}).status, 0);
+    EXPECT_EQ(Octal(StatusOf(Root() + u"/data/.hidden"_s).st_mode), u"0660"_s);
+    EXPECT_EQ(Octal(StatusOf(Root() + u"/prgbin/.hidden"_s).st_mode), u"0640"_s);
+}
+
 TEST_F(InstallationRights, FolderOfAUserIsClosedToTheGroup) {
     MakeAsBefore();
     const QString own = Root() + u"/users/nobody"_s;
