@@ -1,6 +1,6 @@
-// One clerk without a window, for scripts/clerks: searches, list windows, re-reads and now and then a registration, by the
-// procedures of the programs, with time to think between them. Prints a line for each action: its kind, when it began
-// (milliseconds since 1970), how long it took (milliseconds), and how many rows it gave.
+// One clerk without a window, for scripts/clerks: searches, list windows, re-reads and now and then a registration, by
+// the procedures of the programs, with time to think between them. Prints a line for each action: its kind, when it
+// began (milliseconds since 1970), how long it took (milliseconds), and how many rows it gave.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -162,7 +162,7 @@ Plan PlanOf(const QApplication& application) {
     for (const auto* name : {"configuration", "write-server", "seconds", "think", "people", "seed"})
         parser.addOption({QString::fromLatin1(name), QString(), u"value"_s});
     parser.process(application);
-    return {parser.value(u"configuration"_s),    parser.value(u"write-server"_s),
+    return {parser.value(u"configuration"_s),      parser.value(u"write-server"_s),
             parser.value(u"seconds"_s).toDouble(), parser.value(u"think"_s).toDouble(),
             parser.value(u"people"_s).toInt(),     parser.value(u"seed"_s).toUInt()};
 }

@@ -14,7 +14,7 @@ START = 60  # seconds
 
 
 class Leftovers(unittest.TestCase):
-    """Each test has a folder of its own for temporary files, in which the cluster's folder is made."""
+    """The cluster's folder is made in a folder of each test."""
 
     def setUp(self):
         place = tempfile.TemporaryDirectory(dir="/tmp", prefix="meibo-leftovers-")
@@ -33,7 +33,7 @@ class Leftovers(unittest.TestCase):
         environment = {name: value for name, value in os.environ.items() if not name.startswith("MEIBO_CLUSTER")}
         process = subprocess.Popen(
             [SOURCES / "scripts/with-cluster", "--engine", engine, *command], stdin=subprocess.DEVNULL,
-            env=environment | {"TMPDIR": str(self.place)}, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+            env=environment | {"MEIBO_CLUSTER_PLACE": str(self.place)}, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
             start_new_session=True,
         )  # fmt: skip
         self.addCleanup(process.communicate)

@@ -78,3 +78,12 @@ TEST_F(PostgresText, KeysAreEqualWhereTheTextsCountAsEqual) {
             << rows[i - 1][0].toStdString() << " / " << rows[i][0].toStdString();
     }
 }
+
+// A restore and the server's own maintenance run with an empty search path.
+TEST_F(PostgresText, GivesTheSameWithoutASearchPath) {
+    const QString keys =
+        u"SELECT %1suite_fold(stored), encode(%1suite_order(stored), 'hex') FROM public.texts ORDER BY stored"_s;
+    const QList<QStringList> expected = server.Rows(keys.arg(QString()));
+    server.Run(u"SET search_path = ''"_s);
+    EXPECT_EQ(server.Rows(keys.arg(u"public."_s)), expected);
+}

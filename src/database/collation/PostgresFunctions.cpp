@@ -110,13 +110,20 @@ QString KanaLiteral() {
     return HexLiteral(bytes);
 }
 
+// Declaration and statements of a variable `folded`. Both functions have them: while a dump is restored, the search
+// path is empty, and one function would not find the other when the index is built.
+QString FoldedVariable() { return QStringLiteral(" folded text := lower(stored COLLATE \"C\");"); }
+
+QString FoldingSteps() {
+    return Translation(Kind::HalfWidth) + Translation(Kind::Wide) + Translation(Kind::Rare) + Joining();
+}
+
 QString FoldingStatement() {
     return QStringLiteral(
                "CREATE OR REPLACE FUNCTION %1(stored text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE"
-               " COST 100 AS $suite$ DECLARE folded text := lower(stored COLLATE \"C\"); BEGIN")
+               " COST 100 AS $suite$ DECLARE")
                .arg(PostgresFoldingFunction()) +
-           Translation(Kind::HalfWidth) + Translation(Kind::Wide) + Translation(Kind::Rare) + Joining() +
-           QStringLiteral(" RETURN folded; END $suite$");
+           FoldedVariable() + QStringLiteral(" BEGIN") + FoldingSteps() + QStringLiteral(" RETURN folded; END $suite$");
 }
 
 QString OrderStatement() {
@@ -126,15 +133,17 @@ QString OrderStatement() {
                "CREATE OR REPLACE FUNCTION %1(stored text) RETURNS bytea LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL "
                "SAFE"
                " COST 1000 AS $suite$ DECLARE sign text; code integer; place integer; kana integer; vowel integer := 0;"
-               " weights bytea := ''; shades bytea := ''; BEGIN"
-               " FOREACH sign IN ARRAY string_to_array(%2(stored), NULL) LOOP"
+               " weights bytea := ''; shades bytea := '';")
+               .arg(PostgresOrderFunction()) +
+           FoldedVariable() + QStringLiteral(" BEGIN") + FoldingSteps() +
+           QStringLiteral(
+               " FOREACH sign IN ARRAY string_to_array(folded, NULL) LOOP"
                " code := ascii(sign);"
-               " IF code = %3 AND vowel > 0 THEN"
-               " weights := weights || set_byte(%4, 2, vowel); shades := shades || '\\x0%5'::bytea; CONTINUE; END IF;"
-               " kana := CASE WHEN code BETWEEN %6 AND %7 THEN get_byte(%8, code - %6) ELSE 0 END;"
+               " IF code = %1 AND vowel > 0 THEN"
+               " weights := weights || set_byte(%2, 2, vowel); shades := shades || '\\x0%3'::bytea; CONTINUE; END IF;"
+               " kana := CASE WHEN code BETWEEN %4 AND %5 THEN get_byte(%6, code - %4) ELSE 0 END;"
                " vowel := kana & 7; shades := shades || set_byte('\\x00'::bytea, 0, kana >> 3);"
-               " place := %9;")
-               .arg(PostgresOrderFunction(), PostgresFoldingFunction())
+               " place := %7;")
                .arg(kLengthening)
                .arg(vowels)
                .arg(kLengthenedShade)

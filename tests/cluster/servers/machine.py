@@ -35,9 +35,9 @@ def poll(what, check, timeout=60):
 
 
 def make_folder():
-    """A new folder: in TMPDIR if that is set, otherwise in memory if there is enough space."""
+    """A new folder: in MEIBO_CLUSTER_PLACE if that is set, otherwise in memory if there is enough space."""
     roomy = MEMORY.is_dir() and os.access(MEMORY, os.W_OK) and shutil.disk_usage(MEMORY).free > ENOUGH
-    place = os.environ.get("TMPDIR", MEMORY if roomy else "/tmp")
+    place = os.environ.get("MEIBO_CLUSTER_PLACE", MEMORY if roomy else "/tmp")
     folder = Path(tempfile.mkdtemp(prefix="meibo-cluster-", dir=place))
     folder.chmod(0o755)
     return folder
