@@ -264,9 +264,9 @@ class _Finder:
             depth += {'(': 1, '{': 1, ')': -1, '}': -1}.get(word, 0)
             if word == ';' and depth == 1:
                 ends.append(start)
-        for child in children[:-1]:
-            if len(ends) == 2 and ends[0] < _start(child) < ends[1]:
-                self._condition(child)
+        conditions = [child for child in children[:-1] if len(ends) == 2 and ends[0] < _start(child) < ends[1]]
+        if len(conditions) == 1:  # a variable is two: its declaration and its use
+            self._condition(conditions[0])
         self._leave_out(children[-1])
 
     def _call(self, node):
