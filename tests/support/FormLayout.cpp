@@ -57,8 +57,8 @@ QString LineOf(const Control& control) {
     const QString index = control.Index() < 0 ? QString() : u"(%1)"_s.arg(control.Index(), 2, 10, QChar(u'0'));
     return control.Name() + index + u": "_s + control.TypeName() + u' ' + Place(widget.geometry()) + u", "_s +
            font.family() + u' ' + QString::number(font.pixelSize()) + u", "_s + Colors(widget) + u", "_s +
-           State(control) + u", '"_s + TextBy(control, &Control::Caption) + u"' '"_s +
-           TextBy(control, &Control::Text) + u'\'' + Columns(widget);
+           State(control) + u", '"_s + TextBy(control, &Control::Caption) + u"' '"_s + TextBy(control, &Control::Text) +
+           u'\'' + Columns(widget);
 }
 
 }  // namespace
@@ -67,8 +67,8 @@ QString LayoutOf(const Form& form) {
     QStringList lines;
     for (const Control* control : form.Controls()) lines << LineOf(*control);
     std::sort(lines.begin(), lines.end());
-    lines.prepend(form.Name() + u": '"_s + form.windowTitle() + u"' "_s + Place(QRect(QPoint(), form.size())) + u", "_s +
-                  form.palette().color(QPalette::Window).name() + u", flags "_s +
+    lines.prepend(form.Name() + u": '"_s + form.windowTitle() + u"' "_s + Place(QRect(QPoint(), form.size())) +
+                  u", "_s + form.palette().color(QPalette::Window).name() + u", flags "_s +
                   QString::number(form.windowFlags().toInt(), 16));
     return lines.join(u'\n') + u'\n';
 }
