@@ -4,6 +4,8 @@
 #include "data/RunHistory.h"
 #include "screen/InputItem.h"
 #include "screen/WidgetDialogs.h"
+#include "screen/modクライアント処理.h"
+#include "support/FormLayout.h"
 
 #include <QtTest/QTest>
 
@@ -44,6 +46,13 @@ class PinDialog : public WithRights {
 };
 
 }  // namespace
+
+TEST_F(PinDialog, Layout) {
+    EXPECT_FALSE(Ask([](PinDialogDriver& user) {
+        ExpectLayout(*LoadedForm(u"msg暗証番号確認"_s), u"access"_s);
+        user.Click(u"btn_キャンセル"_s);
+    }));
+}
 
 TEST_F(PinDialog, AStaffCodeAndItsPinSignIn) {
     EXPECT_TRUE(Ask([](PinDialogDriver& user) {

@@ -65,16 +65,16 @@ def run_module(module, option, entries):
         print(f'{equivalent.LIST.name}: matches nothing: ' + ' | '.join(found))
     if option.list:
         return print(*map(describe, mutants), sep='\n')
+    objects = build.compile_units(units, everything, WORK / module, option.jobs)
     for mutant in mutants:
         if equivalent.key(mutant) in entries and not option.only:
             mutant.state = 'equivalent'
-    judge(module, units, [mutant for mutant in mutants if not mutant.state], everything[-1].number, option)
+    judge(module, objects, mutants, everything[-1].number, option)
     return mutants
 
 
-def judge(module, units, mutants, size, option):
+def judge(module, objects, mutants, size, option):
     """Runs the test programs one after the other, each for the mutants that the ones before did not catch."""
-    objects = build.compile_units(units, mutants, WORK / module, option.jobs)
     for name in dict.fromkeys([module, *filter(None, option.tests.split(','))]):
         target = WORK / module / f'test_{name}'
         build.link_program(objects, build.link_command(RELEASE, f'tests/test_{name}'), target)

@@ -2,6 +2,7 @@
 everything that is not changed, and the changed object files are linked before its libraries."""
 import collections
 import concurrent.futures
+import hashlib
 import json
 import multiprocessing
 import os
@@ -60,17 +61,25 @@ def mutants_of(units, jobs):
 
 
 def compile_units(units, mutants, folder, jobs):
-    """Object files of the source files that have mutants and of Mutated.cpp, in `folder`. Mutants that don't compile get
-    the state "uncompilable"."""
+    """Object files of the source files with their mutants and of Mutated.cpp, in `folder`. Mutants that don't compile get
+    the state "uncompilable". A file is compiled again only if it, a header or the compiler's command has changed."""
     folder.mkdir(parents=True, exist_ok=True)
-    by_file = {}
+    by_file = collections.defaultdict(list)
     for mutant in mutants:
-        by_file.setdefault(mutant.file, []).append(mutant)
+        by_file[mutant.file].append(mutant)
     runtime = folder / 'Mutated.o'
     subprocess.run(['c++', '-O2', '-std=c++20', '-c', HERE / 'Mutated.cpp', '-o', runtime], check=True)
     changed = [unit for unit in units if unit.name in by_file]
+    headers = _digest_of_headers()
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        return [*pool.map(lambda unit: _compile(unit, by_file[unit.name], folder), changed), runtime]
+        return [*pool.map(lambda unit: _compile(unit, by_file[unit.name], folder, headers), changed), runtime]
+
+
+def _digest_of_headers():
+    digest = hashlib.sha256()
+    for path in sorted([*HERE.parents[1].glob('src/**/*.h'), HERE / 'Mutated.h']):
+        digest.update(path.read_bytes())
+    return digest.hexdigest()
 
 
 def link_program(objects, link, target):
@@ -90,20 +99,33 @@ def link_command(build, program):
     return next(line for line in reversed(commands) if re.search(rf' -o \S*{re.escape(program)} ', line)), build
 
 
-def _compile(unit, mutants, folder):
+def _compile(unit, mutants, folder, headers):
     text = pathlib.Path(unit.path).read_bytes()
     copy = folder / unit.name
     copy.parent.mkdir(parents=True, exist_ok=True)
-    result = copy.with_suffix('.o')
+    result, record = copy.with_suffix('.o'), copy.with_suffix('.json')
+    changed, spans = rewrite(text, mutants)
+    key = hashlib.sha256(repr((changed, unit.command, OPTIONS, headers)).encode()).hexdigest()
+    if result.exists() and record.exists() and (known := json.loads(record.read_text()))['key'] == key:
+        _set_uncompilable(mutants, known['dropped'])
+        return result
     for _ in range(ATTEMPTS):
-        changed, spans = rewrite(text, [mutant for mutant in mutants if not mutant.state])
         copy.write_bytes(changed)
         messages = _run_compiler(unit, copy, result)
         if messages is None:
+            dropped = [mutant.number for mutant in mutants if mutant.state]
+            record.write_text(json.dumps({'key': key, 'dropped': dropped}))
             return result
         if not _drop(messages, copy, mutants, spans, changed):
             break
+        changed, spans = rewrite(text, [mutant for mutant in mutants if not mutant.state])
     raise SystemExit(f'mutation: {unit.name} does not compile with its mutants:\n{messages}')
+
+
+def _set_uncompilable(mutants, numbers):
+    for mutant in mutants:
+        if mutant.number in numbers:
+            mutant.state = 'uncompilable'
 
 
 def _run_compiler(unit, copy, result):
@@ -123,7 +145,5 @@ def _drop(messages, copy, mutants, spans, changed):
     numbers = blamed(spans, changed, places)
     if not numbers:
         numbers = {mutant.number for mutant in mutants if mutant.static and not mutant.state}
-    for mutant in mutants:
-        if mutant.number in numbers:
-            mutant.state = 'uncompilable'
+    _set_uncompilable(mutants, numbers)
     return bool(numbers)

@@ -42,6 +42,16 @@ class Points(unittest.TestCase):
         self.assertEqual(self.changes('void g(); void h(); int f(int a) { g(); h(); a = 1; if (a) g(); return a; }'),
                          ['leave out g()', 'swap g() and h()', 'leave out h()', '1 -> 2', 'a -> !(a)', 'leave out g() #2'])
 
+    def test_one_member_function_of_two_objects_is_not_swapped(self):
+        swapped = [change for change in self.changes('struct S { void a(); void b(); };'
+                                                     'void f(S x, S y) { x.a(); y.a(); y.b(); x.b(); }')
+                   if change.startswith('swap')]
+        self.assertEqual(swapped, ['swap y.a() and y.b()'])
+
+    def test_a_variable_that_is_a_condition_is_not_negated(self):
+        self.assertEqual(self.changes('bool g(); void f() { for (; bool a = g();) {} if (bool b = g()) {}'
+                                      'while (bool c = g()) {} }'), [])
+
     def test_a_comparison_that_the_compiler_rewrites_keeps_its_operator(self):
         self.assertEqual(self.changes('struct S { bool operator==(const S&) const; };'
                                       'bool f(S a, S b) { return a != b; }'), ['a != b -> a == b'])
@@ -71,6 +81,7 @@ class Rewriting(unittest.TestCase):
         self.assertEqual(rewrite.blamed(spans, text, [(2, line.index(b'(3)') + 1)]), {2})
         self.assertEqual(rewrite.blamed(spans, text, [(2, line.index(b'a / 2') + 1)]), {1})
         self.assertEqual(rewrite.blamed(spans, text, [(1, 1)]), set())
+        self.assertEqual(rewrite.blamed(spans, text, [(2, 1)]), {1, 2})
 
 
 TOY = '''#include <sched.h>

@@ -264,9 +264,9 @@ class _Finder:
             depth += {'(': 1, '{': 1, ')': -1, '}': -1}.get(word, 0)
             if word == ';' and depth == 1:
                 ends.append(start)
-        for child in children[:-1]:
-            if len(ends) == 2 and ends[0] < _start(child) < ends[1]:
-                self._condition(child)
+        conditions = [child for child in children[:-1] if len(ends) == 2 and ends[0] < _start(child) < ends[1]]
+        if len(conditions) == 1:  # a variable is two: its declaration and its use
+            self._condition(conditions[0])
         self._leave_out(children[-1])
 
     def _call(self, node):
@@ -274,6 +274,14 @@ class _Finder:
         while node.kind == Kind.UNEXPOSED_EXPR and len(children := list(node.get_children())) == 1:
             node = children[0]
         return node.kind == Kind.CALL_EXPR and node.spelling != 'operator=' and node.spelling not in WITHOUT_EFFECT
+
+    def _on_two_objects(self, one, two):
+        """Whether two calls are of one member function for different objects, which rarely depend on each other."""
+        members = [next((child for child in _inner(node).get_children()), None) for node in (one, two)]
+        if any(member is None or member.kind != Kind.MEMBER_REF_EXPR for member in members):
+            return False
+        objects = [self.source.code(_start(member), member.location.offset) for member in members]
+        return members[0].spelling == members[1].spelling and objects[0] != objects[1]
 
     def _leave_out(self, node):
         start, end = _range(node)
@@ -290,7 +298,7 @@ class _Finder:
             self._leave_out(child)
         for one, two in zip(children, children[1:]):
             first, second = self.source.code(*_range(one)), self.source.code(*_range(two))
-            if self._call(one) and self._call(two) and first != second:
+            if self._call(one) and self._call(two) and first != second and not self._on_two_objects(one, two):
                 change = f'swap {self.source.shown(*_range(one))} and {self.source.shown(*_range(two))}'
                 self.source.add(_start(one), change, [(*_range(one), second, 'void'), (*_range(two), first, 'void')],
                                 self.static)

@@ -43,14 +43,16 @@ class _Writer:
 
 
 def blamed(spans, text, places):
-    """Numbers of the innermost changes at the (line, column) places of a compiler's messages, both counted from 1."""
+    """Numbers of the innermost changes at the (line, column) places of a compiler's messages, both counted from 1; all
+    changes of these lines if there is none at the places themselves."""
     starts = [0]
     for line in text.split(b'\n'):
         starts.append(starts[-1] + len(line) + 1)
-    found = set()
+    found, near = set(), set()
     for line, column in places:
         offset = starts[line - 1] + column - 1
         around = [span for span in spans if span[0] <= offset < span[1]]
         if around:
             found |= min(around, key=lambda span: span[1] - span[0])[2]
-    return found
+        near.update(*(span[2] for span in spans if span[0] < starts[line] and starts[line - 1] < span[1]))
+    return found or near

@@ -16,7 +16,7 @@ FIRST_SECONDS = (0.5, 5)  # duration of the tests that run before the others
 
 
 class Program:
-    def __init__(self, path, root, jobs, grace=15):
+    def __init__(self, path, root, jobs, grace=10):
         self.path, self.jobs, self.grace = path, jobs, grace  # seconds that a run may take longer
         self.sandbox = ['bwrap', '--ro-bind', '/', '/', '--dev', '/dev', '--proc', '/proc', '--tmpfs', '/tmp',
                         '--ro-bind', str(root), str(root), '--ro-bind', str(path.parent), str(path.parent),

@@ -68,6 +68,7 @@ const QList<Extraction>& Extractions() {
         {u" AND A.x >= '1'"_s, u"1"_s, u""_s},
         {u" AND A.x <= '1' AND B.y = '2'"_s, u"1"_s, u" AND B.y = '2'"_s},
         {u"(((((A.x >= '1' OR B.y = '2')))))"_s, u"1"_s, u"(((((A.x >= '1' OR B.y = '2')))))"_s},
+        {u"((((A.x >= '1' OR B.y = '2'))))"_s, u"1"_s, u"((((A.x >= '1' OR B.y = '2'))))"_s},
         {u" AND (A.x >= '1')"_s, u"1"_s, u")"_s},
         {u" OR (A.x = '1') OR B.y = '2'"_s, u"1"_s, u" OR (A.x = '1')) OR B.y = '2'"_s},
         {u"((((((A.x >= '1'))))))"_s, u"1"_s, u"))))))"_s},
