@@ -1,12 +1,14 @@
-#include "screen/DoubleClickGuard.h"
+// The part of PlainControls that discards the second press of a double-click.
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QStyleHints>
 
+#include "screen/PlainControls.h"
+
 namespace {
 
-class DoubleClickGuard : public QObject {
+class SecondPressFilter : public QObject {
   public:
     void Await(const QMouseEvent& click) {
         until_ = click.timestamp() + static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
@@ -47,7 +49,7 @@ class DoubleClickGuard : public QObject {
 
 }  // namespace
 
-SecondPressGuard::~SecondPressGuard() {
-    static DoubleClickGuard second;
+DoubleClickGuard::~DoubleClickGuard() {
+    static SecondPressFilter second;
     if (window_ == nullptr || !window_->isVisible()) second.Await(click_);
 }

@@ -8,7 +8,6 @@
 #include <QTranslator>
 
 #include "platform/Services.h"
-#include "screen/WidgetDialogs.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 

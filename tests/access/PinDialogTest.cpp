@@ -2,7 +2,7 @@
 #include "access/RightsFixture.h"
 #include "data/RunHistory.h"
 #include "screen/InputItem.h"
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 
 #include <QtTest/QTest>
 
