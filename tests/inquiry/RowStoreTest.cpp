@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "inquiry/InquiryTest.h"
-#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,10 +59,12 @@ TEST_F(RowStore, ResetEmptiesEveryRowItUses) {
     ResetRowStore();
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_EQ(Globals().TopRow, 0);
-    for (const auto& column : Rows().texts)
-        EXPECT_TRUE(std::all_of(column.begin(), column.end(), [](const QString& text) { return text.isEmpty(); }));
-    for (const auto* column : {&Rows().出力対象, &Rows().閲覧区分, &Rows().rowFlag})
-        EXPECT_TRUE(std::all_of(column->begin(), column->end(), [](qint16 value) { return value == 0; }));
+    const StaffRowStore& rows = Rows();
+    for (size_t row = 0; row < StaffRowStore::kRows; ++row) {
+        EXPECT_TRUE(std::all_of(rows.texts.begin(), rows.texts.end(),
+                                [row](const auto& column) { return column.at(row).isEmpty(); }));
+        for (const auto* column : {&rows.出力対象, &rows.閲覧区分, &rows.rowFlag}) EXPECT_EQ(column->at(row), 0);
+    }
 }
 
 TEST_F(RowStore, RemovingARowMovesTheRowsBelowUpButNotTheirMailAddresses) {
