@@ -9,7 +9,7 @@
 #include "FirstListProgram.h"
 #include "PairedRuns.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;
 using namespace first_list;

@@ -4,7 +4,6 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;

@@ -14,7 +14,6 @@
 #include "database/odbc/ServerEngine.h"
 #include "database/sql/StatementAdapter.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;

@@ -12,7 +12,6 @@
 #include "data/Catalogue.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 #include "output/CsvWriter.h"
 #include "output/ReportData.h"

@@ -8,7 +8,6 @@
 
 #include "PairedRuns.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/SuiteApplication.h"

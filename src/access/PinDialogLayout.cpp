@@ -1,9 +1,9 @@
 #include "access/PinDialogLayout.h"
 
-#include "screen/Buttons.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;

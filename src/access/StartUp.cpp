@@ -11,7 +11,6 @@
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "screen/Form.h"
-#include "screen/FormObserver.h"
 #include "text/TimeStamp.h"
 #include "text/mod項目編集.h"
 

@@ -3,11 +3,9 @@
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
 #include "access/UserInformation.h"
-#include "frame/Screenshot.h"
-#include "frame/StartCommand.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
@@ -32,7 +30,7 @@ bool StartIsPossible() {
     return true;
 }
 
-void TakeStartCommand() {
+void ApplyStartCommand() {
     SetInitialConditions();
     const QString command = TrimBlanks(platform::Services().system->CommandLine());
     Globals().StartCommandAbsent = true;
@@ -44,7 +42,7 @@ void ShowMainForm(Form& form) {
     form.ShowModeless();
     Globals().ListNextItem = FindNextTabItem(&form, Globals().FirstHeadItem);
     Globals().ListNextItem->SetFocus();
-    TakeFirstListPicture(form);
+    SaveScreenshotIfHeadless(form);
 }
 
 }  // namespace
@@ -61,6 +59,6 @@ void Main() {
     globals.MainForm = new frm要員名簿照会(LeaveProgram);
     globals.RowsPerPage = kRowPositions;
     if (!StartIsPossible()) return;
-    TakeStartCommand();
+    ApplyStartCommand();
     ShowMainForm(*globals.MainForm);
 }

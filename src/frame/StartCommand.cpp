@@ -1,10 +1,11 @@
-#include "frame/StartCommand.h"
+// The part of Mod要員名簿照会 with the start command.
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
 #include "access/ConditionLabels.h"
+#include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/SearchConditions.h"
 #include "text/mod項目編集.h"

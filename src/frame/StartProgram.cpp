@@ -1,4 +1,3 @@
-#include "frame/HeadlessRun.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/OutputFile.h"
@@ -8,7 +7,7 @@
 
 int main(int argc, char** argv) {
     SuiteApplication application(argc, argv);
-    TellAndCloseModalWindows(application);
+    CloseModalWindowsIfHeadless(application);
     platform::LetWritesPastALimitFail();
     platform::OnTerminationRequest([] { Globals().MainForm->close(); });
     Form::RunEvent(Main);

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 #include "screen/Control.h"
 #include "screen/Form.h"
 #include "screen/modクライアント処理.h"

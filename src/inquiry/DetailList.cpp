@@ -1,9 +1,10 @@
-#include "inquiry/DetailList.h"
+// The part of ScreenState with the list.
 
 #include <QApplication>
 #include <QPalette>
 
 #include "globals/ProgramGlobals.h"
+#include "inquiry/ScreenState.h"
 #include "inquiry/StaffColumns.h"
 #include "screen/Form.h"
 

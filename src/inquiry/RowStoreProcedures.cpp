@@ -1,4 +1,4 @@
-#include "inquiry/RowStoreProcedures.h"
+// The part of StaffQuery with the row store.
 
 #include <QStringBuilder>
 #include <algorithm>
@@ -8,6 +8,7 @@
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/StaffColumns.h"
+#include "inquiry/StaffQuery.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 

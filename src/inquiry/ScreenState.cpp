@@ -4,7 +4,6 @@
 #include <array>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
 #include "inquiry/SearchConditions.h"
 #include "screen/Form.h"
 

@@ -2,7 +2,6 @@
 
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"

@@ -1,4 +1,4 @@
-#include "inquiry/StaffRegistration.h"
+// The part of StaffQuery with the program that changes a row.
 
 #include "access/ProgramLinks.h"
 #include "globals/ProgramGlobals.h"

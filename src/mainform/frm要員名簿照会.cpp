@@ -5,13 +5,10 @@
 #include "access/CompanyInformation.h"
 #include "data/ClassLists.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
-#include "mainform/MainFormPanels.h"
 #include "platform/Services.h"
-#include "screen/ComboItem.h"
-#include "screen/ScrollItem.h"
+#include "screen/PlainControls.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマウスWHeel.h"
 
@@ -128,7 +125,7 @@ void frm要員名簿照会::SetupScrollBar() {
     }
     bar.SetEnabled(true);
     // The maximum is the last row, not the last page: the last row can be scrolled to the top.
-    bar.TakePlace(globals.TopRow, qMin(globals.LastRow, kUnusedRowLimit - 1));
+    bar.SetPosition(globals.TopRow, qMin(globals.LastRow, kUnusedRowLimit - 1));
 }
 
 int frm要員名簿照会::ValidateHead() {

@@ -7,9 +7,9 @@
 #include "inquiry/ConditionProcedures.h"
 #include "screen/Form.h"
 
-/// The main form. Its layout is built by the functions of MainFormPanels.h; its handlers change the state and repaint.
-/// The class is implemented in frm要員名簿照会.cpp (set-up, shared helpers), …Head.cpp, …Lookups.cpp, …List.cpp and
-/// …Commands.cpp.
+/// The main form. Its handlers change the state and repaint.
+/// The class is implemented in frm要員名簿照会.cpp (set-up, shared helpers), …Head.cpp, …List.cpp and
+/// …Commands.cpp; the layout below in …HeadLayout.cpp, …ListLayout.cpp and …OutputLayout.cpp.
 class frm要員名簿照会 : public Form {
   public:
     /// `leave` ends the process; called after the wheel hook has been removed.
@@ -69,3 +69,18 @@ class frm要員名簿照会 : public Form {
 
     std::function<void()> leave_;
 };
+
+// Layout of the main form, one function per area, separate from its handlers. All positions are pixels; Control reports
+// them in twips.
+
+/// Title and manual button.
+void BuildTitlePanel(Form& form);
+/// Ranges, search texts and classes with their selection buttons; search and clear.
+void BuildHeadPanel(Form& form);
+/// Left panels, tab pages, titles, the eight row positions and the scroll bar.
+void BuildListPanel(Form& form);
+/// Output buttons, the end button and the notice.
+void BuildOutputPanel(Form& form);
+
+/// Sets the tab order: texts, classes, ranges, order, the head's buttons, ヘッド終了, then tab and outputs.
+void SetTabOrder(Form& form);

@@ -5,12 +5,10 @@
 
 #include "access/ProgramRights.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
-#include "output/ReportRunner.h"
-#include "output/TextOutput.h"
+#include "output/Outputs.h"
 #include "platform/Services.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"

@@ -1,9 +1,8 @@
 // The part of frm要員名簿照会 with the handlers of the list.
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
 #include "inquiry/ScreenState.h"
-#include "inquiry/StaffRegistration.h"
+#include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
 

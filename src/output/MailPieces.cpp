@@ -10,7 +10,6 @@
 #include "inquiry/StaffColumns.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
-#include "output/WorkTable.h"
 #include "platform/FileSystem.h"
 
 using namespace Qt::StringLiterals;
@@ -143,11 +142,11 @@ bool BuildPieces(const QString& table, void (*writePiece)(database::Recordset& r
         writePiece(record, row);
         IgnoreErrors([&record] { record.Update(); });
     });
-    bool holds = false;
+    bool hasRows = false;
     IgnoreErrors([&] { record.Close(); });
-    IgnoreErrors([&] { holds = WorkTableHoldsRows(table); });
+    IgnoreErrors([&] { hasRows = WorkTableHasRows(table); });
     record = database::Recordset();
-    return holds;
+    return hasRows;
 }
 
 void NumberRecord(database::Recordset& record, int number) {
@@ -194,5 +193,5 @@ bool BuildLabelData() {
     OpenEmptiedWorkTable(table);
     PadSheet(record, AddLabels(record));
     CloseQuietly(record);
-    return WorkTableHoldsRows(table);
+    return WorkTableHasRows(table);
 }

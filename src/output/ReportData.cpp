@@ -7,8 +7,6 @@
 #include "globals/ProgramGlobals.h"
 #include "inquiry/StaffColumns.h"
 #include "output/ReportDatabase.h"
-#include "output/SelectionText.h"
-#include "output/WorkTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -67,5 +65,5 @@ bool BuildReportData() {
         });
     }
     CloseQuietly(record);
-    return WorkTableHoldsRows(table);
+    return WorkTableHasRows(table);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 /// Empties the list's work table and fills it with the rows checked for output, in their order, each with the selection
 /// text. The report database must be open. True if the table contains a row afterwards. Throws database::DatabaseError,
 /// e.g. if the table lacks a column; records added before stay.
@@ -14,3 +16,8 @@ bool BuildEnvelopeData();
 bool BuildPostcardData();
 /// Two labels per record. Throws database::DatabaseError.
 bool BuildLabelData();
+
+/// The conditions of the head as text for the printed list: those that differ from the defaults, and always the order,
+/// separated by two blanks. Reads Globals().Conditions, the lists of the main form and the selection windows. Never
+/// fails.
+QString BuildSelectionText();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include "database/Database.h"
 
@@ -23,3 +24,17 @@ bool ExecuteReportSql(const QString& sql);
 bool OpenReportForUpdate(database::Recordset& recordset, const QString& sql);
 /// Opens for reading forward. True if there are rows; after an error the recordset is not open.
 bool OpenReportReadOnly(database::Recordset& recordset, const QString& sql);
+
+// Common steps of filling a work table, on Globals().ReportRecordset.
+
+/// Empties the table and opens it for adding records. The result is not checked: an empty table has no rows, and if the
+/// recordset is not open, adding the first record throws.
+void OpenEmptiedWorkTable(const QString& table);
+
+/// Calls back for each row checked for output, in the order of the list, and shows the progress in the wait dialog. An
+/// exception from the callback ends the loop and propagates.
+void ForEachMarkedRow(const std::function<void(int row)>& callback);
+
+/// True if the table has rows. Queries the table instead of counting the writes, which may have failed. Throws
+/// database::DatabaseError if the table cannot be read.
+bool WorkTableHasRows(const QString& table);

@@ -1,8 +1,9 @@
-#include "output/ReportRunner.h"
+// The part of Outputs with the report host.
 
 #include "data/Files.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
+#include "output/Outputs.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
 #include "platform/RuntimeError.h"

@@ -1,7 +1,8 @@
-#include "output/SelectionText.h"
+// The part of ReportData with the conditions as text.
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/SearchConditions.h"
+#include "output/ReportData.h"
 #include "screen/Control.h"
 #include "screen/Form.h"
 #include "text/mod項目編集.h"

@@ -1,12 +1,12 @@
-#include "output/TextOutput.h"
+// The part of Outputs with the text file.
 
 #include "data/Recordsets.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
 #include "output/CsvWriter.h"
+#include "output/Outputs.h"
 #include "output/ReportData.h"
 #include "output/ReportDatabase.h"
-#include "output/ReportRunner.h"
 #include "screen/Form.h"
 #include "text/mod項目編集.h"
 

@@ -3,11 +3,10 @@
 #include <QRect>
 
 #include "registration/StaffItems.h"
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;

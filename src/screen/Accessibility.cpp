@@ -9,30 +9,30 @@ namespace {
 
 /// Installs `Factory` once per process.
 template <QAccessible::InterfaceFactory Factory>
-void InstallAccessFactory() {
+void InstallAccessibleFactory() {
     [[maybe_unused]] static const bool installed = [] {
         QAccessible::installFactory(Factory);
         return true;
     }();
 }
 
-class TextAccess : public QAccessibleWidget {
+class PaintedTextInterface : public QAccessibleWidget {
   public:
-    TextAccess(QWidget& widget, const AccessibleText& spoken)
-        : QAccessibleWidget(&widget, spoken.SpokenRole()), spoken_(spoken) {}
+    PaintedTextInterface(QWidget& widget, const AccessibleText& text)
+        : QAccessibleWidget(&widget, text.AccessibleRole()), text_(text) {}
 
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Name) return spoken_.AccessibleName();
-        return kind == QAccessible::Description ? spoken_.SpokenDescription() : QString();
+        if (kind == QAccessible::Name) return text_.AccessibleName();
+        return kind == QAccessible::Description ? text_.AccessibleDescription() : QString();
     }
 
   private:
-    const AccessibleText& spoken_;
+    const AccessibleText& text_;
 };
 
-QAccessibleInterface* MakeTextAccess(const QString&, QObject* object) {
-    const auto* spoken = dynamic_cast<const AccessibleText*>(object);
-    return spoken == nullptr ? nullptr : new TextAccess(static_cast<QWidget&>(*object), *spoken);
+QAccessibleInterface* MakeAccessibleText(const QString&, QObject* object) {
+    const auto* text = dynamic_cast<const AccessibleText*>(object);
+    return text == nullptr ? nullptr : new PaintedTextInterface(static_cast<QWidget&>(*object), *text);
 }
 
 /// The only child is the list that drops down.
@@ -80,13 +80,13 @@ class AccessibleCombo : public QAccessibleWidget {
     QComboBox& combo_;
 };
 
-QAccessibleInterface* MakeComboAccess(const QString&, QObject* object) {
+QAccessibleInterface* MakeAccessibleCombo(const QString&, QObject* object) {
     auto* combo = qobject_cast<QComboBox*>(object);
     return combo != nullptr && !combo->isEditable() ? new AccessibleCombo(*combo) : nullptr;
 }
 
 }  // namespace
 
-void InstallSpokenTextAccess() { InstallAccessFactory<MakeTextAccess>(); }
+void InstallAccessibleText() { InstallAccessibleFactory<MakeAccessibleText>(); }
 
-void InstallComboAccess() { InstallAccessFactory<MakeComboAccess>(); }
+void InstallAccessibleCombo() { InstallAccessibleFactory<MakeAccessibleCombo>(); }

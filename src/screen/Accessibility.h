@@ -10,15 +10,15 @@
 class AccessibleText {
   public:
     virtual ~AccessibleText() = default;
-    virtual QAccessible::Role SpokenRole() const = 0;
+    virtual QAccessible::Role AccessibleRole() const = 0;
     virtual QString AccessibleName() const = 0;
-    virtual QString SpokenDescription() const = 0;
+    virtual QString AccessibleDescription() const = 0;
 };
 
 /// Makes Qt use AccessibleText for the widgets that implement it. Once per process; later calls do nothing.
-void InstallSpokenTextAccess();
+void InstallAccessibleText();
 
 /// Makes every non-editable combo box keep its accessible name. Qt reports the current entry as the name, so the
 /// purpose of the list is lost, and a list without an entry has no name at all. Here the entry is value and
 /// description; it is the name only if none is set. Once per process; later calls do nothing.
-void InstallComboAccess();
+void InstallAccessibleCombo();

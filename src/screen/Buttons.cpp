@@ -1,10 +1,10 @@
-#include "screen/Buttons.h"
+// The part of PlainControls with the buttons.
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 
-#include "screen/DoubleClickGuard.h"
+#include "screen/PlainControls.h"
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +59,7 @@ void Button::keyReleaseEvent(QKeyEvent* event) {
 
 void Button::mouseReleaseEvent(QMouseEvent* event) {
     const QScopedValueRollback<bool> byInput(byInput_, true);
-    const SecondPressGuard guard(*this, *event);
+    const DoubleClickGuard guard(*this, *event);
     QPushButton::mouseReleaseEvent(event);
 }
 

@@ -1,14 +1,16 @@
-#include "screen/DoubleClickGuard.h"
+// The part of PlainControls that discards the second press of a double-click.
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QStyleHints>
 
+#include "screen/PlainControls.h"
+
 namespace {
 
-const QString kName = QStringLiteral("DoubleClickGuard");
+const QString kName = QStringLiteral("SecondPressFilter");
 
-class DoubleClickGuard : public QObject {
+class SecondPressFilter : public QObject {
   public:
     using QObject::QObject;
 
@@ -51,13 +53,13 @@ class DoubleClickGuard : public QObject {
 
 }  // namespace
 
-SecondPressGuard::~SecondPressGuard() {
+DoubleClickGuard::~DoubleClickGuard() {
     if (window_ != nullptr && window_->isVisible()) return;
     // A child of the application, so that nothing outlives it; one is enough, since only the newest click counts.
-    auto* guard = qApp->findChild<QObject*>(kName, Qt::FindDirectChildrenOnly);
-    if (guard == nullptr) {
-        guard = new DoubleClickGuard(qApp);
-        guard->setObjectName(kName);
+    auto* filter = qApp->findChild<QObject*>(kName, Qt::FindDirectChildrenOnly);
+    if (filter == nullptr) {
+        filter = new SecondPressFilter(qApp);
+        filter->setObjectName(kName);
     }
-    static_cast<DoubleClickGuard*>(guard)->Await(click_);
+    static_cast<SecondPressFilter*>(filter)->Await(click_);
 }

@@ -11,7 +11,6 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
-#include "screen/FormObserver.h"
 
 using namespace Qt::StringLiterals;
 

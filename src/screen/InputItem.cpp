@@ -14,7 +14,7 @@ InputItem::InputItem(Form& form, QWidget& parent, QString typeName, QString name
     setText(design_.text);
     if (TypeName() == u"xPass") setEchoMode(QLineEdit::Password);
     ApplyImeMode();
-    connect(this, &QLineEdit::textChanged, this, [this] { TakeOver(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { AcceptText(); });
 }
 
 void InputItem::ApplyImeMode() {
@@ -48,7 +48,7 @@ void InputItem::Insert(const QString& text, bool /*composed*/) {
     if (!wanted.isEmpty()) insert(wanted);
 }
 
-void InputItem::TakeOver() {
+void InputItem::AcceptText() {
     if (text() == text_) return;
     // Neither typed nor set by the program: a screen reader has replaced the whole text.
     if (!isModified() && Bounded(text(), 0) != text()) {

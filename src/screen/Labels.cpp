@@ -20,7 +20,7 @@ LabelItem::LabelItem(Form& form, QWidget& parent, QString typeName, QString name
       Control(form, *this, std::move(typeName), std::move(name), index),
       fore_(palette().color(QPalette::WindowText)),
       back_(palette().color(QPalette::Window)) {
-    InstallSpokenTextAccess();
+    InstallAccessibleText();
     setAttribute(Qt::WA_OpaquePaintEvent);  // saves painting the background
 }
 
@@ -121,8 +121,8 @@ void LabelItem::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) EmitByUser(DblClick);
 }
 
-QString Panel::SpokenDescription() const {
-    if (!HoldsOthers()) return LabelItem::SpokenDescription();
+QString Panel::AccessibleDescription() const {
+    if (!HasChildren()) return LabelItem::AccessibleDescription();
     return isVisible() && !Shown().isEmpty() ? Shown() : TextsOnIt();
 }
 

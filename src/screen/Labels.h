@@ -26,9 +26,9 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
 
     // The text is the accessible name, the control's name the description. A hidden item, such as a PIN that the user
     // may not see, has no accessible text.
-    QAccessible::Role SpokenRole() const override { return QAccessible::StaticText; }
+    QAccessible::Role AccessibleRole() const override { return QAccessible::StaticText; }
     QString AccessibleName() const override { return isVisible() ? text_ : QString(); }
-    QString SpokenDescription() const override { return Name(); }
+    QString AccessibleDescription() const override { return Name(); }
 
   protected:
     enum class Edge { None, Line, Sunken, Raised };
@@ -111,13 +111,13 @@ class Panel : public LabelItem {
     QString Caption() const override { return Shown(); }
     void SetCaption(const QString& caption) override { Show(caption); }
 
-    QAccessible::Role SpokenRole() const override {
-        return HoldsOthers() ? QAccessible::Grouping : LabelItem::SpokenRole();
+    QAccessible::Role AccessibleRole() const override {
+        return HasChildren() ? QAccessible::Grouping : LabelItem::AccessibleRole();
     }
-    QString AccessibleName() const override { return HoldsOthers() ? Name() : LabelItem::AccessibleName(); }
-    QString SpokenDescription() const override;
+    QString AccessibleName() const override { return HasChildren() ? Name() : LabelItem::AccessibleName(); }
+    QString AccessibleDescription() const override;
 
   private:
-    bool HoldsOthers() const { return !children().isEmpty(); }
+    bool HasChildren() const { return !children().isEmpty(); }
     QString TextsOnIt() const;
 };

@@ -7,8 +7,8 @@
 #include <QStyledItemDelegate>
 
 #include "platform/Services.h"
-#include "screen/DoubleClickGuard.h"
 #include "screen/Form.h"
+#include "screen/PlainControls.h"
 
 using namespace Qt::StringLiterals;
 
@@ -174,7 +174,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     }
     if (event->key() == Qt::Key_Space && rows_.CheckBoxes()) {
         event->accept();
-        if (!event->isAutoRepeat()) TakeSpace(*event);
+        if (!event->isAutoRepeat()) ToggleBySpace(*event);
         return;
     }
     // Without a selected row Qt would move to the second one.
@@ -187,7 +187,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
 }
 
 /// Qt toggles the check mark only if the current cell is in the first column, and also with Ctrl, which should select.
-void ListView::TakeSpace(const QKeyEvent& event) {
+void ListView::ToggleBySpace(const QKeyEvent& event) {
     const QModelIndex caret = currentIndex();
     if (!caret.isValid()) return;
     if (event.modifiers().testAnyFlags(Qt::ControlModifier | Qt::ShiftModifier))
@@ -207,6 +207,6 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = event->button() == Qt::LeftButton && row >= 0 && row == pressedRow_;
     if (event->button() == Qt::LeftButton) pressedRow_ = -1;
     if (!clicked) return;
-    const SecondPressGuard guard(*this, *event);
+    const DoubleClickGuard guard(*this, *event);
     EmitByUser(Click);
 }

@@ -59,7 +59,7 @@ class ListView : public QTreeView, public Control {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    void TakeSpace(const QKeyEvent& event);
+    void ToggleBySpace(const QKeyEvent& event);
     int FirstRowBeginningWith(const QString& beginning) const;
 
     ListRows rows_;

@@ -1,4 +1,4 @@
-#include "screen/NumItem.h"
+// The part of InputItem with the number item.
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -21,7 +21,7 @@ NumItem::NumItem(Form& form, QWidget& parent, QString name)
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignCenter);
     Show();
-    connect(this, &QLineEdit::textChanged, this, [this] { TakeOver(); });
+    connect(this, &QLineEdit::textChanged, this, [this] { AcceptText(); });
 }
 
 void NumItem::FocusGiven(bool byPress) {
@@ -48,7 +48,7 @@ void NumItem::SetValue(int value) {
     if (Change) Change();
 }
 
-void NumItem::TakeFromUser(int value) {
+void NumItem::AcceptValue(int value) {
     const bool changed = value != value_;
     value_ = value;
     Show();
@@ -62,7 +62,7 @@ void NumItem::Insert(const QString& text, bool composed) {
     if (composed && digitTyped_ && Within(value_ * 10 + wanted)) wanted += value_ * 10;
     if (!Within(wanted)) return;
     digitTyped_ = composed;
-    TakeFromUser(wanted);
+    AcceptValue(wanted);
 }
 
 void NumItem::keyPressEvent(QKeyEvent* event) {
@@ -70,14 +70,14 @@ void NumItem::keyPressEvent(QKeyEvent* event) {
     if (step == 0) return LineEditItem::keyPressEvent(event);
     event->accept();
     digitTyped_ = false;
-    if (Within(value_ + step)) TakeFromUser(value_ + step);
+    if (Within(value_ + step)) AcceptValue(value_ + step);
 }
 
 // Deletion, cutting and text set by a screen reader bypass Insert; the result is accepted if it is a number within the
 // bounds.
-void NumItem::TakeOver() {
+void NumItem::AcceptText() {
     const QString now = text();
     const int wanted = now.isEmpty() ? minValue_ : IsNumber(now) ? now.toInt() : value_;
     digitTyped_ = false;
-    TakeFromUser(Within(wanted) ? wanted : value_);
+    AcceptValue(Within(wanted) ? wanted : value_);
 }

@@ -1,4 +1,4 @@
-// The part of WidgetDialogs with the save dialog.
+// The part of SuiteApplication with the save dialog.
 
 #include <QApplication>
 #include <QComboBox>
@@ -15,7 +15,7 @@
 #include <QTreeView>
 
 #include "platform/FileSystem.h"
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 
 namespace {
 

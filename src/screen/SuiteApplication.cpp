@@ -9,7 +9,6 @@
 
 #include "platform/Services.h"
 #include "screen/CloseBox.h"
-#include "screen/WidgetDialogs.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+#include "platform/Dialogs.h"
 #include "platform/ToolkitStart.h"
 
 namespace platform {
@@ -30,3 +31,13 @@ void ApplySuiteStyle(QApplication& application);
 
 /// Japanese number and date formats and Qt's own dialogs in Japanese, independent of the user's locale.
 void InstallTranslator(QCoreApplication& application);
+
+/// Application-modal message boxes and save dialog over the active window.
+class WidgetDialogs : public platform::Dialogs {
+  public:
+    using Dialogs::Confirm;
+    using Dialogs::ShowMessage;
+    void ShowMessage(const QString& text, const QString& title) override;
+    bool Confirm(const QString& text, const QString& title) override;
+    std::optional<QString> ShowSave(const platform::SaveQuestion& question) override;
+};

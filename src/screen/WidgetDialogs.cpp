@@ -1,8 +1,10 @@
-#include "screen/WidgetDialogs.h"
+// The part of SuiteApplication with the message boxes.
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include "screen/SuiteApplication.h"
 
 namespace {
 

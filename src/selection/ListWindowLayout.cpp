@@ -3,12 +3,11 @@
 #include <QHeaderView>
 #include <QScrollBar>
 
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
 #include "screen/Form.h"
+#include "screen/InputItem.h"
 #include "screen/Labels.h"
 #include "screen/ListView.h"
-#include "screen/NumItem.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;

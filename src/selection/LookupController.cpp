@@ -1,4 +1,4 @@
-#include "selection/LookupController.h"
+// The part of ListWindow for lookups.
 
 #include "globals/ProgramGlobals.h"
 #include "screen/modクライアント処理.h"

@@ -6,10 +6,10 @@
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
-#include "screen/ComboItem.h"
+#include "screen/PlainControls.h"
 #include "selection/ConditionStrings.h"
 #include "selection/ListWindowLayout.h"
-#include "selection/MultiSelectController.h"
+#include "selection/SelectionWindow.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;

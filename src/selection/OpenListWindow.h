@@ -2,11 +2,7 @@
 
 #include <QString>
 
-class ListWindow;
 struct RangeCondition;
-
-/// A new window over the staff by the form's name; nullptr for any other name.
-ListWindow* MakeStaffListWindow(const QString& name);
 
 /// Shows a list window modally and returns when it has closed. The window is created at its first use and keeps its
 /// state while it is only hidden. The caller sets ListCondition, ListResultItem and ListNextItem first and disables

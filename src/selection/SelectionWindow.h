@@ -1,8 +1,11 @@
 #pragma once
 
-#include <QString>
+#include <QObject>
+#include <QStringList>
 
-class SelectionSource;
+#include "inquiry/SearchConditions.h"
+
+class ListWindow;
 
 // Shared by the windows that contain a selection: multi-select and value windows.
 
@@ -14,3 +17,32 @@ void UnregisterSelection(const QString& window, const SelectionSource& source);
 /// Returns to the main form after a window has set its flag and closed: enables and repaints the form and moves the
 /// focus to ListNextItem, or to the next enabled item if the flag has disabled that one.
 void ReturnToHead();
+
+/// The checked rows of a list window as a selection. The list is the only storage. Registered in SelectionWindows from
+/// construction until the window is unloaded; owned by the window.
+class MultiSelectRows : public QObject, public SelectionSource {
+  public:
+    MultiSelectRows(ListWindow& window, const RangeCondition& condition);
+    ~MultiSelectRows() override;
+
+    /// Codes of the checked rows in the order shown.
+    QStringList Codes() const;
+
+    /// "(table.column = 'code' OR ...)". Codes are not escaped: they come from the master itself.
+    QString BuildSelectionCondition(const QString& table, const QString& column) const override;
+    /// The names as the master has them now. A code that the master no longer has is left out; if that was the first
+    /// one, the text begins with a comma.
+    QString DescribeSelection() const override;
+
+  private:
+    ListWindow& window_;
+    const RangeCondition& condition_;
+};
+
+/// Turns a list window into a multi-select window, which replaces its range by single rows of the master: check boxes,
+/// extended selection, the buttons that check and uncheck rows. Enter and a click choose nothing. btn_戻る sets the
+/// flag, hides or unloads the window and re-enables the main form.
+void ConnectMultiSelect(ListWindow& window);
+
+/// ConnectLookup or ConnectMultiSelect, by the window's use.
+void ConnectList(ListWindow& window);

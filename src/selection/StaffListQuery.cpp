@@ -27,24 +27,26 @@ class ListStatement {
     bool joined_;  // the head of dialect O already contains a WHERE
 };
 
+enum class Sense { Matching, Excluding };
+
 /// Text between a column and its value, and after the value.
 struct Comparison {
-    QString meets, differs, end;
+    QString matching, excluding, end;
 };
 const Comparison kFrom = {u" >= '"_s, u" < '"_s, u"'"_s};
 const Comparison kLike = {u" LIKE '%"_s, u" NOT LIKE '%"_s, u"%'"_s};
 const Comparison kEqual = {u" = '"_s, u" <> '"_s, u"'"_s};
 
-struct OwnTerm {
+struct ItemTerm {
     QString column;
     const Comparison& comparison;
     QString (*value)(const Conditions& conditions);
 };
 
-enum Own { kCode, kName, kKana, kDepartment, kSection };
+enum TermIndex { kCode, kName, kKana, kDepartment, kSection };
 
-const QList<OwnTerm>& OwnTerms() {
-    static const QList<OwnTerm> terms = {
+const QList<ItemTerm>& ItemTerms() {
+    static const QList<ItemTerm> terms = {
         {u"コード"_s, kFrom, [](const Conditions& c) { return c.code; }},
         {u"氏名"_s, kLike, [](const Conditions& c) { return QuoteSqlText(TrimBlanks(c.name)); }},
         {u"カナ"_s, kLike, [](const Conditions& c) { return QuoteSqlText(c.kana); }},
@@ -54,8 +56,9 @@ const QList<OwnTerm>& OwnTerms() {
     return terms;
 }
 
-QString Term(const QString& column, const Comparison& comparison, const QString& value, bool negated) {
-    return u"M担当者."_s + column + (negated ? comparison.differs : comparison.meets) + value + comparison.end;
+QString Term(const QString& column, const Comparison& comparison, const QString& value, Sense sense) {
+    return u"M担当者."_s + column + (sense == Sense::Excluding ? comparison.excluding : comparison.matching) + value +
+           comparison.end;
 }
 
 /// Staff of office 000, the whole company, are visible to every office.
@@ -65,27 +68,28 @@ QString OfficeTerm() {
 }
 
 /// The list index is the code of the class.
-void AddClass(ListStatement& statement, const QString& column, int value, int all, bool negated) {
-    if (value != all) statement.Add(Term(column, kEqual, FormatByMask(value, u"0"_s), negated));
+void AddClass(ListStatement& statement, const QString& column, int value, int all, Sense sense) {
+    if (value != all) statement.Add(Term(column, kEqual, FormatByMask(value, u"0"_s), sense));
 }
 
-QString BuildQuery(const Conditions& conditions, const QList<Own>& terms, const QString& order, bool negated = false) {
+QString BuildQuery(const Conditions& conditions, const QList<TermIndex>& terms, const QString& order,
+                   Sense sense = Sense::Matching) {
     ListStatement statement;
     const ProgramGlobals& globals = Globals();
     if (!TrimBlanks(globals.ListCondition).isEmpty()) statement.Add(u'(' + globals.ListCondition + u')');
     // The operating office decides whether there is a filter, the scope office which one.
     if (globals.Environment.OperatingOfficeCode != RepeatZero(3)) statement.Add(OfficeTerm());
-    for (const Own own : terms) {
-        const OwnTerm& term = OwnTerms()[own];
+    for (const TermIndex index : terms) {
+        const ItemTerm& term = ItemTerms()[index];
         const QString value = term.value(conditions);
-        if (!TrimBlanks(value).isEmpty()) statement.Add(Term(term.column, term.comparison, value, negated));
+        if (!TrimBlanks(value).isEmpty()) statement.Add(Term(term.column, term.comparison, value, sense));
     }
-    AddClass(statement, u"在籍区分"_s, conditions.enrolmentClass, conditions.allEnrolments, negated);
-    AddClass(statement, u"社員区分"_s, conditions.employeeClass, conditions.allEmployees, negated);
+    AddClass(statement, u"在籍区分"_s, conditions.enrolmentClass, conditions.allEnrolments, sense);
+    AddClass(statement, u"社員区分"_s, conditions.employeeClass, conditions.allEmployees, sense);
     return statement.Ordered(order);
 }
 
-const QList<Own> kAllTerms = {kCode, kName, kKana, kDepartment, kSection};
+const QList<TermIndex> kAllTerms = {kCode, kName, kKana, kDepartment, kSection};
 
 }  // namespace
 
@@ -123,7 +127,7 @@ QString BuildSectionQuery(const Conditions& conditions) { return BuildQuery(cond
 QString BuildCompositeQuery(const Conditions& conditions) { return BuildQuery(conditions, kAllTerms, u"コード"_s); }
 
 QString BuildNegativeQuery(const Conditions& conditions) {
-    return BuildQuery(conditions, kAllTerms, u"コード"_s, true);
+    return BuildQuery(conditions, kAllTerms, u"コード"_s, Sense::Excluding);
 }
 
 QString BuildStaffListQuery(int searchKind, const Conditions& conditions) {

@@ -46,3 +46,6 @@ class StaffListWindow : public ListWindow {
     StaffListConditions conditions_;
     int searchKind_ = kCompositeSearch;
 };
+
+/// A new window over the staff by the form's name; nullptr for any other name.
+ListWindow* MakeStaffListWindow(const QString& name);

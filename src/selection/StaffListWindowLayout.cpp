@@ -1,9 +1,9 @@
 // The part of StaffListWindow that creates and places its controls.
 
-#include "screen/Buttons.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 #include "selection/ListWindowLayout.h"
 #include "selection/StaffListWindow.h"

@@ -2,8 +2,11 @@
 
 #include <QStringList>
 
+#include "inquiry/SearchConditions.h"
 #include "screen/Form.h"
-#include "selection/ValueWindowLayout.h"
+
+/// Rows of a value window.
+inline constexpr int kValueRows = 10;
 
 /// Up to ten values in place of one search text of the head; one class for the five windows of names, kana, addresses,
 /// telephones and postal codes. The entries exist only in the window; the main form knows the window's flag, which is
@@ -32,3 +35,6 @@ class wnd担当者複数指定 : public Form, public SelectionSource {
 /// Opens the value window of a search text and returns when it has closed. Created at its first use, it keeps its
 /// entries. The main form stays enabled.
 void OpenValueWindow(const TextCondition& text);
+
+/// Creates the controls of a value window in tab order (…Layout.cpp), sets the window's caption, flags and fixed size.
+void BuildValueWindow(Form& form, const TextCondition& condition);

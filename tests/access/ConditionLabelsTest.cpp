@@ -1,7 +1,7 @@
 #include "access/ConditionLabels.h"
 
 #include "access/CompanyFixture.h"
-#include "frame/StartCommand.h"
+#include "frame/Mod要員名簿照会.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 #include "access/msg暗証番号確認.h"
 #include "data/RunHistory.h"
 #include "screen/InputItem.h"
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 #include "screen/modクライアント処理.h"
 #include "support/FormLayout.h"
 

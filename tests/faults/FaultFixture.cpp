@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 #include "screen/msgお待ち.h"
 
 using namespace Qt::StringLiterals;

@@ -1,8 +1,7 @@
 #include "access/ProgramLinks.h"
 #include "access/StartUp.h"
 #include "faults/FaultFixture.h"
-#include "inquiry/RowStoreProcedures.h"
-#include "inquiry/StaffRegistration.h"
+#include "inquiry/StaffQuery.h"
 #include "support/LinkAnswers.h"
 
 using namespace Qt::StringLiterals;

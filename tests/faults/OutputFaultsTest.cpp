@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "faults/FaultFixture.h"
+#include "output/Outputs.h"
 #include "output/ReportData.h"
-#include "output/TextOutput.h"
 #include "support/FullDisk.h"
 
 using namespace Qt::StringLiterals;

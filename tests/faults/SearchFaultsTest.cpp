@@ -1,5 +1,4 @@
 #include "faults/FaultFixture.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;

@@ -9,8 +9,8 @@
 #include <thread>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
-#include "inquiry/StaffRegistration.h"
+#include "inquiry/ScreenState.h"
+#include "inquiry/StaffQuery.h"
 #include "screen/Form.h"
 #include "support/FileBytes.h"
 #include "support/LinkAnswers.h"

@@ -1,4 +1,4 @@
-#include "frame/StartCommand.h"
+#include "frame/Mod要員名簿照会.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Command lines: each field is the substring at its position, and only a complete field counts as given.
 
-#include "frame/StartCommand.h"
+#include "frame/Mod要員名簿照会.h"
 #include "fuzz/FuzzInput.h"
 #include "globals/ProgramGlobals.h"
 

@@ -31,15 +31,15 @@ class InquiryTest : public ::testing::Test {
 };
 
 /// Fake selection window with the given values: codes as equalities, texts as LIKE terms.
-class HeldSelection : public SelectionSource {
+class FakeSelection : public SelectionSource {
   public:
-    HeldSelection(QString window, QStringList values, bool texts, QString joiner = QStringLiteral(" OR "))
+    FakeSelection(QString window, QStringList values, bool texts, QString joiner = QStringLiteral(" OR "))
         : window_(std::move(window)), values_(std::move(values)), texts_(texts), joiner_(std::move(joiner)) {
         Globals().SelectionWindows.insert(window_, this);
     }
-    ~HeldSelection() override { Globals().SelectionWindows.remove(window_); }
-    HeldSelection(const HeldSelection&) = delete;
-    HeldSelection& operator=(const HeldSelection&) = delete;
+    ~FakeSelection() override { Globals().SelectionWindows.remove(window_); }
+    FakeSelection(const FakeSelection&) = delete;
+    FakeSelection& operator=(const FakeSelection&) = delete;
 
     QString BuildSelectionCondition(const QString& table, const QString& column) const override {
         const QString before = texts_ ? QStringLiteral(" LIKE '%") : QStringLiteral(" = '");

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "inquiry/InquiryTest.h"
-#include "inquiry/RowStoreProcedures.h"
+#include "inquiry/StaffQuery.h"
 
 using namespace Qt::StringLiterals;
 

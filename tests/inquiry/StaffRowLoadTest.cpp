@@ -91,7 +91,7 @@ TEST_F(StaffRow, NullOfAddressBWithAnAddressAThrows) {
     database.AddStaff(u"00001"_s, {{u"住所A"_s, u"東京都"_s}});
     try {
         Search();
-        FAIL() << "nothing was raised";
+        FAIL() << "nothing was thrown";
     } catch (const platform::RuntimeError& error) {
         EXPECT_EQ(error.Number(), platform::kInvalidUseOfNull);
     }

@@ -46,7 +46,7 @@ TEST_F(StaffSearch, ByTelephoneFailsQuietlyWithAnEmptyListAndOneErrorRow) {
 TEST_F(StaffSearch, ByAListOfTelephonesWorks) {
     database.AddStaff(u"00001"_s, {{u"電話"_s, u"03-1111-2222"_s}});
     database.AddStaff(u"00002"_s, {{u"電話"_s, u"06-1111-2222"_s}});
-    const HeldSelection window(u"wnd担当者電話複数指定"_s, {u"03-"_s, u"045-"_s}, true);
+    const FakeSelection window(u"wnd担当者電話複数指定"_s, {u"03-"_s, u"045-"_s}, true);
     Globals().Flags.PhoneListGiven = true;
     Search();
     EXPECT_EQ(Found(), QStringList{u"00001"_s});

@@ -3,7 +3,6 @@
 #include <functional>
 
 #include "inquiry/InquiryTest.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 #include "support/StaffDatabase.h"
 

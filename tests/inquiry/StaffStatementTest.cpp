@@ -149,7 +149,7 @@ const SelectionCase kSelections[] = {
 }  // namespace
 
 TEST_P(StaffStatementOfSelection, OverridesTheHead) {
-    const HeldSelection window(GetParam().window, {u"a1"_s, u"b2"_s}, GetParam().texts);
+    const FakeSelection window(GetParam().window, {u"a1"_s, u"b2"_s}, GetParam().texts);
     Globals().Flags.*GetParam().flag = true;
     Conditions().*GetParam().bound = u"7"_s;
     EXPECT_EQ(BuildStaffStatement(), kHead + GetParam().expected + kOrder);
@@ -161,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Of, StaffStatementOfSelection, ::testing::ValuesIn(kSel
 using StaffStatementOfWindow = InquiryTest;
 
 TEST_F(StaffStatementOfWindow, NarrowedNamesAreJoinedByTheWindow) {
-    const HeldSelection window(u"wnd担当者名複数指定"_s, {u"山"_s, u"田"_s}, true, u" AND "_s);
+    const FakeSelection window(u"wnd担当者名複数指定"_s, {u"山"_s, u"田"_s}, true, u" AND "_s);
     Globals().Flags.NameListGiven = true;
     EXPECT_EQ(BuildStaffStatement(),
               kHead + kOnPayroll + u" AND (M担当者.氏名 LIKE '%山%' AND M担当者.氏名 LIKE '%田%')"_s + kOrder);

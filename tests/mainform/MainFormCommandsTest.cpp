@@ -2,7 +2,7 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 #include "mainform/SelectionFixture.h"
 #include "screen/Form.h"
 #include "screen/modマウスWHeel.h"

@@ -3,9 +3,8 @@
 #include <QWheelEvent>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"
+#include "inquiry/StaffQuery.h"
 #include "screen/Form.h"
 #include "support/MainFormFixture.h"
 

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 #include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"

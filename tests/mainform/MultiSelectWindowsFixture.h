@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainform/SelectionFixture.h"
-#include "selection/MultiSelectController.h"
+#include "selection/SelectionWindow.h"
 #include "support/ModalScript.h"
 
 class SelectionSource;

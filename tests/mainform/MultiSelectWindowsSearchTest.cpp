@@ -2,7 +2,7 @@
 #include "inquiry/SearchConditions.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/MultiSelectWindowsFixture.h"
-#include "output/SelectionText.h"
+#include "output/ReportData.h"
 #include "screen/ListView.h"
 #include "screen/modクライアント処理.h"
 #include "support/ModalRobot.h"

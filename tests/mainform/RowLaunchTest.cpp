@@ -4,8 +4,8 @@
 #include <functional>
 
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
-#include "inquiry/StaffRegistration.h"
+#include "inquiry/ScreenState.h"
+#include "inquiry/StaffQuery.h"
 #include "screen/Form.h"
 #include "support/LinkAnswers.h"
 #include "support/MainFormFixture.h"

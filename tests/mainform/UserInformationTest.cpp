@@ -14,7 +14,7 @@ const QString kNoLabels = u"システムデータベースに問題があり登�
 const QString kCorrection =
     u"出力終了 UPDATE 動作環境定義 SET  運用事業所コード = ''000'' WHERE 動作環境定義ID = ''001''"_s;
 
-/// Starts of a company that asks for no PIN, so that nobody's rights stand in the way.
+/// A company without PINs, so that no right is checked at the start.
 class UserInformation : public MainFormTest {
   protected:
     UserInformation() { General(u"UPDATE Mユーザ SET 暗証番号有無 = '0'; UPDATE M事業所 SET 暗証番号有無 = '0'"_s); }

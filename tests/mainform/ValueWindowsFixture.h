@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mainform/SelectionFixture.h"
-#include "selection/ValueWindowLayout.h"
+#include "selection/wnd担当者複数指定.h"
 #include "support/ModalRobot.h"
 
 /// The main form with its value windows.

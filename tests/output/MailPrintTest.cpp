@@ -1,4 +1,4 @@
-#include "output/ReportRunner.h"
+#include "output/Outputs.h"
 
 #include "screen/msgお待ち.h"
 #include "support/OutputFixture.h"

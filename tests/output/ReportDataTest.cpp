@@ -155,7 +155,7 @@ TEST_F(ReportData, ASecondOutputReplacesTheFirst) {
 TEST_F(ReportData, SelectionTextIsBuiltForEveryRow) {
     AddRows(5);
     Globals().Flags.NameListGiven = true;
-    const TellingSelection window(u"wnd担当者名複数指定"_s, u"検索担当者名：山,川"_s);
+    const DescribedSelection window(u"wnd担当者名複数指定"_s, u"検索担当者名：山,川"_s);
     EXPECT_TRUE(BuildReportData());
     EXPECT_EQ(window.asked, 5);
     EXPECT_EQ(WorkColumn(u"選択条件"_s), QStringList(5, u"検索担当者名：山,川  表示順：所属コード順"_s));

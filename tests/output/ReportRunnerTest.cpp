@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "globals/ProgramGlobals.h"
+#include "output/Outputs.h"
 #include "output/ReportDatabase.h"
-#include "output/ReportRunner.h"
 #include "screen/Form.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"

@@ -1,4 +1,4 @@
-#include "output/SelectionText.h"
+#include "output/ReportData.h"
 
 #include "support/OutputFixture.h"
 
@@ -75,7 +75,7 @@ TEST_P(SearchSegment, ShowsTheStoredTextWithItsBlanks) {
 
 TEST_P(SearchSegment, IsWhatItsWindowSaysWhileThatHoldsAList) {
     Conditions().*GetParam().text = u"x"_s;
-    const TellingSelection window(QString::fromUtf16(GetParam().window), u"窓の言葉"_s);
+    const DescribedSelection window(QString::fromUtf16(GetParam().window), u"窓の言葉"_s);
     EXPECT_NE(BuildSelectionText(), u"窓の言葉"_s + kOrder);
     Globals().Flags.*GetParam().listed = true;
     EXPECT_EQ(BuildSelectionText(), u"窓の言葉"_s + kOrder);
@@ -112,7 +112,7 @@ TEST_P(RangeSegment, AnEmptyEndIsAChangedOne) {
 }
 
 TEST_P(RangeSegment, IsWhatItsWindowSaysWhileThatHoldsAPick) {
-    const TellingSelection window(QString::fromUtf16(GetParam().window), u"窓の言葉"_s);
+    const DescribedSelection window(QString::fromUtf16(GetParam().window), u"窓の言葉"_s);
     Globals().Flags.*GetParam().picked = true;
     EXPECT_EQ(BuildSelectionText(), u"窓の言葉"_s + kOrder);
 }
@@ -137,7 +137,7 @@ TEST_F(SelectionText, AWindowThatSaysNothingLeavesFourBlanksInARow) {
     Conditions().EnrolmentKind = 0;
     form.Plain(u"在籍区分名称"_s).text = u"在籍"_s;
     Globals().Flags.NameListGiven = true;
-    const TellingSelection window(u"wnd担当者名複数指定"_s, QString());
+    const DescribedSelection window(u"wnd担当者名複数指定"_s, QString());
     EXPECT_EQ(BuildSelectionText(), u"在籍区分：在籍    表示順：所属コード順"_s);
 }
 

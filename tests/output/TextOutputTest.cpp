@@ -1,4 +1,4 @@
-#include "output/TextOutput.h"
+#include "output/Outputs.h"
 
 #include <QApplication>
 #include <QFile>
@@ -218,7 +218,7 @@ TEST_F(TextOutput, NextOutputClearsOnlyTheNoticeOfLostCharacters) {
 TEST_F(TextOutput, ProcessesNoEvents) {
     AddRows(3);
     Globals().Flags.NameListGiven = true;
-    TellingSelection window(u"wnd担当者名複数指定"_s, QString());
+    DescribedSelection window(u"wnd担当者名複数指定"_s, QString());
     int arrived = 0;
     window.whenAsked = [&] {
         QMetaObject::invokeMethod(
@@ -235,7 +235,7 @@ TEST_F(TextOutput, ProcessesNoEvents) {
 TEST_F(TextOutput, ALongOutputShowsHowManyRowsAreDoneAndAShortOneNothing) {
     AddRows(3);
     Globals().Flags.NameListGiven = true;
-    TellingSelection window(u"wnd担当者名複数指定"_s, QString());
+    DescribedSelection window(u"wnd担当者名複数指定"_s, QString());
     QStringList seen;
     window.whenAsked = [&] { seen << Progress(); };
     RunTextOutput();

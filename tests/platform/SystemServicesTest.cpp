@@ -16,7 +16,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 #include "support/WithoutFileRights.h"
 
 using namespace Qt::StringLiterals;

@@ -2,10 +2,9 @@
 #include <QComboBox>
 #include <QtTest/QTest>
 
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
+#include "screen/InputItem.h"
 #include "screen/Labels.h"
-#include "screen/NumItem.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 #include "screen/TabItem.h"
 

@@ -2,12 +2,10 @@
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
+#include "screen/InputItem.h"
 #include "screen/Labels.h"
-#include "screen/NumItem.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
-#include "screen/ScrollItem.h"
 #include "screen/TabItem.h"
 #include "screen/modクライアント処理.h"
 

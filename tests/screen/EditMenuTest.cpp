@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <QtTest/QTest>
 
-#include "screen/NumItem.h"
+#include "screen/InputItem.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

@@ -6,8 +6,7 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

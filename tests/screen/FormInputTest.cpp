@@ -6,7 +6,7 @@
 #include <QtTest/QTest>
 
 #include "platform/RuntimeError.h"
-#include "screen/Buttons.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

@@ -4,9 +4,8 @@
 #include <QStyleOptionSlider>
 #include <QtTest/QTest>
 
-#include "screen/ComboItem.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
-#include "screen/ScrollItem.h"
 #include "screen/TabItem.h"
 
 using namespace Qt::StringLiterals;
@@ -92,7 +91,7 @@ class ScrollItemTest : public ScreenTest {
 
     void SetUp() override {
         bar.setGeometry(350, 10, 18, 200);
-        bar.TakePlace(0, 100);
+        bar.SetPosition(0, 100);
         bar.SetLargeChange(8);
         bar.Change = [this] { changes << bar.Value(); };
         ShowActive(form);
@@ -127,10 +126,10 @@ TEST_F(ScrollItemTest, WrittenValueIsClampedToTheBounds) {
 TEST_F(ScrollItemTest, TakePlaceEmitsNothing) {
     bar.SetValue(50);
     changes.clear();
-    bar.TakePlace(0, 20);
+    bar.SetPosition(0, 20);
     EXPECT_EQ(bar.Value(), 0);
     EXPECT_EQ(bar.MaxValue(), 20);
-    bar.TakePlace(90, 200);
+    bar.SetPosition(90, 200);
     EXPECT_EQ(bar.Value(), 90);
     EXPECT_TRUE(changes.isEmpty());
 }

@@ -8,7 +8,7 @@
 #include <QtTest/QTest>
 #include <utility>
 
-#include "screen/Buttons.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

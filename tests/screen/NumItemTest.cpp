@@ -1,4 +1,4 @@
-#include "screen/NumItem.h"
+#include "screen/InputItem.h"
 
 #include <QApplication>
 #include <QClipboard>

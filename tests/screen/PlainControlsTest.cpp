@@ -2,8 +2,8 @@
 #include <QApplication>
 #include <QtTest/QTest>
 
-#include "screen/Buttons.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 
 using namespace Qt::StringLiterals;

@@ -14,7 +14,7 @@
 
 #include <functional>
 
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 
 using namespace Qt::StringLiterals;
 

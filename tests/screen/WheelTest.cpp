@@ -1,11 +1,10 @@
 #include <QtTest/QTest>
 
 #include "platform/RuntimeError.h"
-#include "screen/ComboItem.h"
+#include "screen/InputItem.h"
 #include "screen/Labels.h"
-#include "screen/NumItem.h"
+#include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
-#include "screen/ScrollItem.h"
 #include "screen/modマウスWHeel.h"
 
 using namespace Qt::StringLiterals;
@@ -45,7 +44,7 @@ class WheelHook : public ScreenTest {
         number.setGeometry(10, 40, 80, 24);
         combo.setGeometry(10, 70, 80, 24);
         bar.setGeometry(250, 10, 18, 180);
-        bar.TakePlace(0, 20);
+        bar.SetPosition(0, 20);
         combo.AddItem(u"一"_s);
         combo.AddItem(u"二"_s);
         combo.SetListIndex(0);

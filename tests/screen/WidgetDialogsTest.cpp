@@ -1,4 +1,4 @@
-#include "screen/WidgetDialogs.h"
+#include "screen/SuiteApplication.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,6 @@
 #include "access/MainConnection.h"
 #include "data/Connections.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 #include "setup/RunTool.h"
 #include "setup/schema/GeneralDatabase.h"

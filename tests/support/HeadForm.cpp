@@ -1,7 +1,7 @@
 #include "support/HeadForm.h"
 
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 #include "screen/Form.h"
 
 using namespace Qt::StringLiterals;

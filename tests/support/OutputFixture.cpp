@@ -57,9 +57,9 @@ QStringList OutputTest::WorkColumn(const QString& column, const QString& table) 
     return values;
 }
 
-TellingSelection::TellingSelection(QString window, QString words)
+DescribedSelection::DescribedSelection(QString window, QString words)
     : window_(std::move(window)), words_(std::move(words)) {
     Globals().SelectionWindows.insert(window_, this);
 }
 
-TellingSelection::~TellingSelection() { Globals().SelectionWindows.remove(window_); }
+DescribedSelection::~DescribedSelection() { Globals().SelectionWindows.remove(window_); }

@@ -35,10 +35,10 @@ class OutputTest : public WithConnections {
 inline size_t qHash(StaffText field, size_t seed = 0) { return ::qHash(static_cast<int>(field), seed); }
 
 /// Fake selection window that counts the calls.
-class TellingSelection : public SelectionSource {
+class DescribedSelection : public SelectionSource {
   public:
-    TellingSelection(QString window, QString words);
-    ~TellingSelection() override;
+    DescribedSelection(QString window, QString words);
+    ~DescribedSelection() override;
     QString BuildSelectionCondition(const QString&, const QString&) const override { return {}; }
     QString DescribeSelection() const override {
         ++asked;

@@ -26,13 +26,13 @@ constexpr int kLater = 50;  // milliseconds; 0 would post an event, which nested
 }  // namespace
 
 PageView::PageView(PreparedReport& report) : report_(report) {
-    InstallSpokenTextAccess();
+    InstallAccessibleText();
     setObjectName(u"page"_s);
     setFocusPolicy(Qt::StrongFocus);
 }
 
 QString PageView::AccessibleName() const { return u"プレビュ"_s; }
-QString PageView::SpokenDescription() const { return u"%1 / %2 ページ"_s.arg(page_ + 1).arg(report_.PageCount()); }
+QString PageView::AccessibleDescription() const { return u"%1 / %2 ページ"_s.arg(page_ + 1).arg(report_.PageCount()); }
 
 void PageView::ShowPage(int page) {
     page_ = page;

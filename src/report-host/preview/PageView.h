@@ -31,9 +31,9 @@ class PageView : public QWidget, public AccessibleText {
 
     QSize sizeHint() const override;
 
-    QAccessible::Role SpokenRole() const override { return QAccessible::Graphic; }
+    QAccessible::Role AccessibleRole() const override { return QAccessible::Graphic; }
     QString AccessibleName() const override;
-    QString SpokenDescription() const override;
+    QString AccessibleDescription() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

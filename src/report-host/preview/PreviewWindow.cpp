@@ -127,7 +127,7 @@ void PreviewWindow::AddPageField(QToolBar& bar) {
 }
 
 void PreviewWindow::AddZoomField(QToolBar& bar) {
-    InstallComboAccess();
+    InstallAccessibleCombo();
     zoomField_ = new QComboBox;
     zoomField_->setObjectName(u"zoomField"_s);
     zoomField_->setAccessibleName(u"倍率"_s);

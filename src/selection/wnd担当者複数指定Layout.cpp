@@ -1,9 +1,10 @@
-#include "selection/ValueWindowLayout.h"
+// The part of wnd担当者複数指定 that creates and places its controls.
 
-#include "screen/Buttons.h"
 #include "screen/Form.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
+#include "selection/wnd担当者複数指定.h"
 
 using namespace Qt::StringLiterals;
 

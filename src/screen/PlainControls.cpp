@@ -1,4 +1,4 @@
-#include "screen/ComboItem.h"
+#include "screen/PlainControls.h"
 
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 ComboItem::ComboItem(Form& form, QWidget& parent, QString name)
     : QComboBox(&parent), Control(form, *this, u"ComboBox"_s, std::move(name), -1) {
-    InstallComboAccess();
+    InstallAccessibleCombo();
     SetTabStop(true);
     setAccessibleName(Name());
     setFocusPolicy(Qt::StrongFocus);
@@ -55,3 +55,30 @@ void FillClassList(Control& number, Control& list, const QStringList& names) {
     number.SetMinValue(0);
     number.SetMaxValue(static_cast<int>(names.size()));
 }
+
+ScrollItem::ScrollItem(Form& form, QWidget& parent, QString name)
+    : QScrollBar(Qt::Vertical, &parent), Control(form, *this, u"VScrollBar"_s, std::move(name), -1) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(Name());
+    setContextMenuPolicy(Qt::NoContextMenu);
+    connect(this, &QScrollBar::valueChanged, this, [this] { EmitByUser(Change); });
+}
+
+void ScrollItem::SetValue(int value) {
+    const int before = this->value();
+    {
+        const QSignalBlocker quiet(this);
+        setValue(value);
+    }
+    if (this->value() != before && Change) Change();
+}
+
+void ScrollItem::SetLargeChange(int rows) { setPageStep(rows); }
+
+void ScrollItem::SetPosition(int value, int maxValue) {
+    const QSignalBlocker quiet(this);
+    setMaximum(maxValue);
+    setValue(value);
+}
+
+void ScrollItem::wheelEvent(QWheelEvent* event) { event->ignore(); }

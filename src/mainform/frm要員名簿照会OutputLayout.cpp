@@ -1,13 +1,13 @@
-// Layout of the main form (MainFormPanels.h): outputs, and the tab order.
+// The part of frm要員名簿照会 with the layout: outputs, and the tab order.
 
 #include <QStringList>
 #include <array>
 
 #include "inquiry/SearchConditions.h"
-#include "mainform/MainFormPanels.h"
-#include "screen/Buttons.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "screen/Labels.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;

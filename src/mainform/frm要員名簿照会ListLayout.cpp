@@ -1,14 +1,13 @@
-// Layout of the main form (MainFormPanels.h): list.
+// The part of frm要員名簿照会 with the layout: list.
 
 #include <QRect>
 
-#include "inquiry/DetailList.h"
+#include "inquiry/ScreenState.h"
 #include "inquiry/StaffColumns.h"
-#include "mainform/MainFormPanels.h"
-#include "screen/Buttons.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "screen/Labels.h"
-#include "screen/ScrollItem.h"
+#include "screen/PlainControls.h"
 #include "screen/TabItem.h"
 #include "screen/fonts/Fonts.h"
 

@@ -1,15 +1,13 @@
-// Layout of the main form (MainFormPanels.h): head.
+// The part of frm要員名簿照会 with the layout: head.
 
 #include <QRect>
 
 #include "inquiry/SearchConditions.h"
-#include "mainform/MainFormPanels.h"
-#include "screen/Buttons.h"
-#include "screen/ComboItem.h"
+#include "mainform/frm要員名簿照会.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
-#include "screen/NumItem.h"
+#include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+
+#include "screen/Control.h"
+
+class QMouseEvent;
+
+/// SSCommand: Button(form, parent, name, caption). The caption may have several lines. Mouse, Space and Enter press the
+/// focused button and emit Click; it is never the default button of its window. If the handler closes the window, the
+/// second press of a double-click is discarded (DoubleClickGuard).
+class Button : public QPushButton, public Control {
+  public:
+    Button(Form& form, QWidget& parent, QString name, const QString& caption);
+
+    /// Invisible button that only takes the focus.
+    void SetFaceless();
+
+    QString Caption() const override { return caption_; }
+    void SetCaption(const QString& caption) override;
+    QColor ForeColor() const override { return palette().color(QPalette::Active, QPalette::ButtonText); }
+    void SetForeColor(const QColor& color) override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    QString caption_;
+    bool faceless_ = false;
+    bool byInput_ = false;  // pressed by key or mouse, which have already moved the focus
+};
+
+/// CheckBox: CheckItem(form, parent, name, index, caption). Value is 0 or 1; SetValue takes any number other than 0
+/// as 1. Emits Click at each change of Value, also when the program writes it.
+class CheckItem : public QCheckBox, public Control {
+  public:
+    CheckItem(Form& form, QWidget& parent, QString name, int index, const QString& caption);
+
+    QString Caption() const override { return caption_; }
+    void SetCaption(const QString& caption) override;
+    int Value() const override { return isChecked() ? 1 : 0; }
+    void SetValue(int value) override;
+
+  protected:
+    bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+
+  private:
+    QString caption_;
+};
+
+/// ComboBox: ComboItem(form, parent, name), not editable. Emits Click when the user chooses an entry and when the
+/// program writes another ListIndex. A ListIndex beyond the list shows no entry and emits nothing. Accessibility: the
+/// control's name is the accessible name, the current entry the description. The wheel does nothing.
+class ComboItem : public QComboBox, public Control {
+  public:
+    ComboItem(Form& form, QWidget& parent, QString name);
+
+    /// The current entry; empty without one.
+    QString Text() const override { return currentText(); }
+    /// 0-based; -1 if no entry is shown.
+    int ListIndex() const override { return currentIndex(); }
+    void SetListIndex(int index) override;
+    void ClearList() override;
+    /// Appends an entry; the current entry does not change.
+    void AddItem(const QString& text) override;
+
+    /// Ignored while the form takes no input: a screen reader bypasses the form's event filter.
+    void showPopup() override;
+
+  protected:
+    bool EnterMovesOn() const override { return true; }
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// Fills a class list with the names, followed by "全て". The paired number gets the bounds 0 to the count of names, so
+/// its MaxValue means all. Values and current entry do not change.
+void FillClassList(Control& number, Control& list, const QStringList& names);
+
+/// VScrollBar: ScrollItem(form, parent, name). Emits Change at each change of Value, also while dragging. It ignores
+/// the wheel, which the form gets. Not a tab stop by default; a click gives it the focus.
+class ScrollItem : public QScrollBar, public Control {
+  public:
+    ScrollItem(Form& form, QWidget& parent, QString name);
+
+    int Value() const override { return value(); }
+    /// Clamped to the bounds.
+    void SetValue(int value) override;
+    int MinValue() const override { return minimum(); }
+    int MaxValue() const override { return maximum(); }
+    int LargeChange() const override { return pageStep(); }
+    void SetLargeChange(int rows) override;
+
+    /// Sets value and upper bound without an event, for a caller that has already painted the rest of the screen.
+    /// Setting the bound first would emit Change for the clamped old value.
+    void SetPosition(int value, int maxValue);
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// Scope guard around the handling of a click that may close its own window. Users who double-click out of habit would
+/// press whatever the closed window uncovers. If the window has closed, one more press at the same position within the
+/// double-click interval is discarded with its release, in all windows of the program. `click` must outlive the guard.
+class DoubleClickGuard {
+  public:
+    DoubleClickGuard(const QWidget& clicked, const QMouseEvent& click) : window_(clicked.window()), click_(click) {}
+    ~DoubleClickGuard();
+    DoubleClickGuard(const DoubleClickGuard&) = delete;
+    DoubleClickGuard& operator=(const DoubleClickGuard&) = delete;
+
+  private:
+    QPointer<QWidget> window_;
+    const QMouseEvent& click_;
+};
