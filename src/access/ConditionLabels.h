@@ -10,6 +10,6 @@ using ConditionLabels = std::array<QString, 26>;
 /// them. Unused labels are emptied.
 void PublishConditionLabels(const QString& menu, const QString& programId);
 
-/// Writes the labels into the program's row of the menu table. They must not contain quotes. Does nothing if there is
+/// Writes the labels into the program's row of the menu table. Does nothing if there is
 /// no such row. A failed statement shows a message box.
 void StoreConditionLabels(const QString& menu, const QString& programId, const ConditionLabels& labels);

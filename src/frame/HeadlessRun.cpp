@@ -35,7 +35,7 @@ class ModalAutoCloser : public QObject {
 
 }  // namespace
 
-void TellAndCloseModalWindows(QApplication& application) {
+void AutoCloseModalWindows(QApplication& application) {
     if (!qEnvironmentVariableIsEmpty("MEIBO_PICTURE"))
         application.installEventFilter(new ModalAutoCloser(&application));
 }

@@ -1,9 +1,9 @@
 #include "frame/Mod要員名簿照会.h"
 
+#include "access/CompanyInformation.h"
 #include "access/ConditionLabels.h"
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
-#include "access/UserInformation.h"
 #include "frame/Screenshot.h"
 #include "frame/StartCommand.h"
 #include "globals/ProgramGlobals.h"
@@ -18,18 +18,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Refuse(const QString& message) {
-    platform::Services().dialogs->ShowMessage(message);
-    LeaveProgram();
-    return false;
-}
-
 /// The steps that can refuse the start, in this order.
 bool StartIsPossible() {
-    if (!InitializeData()) return Refuse(u"データベースが使用できません。"_s);
-    if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
+    if (!InitializeData()) return RefuseStart(u"データベースが使用できません。"_s);
+    if (!LoadUserInformation()) return RefuseStart(u"ユーザ情報が使用できません。"_s);
     PublishConditionLabels(Globals().MenuName, Globals().ProgramId);
-    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
+    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, Operation::Start))
+        return RefuseStart(u"操作権限がありません。"_s);
     return true;
 }
 
@@ -49,11 +44,6 @@ void ShowMainForm(Form& form) {
 }
 
 }  // namespace
-
-void LeaveProgram() {
-    TerminateData();
-    platform::Services().processes->EndProcess(0);
-}
 
 void Main() {
     ProgramGlobals& globals = Globals();

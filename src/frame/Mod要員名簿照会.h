@@ -3,6 +3,3 @@
 /// Starts the program and shows the main form. Does not return if the start fails: shows the reason and exits the
 /// process.
 void Main();
-
-/// Records the end of the run, answers the starting program and exits the process immediately.
-void LeaveProgram();

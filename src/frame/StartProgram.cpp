@@ -1,3 +1,4 @@
+#include "access/StartUp.h"
 #include "frame/HeadlessRun.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
@@ -8,7 +9,7 @@
 
 int main(int argc, char** argv) {
     SuiteApplication application(argc, argv);
-    TellAndCloseModalWindows(application);
+    AutoCloseModalWindows(application);
     platform::LetWritesPastALimitFail();
     platform::OnTerminationRequest([] { Globals().MainForm->close(); });
     Form::RunEvent(Main);

@@ -1,7 +1,7 @@
 #include "mainform/frm要員名簿照会.h"
 
 #include "access/CompanyInformation.h"
-#include "data/ClassLists.h"
+#include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/RowStoreProcedures.h"
 #include "inquiry/ScreenState.h"

@@ -18,7 +18,7 @@ std::optional<QString> NameInMaster(const MultiSelectDefinition& definition, con
     std::optional<QString> name;
     database::Recordset record;
     const QString sql = u"SELECT * FROM "_s + definition.table + u" WHERE コード = '"_s + code + u'\'';
-    if (OpenRecordset(record, sql, false) && !record.AtEOF()) name = record[definition.nameField].TextOr(QString());
+    if (OpenRecordset(record, sql) && !record.AtEOF()) name = record[definition.nameField].TextOr(QString());
     CloseQuietly(record);
     return name;
 }

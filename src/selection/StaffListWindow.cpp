@@ -1,6 +1,5 @@
 #include "selection/StaffListWindow.h"
 
-#include "data/ClassLists.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/ComboItem.h"
@@ -97,7 +96,7 @@ void StaffListWindow::LoadStaffList() {
     int count = staff_.firstCount;
     QList<ListRow> rows;
     database::Recordset record;
-    if (!sql.isEmpty() && OpenRecordset(record, sql, false)) {
+    if (!sql.isEmpty() && OpenRecordset(record, sql)) {
         for (; count < kRowLimit && !record.AtEOF(); record.MoveNext(), ++count) rows << RowOf(record);
     }
     CloseQuietly(record);

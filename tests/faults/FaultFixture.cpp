@@ -164,7 +164,7 @@ void FaultTest::Try(const Fault& fault) {
     }
 }
 
-int FaultTest::TellTried() const {
+int FaultTest::PrintTried() const {
     RecordProperty("fault_points", tried);
     std::cout << "fault points tried: " << tried << std::endl;
     return tried;
@@ -177,7 +177,7 @@ int FaultTest::FailOnce() {
         Try(OnDisk(fault, FaultyDisk::Lasting::Once, {}, false));
         EXPECT_EQ(tried > before, AsksFor(fault.operation)) << fault.name;
     }
-    return TellTried();
+    return PrintTried();
 }
 
 int FaultTest::FailFromThenOn(const QByteArray& part) {
@@ -187,7 +187,7 @@ int FaultTest::FailFromThenOn(const QByteArray& part) {
         // A file that stays busy costs the full busy timeout of five seconds at each statement.
         if (fault.code != SQLITE_BUSY && !HasFailure()) Try(OnDisk(fault, kForGood, part, mute));
     if (!HasFailure()) Try(OnDisk({"anything", DiskOperation::Any}, kForGood, {}, true));
-    return TellTried();
+    return PrintTried();
 }
 
 int FaultTest::RunOutOfMemory() {
@@ -196,5 +196,5 @@ int FaultTest::RunOutOfMemory() {
     RunWork();
     EndProgram();
     Try({u"memory"_s, &FailingMemory::Arm, &FailingMemory::Disarm, false, FailingMemory::Counted()});
-    return TellTried();
+    return PrintTried();
 }

@@ -57,7 +57,7 @@ class FaultTest : public OutputTest {
     int RunOutOfMemory();
     void Try(const Fault& fault);
     /// Prints, records and returns the number of points.
-    int TellTried() const;
+    int PrintTried() const;
 
     /// Scope without fault injection, for what another machine does.
     struct OnAnotherMachine {

@@ -124,7 +124,7 @@ void FaultyDisk::Arm(const DiskFault& fault, int point, Lasting lasting, const Q
     plan = {fault, point, lasting == Lasting::FromThenOn, false, false, part};
 }
 
-void FaultyDisk::Mend() {
+void FaultyDisk::Repair() {
     plan.left = 0;
     plan.lasting = false;
 }

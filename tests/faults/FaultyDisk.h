@@ -24,7 +24,7 @@ class FaultyDisk {
     /// The `point`-th operation from now on fails, only on files with `part` in their name (empty: all).
     static void Arm(const DiskFault& fault, int point, Lasting lasting, const QByteArray& part = {});
     /// Stops failing; Disarm still returns whether the fault was triggered.
-    static void Mend();
+    static void Repair();
     /// Ends the injection. True if a fault was triggered.
     static bool Disarm();
 

@@ -54,7 +54,7 @@ class FirstStartUnderFaults : public FaultTest {
     int FailFiles(bool lasting) {
         Try({lasting ? u"files from then on"_s : u"files once"_s,
              [this, lasting](int point) { files->Arm(point, lasting); }, [this] { return files->Disarm(); }, true});
-        return TellTried();
+        return PrintTried();
     }
 
     bool started_ = false;

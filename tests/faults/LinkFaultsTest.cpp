@@ -26,7 +26,7 @@ class ExchangeUnderFaults : public FaultTest {
         };
         // The wait has no timeout, so the fault ends after some iterations.
         services.clock.sleeping = [this](int) {
-            if (++sleeps_ == 20) FaultyDisk::Mend();
+            if (++sleeps_ == 20) FaultyDisk::Repair();
         };
     }
 

@@ -83,7 +83,7 @@ TEST_F(SealingUnderFaults, NoPinIsSealedUnderAKeyOfWhichTheDiskTookAPart) {
              full.reset();
              return wasFull;
          }});
-    EXPECT_EQ(TellTried(), kKeyBytes);
+    EXPECT_EQ(PrintTried(), kKeyBytes);
 }
 
 TEST_F(SealingUnderFaults, NoPinIsLostWhenMemoryRanOut) { EXPECT_GT(RunOutOfMemory(), 300); }

@@ -2,7 +2,7 @@
 
 #include <QFileInfo>
 
-#include "data/ServerText.h"
+#include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "platform/PrivateFolder.h"
 #include "platform/RuntimeError.h"

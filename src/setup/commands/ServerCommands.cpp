@@ -4,7 +4,6 @@
 
 #include "data/Connections.h"
 #include "data/ServerSchema.h"
-#include "data/ServerText.h"
 #include "database/DatabaseSession.h"
 #include "setup/UsageError.h"
 #include "setup/commands/OdbcString.h"
