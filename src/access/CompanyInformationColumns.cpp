@@ -1,4 +1,7 @@
-#include "access/CompanyInformationColumns.h"
+#include "access/CompanyInformation.h"
+#include "access/MasterColumns.h"
+
+// Part of CompanyInformation.h: the columns of company and office.
 
 namespace {
 
@@ -75,6 +78,38 @@ constexpr MasterColumn<OfficeRecord> kOfficeColumns[] = {
     {u"地区コード", &OfficeRecord::地区コード},
 };
 
+template <typename Value>
+struct PartnerColumn {
+    QStringView name;
+    std::array<Value, PartnerLinkTable::kSlots> PartnerLinkTable::*values;
+};
+
+constexpr PartnerColumn<QString> kTextColumns[] = {
+    {u"業務名", &PartnerLinkTable::業務名},
+    {u"連携DB", &PartnerLinkTable::連携DB},
+    {u"連携DBMW", &PartnerLinkTable::連携DBMW},
+    {u"連携データソース名", &PartnerLinkTable::連携データソース名},
+    {u"連携ドライバ名", &PartnerLinkTable::連携ドライバ名},
+    {u"連携接続文字列", &PartnerLinkTable::連携接続文字列},
+    {u"連携データベース名", &PartnerLinkTable::連携データベース名},
+    {u"連携サーバー名", &PartnerLinkTable::連携サーバー名},
+    {u"連携ユーザーID", &PartnerLinkTable::連携ユーザーID},
+    {u"連携パスワード", &PartnerLinkTable::連携パスワード},
+    {u"連携アプリフォルダ", &PartnerLinkTable::連携アプリフォルダ},
+};
+
+constexpr PartnerColumn<int> kNumberColumns[] = {
+    {u"連携有無区分", &PartnerLinkTable::連携有無区分},
+    {u"顧客更新有無区分", &PartnerLinkTable::顧客更新有無区分},
+    {u"得意先更新有無区分", &PartnerLinkTable::得意先更新有無区分},
+    {u"納品先更新有無区分", &PartnerLinkTable::納品先更新有無区分},
+    {u"仕入先更新有無区分", &PartnerLinkTable::仕入先更新有無区分},
+    {u"メーカ更新有無区分", &PartnerLinkTable::メーカ更新有無区分},
+    {u"対応先更新有無区分", &PartnerLinkTable::対応先更新有無区分},
+    {u"商品更新有無区分", &PartnerLinkTable::商品更新有無区分},
+    {u"社員更新有無区分", &PartnerLinkTable::社員更新有無区分},
+};
+
 }  // namespace
 
 void TakeCompany(const database::Recordset& row, CompanyRecord& target) {
@@ -85,4 +120,9 @@ void TakeCompany(const database::Recordset& row, CompanyRecord& target) {
 void TakeOffice(const database::Recordset& row, OfficeRecord& target) {
     TakeColumns<EstablishmentRecord>(row, kCommonColumns, target);
     TakeColumns<OfficeRecord>(row, kOfficeColumns, target);
+}
+
+void TakePartner(const database::Recordset& row, PartnerLinkTable& partners, size_t slot) {
+    for (const auto& column : kTextColumns) TakeText(row[column.name], (partners.*column.values)[slot]);
+    for (const auto& column : kNumberColumns) TakeNumber(row[column.name], (partners.*column.values)[slot]);
 }

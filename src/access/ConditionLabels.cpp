@@ -1,6 +1,7 @@
 #include "access/ConditionLabels.h"
 
 #include "data/Recordsets.h"
+#include "database/sql/Quoting.h"
 #include "platform/Services.h"
 
 using namespace Qt::StringLiterals;
@@ -11,9 +12,10 @@ QString UpdateStatement(const QString& menu, const QString& programId, const Con
     QString sql = u"UPDATE "_s + menu + u" SET "_s;
     for (size_t i = 0; i < labels.size(); ++i) {
         const auto letter = QChar(static_cast<char16_t>(u'A' + i));
-        sql += u" 条件項目名"_s + letter + u" = '"_s + labels[i] + (i + 1 < labels.size() ? u"',"_s : u"'"_s);
+        sql += u" 条件項目名"_s + letter + u" = "_s + database::TextLiteral(labels[i]);
+        if (i + 1 < labels.size()) sql += u',';
     }
-    return sql + u" WHERE プログラムID = '"_s + programId + u"'"_s;
+    return sql + u" WHERE プログラムID = "_s + database::TextLiteral(programId);
 }
 
 }  // namespace

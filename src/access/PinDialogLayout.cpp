@@ -1,10 +1,12 @@
-#include "access/PinDialogLayout.h"
+#include "access/msg暗証番号確認.h"
 
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
+
+// Part of msg暗証番号確認.h: the layout of the dialog.
 
 using namespace Qt::StringLiterals;
 

@@ -1,27 +1,26 @@
 #include "access/ProgramLinks.h"
 
-#include "access/StaffIdentityProcedures.h"
+#include "access/ProgramRights.h"
 #include "data/Connections.h"
 #include "data/Recordsets.h"
+#include "database/sql/Quoting.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "screen/Form.h"
 #include "text/TimeStamp.h"
 
 using namespace Qt::StringLiterals;
+using database::TextLiteral;  // keeps trailing blanks, which belong to a key
 
 namespace {
 
 const QString kStart = u"00"_s;
 const QString kEnd = u"99"_s;
 
-constexpr int kBeforeTheStart = 100;  // milliseconds between start message and program start
-constexpr int kBetweenLooks = 20;     // milliseconds, poll interval
+constexpr int kStartDelay = 100;   // milliseconds between start message and program start
+constexpr int kPollInterval = 20;  // milliseconds, poll interval
 
 QString Present() { return TimeStamp(platform::Services().clock->Now()); }
-
-/// SQL literal. Trailing blanks are significant: they belong to a key.
-QString Quoted(QString text) { return u'\'' + text.replace(u'\'', u"''"_s) + u'\''; }
 
 struct LinkMessage {
     QString sentAt, sender, receiver, validUntil, kind, key, endText;
@@ -29,16 +28,16 @@ struct LinkMessage {
 
 QString InsertStatement(const LinkMessage& message) {
     const ProgramGlobals& globals = Globals();
-    const QStringList values = {Quoted(message.sentAt),
-                                Quoted(message.sender),
-                                Quoted(message.receiver),
-                                Quoted(message.validUntil),
-                                Quoted(message.kind),
-                                Quoted(message.key),
-                                Quoted(message.endText),
-                                Quoted(globals.Environment.OperatingOfficeCode),
-                                Quoted(globals.Staff.LaunchingStaffCode),
-                                Quoted(globals.UserId)};
+    const QStringList values = {TextLiteral(message.sentAt),
+                                TextLiteral(message.sender),
+                                TextLiteral(message.receiver),
+                                TextLiteral(message.validUntil),
+                                TextLiteral(message.kind),
+                                TextLiteral(message.key),
+                                TextLiteral(message.endText),
+                                TextLiteral(globals.Environment.OperatingOfficeCode),
+                                TextLiteral(globals.Staff.LaunchingStaffCode),
+                                TextLiteral(globals.UserId)};
     return u"INSERT INTO プログラム連携情報 ("
            u"発信日時,発信プログラムID,受信プログラムID,受信期限,連携区分,起動連携情報,終了連携情報,"
            u"運用事業所コード,起動担当者コード,ユーザID)VALUES ("_s +
@@ -55,19 +54,19 @@ bool Post(const LinkMessage& message) {
 /// DELETE of a received message. Without `key` it matches all messages sent in the same second between the same
 /// programs: a start message is removed this way, together with a second one of that second.
 QString DeleteStatement(const database::Recordset& message, const QString& kind, const QString& key = {}) {
-    const auto value = [&](QStringView column) { return Quoted(message[column].TextOr(QString())); };
-    const QString oneKey = key.isNull() ? QString() : u" AND 起動連携情報 = "_s + Quoted(key);
+    const auto value = [&](QStringView column) { return TextLiteral(message[column].TextOr(QString())); };
+    const QString oneKey = key.isNull() ? QString() : u" AND 起動連携情報 = "_s + TextLiteral(key);
     return u"DELETE FROM プログラム連携情報 WHERE 発信日時 = "_s + value(u"発信日時") + u" AND 発信プログラムID = "_s +
            value(u"発信プログラムID") + u" AND 受信プログラムID = "_s + value(u"受信プログラムID") + oneKey +
-           u" AND 連携区分 = "_s + Quoted(kind);
+           u" AND 連携区分 = "_s + TextLiteral(kind);
 }
 
 void TakeStartMessage(const QString& commandLine, const QString& earliest) {
     ProgramGlobals& globals = Globals();
     database::Recordset message;
-    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
-                        u" AND 受信プログラムID = "_s + Quoted(globals.ProgramId) + u" AND 起動連携情報 = "_s +
-                        Quoted(commandLine) + u" AND 連携区分 = "_s + Quoted(kStart);
+    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + TextLiteral(earliest) +
+                        u" AND 受信プログラムID = "_s + TextLiteral(globals.ProgramId) + u" AND 起動連携情報 = "_s +
+                        TextLiteral(commandLine) + u" AND 連携区分 = "_s + TextLiteral(kStart);
     if (OpenConfigRecordset(message, sql)) {
         globals.LinkSenderId = message[u"発信プログラムID"].TextOr(QString());
         globals.LinkStartInfo = message[u"起動連携情報"].Text();
@@ -106,23 +105,35 @@ bool WriteEndLink(const QString& text) {
     }
     globals.LinkEndInfo = text;
     const QString now = Present();
-    return Post({now, globals.LinkSenderId, globals.ProgramId, now, kEnd, globals.LinkStartInfo, globals.LinkEndInfo});
+    return Post({.sentAt = now,
+                 .sender = globals.LinkSenderId,
+                 .receiver = globals.ProgramId,
+                 .validUntil = now,
+                 .kind = kEnd,
+                 .key = globals.LinkStartInfo,
+                 .endText = globals.LinkEndInfo});
 }
 
 void SendStartLink(const QString& sender, const QString& receiver, const QString& key) {
     LoadLaunchStaffCode();
     const QString sentAt = Present();
     const QString validUntil = Present();
-    Post({sentAt, sender, receiver, validUntil, kStart, key, QString()});
+    Post({.sentAt = sentAt,
+          .sender = sender,
+          .receiver = receiver,
+          .validUntil = validUntil,
+          .kind = kStart,
+          .key = key,
+          .endText = QString()});
 }
 
 QString ReceiveEndLink(const QString& sender, const QString& receiver, const QString& key, const QString& earliest) {
     database::Recordset message;
     QString found;
-    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + Quoted(earliest) +
-                        u" AND 発信プログラムID = "_s + Quoted(sender) + u" AND 受信プログラムID = "_s +
-                        Quoted(receiver) + u" AND 起動連携情報 = "_s + Quoted(key) + u" AND 連携区分 = "_s +
-                        Quoted(kEnd);
+    const QString sql = u"SELECT * FROM プログラム連携情報 WHERE 発信日時 >= "_s + TextLiteral(earliest) +
+                        u" AND 発信プログラムID = "_s + TextLiteral(sender) + u" AND 受信プログラムID = "_s +
+                        TextLiteral(receiver) + u" AND 起動連携情報 = "_s + TextLiteral(key) + u" AND 連携区分 = "_s +
+                        TextLiteral(kEnd);
     if (OpenConfigRecordset(message, sql)) {
         found = message[u"起動連携情報"].Text();
         Globals().LinkEndInfo = message[u"終了連携情報"].TextOr(QString());
@@ -137,7 +148,7 @@ void SendLinkMessage(const QString& receiver, const QString& key) {
     SendStartLink(Globals().ProgramId, receiver, key);
     ReconnectConfigConnection();
     platform::ProcessEvents();
-    platform::Services().clock->Sleep(kBeforeTheStart);
+    platform::Services().clock->Sleep(kStartDelay);
 }
 
 void WaitForLinkedProgram(const QString& sibling, const QString& key, const QString& earliest) {
@@ -147,7 +158,7 @@ void WaitForLinkedProgram(const QString& sibling, const QString& key, const QStr
     // No timeout: the user may work in the other program all day.
     while (answered.isEmpty()) {
         if (ReconnectConfigConnection()) answered = ReceiveEndLink(globals.ProgramId, sibling, key, earliest);
-        platform::Services().clock->Sleep(kBetweenLooks);
+        platform::Services().clock->Sleep(kPollInterval);
         platform::ProcessEvents();
     }
     globals.LinkWaiting = false;

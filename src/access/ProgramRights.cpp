@@ -3,10 +3,9 @@
 #include <QStringList>
 #include <optional>
 
-#include "access/PinConfirmation.h"
-#include "access/RightColumns.h"
-#include "access/StaffIdentityProcedures.h"
+#include "access/MasterColumns.h"
 #include "data/Recordsets.h"
+#include "database/sql/Quoting.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
@@ -14,6 +13,21 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr MasterColumn<StaffIdentity> kColumns[] = {
+    {u"コード", &StaffIdentity::LaunchingStaffCode},    {u"氏名", &StaffIdentity::StaffName},
+    {u"事業所コード", &StaffIdentity::OfficeCode},      {u"部門コード", &StaffIdentity::DepartmentCode},
+    {u"セクションコード", &StaffIdentity::SectionCode}, {u"役職コード", &StaffIdentity::PositionCode},
+    {u"社員区分", &StaffIdentity::StaffClass},          {u"アクセス権限", &StaffIdentity::AccessLevel},
+};
+
+void TakeIdentity(const database::Recordset& record) {
+    StaffIdentity& staff = Globals().Staff;
+    TakeColumns<StaffIdentity>(record, kColumns, staff);
+    for (size_t i = 0; i < staff.ClassRights.size(); ++i) TakeText(record[kClassRightColumns[i]], staff.ClassRights[i]);
+    for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
+        TakeText(record[kOperationRightColumns[i]], staff.OperationRights[i]);
+}
 
 constexpr int kOfficeBoundClass = 3;
 
@@ -26,6 +40,7 @@ bool IsSuiteMenu(const QString& menu) {
     return menus.contains(menu);
 }
 
+/// Codes are pasted unchanged, here and in the identity's statement: one with a quote must fail and grant nothing.
 QString PersonalRuleStatement(const QString& menu, const QString& programId) {
     QString sql =
         u"SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム"
@@ -42,7 +57,7 @@ std::optional<bool> PersonalRule(const QString& menu, const QString& programId) 
     if (staff.LaunchingStaffCode.isEmpty()) return std::nullopt;
     database::Recordset rule;
     std::optional<bool> result;
-    if (OpenRecordset(rule, PersonalRuleStatement(menu, programId), false)) {
+    if (OpenRecordset(rule, PersonalRuleStatement(menu, programId))) {
         for (size_t i = 0; i < kOperationRightColumns.size(); ++i)
             staff.OperationRights[i] = rule[kOperationRightColumns[i]].TextOr(QString());
         result = Allows(staff.OperationRights[0]);
@@ -71,28 +86,47 @@ bool ClassAllowed(int workClass) {
 /// refused.
 bool MenuRule(const QString& menu, const QString& programId) {
     database::Recordset row;
-    const QString sql = u"SELECT * FROM "_s + menu + u" WHERE プログラムID = '"_s + programId + u'\'';
+    const QString sql = u"SELECT * FROM "_s + menu + u" WHERE プログラムID = "_s + database::TextLiteral(programId);
     const bool allowed =
         OpenConfigRecordset(row, sql) && ClassAllowed(NumericValue(row[u"処理分類"].TextOr(QString())));
     CloseQuietly(row);
     return allowed;
 }
 
-bool OperationAllowed(int operation) {
+bool OperationAllowed(Operation operation) {
     const auto& rights = Globals().Staff.OperationRights;
-    if (operation < 0 || operation >= static_cast<int>(rights.size())) return true;
-    return Allows(rights[static_cast<size_t>(operation)]);
+    const auto index = static_cast<size_t>(operation);
+    return index >= rights.size() || Allows(rights[index]);
 }
 
 }  // namespace
 
-bool EvaluateProgramRights(const QString& menu, const QString& programId, int operation) {
+bool LoadLaunchStaffCode() {
+    QString& code = Globals().Staff.LaunchingStaffCode;
+    code.clear();
+    database::Recordset record;
+    if (OpenConfigRecordset(record, u"SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"_s))
+        TakeText(record[u"起動担当者コード"], code);
+    record.Close();
+    return !TrimBlanks(code).isEmpty();
+}
+
+bool LoadStaffIdentity(const QString& code) {
+    database::Recordset record;
+    const bool found =
+        OpenRecordset(record, u"SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '"_s + code + u"'"_s);
+    if (found) TakeIdentity(record);
+    record.Close();
+    return found;
+}
+
+bool EvaluateProgramRights(const QString& menu, const QString& programId, Operation operation) {
     const std::optional<bool> personal = PersonalRule(menu, programId);
     const bool result = personal ? *personal : MenuRule(menu, programId);
     return result && OperationAllowed(operation);
 }
 
-bool LoadIdentityAndRights(const QString& menu, const QString& programId, int operation) {
+bool LoadIdentityAndRights(const QString& menu, const QString& programId, Operation operation) {
     ProgramGlobals& globals = Globals();
     globals.OperatorAuthenticated = false;
     if (!LoadLaunchStaffCode()) return false;
@@ -101,7 +135,7 @@ bool LoadIdentityAndRights(const QString& menu, const QString& programId, int op
     return globals.OperatorAuthenticated;
 }
 
-bool CheckProgramPermission(const QString& menu, const QString& programId, int operation) {
+bool CheckProgramPermission(const QString& menu, const QString& programId, Operation operation) {
     LoadIdentityAndRights(menu, programId, operation);
     // Without PINs no user can be identified, so the rights that were just read are not enforced.
     if (Globals().PinRequired != 1) return true;
@@ -113,8 +147,8 @@ bool CheckProgramPermission(const QString& menu, const QString& programId, int o
 void SaveLaunchStaffCode() {
     const QString code = Globals().Staff.LaunchingStaffCode;
     if (TrimBlanks(code).isEmpty()) return;
-    if (ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET 起動担当者コード = '"_s + code +
-                               u"'  WHERE 動作環境定義ID = '001'"_s)) {
+    if (ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET 起動担当者コード = "_s + database::TextLiteral(code) +
+                               u"  WHERE 動作環境定義ID = '001'"_s)) {
         LoadStaffIdentity(code);
         return;
     }

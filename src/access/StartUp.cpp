@@ -1,13 +1,15 @@
 #include "access/StartUp.h"
 
-#include "access/MainConnection.h"
 #include "access/ProgramLinks.h"
-#include "access/RunStart.h"
+#include "access/ProgramRights.h"
+#include "data/Connections.h"
 #include "data/Environment.h"
-#include "data/PurgeOldData.h"
+#include "data/Recordsets.h"
 #include "data/RunHistory.h"
+#include "data/ServerSchema.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/EndRequest.h"
+#include "platform/RuntimeError.h"
 #include "platform/SealedPins.h"
 #include "platform/Services.h"
 #include "screen/Form.h"
@@ -17,6 +19,28 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// With such a fault, searches by name find no rows, and no error is recorded.
+void RecordServerTextFaults() {
+    try {
+        for (const ServerTextFault& fault : FindServerTextFaults(Globals().MainConnection))
+            RecordRunError(u"一般データベースの%1。次を実行すると直ります。%2"_s.arg(fault.what, fault.remedy));
+    } catch (const database::DatabaseError&) {
+        // The other statements of the start then fail as well and are recorded.
+    }
+}
+
+/// Also true if the definition row has an unknown dialect and nothing was opened.
+bool OpenOrRecord() {
+    try {
+        OpenGeneralConnection();
+        RecordServerTextFaults();
+        return true;
+    } catch (const platform::RuntimeError& error) {
+        RecordRunError(u"DB_OPEN ERROR"_s + QString::number(error.Number()) + u' ' + error.Description());
+        return false;
+    }
+}
 
 constexpr qint64 kStartLinkAge = 60;  // seconds
 
@@ -59,6 +83,24 @@ void CloseAndRelease(bool open, database::Connection& connection) {
 
 }  // namespace
 
+void RecordRunStart() {
+    try {
+        LoadLaunchStaffCode();
+        const QString command = TrimBlanks(platform::Services().system->CommandLine());
+        InsertHistoryRow(u"開始 "_s + QuoteSqlText(command));
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
+}
+
+bool OpenMainConnection() {
+    ProgramGlobals& globals = Globals();
+    globals.MainConnectionOpen = OpenOrRecord();
+    if (!globals.MainConnectionOpen) return false;
+    if (LoadLaunchStaffCode()) LoadStaffIdentity(QString(globals.Staff.LaunchingStaffCode));
+    return true;
+}
+
 void ConnectFormsToGlobals() {
     static GlobalsObserver observer;
     ObserveForms(&observer);
@@ -90,4 +132,15 @@ void TerminateData() {
     RecordRunEnd();
     CloseAndRelease(globals.ConfigConnectionOpen, globals.ConfigConnection);
     CloseAndRelease(globals.MainConnectionOpen, globals.MainConnection);
+}
+
+bool RefuseStart(const QString& message) {
+    platform::Services().dialogs->ShowMessage(message);
+    LeaveProgram();
+    return false;
+}
+
+void LeaveProgram() {
+    TerminateData();
+    platform::Services().processes->EndProcess(0);
 }

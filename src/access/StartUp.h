@@ -16,3 +16,17 @@ bool InitializeData(int keyLength = 0);
 /// Answers the program that started this one, writes the last history row, closes the connections. Safe after any
 /// failure.
 void TerminateData();
+/// Shows why the program cannot start and ends it. Returns false.
+bool RefuseStart(const QString& message);
+/// Ends the program: TerminateData, then the process exits immediately. Safe at any time, also before the start has
+/// completed.
+void LeaveProgram();
+
+/// Writes the first history row of a run, 開始 with the command line, after reading the launching staff code. Quotes
+/// are doubled once here, so the stored text equals the command line. All errors are ignored.
+void RecordRunStart();
+
+/// Opens the general database and loads the launching staff member. True if both steps completed, even if the staff
+/// member is unknown. False if the database cannot be opened: a row DB_OPEN ERROR is recorded, no message shown. Throws
+/// database::DatabaseError if the staff member cannot be read.
+bool OpenMainConnection();

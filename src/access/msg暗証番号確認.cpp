@@ -1,9 +1,6 @@
 #include "access/msg暗証番号確認.h"
 
-#include "access/PinConfirmation.h"
-#include "access/PinDialogLayout.h"
 #include "access/ProgramRights.h"
-#include "access/RightColumns.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/SealedPins.h"
@@ -48,14 +45,14 @@ void ShowPerson(const Form& form, const database::Recordset& record) {
 msg暗証番号確認::msg暗証番号確認() : Form(u"msg暗証番号確認"_s) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     BuildPinDialog(*this);
-    WireItems();
+    ConnectItems();
     Load = [this] { OnLoad(); };
     Unload = [this] { platform::WipeText(clearPin_); };
 }
 
 msg暗証番号確認::~msg暗証番号確認() { platform::WipeText(clearPin_); }
 
-void msg暗証番号確認::WireItems() {
+void msg暗証番号確認::ConnectItems() {
     Control &code = Item(u"担当者コード"_s), &pin = Item(u"暗証番号"_s), &cancel = Item(u"btn_キャンセル"_s);
     // btn_OK gets the focus when the PIN is left or the button is clicked, and that confirms. A Click handler would
     // confirm twice.
@@ -88,7 +85,7 @@ void msg暗証番号確認::OnLoad() {
 void msg暗証番号確認::LookUpStaffByLogin(const QString& name, bool& found) {
     platform::WipeText(clearPin_);
     database::Recordset record;
-    found = OpenRecordset(record, StaffStatement(u"ログインID"_s, QuoteSqlText(name)), false);
+    found = OpenRecordset(record, StaffStatement(u"ログインID"_s, QuoteSqlText(name)));
     if (found) ShowPerson(*this, record);
     CloseQuietly(record);
     if (found) LookUpStaffByCode(Item(u"担当者コード"_s).Text(), found);
@@ -98,7 +95,7 @@ void msg暗証番号確認::LookUpStaffByCode(const QString& code, bool& found) 
     // Must be first: otherwise an unknown code could be used with the PIN of the previous person.
     platform::WipeText(clearPin_);
     database::Recordset record;
-    found = OpenRecordset(record, StaffStatement(u"コード"_s, code), false);
+    found = OpenRecordset(record, StaffStatement(u"コード"_s, code));
     if (found) {
         ShowPerson(*this, record);
         const database::Field stored = record[u"暗証番号"];

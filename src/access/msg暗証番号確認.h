@@ -23,10 +23,13 @@ class msg暗証番号確認 : public Form {
 
   private:
     void OnLoad();
-    void WireItems();
+    void ConnectItems();
     bool Matches(const QString& entry) const;
     void Refuse(const QString& message);
     void SignIn();
 
     QString clearPin_;  ///< of the staff member shown; wiped by the destructor
 };
+
+/// Creates the controls of the PIN dialog in tab order.
+void BuildPinDialog(Form& form);

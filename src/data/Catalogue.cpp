@@ -189,6 +189,12 @@ const QList<TableDefinition>& SuiteTables() {
     return tables;
 }
 
+QList<TableDefinition> TablesOf(DatabaseKind store) {
+    QList<TableDefinition> tables = SuiteTables();
+    tables.removeIf([store](const TableDefinition& table) { return table.store != store; });
+    return tables;
+}
+
 const TableDefinition& SuiteTable(DatabaseKind store, const QString& name) {
     for (const TableDefinition& table : SuiteTables())
         if (table.store == store && table.name == name) return table;

@@ -28,6 +28,9 @@ struct TableDefinition {
 /// All tables that the suite's programs read or write.
 const QList<TableDefinition>& SuiteTables();
 
+/// The catalogue's tables of one database.
+QList<TableDefinition> TablesOf(DatabaseKind store);
+
 /// The table of that exact name. Throws database::DatabaseError kItemNotFound if it is unknown.
 const TableDefinition& SuiteTable(DatabaseKind store, const QString& name);
 

@@ -1,10 +1,12 @@
-#include "data/DefinitionRows.h"
+#include "data/Environment.h"
 
 #include <array>
 
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
+
+// Part of Environment.h: the definition rows.
 
 using namespace Qt::StringLiterals;
 

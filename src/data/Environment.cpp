@@ -4,9 +4,7 @@
 #include <optional>
 
 #include "data/Connections.h"
-#include "data/DefinitionRows.h"
 #include "data/Files.h"
-#include "data/UserConfiguration.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"

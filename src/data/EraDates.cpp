@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "data/Recordsets.h"
+#include "database/sql/Quoting.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -24,8 +25,9 @@ struct Era {
 std::optional<Era> FindEra(const QString& date) {
     database::Recordset record;
     std::optional<Era> era;
-    const QString sql = u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= '"_s % date % u"' ORDER BY 開始日付 DESC";
-    if (OpenRecordset(record, sql, false)) era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};
+    const QString sql = u"SELECT TOP 1 * FROM K年号区分 WHERE 開始日付 <= "_s % database::TextLiteral(date) %
+                        u" ORDER BY 開始日付 DESC";
+    if (OpenRecordset(record, sql)) era = Era{record[u"開始日付"].Text(), record[u"名称"].TextOr(QString())};
     CloseQuietly(record);
     return era;
 }

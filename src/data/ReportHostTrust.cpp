@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "data/TrustedLocations.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 
@@ -11,10 +10,8 @@ using namespace platform;
 
 namespace {
 
-const QString kHostKey = u"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
 const QString kAssociationKey = u"Software\\Microsoft\\Windows\\CurrentVersion\\Extensions"_s;
 const QString kOldSecurityKey = u"Software\\Microsoft\\Office\\11.0\\Access\\Security"_s;
-const QString kHostProgram = u"MSACCESS.EXE"_s;
 
 /// The setting that a host version requires. OFFICE17 reads the settings of 16.0 like OFFICE16, only OFFICE18 uses
 /// 17.0. There is no version 13.
@@ -57,7 +54,7 @@ bool MakeSettings(const QString& hostFolder) {
 
 bool PrepareReportHost() {
     RegistryKey key;
-    if (Services().registry->OpenKey(MachineRoot(), kHostKey, kRegistryRead, key) != kRegistryDone) return false;
+    if (Services().registry->OpenKey(MachineRoot(), kReportHostKey, kRegistryRead, key) != kRegistryDone) return false;
     bool made = false;
     if (const std::optional<QString> folder = ReadRegistryText(key, u"Path"_s)) {
         Globals().DiscoveredHostFolder = *folder;
@@ -71,7 +68,7 @@ bool SetHostAssociation(const QString& hostFolder) {
     Registry& registry = *Services().registry;
     RegistryKey key;
     if (registry.OpenKey(UserRoot(), kAssociationKey, kRegistryAll, key) != kRegistryDone) return false;
-    const QString program = hostFolder + kHostProgram;
+    const QString program = hostFolder + kReportHostProgram;
     if (ReadRegistryText(key, u"mdb"_s).value_or(QString()) != program &&
         registry.SetText(key, u"mdb"_s, program, TwoByteLength(program)) != kRegistryDone)
         ShowWriteFailure();

@@ -1,5 +1,6 @@
 #include "data/RunHistory.h"
 
+#include "database/sql/Quoting.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
@@ -35,10 +36,16 @@ QString BuildHistoryStatement(const QString& content) {
     const QString stamp = TimeStamp(platform::Services().clock->Now());
     return u"INSERT INTO プログラム稼動履歴 ("
            u"実行日付,プログラムID,proccounter,摘要,運用事業所コード,起動担当者コード,ユーザID)"
-           u"VALUES ('"_s +
-           stamp + u"', '"_s + globals.ProgramId + u"', '"_s + Twelve(globals.ProcCounter) + u"', '"_s + content +
-           u"', '"_s + globals.Environment.OperatingOfficeCode + u"', '"_s + globals.Staff.LaunchingStaffCode +
-           u"', '"_s + QuoteSqlText(globals.UserId) + u"')"_s;
+           u"VALUES ("_s +
+           QStringList{database::TextLiteral(stamp),
+                       database::TextLiteral(globals.ProgramId),
+                       database::TextLiteral(Twelve(globals.ProcCounter)),
+                       u'\'' + content + u'\'',
+                       database::TextLiteral(globals.Environment.OperatingOfficeCode),
+                       database::TextLiteral(globals.Staff.LaunchingStaffCode),
+                       u'\'' + QuoteSqlText(globals.UserId) + u'\''}
+               .join(u", "_s) +
+           u')';
 }
 
 void InsertHistoryRow(const QString& content) {

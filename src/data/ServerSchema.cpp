@@ -79,12 +79,6 @@ QString ServerName(const QString& engine, const QString& name) {
     return u'"' + KeptServerName(engine, name).replace(u'"', u"\"\""_s) + u'"';
 }
 
-QList<TableDefinition> TablesOf(DatabaseKind store) {
-    QList<TableDefinition> tables = SuiteTables();
-    tables.removeIf([store](const TableDefinition& table) { return table.store != store; });
-    return tables;
-}
-
 QList<ServerIndex> ServerIndexesOf(const QString& engine, const TableDefinition& table) {
     QList<QStringList> keys;
     for (const QStringList& columns : table.indexes) keys.append(Names(engine, columns));

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "data/Catalogue.h"
+#include "database/Database.h"
 
 // DDL of the general database on a server. Table and column names are those of the catalogue. Texts are compared
 // exactly, by code point, whatever the server's settings are.
@@ -39,5 +40,13 @@ QList<std::pair<QString, QString>> ServerFunctionsOf(const QString& engine);
 QString ServerName(const QString& engine, const QString& name);
 QString KeptServerName(const QString& engine, const QString& name);
 
-/// The catalogue's tables of one database.
-QList<TableDefinition> TablesOf(DatabaseKind store);
+/// A setting of a server database due to which texts are compared differently than the suite expects, or not at all.
+struct ServerTextFault {
+    QString what;    ///< a Japanese sentence without the full stop
+    QString remedy;  ///< the command that fixes it
+};
+
+/// Finds missing or inaccessible functions for searches and orders by name, and columns whose collation treats
+/// different texts as equal, so that a search by code or login name would find other rows. Empty for a desktop file and
+/// for an engine that gets statements unchanged. Throws database::DatabaseError.
+QList<ServerTextFault> FindServerTextFaults(database::Connection& general);

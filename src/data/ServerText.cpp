@@ -1,7 +1,8 @@
-#include "data/ServerText.h"
-
 #include "data/ServerSchema.h"
+
 #include "database/DatabaseSession.h"
+
+// Part of ServerSchema.h: what a server lacks.
 
 using namespace Qt::StringLiterals;
 
@@ -30,14 +31,14 @@ class Search {
     explicit Search(database::Connection& general) : general_(general), engine_(general.Session().EngineName()) {}
 
     QList<ServerTextFault> Run() {
-        LookForFunctions();
-        if (engine_.startsWith(u"PostgreSQL"_s)) LookForPostgresCollations();
-        if (engine_.startsWith(u"MariaDB"_s) || engine_.startsWith(u"MySQL"_s)) LookForMariaDbCollations();
+        FindMissingFunctions();
+        if (engine_.startsWith(u"PostgreSQL"_s)) FindPostgresCollations();
+        if (engine_.startsWith(u"MariaDB"_s) || engine_.startsWith(u"MySQL"_s)) FindMariaDbCollations();
         return faults_;
     }
 
   private:
-    void LookForFunctions() {
+    void FindMissingFunctions() {
         const QString sql =
             u"SELECT has_function_privilege(p.oid, 'EXECUTE') FROM pg_proc p"
             u" WHERE p.proname = '%1' AND p.pronargs = 1 AND pg_function_is_visible(p.oid)"_s;
@@ -67,7 +68,7 @@ class Search {
         }
     }
 
-    void LookForPostgresCollations() {
+    void FindPostgresCollations() {
         const QList<QStringList> columns = NondeterministicColumns();
         for (const TableDefinition& table : TablesOf(DatabaseKind::General))
             for (const QStringList& row : columns) {
@@ -85,7 +86,7 @@ class Search {
         return collation.endsWith(u"_nopad_bin"_s) || collation.endsWith(u"_0900_bin"_s) || collation == u"binary"_s;
     }
 
-    void LookForMariaDbCollations() {
+    void FindMariaDbCollations() {
         const QList<QStringList> columns =
             Rows(general_,
                  u"SELECT table_name, column_name, collation_name FROM information_schema.columns"

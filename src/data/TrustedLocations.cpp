@@ -1,7 +1,9 @@
-#include "data/TrustedLocations.h"
+#include "data/ReportHostTrust.h"
 
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
+
+// Part of ReportHostTrust.h: the trusted locations of a version.
 
 using namespace Qt::StringLiterals;
 using namespace platform;
@@ -33,14 +35,14 @@ std::optional<QString> PathOf(const RegistryKey& locations, const QString& name)
     return path;
 }
 
-LocationNames LookThrough(const RegistryKey& locations, const QString& reportFolder, bool tellUnreadable) {
+LocationNames ReadLocationNames(const RegistryKey& locations, const QString& reportFolder, bool showUnreadable) {
     LocationNames names;
     for (int index = 0; const std::optional<QString> name = NameAt(locations, index); ++index) {
         const QString trimmed = TrimBlanks(*name);
         if (names.largest < trimmed) names.largest = trimmed;
         if (index == 0 || names.smallest > trimmed) names.smallest = trimmed;
         const std::optional<QString> path = PathOf(locations, *name);
-        if (!path && tellUnreadable) Services().dialogs->ShowMessage(u"オープンできません。"_s);
+        if (!path && showUnreadable) Services().dialogs->ShowMessage(u"オープンできません。"_s);
         if (path && path->contains(reportFolder + kPathSeparator, Qt::CaseInsensitive)) names.found = *name;
     }
     return names;
@@ -69,7 +71,7 @@ QString NewLocationName(const LocationNames& names) {
     return LocationName(lowest > 0 ? lowest - 1 : NumberIn(names.largest) + 1);
 }
 
-bool OpenLocationFor(const QString& locationsKey, const QString& reportFolder, bool tellUnreadable,
+bool OpenLocationFor(const QString& locationsKey, const QString& reportFolder, bool showUnreadable,
                      RegistryKey& location, long& closing) {
     Registry& registry = *Services().registry;
     RegistryKey locations;
@@ -77,7 +79,7 @@ bool OpenLocationFor(const QString& locationsKey, const QString& reportFolder, b
         registry.CreateKey(UserRoot(), locationsKey, kRegistryAll, locations) != kRegistryDone)
         return false;
     LocationNames names;
-    if (AllowNetwork(locations, reportFolder)) names = LookThrough(locations, reportFolder, tellUnreadable);
+    if (AllowNetwork(locations, reportFolder)) names = ReadLocationNames(locations, reportFolder, showUnreadable);
     closing = registry.CloseKey(locations);
     const QString below = locationsKey + u'\\';
     if (!names.found.isEmpty())

@@ -1,4 +1,4 @@
-#include "data/UserConfiguration.h"
+#include "data/Environment.h"
 
 #include <QFileInfo>
 
@@ -11,6 +11,8 @@
 #include "platform/PlainFile.h"
 #include "platform/Services.h"
 
+// Part of Environment.h: the private copies of a user.
+
 using namespace Qt::StringLiterals;
 using platform::kPathSeparator;
 
@@ -21,12 +23,12 @@ constexpr long kCopyFailed = 75;
 /// Report files of one file kind in the order of copying.
 struct ReportFiles {
     QString workTables;
-    QStringList forms;  ///< all but the first are optional
+    QStringList templates;  ///< all but the first are optional
 };
 
 /// The only error handler: records the failure and continues with the next step. Returns the error number, 0 for none.
 template <typename Step>
-long Carry(Step step) {
+long TryStep(Step step) {
     try {
         step();
         return 0;
@@ -42,7 +44,7 @@ long Carry(Step step) {
 bool RemoveJournal(const QString& database) { return platform::Services().files->RemoveFile(database + u"-journal"_s); }
 
 /// An existing file is never copied again, so a copy that differs from its source is deleted.
-void CopyWhole(const QString& source, const QString& target) {
+void CopyCompletely(const QString& source, const QString& target) {
     if (!RemoveJournal(target) || !CopyFileOver(source, target))
         throw platform::RuntimeError(kCopyFailed,
                                      u"ファイル %1 を複写できません。"_s.arg(QFileInfo(target).fileName()));
@@ -53,7 +55,7 @@ void CopyWhole(const QString& source, const QString& target) {
 
 /// True if the file was copied.
 bool Copy(const QString& from, const QString& to, const QString& name) {
-    return Carry([&] { CopyWhole(from + kPathSeparator + name, to + kPathSeparator + name); }) == 0;
+    return TryStep([&] { CopyCompletely(from + kPathSeparator + name, to + kPathSeparator + name); }) == 0;
 }
 
 void PrepareConfiguration() {
@@ -61,50 +63,50 @@ void PrepareConfiguration() {
     const QString name = DesktopFileName(u"usrcnfg"_s, layout.ConfigDbKind);
     if (name.isEmpty()) return;
     const QString own = layout.UserConfFolder + kPathSeparator + name;
-    Carry([&] { EnsureFolderPath(own); });
+    TryStep([&] { EnsureFolderPath(own); });
     if (!FileExistsCheck(own)) Copy(layout.CommonConfFolder, layout.UserConfFolder, name);
 }
 
 /// False if the next start should retry. A missing table is not retried, since it will still be missing then.
-bool Relink(const QString& formsFile, const QString& workTables) {
-    bool whole = true;
-    const long failure = Carry([&] {
-        const auto file = Globals().LinkedTables->OpenDatabase(formsFile);
+bool Relink(const QString& templateFile, const QString& workTables) {
+    bool complete = true;
+    const long failure = TryStep([&] {
+        const auto file = Globals().LinkedTables->OpenDatabase(templateFile);
         for (database::TableDef& table : file->TableDefs()) {
             if (table.Attributes != database::kLinkedTable) continue;
             table.Connect = database::ConnectTextOf(workTables);
-            const long refused = Carry([&] { file->RefreshLink(table); });
-            whole = whole && (refused == 0 || refused == database::kNoSuchTable);
+            const long refused = TryStep([&] { file->RefreshLink(table); });
+            complete = complete && (refused == 0 || refused == database::kNoSuchTable);
         }
     });
-    return failure == 0 && whole;
+    return failure == 0 && complete;
 }
 
 /// The host's settings are made before its files are touched. False if the next start should retry; a file that is
 /// missing in the common folder as well is not retried.
 bool CopyReportFiles(const ReportFiles& files) {
     const InstallationLayout& layout = Globals().Layout;
-    bool hostIsThere = false;
-    Carry([&] { hostIsThere = PrepareReportHost(); });
+    bool hostIsInstalled = false;
+    TryStep([&] { hostIsInstalled = PrepareReportHost(); });
     const QString own = layout.UserReportFolder + kPathSeparator;
     const auto common = [&](const QString& name) {
         return FileExistsCheck(layout.CommonReportFolder + kPathSeparator + name);
     };
-    bool whole = Copy(layout.CommonReportFolder, layout.UserReportFolder, files.workTables);
-    for (const QString& name : files.forms)
-        if (!Copy(layout.CommonReportFolder, layout.UserReportFolder, name) && common(name)) whole = false;
-    for (const QString& name : files.forms)
-        if (hostIsThere && (name == files.forms.first() || FileExistsCheck(own + name)) &&
+    bool complete = Copy(layout.CommonReportFolder, layout.UserReportFolder, files.workTables);
+    for (const QString& name : files.templates)
+        if (!Copy(layout.CommonReportFolder, layout.UserReportFolder, name) && common(name)) complete = false;
+    for (const QString& name : files.templates)
+        if (hostIsInstalled && (name == files.templates.first() || FileExistsCheck(own + name)) &&
             !Relink(own + name, own + files.workTables) && common(name))
-            whole = false;
-    return whole;
+            complete = false;
+    return complete;
 }
 
 /// If the marker cannot be created, nothing is copied: an interrupted copy would look complete.
-bool SetMark(const QString& mark) {
-    return Carry([&] {
-               if (!platform::Services().files->CreateMark(mark))
-                   throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を作成できません。"_s.arg(mark));
+bool CreateMarker(const QString& marker) {
+    return TryStep([&] {
+               if (!platform::Services().files->CreateMark(marker))
+                   throw platform::RuntimeError(kCopyFailed, u"ファイル %1 を作成できません。"_s.arg(marker));
            }) == 0;
 }
 
@@ -113,11 +115,11 @@ bool SetMark(const QString& mark) {
 /// again.
 void PrepareReportFiles(const ReportFiles& files) {
     const QString workTables = Globals().Layout.UserReportFolder + kPathSeparator + files.workTables;
-    const QString mark = workTables + u"-unfinished"_s;
-    Carry([&] { EnsureFolderPath(workTables); });
-    if (FileExistsCheck(workTables) && !FileExistsCheck(mark)) return;
+    const QString marker = workTables + u"-unfinished"_s;
+    TryStep([&] { EnsureFolderPath(workTables); });
+    if (FileExistsCheck(workTables) && !FileExistsCheck(marker)) return;
     platform::Services().waitDialog->Show();
-    if (SetMark(mark) && CopyReportFiles(files)) platform::Services().files->RemoveFile(mark);
+    if (CreateMarker(marker) && CopyReportFiles(files)) platform::Services().files->RemoveFile(marker);
     platform::Services().waitDialog->Unload();
 }
 
@@ -139,7 +141,7 @@ bool ClaimOwnFolder() {
     const QString own = QFileInfo(layout.UserConfFolder).path();
     MakeFolder(QFileInfo(own).path());
     MakeFolder(own);
-    if (Carry([&] { platform::ClaimPrivateFolder(own); }) == 0) return true;
+    if (TryStep([&] { platform::ClaimPrivateFolder(own); }) == 0) return true;
     layout.UserConfFolder.clear();
     layout.UserReportFolder.clear();
     return false;

@@ -85,4 +85,9 @@ class DatabaseSession {
 /// otherwise what the provider throws.
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request);
 
+/// Decorator that handles a request to end the program. EndRequested makes the engines' sessions abort the running
+/// statement; the request is then carried out before the failure propagates. The transaction of a desktop file is
+/// rolled back first, since the process usually exits there. OpenSession returns such a session.
+std::unique_ptr<DatabaseSession> MakeEndable(std::unique_ptr<DatabaseSession> session);
+
 }  // namespace database

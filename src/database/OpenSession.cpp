@@ -15,9 +15,6 @@ namespace {
     throw DatabaseError(kNotUpdatable, QStringLiteral("このレコードセットには追加できません。"));
 }
 
-/// Decorator that handles a request to end the program. EndRequested makes the engines' sessions abort the running
-/// statement; the request is then carried out before the failure propagates. The transaction of a desktop file is
-/// rolled back first, since the process usually exits there.
 class EndableSession : public DatabaseSession {
   public:
     explicit EndableSession(std::unique_ptr<DatabaseSession> session) : session_(std::move(session)) {}
@@ -111,11 +108,15 @@ void DatabaseSession::Insert(RecordTarget& /*target*/, const std::vector<Written
     ThrowNotUpdatable();
 }
 
+std::unique_ptr<DatabaseSession> MakeEndable(std::unique_ptr<DatabaseSession> session) {
+    return std::make_unique<EndableSession>(std::move(session));
+}
+
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request) {
     for (const Provider& provider : kProviders)
         if (request.provider.startsWith(provider.prefix, Qt::CaseInsensitive))
-            return std::make_unique<EndableSession>(provider.open(request));
-    return std::make_unique<EndableSession>(OpenOdbcSession(request));
+            return MakeEndable(provider.open(request));
+    return MakeEndable(OpenOdbcSession(request));
 }
 
 }  // namespace database

@@ -1,8 +1,8 @@
 #include "frame/Mod要員名簿照会.h"
 
+#include "access/CompanyInformation.h"
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
-#include "access/UserInformation.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/ScreenState.h"
@@ -15,18 +15,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Refuse(const QString& message) {
-    platform::Services().dialogs->ShowMessage(message);
-    LeaveProgram();
-    return false;
-}
-
 /// The steps that can refuse the start, in this order.
 bool StartIsPossible() {
-    if (!InitializeData()) return Refuse(u"データベースが使用できません。"_s);
-    if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
+    if (!InitializeData()) return RefuseStart(u"データベースが使用できません。"_s);
+    if (!LoadUserInformation()) return RefuseStart(u"ユーザ情報が使用できません。"_s);
     PublishConditionLabels(Globals().MenuName, Globals().ProgramId);
-    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
+    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, Operation::Start))
+        return RefuseStart(u"操作権限がありません。"_s);
     return true;
 }
 
@@ -46,11 +41,6 @@ void ShowMainForm(Form& form) {
 }
 
 }  // namespace
-
-void LeaveProgram() {
-    TerminateData();
-    platform::Services().processes->EndProcess(0);
-}
 
 void Main() {
     ProgramGlobals& globals = Globals();

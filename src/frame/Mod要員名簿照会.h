@@ -11,9 +11,6 @@ class QApplication;
 /// process.
 void Main();
 
-/// Records the end of the run, answers the starting program and exits the process immediately.
-void LeaveProgram();
-
 /// Parses the start command, a block of fixed-width fields without separators, into the conditions and the office.
 ///   command  the trimmed command line; widths are in UTF-16 units:
 ///            office                                              3

@@ -1,3 +1,4 @@
+#include "access/StartUp.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/OutputFile.h"

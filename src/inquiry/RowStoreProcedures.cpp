@@ -89,7 +89,7 @@ int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所�
         伝票No % u"' AND [T閲覧].[キー項目] = '" % キー項目 %
         u"' ORDER BY [T閲覧].[閲覧日付] DESC, [T閲覧].[閲覧時刻] DESC";
     database::Recordset record;
-    const bool found = OpenRecordset(record, sql, false);
+    const bool found = OpenRecordset(record, sql);
     const int kind = found ? NumericValue(record[u"閲覧区分"].TextOr(QString())) : -1;
     CloseQuietly(record);
     return kind;

@@ -36,7 +36,7 @@ bool LoadRows(database::Recordset& record) {
 bool ReadMatchingStaff(const QString& sql) {
     const database::ReadScope scope(Globals().MainConnection);
     database::Recordset record;
-    const bool complete = !OpenRecordset(record, sql, true) || LoadRows(record);
+    const bool complete = !OpenRecordset(record, sql, LogStatement::Yes) || LoadRows(record);
     CloseQuietly(record);
     return complete;
 }
@@ -55,7 +55,7 @@ void ReloadStaffRow(int row) {
                         Globals().Rows.Text(StaffText::担当者コード, row) + u'\'';
     ClearRow(row);
     database::Recordset record;
-    if (OpenRecordset(record, sql, true)) {
+    if (OpenRecordset(record, sql, LogStatement::Yes)) {
         LoadRow(record, row);
     } else {
         RemoveRow(row);

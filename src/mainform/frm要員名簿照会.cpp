@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "access/CompanyInformation.h"
-#include "data/ClassLists.h"
+#include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "access/ProgramRights.h"
 #include "inquiry/ConditionProcedures.h"
 #include "screen/Form.h"
 
@@ -60,7 +61,7 @@ class frm要員名簿照会 : public Form {
     void ConnectCommands();
     void Search();
     void Clear();
-    void Output(int operation, const QString& question, const std::function<void()>& action);
+    void Output(Operation operation, const QString& question, const std::function<void()>& action);
     void OutputText();
     void LaunchRow(int position);
 

@@ -20,25 +20,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPrint = 4;
-constexpr int kPreview = 5;
-constexpr int kTextOutput = 6;
-
 /// An output button with a confirmation.
 struct OutputButton {
     QString button;
-    int operation;
+    Operation operation;
     QString question;
     void (*action)();
 };
 
 const QList<OutputButton>& OutputButtons() {
     static const QList<OutputButton> buttons = {
-        {u"btn_印刷"_s, kPrint, u"印刷しますか?"_s, RunReportPrint},
-        {u"btn_プレビュ"_s, kPreview, u"プレビュしますか?"_s, RunReportPreview},
-        {u"btn_封筒"_s, kPrint, u"印刷しますか?"_s, RunEnvelopePrint},
-        {u"btn_はがき"_s, kPrint, u"印刷しますか?"_s, RunPostcardPrint},
-        {u"btn_宛名ラベル"_s, kPrint, u"印刷しますか?"_s, RunLabelPrint},
+        {u"btn_印刷"_s, Operation::Print, u"印刷しますか?"_s, RunReportPrint},
+        {u"btn_プレビュ"_s, Operation::Preview, u"プレビュしますか?"_s, RunReportPreview},
+        {u"btn_封筒"_s, Operation::Print, u"印刷しますか?"_s, RunEnvelopePrint},
+        {u"btn_はがき"_s, Operation::Print, u"印刷しますか?"_s, RunPostcardPrint},
+        {u"btn_宛名ラベル"_s, Operation::Print, u"印刷しますか?"_s, RunLabelPrint},
     };
     return buttons;
 }
@@ -59,7 +55,9 @@ void AskAndOutputText() {
     }
 }
 
-bool Permitted(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
+bool Permitted(Operation operation) {
+    return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation);
+}
 
 }  // namespace
 
@@ -110,14 +108,14 @@ void frm要員名簿照会::Clear() {
     MoveFocus(*Globals().FirstHeadItem);
 }
 
-void frm要員名簿照会::Output(int operation, const QString& question, const std::function<void()>& action) {
+void frm要員名簿照会::Output(Operation operation, const QString& question, const std::function<void()>& action) {
     if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) action();
     MoveFocus(*Globals().LastHeadItem);
 }
 
 // The file dialog may have changed the working directory.
 void frm要員名簿照会::OutputText() {
-    if (Permitted(kTextOutput)) {
+    if (Permitted(Operation::TextOutput)) {
         const QString programFolder = platform::Services().system->ApplicationFolder();
         AskAndOutputText();
         QDir::setCurrent(programFolder);

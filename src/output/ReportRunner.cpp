@@ -1,6 +1,7 @@
 // The part of Outputs with the report host.
 
 #include "data/Files.h"
+#include "data/ReportHostTrust.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
 #include "output/Outputs.h"
@@ -15,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
-const QString kHostProgram = u"MSACCESS.EXE"_s;
 constexpr int kRegistryBuffer = 256;
 constexpr quint32 kTerminateAndSynchronize = 0x100001;
 constexpr int kHostStartTimeout = 400;  // milliseconds until the single attempt to connect
@@ -32,8 +31,8 @@ QString TemplateFile() {
 QString RegisteredHostFolder() {
     QString buffer(kRegistryBuffer, u' ');
     int length = kRegistryBuffer;
-    platform::Services().registry->GetValue(platform::MachineRoot(), kHostKey, u"Path"_s, platform::kRegistryTextType,
-                                            buffer, length);
+    platform::Services().registry->GetValue(platform::MachineRoot(), kReportHostKey, u"Path"_s,
+                                            platform::kRegistryTextType, buffer, length);
     const qsizetype end = buffer.indexOf(QChar(u'\0'));
     if (end < 0) throw platform::RuntimeError(kInvalidCall, u"帳票ホストがこのコンピューターに登録されていません。"_s);
     return buffer.first(end);
@@ -44,7 +43,8 @@ void StartHost(const QString& formsFile) {
     platform::ProcessService& processes = *platform::Services().processes;
     run.HostFolder = RegisteredHostFolder();
     // The registered folder ends with a separator.
-    run.HostProcessId = processes.StartHidden(TrimBlanks(run.HostFolder) + kHostProgram, {formsFile, u"/runtime"_s});
+    run.HostProcessId =
+        processes.StartHidden(TrimBlanks(run.HostFolder) + kReportHostProgram, {formsFile, u"/runtime"_s});
     run.HostProcessHandle = processes.OpenProcess(kTerminateAndSynchronize, false, run.HostProcessId);
     // Called with the id instead of the handle: fails, and the code passed to TerminateProcess stays 0.
     processes.GetExitCodeProcess(run.HostProcessId, run.HostExitCode);

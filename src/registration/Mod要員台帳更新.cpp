@@ -4,7 +4,6 @@
 #include "access/ProgramLinks.h"
 #include "access/ProgramRights.h"
 #include "access/StartUp.h"
-#include "access/UserInformation.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "registration/frm要員台帳更新.h"
@@ -16,20 +15,15 @@ namespace {
 
 const QString kNoDatabase = u"データベースが使用できません。"_s;
 
-bool Refuse(const QString& message) {
-    platform::Services().dialogs->ShowMessage(message);
-    LeaveRegistration();
-    return false;
-}
-
 /// The steps that can refuse the start, in this order.
 bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& command) {
-    if (!InitializeData(RegistrationCommand::kLength)) return Refuse(kNoDatabase);
-    if (!LoadUserInformation()) return Refuse(u"ユーザ情報が使用できません。"_s);
+    if (!InitializeData(RegistrationCommand::kLength)) return RefuseStart(kNoDatabase);
+    if (!LoadUserInformation()) return RefuseStart(u"ユーザ情報が使用できません。"_s);
     if (!command.office.isEmpty()) Globals().ScopeOfficeCode = command.office;
-    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, 0)) return Refuse(u"操作権限がありません。"_s);
-    if (command.staff.isEmpty()) return Refuse(u"担当者コードが指定されていません。"_s);
-    if (!form.OpenStore()) return Refuse(kNoDatabase);
+    if (!CheckProgramPermission(Globals().MenuName, Globals().ProgramId, Operation::Start))
+        return RefuseStart(u"操作権限がありません。"_s);
+    if (command.staff.isEmpty()) return RefuseStart(u"担当者コードが指定されていません。"_s);
+    if (!form.OpenStore()) return RefuseStart(kNoDatabase);
     return true;
 }
 
@@ -37,7 +31,8 @@ bool StartIsPossible(frm要員台帳更新& form, const RegistrationCommand& com
 bool OpenPerson(frm要員台帳更新& form, const QString& code) {
     const StoreOutcome outcome = form.Open(code);
     if (outcome == StoreOutcome::Done) return true;
-    return Refuse(outcome == StoreOutcome::Gone ? u"担当者コード %1 は登録されていません。"_s.arg(code) : kNoDatabase);
+    return RefuseStart(outcome == StoreOutcome::Gone ? u"担当者コード %1 は登録されていません。"_s.arg(code)
+                                                     : kNoDatabase);
 }
 
 }  // namespace
@@ -49,16 +44,11 @@ RegistrationCommand ParseRegistrationCommand(const QString& commandLine) {
     return {command.left(3), staff};
 }
 
-void LeaveRegistration() {
-    TerminateData();
-    platform::Services().processes->EndProcess(0);
-}
-
 void StartRegistration() {
     ProgramGlobals& globals = Globals();
     BeginProgram(u"要員台帳更新"_s);
     // Never deleted: the process exits without running destructors.
-    auto* form = new frm要員台帳更新(LeaveRegistration, AnswerStarter);
+    auto* form = new frm要員台帳更新(LeaveProgram, AnswerStarter);
     globals.MainForm = form;
     const RegistrationCommand command = ParseRegistrationCommand(platform::Services().system->CommandLine());
     if (!StartIsPossible(*form, command)) return;

@@ -13,7 +13,3 @@ RegistrationCommand ParseRegistrationCommand(const QString& commandLine);
 
 /// Starts the program and shows the form. If that fails, shows the reason and exits the process.
 void StartRegistration();
-
-/// Answers the program that started this one, records the end of the run and exits the process immediately. Safe at any
-/// time, also before the start has completed.
-void LeaveRegistration();

@@ -1,13 +1,14 @@
-#include "registration/RegistrationLayout.h"
+#include "registration/StaffItems.h"
 
 #include <QRect>
 
-#include "registration/StaffItems.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
+
+// Part of StaffItems.h: the layout of the form.
 
 using namespace Qt::StringLiterals;
 

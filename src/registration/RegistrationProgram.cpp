@@ -1,3 +1,4 @@
+#include "access/StartUp.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/TerminationSignal.h"
 #include "registration/Mod要員台帳更新.h"
@@ -7,9 +8,9 @@
 int main(int argc, char** argv) {
     const SuiteApplication application(argc, argv);
     // Does not ask about unsaved input: there may be no user to answer.
-    platform::OnTerminationRequest(LeaveRegistration);
+    platform::OnTerminationRequest(LeaveProgram);
     Form::RunEvent(StartRegistration);
     // An error thrown by the start has been shown already; without a window the program cannot continue.
-    if (!Globals().MainForm->isVisible()) LeaveRegistration();
+    if (!Globals().MainForm->isVisible()) LeaveProgram();
     return SuiteApplication::exec();
 }

@@ -3,11 +3,25 @@
 #include <QDate>
 #include <algorithm>
 
+#include "data/Recordsets.h"
 #include "text/CodePage932.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QList<MasterEntry> LoadMaster(const StaffItem& item) {
+    const QString key = item.key.toString();
+    const QString sql = u"SELECT "_s + key + u", 名称 FROM "_s + item.master.toString() + u" ORDER BY "_s + key;
+    QList<MasterEntry> entries;
+    database::Recordset rows;
+    if (OpenRecordset(rows, sql)) {
+        for (; !rows.AtEOF(); rows.MoveNext())
+            entries.append({rows[item.key].TextOr(QString()), rows[u"名称"].TextOr(QString())});
+    }
+    CloseQuietly(rows);
+    return entries;
+}
 
 /// The first character without an encoding in code page 932, which the suite's programs use to exchange texts.
 QString UnknownCharacter(const QString& text) {
@@ -35,7 +49,7 @@ QString CheckText(const StaffItem& item, const QString& value) {
 /// The error message for a value, empty if it is valid.
 QString CheckValue(const StaffItem& item, const QString& value, const QList<MasterEntry>& master) {
     if (value.isEmpty()) return item.required ? u"%1を入力してください。"_s.arg(item.caption) : QString();
-    if (item.kind == StaffItemKind::Code && PlaceOfCode(master, value) < 0)
+    if (item.kind == StaffItemKind::Code && IndexOfCode(master, value) < 0)
         return u"%1 %2 は登録されていません。"_s.arg(item.caption, value);
     if (item.kind == StaffItemKind::Date && !IsDate(value))
         return u"%1 %2 は正しい日付ではありません。"_s.arg(item.caption, value);
@@ -44,6 +58,19 @@ QString CheckValue(const StaffItem& item, const QString& value, const QList<Mast
 
 }  // namespace
 
+StaffMasters LoadStaffMasters() {
+    StaffMasters masters;
+    for (size_t i = 0; i < kStaffItemCount; ++i)
+        if (!kStaffItems[i].master.isEmpty()) masters[i] = LoadMaster(kStaffItems[i]);
+    return masters;
+}
+
+int IndexOfCode(const QList<MasterEntry>& master, const QString& code) {
+    const auto found =
+        std::find_if(master.begin(), master.end(), [&](const MasterEntry& entry) { return entry.code == code; });
+    return found == master.end() ? -1 : static_cast<int>(found - master.begin());
+}
+
 bool IsDate(const QString& text) {
     const bool digits = std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     return text.size() == 8 && digits &&
@@ -51,12 +78,12 @@ bool IsDate(const QString& text) {
            text.left(4) != u"0000"_s;
 }
 
-std::optional<ValidationError> FindObjection(const StaffValues& entered, const StaffValues& before,
-                                             const StaffMasters& masters) {
+std::optional<ValidationError> FindValidationError(const StaffValues& entered, const StaffValues& before,
+                                                   const StaffMasters& masters) {
     for (size_t i = 0; i < kStaffItemCount; ++i) {
         if (entered[i] == before[i]) continue;
         const QString message = CheckValue(kStaffItems[i], entered[i], masters[i]);
-        if (!message.isEmpty()) return ValidationError{i, message};
+        if (!message.isEmpty()) return ValidationError{.item = i, .message = message};
     }
     return std::nullopt;
 }

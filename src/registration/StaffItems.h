@@ -5,6 +5,8 @@
 #include <array>
 #include <span>
 
+class Form;
+
 /// Input and validation of an item of the registration form.
 enum class StaffItemKind {
     Text,       ///< any text
@@ -62,3 +64,7 @@ struct StaffRecord {
     QString 登録日付, 更新日付;  ///< timestamps yyyymmdd hhnnss, empty if not set
     bool operator==(const StaffRecord&) const = default;
 };
+
+/// Creates the controls of the registration form in tab order: for each of kStaffItems its title and item, with the
+/// list of names next to a code and a label named column + 年号 next to a date; then the notice and the buttons.
+void BuildRegistrationForm(Form& form);

@@ -14,7 +14,7 @@ enum class StoreOutcome {
 };
 
 /// 閲覧区分 of a row of the viewing log.
-enum class ViewKind { Looked = 0, Saved = 1 };
+enum class ViewKind { Viewed = 0, Saved = 1 };
 
 /// Access to the staff master on a dedicated writing connection. No locks are kept between calls. A failed read or
 /// write leaves a row エラー in the run history.

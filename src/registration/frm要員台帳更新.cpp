@@ -8,7 +8,6 @@
 #include "data/EraDates.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
-#include "registration/RegistrationLayout.h"
 #include "registration/StaffChecks.h"
 #include "text/mod項目編集.h"
 
@@ -18,12 +17,13 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds kFirstPause = 1s, kLongestPause = 60s;
-constexpr int kChangeRight = 2, kDeleteRight = 3;
 
-bool MayDo(int operation) { return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation); }
+bool IsPermitted(Operation operation) {
+    return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation);
+}
 
 /// "yyyymmdd hhnnss" as yyyy/MM/dd HH:mm:ss; other text unchanged.
-QString StampForPeople(const QString& stamp) {
+QString StampForDisplay(const QString& stamp) {
     const QDateTime time = QDateTime::fromString(stamp, u"yyyyMMdd HHmmss"_s);
     return time.isValid() ? time.toString(u"yyyy/MM/dd HH:mm:ss"_s) : stamp;
 }
@@ -39,25 +39,25 @@ frm要員台帳更新::frm要員台帳更新(std::function<void()> leave, std::f
     : Form(u"frm要員台帳更新"_s), leave_(std::move(leave)), answer_(std::move(answer)) {
     setWindowTitle(u"要員台帳更新"_s);
     BuildRegistrationForm(*this);
-    WireItems();
-    nextTry_.setInterval(kFirstPause);
-    nextTry_.callOnTimeout(this, [this] { RunEvent([this] { TryAgain(); }); });
+    ConnectItems();
+    retryTimer_.setInterval(kFirstPause);
+    retryTimer_.callOnTimeout(this, [this] { RunEvent([this] { RetryAnswer(); }); });
     Closing = EscapePressed = [this] { End(); };
     Item(u"btn_保存"_s).Click = [this] { Save(); };
     Item(u"btn_削除"_s).Click = [this] { Delete(); };
     Item(u"btn_終了"_s).Click = [this] { End(); };
 }
 
-void frm要員台帳更新::WireItems() {
+void frm要員台帳更新::ConnectItems() {
     for (size_t i = 0; i < kStaffItemCount; ++i) {
         Control& item = ItemOf(i);
         Item(u"itm_ttl_"_s + item.Name()).Click = [&item] { item.SetFocus(); };
         switch (kStaffItems[i].kind) {
             case StaffItemKind::Code:
-                WireCode(i);
+                ConnectCode(i);
                 break;
             case StaffItemKind::Date:
-                WireDate(i);
+                ConnectDate(i);
                 break;
             default:
                 item.Change = [this, &item, bytes = kStaffItems[i].bytes] {
@@ -68,10 +68,10 @@ void frm要員台帳更新::WireItems() {
 }
 
 /// Synchronises code and list: a typed code selects its list entry, a chosen entry sets the code.
-void frm要員台帳更新::WireCode(size_t i) {
+void frm要員台帳更新::ConnectCode(size_t i) {
     const StaffItem& design = kStaffItems[i];
     Control &code = ItemOf(i), &list = Item(design.list.toString());
-    code.Change = [this, &code, &list, i] { list.SetListIndex(PlaceOfCode(masters_[i], code.Text())); };
+    code.Change = [this, &code, &list, i] { list.SetListIndex(IndexOfCode(masters_[i], code.Text())); };
     code.LostFocus = [&code, mask = RepeatZero(design.bytes)] {
         code.SetText(FormatCodeByMask(TrimBlanks(code.Text()), mask));
     };
@@ -84,7 +84,7 @@ void frm要員台帳更新::WireCode(size_t i) {
     };
 }
 
-void frm要員台帳更新::WireDate(size_t i) {
+void frm要員台帳更新::ConnectDate(size_t i) {
     Control &date = ItemOf(i), &era = Item(date.Name() + u"年号"_s);
     date.Change = [&date, &era] { era.SetCaption(IsDate(date.Text()) ? EraDateLong(date.Text()) : QString()); };
 }
@@ -105,7 +105,7 @@ StoreOutcome frm要員台帳更新::Open(const QString& code) {
     masters_ = LoadStaffMasters();
     FillLists();
     ShowRecord();
-    store_.LogView(record_.担当者コード, ViewKind::Looked);
+    store_.LogView(record_.担当者コード, ViewKind::Viewed);
     return outcome;
 }
 
@@ -116,7 +116,7 @@ void frm要員台帳更新::ShowRecord() {
         ItemOf(i).Change();  // also if the text is unchanged: the list or the era may be new
     }
     for (const auto& [name, stamp] : {std::pair{u"登録日付"_s, record_.登録日付}, {u"更新日付"_s, record_.更新日付}})
-        Item(name).SetCaption(StampForPeople(stamp));
+        Item(name).SetCaption(StampForDisplay(stamp));
     Item(u"お知らせ"_s).SetCaption(QString());
     shown_ = Entered();
 }
@@ -127,23 +127,23 @@ StaffValues frm要員台帳更新::Entered() const {
     return values;
 }
 
-bool frm要員台帳更新::Object(const StaffValues& entered) {
-    const std::optional<ValidationError> objection = FindObjection(entered, shown_, masters_);
-    if (!objection) return false;
-    platform::Services().dialogs->ShowMessage(objection->message);
-    ItemOf(objection->item).SetFocus();
+bool frm要員台帳更新::ShowFirstError(const StaffValues& entered) {
+    const std::optional<ValidationError> error = FindValidationError(entered, shown_, masters_);
+    if (!error) return false;
+    platform::Services().dialogs->ShowMessage(error->message);
+    ItemOf(error->item).SetFocus();
     return true;
 }
 
 void frm要員台帳更新::Save() {
     const StaffValues entered = Entered();
-    if (Object(entered) || !MayDo(kChangeRight)) return;
+    if (ShowFirstError(entered) || !IsPermitted(Operation::Change)) return;
     Conclude(store_.Save(record_, entered), u"データベースに問題が発生し修正できませんでした。"_s);
 }
 
 void frm要員台帳更新::Delete() {
     const QString question = u"担当者コード %1 %2 を削除しますか?"_s.arg(record_.担当者コード, record_.values.front());
-    if (!MayDo(kDeleteRight) || !platform::Services().dialogs->Confirm(question)) return;
+    if (!IsPermitted(Operation::Delete) || !platform::Services().dialogs->Confirm(question)) return;
     Conclude(store_.Delete(record_), u"データベースに問題が発生し削除できませんでした。"_s);
 }
 
@@ -175,22 +175,22 @@ void frm要員台帳更新::OfferToReadAgain() {
 void frm要員台帳更新::AnswerAndLeave() {
     if (answer_()) return leave_();
     SetEnabled(false);
-    nextTry_.start();
+    retryTimer_.start();
     platform::Services().dialogs->ShowMessage(
         u"起動元のプログラムに終了を通知できません。ディスクの空きとコンピューターの時計を確かめてください。"
         "この画面を開いている間は通知を繰り返し、通知できたときに画面を閉じます。"_s);
 }
 
 /// Retries at growing intervals, since each failure leaves a row in the run history.
-void frm要員台帳更新::TryAgain() {
-    nextTry_.setInterval(std::min(2 * nextTry_.intervalAsDuration(), kLongestPause));
+void frm要員台帳更新::RetryAnswer() {
+    retryTimer_.setInterval(std::min(2 * retryTimer_.intervalAsDuration(), kLongestPause));
     if (!answer_()) return;
-    nextTry_.stop();
+    retryTimer_.stop();
     leave_();
 }
 
 void frm要員台帳更新::End() {
-    if (nextTry_.isActive()) return leave_();
+    if (retryTimer_.isActive()) return leave_();
     const bool lost = Entered() != shown_;
     if (lost && !platform::Services().dialogs->Confirm(u"修正が保存されていません。終了しますか?"_s)) return;
     AnswerAndLeave();

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "registration/StaffMasters.h"
+#include "registration/StaffChecks.h"
 #include "registration/StaffStore.h"
 #include "screen/Form.h"
 
@@ -27,23 +27,23 @@ class frm要員台帳更新 : public Form {
     void End();
 
   private:
-    void WireItems();
-    void WireCode(size_t item);
-    void WireDate(size_t item);
+    void ConnectItems();
+    void ConnectCode(size_t item);
+    void ConnectDate(size_t item);
     void FillLists();
     void ShowRecord();
     StaffValues Entered() const;
-    bool Object(const StaffValues& entered);
+    bool ShowFirstError(const StaffValues& entered);
     void Conclude(StoreOutcome outcome, const QString& failure);
     void OfferToReadAgain();
     void AnswerAndLeave();
-    void TryAgain();
+    void RetryAnswer();
     Control& ItemOf(size_t item) const { return Item(kStaffItems[item].column.toString()); }
 
     StaffStore store_;
     std::function<void()> leave_;
     std::function<bool()> answer_;
-    QTimer nextTry_;
+    QTimer retryTimer_;
     StaffMasters masters_;
     StaffRecord record_;  ///< as read
     StaffValues shown_;   ///< the items as first shown

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <memory>
 
-#include "platform/Dialogs.h"
+#include "platform/Services.h"
 #include "platform/ToolkitStart.h"
 
 namespace platform {

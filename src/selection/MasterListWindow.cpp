@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "data/ClassLists.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
@@ -63,7 +62,7 @@ QString NameOf(Range range, const QString& code) {
     database::Recordset record;
     QString name;
     if (OpenRecordset(
-            record, u"SELECT 名称 FROM "_s + ConditionOf(range).master + u" WHERE コード = '"_s + code + u'\'', false))
+            record, u"SELECT 名称 FROM "_s + ConditionOf(range).master + u" WHERE コード = '"_s + code + u'\''))
         name = record[u"名称"].TextOr(QString());
     CloseQuietly(record);
     return name;
@@ -117,7 +116,7 @@ void MasterListWindow::LoadMasterList() {
     List().ClearRows();
     QList<ListRow> rows;
     database::Recordset record;
-    if (OpenRecordset(record, ListQuery(), false)) {
+    if (OpenRecordset(record, ListQuery())) {
         for (; !record.AtEOF(); record.MoveNext()) rows << RowOf(record);
     }
     CloseQuietly(record);

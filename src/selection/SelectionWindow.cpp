@@ -19,7 +19,7 @@ std::optional<QString> NameInMaster(const RangeCondition& condition, const QStri
     std::optional<QString> name;
     database::Recordset record;
     const QString sql = u"SELECT * FROM "_s + condition.master + u" WHERE コード = '"_s + code + u'\'';
-    if (OpenRecordset(record, sql, false) && !record.AtEOF()) name = record[condition.nameColumn].TextOr(QString());
+    if (OpenRecordset(record, sql) && !record.AtEOF()) name = record[condition.nameColumn].TextOr(QString());
     CloseQuietly(record);
     return name;
 }

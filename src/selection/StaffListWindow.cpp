@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "data/ClassLists.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "screen/PlainControls.h"
@@ -131,7 +130,7 @@ void StaffListWindow::LoadStaffList() {
     int count = staff_.firstCount;
     QList<ListRow> rows;
     database::Recordset record;
-    if (!sql.isEmpty() && OpenRecordset(record, sql, false)) {
+    if (!sql.isEmpty() && OpenRecordset(record, sql)) {
         for (; count < kRowLimit && !record.AtEOF(); record.MoveNext(), ++count) rows << RowOf(record);
     }
     CloseQuietly(record);

@@ -173,7 +173,7 @@ TEST_F(PinDialog, OneConfirmationShowsOneRealBox) {
     platform::Services().dialogs = std::move(kept);
 }
 
-TEST_F(PinDialog, AWrongPinAHundredTimesLocksNobodyOut) {
+TEST_F(PinDialog, AWrongPinAHundredTimesLocksNoUserOut) {
     EXPECT_TRUE(Ask([this](PinDialogDriver& user) {
         EnterCode(user, u"00002"_s);
         for (int i = 0; i < 100; ++i) user.EnterPin(u"PIN9"_s + QString::number(i));
@@ -203,7 +203,7 @@ TEST_F(PinDialog, SmallLettersMatchAPinOfCapitals) {
     }));
 }
 
-TEST_F(PinDialog, TabBehindThePinConfirmsLikeEnter) {
+TEST_F(PinDialog, TabAfterThePinConfirmsLikeEnter) {
     EXPECT_TRUE(Ask([](PinDialogDriver& user) {
         EnterCode(user, u"00002"_s);
         user.Type(u"PIN02"_s);
@@ -322,7 +322,7 @@ TEST_F(PinDialog, AFailedLookUpForgetsThePinOfThePersonBefore) {
     EXPECT_EQ(StoredSignIn(), QString());
 }
 
-TEST_F(PinDialog, AnEmptyPinOfAPersonLetsNobodyIn) {
+TEST_F(PinDialog, AnEmptyPinOfAPersonLetsNoUserIn) {
     for (const QString& stored : {QString(), u""_s}) {
         installation.General().Execute(u"UPDATE M担当者 SET 暗証番号 = "_s + SqlLiteral(stored));
         services.dialogs.shown.clear();
@@ -365,7 +365,7 @@ TEST_F(PinDialog, OnlyTheOfficeInScopeAndTheWholeCompanyAreFound) {
     EXPECT_EQ(opened, 1);
 }
 
-TEST_F(PinDialog, CancelAndCloseBoxLeaveNobodyKnownAndSayNothing) {
+TEST_F(PinDialog, CancelAndCloseBoxLeaveNoKnownUserAndShowNothing) {
     for (const bool byBox : {false, true}) {
         Globals().Staff.LaunchingStaffCode = u"00009"_s;
         EXPECT_FALSE(Ask([byBox](PinDialogDriver& user) {
@@ -408,7 +408,7 @@ TEST_F(PinDialog, SomebodyWithoutTheRightIsAskedAgainAndRefusedWithoutAWord) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(PinDialog, TheSignInStandsThoughItCannotBeKept) {
+TEST_F(PinDialog, TheSignInIsValidThoughItCannotBeKept) {
     EXPECT_TRUE(Ask([this](PinDialogDriver& user) {
         installation.Configuration().Execute(u"ALTER TABLE 動作環境定義 RENAME TO 退避"_s);
         EnterCode(user, u"00002"_s);
@@ -463,7 +463,7 @@ TEST_F(PinDialog, NullsOfAPersonAreNoNameNoLevelAndRightsThatAllow) {
     for (const QString& right : staff.OperationRights) EXPECT_EQ(right, QString());
 }
 
-TEST_F(PinDialog, FailedLookUpsLeaveTheirStatementsWordForWordAndFindNobody) {
+TEST_F(PinDialog, FailedLookUpsLeaveTheirStatementsWordForWordAndFindNoUser) {
     installation.General().Execute(u"DROP TABLE M担当者"_s);
     Globals().ScopeOfficeCode = u"001"_s;
     Ask([](PinDialogDriver& user) {

@@ -62,7 +62,7 @@ TEST_F(ProgramLinks, MessageWithAStampInAnotherFormIsNotFoundAndStays) {
     EXPECT_EQ(Left(0), (QStringList{other, other}));
 }
 
-TEST_F(ProgramLinks, StaffMemberOfAMessageIsReadAnewFromTheConfiguration) {
+TEST_F(ProgramLinks, StaffMemberOfAMessageIsReadAgainFromTheConfiguration) {
     installation.SetEnvironment(u"起動担当者コード"_s, u"00077"_s);
     SendStartLink(kThis, kSibling, kKey);
     WriteEndLink({});
@@ -196,7 +196,7 @@ TEST_F(ProgramLinks, KeyWithQuotesAndTrailingBlanksGoesThereAndBack) {
     EXPECT_EQ(History(), QStringList());
 }
 
-TEST_F(ProgramLinks, QuotesInTheCommandLineTakeNobodyElsesMessage) {
+TEST_F(ProgramLinks, QuotesInTheCommandLineTakeNoOtherMessage) {
     AddStart(kNow);
     ReceiveStartLink(u"x' OR ''='"_s, kNow);
     EXPECT_EQ(Globals().LinkStartInfo, QString());

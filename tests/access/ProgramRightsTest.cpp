@@ -37,7 +37,7 @@ TEST_F(Rights, WithoutPinsEverythingIsAllowedThoughTheReadsStillHappen) {
     }
 }
 
-TEST_F(Rights, WithoutPinsNobodyKnownIsAllowedToo) {
+TEST_F(Rights, WithoutPinsNoKnownUserIsAllowedToo) {
     SetSignIn(QString());
     EXPECT_TRUE(Check(4));
     EXPECT_EQ(Globals().Staff.LaunchingStaffCode, QString());
@@ -131,7 +131,7 @@ TEST_F(Rights, APersonalRuleThatForbidsWinsOverAClassThatAllows) {
 TEST_F(Rights, APersonalRuleOfAnotherMenuCountsOnlyForAMenuOutsideTheSuite) {
     AddPersonalRule(u"販路推進"_s, kAllForbidden);
     EXPECT_TRUE(Load(0));
-    EXPECT_FALSE(LoadIdentityAndRights(u"別のメニュ"_s, Globals().ProgramId, 0));
+    EXPECT_FALSE(LoadIdentityAndRights(u"別のメニュ"_s, Globals().ProgramId, Operation::Start));
     EXPECT_TRUE(History().isEmpty()) << "the menu's own table was not asked for";
 }
 
@@ -191,14 +191,14 @@ TEST_F(Rights, SavingTheSignInKeepsTheCodeAndLoadsThePerson) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(Rights, NobodyIsNotSaved) {
+TEST_F(Rights, AnUnknownUserIsNotSaved) {
     Globals().Staff.LaunchingStaffCode = u"  "_s;
     SaveLaunchStaffCode();
     EXPECT_EQ(StoredSignIn(), u"00001"_s);
     EXPECT_TRUE(History().isEmpty());
 }
 
-TEST_F(Rights, AFailedSaveSaysSoAndLoadsNobody) {
+TEST_F(Rights, AFailedSaveIsReportedAndLoadsNoUser) {
     Globals().Staff.LaunchingStaffCode = u"0'1"_s;
     SaveLaunchStaffCode();
     EXPECT_EQ(services.dialogs.Texts(), QStringList{u"データベースに問題が発生し修正できませんでした。"_s});

@@ -54,7 +54,7 @@ TEST_F(ProgramTitleTest, ABlankOfficeNameLeavesNoEmptyBrackets) {
     }
 }
 
-TEST_F(ProgramTitleTest, TheNameIsTestedTrimmedAndShownAsItStands) {
+TEST_F(ProgramTitleTest, TheNameIsTestedTrimmedAndShownUnchanged) {
     Globals().Environment.OperatingOfficeCode = u"001"_s;
     Office(u"001"_s, u"名称 = ' 大阪 '"_s);
     EXPECT_EQ(Title(), u"要員名簿照会( 大阪 )"_s);

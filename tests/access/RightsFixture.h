@@ -51,12 +51,12 @@ class WithRights : public WithConnections {
     void SetSignIn(const QString& code) const { installation.SetEnvironment(QStringLiteral("起動担当者コード"), code); }
 
     static bool Evaluate(int operation) {
-        return EvaluateProgramRights(Globals().MenuName, Globals().ProgramId, operation);
+        return EvaluateProgramRights(Globals().MenuName, Globals().ProgramId, static_cast<Operation>(operation));
     }
     static bool Check(int operation) {
-        return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, operation);
+        return CheckProgramPermission(Globals().MenuName, Globals().ProgramId, static_cast<Operation>(operation));
     }
     static bool Load(int operation) {
-        return LoadIdentityAndRights(Globals().MenuName, Globals().ProgramId, operation);
+        return LoadIdentityAndRights(Globals().MenuName, Globals().ProgramId, static_cast<Operation>(operation));
     }
 };

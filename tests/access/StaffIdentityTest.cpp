@@ -1,4 +1,4 @@
-#include "access/StaffIdentityProcedures.h"
+#include "access/ProgramRights.h"
 
 #include "data/DataFixture.h"
 
@@ -13,13 +13,13 @@ class StaffIdentityOf : public WithConnections {
 };
 }  // namespace
 
-TEST_F(StaffIdentityOf, LaunchingStaffCodeComesFromTheConfigurationAsItStands) {
+TEST_F(StaffIdentityOf, LaunchingStaffCodeComesFromTheConfigurationUnchanged) {
     SetLauncher(u"' 00007 '"_s);
     EXPECT_TRUE(LoadLaunchStaffCode());
     EXPECT_EQ(Globals().Staff.LaunchingStaffCode, u" 00007 "_s);
 }
 
-TEST_F(StaffIdentityOf, NoStoredCodeIsNobody) {
+TEST_F(StaffIdentityOf, NoStoredCodeIsNoUser) {
     for (const QString& value : {u"NULL"_s, u"''"_s}) {
         Globals().Staff.LaunchingStaffCode = u"00009"_s;
         SetLauncher(value);

@@ -38,13 +38,13 @@ TEST(ConnectionStrings, AnUnknownDialectHasNone) {
         EXPECT_EQ(GeneralConnectionString(Definition(db)), std::nullopt) << db.toStdString();
 }
 
-TEST(ConnectionStrings, WithoutAnAccountNothingStandsBeforeTheSemicolons) {
+TEST(ConnectionStrings, WithoutAnAccountNothingPrecedesTheSemicolons) {
     GeneralDatabaseDefinition definition = Definition(u"A"_s);
     definition.ユーザーID = definition.パスワード = QString();
     EXPECT_EQ(GeneralConnectionString(definition), u"Provider=PRV;User ID=;Password=;Data Source=source;"_s);
 }
 
-TEST(ConnectionStrings, ConfigurationGoesByItsKindAndTakesThePathAsItStands) {
+TEST(ConnectionStrings, ConfigurationGoesByItsKindAndTakesThePathUnchanged) {
     EXPECT_EQ(ConfigConnectionString(FileKind::Accdb, u"/a/usrcnfg.accdb"_s),
               u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source=/a/usrcnfg.accdb"_s);
     EXPECT_EQ(ConfigConnectionString(FileKind::Mdb, u"/a/usrcnfg.mdb;"_s),
@@ -71,7 +71,7 @@ TEST_F(Connections, NothingCanBeWrittenToTheGeneralDatabase) {
     EXPECT_THROW(Globals().MainConnection.Execute(u"UPDATE M担当者 SET 氏名 = 'x'"_s), database::DatabaseError);
     EXPECT_THROW(Globals().MainConnection.Execute(u"CREATE TABLE x (a TEXT)"_s), database::DatabaseError);
     database::Recordset record;
-    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, true));
+    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, LogStatement::Yes));
     EXPECT_EQ(ReadBytes(installation.General().Path()), before);
 }
 
@@ -95,7 +95,7 @@ TEST_F(Connections, AnUnknownDialectOpensNothingAndSaysNothing) {
     EXPECT_TRUE(History().isEmpty());
 }
 
-TEST_F(Connections, AReconnectionSeesTheFileAnew) {
+TEST_F(Connections, AReconnectionSeesTheFileAgain) {
     EXPECT_TRUE(ReconnectConfigConnection());
     EXPECT_TRUE(Globals().ConfigConnectionOpen);
     EXPECT_TRUE(ExecuteConfigSql(u"UPDATE 動作環境定義 SET 運用事業所コード = '003'"_s));

@@ -190,23 +190,23 @@ TEST_F(Environment, AnInstallKindOfWordsCountsAsZero) {
     EXPECT_EQ(Globals().Layout.UserConfFolder, installation.Root() + u"/conf"_s);
 }
 
-TEST_F(Environment, AGarbageConfigurationFileIsToldWithItsWordsAndNoTitle) {
+TEST_F(Environment, AGarbageConfigurationFileIsReportedWithItsWordsAndNoTitle) {
     WriteBytes(installation.Configuration().Path(), QByteArray(8192, 'x'));
     ExpectRefusedWithMessage(OpenErrorText());
 }
 
-TEST_F(Environment, AConfigurationFileOfNoBytesIsToldAndStaysAsItIs) {
+TEST_F(Environment, AConfigurationFileOfNoBytesIsReportedAndStaysAsItIs) {
     WriteBytes(installation.Configuration().Path(), QByteArray());
     ExpectRefusedWithMessage(OpenErrorText());
     EXPECT_EQ(QFileInfo(installation.Configuration().Path()).size(), 0);
 }
 
-TEST_F(Environment, ATruncatedConfigurationFileIsTold) {
+TEST_F(Environment, ATruncatedConfigurationFileIsReported) {
     WriteBytes(installation.Configuration().Path(), ReadBytes(installation.Configuration().Path()).first(100));
     ExpectRefusedWithMessage(OpenErrorText());
 }
 
-TEST_F(Environment, AnExclusivelyLockedConfigurationFileIsTold) {
+TEST_F(Environment, AnExclusivelyLockedConfigurationFileIsReported) {
     OtherProgram other(installation.Configuration().Path());
     other.Run(u"BEGIN EXCLUSIVE"_s);
     EXPECT_FALSE(LoadEnvironment());

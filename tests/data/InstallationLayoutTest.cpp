@@ -46,7 +46,7 @@ TEST_F(InstallationLayoutOf, TheFirstOfTwoMarkersDecidesTheRoot) {
     EXPECT_EQ(Layout().RootFolder, installation.Root());
 }
 
-TEST_F(InstallationLayoutOf, TheFirstMarkerDecidesAlsoWhereNoInstallationLies) {
+TEST_F(InstallationLayoutOf, TheFirstMarkerDecidesAlsoWhereNoInstallationIs) {
     EXPECT_FALSE(LoadFrom(u"/prgbin"_s + installation.ProgramFolder()));
     EXPECT_EQ(Layout().RootFolder, QString());
     EXPECT_EQ(Layout().CommonConfFolder, u"/conf"_s);

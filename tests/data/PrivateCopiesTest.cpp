@@ -9,7 +9,6 @@
 #include <QTemporaryDir>
 
 #include "data/Environment.h"
-#include "data/UserConfiguration.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
 #include "support/FakeRegistry.h"

@@ -1,4 +1,4 @@
-#include "data/PurgeOldData.h"
+#include "data/Recordsets.h"
 
 #include "data/DataFixture.h"
 
@@ -40,7 +40,7 @@ TEST_F(Purge, MessagesAndClipboardsAreKeptForThreeDays) {
     for (const QStringList& table : tables) EXPECT_EQ(Left(table[0], table[1]), kept) << table[0].toStdString();
 }
 
-TEST_F(Purge, AStampInAnotherFormIsNotFoundWhereItStandsBehindTheLimitAsText) {
+TEST_F(Purge, AStampInAnotherFormIsNotFoundWhereItsTextIsAfterTheLimit) {
     const QList<QStringList> columns = {{u"プログラム稼動履歴"_s, u"実行日付"_s},
                                         {u"プログラム連携情報"_s, u"発信日時"_s}};
     for (const QStringList& column : columns) {

@@ -14,9 +14,9 @@ QString DescriptionOn(database::Connection& connection, const QString& sql) {
 QString Doubled(QString text) { return text.replace(u"'"_s, u"''"_s); }
 }  // namespace
 
-TEST_F(Recordsets, ARowIsFoundAndStandsFirst) {
+TEST_F(Recordsets, ARowIsFoundAndIsFirst) {
     database::Recordset record;
-    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, false));
+    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s));
     EXPECT_EQ(record[u"コード"].Text(), u"00001"_s);
     record.Close();
     EXPECT_TRUE(OpenConfigRecordset(record, u"SELECT * FROM 動作環境定義"_s));
@@ -26,7 +26,7 @@ TEST_F(Recordsets, ARowIsFoundAndStandsFirst) {
 
 TEST_F(Recordsets, NoRowsIsFalseWithAnOpenRecordset) {
     database::Recordset record;
-    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s, false));
+    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s));
     EXPECT_TRUE(record.IsOpen());
     record.Close();
     EXPECT_FALSE(OpenConfigRecordset(record, u"SELECT * FROM プログラム連携情報"_s));
@@ -36,7 +36,7 @@ TEST_F(Recordsets, NoRowsIsFalseWithAnOpenRecordset) {
 
 TEST_F(Recordsets, TheRecordFlagLeavesTheStatementAlsoWithoutRows) {
     database::Recordset record;
-    OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s, true);
+    OpenRecordset(record, u"SELECT * FROM M担当者 WHERE コード = '9'"_s, LogStatement::Yes);
     EXPECT_EQ(History(), QStringList{u"出力終了 SELECT * FROM M担当者 WHERE コード = ''9''"_s});
 }
 
@@ -44,14 +44,14 @@ TEST_F(Recordsets, AFailedReadLeavesDescriptionAndStatement) {
     const QString sql = u"SELECT * FROM M無 WHERE a = 'b'"_s;
     const QString description = DescriptionOn(Globals().MainConnection, sql);
     database::Recordset record;
-    EXPECT_FALSE(OpenRecordset(record, sql, true));
+    EXPECT_FALSE(OpenRecordset(record, sql, LogStatement::Yes));
     EXPECT_EQ(History(), QStringList{u"エラー "_s + Doubled(description + sql)});
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
 TEST_F(Recordsets, CloseAfterAFailedReadRaises) {
     database::Recordset record;
-    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s, false));
+    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s));
     EXPECT_FALSE(record.IsOpen());
     EXPECT_EQ(FailureOf([&] { record.Close(); }).number, database::kObjectClosed);
     CloseQuietly(record);
@@ -60,8 +60,8 @@ TEST_F(Recordsets, CloseAfterAFailedReadRaises) {
 
 TEST_F(Recordsets, AFailedReadDropsTheRowsThatTheVariableHeld) {
     database::Recordset record;
-    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s, false));
-    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s, false));
+    EXPECT_TRUE(OpenRecordset(record, u"SELECT * FROM M担当者"_s));
+    EXPECT_FALSE(OpenRecordset(record, u"SELECT * FROM M無"_s));
     EXPECT_FALSE(record.IsOpen());
 }
 
@@ -69,7 +69,7 @@ TEST_F(Recordsets, AnUndoubledQuoteFailsInTheWrapper) {
     const QString sql = u"SELECT * FROM M担当者 WHERE 氏名 = 'O'Neil'"_s;
     const QString description = DescriptionOn(Globals().MainConnection, sql);
     database::Recordset record;
-    EXPECT_FALSE(OpenRecordset(record, sql, false));
+    EXPECT_FALSE(OpenRecordset(record, sql));
     EXPECT_EQ(History(), QStringList{u"エラー "_s + Doubled(description + sql)});
 }
 
@@ -108,7 +108,7 @@ TEST_F(Recordsets, AFailingStatementLeavesDescriptionAndStatement) {
 TEST_F(Recordsets, WithoutAGeneralConnectionEachReadLeavesARow) {
     Globals().MainConnection.Close();
     database::Recordset record;
-    EXPECT_FALSE(OpenRecordset(record, u"SELECT 1"_s, true));
+    EXPECT_FALSE(OpenRecordset(record, u"SELECT 1"_s, LogStatement::Yes));
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().startsWith(u"エラー "_s));
     EXPECT_TRUE(History().first().endsWith(u"SELECT 1"_s));

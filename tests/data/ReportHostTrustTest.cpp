@@ -154,7 +154,7 @@ TEST_P(NewLocations, AreNumberedByTextOrder) {
 }
 INSTANTIATE_TEST_SUITE_P(Table, NewLocations, testing::ValuesIn(kNameCases), NameOf<NameCase>);
 
-TEST_P(LocationMatches, AreReusedAndWrittenAnew) {
+TEST_P(LocationMatches, AreReusedAndWrittenAgain) {
     GiveLocation(u"Location0"_s, GetParam().path);
     EXPECT_TRUE(Trust());
     const QStringList made{u"Location1="_s + kFolder + u'/'};
@@ -189,13 +189,13 @@ TEST_F(ReportHostTrust, HostWithoutAVersionWordWritesNothing) {
     EXPECT_EQ(ReadBytes(registry.UserFile()), before) << "no key either";
 }
 
-TEST_F(ReportHostTrust, AssociationIsNotMadeWhereNobodyKeepsAny) {
+TEST_F(ReportHostTrust, AssociationIsNotMadeWhereNoneAreKept) {
     EXPECT_FALSE(SetHostAssociation(kHost));
     EXPECT_TRUE(Trust());
     EXPECT_EQ(registry.Text(kAssociations, u"mdb"_s), u"(none)"_s);
 }
 
-TEST_F(ReportHostTrust, AssociationThatStandsIsNotWrittenAgain) {
+TEST_F(ReportHostTrust, AssociationThatExistsIsNotWrittenAgain) {
     registry.Give(kAssociations, u"mdb"_s, kHost + u"MSACCESS.EXE"_s);
     EXPECT_TRUE(SetHostAssociation(kHost));
     EXPECT_EQ(registry.writes, QStringList());
@@ -203,14 +203,14 @@ TEST_F(ReportHostTrust, AssociationThatStandsIsNotWrittenAgain) {
     EXPECT_EQ(registry.Text(kAssociations, u"mdb"_s), u"/other/MSACCESS.EXE"_s);
 }
 
-TEST_F(ReportHostTrust, AssociationThatCantBeWrittenIsToldAndCountsAsMade) {
+TEST_F(ReportHostTrust, AssociationThatCantBeWrittenIsReportedAndCountsAsMade) {
     registry.Give(kAssociations);
     registry.refusedValues = {u"mdb"_s};
     EXPECT_TRUE(SetHostAssociation(kHost));
     EXPECT_EQ(services.dialogs.Texts(), QStringList{kWriteFailure});
 }
 
-TEST_F(ReportHostTrust, SecurityLevelThatCantBeWrittenIsTold) {
+TEST_F(ReportHostTrust, SecurityLevelThatCantBeWrittenIsReported) {
     registry.refusedValues = {u"Level"_s};
     EXPECT_TRUE(SetOldSecurityLevel(kHost));
     EXPECT_EQ(services.dialogs.Texts(), QStringList{kWriteFailure});
@@ -260,21 +260,21 @@ TEST_F(ReportHostTrust, FoundLocationThatCantBeOpenedStopsWithTheAssociation) {
     EXPECT_EQ(services.dialogs.Texts(), QStringList());
 }
 
-TEST_F(ReportHostTrust, NewLocationThatCantBeMadeIsToldAndStops) {
+TEST_F(ReportHostTrust, NewLocationThatCantBeMadeIsReportedAndStops) {
     registry.unmakableKeys = {u"Location0"_s};
     EXPECT_FALSE(Trust());
     EXPECT_EQ(services.dialogs.Texts(), QStringList{u"設定できません。"_s});
     EXPECT_EQ(registry.writes, QStringList());
 }
 
-TEST_F(ReportHostTrust, NobodyLooksAtTheStatusOfTheTwoWrites) {
+TEST_F(ReportHostTrust, NoStepReadsTheStatusOfTheTwoWrites) {
     registry.refusedValues = {u"Path"_s, u"AllowSubfolder"_s};
     EXPECT_TRUE(Trust());
     EXPECT_EQ(registry.writes, QStringList({u"Location0 Path"_s, u"Location0 AllowSubfolder"_s}));
     EXPECT_EQ(services.dialogs.Texts(), QStringList());
 }
 
-TEST_F(ReportHostTrust, FailedClosingOfTheListIsToldAtEachOfTheTwoWrites) {
+TEST_F(ReportHostTrust, FailedClosingOfTheListIsReportedAtEachOfTheTwoWrites) {
     registry.refusedCloses = {u"Trusted Locations"_s};
     EXPECT_TRUE(Trust());
     EXPECT_EQ(services.dialogs.Texts(), QStringList({kWriteFailure, kWriteFailure}));

@@ -101,6 +101,17 @@ TEST_F(RunHistory, ALoginNameWithAnApostropheHasAHistory) {
     for (const QStringList& row : Rows()) EXPECT_EQ(row.last(), u"o'brien"_s);
 }
 
+TEST_F(RunHistory, CodesWithAnApostropheHaveAHistory) {
+    Globals().Environment.OperatingOfficeCode = u"0'1"_s;
+    Globals().Staff.LaunchingStaffCode = u"00'01 "_s;
+    RecordOutputStart(u"印刷"_s);
+    RecordRunEnd();
+    EXPECT_EQ(Rows(), (QList<QStringList>{{u"20261121 093015"_s, u"要員名簿照会"_s, u"000000000001"_s,
+                                           u"出力開始 印刷"_s, u"0'1"_s, u"00'01 "_s, u"tester"_s},
+                                          {u"20261121 093015"_s, u"要員名簿照会"_s, u"000000000002"_s, u"終了"_s,
+                                           u"0'1"_s, u"00'01 "_s, u"tester"_s}}));
+}
+
 TEST_F(RunHistory, ALostRowUsesUpItsNumber) {
     RecordOutputStart(u"印刷"_s);
     installation.Configuration().Execute(u"ALTER TABLE プログラム稼動履歴 RENAME TO 退避"_s);

@@ -1,4 +1,4 @@
-#include "data/UserConfiguration.h"
+#include "data/Environment.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,6 @@
 #include <stdexcept>
 
 #include "data/Connections.h"
-#include "data/Environment.h"
 #include "database/DatabaseError.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
@@ -30,7 +29,7 @@ namespace {
 
 const QString kLinks = u"SELECT 接続 FROM リンクテーブル ORDER BY rowid"_s;
 
-bool WaitDialogStands() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
+bool WaitDialogIsShown() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
 
 /// Records the copies in order, with a star appended if the wait dialog is shown meanwhile.
 class WatchedFiles : public platform::LocalFileSystem {
@@ -46,7 +45,7 @@ class WatchedFiles : public platform::LocalFileSystem {
     bool CopyFile(const QString& source, const QString& target) const override {
         const QString name = QFileInfo(target).fileName();
         meanwhile();
-        copies.append(name + (WaitDialogStands() ? u"*"_s : u""_s));
+        copies.append(name + (WaitDialogIsShown() ? u"*"_s : u""_s));
         std::optional<FileSizeLimit> full;
         if (name == diskFullAt) full.emplace(QFileInfo(source).size() / 2);
         return LocalFileSystem::CopyFile(source, target);
@@ -131,7 +130,7 @@ class OlderUserConfiguration : public UserConfiguration {
 TEST_F(UserConfiguration, FirstStartMakesCopiesLinkedToTheUsersOwnTablesUnderTheWaitDialog) {
     ASSERT_TRUE(LoadEnvironment());
     EXPECT_EQ(copies, QStringList({u"usrcnfg.accdb"_s, u"repdb.accdb*"_s, u"repfrmdb.accdb*"_s}));
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(WaitDialogIsShown());
     EXPECT_EQ(OwnFiles(u"conf"_s), QStringList{u"usrcnfg.accdb"_s});
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
     EXPECT_EQ(LinksOf(u"repfrmdb.accdb"_s), QStringList{OwnLink()});
@@ -187,7 +186,7 @@ TEST_F(UserConfiguration, WithoutKindsNothingIsHandled) {
     EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
 }
 
-TEST_F(OlderUserConfiguration, MissingSecondFormsFileOnlyPassesThroughTheHandler) {
+TEST_F(OlderUserConfiguration, MissingSecondTemplateFileOnlyPassesThroughTheHandler) {
     PrepareUserConfig();
     EXPECT_EQ(copies, QStringList({u"usrcnfg.mdb"_s, u"repdb.mdb*"_s, u"repfrmdb.mdb*"_s, u"repfrmdb.accdb*"_s}));
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.mdb"_s, u"repfrmdb.mdb"_s}));
@@ -196,7 +195,7 @@ TEST_F(OlderUserConfiguration, MissingSecondFormsFileOnlyPassesThroughTheHandler
     EXPECT_EQ(Globals().Layout.ReportDbKind, FileKind::Mdb);
 }
 
-TEST_F(OlderUserConfiguration, BothFormsFilesAreLinkedToTheOneWorkFile) {
+TEST_F(OlderUserConfiguration, BothTemplateFilesAreLinkedToTheOneWorkFile) {
     ASSERT_TRUE(QFile::copy(installation.Forms().Path(), installation.ReportFolder() + u"/repfrmdb.accdb"_s));
     PrepareUserConfig();
     EXPECT_EQ(LinksOf(u"repfrmdb.mdb"_s), QStringList{OwnLink(u"repdb.mdb"_s)});
@@ -233,7 +232,7 @@ TEST_F(UserConfiguration, MissingCommonConfigurationDoesNotKeepTheReportFilesBac
     EXPECT_EQ(Globals().ProcCounter, 1);
 }
 
-TEST_F(UserConfiguration, FormsFileWithoutLinkedTablesIsLeftAsItIs) {
+TEST_F(UserConfiguration, TemplateFileWithoutLinkedTablesIsLeftAsItIs) {
     installation.Forms().Execute(u"DROP TABLE リンクテーブル"_s);
     PrepareUserConfig();
     EXPECT_EQ(ReadBytes(Own(u"report/repfrmdb.accdb"_s)), ReadBytes(installation.Forms().Path()));
@@ -257,13 +256,13 @@ TEST_F(UserConfiguration, LinkThatCantBeRefreshedStaysAndTheOthersGoOn) {
     EXPECT_EQ(Globals().ProcCounter, 1);
 }
 
-TEST_F(UserConfiguration, WithoutRightToMakeTheFolderTheUserIsToldAndTheStartEnds) {
+TEST_F(UserConfiguration, WithoutRightToMakeTheFolderTheUserGetsAMessageAndTheStartEnds) {
     files->noFolderBelow = installation.UserFolder(u"tester"_s);
     EXPECT_THROW(LoadEnvironment(), platform::RuntimeError);
     const QStringList texts = services.dialogs.Texts();
     ASSERT_EQ(texts.size(), 2);
     EXPECT_TRUE(texts.first().startsWith(u"DIREXISTCHK ERROR70 書き込む権限がありません。"_s));
-    EXPECT_FALSE(WaitDialogStands());
+    EXPECT_FALSE(WaitDialogIsShown());
     EXPECT_FALSE(QFileInfo::exists(installation.UserFolder(u"tester"_s)));
 }
 
@@ -278,7 +277,7 @@ TEST_F(UserConfiguration, JournalOfALostFileIsNotUndoneInItsFreshCopy) {
     EXPECT_EQ(OwnFiles(u"report"_s), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
 }
 
-TEST_F(UserConfiguration, StartThatWasEndedBeforeTheFormsWereThereIsDoneAnewByTheNextOne) {
+TEST_F(UserConfiguration, StartThatWasEndedBeforeTheFormsWereThereIsRepeatedByTheNextOne) {
     files->meanwhile = [this] {
         if (copies.size() == 2) throw std::runtime_error("the machine is switched off");
     };
@@ -320,7 +319,7 @@ TEST_F(UserConfiguration, WithoutRoomForTheMarkNoReportFileIsCopied) {
     EXPECT_EQ(Globals().ProcCounter, 1);
 }
 
-TEST_F(OlderUserConfiguration, KindStandsAtTheEndWhateverEventsDidDuringTheCopy) {
+TEST_F(OlderUserConfiguration, KindIsSetAtTheEndWhateverEventsDidDuringTheCopy) {
     files->meanwhile = [this] {
         if (!copies.isEmpty()) Globals().Layout.ReportDbKind = FileKind::Accdb;
     };

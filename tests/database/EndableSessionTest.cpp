@@ -1,6 +1,6 @@
 // A request to end the program, with a fake session in which every procedure fails once the request has come.
 
-#include "database/EndableSession.h"
+#include "database/DatabaseSession.h"
 
 #include <gtest/gtest.h>
 
@@ -61,8 +61,8 @@ class Endable : public testing::TestWithParam<Step> {
     /// Runs the step; returns the text of the error that it throws.
     QString Run(const QString& engine, bool request = true) {
         calls.clear();
-        EndableSession session(std::make_unique<InterruptedSession>(engine, calls, request));
-        return ErrorOf([&] { GetParam().run(session); });
+        const auto session = MakeEndable(std::make_unique<InterruptedSession>(engine, calls, request));
+        return ErrorOf([&] { GetParam().run(*session); });
     }
 
     QStringList calls;
@@ -104,8 +104,8 @@ INSTANTIATE_TEST_SUITE_P(Of, Endable, testing::ValuesIn(kSteps), [](const auto& 
 TEST(EndableRollback, ItselfEndsTheProgramToo) {
     QStringList calls;
     platform::SetEndHandler([&] { calls.append(u"end"_s); });
-    EndableSession session(std::make_unique<InterruptedSession>(u"PostgreSQL"_s, calls, true));
-    EXPECT_EQ(ErrorOf([&] { session.RollBackTransaction(); }), u"interrupted"_s);
+    const auto session = MakeEndable(std::make_unique<InterruptedSession>(u"PostgreSQL"_s, calls, true));
+    EXPECT_EQ(ErrorOf([&] { session->RollBackTransaction(); }), u"interrupted"_s);
     EXPECT_EQ(calls, (QStringList{u"roll back"_s, u"end"_s}));
     platform::SetEndHandler({});
 }

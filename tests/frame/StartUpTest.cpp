@@ -3,9 +3,7 @@
 #include <QDir>
 #include <QFile>
 
-#include "access/MainConnection.h"
-#include "access/RunStart.h"
-#include "access/UserInformation.h"
+#include "access/CompanyInformation.h"
 #include "data/DataFixture.h"
 #include "data/RunHistory.h"
 

@@ -1,4 +1,4 @@
-#include "access/UserInformation.h"
+#include "access/CompanyInformation.h"
 
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"

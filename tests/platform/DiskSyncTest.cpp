@@ -1,7 +1,5 @@
 // What is on the disk at each step of a replacement, and failures that only fsync reports.
 
-#include "platform/DiskSync.h"
-
 #include <gtest/gtest.h>
 
 #include <fcntl.h>

@@ -85,7 +85,7 @@ TEST_F(RegistrationForm, AChosenNameWritesItsCode) {
     EXPECT_EQ(Text(u"役職名"_s), u"次長"_s);
 }
 
-TEST_F(RegistrationForm, CtrlOpensTheListBehindACode) {
+TEST_F(RegistrationForm, CtrlOpensTheListOfACode) {
     Start();
     Click(u"事業所コード"_s);
     Press(Qt::Key_Control);
@@ -152,7 +152,7 @@ TEST_F(RegistrationForm, SavingWritesLogsAndEndsTheProgram) {
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
 
-TEST_F(RegistrationForm, AFailedSaveIsToldAndKeepsWhatWasTyped) {
+TEST_F(RegistrationForm, AFailedSaveIsReportedAndKeepsWhatWasTyped) {
     Start();
     installation.General().Execute(u"DROP TABLE T閲覧"_s);
     Enter(u"氏名"_s, u"田中"_s);
@@ -181,7 +181,7 @@ TEST_F(RegistrationForm, AChangeByAnotherProgramIsOfferedToBeReadAgain) {
     EXPECT_EQ(Stored(u"氏名"_s) + Stored(u"電話"_s), u"田中06-5555-0200"_s);
 }
 
-TEST_F(RegistrationForm, AFailureToReadAgainIsToldAndKeepsWhatWasTyped) {
+TEST_F(RegistrationForm, AFailureToReadAgainIsReportedAndKeepsWhatWasTyped) {
     Start();
     Enter(u"氏名"_s, u"田中"_s);
     ChangeElsewhere();
@@ -207,7 +207,7 @@ TEST_F(RegistrationForm, APersonDeletedWhileTheQuestionIsUpEndsTheProgram) {
     EXPECT_TRUE(HasEnded());
 }
 
-TEST_F(RegistrationForm, ADeletionByAnotherProgramIsToldAndEndsTheProgram) {
+TEST_F(RegistrationForm, ADeletionByAnotherProgramIsReportedAndEndsTheProgram) {
     Start();
     installation.General().Execute(u"DELETE FROM M担当者 WHERE コード = '00007'"_s);
     Enter(u"氏名"_s, u"田中"_s);

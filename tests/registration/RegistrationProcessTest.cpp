@@ -68,7 +68,7 @@ TEST_F(RegistrationProcess, ATerminationRequestEndsTheRunAndAnswersTheStarter) {
     ExpectAnswer(u"00000007"_s);
 }
 
-TEST_F(RegistrationProcess, ATerminationRequestBehindAMessageBoxAnswersTheStarterToo) {
+TEST_F(RegistrationProcess, ATerminationRequestDuringAMessageBoxAnswersTheStarterToo) {
     RunUntil(u"00099999"_s,
              [this] { return installation.HistoryTexts().contains(u"開始 00099999"_s) && Messages().isEmpty(); });
     ExpectAnswer(u"00099999"_s);

@@ -34,7 +34,7 @@ TEST(RegistrationCommand, IsThreeCharactersOfOfficeAndUpToFiveOfStaffCode) {
     }
 }
 
-TEST_F(RegistrationStart, TheRunStandsInTheHistoryUnderItsOwnName) {
+TEST_F(RegistrationStart, TheRunIsInTheHistoryUnderItsOwnName) {
     Start();
     Click(u"btn_終了"_s);
     EXPECT_EQ(installation.Configuration().Rows(u"SELECT プログラムID, 摘要 FROM プログラム稼動履歴 ORDER BY rowid"_s),

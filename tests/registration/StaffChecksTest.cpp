@@ -30,7 +30,7 @@ QString MessageFor(const QString& column, const QString& value) {
     entered = before;
     const size_t item = ItemNamed(column);
     entered[item] = value;
-    const auto objection = FindObjection(entered, before, SmallMasters());
+    const auto objection = FindValidationError(entered, before, SmallMasters());
     if (!objection) return {};
     EXPECT_EQ(objection->item, item);
     return objection->message;
@@ -113,16 +113,16 @@ TEST(StaffChecks, WhatTheClerkHasNotTouchedIsNotHeldAgainstHim) {
     StaffValues before;
     before.fill(u"20230229無効な値"_s);
     before[ItemNamed(u"氏名"_s)].clear();
-    EXPECT_FALSE(FindObjection(before, before, SmallMasters()));
+    EXPECT_FALSE(FindValidationError(before, before, SmallMasters()));
     StaffValues entered = before;
     entered[ItemNamed(u"電話"_s)] = u"03-5555-0100"_s;
-    EXPECT_FALSE(FindObjection(entered, before, SmallMasters()));
+    EXPECT_FALSE(FindValidationError(entered, before, SmallMasters()));
 }
 
 TEST(StaffChecks, TheFirstObjectionInTheOrderOfTheFormCounts) {
     StaffValues before, entered;
     entered.fill(u"無効な値です、どの項目にも"_s);
-    const auto objection = FindObjection(entered, before, SmallMasters());
+    const auto objection = FindValidationError(entered, before, SmallMasters());
     ASSERT_TRUE(objection);
     EXPECT_EQ(objection->item, ItemNamed(u"氏名"_s));
 }

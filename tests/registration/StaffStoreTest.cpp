@@ -69,15 +69,15 @@ TEST_F(StaffStoreTest, NullsBecomeEmptyTextsSinceReadersDoNotAskForThem) {
     }
 }
 
-TEST_F(StaffStoreTest, LookingLeavesAnEntryOfItsOwnKind) {
-    store.LogView(u"00007"_s, ViewKind::Looked);
+TEST_F(StaffStoreTest, LookingLeavesAnEntryOfADifferentKind) {
+    store.LogView(u"00007"_s, ViewKind::Viewed);
     EXPECT_EQ(Views(), (QList<QStringList>{{u"00001"_s, u"要員台帳更新"_s, u""_s, u""_s, u""_s, u"00007"_s,
                                             u"20261121"_s, u"093015"_s, u"0"_s}}));
 }
 
-TEST_F(StaffStoreTest, NobodyKnownLeavesNoEntryAndSavesAllTheSame) {
+TEST_F(StaffStoreTest, NoKnownUserLeavesNoEntryAndSavesAllTheSame) {
     Globals().Staff.LaunchingStaffCode.clear();
-    store.LogView(u"00007"_s, ViewKind::Looked);
+    store.LogView(u"00007"_s, ViewKind::Viewed);
     EXPECT_EQ(store.Save(before, entered), StoreOutcome::Done);
     EXPECT_EQ(Views(), QList<QStringList>());
     EXPECT_EQ(Value(u"氏名"_s), entered.front());
@@ -124,7 +124,7 @@ TEST_F(StaffStoreTest, AFailedReadIsNotTakenForAMissingPerson) {
 
 TEST_F(StaffStoreTest, AFailedLookLeavesItsStatementInTheHistory) {
     Run(u"DROP TABLE T閲覧"_s);
-    store.LogView(u"00007"_s, ViewKind::Looked);
+    store.LogView(u"00007"_s, ViewKind::Viewed);
     ASSERT_EQ(History().size(), 1);
     EXPECT_TRUE(History().first().contains(u"INSERT INTO T閲覧 ("_s)) << History().first().toStdString();
 }

@@ -69,7 +69,7 @@ TEST_F(HostProgramTest, QuitEndsIt) {
     EXPECT_EQ(UsageError([&] { Bind(); }), u"帳票ホストに接続できません。"_s);
 }
 
-TEST_F(HostProgramTest, FormThatIsMissingOrHasAMistakeIsToldInItsAnswer) {
+TEST_F(HostProgramTest, TemplateThatIsMissingOrHasAnErrorIsReportedInItsAnswer) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
     EXPECT_TRUE(UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::kPrintReport); }).contains(u"無い帳票"_s));
@@ -78,7 +78,7 @@ TEST_F(HostProgramTest, FormThatIsMissingOrHasAMistakeIsToldInItsAnswer) {
     EXPECT_EQ(Printed().size(), 1);
 }
 
-TEST_F(HostProgramTest, FormsFileThatIsMissingOrBrokenIsTold) {
+TEST_F(HostProgramTest, TemplateFileThatIsMissingOrBrokenIsReported) {
     const QString broken = folder.filePath(u"broken.accdb"_s);
     ASSERT_TRUE(QFile(broken).open(QIODevice::WriteOnly));
     for (const QString& forms : {u"/nowhere/repfrmdb.accdb"_s, broken}) {
@@ -87,7 +87,7 @@ TEST_F(HostProgramTest, FormsFileThatIsMissingOrBrokenIsTold) {
     }
 }
 
-TEST_F(HostProgramTest, PrinterThatRefusesIsToldInItsAnswer) {
+TEST_F(HostProgramTest, PrinterThatRefusesIsReportedInItsAnswer) {
     PrintService prints;
     prints.AddPrinter(u"office"_s);
     prints.Reject(u"office"_s);
@@ -110,7 +110,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
     EXPECT_TRUE(QString::fromUtf8(text.readAllStandardOutput()).contains(u"山田"_s));
 }
 
-TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsTold) {
+TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsReported) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
     host.Freeze();  // the request has arrived and is never answered
@@ -139,7 +139,7 @@ TEST_F(HostProgramTest, TerminationRequestEndsALongPrintAndLeavesNoFile) {
     EXPECT_EQ(entries(), QStringList());
 }
 
-TEST_F(HostProgramTest, LeavesByItselfWhenItsCallerIsGoneAndNothingStands) {
+TEST_F(HostProgramTest, QuitsWhenItsClientIsGoneAndNoWindowIsOpen) {
     HostProgram host(Forms());
     host.Bind();
     EXPECT_TRUE(host.Ends());

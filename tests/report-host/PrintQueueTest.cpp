@@ -59,7 +59,7 @@ class PrintQueueTest : public ::testing::Test {
     PrintService prints;
 };
 
-class PutOutTest : public ::testing::Test {
+class ReportOutputTest : public ::testing::Test {
   protected:
     QString Forms() const { return installation.ReportFolder() + u"/repfrmdb.accdb"_s; }
     static QStringList Left(const QString& path) {
@@ -83,7 +83,7 @@ TEST_F(PrintQueueTest, PagesArriveAtThePrinterNamedOnItsPaper) {
     EXPECT_TRUE(PageSize(prints.ArrivedFile(u"office"_s)).contains(u"(A4)"_s));
 }
 
-TEST_F(PrintQueueTest, PageAcrossIsPrintedOnPaperThatLiesUpright) {
+TEST_F(PrintQueueTest, PageAcrossIsPrintedOnUprightPaper) {
     prints.AddPrinter(u"office"_s);
     EXPECT_EQ(ReasonToPrint(u"office"_s, kA4Across), QString());
     EXPECT_TRUE(PageSize(prints.ArrivedFile(u"office"_s)).contains(u"(A4)"_s));
@@ -106,20 +106,20 @@ TEST_F(PrintQueueTest, UnknownPrinterIsNoDefaultOne) {
     EXPECT_TRUE(prints.Idle(u"office"_s));
 }
 
-TEST_F(PrintQueueTest, PrinterThatRefusesIsTold) {
+TEST_F(PrintQueueTest, PrinterThatRefusesIsReported) {
     prints.AddPrinter(u"office"_s);
     prints.Reject(u"office"_s);
     EXPECT_EQ(ReasonToPrint(u"office"_s), u"プリンター「office」は印刷を受け付けていません。"_s);
     EXPECT_TRUE(prints.Idle(u"office"_s));
 }
 
-TEST_F(PrintQueueTest, PaperThatThePrinterLacksIsToldAndNotReplaced) {
+TEST_F(PrintQueueTest, PaperThatThePrinterLacksIsReportedAndNotReplaced) {
     prints.AddPrinter(u"office"_s);
     EXPECT_EQ(ReasonToPrint(u"office"_s, kPostcard), u"プリンター「office」には 100 × 148 mm の用紙がありません。"_s);
     EXPECT_TRUE(prints.Idle(u"office"_s));
 }
 
-TEST(PrintQueue, MissingPrintServiceIsTold) {
+TEST(PrintQueue, MissingPrintServiceIsReported) {
     const QByteArray before = qgetenv("CUPS_SERVER");
     qputenv("CUPS_SERVER", "/nowhere/socket");
     EXPECT_EQ(Reason([] { HandToPrinter(u"/nowhere.pdf"_s, u"office"_s, u"t"_s, kA4); }),
@@ -128,7 +128,7 @@ TEST(PrintQueue, MissingPrintServiceIsTold) {
     if (before.isNull()) qunsetenv("CUPS_SERVER");
 }
 
-TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
+TEST_F(ReportOutputTest, FolderTakesThePagesUnderReportAndTime) {
     ToFolder({}, folder.path());
     PrintReport(report, u"要員名簿照会"_s, Forms());
     PrintReport(report, u"要員名簿照会"_s, Forms());
@@ -137,7 +137,7 @@ TEST_F(PutOutTest, FolderTakesThePagesUnderReportAndTime) {
     EXPECT_TRUE(ReadBytes(folder.filePath(u"要員名簿照会-20261121-093015.pdf"_s)).startsWith("%PDF"));
 }
 
-TEST_F(PutOutTest, PagesInAFolderOfAGroupBelongToItWhateverTheUmask) {
+TEST_F(ReportOutputTest, PagesInAFolderOfAGroupBelongToItWhateverTheUmask) {
     ToFolder({}, folder.path());
     const QByteArray path = QFile::encodeName(folder.path());
     for (const mode_t mask : {077, 022, 0}) {
@@ -152,7 +152,7 @@ TEST_F(PutOutTest, PagesInAFolderOfAGroupBelongToItWhateverTheUmask) {
     }
 }
 
-TEST_F(PutOutTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay) {
+TEST_F(ReportOutputTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay) {
     ToFolder({}, folder.path());
     const pid_t killed = ::fork();
     if (killed == 0) {
@@ -174,7 +174,7 @@ TEST_F(PutOutTest, PagesOfAKilledHostGoWithTheNextPrintAndThoseOfARunningOneStay
     EXPECT_TRUE(leftover.startsWith(kPrintFolderPrefix)) << leftover.toStdString();
 }
 
-TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
+TEST_F(ReportOutputTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
     ToFolder({}, folder.path());
     DrawnReport others(3);
     report.Fails = [&](int page) {
@@ -188,7 +188,7 @@ TEST_F(PutOutTest, SomebodyElsesPagesAtTheSameMomentStayApart) {
     EXPECT_EQ(PdfFile(folder.filePath(u"要員名簿照会-20261121-093015-2.pdf"_s)).Pages(), 2);
 }
 
-TEST_F(PutOutTest, PagesInAFolderCanBeReadByEverybody) {
+TEST_F(ReportOutputTest, PagesInAFolderCanBeReadByEverybody) {
     ToFolder({}, folder.path());
     const mode_t kept = ::umask(022);
     PrintReport(report, u"r"_s, Forms());
@@ -196,20 +196,20 @@ TEST_F(PutOutTest, PagesInAFolderCanBeReadByEverybody) {
     EXPECT_TRUE(QFile::permissions(folder.filePath(Left(folder.path()).value(0))).testFlag(QFile::ReadOther));
 }
 
-TEST_F(PutOutTest, FailureLeavesNothingInTheFolder) {
+TEST_F(ReportOutputTest, FailureLeavesNothingInTheFolder) {
     ToFolder({}, folder.path());
     report.Fails = [](int page) { return page == 1; };
     EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }), u"作業ファイルを読めません。"_s);
     EXPECT_EQ(Left(folder.path()), QStringList());
 }
 
-TEST_F(PutOutTest, MissingFolderIsTold) {
+TEST_F(ReportOutputTest, MissingFolderIsReported) {
     ToFolder({}, folder.filePath(u"gone"_s));
     EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }),
               u"出力先のフォルダ「%1」がありません。"_s.arg(folder.filePath(u"gone"_s)));
 }
 
-TEST_F(PutOutTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
+TEST_F(ReportOutputTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
     ToFolder({}, folder.path());
     WriteOutputTarget(Forms(), u"要員名簿照会はがき"_s, {OutputTarget::Kind::Printer, u"it's cards"_s});
     const OutputTarget cards = ReadOutputTarget(Forms(), u"要員名簿照会はがき"_s);
@@ -220,13 +220,13 @@ TEST_F(PutOutTest, OwnPlaceOfAReportGoesBeforeThatOfAll) {
     EXPECT_EQ(ReadOutputTarget(Forms(), u"要員名簿照会"_s).kind, OutputTarget::Kind::DefaultPrinter);
 }
 
-TEST_F(PutOutTest, UnknownKindOfPlaceIsTold) {
+TEST_F(ReportOutputTest, UnknownKindOfPlaceIsReported) {
     ToFolder({}, folder.path());
     SampleFile(Forms()).Execute(u"UPDATE 出力先 SET 種類 = 'FAX'"_s);
     EXPECT_EQ(Reason([&] { PrintReport(report, u"r"_s, Forms()); }), u"出力先の種類「FAX」は使えません。"_s);
 }
 
-TEST_F(PutOutTest, MissingFormsFileIsTold) {
+TEST_F(ReportOutputTest, MissingTemplateFileIsReported) {
     EXPECT_TRUE(Reason([&] {
                     PrintReport(report, u"r"_s, u"/nowhere/repfrmdb.accdb"_s);
                 }).startsWith(u"出力先を読めません。"_s));

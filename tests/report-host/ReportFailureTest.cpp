@@ -10,18 +10,18 @@
 
 using namespace Qt::StringLiterals;
 
-TEST_F(ReportTest, MissingFormIsTold) {
+TEST_F(ReportTest, MissingTemplateIsReported) {
     EXPECT_EQ(Failure(u"無い帳票"_s), u"帳票「無い帳票」が帳票ファイルにありません。"_s);
 }
 
-TEST_F(ReportTest, FormWithAMistakeIsToldByItsLine) {
-    SetForm(kList, u"用紙 A4\n明細 高さ=九"_s);
+TEST_F(ReportTest, TemplateWithAnErrorIsReportedWithItsLine) {
+    SetTemplate(kList, u"用紙 A4\n明細 高さ=九"_s);
     EXPECT_EQ(Failure(kList), u"帳票「要員名簿照会」の定義に誤りがあります。2 行目: 高さ「九」は数ではありません。"_s);
 }
 
-TEST_F(ReportTest, ColumnThatTheTableLacksIsToldByItsLine) {
+TEST_F(ReportTest, ColumnThatTheTableLacksIsReportedWithItsLine) {
     AddLabels(1);
-    SetForm(kLabels, u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"[社名]\""_s);
+    SetTemplate(kLabels, u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"[社名]\""_s);
     EXPECT_EQ(Failure(kLabels),
               u"帳票「要員名簿照会宛名ラベル」の定義に誤りがあります。3 行目: 表に列「社名」がありません。"_s);
 }
@@ -30,29 +30,29 @@ TEST_F(ReportTest, EmptyWorkTableMakesNoPages) {
     EXPECT_EQ(Failure(kLabels), u"帳票「要員名簿照会宛名ラベル」に印刷するデータがありません。"_s);
 }
 
-TEST_F(ReportTest, LinkThatIsMissingIsTold) {
+TEST_F(ReportTest, LinkThatIsMissingIsReported) {
     installation.Forms().Execute(u"DELETE FROM リンクテーブル"_s);
     EXPECT_EQ(Failure(kList), u"帳票「要員名簿照会」が使うリンクテーブル「要員名簿照会」がありません。"_s);
 }
 
-TEST_F(ReportTest, LinkThatPointsNowhereIsToldWithItsPath) {
+TEST_F(ReportTest, LinkThatPointsNowhereIsReportedWithItsPath) {
     installation.Forms().Execute(u"UPDATE リンクテーブル SET 接続 = ';DATABASE=/nowhere/repdb.accdb'"_s);
     EXPECT_EQ(Failure(kList),
               u"リンクテーブル「要員名簿照会」を読めません。データベース「/nowhere/repdb.accdb」が見つかりません。"_s);
 }
 
-TEST_F(ReportTest, LinkToATableThatIsNotThereIsTold) {
+TEST_F(ReportTest, LinkToATableThatIsNotThereIsReported) {
     installation.Forms().Execute(u"UPDATE リンクテーブル SET 元テーブル = '別の表'"_s);
     EXPECT_EQ(Failure(kList),
               u"リンクテーブル「要員名簿照会」の接続先に表「別の表」がありません。"_s + installation.Report().Path());
 }
 
-TEST_F(ReportTest, MissingFormsFileIsTold) {
+TEST_F(ReportTest, MissingTemplateFileIsReported) {
     QFile::remove(TemplateFile());
     EXPECT_EQ(Failure(kList), u"帳票ファイルを使えません。データベース「%1」が見つかりません。"_s.arg(TemplateFile()));
 }
 
-TEST_F(ReportTest, BrokenFormsFileIsTold) {
+TEST_F(ReportTest, BrokenTemplateFileIsReported) {
     QFile file(TemplateFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(2000, 'x'));
@@ -61,12 +61,12 @@ TEST_F(ReportTest, BrokenFormsFileIsTold) {
               u"帳票ファイルを使えません。「%1」はデータベースのファイルではありません。"_s.arg(TemplateFile()));
 }
 
-TEST_F(ReportTest, FileWithoutTheTablesOfFormsIsTold) {
+TEST_F(ReportTest, FileWithoutTheTablesOfFormsIsReported) {
     installation.Forms().Execute(u"DROP TABLE 帳票"_s);
     EXPECT_TRUE(Failure(kList).startsWith(u"帳票ファイルを使えません。"_s));
 }
 
-TEST_F(ReportTest, PdfThatCannotBeWrittenIsToldAndLeavesNothing) {
+TEST_F(ReportTest, PdfThatCannotBeWrittenIsReportedAndLeavesNothing) {
     AddLabels(1);
     const auto report = Prepare(kLabels);
     try {

@@ -43,19 +43,19 @@ void ReportTest::AddLabels(int count) {
     }
 }
 
-QString ReportTest::FormText(const QString& name) const {
+QString ReportTest::TemplateText(const QString& name) const {
     return installation.Forms().Value(u"SELECT 定義 FROM 帳票 WHERE 名称 = "_s + SqlLiteral(name));
 }
 
-void ReportTest::SetForm(const QString& name, const QString& text) const {
+void ReportTest::SetTemplate(const QString& name, const QString& text) const {
     installation.Forms().Execute(u"UPDATE 帳票 SET 定義 = "_s + SqlLiteral(text) + u" WHERE 名称 = "_s +
                                  SqlLiteral(name));
 }
 
-void ReportTest::ChangeForm(const QString& name, const QString& from, const QString& to) const {
-    QString text = FormText(name);
+void ReportTest::ChangeTemplate(const QString& name, const QString& from, const QString& to) const {
+    QString text = TemplateText(name);
     ASSERT_TRUE(text.contains(from)) << from.toStdString();
-    SetForm(name, text.replace(from, to));
+    SetTemplate(name, text.replace(from, to));
 }
 
 std::unique_ptr<PreparedReport> ReportTest::Prepare(const QString& report) const {

@@ -23,10 +23,10 @@ class ReportTest : public testing::Test {
     /// Label records of `count` persons, and the blank ones of the first sheet.
     void AddLabels(int count);
 
-    QString FormText(const QString& name) const;
-    void SetForm(const QString& name, const QString& text) const;
+    QString TemplateText(const QString& name) const;
+    void SetTemplate(const QString& name, const QString& text) const;
     /// Replaces a text within the template; the text must be present.
-    void ChangeForm(const QString& name, const QString& from, const QString& to) const;
+    void ChangeTemplate(const QString& name, const QString& from, const QString& to) const;
 
     std::unique_ptr<PreparedReport> Prepare(const QString& report) const;
     /// Writes the report as PDF and reads it back.

@@ -67,7 +67,7 @@ TEST_F(ReportTest, LongTextOfTheListStaysInItsColumnAndIsNeverCutWithoutASign) {
 
 TEST_F(ReportTest, FormWithoutAnyColumnIsPrintedOnceForEachRow) {
     AddRows(kList, 3, Person());
-    SetForm(kList, u"用紙 100x100\n明細 高さ=50\n文字 0,0 100x10 \"受付票 [番号]/[件数]\""_s);
+    SetTemplate(kList, u"用紙 100x100\n明細 高さ=50\n文字 0,0 100x10 \"受付票 [番号]/[件数]\""_s);
     const PdfFile pdf = Pdf(kList);
     ASSERT_EQ(pdf.Pages(), 2);
     EXPECT_EQ(pdf.Text(0), u"受付票 1/3 受付票 2/3"_s);
@@ -78,7 +78,7 @@ TEST_F(ReportTest, PictureThatIsAPipeIsLeftOut) {
     const QString pipe = folder.filePath(u"pipe"_s);
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     AddRow(kList, Person());
-    SetForm(kList, u"用紙 100x100\n明細 高さ=50\n絵 0,0 50x50 \"%1\"\n文字 0,0 100x10 \"後\""_s.arg(pipe));
+    SetTemplate(kList, u"用紙 100x100\n明細 高さ=50\n絵 0,0 50x50 \"%1\"\n文字 0,0 100x10 \"後\""_s.arg(pipe));
     EXPECT_EQ(Pdf(kList).Text(0), u"後"_s);
 }
 
@@ -258,7 +258,7 @@ TEST_F(ReportTest, LabelsFollowTheirNumberWhateverTheOrderOfTheRows) {
 TEST_F(ReportTest, PrinterOffsetMovesTheWholeSheet) {
     AddLabels(1);
     const QRectF before = Pdf(kLabels).Find(0, u"氏名1"_s).first().place;
-    ChangeForm(kLabels, u"補正 右=0 下=0"_s, u"補正 右=1.5 下=-2"_s);
+    ChangeTemplate(kLabels, u"補正 右=0 下=0"_s, u"補正 右=1.5 下=-2"_s);
     const QRectF after = Pdf(kLabels).Find(0, u"氏名1"_s).first().place;
     EXPECT_NEAR(after.left() - before.left(), 1.5, 0.02);
     EXPECT_NEAR(after.top() - before.top(), -2, 0.02);
@@ -288,7 +288,7 @@ TEST_F(ReportTest, PageIsPaintedOnAScreenAsOnPaper) {
 }
 
 TEST_F(ReportTest, FormOfTheirOwnIsPrintedAsWritten) {
-    SetForm(kList, u"用紙 50x50\n明細 高さ=50\n文字 5,5 40x5 \"[氏名]／[番号]／[[件]\"\n枠 10,20 10x10 塗り=黒"_s);
+    SetTemplate(kList, u"用紙 50x50\n明細 高さ=50\n文字 5,5 40x5 \"[氏名]／[番号]／[[件]\"\n枠 10,20 10x10 塗り=黒"_s);
     AddRow(kList, Person());
     const PdfFile pdf = Pdf(kList);
     EXPECT_EQ(pdf.Text(0), u"森鷗外／1／[件]"_s);

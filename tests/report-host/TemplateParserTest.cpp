@@ -10,9 +10,9 @@ using namespace report;
 namespace {
 
 QStringList Mistakes(const QString& text) {
-    QStringList told;
-    for (const TemplateError& mistake : ParseTemplate(text).errors) told.append(mistake.Text());
-    return told;
+    QStringList reported;
+    for (const TemplateError& mistake : ParseTemplate(text).errors) reported.append(mistake.Text());
+    return reported;
 }
 
 struct WrongLine {
@@ -24,7 +24,7 @@ class TemplateErrorTest : public testing::TestWithParam<WrongLine> {};
 
 }  // namespace
 
-TEST_P(TemplateErrorTest, IsToldByLineAndReason) {
+TEST_P(TemplateErrorTest, IsReportedWithLineAndReason) {
     const QString form = u"用紙 100x100\n明細 高さ=50\n%1\n"_s.arg(QString::fromUtf16(GetParam().line));
     EXPECT_EQ(Mistakes(form), QStringList{u"3 行目: "_s + QString::fromUtf16(GetParam().reason)});
 }
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongLine{u"升目 横=3 縦=1 横間隔=30 縦間隔=50 項目=A列,B列", u"升目の横の数が項目の数で割り切れません。"},
         WrongLine{u"升目 横=2 縦=3 横間隔=50 縦間隔=50", u"升目が用紙からはみ出しています。"}));
 
-TEST(TemplateParser, WhatIsMissingFromTheWholeIsToldWithoutALine) {
+TEST(TemplateParser, WhatIsMissingFromTheWholeIsReportedWithoutALine) {
     EXPECT_EQ(Mistakes(u""_s), QStringList{u"用紙がありません。"_s});
     EXPECT_EQ(Mistakes(u"用紙 A4"_s), QStringList{u"明細がありません。"_s});
     EXPECT_EQ(Mistakes(u"用紙 A4\n文字 0,0 9x9 \"あ\"\n明細 高さ=9"_s),
@@ -160,7 +160,7 @@ TEST(TemplateParser, FormsOfTheHouseHaveNoMistake) {
         EXPECT_EQ(Mistakes(StandardTemplate(name)), QStringList()) << name.toStdString();
 }
 
-TEST(TemplateCheck, ColumnsAreTakenWithTheirPrefixOrWithoutAndTheRestIsTold) {
+TEST(TemplateCheck, ColumnsAreTakenWithTheirPrefixOrWithoutAndTheRestIsReported) {
     const TemplateDefinition form =
         ParseTemplate(
             u"用紙 A4\n升目 横=2 縦=1 横間隔=50 縦間隔=50 項目=A列,B列\n並び 行番号 無順\n明細 高さ=9\n"_s
@@ -169,8 +169,8 @@ TEST(TemplateCheck, ColumnsAreTakenWithTheirPrefixOrWithoutAndTheRestIsTold) {
     QList<TemplateError> mistakes;
     EXPECT_EQ(NeededColumns(form, {u"行番号"_s, u"A列名称"_s, u"B列名称"_s, u"余り"_s}, mistakes),
               (QStringList{u"A列名称"_s, u"B列名称"_s, u"行番号"_s}));
-    QStringList told;
-    for (const TemplateError& mistake : mistakes) told.append(mistake.Text());
-    EXPECT_EQ(told, (QStringList{u"並びの列「無順」が表にありません。"_s, u"5 行目: 表に列「無名」がありません。"_s,
-                                 u"5 行目: 表に列「無条件」がありません。"_s}));
+    QStringList reported;
+    for (const TemplateError& mistake : mistakes) reported.append(mistake.Text());
+    EXPECT_EQ(reported, (QStringList{u"並びの列「無順」が表にありません。"_s, u"5 行目: 表に列「無名」がありません。"_s,
+                                     u"5 行目: 表に列「無条件」がありません。"_s}));
 }

@@ -76,7 +76,7 @@ TEST_F(ByDataSource, TheStaffListsJoinedByTheSignGiveTheRowsOfTheOtherDialects) 
     const auto rows = [&](int kind) {
         QStringList lines;
         database::Recordset record;
-        OpenRecordset(record, BuildStaffListQuery(kind, conditions), false);
+        OpenRecordset(record, BuildStaffListQuery(kind, conditions));
         EXPECT_TRUE(record.IsOpen()) << LastHistory().toStdString();
         for (; record.IsOpen() && !record.AtEOF(); record.MoveNext()) {
             QStringList cells;

@@ -1,6 +1,6 @@
 #include "servers/ServerFixture.h"
 
-#include "access/MainConnection.h"
+#include "access/StartUp.h"
 #include "data/Connections.h"
 #include "inquiry/ConditionProcedures.h"
 #include "inquiry/StaffQuery.h"

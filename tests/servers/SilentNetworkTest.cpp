@@ -67,13 +67,13 @@ TEST_F(SilentNetwork, EndsASearchAsAFailedReadWhenItsTimeIsOverAndTheProgramAnsw
 TEST_F(SilentNetwork, InsideASnapshotIsWaitedForOnce) {
     database::Recordset rows;
     database::ReadScope scope(Globals().MainConnection);
-    ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, false));
+    ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s));
     relay.FallSilent();
-    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '020'"_s, false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '020'"_s));
     EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''020''"_s));
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '030'"_s, false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '030'"_s));
     EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''030''"_s));
     scope.End();
     const database::ReadScope next(Globals().MainConnection);

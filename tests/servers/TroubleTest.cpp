@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "access/CompanyInformation.h"
-#include "access/MainConnection.h"
+#include "access/StartUp.h"
 #include "data/Recordsets.h"
 #include "database/DatabaseError.h"
 #include "inquiry/StaffQuery.h"
@@ -82,7 +82,7 @@ TEST_F(Trouble, ARequestToEndTheProgramCancelsAStatementThatTakesHours) {
     QStringList tables;
     for (int i = 1; i <= 7; ++i) tables << u"M担当者 x%1"_s.arg(i);
     database::Recordset rows;
-    EXPECT_FALSE(OpenRecordset(rows, u"SELECT COUNT(x7.コード) AS n FROM "_s + tables.join(u", "_s), false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT COUNT(x7.コード) AS n FROM "_s + tables.join(u", "_s)));
     system.join();
     platform::SetEndHandler({});
     EXPECT_EQ(ends, 1);
@@ -156,14 +156,14 @@ TEST_F(Trouble, AServerStoppedInsideASnapshotFailsTheLookUpsThatAreStillToCome) 
     ASSERT_TRUE(OpenGeneral());
     database::Recordset rows;
     database::ReadScope scope(Globals().MainConnection);
-    ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s, false));
+    ASSERT_TRUE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s));
     StopSessions();
     for (const QString& code : {u"020"_s, u"030"_s})
-        EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '"_s + code + u'\'', false));
+        EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M部門 WHERE コード = '"_s + code + u'\''));
     EXPECT_TRUE(LastHistory().endsWith(u"SELECT 名称 FROM M部門 WHERE コード = ''030''"_s));
     scope.End();
     const database::ReadScope next(Globals().MainConnection);
-    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M役職"_s, false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 名称 FROM M役職"_s));
 }
 
 TEST_F(Trouble, AServerStoppedInATransactionTakesItBack) {
@@ -208,9 +208,9 @@ TEST_F(Trouble, AUserWhoMayReadTheColumnsOfALookUpAloneIsAnsweredAllTheSameFromO
     database::Recordset found;
     server.Run(u"UPDATE M部門 SET 名称 = '新'"_s);
     // Enough lookups for fetching the whole table to pay off.
-    for (int code = 960; code < 1000; ++code) EXPECT_FALSE(OpenRecordset(found, look(QString::number(code)), false));
+    for (int code = 960; code < 1000; ++code) EXPECT_FALSE(OpenRecordset(found, look(QString::number(code))));
     for (const QStringList& name : names) {
-        ASSERT_TRUE(OpenRecordset(found, look(name[0]), false)) << LastHistory().toStdString();
+        ASSERT_TRUE(OpenRecordset(found, look(name[0]))) << LastHistory().toStdString();
         EXPECT_EQ(found[u"名称"].Text(), name[1]);
     }
     EXPECT_EQ(History().size(), rows);
@@ -258,10 +258,9 @@ TEST_F(Trouble, ABackslashInASearchIsASignWhateverTheServersSettingsSay) {
         EXPECT_EQ(Search(), QStringList{u"00001"_s}) << piece.toStdString();
     }
     database::Recordset rows;
-    EXPECT_TRUE(OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '山\\田'"_s, false));
+    EXPECT_TRUE(OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '山\\田'"_s));
     // If the backslash were an escape, the first literal would end at the third quote.
-    EXPECT_FALSE(
-        OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '\\' OR 氏名 = ' OR 1 = 1 --'"_s, false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT コード FROM M担当者 WHERE 氏名 = '\\' OR 氏名 = ' OR 1 = 1 --'"_s));
     EXPECT_TRUE(rows.IsOpen()) << LastHistory().toStdString();
 }
 
@@ -270,10 +269,9 @@ TEST_F(Trouble, TheProcessesLocaleDoesNotTouchTheTexts) {
     std::setlocale(LC_ALL, "C");
     ASSERT_TRUE(OpenGeneral());
     database::Recordset rows;
-    EXPECT_TRUE(
-        OpenRecordset(rows, u"SELECT 名称 AS 部門の名 FROM M部門 WHERE 名称 LIKE '%ぶ%' OR コード = '010'"_s, false));
+    EXPECT_TRUE(OpenRecordset(rows, u"SELECT 名称 AS 部門の名 FROM M部門 WHERE 名称 LIKE '%ぶ%' OR コード = '010'"_s));
     EXPECT_EQ(rows[u"部門の名"].Text(), server.Rows(u"SELECT 名称 FROM M部門 WHERE コード = '010'"_s)[0][0]);
-    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 無い列 FROM M部門"_s, false));
+    EXPECT_FALSE(OpenRecordset(rows, u"SELECT 無い列 FROM M部門"_s));
     EXPECT_TRUE(LastHistory().contains(u"無い列"_s));
     std::setlocale(LC_ALL, before.c_str());
 }
@@ -283,7 +281,7 @@ TEST_F(Trouble, VeryLongTextsComeWholeBesideShortOnes) {
     server.Run(u"UPDATE M担当者 SET 担当者メモ = '%1' WHERE コード = '00002'"_s.arg(memo));
     ASSERT_TRUE(OpenGeneral());
     database::Recordset rows;
-    ASSERT_TRUE(OpenRecordset(rows, u"SELECT コード, 担当者メモ FROM M担当者 ORDER BY コード"_s, false));
+    ASSERT_TRUE(OpenRecordset(rows, u"SELECT コード, 担当者メモ FROM M担当者 ORDER BY コード"_s));
     EXPECT_EQ(rows.RecordCount(), 60);
     for (int i = 1; !rows.AtEOF(); rows.MoveNext(), ++i) {
         EXPECT_EQ(rows[u"コード"].Text().toInt(), i);

@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QProcess>
 
-#include "data/UserConfiguration.h"
+#include "data/Environment.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "data/ReportHostTrust.h"
-#include "data/TrustedLocations.h"
 #include "platform/Services.h"
 #include "platform/registry/FileRegistry.h"
 #include "setup/storage/ReportHostInstallation.h"

@@ -3,7 +3,7 @@
 
 #include <QFileInfo>
 
-#include "data/ServerText.h"
+#include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "platform/FileRights.h"
 #include "platform/RuntimeError.h"

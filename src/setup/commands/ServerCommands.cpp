@@ -5,7 +5,6 @@
 
 #include "data/Connections.h"
 #include "data/ServerSchema.h"
-#include "data/ServerText.h"
 #include "database/DatabaseSession.h"
 #include "database/sql/Quoting.h"
 #include "setup/UsageError.h"

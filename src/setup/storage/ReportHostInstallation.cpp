@@ -2,7 +2,7 @@
 
 #include <QFileInfo>
 
-#include "data/TrustedLocations.h"
+#include "data/ReportHostTrust.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 
@@ -13,7 +13,6 @@ namespace setup {
 namespace {
 
 constexpr long kWorkFailed = 1;
-const QString kHostKey = u"SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\App Paths\\MSACCESS.EXE"_s;
 
 QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + kHostProgramName; }
 
@@ -21,12 +20,13 @@ QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + k
 
 QString ReportHostFolder(const QString& root) { return root + u"/host/OFFICE16/"_s; }
 
-QString ReportHostKey() { return u"HKLM\\"_s + kHostKey; }
+QString ReportHostKey() { return u"HKLM\\"_s + kReportHostKey; }
 
 std::optional<QString> RegisteredHostFolder() {
     platform::Registry& registry = *platform::Services().registry;
     platform::RegistryKey key;
-    if (registry.OpenKey(platform::MachineRoot(), kHostKey, platform::kRegistryRead, key) != platform::kRegistryDone)
+    if (registry.OpenKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryRead, key) !=
+        platform::kRegistryDone)
         return std::nullopt;
     std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
     registry.CloseKey(key);
@@ -38,7 +38,7 @@ bool RegisterReportHost(const QString& root) {
     platform::Registry& registry = *platform::Services().registry;
     platform::RegistryKey key;
     const QString folder = ReportHostFolder(root);
-    long status = registry.CreateKey(platform::MachineRoot(), kHostKey, platform::kRegistryAll, key);
+    long status = registry.CreateKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryAll, key);
     if (status == platform::kRegistryDone)
         status = registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder));
     registry.CloseKey(key);

@@ -3,10 +3,12 @@
 #include <QString>
 #include <optional>
 
+#include "data/ReportHostTrust.h"
+
 namespace setup {
 
 /// File name under which the suite looks for the report host.
-inline const QString kHostProgramName = QStringLiteral("MSACCESS.EXE");
+inline const QString& kHostProgramName = kReportHostProgram;
 
 /// Folder of the report host in an installation, with trailing separator, since clients concatenate folder and name.
 /// The folder name is the host's version.
