@@ -1,5 +1,4 @@
-#include "setup/checks/HostCheck.h"
-
+// The checks of the report host, of Checks.h.
 #include <QFileInfo>
 #include <optional>
 
@@ -7,7 +6,8 @@
 #include "data/TrustedLocations.h"
 #include "platform/Services.h"
 #include "platform/registry/FileRegistry.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "setup/checks/Checks.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

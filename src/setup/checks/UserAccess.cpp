@@ -1,5 +1,4 @@
-#include "setup/checks/UserAccess.h"
-
+// The class UserAccess of Checks.h.
 #include <grp.h>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -9,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/registry/FileRegistry.h"
+#include "setup/checks/Checks.h"
 
 using namespace Qt::StringLiterals;
 

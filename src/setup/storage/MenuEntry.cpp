@@ -1,5 +1,4 @@
-#include "setup/storage/MenuEntry.h"
-
+// The desktop entry of Installer.h.
 #include <unistd.h>
 
 #include <QCryptographicHash>
@@ -9,6 +8,7 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/RuntimeError.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 
