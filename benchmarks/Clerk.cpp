@@ -13,11 +13,10 @@
 #include <random>
 
 #include "data/Connections.h"
-#include "data/DefinitionRows.h"
+#include "data/Environment.h"
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ConditionProcedures.h"
-#include "inquiry/RowStoreProcedures.h"
 #include "inquiry/StaffQuery.h"
 #include "platform/Services.h"
 #include "registration/StaffStore.h"

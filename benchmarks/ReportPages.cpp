@@ -19,7 +19,6 @@
 
 #include "report-host/layout/PreparedReport.h"
 #include "setup/schema/DatabaseFileWriter.h"
-#include "setup/schema/TemplateStore.h"
 
 using namespace Qt::StringLiterals;
 
@@ -131,7 +130,7 @@ void MakeFiles(const QString& folder, int rows) {
     QFile::remove(folder + u"/work.accdb"_s);
     QFile::remove(folder + u"/forms.accdb"_s);
     FillRows(folder + u"/work.accdb"_s, rows);
-    setup::WriteStandardForms(folder + u"/forms.accdb"_s, folder + u"/work.accdb"_s);
+    setup::WriteStandardTemplates(folder + u"/forms.accdb"_s, folder + u"/work.accdb"_s);
 }
 
 }  // namespace

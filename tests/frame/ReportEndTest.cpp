@@ -7,7 +7,7 @@
 
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "setup/storage/Installer.h"
 #include "support/MainFormFixture.h"
 #include "support/SuiteUser.h"
 

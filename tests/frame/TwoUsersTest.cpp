@@ -8,7 +8,7 @@
 #include "globals/ProgramGlobals.h"
 #include "platform/registry/FileRegistry.h"
 #include "screen/Form.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "setup/storage/Installer.h"
 #include "support/HostProgram.h"
 #include "support/MainFormFixture.h"
 #include "support/PdfFile.h"

@@ -9,8 +9,8 @@
 #include "data/ServerSchema.h"
 #include "fuzz/FuzzInput.h"
 #include "platform/RuntimeError.h"
-#include "setup/commands/ImportCommand.h"
-#include "setup/storage/JetFormat.h"
+#include "setup/schema/TableCopy.h"
+#include "setup/storage/JetFile.h"
 #include "setup/storage/TableStream.h"
 
 using namespace Qt::StringLiterals;

@@ -7,7 +7,7 @@
 #include "fuzz/FuzzInput.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
-#include "setup/schema/ConfigurationWriter.h"
+#include "setup/schema/DatabaseFileWriter.h"
 
 using namespace Qt::StringLiterals;
 

@@ -25,7 +25,7 @@ setup::Verb SomeVerb() {
 
 Arguments Parse(const QStringList& words) { return Arguments(SomeVerb(), words); }
 
-QString Mistake(const QStringList& words) {
+QString ErrorOf(const QStringList& words) {
     try {
         Parse(words);
         return u"none"_s;
@@ -47,7 +47,8 @@ TEST(Arguments, ValueIsTheNextArgumentOrFollowsAnEqualsSign) {
 }
 
 TEST(Arguments, LastValueOfARepeatedOptionCounts) {
-    const Arguments arguments = Parse({u"a"_s, u"--user"_s, u"sato"_s, u"--replace"_s, u"--user=ito"_s, u"--replace"_s});
+    const Arguments arguments =
+        Parse({u"a"_s, u"--user"_s, u"sato"_s, u"--replace"_s, u"--user=ito"_s, u"--replace"_s});
     EXPECT_EQ(arguments.Value(option::kUser), u"ito"_s);
     EXPECT_TRUE(arguments.Has(option::kReplace));
     EXPECT_EQ(arguments.Installation(), u"a"_s);
@@ -63,22 +64,22 @@ TEST(Arguments, EverythingAfterTwoDashesIsAnOperand) {
     EXPECT_EQ(Parse({u"--"_s, u"--help"_s}).Installation(), u"--help"_s);
 }
 
-TEST(Arguments, MistakesAreNamed) {
-    EXPECT_EQ(Mistake({u"a"_s, u"--stuff"_s}), u"オプション --stuff は使えません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--stuff=1"_s}), u"オプション --stuff は使えません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--follow"_s}), u"オプション --follow は使えません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"-u"_s}), u"オプション -u は使えません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"-user"_s, u"x"_s}), u"オプション -u は使えません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--user"_s}), u"オプション --user の値がありません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--user"_s, u"--replace"_s}), u"オプション --user の値がありません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--user"_s, u"--"_s, u"b"_s}), u"オプション --user の値がありません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"--replace=yes"_s}), u"オプション --replace に値は付けられません。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u"b"_s, u"c"_s}), u"引数 c が余分です。"_s);
-    EXPECT_EQ(Mistake({u"--replace"_s}), u"インストール先のフォルダを指定してください。"_s);
+TEST(Arguments, ErrorsAreNamed) {
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--stuff"_s}), u"オプション --stuff は使えません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--stuff=1"_s}), u"オプション --stuff は使えません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--follow"_s}), u"オプション --follow は使えません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"-u"_s}), u"オプション -u は使えません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"-user"_s, u"x"_s}), u"オプション -u は使えません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--user"_s}), u"オプション --user の値がありません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--user"_s, u"--replace"_s}), u"オプション --user の値がありません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--user"_s, u"--"_s, u"b"_s}), u"オプション --user の値がありません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"--replace=yes"_s}), u"オプション --replace に値は付けられません。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u"b"_s, u"c"_s}), u"引数 c が余分です。"_s);
+    EXPECT_EQ(ErrorOf({u"--replace"_s}), u"インストール先のフォルダを指定してください。"_s);
 }
 
 TEST(Arguments, EmptyInstallationIsNotTheWorkingFolder) {
-    EXPECT_EQ(Mistake({u""_s}), u"インストール先のフォルダを指定してください。"_s);
-    EXPECT_EQ(Mistake({u""_s, u"b"_s}), u"インストール先のフォルダを指定してください。"_s);
-    EXPECT_EQ(Mistake({u"a"_s, u""_s}), u"none"_s);
+    EXPECT_EQ(ErrorOf({u""_s}), u"インストール先のフォルダを指定してください。"_s);
+    EXPECT_EQ(ErrorOf({u""_s, u"b"_s}), u"インストール先のフォルダを指定してください。"_s);
+    EXPECT_EQ(ErrorOf({u"a"_s, u""_s}), u"none"_s);
 }

@@ -86,30 +86,30 @@ TEST_F(SuiteSetupCheck, FindsNothingInAWholeInstallation) {
     EXPECT_EQ(output.out, u"利用者 tester\n問題はありません。\n"_s);
 }
 
-TEST_F(SuiteSetupCheck, TellsAMissingFormsFile) {
+TEST_F(SuiteSetupCheck, ReportsAMissingTemplateFile) {
     QFile::remove(Report() + u"/repfrmdb.accdb"_s);
     ExpectFault(u"帳票ファイル %1/repfrmdb.accdb がありません。\n"_s.arg(Report()));
 }
 
-TEST_F(SuiteSetupCheck, TellsAMissingProgram) {
+TEST_F(SuiteSetupCheck, ReportsAMissingProgram) {
     const QString program = installation.ProgramFolder() + u"/要員台帳更新"_s;
     QFile::remove(program);
     ExpectFault(u"プログラム %1 がありません。\n"_s.arg(program));
 }
 
-TEST_F(SuiteSetupCheck, TellsAProgramThatCantBeStarted) {
+TEST_F(SuiteSetupCheck, ReportsAProgramThatCantBeStarted) {
     const QString program = installation.ProgramFolder() + u"/要員名簿照会"_s;
     QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
     ExpectFault(u"プログラム %1 を起動する権限がありません。\n"_s.arg(program));
 }
 
-TEST_F(SuiteSetupCheck, TellsABrokenConfiguration) {
+TEST_F(SuiteSetupCheck, ReportsABrokenConfiguration) {
     const QString file = installation.UserFolder(u"tester"_s) + u"/conf/usrcnfg.accdb"_s;
     WriteBytes(file, "");
     ExpectFault(u"構成データベース %1 を開けません。"_s.arg(file));
 }
 
-TEST_F(SuiteSetupCheck, TellsATableThatIsLinkedElsewhere) {
+TEST_F(SuiteSetupCheck, ReportsATableThatIsLinkedElsewhere) {
     const SampleFile forms(Report() + u"/repfrmdb.accdb"_s);
     forms.Execute(
         u"UPDATE リンクテーブル SET 接続 = ';DATABASE=/other/repdb.accdb'"
@@ -120,14 +120,14 @@ TEST_F(SuiteSetupCheck, TellsATableThatIsLinkedElsewhere) {
             forms.Path(), table, Report()));
 }
 
-TEST_F(SuiteSetupCheck, TellsAFolderThatIsNotTrusted) {
+TEST_F(SuiteSetupCheck, ReportsAFolderThatIsNotTrusted) {
     registry.Give(LocationsOf(u"16.0"_s) + u"\\Location0"_s, u"Path"_s, u"/elsewhere/"_s);
     ExpectFault(
         u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
         u"    suite-setup registry set 'HKCU\\%2\\Location1' Path '%1/'\n"_s.arg(Report(), LocationsOf(u"16.0"_s)));
 }
 
-TEST_F(SuiteSetupCheck, ItsAdviceOnTrustHelpsAndTakesNobodysPlace) {
+TEST_F(SuiteSetupCheck, ItsAdviceOnTrustHelpsAndOverwritesNoLocation) {
     const QString locations = LocationsOf(u"16.0"_s);
     registry.Give(locations + u"\\Location0"_s, u"Path"_s, u"/elsewhere/"_s);
     const QStringList words = Check().out.section(u"suite-setup "_s, 1, 1).section(u'\n', 0, 0).split(u' ');
@@ -139,35 +139,35 @@ TEST_F(SuiteSetupCheck, ItsAdviceOnTrustHelpsAndTakesNobodysPlace) {
     EXPECT_EQ(registry.Text(locations + u"\\Location0"_s, u"Path"_s), u"/elsewhere/"_s);
 }
 
-TEST_F(SuiteSetupCheck, TellsABrokenRegistry) {
+TEST_F(SuiteSetupCheck, ReportsABrokenRegistry) {
     WriteBytes(registry.UserFile(), "[Software\n");
     ExpectFault(u"レジストリ %1 が壊れています。\n"_s.arg(registry.UserFile()));
 }
 
-TEST_F(SuiteSetupCheck, TellsARegistryThatCantBeRead) {
+TEST_F(SuiteSetupCheck, ReportsARegistryThatCantBeRead) {
     QFile::setPermissions(registry.UserFile(), {});
     const WithoutFileRights asAnybody;
     ExpectFault(u"レジストリ %1 を読めません。\n"_s.arg(registry.UserFile()));
 }
 
-TEST_F(SuiteSetupCheck, TellsAMissingHost) {
+TEST_F(SuiteSetupCheck, ReportsAMissingHost) {
     registry.GiveHost(u"/nowhere/OFFICE16/"_s);
     ExpectFault(u"登録されている帳票ホスト /nowhere/OFFICE16/MSACCESS.EXE がありません。\n"_s);
 }
 
-TEST_F(SuiteSetupCheck, TellsAHostThatIsNotRegistered) {
+TEST_F(SuiteSetupCheck, ReportsAHostThatIsNotRegistered) {
     UseStandInRegistry();
     ExpectFault(u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。\n"_s);
 }
 
-TEST_F(SuiteSetupCheck, TellsAHostWithoutAVersionWord) {
+TEST_F(SuiteSetupCheck, ReportsAHostWithoutAVersionWord) {
     const QString folder = installation.Root() + u"/host/"_s;
     ASSERT_TRUE(QFile::copy(folder + u"OFFICE16/MSACCESS.EXE"_s, folder + u"MSACCESS.EXE"_s));
     registry.GiveHost(folder);
     ExpectFault(u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。\n"_s.arg(folder));
 }
 
-TEST_F(SuiteSetupCheck, TellsAUserWithoutFiles) {
+TEST_F(SuiteSetupCheck, ReportsAUserWithoutFiles) {
     const ToolOutput output = Check({u"--user"_s, u"somebody"_s});
     EXPECT_EQ(output.status, 1);
     EXPECT_EQ(
@@ -195,7 +195,7 @@ TEST_F(SuiteSetupCheck, SharedFilesAreCheckedWithoutPrivateCopiesAndTrust) {
     EXPECT_EQ(output.out, u"・帳票ファイル %1 がありません。\n"_s.arg(installation.Forms().Path()));
 }
 
-TEST_F(SuiteSetupCheck, TellsAnInstallKindThatNoProgramKnows) {
+TEST_F(SuiteSetupCheck, ReportsAnInstallKindThatNoProgramKnows) {
     installation.SetEnvironment(u"インストール区分"_s, u"2"_s);
     const ToolOutput output = Check();
     EXPECT_EQ(output.status, 1);
@@ -203,7 +203,7 @@ TEST_F(SuiteSetupCheck, TellsAnInstallKindThatNoProgramKnows) {
               u"・%1 のインストール区分が 0 でも 1 でもありません。\n"_s.arg(installation.Configuration().Path()));
 }
 
-TEST_F(SuiteSetupCheck, AnotherUserOfTheMachineIsToldWhatMayNotBeRead) {
+TEST_F(SuiteSetupCheck, ReportsWhatAnotherUserMayNotRead) {
     const SharedSuite suite(1);
     registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
     const auto check = [&] { return RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}).out; };
@@ -217,7 +217,7 @@ TEST_F(SuiteSetupCheck, AnotherUserOfTheMachineIsToldWhatMayNotBeRead) {
                            notYet + u"・フォルダ %1 に書き込む権限がないので、作れません。\n"_s.arg(users));
 }
 
-TEST_F(SuiteSetupCheck, AnotherUserIsToldThatTheMachinesRegistryCantBeRead) {
+TEST_F(SuiteSetupCheck, ReportsARegistryThatAnotherUserMayNotRead) {
     WriteBytes(platform::MachineRegistryFile(), "");  // in the folder of the tests, which other users can't enter
     const QString out = Check({u"--user"_s, u"nobody"_s}).out;
     QFile::remove(platform::MachineRegistryFile());
@@ -225,7 +225,7 @@ TEST_F(SuiteSetupCheck, AnotherUserIsToldThatTheMachinesRegistryCantBeRead) {
         << out.toStdString();
 }
 
-TEST_F(SuiteSetupCheck, AnotherUserIsToldWhichSharedFilesMayNotBeWritten) {
+TEST_F(SuiteSetupCheck, ReportsWhichSharedFilesAnotherUserMayNotWrite) {
     const SharedSuite suite(1);
     registry.GiveHost(suite.Root() + u"/host/OFFICE16/"_s);
     SampleFile(suite.Root() + u"/conf/usrcnfg.accdb"_s).Execute(u"UPDATE 動作環境定義 SET インストール区分 = '0'"_s);
@@ -257,7 +257,7 @@ TEST_F(SuiteSetupCheck, MoveMakesACopyUseItsOwnFilesAlone) {
     EXPECT_EQ(RunTool({u"move"_s, copy}).out, u"変更するところはありませんでした。\n"_s);
 }
 
-TEST_F(SuiteSetupCheck, MoveTellsAGeneralDatabaseElsewhereAndFails) {
+TEST_F(SuiteSetupCheck, MoveReportsAGeneralDatabaseElsewhereAndFails) {
     installation.SetDefinition(u"データソース名"_s, u"/elsewhere/staff.accdb"_s);
     const ToolOutput output = RunTool({u"move"_s, installation.Root()});
     EXPECT_EQ(output.status, 1);
@@ -278,7 +278,7 @@ TEST_F(SuiteSetupCheck, MoveLeavesADatabaseOnAServerAsItIs) {
     EXPECT_EQ(installation.Configuration().Value(u"SELECT データソース名 FROM データベース定義"_s), u"staffserver"_s);
 }
 
-TEST_F(SuiteSetupCheck, MoveGoesOnBehindAFileThatCantBeChangedAndFails) {
+TEST_F(SuiteSetupCheck, MoveGoesOnAfterAFileThatCantBeChangedAndFails) {
     const QString broken = installation.UserFolder(u"a"_s) + u"/report"_s;
     ASSERT_TRUE(QDir().mkpath(broken));
     WriteBytes(broken + u"/repfrmdb.accdb"_s, "no database");

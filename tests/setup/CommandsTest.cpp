@@ -92,7 +92,7 @@ TEST(Commands, InitWithPinsPrintsPeopleToTryThemWith) {
     }
 }
 
-TEST(Commands, FailureOnTheWayIsToldApartFromARefusal) {
+TEST(Commands, FailureOnTheWayIsDistinguishedFromAUsageError) {
     const ToolOutput output = RunTool({u"init"_s, u"/proc/no/suite"_s});
     EXPECT_EQ(output.status, 1);
     EXPECT_EQ(output.err, u"suite-setup: フォルダ /proc/no を作成できません。\n"_s);

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "setup/RunTool.h"
-#include "setup/commands/HelpText.h"
-#include "setup/commands/TerminalTable.h"
+#include "setup/TerminalTable.h"
+#include "setup/commands/VerbTable.h"
 #include "support/PrintText.h"
 
 using namespace Qt::StringLiterals;
@@ -19,21 +19,22 @@ TEST(Help, OverallHelpHasSynopsisAndSummaryOfEachVerb) {
     const ToolOutput output = RunTool({u"--help"_s});
     EXPECT_EQ(output.status, 0);
     EXPECT_EQ(output.err, QString());
-    EXPECT_TRUE(output.out.startsWith(u"使い方: suite-setup コマンド [引数] [オプション]\n"
-                                      u"\n"
-                                      u"コマンド:\n"
-                                      u"  init フォルダ [--staff N] [--seed N] [--kind accdb|mdb] [--install-kind 0|1]\n"
-                                      u"       [--pin] [--replace] [--menu]\n"
-                                      u"      インストールを作る\n"
-                                      u"  upgrade フォルダ [--odbc 接続文字列] [--menu]\n"
-                                      u"      インストールを新しい版にする\n"_s))
+    EXPECT_TRUE(
+        output.out.startsWith(u"使い方: suite-setup コマンド [引数] [オプション]\n"
+                              u"\n"
+                              u"コマンド:\n"
+                              u"  init フォルダ [--staff N] [--seed N] [--kind accdb|mdb] [--install-kind 0|1]\n"
+                              u"       [--pin] [--replace] [--menu]\n"
+                              u"      インストールを作る\n"
+                              u"  upgrade フォルダ [--odbc 接続文字列] [--menu]\n"
+                              u"      インストールを新しい版にする\n"_s))
         << output.out.toStdString();
-    EXPECT_TRUE(output.out.endsWith(
-        u"\n"
-        u"suite-setup コマンド --help   そのコマンドの引数とオプションを詳しく表示する\n"
-        u"suite-setup --help            この説明を表示する\n"
-        u"\n"
-        u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s));
+    EXPECT_TRUE(
+        output.out.endsWith(u"\n"
+                            u"suite-setup コマンド --help   そのコマンドの引数とオプションを詳しく表示する\n"
+                            u"suite-setup --help            この説明を表示する\n"
+                            u"\n"
+                            u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s));
     ExpectShortLines(output.out);
 }
 
@@ -84,14 +85,14 @@ TEST(Help, EveryVerbHasHelpThatFitsATerminal) {
     }
 }
 
-TEST(Help, HelpComesBeforeAnyOtherMistakeAndTheFirstWordOfAPairShowsAll) {
+TEST(Help, HelpIsShownDespiteOtherErrorsAndTheFirstWordOfAPairShowsAll) {
     const QString help = RunTool({u"history"_s, u"--help"_s}).out;
     EXPECT_EQ(RunTool({u"history"_s, u"a"_s, u"b"_s, u"--stuff"_s, u"--help"_s}).out, help);
     EXPECT_EQ(RunTool({u"--help"_s, u"history"_s}).out, RunTool({u"--help"_s}).out);
-    EXPECT_EQ(RunTool({u"registry"_s, u"--help"_s}).out,
-              RunTool({u"registry"_s, u"list"_s, u"--help"_s}).out + u'\n' +
-                  RunTool({u"registry"_s, u"get"_s, u"--help"_s}).out + u'\n' +
-                  RunTool({u"registry"_s, u"set"_s, u"--help"_s}).out);
+    EXPECT_EQ(RunTool({u"registry"_s, u"--help"_s}).out, RunTool({u"registry"_s, u"list"_s, u"--help"_s}).out + u'\n' +
+                                                             RunTool({u"registry"_s, u"get"_s, u"--help"_s}).out +
+                                                             u'\n' +
+                                                             RunTool({u"registry"_s, u"set"_s, u"--help"_s}).out);
 }
 
 TEST(Help, UnknownAndInternalVerbsHaveNone) {

@@ -3,8 +3,8 @@
 #include <QDir>
 
 #include "setup/RunTool.h"
+#include "setup/TerminalTable.h"
 #include "setup/commands/HistoryRuns.h"
-#include "setup/commands/TerminalTable.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -119,7 +119,7 @@ TEST(History, PrivateCopiesAreReadForEveryUserOrForOne) {
         EXPECT_EQ(RunTool({u"history"_s, installation.Root(), u"--user"_s, user}).status, 2) << user.toStdString();
 }
 
-TEST(History, UnreadableConfigurationIsAFailureAndNotARefusal) {
+TEST(History, UnreadableConfigurationIsAFailureAndNotAUsageError) {
     const SampleInstallation installation({.staff = 1});
     QFile file(installation.Configuration().Path());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -180,7 +180,7 @@ TEST(RunSorter, UsersWritingIntoEachOtherAreTwoRuns) {
     EXPECT_EQ(Sorted(steps), Expected(steps));
 }
 
-TEST(RunSorter, TwoRunsOfOneUserAreToldApartByTheirNumbers) {
+TEST(RunSorter, TwoRunsOfOneUserAreDistinguishedByTheirNumbers) {
     const QList<Step> steps{{u"a", 1, u"開始 ", 0}, {u"a", 2, u"エラー x", 0}, {u"a", 3, u"エラー y", 0},
                             {u"a", 1, u"開始 ", 1}, {u"a", 4, u"終了", 0},     {u"a", 2, u"終了", 1}};
     EXPECT_EQ(Sorted(steps), Expected(steps));
@@ -191,7 +191,7 @@ TEST(RunSorter, LostRowLeavesAGapInItsRun) {
     EXPECT_EQ(Sorted(steps), Expected(steps));
 }
 
-TEST(RunSorter, RowBehindAnEndOrBeforeABeginningIsARunOfItsOwn) {
+TEST(RunSorter, RowAfterAnEndOrBeforeABeginningIsASeparateRun) {
     const QList<Step> steps{
         {u"a", 7, u"終了", 0}, {u"a", 1, u"開始 ", 1}, {u"a", 2, u"終了", 1}, {u"a", 3, u"終了", 2}};
     EXPECT_EQ(Sorted(steps), Expected(steps));

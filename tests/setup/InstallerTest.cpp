@@ -9,7 +9,7 @@
 #include <QTemporaryDir>
 
 #include "data/Catalogue.h"
-#include "setup/sample/Manual.h"
+#include "setup/sample/Sample.h"
 #include "support/SampleInstallation.h"
 
 using namespace Qt::StringLiterals;
@@ -121,7 +121,7 @@ TEST_F(InstallerTest, EachInstallationHasAKeyOfItsOwnWhateverTheSeed) {
     EXPECT_NE(first, Bytes(Make() + u"/conf/pin.key"_s));
 }
 
-TEST_F(InstallerTest, ACompanyThatAsksForPinsKnowsNobodyAtItsFirstStart) {
+TEST_F(InstallerTest, ACompanyThatAsksForPinsHasNoSignedInUserAtItsFirstStart) {
     request.askPins = true;
     const QString root = Make();
     const SampleFile general(root + u"/data/gnrdb.accdb"_s);
@@ -179,7 +179,7 @@ TEST_F(InstallerTest, RefusesAFolderWithAnInstallation) {
     EXPECT_EQ(Bytes(root + u"/data/gnrdb.accdb"_s), before);
 }
 
-TEST_F(InstallerTest, ReplaceMakesItAnewAndLeavesNothingBeside) {
+TEST_F(InstallerTest, ReplaceRecreatesItAndLeavesNothingBeside) {
     Make();
     Write(u"suite/users/old/conf/usrcnfg.accdb"_s, "gone afterwards");
     request.staff = 9;

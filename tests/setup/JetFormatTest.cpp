@@ -1,4 +1,4 @@
-#include "setup/storage/JetFormat.h"
+#include "setup/storage/JetFile.h"
 
 #include <gtest/gtest.h>
 

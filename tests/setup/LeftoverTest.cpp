@@ -175,7 +175,7 @@ TEST_F(Leftovers, OfAKilledHostAreNamedInTheTemporaryFolderAndWhereAUserPrintsTo
     const QString own = Root() + u"/users/nobody/report"_s, place = folder.filePath(u"own"_s);
     ASSERT_TRUE(QDir().mkpath(own) && QDir().mkpath(place));
     ASSERT_TRUE(QFile::copy(Root() + u"/report/repfrmdb.accdb"_s, own + u"/repfrmdb.accdb"_s));
-    WriteOutputPlace(own + u"/repfrmdb.accdb"_s, {}, {OutputTarget::Kind::Folder, place});
+    WriteOutputTarget(own + u"/repfrmdb.accdb"_s, {}, {OutputTarget::Kind::Folder, place});
     const QByteArray temporary = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFile::encodeName(folder.path()));
     for (const QString& parent : {folder.path(), place}) {

@@ -1,4 +1,4 @@
-#include "setup/commands/OdbcString.h"
+#include "setup/schema/GeneralDatabase.h"
 
 #include <gtest/gtest.h>
 

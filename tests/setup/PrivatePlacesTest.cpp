@@ -74,7 +74,7 @@ TEST_F(PrivatePlaces, TheAdministratorWorksOnUsersCopies) {
     EXPECT_EQ(QDir(Own(u"/report"_s)).entryList(QDir::Files), QStringList({u"repdb.accdb"_s, u"repfrmdb.accdb"_s}));
 }
 
-TEST_F(PrivatePlaces, AnybodyElseIsToldToAskTheAdministratorAndNothingChanges) {
+TEST_F(PrivatePlaces, OtherUsersAreSentToTheAdministratorAndNothingChanges) {
     REQUIRE_SUPERUSER();
     GiveOwnToNobody();
     const QByteArray configuration = ReadBytes(installation.Configuration().Path()),

@@ -6,7 +6,7 @@
 
 #include "platform/Services.h"
 #include "setup/RunTool.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "setup/storage/Installer.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 
@@ -65,7 +65,7 @@ TEST_F(RegistryCommandTest, ListShowsKeysWithValuesBelowAKey) {
               "[HKCU\\Software\\Suite\\名簿]\n\"Path\"=\"/a/\"\n"_s);
 }
 
-TEST_F(RegistryCommandTest, MissingValueIsAFailureAndWrongWordsAreARefusal) {
+TEST_F(RegistryCommandTest, MissingValueIsAFailureAndWrongWordsAreUsageErrors) {
     EXPECT_EQ(Tool({u"get"_s, kKey, u"Path"_s}).err, u"suite-setup: キーまたは値がありません。\n"_s);
     EXPECT_EQ(Tool({u"get"_s, kKey, u"Path"_s}).status, 1);
     for (const QStringList& words :
@@ -76,7 +76,7 @@ TEST_F(RegistryCommandTest, MissingValueIsAFailureAndWrongWordsAreARefusal) {
     EXPECT_FALSE(QFile::exists(platform::UserRegistryFile()));
 }
 
-TEST_F(RegistryCommandTest, DamagedFileIsTold) {
+TEST_F(RegistryCommandTest, DamagedFileIsReported) {
     WriteBytes(platform::UserRegistryFile(), "no registry");
     EXPECT_EQ(Tool({u"list"_s}).err, u"suite-setup: レジストリのファイルが壊れています。\n"_s);
     EXPECT_EQ(Tool({u"set"_s, kKey, u"a"_s, u"b"_s}).status, 1);
@@ -121,7 +121,7 @@ TEST_F(HostInstallationTest, WhoMayNotRegisterGetsTheInstallationAndTheCommandTo
     EXPECT_TRUE(QFile::exists(Root() + u"/prgbin/suite-setup"_s));
 }
 
-TEST(PrinterCommand, PlaceIsChosenForTheCommonFormsAndEveryUsersOwn) {
+TEST(PrinterCommand, TargetIsSetForTheCommonTemplatesAndAllPrivateCopies) {
     const SampleInstallation installation;
     const QString own = installation.UserFolder(u"tanaka"_s) + u"/report"_s;
     ASSERT_TRUE(QDir().mkpath(own));

@@ -5,7 +5,7 @@
 #include <QTextStream>
 #include <functional>
 
-#include "setup/commands/Commands.h"
+#include "setup/commands/Verbs.h"
 
 struct ToolOutput {
     int status = 0;

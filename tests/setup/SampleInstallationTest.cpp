@@ -21,7 +21,7 @@ TEST(SampleInstallation, ChangeInOneCopyDoesNotReachTheNext) {
     EXPECT_EQ(SampleInstallation().General().Value(u"SELECT count(*) FROM M担当者"_s), u"40"_s);
 }
 
-TEST(SampleInstallation, RowsTellNullFromEmptyText) {
+TEST(SampleInstallation, RowsDistinguishNullFromEmptyText) {
     const SampleInstallation installation;
     installation.ClearStaff();
     installation.AddStaff(u"00007"_s, {{u"氏名"_s, u"O'Hara"_s}, {u"退社日付"_s, u""_s}});

@@ -4,7 +4,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "setup/sample/SampleStaff.h"
+#include "setup/sample/Sample.h"
 #include "setup/storage/Installer.h"
 #include "support/SampleInstallation.h"
 #include "support/SamplePins.h"
@@ -116,7 +116,7 @@ TEST(Sample, PinsAreStoredSealedInEveryColumn) {
     EXPECT_EQ(pins.Opened(General().Value(u"SELECT 特権暗証番号 FROM M事業所 WHERE コード = '001'"_s)), u"HONSHA01"_s);
 }
 
-TEST(Sample, NobodyAsksForPinsUnlessTheCompanyIsMadeSo) {
+TEST(Sample, PinsAreRequiredOnlyIfTheCompanyAsksForThem) {
     EXPECT_EQ(General().Rows(u"SELECT 暗証番号有無 FROM Mユーザ UNION SELECT 暗証番号有無 FROM M事業所"_s),
               (QList<QStringList>{{u"0"_s}}));
 }

@@ -1,4 +1,4 @@
-#include "setup/schema/TableStatements.h"
+#include "setup/schema/SchemaUpgrade.h"
 
 #include <gtest/gtest.h>
 

@@ -14,7 +14,7 @@ namespace {
 
 const QString kList = u"要員名簿照会"_s, kLabels = u"要員名簿照会宛名ラベル"_s;
 
-class FormsCommandTest : public testing::Test {
+class TemplateCommandsTest : public testing::Test {
   protected:
     ToolOutput Forms(const QString& action, const QStringList& more = {}) {
         return RunTool(QStringList{u"forms"_s, action, installation.Root()} + more);
@@ -35,7 +35,7 @@ class FormsCommandTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(FormsCommandTest, NewInstallationHasTheFourFormsLinkedToItsReportDatabase) {
+TEST_F(TemplateCommandsTest, NewInstallationHasTheFourTemplatesLinkedToItsReportDatabase) {
     EXPECT_EQ(
         installation.Forms().Rows(u"SELECT 名称, 元テーブル, 接続, 属性 FROM リンクテーブル ORDER BY rowid"_s).size(),
         4);
@@ -47,7 +47,7 @@ TEST_F(FormsCommandTest, NewInstallationHasTheFourFormsLinkedToItsReportDatabase
     }
 }
 
-TEST_F(FormsCommandTest, ExportWritesEveryFormAndImportTakesThemBack) {
+TEST_F(TemplateCommandsTest, ExportWritesEveryTemplateAndImportTakesThemBack) {
     const ToolOutput out = Forms(u"export"_s, InFolder());
     EXPECT_EQ(out.status, 0) << out.err.toStdString();
     EXPECT_EQ(out.out.count(u'\n'), 4);
@@ -59,7 +59,7 @@ TEST_F(FormsCommandTest, ExportWritesEveryFormAndImportTakesThemBack) {
     EXPECT_EQ(Stored(kList), report::StandardTemplate(kList));
 }
 
-TEST_F(FormsCommandTest, ImportOfAFormWithAMistakeChangesNothing) {
+TEST_F(TemplateCommandsTest, ImportOfATemplateWithAnErrorChangesNothing) {
     Write(kList, u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"[氏明]\"\n"_s);
     Write(kLabels, report::StandardTemplate(kLabels) + u"# 直した\n"_s);
     const ToolOutput output = Forms(u"import"_s, InFolder());
@@ -70,7 +70,7 @@ TEST_F(FormsCommandTest, ImportOfAFormWithAMistakeChangesNothing) {
     for (const QString& name : {kList, kLabels}) EXPECT_EQ(Stored(name), report::StandardTemplate(name));
 }
 
-TEST_F(FormsCommandTest, CheckNamesLineAndReasonOfEachMistake) {
+TEST_F(TemplateCommandsTest, CheckNamesLineAndReasonOfEachError) {
     EXPECT_EQ(Forms(u"check"_s, {kList}).out, u"要員名簿照会: 誤りはありません。\n"_s);
     installation.Forms().Execute(
         u"UPDATE 帳票 SET 定義 = '用紙 A4' || char(10) || '明細 高さ=x' || char(10) || '線 1' WHERE 名称 = '要員名簿照会'"_s);
@@ -85,14 +85,14 @@ TEST_F(FormsCommandTest, CheckNamesLineAndReasonOfEachMistake) {
     EXPECT_EQ(output.err, u"suite-setup: 帳票の定義に誤りが 2 件あります。\n"_s);
 }
 
-TEST_F(FormsCommandTest, CheckTellsALinkThatLeadsNowhere) {
+TEST_F(TemplateCommandsTest, CheckReportsABrokenLink) {
     installation.Forms().Execute(u"UPDATE リンクテーブル SET 接続 = ';DATABASE=/nowhere/repdb.accdb'"_s);
     EXPECT_EQ(
         Forms(u"check"_s, {kList}).out,
         u"要員名簿照会: リンクテーブル「要員名簿照会」を読めません。データベース「/nowhere/repdb.accdb」が見つかりません。\n"_s);
 }
 
-TEST_F(FormsCommandTest, WrongWordsAreRefused) {
+TEST_F(TemplateCommandsTest, WrongWordsAreRefused) {
     struct Case {
         QStringList words;
         QString text;
@@ -115,7 +115,7 @@ TEST_F(FormsCommandTest, WrongWordsAreRefused) {
     }
 }
 
-TEST_F(FormsCommandTest, PdfShowsWhatTheWorkTableHolds) {
+TEST_F(TemplateCommandsTest, PdfShowsWhatTheWorkTableHolds) {
     const QStringList more{kLabels, u"--out"_s, folder.filePath(u"a.pdf"_s)};
     EXPECT_EQ(Forms(u"pdf"_s, more).err,
               u"suite-setup: 帳票「要員名簿照会宛名ラベル」に印刷するデータがありません。\n"_s);

@@ -11,7 +11,7 @@
 #include "database/sqlite/SqliteQuery.h"
 #include "setup/RunTool.h"
 #include "setup/storage/InstallationRights.h"
-#include "setup/storage/MenuEntry.h"
+#include "setup/storage/Installer.h"
 #include "support/FileBytes.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
@@ -100,7 +100,7 @@ TEST_F(SuiteSetupUpgrade, AddsTablesColumnsAndIndexesAndTouchesNoRow) {
     EXPECT_EQ(Upgrade().out, kUpToDate);
 }
 
-TEST_F(SuiteSetupUpgrade, RenewsConfigurationWorkTablesAndPrivateCopiesAlike) {
+TEST_F(SuiteSetupUpgrade, UpgradesConfigurationWorkTablesAndPrivateCopiesAlike) {
     const QString own = Root() + u"/users/花子/conf/usrcnfg.accdb"_s;
     QDir().mkpath(QFileInfo(own).path());
     ASSERT_TRUE(QFile::copy(Configuration(), own));
@@ -202,7 +202,7 @@ TEST_F(SuiteSetupUpgrade, OfAServerThatIsNotReachedChangesNothingAndSaysWhy) {
     EXPECT_NE(ReadBytes(Root() + u"/prgbin/要員名簿照会"_s), "newest");
 }
 
-TEST_F(SuiteSetupUpgrade, TellsWhichFileCannotBeChangedAndLeavesItAndTheProgramsAsTheyWere) {
+TEST_F(SuiteSetupUpgrade, ReportsWhichFileCannotBeChangedAndLeavesItAndTheProgramsAsTheyWere) {
     WriteBytes(General(), "damaged");
     WriteProgram(programs.filePath(u"要員名簿照会"_s), "newest");
     const ToolOutput output = Upgrade();

@@ -1,4 +1,4 @@
-#include "setup/checks/UserAccess.h"
+#include "setup/checks/Checks.h"
 
 #include <gtest/gtest.h>
 #include <pwd.h>
@@ -76,7 +76,7 @@ TEST_F(UserAccessTest, MissingFileGivesNothing) {
     EXPECT_FALSE(setup::UserAccess({}).MayRead(file));
 }
 
-TEST_F(UserAccessTest, WhoeverRunsTheToolMayWhatHeMay) {
+TEST_F(UserAccessTest, CurrentUserHasTheirOwnRights) {
     const QString runner = QString::fromLocal8Bit(getpwuid(getuid())->pw_name);
     SetMode(file, 0600);
     for (const QString& name : {QString(), runner}) {
@@ -86,7 +86,7 @@ TEST_F(UserAccessTest, WhoeverRunsTheToolMayWhatHeMay) {
     }
 }
 
-TEST_F(UserAccessTest, NameThatTheMachineDoesNotKnowStandsForTheRunner) {
+TEST_F(UserAccessTest, UnknownNameMeansTheCurrentUser) {
     EXPECT_TRUE(setup::UserAccess({}).IsKnown());
     EXPECT_TRUE(setup::UserAccess(kOther).IsKnown());
     EXPECT_FALSE(setup::UserAccess(u"no such user"_s).IsKnown());
@@ -94,7 +94,7 @@ TEST_F(UserAccessTest, NameThatTheMachineDoesNotKnowStandsForTheRunner) {
     EXPECT_TRUE(setup::UserAccess(u"no such user"_s).MayRead(file));
 }
 
-TEST_F(UserAccessTest, RegistryOfAnotherUserLiesInTheHomeUnlessTheEnvironmentNamesOne) {
+TEST_F(UserAccessTest, RegistryOfAnotherUserIsInTheirHomeUnlessTheEnvironmentNamesOne) {
     qunsetenv("MEIBO_USER_REGISTRY");
     const QString home = QFile::decodeName(getpwuid(kOtherId)->pw_dir);
     EXPECT_EQ(setup::UserAccess(kOther).RegistryFile(), home + u"/.config/youin-meibo/registry"_s);

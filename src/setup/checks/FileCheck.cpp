@@ -1,12 +1,11 @@
-#include "setup/checks/FileCheck.h"
-
+// The checks of files, of Checks.h.
 #include <QFileInfo>
 
 #include "database/LinkedTables.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
-#include "setup/storage/ConfigurationFiles.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/checks/Checks.h"
+#include "setup/storage/Installation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,17 +13,17 @@ namespace setup {
 
 namespace {
 
-void CheckLinks(CheckReport& findings, const QString& formsFile, const QString& workTables) {
+void CheckLinks(CheckReport& findings, const QString& templateFile, const QString& workTables) {
     try {
-        const auto file = database::SuiteTableEngine().OpenDatabase(formsFile);
+        const auto file = database::SuiteTableEngine().OpenDatabase(templateFile);
         for (const database::TableDef& table : file->TableDefs()) {
             const QString linked = database::DatabaseOfConnectText(table.Connect);
             if (table.Attributes == database::kLinkedTable && linked != workTables)
                 findings.Add(u"帳票ファイル %1 のテーブル %2 が %4 ではなく %3 にリンクしています。"_s.arg(
-                    formsFile, table.Name, linked, workTables));
+                    templateFile, table.Name, linked, workTables));
         }
     } catch (const platform::RuntimeError& error) {
-        findings.Add(u"帳票ファイル %1 を開けません。%2"_s.arg(formsFile, platform::TextForPeople(error)));
+        findings.Add(u"帳票ファイル %1 を開けません。%2"_s.arg(templateFile, platform::TextForPeople(error)));
     }
 }
 
@@ -48,7 +47,7 @@ void CheckProgram(CheckReport& findings, const UserAccess& user, const QString& 
 bool CheckDatabase(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what) {
     if (!CheckFile(findings, user, path, what)) return false;
     try {
-        OpenForReading(path);
+        OpenSuiteFile(path, database::ConnectMode::Read);
         return true;
     } catch (const platform::RuntimeError& error) {
         findings.Add(u"%1 %2 を開けません。%3"_s.arg(what, path, platform::TextForPeople(error)));
@@ -69,7 +68,7 @@ void CheckReportFiles(CheckReport& findings, const UserAccess& user, const QStri
     const QString what = u"帳票データベース"_s;
     if (CheckDatabase(findings, user, workTables, what) && own) CheckWritable(findings, user, workTables, what);
     CheckFile(findings, user, place.path() + u"/repfrmdb."_s + place.suffix(), u"帳票ファイル"_s);
-    for (const QString& file : FormsFilesIn(place.path())) CheckLinks(findings, file, workTables);
+    for (const QString& file : TemplateFilesIn(place.path())) CheckLinks(findings, file, workTables);
 }
 
 }  // namespace setup

@@ -1,12 +1,12 @@
-#include "setup/checks/HostCheck.h"
-
+// The checks of the report host, of Checks.h.
 #include <QFileInfo>
 #include <optional>
 
 #include "data/ReportHostTrust.h"
 #include "platform/Services.h"
 #include "platform/registry/FileRegistry.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "setup/checks/Checks.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -57,7 +57,7 @@ QStringList HostFaults(const UserAccess& user) {
     if (const QStringList faults = RegistryFaults(registry, content); !faults.isEmpty()) return faults;
     const std::optional<QString> folder = RegisteredHostFolder();
     if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
-    const QString program = *folder + kHostProgramName;
+    const QString program = *folder + kReportHostProgram;
     if (!QFileInfo(program).isFile()) return {u"登録されている帳票ホスト %1 がありません。"_s.arg(program)};
     if (!user.MayRun(program)) return {u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program)};
     if (!IsKnownHost(*folder))

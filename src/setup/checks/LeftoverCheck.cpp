@@ -1,5 +1,4 @@
-#include "setup/checks/LeftoverCheck.h"
-
+// The check for leftovers of killed processes, of Checks.h.
 #include <QDir>
 #include <QFileInfo>
 
@@ -8,7 +7,8 @@
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/template/OutputTarget.h"
 #include "report-host/template/TemplateFile.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/checks/Checks.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
@@ -28,11 +28,11 @@ QStringList FaultsIn(const QString& folder, const QString& prefix, const QString
 }
 
 /// Output folders of the reports in a template file. An unreadable file is reported by other checks.
-QStringList OutputFolders(const QString& formsFile) {
+QStringList OutputFolders(const QString& templateFile) {
     QStringList folders;
     try {
-        for (const QString& report : QStringList{QString()} + report::TemplateFile(formsFile).Names())
-            if (const OutputTarget place = ReadOutputTarget(formsFile, report);
+        for (const QString& report : QStringList{QString()} + report::TemplateFile(templateFile).Names())
+            if (const OutputTarget place = ReadOutputTarget(templateFile, report);
                 place.kind == OutputTarget::Kind::Folder)
                 folders.append(place.name);
     } catch (const platform::RuntimeError&) {
@@ -42,8 +42,8 @@ QStringList OutputFolders(const QString& formsFile) {
 }
 
 QStringList FoldersOfTheHost(const QString& root) {
-    QStringList files = FormsFilesIn(CommonPlaces(root).report), folders{QDir::tempPath()};
-    for (const FilePlaces& places : AllPrivatePlaces(root)) files += FormsFilesIn(places.report);
+    QStringList files = TemplateFilesIn(CommonPlaces(root).report), folders{QDir::tempPath()};
+    for (const FilePlaces& places : AllPrivatePlaces(root)) files += TemplateFilesIn(places.report);
     for (const QString& file : files) folders += OutputFolders(file);
     folders.removeDuplicates();
     return folders;

@@ -1,9 +1,9 @@
-#include "setup/checks/UserAccess.h"
-
+// The class UserAccess of Checks.h.
 #include <algorithm>
 
 #include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"
+#include "setup/checks/Checks.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,6 @@
 #include <QCommandLineParser>
 
 #include "setup/UsageError.h"
-#include "setup/commands/VerbTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +29,7 @@ QString Written(const QString& name, const QStringList& words) {
     return u'-' + name;
 }
 
-/// The parser has one untranslated message for both mistakes, and takes a following option as the value.
+/// The parser has one untranslated message for both errors, and takes a following option as the value.
 void CheckValues(const Verb& verb, const QStringList& words) {
     for (qsizetype i = 0; i < words.size() && words[i] != u"--"_s; ++i)
         for (const OptionDefinition& option : verb.options) {

@@ -1,12 +1,22 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
+#include <QTextStream>
+#include <functional>
 
 namespace setup {
 
-struct Verb;
+/// Output streams and environment of a command.
+struct Console {
+    QTextStream& out;
+    QTextStream& err;
+    QString programFolder;  ///< folder that contains all built programs
+    /// Waits before the next poll of a followed history; False stops following.
+    std::function<bool()> waitForMore;
+};
 
 /// Names of the options.
 namespace option {
@@ -17,6 +27,40 @@ inline constexpr QStringView kAddMissing = u"--add-missing", kFolder = u"--folde
                              kSeed = u"--seed", kStaff = u"--staff", kToDefault = u"--to-default",
                              kToFolder = u"--to-folder", kToPrinter = u"--to-printer", kUser = u"--user";
 }  // namespace option
+
+class Arguments;
+
+/// A text in the languages of the manual pages. Help texts are Japanese.
+struct Words {
+    QString japanese, english;
+
+    bool IsEmpty() const { return japanese.isEmpty(); }
+};
+
+struct OperandDefinition {
+    Words name;
+    Words description{};
+    QString missing{};        ///< message if it is not given; empty: it may be left out
+    bool mayBeEmpty = false;  ///< otherwise an empty text counts as not given
+};
+
+struct OptionDefinition {
+    QStringView name;       ///< one of namespace option
+    Words value{};          ///< name of its value; empty: it takes none
+    Words description{};    ///< may have several lines
+    bool required = false;  ///< shown without brackets; the verb itself refuses to run without it
+};
+
+struct Verb {
+    QString name;  ///< one word, or two with a blank between
+    QList<OperandDefinition> operands{};
+    QList<OptionDefinition> options{};
+    Words summary{};      ///< empty: an internal verb, which no text mentions
+    Words description{};  ///< paragraphs, one per line
+    void (*run)(const Arguments&, const Console&);
+
+    bool IsInternal() const { return summary.IsEmpty(); }
+};
 
 /// Parsed command line of a verb.
 class Arguments {

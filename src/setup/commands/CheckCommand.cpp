@@ -3,19 +3,17 @@
 
 #include <QFileInfo>
 
+#include "data/Connections.h"
 #include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
 #include "platform/SealedPins.h"
 #include "setup/UsageError.h"
-#include "setup/checks/FileCheck.h"
-#include "setup/checks/HostCheck.h"
-#include "setup/checks/LeftoverCheck.h"
+#include "setup/checks/Checks.h"
 #include "setup/schema/GeneralDatabase.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/InstallationRights.h"
-#include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
 #include "setup/storage/PinSealing.h"
 
@@ -29,9 +27,9 @@ constexpr long kWorkFailed = 1;
 constexpr int kSharedFiles = 0, kPrivateCopies = 1;
 
 /// Missing PIN tables are reported by another check.
-void CheckPins(CheckReport& findings, const QString& root, database::Connection& general, bool onServer) {
+void CheckPins(CheckReport& findings, const QString& root, database::Connection& general, DatabasePlace place) {
     try {
-        const QString fault = ClearPinsFault(root, general, onServer);
+        const QString fault = ClearPinsFault(root, general, place);
         if (!fault.isEmpty()) findings.Add(fault);
     } catch (const database::DatabaseError& error) {
         if (error.Number() != database::kStatementFailure) throw;
@@ -42,7 +40,7 @@ void CheckPinsOfFile(CheckReport& findings, const QString& root, const GeneralDa
     try {
         database::Connection general;
         OpenDefined(general, definition, database::ConnectMode::Read);
-        CheckPins(findings, root, general, false);
+        CheckPins(findings, root, general, DatabasePlace::File);
     } catch (const database::DatabaseError&) {
         // CheckDatabase has reported it already.
     }
@@ -56,7 +54,7 @@ void CheckServer(CheckReport& findings, const QString& root, const GeneralDataba
             findings.Add(u"一般データベースに%1 がありません。"_s.arg(missing));
         for (const ServerTextFault& fault : FindServerTextFaults(server))
             findings.Add(u"一般データベースの%1。次を実行してください。\n    %2"_s.arg(fault.what, fault.remedy));
-        CheckPins(findings, root, server, true);
+        CheckPins(findings, root, server, DatabasePlace::Server);
     } catch (const platform::RuntimeError& error) {
         findings.Add(u"一般データベースのサーバーに接続できません。%1"_s.arg(platform::TextForPeople(error)));
     }
@@ -64,7 +62,7 @@ void CheckServer(CheckReport& findings, const QString& root, const GeneralDataba
 
 QString CommonConfiguration(const QString& root) {
     const QString found = ConfigurationFile(CommonPlaces(root).conf);
-    return found.isEmpty() ? CommonPlaces(root).conf + u"/usrcnfg.accdb"_s : found;
+    return found.isEmpty() ? CommonPlaces(root).conf + u'/' + DesktopFileName(u"usrcnfg"_s, FileKind::Accdb) : found;
 }
 
 void CheckGeneral(CheckReport& findings, const UserAccess& user, const QString& root, const QString& configuration) {

@@ -1,10 +1,10 @@
-#include "setup/commands/Commands.h"
-
+// RunSetup of Verbs.h.
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
-#include "setup/commands/HelpText.h"
+#include "setup/commands/VerbTable.h"
+#include "setup/commands/Verbs.h"
 
 using namespace Qt::StringLiterals;
 

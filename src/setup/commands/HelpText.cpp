@@ -1,6 +1,6 @@
-#include "setup/commands/HelpText.h"
-
-#include "setup/commands/TerminalTable.h"
+// The help texts of VerbTable.h.
+#include "setup/TerminalTable.h"
+#include "setup/commands/VerbTable.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,8 +20,7 @@ QStringList SynopsisParts(const Verb& verb) {
     QStringList parts;
     for (const OperandDefinition& operand : verb.operands)
         parts.append(Bracketed(operand.name.japanese, IsOptional(operand)));
-    for (const OptionDefinition& option : verb.options)
-        parts.append(Bracketed(OptionText(option), IsOptional(option)));
+    for (const OptionDefinition& option : verb.options) parts.append(Bracketed(OptionText(option), IsOptional(option)));
     return parts;
 }
 
@@ -68,8 +67,8 @@ QString OverallHelp() {
 }
 
 QString VerbHelp(const Verb& verb) {
-    QString text = Synopsis(u"使い方: suite-setup "_s + verb.name, verb) + u'\n' +
-                   Indented(verb.description.japanese, 0);
+    QString text =
+        Synopsis(u"使い方: suite-setup "_s + verb.name, verb) + u'\n' + Indented(verb.description.japanese, 0);
     if (!verb.operands.isEmpty()) text += u"\n引数:\n"_s;
     for (const OperandDefinition& operand : verb.operands)
         text += Explained(operand.name.japanese, operand.description.japanese);

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "setup/UsageError.h"
-#include "setup/commands/HistorySource.h"
+#include "setup/commands/HistoryRuns.h"
 
 using namespace Qt::StringLiterals;
 

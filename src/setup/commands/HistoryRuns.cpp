@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <numeric>
 
-#include "setup/commands/TerminalTable.h"
+#include "setup/TerminalTable.h"
+#include "setup/storage/Installation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +24,18 @@ QString WithoutLeadingZeros(const QString& counter) {
     qsizetype zeros = 0;
     while (zeros + 1 < counter.size() && counter[zeros] == u'0') ++zeros;
     return counter.mid(zeros);
+}
+
+HistoryRow RowOf(const database::Recordset& row, const QString& file) {
+    const auto text = [&](QStringView column) { return row[column].TextOr(u""_s); };
+    return {.time = text(u"実行日付"),
+            .program = text(u"プログラムID"),
+            .counter = text(u"proccounter"),
+            .text = text(u"摘要"),
+            .office = text(u"運用事業所コード"),
+            .staff = text(u"起動担当者コード"),
+            .user = text(u"ユーザID"),
+            .source = file};
 }
 
 }  // namespace
@@ -80,6 +93,29 @@ QStringList RunLines(const HistoryRun& run, int number) {
     for (const HistoryRow& row : run.rows) lines.append(RowLine(row));
     if (!run.Ended()) lines.append(u"      （終了の行がありません）"_s);
     return lines;
+}
+
+QList<HistoryRow> HistorySource::NewRows() {
+    database::Connection connection = OpenSuiteFile(file_, database::ConnectMode::Read);
+    database::Recordset row;
+    row.Open(
+        u"SELECT rowid AS 行, 実行日付, プログラムID, proccounter, 摘要, 運用事業所コード, 起動担当者コード,"
+        u" ユーザID FROM プログラム稼動履歴 WHERE rowid > %1 ORDER BY rowid"_s.arg(lastRow_),
+        connection);
+    QList<HistoryRow> rows;
+    for (; !row.AtEOF(); row.MoveNext()) {
+        rows.append(RowOf(row, file_));
+        lastRow_ = row[u"行"].Text().toLongLong();
+    }
+    row.Close();
+    return rows;
+}
+
+QList<HistorySource> HistorySources(const QString& installation, const QString& user) {
+    QList<HistorySource> sources;
+    for (const ConfigurationInUse& configuration : ConfigurationsInUse(installation, user))
+        sources.append(HistorySource(configuration.file));
+    return sources;
 }
 
 }  // namespace setup

@@ -2,11 +2,11 @@
 #include <QFileInfo>
 #include <limits>
 
-#include "setup/commands/Verbs.h"
-#include "setup/sample/SampleTrial.h"
-#include "setup/storage/Installer.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "data/Connections.h"
 #include "platform/SealedPins.h"
+#include "setup/commands/Verbs.h"
+#include "setup/sample/Sample.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +15,7 @@ namespace setup {
 namespace {
 
 void ShowTrialPeople(const QString& root, FileKind kind, const Console& console) {
-    const QString general = root + u"/data/gnrdb"_s + (kind == FileKind::Mdb ? u".mdb"_s : u".accdb"_s);
+    const QString general = root + u"/data/"_s + DesktopFileName(u"gnrdb"_s, kind);
     console.out << u"起動すると暗証番号を尋ねます。次の要員で試せます。\n"_s;
     for (const QString& line : TrialPeople(general, root + u"/conf/"_s + platform::PinKeyFileName()))
         console.out << u"  "_s << line << u'\n';
@@ -27,7 +27,7 @@ void TryToRegisterHost(const QString& root, const Console& console) {
         RegisterReportHost(root);
     } catch (const platform::RuntimeError& error) {
         // One host serves all installations of the machine.
-        if (QFileInfo(RegisteredHostFolder().value_or(QString()) + kHostProgramName).isFile()) return;
+        if (QFileInfo(RegisteredHostFolder().value_or(QString()) + kReportHostProgram).isFile()) return;
         console.err << platform::TextForPeople(error) << u"印刷するには、管理者が次を実行してください。\n"_s
                     << u"  suite-setup registry set '%1' Path '%2'\n"_s.arg(ReportHostKey(), ReportHostFolder(root));
     }

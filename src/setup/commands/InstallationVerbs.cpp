@@ -43,20 +43,22 @@ Verb Init() {
     return {
         .name = u"init"_s,
         .operands = {InstallationOperand()},
-        .options = SampleOptions() + KindOptions() +
-                   QList<OptionDefinition>{
-                       {.name = option::kPin,
-                        .description = {u"暗証番号を尋ねる会社にして、権限の異なる要員 4 名を暗証番号とともに表示する"_s,
-                                        u"make a company that asks for PINs, and print four people with different "
-                                        u"rights and their PINs"_s}},
-                       {.name = option::kReplace,
-                        .description = {u"既にあるインストールを作り直す（中のデータは失われる）"_s,
-                                        u"replace an existing installation; its data are lost"_s}},
-                       MenuOption()},
+        .options =
+            SampleOptions() + KindOptions() +
+            QList<OptionDefinition>{
+                {.name = option::kPin,
+                 .description = {u"暗証番号を尋ねる会社にして、権限の異なる要員 4 名を暗証番号とともに表示する"_s,
+                                 u"make a company that asks for PINs, and print four people with different "
+                                 u"rights and their PINs"_s}},
+                {.name = option::kReplace,
+                 .description = {u"既にあるインストールを作り直す（中のデータは失われる）"_s,
+                                 u"replace an existing installation; its data are lost"_s}},
+                MenuOption()},
         .summary = {u"インストールを作る"_s, u"create an installation"_s},
-        .description = {u"すべてのテーブルと見本の要員を持つインストールを作ります。フォルダは空か、まだないものを指定します。"_s,
-                        u"Creates an installation with all tables and a sample staff. The folder must be empty or not "
-                        u"exist."_s},
+        .description =
+            {u"すべてのテーブルと見本の要員を持つインストールを作ります。フォルダは空か、まだないものを指定します。"_s,
+             u"Creates an installation with all tables and a sample staff. The folder must be empty or not "
+             u"exist."_s},
         .run = CreateInstallation};
 }
 
@@ -67,11 +69,12 @@ Verb Upgrade() {
                                     u"also upgrade the general database on a server, as the owner of its tables"_s}),
                         MenuOption()},
             .summary = {u"インストールを新しい版にする"_s, u"upgrade an installation to this version"_s},
-            .description = {u"プログラムを新しい版に替え、グループと権限を直し、増えたテーブル、列、索引、帳票を加えます。"
-                            u"データには触れません。新しい版の suite-setup で実行します。繰り返し実行できます。"_s,
-                            u"Replaces the programs, corrects group and modes, and adds the tables, columns, indexes "
-                            u"and reports that the new version needs. Changes no row. Run it with the suite-setup of the new "
-                            u"version. May be repeated."_s},
+            .description =
+                {u"プログラムを新しい版に替え、グループと権限を直し、増えたテーブル、列、索引、帳票を加えます。"
+                 u"データには触れません。新しい版の suite-setup で実行します。繰り返し実行できます。"_s,
+                 u"Replaces the programs, corrects group and modes, and adds the tables, columns, indexes "
+                 u"and reports that the new version needs. Changes no row. Run it with the suite-setup of the new "
+                 u"version. May be repeated."_s},
             .run = UpgradeInstallation};
 }
 

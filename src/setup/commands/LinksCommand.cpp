@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "platform/Services.h"
-#include "setup/commands/TerminalTable.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/TerminalTable.h"
+#include "setup/storage/Installation.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +50,7 @@ QStringList LineOf(const database::Recordset& row, const QDateTime& now) {
 /// Heading and pending messages of one file; only those of `user` if it is not empty.
 QList<QStringList> WaitingMessages(const QString& file, const QString& user) {
     const QDateTime now = platform::Services().clock->Now();
-    database::Connection connection = OpenForReading(file);
+    database::Connection connection = OpenSuiteFile(file, database::ConnectMode::Read);
     database::Recordset row;
     row.Open(u"SELECT * FROM プログラム連携情報 ORDER BY 発信日時, rowid"_s, connection);
     QList<QStringList> lines{kHeading};

@@ -9,21 +9,22 @@ namespace setup {
 namespace {
 
 Verb History() {
-    return {.name = u"history"_s,
-            .operands = {InstallationOperand()},
-            .options = {{.name = option::kRun,
-                         .value = {u"N"_s, u"N"_s},
-                         .description = {u"新しい方から N 番目の実行だけを表示する"_s, u"show the N-th newest run only"_s}},
-                        {.name = option::kUser,
-                         .value = {u"利用者"_s, u"USER"_s},
-                         .description = {u"この利用者の履歴だけを表示する"_s, u"show the rows of this user only"_s}},
-                        {.name = option::kFollow,
-                         .description = {u"中断されるまで、追加される行を待って表示する"_s,
-                                         u"wait for further rows until interrupted"_s}}},
-            .summary = {u"稼動履歴を表示する"_s, u"show the run history"_s},
-            .description = {u"プログラムの稼動履歴を、実行ごとにまとめて古い順に表示します。"_s,
-                            u"Shows the run history of the programs, grouped by runs, newest last."_s},
-            .run = ShowHistory};
+    return {
+        .name = u"history"_s,
+        .operands = {InstallationOperand()},
+        .options = {{.name = option::kRun,
+                     .value = {u"N"_s, u"N"_s},
+                     .description = {u"新しい方から N 番目の実行だけを表示する"_s, u"show the N-th newest run only"_s}},
+                    {.name = option::kUser,
+                     .value = {u"利用者"_s, u"USER"_s},
+                     .description = {u"この利用者の履歴だけを表示する"_s, u"show the rows of this user only"_s}},
+                    {.name = option::kFollow,
+                     .description = {u"中断されるまで、追加される行を待って表示する"_s,
+                                     u"wait for further rows until interrupted"_s}}},
+        .summary = {u"稼動履歴を表示する"_s, u"show the run history"_s},
+        .description = {u"プログラムの稼動履歴を、実行ごとにまとめて古い順に表示します。"_s,
+                        u"Shows the run history of the programs, grouped by runs, newest last."_s},
+        .run = ShowHistory};
 }
 
 Verb Links() {

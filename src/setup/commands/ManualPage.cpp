@@ -1,10 +1,9 @@
-#include "setup/commands/ManualPage.h"
-
+// The manual page of VerbTable.h.
 #include <QRegularExpression>
 
+#include "setup/TerminalTable.h"
 #include "setup/UsageError.h"
-#include "setup/commands/HelpText.h"
-#include "setup/commands/TerminalTable.h"
+#include "setup/commands/VerbTable.h"
 #include "setup/commands/Verbs.h"
 
 using namespace Qt::StringLiterals;
@@ -50,7 +49,8 @@ suite\-setup \- create and maintain installations of the staff inquiry
 
 const Words kDescription{
     u"インストールは、データベース、構成、帳票、プログラムを持つ一つのフォルダです。"
-    u"オプションはどこに書いてもかまいません。値は空白か「=」で続けます。同じオプションを重ねて指定すると、最後の値を使います。"
+    u"オプションはどこに書いてもかまいません。値は空白か「="
+    u"」で続けます。同じオプションを重ねて指定すると、最後の値を使います。"
     u"「-」で始まる引数は、-- の後に書きます。"_s,
     u"An installation is one folder with databases, configuration, reports and programs. Options may be at any "
     u"position, with the value in the next argument or after \"=\". Of an option given several times the last value "
@@ -152,8 +152,7 @@ QString Entry(const Verb& verb, Language language) {
 }  // namespace
 
 QString ManualPage(const QString& language) {
-    if (language != u"ja"_s && language != u"en"_s)
-        throw UsageError(u"言語 %1 の説明書はありません。"_s.arg(language));
+    if (language != u"ja"_s && language != u"en"_s) throw UsageError(u"言語 %1 の説明書はありません。"_s.arg(language));
     const Language chosen = language == u"ja"_s ? &Words::japanese : &Words::english;
     QString page = kOpening.*chosen + Escaped(kDescription.*chosen) + u'\n' + kVerbs.*chosen;
     for (const Verb& verb : AllVerbs())

@@ -7,10 +7,8 @@
 #include "database/sql/Quoting.h"
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
-#include "setup/storage/ConfigurationFiles.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
-#include "setup/storage/ReportHostInstallation.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -26,9 +24,9 @@ struct Move {
     QString root;
     const Console& console;
     int changes = 0;
-    QStringList outside, failures;
+    QStringList outside{}, failures{};
 
-    void Tell(const QString& file, const QString& from, const QString& to) {
+    void Report(const QString& file, const QString& from, const QString& to) {
         ++changes;
         console.out << u"%1: %2 → %3\n"_s.arg(file, from, to);
     }
@@ -36,15 +34,8 @@ struct Move {
 
 QString FileName(QString path) { return path.replace(u'\\', u'/').section(u'/', -1); }
 
-database::Connection OpenForWriting(const QString& file) {
-    database::Connection connection;
-    connection.CursorLocation = database::CursorLocation::Client;
-    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
-    return connection;
-}
-
 void MoveDefinition(Move& move, const QString& file) {
-    database::Connection connection = OpenForWriting(file);
+    database::Connection connection = OpenSuiteFile(file, database::ConnectMode::ReadWrite);
     database::Recordset row;
     row.Open(u"SELECT db, データソース名 FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
     if (row.AtEOF()) return;
@@ -62,17 +53,17 @@ void MoveDefinition(Move& move, const QString& file) {
     }
     connection.Execute(
         u"UPDATE データベース定義 SET データソース名 = %1 WHERE 情報種類 = 'GNR'"_s.arg(database::TextLiteral(own)));
-    move.Tell(file, source, own);
+    move.Report(file, source, own);
 }
 
-void MoveLinks(Move& move, const QString& formsFile, const QString& workTables) {
-    const auto file = database::SuiteTableEngine().OpenDatabase(formsFile);
+void MoveLinks(Move& move, const QString& templateFile, const QString& workTables) {
+    const auto file = database::SuiteTableEngine().OpenDatabase(templateFile);
     for (database::TableDef& table : file->TableDefs()) {
         const QString old = database::DatabaseOfConnectText(table.Connect);
         if (table.Attributes != database::kLinkedTable || old == workTables) continue;
         table.Connect = database::ConnectTextOf(workTables);
         file->RefreshLink(table);
-        move.Tell(formsFile + u" の "_s + table.Name, old, workTables);
+        move.Report(templateFile + u" の "_s + table.Name, old, workTables);
     }
 }
 
@@ -89,14 +80,14 @@ void Try(Move& move, const QString& file, Step step) {
 void MovePlaces(Move& move, const FilePlaces& places) {
     const QString configuration = ConfigurationFile(places.conf);
     if (!configuration.isEmpty()) Try(move, configuration, [&] { MoveDefinition(move, configuration); });
-    for (const QString& forms : FormsFilesIn(places.report))
-        Try(move, forms, [&] { MoveLinks(move, forms, WorkTablesIn(places.report)); });
+    for (const QString& file : TemplateFilesIn(places.report))
+        Try(move, file, [&] { MoveLinks(move, file, WorkTablesIn(places.report)); });
 }
 
 }  // namespace
 
 void MoveInstallation(const Arguments& arguments, const Console& console) {
-    Move move{InstallationRoot(arguments.Installation()), console, 0, {}, {}};
+    Move move{.root = InstallationRoot(arguments.Installation()), .console = console};
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(move.root);
     MovePlaces(move, CommonPlaces(move.root));
     for (const FilePlaces& places : privatePlaces) MovePlaces(move, places);

@@ -4,11 +4,9 @@
 #include "database/sqlite/OpenSqlite.h"
 #include "platform/SealedPins.h"
 #include "setup/UsageError.h"
-#include "setup/commands/OdbcString.h"
 #include "setup/commands/Verbs.h"
 #include "setup/schema/GeneralDatabase.h"
-#include "setup/storage/ConfigurationFiles.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 #include "setup/storage/PinSealing.h"
 

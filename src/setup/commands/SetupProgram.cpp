@@ -8,7 +8,7 @@
 #include "platform/EndRequest.h"
 #include "platform/TerminationSignal.h"
 #include "platform/ToolkitStart.h"
-#include "setup/commands/Commands.h"
+#include "setup/commands/Verbs.h"
 
 namespace {
 

@@ -8,17 +8,12 @@
 #include "database/sqlite/SqliteQuery.h"
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
-#include "setup/commands/OdbcString.h"
-#include "setup/sample/Manual.h"
+#include "setup/sample/Sample.h"
 #include "setup/schema/GeneralDatabase.h"
 #include "setup/schema/SchemaUpgrade.h"
-#include "setup/schema/ServerSchemaUpgrade.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/InstallationRights.h"
-#include "setup/storage/InstallationUsers.h"
 #include "setup/storage/Installer.h"
-#include "setup/storage/MenuEntry.h"
-#include "setup/storage/ProgramFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,49 +30,49 @@ struct Upgrade {
     bool changed = false;
     QStringList refused{};  ///< entries of other owners, whose rights could not be corrected
 
-    void Tell(const QString& line) {
+    void Report(const QString& line) {
         changed = true;
         console.out << line << u'\n';
     }
 };
 
-using Renewal = std::function<QStringList(sqlite3*)>;
+using FileUpgrade = std::function<QStringList(sqlite3*)>;
 
 /// Runs the schema upgrade in one transaction, so that a failure leaves the file unchanged.
-void RenewFile(Upgrade& upgrade, const QString& file, const Renewal& renewal) {
+void UpgradeFile(Upgrade& upgrade, const QString& file, const FileUpgrade& change) {
     try {
         const database::SqliteDatabase database = database::OpenSqliteFile(file, database::ConnectMode::ReadWrite);
         database::RunSql(database.get(), u"BEGIN IMMEDIATE"_s);
-        const QStringList added = renewal(database.get());
+        const QStringList added = change(database.get());
         database::RunSql(database.get(), u"COMMIT"_s);
-        for (const QString& line : added) upgrade.Tell(u"%1: %2 を追加しました。"_s.arg(file, line));
+        for (const QString& line : added) upgrade.Report(u"%1: %2 を追加しました。"_s.arg(file, line));
     } catch (const database::DatabaseError& error) {
         throw platform::RuntimeError(kWorkFailed,
                                      u"%1 を更新できません。%2"_s.arg(file, platform::TextForPeople(error)));
     }
 }
 
-Renewal Schema(DatabaseKind store) {
-    return [store](sqlite3* database) { return RenewSchema(database, store); };
+FileUpgrade SchemaUpgrade(DatabaseKind kind) {
+    return [kind](sqlite3* database) { return UpgradeSchema(database, kind); };
 }
 
-void RenewPlaces(Upgrade& upgrade, const FilePlaces& places) {
+void UpgradePlaces(Upgrade& upgrade, const FilePlaces& places) {
     if (const QString file = ConfigurationFile(places.conf); !file.isEmpty())
-        RenewFile(upgrade, file, Schema(DatabaseKind::Configuration));
+        UpgradeFile(upgrade, file, SchemaUpgrade(DatabaseKind::Configuration));
     const QString workTables = WorkTablesIn(places.report);
-    if (QFileInfo(workTables).isFile()) RenewFile(upgrade, workTables, Schema(DatabaseKind::Report));
-    for (const QString& forms : FormsFilesIn(places.report))
-        RenewFile(upgrade, forms, [&](sqlite3* database) {
-            return RenewSchema(database, DatabaseKind::Forms) + AddMissingForms(database, workTables);
+    if (QFileInfo(workTables).isFile()) UpgradeFile(upgrade, workTables, SchemaUpgrade(DatabaseKind::Report));
+    for (const QString& file : TemplateFilesIn(places.report))
+        UpgradeFile(upgrade, file, [&](sqlite3* database) {
+            return UpgradeSchema(database, DatabaseKind::Forms) + AddMissingTemplates(database, workTables);
         });
 }
 
 /// Altering tables needs their owner, which is rarely the account that the programs use.
-void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& owner, const QString& configuration) {
+void UpgradeGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& owner, const QString& configuration) {
     try {
         database::Connection server;
         OpenDefined(server, owner, database::ConnectMode::ReadWrite);
-        for (const QString& line : RenewServer(server)) upgrade.Tell(u"サーバー: %1"_s.arg(line));
+        for (const QString& line : UpgradeServerSchema(server)) upgrade.Report(u"サーバー: %1"_s.arg(line));
     } catch (const database::DatabaseError& error) {
         throw platform::RuntimeError(
             kWorkFailed, u"サーバーの一般データベースを更新できません。%1"_s.arg(platform::TextForPeople(error)));
@@ -86,30 +81,31 @@ void RenewGeneralOnServer(Upgrade& upgrade, const GeneralDatabaseDefinition& own
 }
 
 /// Upgrades the general database of the definition row.
-void RenewGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
+void UpgradeGeneral(Upgrade& upgrade, const QString& configuration, const Arguments& arguments) {
     const std::optional<GeneralDatabaseDefinition> definition = FindDefinition(configuration);
     if (!definition) return;
     const bool file = definition->db == u"A"_s, asked = arguments.Has(option::kOdbc);
     if (file && asked) throw UsageError(u"一般データベースはファイルです。--odbc は付けられません。"_s);
     if (file)
-        return RenewFile(upgrade, database::SqlitePath(definition->データソース名), Schema(DatabaseKind::General));
-    if (asked) return RenewGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
+        return UpgradeFile(upgrade, database::SqlitePath(definition->データソース名),
+                           SchemaUpgrade(DatabaseKind::General));
+    if (asked) return UpgradeGeneralOnServer(upgrade, DefinitionFrom(arguments), configuration);
     upgrade.console.out << u"一般データベースはサーバーにあるので、そのままです。"_s
                         << u"--odbc に所有者の接続文字列を付けると、足りない表や列を加えます。\n"_s;
 }
 
-void RenewPrograms(Upgrade& upgrade) {
+void UpgradePrograms(Upgrade& upgrade) {
     for (const QString& file : InstallPrograms(upgrade.console.programFolder, upgrade.root))
-        upgrade.Tell(u"%1 を新しくしました。"_s.arg(file));
+        upgrade.Report(u"%1 を新しくしました。"_s.arg(file));
 }
 
 /// A changed manual may be the site's and is not overwritten.
-void RenewManual(Upgrade& upgrade) {
+void UpgradeManual(Upgrade& upgrade) {
     const QString manual = upgrade.root + u"/manual/要員名簿照会.doc"_s;
     QFile present(manual);
     if (!present.exists()) {
         WriteManual(manual);
-        return upgrade.Tell(u"%1 を作りました。"_s.arg(manual));
+        return upgrade.Report(u"%1 を作りました。"_s.arg(manual));
     }
     if (!present.open(QIODevice::ReadOnly) || present.readAll() == ManualDocument()) return;
     const QString beside = manual + u".new"_s;
@@ -118,9 +114,9 @@ void RenewManual(Upgrade& upgrade) {
 }
 
 /// Earlier versions made installations readable for every user of the machine and left them in the creator's group.
-void RenewRights(Upgrade& upgrade) {
+void CorrectAllRights(Upgrade& upgrade) {
     const RightsChanges changes = CorrectRights(upgrade.root);
-    for (const QString& line : changes.done) upgrade.Tell(u"権限を直しました。"_s + line);
+    for (const QString& line : changes.done) upgrade.Report(u"権限を直しました。"_s + line);
     upgrade.refused = changes.refused;
 }
 
@@ -141,18 +137,18 @@ void EnterInMenu(const QString& root, const Console& console) {
 }
 
 void UpgradeInstallation(const Arguments& arguments, const Console& console) {
-    Upgrade upgrade{InstallationRoot(arguments.Installation()), console};
+    Upgrade upgrade{.root = InstallationRoot(arguments.Installation()), .console = console};
     CheckUpgrade(upgrade.root, console.programFolder);
     const FilePlaces common = CommonPlaces(upgrade.root);
     const QList<FilePlaces> privatePlaces = AllPrivatePlacesToChange(upgrade.root);
     // Tables first: old programs work with new columns, new programs fail without them.
-    RenewGeneral(upgrade, ConfigurationFile(common.conf), arguments);
-    RenewRights(upgrade);
-    RenewPlaces(upgrade, common);
-    for (const FilePlaces& places : privatePlaces) RenewPlaces(upgrade, places);
-    RenewPrograms(upgrade);
-    RenewManual(upgrade);
-    CorrectRights(upgrade.root);  // of the files added since RenewRights
+    UpgradeGeneral(upgrade, ConfigurationFile(common.conf), arguments);
+    CorrectAllRights(upgrade);
+    UpgradePlaces(upgrade, common);
+    for (const FilePlaces& places : privatePlaces) UpgradePlaces(upgrade, places);
+    UpgradePrograms(upgrade);
+    UpgradeManual(upgrade);
+    CorrectRights(upgrade.root);  // of the files added since CorrectAllRights
     if (arguments.Has(option::kMenu)) EnterInMenu(upgrade.root, console);
     if (!upgrade.refused.isEmpty())
         throw platform::RuntimeError(

@@ -1,7 +1,7 @@
 #include "setup/commands/VerbTable.h"
 
 #include "setup/commands/Verbs.h"
-#include "setup/storage/JetServer.h"
+#include "setup/storage/JetReader.h"
 
 using namespace Qt::StringLiterals;
 

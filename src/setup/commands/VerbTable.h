@@ -4,43 +4,10 @@
 #include <QString>
 
 #include "setup/commands/Arguments.h"
-#include "setup/commands/Console.h"
-
-// The verbs of suite-setup. Parsing, help texts and manual pages are all generated from this table.
 
 namespace setup {
 
-/// A text in the languages of the manual pages. Help texts are Japanese.
-struct Words {
-    QString japanese, english;
-
-    bool IsEmpty() const { return japanese.isEmpty(); }
-};
-
-struct OperandDefinition {
-    Words name;
-    Words description{};
-    QString missing{};        ///< message if it is not given; empty: it may be left out
-    bool mayBeEmpty = false;  ///< otherwise an empty text counts as not given
-};
-
-struct OptionDefinition {
-    QStringView name;  ///< one of namespace option
-    Words value{};     ///< name of its value; empty: it takes none
-    Words description{};  ///< may have several lines
-    bool required = false;  ///< shown without brackets; the verb itself refuses to run without it
-};
-
-struct Verb {
-    QString name;  ///< one word, or two with a blank between
-    QList<OperandDefinition> operands{};
-    QList<OptionDefinition> options{};
-    Words summary{};      ///< empty: an internal verb, which no text mentions
-    Words description{};  ///< paragraphs, one per line
-    void (*run)(const Arguments&, const Console&);
-
-    bool IsInternal() const { return summary.IsEmpty(); }
-};
+// The verbs of suite-setup. Parsing, help texts and manual pages are all generated from this table.
 
 /// All verbs in the order of the help text, internal ones last.
 const QList<Verb>& AllVerbs();
@@ -55,5 +22,20 @@ QList<Verb> ReportVerbs();
 OperandDefinition InstallationOperand();
 /// The option with the connection string of a server.
 OptionDefinition OdbcOption(const Words& description);
+
+/// Whether a synopsis shows an operand or option in brackets.
+inline bool IsOptional(const OperandDefinition& operand) { return operand.missing.isEmpty(); }
+inline bool IsOptional(const OptionDefinition& option) { return !option.required; }
+
+/// Usage of the tool for a terminal: all verbs with their operands, options and summaries, in Japanese, at most 80
+/// columns wide.
+QString OverallHelp();
+
+/// Usage of one verb, with its operands and options in detail.
+QString VerbHelp(const Verb& verb);
+
+/// suite-setup(1) as roff source in UTF-8, in "ja" or "en", from the table of verbs. The package's build writes it to a
+/// file. Throws UsageError for any other language.
+QString ManualPage(const QString& language);
 
 }  // namespace setup

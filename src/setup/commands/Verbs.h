@@ -1,11 +1,17 @@
 #pragma once
 
-#include "setup/commands/Arguments.h"
-#include "setup/commands/Console.h"
+#include <QStringList>
 
-// The procedures of the verbs. Each throws UsageError before anything is changed, and platform::RuntimeError later.
+#include "globals/EnvironmentDefinition.h"
+#include "setup/commands/Arguments.h"
 
 namespace setup {
+
+/// Runs the tool; `arguments` without the program name. Returns the exit status: 0 success; 1 failed on the way, with a
+/// message; 2 usage error, nothing was changed.
+int RunSetup(const QStringList& arguments, const Console& console);
+
+// The procedures of the verbs. Each throws UsageError before anything is changed, and platform::RuntimeError later.
 
 /// `init`: creates an installation with the sample and registers its report host, if this user may.
 void CreateInstallation(const Arguments& arguments, const Console& console);
@@ -76,6 +82,9 @@ void RenderReport(const Arguments& arguments, const Console& console);
 void ServeFile(const Arguments& arguments, const Console& console);
 /// Internal verb that prints the manual page in the language "ja" or "en"; see ManualPage.h.
 void PrintManualPage(const Arguments& arguments, const Console& console);
+
+/// The definition for the value of `--odbc`. Throws UsageError if it is missing or can't be stored; see DefinitionOf.
+GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments);
 
 /// Adds the installation to the desktop menu and prints where.
 void EnterInMenu(const QString& root, const Console& console);

@@ -1,9 +1,9 @@
-#include "setup/sample/Manual.h"
-
+// The clerk's manual, of Sample.h.
 #include <QList>
 
 #include "platform/AtomicFile.h"
 #include "platform/RuntimeError.h"
+#include "setup/sample/Sample.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,6 @@
-#include "setup/sample/SampleLogs.h"
-
-#include "setup/sample/SampleRandom.h"
-#include "setup/sample/SampleStaff.h"
+// View log and personal rights, of Sample.h.
+#include "setup/sample/Sample.h"
+#include "setup/sample/SampleData.h"
 
 using namespace Qt::StringLiterals;
 

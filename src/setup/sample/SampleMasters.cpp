@@ -1,4 +1,5 @@
-#include "setup/sample/SampleMasters.h"
+// Master and class tables, of Sample.h.
+#include "setup/sample/Sample.h"
 
 using namespace Qt::StringLiterals;
 

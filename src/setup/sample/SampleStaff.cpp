@@ -1,12 +1,8 @@
-#include "setup/sample/SampleStaff.h"
-
+// The rows of M担当者, of Sample.h.
 #include <QDate>
 
-#include "setup/sample/SampleMasters.h"
-#include "setup/sample/SampleNames.h"
-#include "setup/sample/SamplePlaces.h"
-#include "setup/sample/SampleRandom.h"
-#include "setup/sample/SampleTrial.h"
+#include "setup/sample/Sample.h"
+#include "setup/sample/SampleData.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,10 @@
-#include "setup/sample/SampleTrial.h"
-
+// People with different rights, of Sample.h.
 #include <array>
 
 #include "database/sqlite/SqliteQuery.h"
 #include "platform/SealedPins.h"
-#include "setup/commands/TerminalTable.h"
+#include "setup/TerminalTable.h"
+#include "setup/sample/Sample.h"
 
 using namespace Qt::StringLiterals;
 

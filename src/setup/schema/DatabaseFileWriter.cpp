@@ -6,8 +6,8 @@
 
 #include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteHandle.h"
-#include "setup/schema/TableStatements.h"
-#include "setup/storage/PinColumns.h"
+#include "setup/schema/SchemaUpgrade.h"
+#include "setup/storage/PinSealing.h"
 
 using namespace Qt::StringLiterals;
 

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "data/Catalogue.h"
+#include "globals/EnvironmentDefinition.h"
 #include "platform/SealedPins.h"
 
 struct sqlite3;
@@ -64,5 +65,20 @@ class TableWriter {
     QList<int> pins_;  // parameters to encrypt
     sqlite3_stmt* statement_ = nullptr;
 };
+
+/// Settings of a new configuration file.
+struct ConfigurationRequest {
+    QString generalFile;  ///< absolute path of the general database
+    FileKind kind = FileKind::Accdb;
+    int installKind = 0;   ///< 0: all users share conf and report; 1: each user has private copies
+    bool signedIn = true;  ///< the sample's launching staff member is signed in; otherwise the first start asks
+};
+
+/// Creates usrcnfg: definition row, environment row and menu rows. Throws database::DatabaseError.
+void WriteConfiguration(const QString& path, const ConfigurationRequest& request);
+
+/// Creates a template file with the standard reports and their tables, linked to the report database at the given
+/// absolute path. The file must not exist. Throws database::DatabaseError.
+void WriteStandardTemplates(const QString& path, const QString& reportDatabase);
 
 }  // namespace setup

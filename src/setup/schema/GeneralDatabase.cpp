@@ -6,7 +6,7 @@
 #include "data/ServerSchema.h"
 #include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
-#include "setup/storage/ConfigurationFiles.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 #include "text/mod項目編集.h"
 
@@ -26,7 +26,7 @@ void OpenDefined(database::Connection& connection, const GeneralDatabaseDefiniti
 }
 
 std::optional<GeneralDatabaseDefinition> FindDefinition(const QString& configurationFile) {
-    database::Connection connection = OpenForReading(configurationFile);
+    database::Connection connection = OpenSuiteFile(configurationFile, database::ConnectMode::Read);
     database::Recordset row;
     row.Open(u"SELECT * FROM データベース定義 WHERE 情報種類 = 'GNR'"_s, connection);
     if (row.AtEOF()) return std::nullopt;

@@ -35,4 +35,11 @@ bool HasColumn(const TableDefinition& table, const QString& column);
 /// ServerName; empty for a desktop file.
 QStringList MissingIn(database::Connection& connection, const QString& engine);
 
+/// Converts an ODBC connection string, as typed by an administrator, into the definition of the general database:
+/// - "Driver=…;Server=…;Port=…;Database=…;UID=…;PWD=…" gives dialect S, with the driver's name as provider;
+/// - "DSN=…;UID=…;PWD=…" gives dialect O.
+/// Values may be in {braces}. Throws UsageError for any other field: a definition row cannot store it, a data source
+/// can.
+GeneralDatabaseDefinition DefinitionOf(const QString& odbcString);
+
 }  // namespace setup

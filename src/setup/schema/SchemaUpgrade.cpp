@@ -6,13 +6,16 @@
 #include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteQuery.h"
 #include "report-host/template/TemplateFile.h"
-#include "setup/schema/TableStatements.h"
 
 using namespace Qt::StringLiterals;
+using database::QuotedName;
+using database::QuotedNames;
 
 namespace setup {
 
 namespace {
+
+QString ColumnText(const ColumnDefinition& column) { return QuotedName(column.name) + u' ' + column.type; }
 
 /// First column of every row in lower case, since SQLite names ignore case.
 QSet<QString> LoweredNames(sqlite3* database, const QString& sql) {
@@ -54,11 +57,31 @@ bool AddRow(sqlite3* database, const QString& table, const QStringList& columns,
 
 }  // namespace
 
-QStringList RenewSchema(sqlite3* database, DatabaseKind store) {
+QString CreateTableStatement(const TableDefinition& table) {
+    QStringList parts;
+    for (const ColumnDefinition& column : table.columns) parts.append(ColumnText(column));
+    if (!table.key.isEmpty()) parts.append(u"PRIMARY KEY ("_s + QuotedNames(table.key) + u')');
+    return u"CREATE TABLE "_s + QuotedName(table.name) + u" ("_s + parts.join(u", "_s) + u')';
+}
+
+QString AddColumnStatement(const TableDefinition& table, const ColumnDefinition& column) {
+    return u"ALTER TABLE "_s + QuotedName(table.name) + u" ADD COLUMN "_s + ColumnText(column);
+}
+
+QString IndexName(const TableDefinition& table, int number) {
+    return table.name + u"_索引"_s + QString::number(number + 1);
+}
+
+QString CreateIndexStatement(const TableDefinition& table, int number) {
+    return u"CREATE INDEX "_s + QuotedName(IndexName(table, number)) + u" ON "_s + QuotedName(table.name) + u" ("_s +
+           QuotedNames(table.indexes[number]) + u')';
+}
+
+QStringList UpgradeSchema(sqlite3* database, DatabaseKind kind) {
     const QSet<QString> tables = ObjectsOf(database, u"table"_s), indexes = ObjectsOf(database, u"index"_s);
     QStringList added;
     for (const TableDefinition& table : SuiteTables()) {
-        if (table.store != store) continue;
+        if (table.store != kind) continue;
         if (tables.contains(table.name.toLower())) {
             added += AddColumns(database, table);
         } else {
@@ -74,14 +97,14 @@ QStringList RenewSchema(sqlite3* database, DatabaseKind store) {
     return added;
 }
 
-QStringList AddMissingForms(sqlite3* database, const QString& workTables) {
+QStringList AddMissingTemplates(sqlite3* database, const QString& workTables) {
     QStringList added;
     for (const QString& name : report::StandardTemplateNames()) {
-        const bool form = AddRow(database, u"帳票"_s, {u"名称"_s, u"定義"_s}, {name, report::StandardTemplate(name)});
+        const bool isNew = AddRow(database, u"帳票"_s, {u"名称"_s, u"定義"_s}, {name, report::StandardTemplate(name)});
         const bool link =
             AddRow(database, u"リンクテーブル"_s, {u"名称"_s, u"元テーブル"_s, u"接続"_s, u"属性"_s},
                    {name, name, database::ConnectTextOf(workTables), QString::number(database::kLinkedTable)});
-        if (form) added.append(u"帳票 "_s + name);
+        if (isNew) added.append(u"帳票 "_s + name);
         if (link) added.append(u"リンク "_s + name);
     }
     return added;

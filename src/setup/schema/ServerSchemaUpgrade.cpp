@@ -1,5 +1,4 @@
-#include "setup/schema/ServerSchemaUpgrade.h"
-
+// The upgrade of a database on a server, of SchemaUpgrade.h.
 #include <algorithm>
 
 #include "data/ServerSchema.h"
@@ -8,6 +7,7 @@
 #include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
 #include "setup/schema/GeneralDatabase.h"
+#include "setup/schema/SchemaUpgrade.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,9 +27,9 @@ QStringList Texts(database::Connection& server, const QString& sql) {
     return texts;
 }
 
-class Renewal {
+class ServerUpgrade {
   public:
-    explicit Renewal(database::Connection& server) : server_(server), engine_(server.Session().EngineName()) {
+    explicit ServerUpgrade(database::Connection& server) : server_(server), engine_(server.Session().EngineName()) {
         for (const TableDefinition& table : tables_) present_.append(ColumnsOf(server_, table.name));
     }
 
@@ -41,7 +41,7 @@ class Renewal {
         // Checks that the engine is supported; also provides the statements for new tables.
         const ServerSchema schema = ServerSchemaOf(engine_, tables_);
         database::Transaction whole(server_);
-        RenewFunctions();
+        UpgradeFunctions();
         for (qsizetype i = 0; i < tables_.size(); ++i) {
             if (present_[i].isEmpty())
                 Add(u"テーブル "_s + tables_[i].name, ServerSchemaOf(engine_, {tables_[i]}).tables.last());
@@ -78,7 +78,7 @@ class Renewal {
     }
 
     /// If a function was replaced, the indexes on it contain results of the old one and must be rebuilt.
-    void RenewFunctions() {
+    void UpgradeFunctions() {
         bool replaced = false;
         for (const auto& [name, statement] : ServerFunctionsOf(engine_)) {
             const QStringList present =
@@ -113,11 +113,11 @@ class Renewal {
 
 }  // namespace
 
-QStringList RenewServer(database::Connection& server) {
-    Renewal renewal(server);
-    if (!renewal.AnyTable())
+QStringList UpgradeServerSchema(database::Connection& server) {
+    ServerUpgrade upgrade(server);
+    if (!upgrade.AnyTable())
         throw UsageError(u"--odbc のデータベースに一般データベースの表がありません。server-init で作ってください。"_s);
-    return renewal.Run();
+    return upgrade.Run();
 }
 
 void CheckSeenByPrograms(const GeneralDatabaseDefinition& definition) {

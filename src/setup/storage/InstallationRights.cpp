@@ -40,7 +40,8 @@ using Expectations = QList<ExpectedRights>;
 
 void Expect(Expectations& all, const QString& path, unsigned group, unsigned folderMode, unsigned fileMode) {
     if (const std::optional<platform::FileRights> present = platform::RightsOf(path))
-        all.append({path, *present, group, present->folder ? folderMode : fileMode});
+        all.append(
+            {.path = path, .present = *present, .group = group, .mode = present->folder ? folderMode : fileMode});
 }
 
 /// Entries that members only read and execute.
@@ -69,7 +70,10 @@ void ExpectWritable(Expectations& all, const QString& folder, unsigned group) {
 void ExpectPrivate(Expectations& all, const QString& users) {
     for (const QFileInfo& entry : QDir(users).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks))
         if (const std::optional<platform::FileRights> present = platform::RightsOf(entry.filePath()))
-            all.append({entry.filePath(), *present, present->group, present->mode & ~kGroupAndOthers});
+            all.append({.path = entry.filePath(),
+                        .present = *present,
+                        .group = present->group,
+                        .mode = present->mode & ~kGroupAndOthers});
 }
 
 /// Outer folders first: after their correction no other user can replace their entries.

@@ -6,20 +6,16 @@
 #include <QFileInfo>
 #include <QImage>
 
+#include "data/Connections.h"
 #include "platform/AtomicFile.h"
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
 #include "platform/SealedPins.h"
 #include "setup/UsageError.h"
-#include "setup/sample/Manual.h"
-#include "setup/sample/SampleLogs.h"
-#include "setup/sample/SampleMasters.h"
-#include "setup/sample/SampleStaff.h"
-#include "setup/schema/ConfigurationWriter.h"
+#include "setup/sample/Sample.h"
 #include "setup/schema/DatabaseFileWriter.h"
-#include "setup/schema/TemplateStore.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/InstallationRights.h"
-#include "setup/storage/ProgramFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,8 +30,6 @@ constexpr const char16_t* kFolders[] = {u"prgbin", u"data", u"conf", u"report", 
 
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
 
-QString Suffix(FileKind kind) { return kind == FileKind::Mdb ? u".mdb"_s : u".accdb"_s; }
-
 void MakeFolders(const QString& root) {
     for (const char16_t* name : kFolders) {
         const QString path = root + u'/' + QString::fromUtf16(name);
@@ -47,7 +41,7 @@ void WriteGeneral(const QString& path, const InstallationRequest& request, const
     DatabaseFileWriter store(path, DatabaseKind::General);
     store.SealPinsUnder(key);
     WriteMasters(store, request.askPins);
-    WriteStaff(store, {request.staff, request.seed, request.askPins});
+    WriteStaff(store, {.count = request.staff, .seed = request.seed, .trialRights = request.askPins});
     WriteViewLog(store, request.staff, request.seed);
     WritePersonalRights(store, request.staff, request.seed);
     store.Commit();
@@ -72,16 +66,19 @@ platform::PinKey MakeKey(const QString& path) {
 
 /// Fills an empty folder. `finalRoot` is its path after the rename.
 void FillInstallation(const QString& root, const QString& finalRoot, const InstallationRequest& request) {
-    const QString suffix = Suffix(request.kind);
+    const auto file = [&](const QString& name) { return u'/' + DesktopFileName(name, request.kind); };
     MakeFolders(root);
-    const QString general = root + u"/data/gnrdb"_s + suffix;
+    const QString general = root + u"/data"_s + file(u"gnrdb"_s);
     WriteGeneral(general, request, MakeKey(root + u"/conf/"_s + platform::PinKeyFileName()));
-    const QString configuration = root + u"/conf/usrcnfg"_s + suffix, report = root + u"/report/repdb"_s + suffix;
-    WriteConfiguration(configuration,
-                       {finalRoot + u"/data/gnrdb"_s + suffix, request.kind, request.installKind, !request.askPins});
-    const QString forms = root + u"/report/repfrmdb"_s + suffix;
+    const QString configuration = root + u"/conf"_s + file(u"usrcnfg"_s),
+                  report = root + u"/report"_s + file(u"repdb"_s);
+    WriteConfiguration(configuration, {.generalFile = finalRoot + u"/data"_s + file(u"gnrdb"_s),
+                                       .kind = request.kind,
+                                       .installKind = request.installKind,
+                                       .signedIn = !request.askPins});
+    const QString templates = root + u"/report"_s + file(u"repfrmdb"_s);
     DatabaseFileWriter(report, DatabaseKind::Report).Commit();
-    WriteStandardForms(forms, finalRoot + u"/report/repdb"_s + suffix);
+    WriteStandardTemplates(templates, finalRoot + u"/report"_s + file(u"repdb"_s));
     WriteBlankPicture(root + u"/prgbin/空白.jpg"_s);
     WriteManual(root + u"/manual/要員名簿照会.doc"_s);
     InstallPrograms(request.programFolder, root);
@@ -159,22 +156,6 @@ QString MakeInstallation(const InstallationRequest& request) {
     SetInstallationRights(built, group);
     PutInPlace(built, root, work);
     return root;
-}
-
-bool HoldsInstallation(const QString& folder) {
-    const QDir root(folder);
-    for (const QString& trace : {u"conf/usrcnfg"_s, u"data/gnrdb"_s})
-        for (const FileKind kind : {FileKind::Accdb, FileKind::Mdb})
-            if (QFileInfo(root.filePath(trace + Suffix(kind))).isFile()) return true;
-    return QFileInfo(root.filePath(u"prgbin"_s)).isDir();
-}
-
-QString ConfigurationFile(const QString& confFolder) {
-    for (const FileKind kind : {FileKind::Accdb, FileKind::Mdb}) {
-        const QString path = confFolder + u"/usrcnfg"_s + Suffix(kind);
-        if (QFileInfo(path).isFile()) return path;
-    }
-    return {};
 }
 
 }  // namespace setup

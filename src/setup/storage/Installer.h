@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <QStringList>
+#include <optional>
 
 #include "globals/EnvironmentDefinition.h"
 #include "platform/RuntimeError.h"
@@ -27,10 +30,34 @@ QString MakeInstallation(const InstallationRequest& request);
 /// Prefix of the hidden work folder. A killed run leaves it there; the next run in the same parent folder removes it.
 inline const QString kWorkFolderPrefix = QStringLiteral(".suite-setup-");
 
-/// True if the folder contains an installation, or parts of one.
-bool HoldsInstallation(const QString& folder);
+/// Installs the programs of a folder, the report host under every name that is registered for this installation. A
+/// running program is not affected; the next start uses the new one. Programs that the folder lacks, and identical
+/// ones, are skipped. Returns the paths of the replaced files, relative to the installation. Throws
+/// platform::RuntimeError.
+QStringList InstallPrograms(const QString& programFolder, const QString& root);
 
-/// The configuration file in a conf folder; .accdb takes precedence over .mdb; empty if there is none.
-QString ConfigurationFile(const QString& confFolder);
+/// True if the folder contains every program that an installation needs.
+bool HoldsPrograms(const QString& programFolder);
+
+/// Folder of the report host in an installation, with trailing separator, since clients concatenate folder and name.
+/// The folder name is the host's version.
+QString ReportHostFolder(const QString& root);
+/// The registry key that names the host of the machine, beginning with HKLM.
+QString ReportHostKey();
+
+/// Folder of the registered host, with trailing separator; empty if none is registered.
+std::optional<QString> RegisteredHostFolder();
+
+/// Registers the host of an installation for all programs of this machine, replacing the registered one. False if the
+/// installation has no host. Throws platform::RuntimeError if the user may not write the machine's registry.
+bool RegisterReportHost(const QString& root);
+
+/// Content (UTF-8) of a desktop entry that starts the inquiry of the installation.
+QByteArray MenuEntry(const QString& root);
+
+/// Writes the installation's desktop entry: for all users of the machine if run by the administrator, otherwise for
+/// this user. An existing entry of the installation is replaced; each installation has a separate one. Returns the
+/// file's path. Throws platform::RuntimeError.
+QString WriteMenuEntry(const QString& root);
 
 }  // namespace setup

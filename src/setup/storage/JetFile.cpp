@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "setup/storage/JetFormat.h"
 #include "setup/storage/TableStream.h"
 
 using namespace Qt::StringLiterals;

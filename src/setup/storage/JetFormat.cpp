@@ -1,5 +1,4 @@
-#include "setup/storage/JetFormat.h"
-
+// Header and dates of the formats, of JetFile.h.
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +6,7 @@
 
 #include "platform/JetHeader.h"
 #include "platform/RuntimeError.h"
+#include "setup/storage/JetFile.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,9 +4,8 @@
 #include <QFileInfo>
 
 #include "platform/RuntimeError.h"
-#include "setup/commands/TerminalTable.h"
-#include "setup/storage/JetFormat.h"
-#include "setup/storage/JetServer.h"
+#include "setup/TerminalTable.h"
+#include "setup/storage/JetFile.h"
 #include "setup/storage/TableStream.h"
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QIODevice>
+#include <QString>
 #include <memory>
 
 #include "platform/LimitedProcess.h"
-#include "setup/storage/ForeignTables.h"
+#include "setup/storage/JetFile.h"
 
 namespace setup {
 
@@ -32,5 +34,16 @@ class JetReader : public ForeignTables {
     std::unique_ptr<Session> session_;
     QStringList tables_;
 };
+
+/// Internal verb that starts suite-setup as the reader process of a file. Standard input and output carry the frames of
+/// TableStream.h.
+inline const QString kJetServerVerb = QStringLiteral("read-jet-file");
+
+/// Main loop of the reader process: answers requests from `in` until its end. An error is sent as the last answer. `in`
+/// must be unbuffered.
+void ServeJetFile(const QString& path, QIODevice& in, QIODevice& out);
+
+/// Same, over standard input and output.
+void ServeJetFile(const QString& path);
 
 }  // namespace setup

@@ -1,10 +1,10 @@
-#include "setup/storage/JetServer.h"
-
+// The reader process of JetReader.h.
 #include <QFile>
 #include <QStringList>
 
 #include "platform/RuntimeError.h"
 #include "setup/storage/JetFile.h"
+#include "setup/storage/JetReader.h"
 #include "setup/storage/TableStream.h"
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,4 @@
-#include "setup/storage/MenuEntry.h"
-
+// The desktop entry of Installer.h.
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
@@ -8,6 +7,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 
 #include "platform/FileRights.h"
 #include "platform/SealedPins.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installation.h"
 
 using namespace Qt::StringLiterals;
 using platform::PinKey;
@@ -103,14 +103,14 @@ int CountClearPins(database::Connection& general) {
     return count;
 }
 
-QString ClearPinsFault(const QString& root, database::Connection& general, bool onServer) {
+QString ClearPinsFault(const QString& root, database::Connection& general, DatabasePlace place) {
     if (!QFile::exists(CommonPlaces(root).conf + u'/' + platform::PinKeyFileName())) return {};
     const int count = CountClearPins(general);
     if (count == 0) return {};
     return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
            u"件あり、入力しても一致しません。次を実行してください。\n"
            u"    suite-setup seal-pins %2%3"_s.arg(count)
-               .arg(root, onServer ? u" --odbc 所有者の接続文字列"_s : QString());
+               .arg(root, place == DatabasePlace::Server ? u" --odbc 所有者の接続文字列"_s : QString());
 }
 
 }  // namespace setup

@@ -1,10 +1,60 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
+#include <QStringView>
+#include <array>
+#include <functional>
+#include <memory>
 
-#include "setup/storage/PinStore.h"
+#include "database/Database.h"
 
 namespace setup {
+
+struct PinColumn {
+    QStringView table;
+    QStringView column;
+};
+
+/// All columns of the general database that contain PINs.
+inline constexpr std::array kPinColumns = {
+    PinColumn{u"M担当者", u"暗証番号"},
+    PinColumn{u"Mユーザ", u"特権暗証番号"},
+    PinColumn{u"Mユーザ", u"システム特権暗証番号"},
+    PinColumn{u"M事業所", u"特権暗証番号"},
+};
+
+/// A non-empty PIN and the key values that identify its row.
+struct StoredPin {
+    QStringList row;
+    QString text;
+};
+
+/// Reads and writes the PINs of one general database in one transaction, which the destructor rolls back unless it was
+/// committed. All members throw database::DatabaseError.
+class PinStore {
+  public:
+    virtual ~PinStore() = default;
+    /// Locks out concurrent runs, provided that there is any PIN.
+    virtual void Begin() = 0;
+    virtual QList<StoredPin> Pins(const PinColumn& place) = 0;
+    virtual void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) = 0;
+    virtual void Commit() = 0;
+    /// True if it is certain that nothing was committed and that no other run has begun since Begin.
+    virtual bool StillLocked() const = 0;
+};
+
+using PinStoreOpener = std::function<std::unique_ptr<PinStore>()>;
+
+/// For a database file.
+std::unique_ptr<PinStore> OpenFilePins(const QString& file);
+/// For a database on a server; `connection` is open for writing.
+std::unique_ptr<PinStore> MakeServerPins(database::Connection connection);
+
+/// Reads the non-empty PINs of one column; `row` gets the values of the table's key. `suffix` is appended to the
+/// statement.
+QList<StoredPin> ReadPins(database::Connection& connection, const PinColumn& place, const QString& suffix = {});
 
 /// Counts of a run.
 struct SealedCount {
@@ -20,8 +70,9 @@ SealedCount SealStoredPins(const PinStoreOpener& open, const QString& keyFile);
 
 /// Number of PINs stored in clear text. Throws database::DatabaseError.
 int CountClearPins(database::Connection& general);
+enum class DatabasePlace { File, Server };
 /// A message with the command that fixes it, if the installation has a key file but also clear-text PINs, which never
 /// match at sign-in; otherwise empty. Throws database::DatabaseError.
-QString ClearPinsFault(const QString& root, database::Connection& general, bool onServer);
+QString ClearPinsFault(const QString& root, database::Connection& general, DatabasePlace place);
 
 }  // namespace setup

@@ -1,9 +1,9 @@
-#include "setup/storage/PinStore.h"
-
+// The stores of PinSealing.h.
 #include "data/Catalogue.h"
 #include "database/DatabaseSession.h"
 #include "database/sql/Quoting.h"
 #include "database/sqlite/SqliteQuery.h"
+#include "setup/storage/PinSealing.h"
 
 using namespace Qt::StringLiterals;
 using database::QuotedName;

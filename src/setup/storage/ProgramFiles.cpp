@@ -1,14 +1,15 @@
-#include "setup/storage/ProgramFiles.h"
-
+// The programs of an installation and the registered report host, of Installer.h.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 
+#include "data/ReportHostTrust.h"
 #include "platform/AtomicFile.h"
 #include "platform/PlainFile.h"
 #include "platform/RuntimeError.h"
-#include "setup/storage/ReportHostInstallation.h"
+#include "platform/Services.h"
+#include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,7 +39,7 @@ QList<ProgramCopy> Copies(const QString& programFolder, const QString& root) {
     QList<ProgramCopy> copies;
     for (const QString& program : kPrograms) copies.append({programFolder + u'/' + program, u"prgbin/"_s + program});
     for (const QString& folder : HostFolders(root))
-        copies.append({programFolder + u'/' + kReportHost, folder + kHostProgramName});
+        copies.append({programFolder + u'/' + kReportHost, folder + kReportHostProgram});
     return copies;
 }
 
@@ -51,6 +52,8 @@ void PutFile(const QString& source, const QString& target) {
     if (!QDir().mkpath(QFileInfo(target).path()) || !ReplaceByCopy(source, file, permissions))
         throw platform::RuntimeError(kWorkFailed, u"%1 を %2 に複写できません。"_s.arg(source, target));
 }
+
+QString HostProgramFile(const QString& root) { return ReportHostFolder(root) + kReportHostProgram; }
 
 }  // namespace
 
@@ -70,6 +73,34 @@ bool HoldsPrograms(const QString& programFolder) {
     const QStringList needed = kPrograms + QStringList{kReportHost};
     return std::all_of(needed.begin(), needed.end(),
                        [&](const QString& program) { return QFileInfo(programFolder + u'/' + program).isFile(); });
+}
+
+QString ReportHostFolder(const QString& root) { return root + u"/host/OFFICE16/"_s; }
+
+QString ReportHostKey() { return u"HKLM\\"_s + kReportHostKey; }
+
+std::optional<QString> RegisteredHostFolder() {
+    platform::Registry& registry = *platform::Services().registry;
+    platform::RegistryKey key;
+    if (registry.OpenKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryRead, key) != platform::kRegistryDone)
+        return std::nullopt;
+    std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
+    registry.CloseKey(key);
+    return folder;
+}
+
+bool RegisterReportHost(const QString& root) {
+    if (!QFileInfo(HostProgramFile(root)).isFile()) return false;
+    platform::Registry& registry = *platform::Services().registry;
+    platform::RegistryKey key;
+    const QString folder = ReportHostFolder(root);
+    long status = registry.CreateKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryAll, key);
+    if (status == platform::kRegistryDone)
+        status = registry.SetText(key, u"Path"_s, folder, platform::TwoByteLength(folder));
+    registry.CloseKey(key);
+    if (status != platform::kRegistryDone)
+        throw platform::RuntimeError(kWorkFailed, u"帳票ホストを登録できません。（状態 %1）"_s.arg(status));
+    return true;
 }
 
 }  // namespace setup

@@ -1,6 +1,9 @@
-#include "setup/schema/ConfigurationWriter.h"
-
-#include "setup/sample/SampleStaff.h"
+// Configuration database and template file of a new installation, of DatabaseFileWriter.h.
+#include "data/Connections.h"
+#include "database/DatabaseSession.h"
+#include "database/LinkedTables.h"
+#include "report-host/template/TemplateFile.h"
+#include "setup/sample/Sample.h"
 #include "setup/schema/DatabaseFileWriter.h"
 
 using namespace Qt::StringLiterals;
@@ -16,8 +19,7 @@ void WriteDefinition(DatabaseFileWriter& store, const ConfigurationRequest& requ
         row.Set(column, u""_s);
     row.Set(u"情報種類"_s, u"GNR"_s)
         .Set(u"db"_s, u"A"_s)
-        .Set(u"プロバイダ名"_s,
-             request.kind == FileKind::Mdb ? u"Microsoft.Jet.OLEDB.4.0"_s : u"Microsoft.ACE.OLEDB.12.0"_s)
+        .Set(u"プロバイダ名"_s, database::ParseConnectionString(DesktopConnectionString(request.kind, {})).provider)
         .Set(u"データソース名"_s, request.generalFile);
     row.Add();
 }
@@ -56,6 +58,22 @@ void WriteConfiguration(const QString& path, const ConfigurationRequest& request
     WriteDefinition(store, request);
     WriteEnvironment(store, request);
     WriteMenus(store);
+    store.Commit();
+}
+
+void WriteStandardTemplates(const QString& path, const QString& reportDatabase) {
+    DatabaseFileWriter store(path, DatabaseKind::Forms);
+    {
+        TableWriter templates(store, u"帳票"_s), links(store, u"リンクテーブル"_s);
+        for (const QString& name : report::StandardTemplateNames()) {
+            templates.Set(u"名称"_s, name).Set(u"定義"_s, report::StandardTemplate(name)).Add();
+            links.Set(u"名称"_s, name)
+                .Set(u"元テーブル"_s, name)
+                .Set(u"接続"_s, database::ConnectTextOf(reportDatabase))
+                .Set(u"属性"_s, QString::number(database::kLinkedTable))
+                .Add();
+        }
+    }
     store.Commit();
 }
 

@@ -1,4 +1,4 @@
-#include "setup/commands/TerminalTable.h"
+#include "setup/TerminalTable.h"
 
 #include <QList>
 #include <QTextBoundaryFinder>

@@ -1,4 +1,4 @@
-// The verbs `server-init` and `use-server` of Verbs.h.
+// The verbs `import`, `server-init` and `use-server` of Verbs.h.
 #include "setup/commands/Verbs.h"
 
 #include <QScopeGuard>
@@ -8,13 +8,12 @@
 #include "database/DatabaseSession.h"
 #include "database/sql/Quoting.h"
 #include "setup/UsageError.h"
-#include "setup/commands/OdbcString.h"
 #include "setup/schema/GeneralDatabase.h"
-#include "setup/schema/ServerSchemaUpgrade.h"
+#include "setup/schema/SchemaUpgrade.h"
 #include "setup/schema/TableCopy.h"
-#include "setup/storage/ConfigurationFiles.h"
-#include "setup/storage/InstallationUsers.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
+#include "setup/storage/JetReader.h"
 #include "setup/storage/PinSealing.h"
 
 using namespace Qt::StringLiterals;
@@ -55,16 +54,14 @@ void MakeTables(database::Connection& server, const QString& engine, database::C
     const ServerSchema schema = ServerSchemaOf(engine, tables);
     for (const QString& statement : schema.tables) server.Execute(statement);
     if (source != nullptr)
-        for (const TableDefinition& table : tables) CopyTable(*source, server, table, console);
+        for (const TableDefinition& table : tables) CopyTable(*source, server, table, console.out);
     for (const QString& statement : schema.indexes) server.Execute(statement);
     if (engine.startsWith(u"PostgreSQL"_s)) server.Execute(u"ANALYZE"_s);
 }
 
 void WriteDefinition(const QString& file, const GeneralDatabaseDefinition& definition) {
     using database::TextLiteral;
-    database::Connection connection;
-    ApplyConnectionSettings(connection);
-    connection.Open(u"Provider=Microsoft.ACE.OLEDB.12.0;User ID=;Password=;Data Source="_s + file + u';');
+    database::Connection connection = OpenSuiteFile(file, database::ConnectMode::ReadWrite);
     database::Transaction whole(connection);
     connection.Execute(
         u"UPDATE データベース定義 SET db = %1, dbmw = %2, プロバイダ名 = %3, データソース名 = %4,"
@@ -80,7 +77,7 @@ void AddMissing(const Arguments& arguments, const Console& console) {
     if (arguments.Has(option::kFrom)) throw UsageError(u"--from と --add-missing は一緒に指定できません。"_s);
     database::Connection server;
     OpenDefined(server, DefinitionFrom(arguments), database::ConnectMode::ReadWrite);
-    const QStringList done = RenewServer(server);
+    const QStringList done = UpgradeServerSchema(server);
     for (const QString& line : done) console.out << line << u'\n';
     if (done.isEmpty()) console.out << u"サーバーの一般データベースに足りないものはありません。\n"_s;
 }
@@ -101,6 +98,12 @@ void CheckServer(database::Connection& server) {
 
 }  // namespace
 
+GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) {
+    const QString text = arguments.Value(option::kOdbc);
+    if (text.isEmpty()) throw UsageError(u"--odbc に接続文字列を指定してください。"_s);
+    return DefinitionOf(text);
+}
+
 void InitServer(const Arguments& arguments, const Console& console) {
     if (arguments.Has(option::kAddMissing)) return AddMissing(arguments, console);
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
@@ -120,6 +123,16 @@ void InitServer(const Arguments& arguments, const Console& console) {
     console.out << u"%1 に表 %2 個を作りました。\n"_s.arg(engine).arg(tables.size());
 }
 
+void ImportGeneral(const Arguments& arguments, const Console& console) {
+    const QString path = arguments.Operand(1);
+    const QString root = InstallationRoot(arguments.Installation());
+    // Must be created before the database is opened: the reader process must not inherit its file descriptors.
+    const JetReader reader(path, console.programFolder + u"/suite-setup"_s);
+    database::Connection general;
+    OpenGeneralFile(general, root, database::ConnectMode::ReadWrite);
+    ImportTables(reader, path, general, console.out);
+}
+
 void UseServer(const Arguments& arguments, const Console& console) {
     const QString root = InstallationRoot(arguments.Installation());
     const GeneralDatabaseDefinition definition = DefinitionFrom(arguments);
@@ -131,7 +144,7 @@ void UseServer(const Arguments& arguments, const Console& console) {
     WriteDefinition(file, definition);
     console.out << u"%1 の一般データベースを %2 のものにしました。動いているプログラムは起動し直してください。\n"_s.arg(
         root, server.Session().EngineName());
-    const QString pins = ClearPinsFault(root, server, true);
+    const QString pins = ClearPinsFault(root, server, DatabasePlace::Server);
     if (!pins.isEmpty()) console.out << pins << u'\n';
 }
 

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include "database/Database.h"
+
 namespace setup {
 
 /// Folders with a user's configuration and report files.
@@ -26,14 +28,37 @@ void RequireEntry(const QList<FilePlaces>& all);
 /// All private folders, for commands that change all of them or none. Throws like RequireEntry.
 QList<FilePlaces> AllPrivatePlacesToChange(const QString& root);
 
+/// True if the folder contains an installation, or parts of one.
+bool HoldsInstallation(const QString& folder);
+
 /// Absolute path of an installation named on the command line. Throws UsageError if there is none.
 QString InstallationRoot(const QString& installation);
 
 /// Path of a database file by its name without suffix; .accdb takes precedence over .mdb; empty if there is none.
 QString DatabaseIn(const QString& folder, const QString& name);
+/// The configuration file in a conf folder; .accdb takes precedence over .mdb; empty if there is none.
+QString ConfigurationFile(const QString& confFolder);
 /// All template files in a report folder.
-QStringList FormsFilesIn(const QString& reportFolder);
+QStringList TemplateFilesIn(const QString& reportFolder);
 /// The work-table file used by the template files of a report folder, whether or not it exists.
 QString WorkTablesIn(const QString& reportFolder);
+
+/// A configuration file used by programs.
+struct ConfigurationInUse {
+    QString file;
+    QString user;  ///< owner of the private copy; empty for the common file
+};
+
+/// The configuration files in use in an installation: the common one or, with private copies, one for each user, sorted
+/// by user name; only that of `user` if it is not empty. Throws UsageError if there is no installation or no such user,
+/// database::DatabaseError if the common file can't be read.
+QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const QString& user);
+
+/// インストール区分 of a configuration file as the programs read it: the numeric value of its text, 0 without a row.
+/// Throws database::DatabaseError.
+int InstallKindOf(const QString& file);
+
+/// Opens a database file of the suite, which must exist. Throws database::DatabaseError.
+database::Connection OpenSuiteFile(const QString& file, database::ConnectMode mode);
 
 }  // namespace setup

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
 #include <span>
 
@@ -31,5 +32,27 @@ class SampleRandom {
     }
     quint64 state_;
 };
+
+/// A family or given name with its reading.
+struct SampleName {
+    QString written;
+    QString kana;   ///< half-width; the voicing mark is a separate character
+    QString latin;  ///< lower case, for mail addresses and login names
+};
+
+std::span<const SampleName> FamilyNames();
+std::span<const SampleName> MaleNames();
+std::span<const SampleName> FemaleNames();
+
+/// A real town, as needed for an address.
+struct SamplePlace {
+    const char16_t* postalCode;  ///< 123-4567
+    const char16_t* city;        ///< prefecture and city, the first address line
+    const char16_t* town;        ///< start of the second address line
+    const char16_t* areaCode;    ///< of the telephone number, with leading 0
+};
+
+std::span<const SamplePlace> SamplePlaces();
+std::span<const char16_t* const> SampleBuildings();
 
 }  // namespace setup

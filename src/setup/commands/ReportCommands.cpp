@@ -1,15 +1,16 @@
-// The verbs `forms export`, `forms import`, `forms check` and `forms pdf` of Verbs.h.
-#include "setup/commands/Verbs.h"
-
+// The verbs `printer`, `forms export`, `forms import`, `forms check` and `forms pdf` of Verbs.h.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include "platform/AtomicFile.h"
 #include "report-host/layout/PreparedReport.h"
+#include "report-host/template/OutputTarget.h"
 #include "report-host/template/TemplateFile.h"
 #include "report-host/template/TemplateParser.h"
 #include "setup/UsageError.h"
+#include "setup/commands/Verbs.h"
+#include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 
 using namespace Qt::StringLiterals;
@@ -20,6 +21,40 @@ namespace {
 
 constexpr long kWorkFailed = 1;
 
+/// The common template files first, then the users' copies.
+QStringList AllTemplateFiles(const QString& root) {
+    QStringList files = TemplateFilesIn(CommonPlaces(root).report);
+    for (const FilePlaces& places : AllPrivatePlacesToChange(root)) files += TemplateFilesIn(places.report);
+    return files;
+}
+
+OutputTarget TargetFrom(const Arguments& arguments) {
+    if (arguments.Has(option::kToPrinter)) return {OutputTarget::Kind::Printer, arguments.Value(option::kToPrinter)};
+    if (!arguments.Has(option::kToFolder)) return {};
+    const QFileInfo folder(arguments.Value(option::kToFolder));
+    if (!folder.isDir()) throw UsageError(u"フォルダ %1 がありません。"_s.arg(folder.filePath()));
+    return {OutputTarget::Kind::Folder, folder.absoluteFilePath()};
+}
+
+QString Words(const OutputTarget& place) {
+    switch (place.kind) {
+        case OutputTarget::Kind::Printer:
+            return u"プリンター "_s + place.name;
+        case OutputTarget::Kind::Folder:
+            return u"フォルダ "_s + place.name;
+        default:
+            return u"通常使うプリンター"_s;
+    }
+}
+
+void Show(const QString& file, const QString& report, const Console& console) {
+    try {
+        console.out << file << u": "_s << Words(ReadOutputTarget(file, report)) << u'\n';
+    } catch (const ReportFailure& failure) {
+        throw platform::RuntimeError(kWorkFailed, failure.Reason());
+    }
+}
+
 [[noreturn]] void Fail(const QString& description) { throw platform::RuntimeError(kWorkFailed, description); }
 
 QString TemplateFilePath(const Arguments& arguments) {
@@ -27,16 +62,14 @@ QString TemplateFilePath(const Arguments& arguments) {
     if (!HoldsInstallation(arguments.Installation()))
         throw UsageError(u"%1 にインストールがありません。"_s.arg(arguments.Installation()));
     const QString user = arguments.Value(option::kUser);
-    const QString folder = user.isEmpty() ? u"report"_s : u"users/%1/report"_s.arg(user);
-    for (const QString& name : {u"repfrmdb.accdb"_s, u"repfrmdb.mdb"_s}) {
-        const QString path = root.filePath(folder + u'/' + name);
-        if (QFileInfo(path).isFile()) return path;
-    }
-    throw UsageError(u"%1 に帳票ファイル repfrmdb がありません。"_s.arg(root.filePath(folder)));
+    const QString folder = root.filePath(user.isEmpty() ? u"report"_s : u"users/%1/report"_s.arg(user));
+    const QStringList files = TemplateFilesIn(folder);
+    if (files.isEmpty()) throw UsageError(u"%1 に帳票ファイル repfrmdb がありません。"_s.arg(folder));
+    return files.first();
 }
 
-QString TextFileOf(const Arguments& arguments, const QString& form) {
-    return QDir(arguments.Value(option::kFolder, u"."_s)).filePath(form + u".txt"_s);
+QString TextFileOf(const Arguments& arguments, const QString& report) {
+    return QDir(arguments.Value(option::kFolder, u"."_s)).filePath(report + u".txt"_s);
 }
 
 /// The named template, which must exist, or all templates.
@@ -66,6 +99,21 @@ qsizetype PrintErrors(const report::TemplateFile& file, const QString& name, con
 }
 
 }  // namespace
+
+void ChoosePrinter(const Arguments& arguments, const Console& console) {
+    const QString root = QDir::cleanPath(QFileInfo(arguments.Installation()).absoluteFilePath());
+    const QStringList files = AllTemplateFiles(root);
+    if (files.isEmpty()) throw UsageError(u"%1 に帳票ファイルがありません。"_s.arg(root));
+    const int choices =
+        arguments.Has(option::kToPrinter) + arguments.Has(option::kToFolder) + arguments.Has(option::kToDefault);
+    if (choices > 1) throw UsageError(u"出力先は一つだけ指定してください。"_s);
+    const QString report = arguments.Value(option::kReport);
+    const OutputTarget place = TargetFrom(arguments);
+    for (const QString& file : files) {
+        if (choices == 1) WriteOutputTarget(file, report, place);
+        Show(file, report, console);
+    }
+}
 
 void ExportTemplates(const Arguments& arguments, const Console& console) {
     const report::TemplateFile file(TemplateFilePath(arguments));

@@ -1,8 +1,8 @@
-#include "setup/commands/OdbcString.h"
-
+// DefinitionOf of GeneralDatabase.h.
 #include <QHash>
 
 #include "setup/UsageError.h"
+#include "setup/schema/GeneralDatabase.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -102,12 +102,6 @@ GeneralDatabaseDefinition DefinitionOf(const QString& odbcString) {
     definition.ユーザーID = fields.value(u"user"_s);
     definition.パスワード = fields.value(u"password"_s);
     return definition;
-}
-
-GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments) {
-    const QString text = arguments.Value(option::kOdbc);
-    if (text.isEmpty()) throw UsageError(u"--odbc に接続文字列を指定してください。"_s);
-    return DefinitionOf(text);
 }
 
 }  // namespace setup
