@@ -275,13 +275,16 @@ class _Finder:
             node = children[0]
         return node.kind == Kind.CALL_EXPR and node.spelling != 'operator=' and node.spelling not in WITHOUT_EFFECT
 
-    def _on_two_objects(self, one, two):
-        """Whether two calls are of one member function for different objects, which rarely depend on each other."""
+    def _independent(self, one, two):
+        """Whether the order of two calls rarely matters: one member function for different objects, or two setters of
+        Qt."""
         members = [next((child for child in _inner(node).get_children()), None) for node in (one, two)]
         if any(member is None or member.kind != Kind.MEMBER_REF_EXPR for member in members):
             return False
+        names = [member.spelling for member in members]
         objects = [self.source.code(_start(member), member.location.offset) for member in members]
-        return members[0].spelling == members[1].spelling and objects[0] != objects[1]
+        return (names[0] == names[1] and objects[0] != objects[1] or
+                names[0] != names[1] and all(re.match('set[A-Z]', name) for name in names))
 
     def _leave_out(self, node):
         start, end = _range(node)
@@ -298,7 +301,7 @@ class _Finder:
             self._leave_out(child)
         for one, two in zip(children, children[1:]):
             first, second = self.source.code(*_range(one)), self.source.code(*_range(two))
-            if self._call(one) and self._call(two) and first != second and not self._on_two_objects(one, two):
+            if self._call(one) and self._call(two) and first != second and not self._independent(one, two):
                 change = f'swap {self.source.shown(*_range(one))} and {self.source.shown(*_range(two))}'
                 self.source.add(_start(one), change, [(*_range(one), second, 'void'), (*_range(two), first, 'void')],
                                 self.static)

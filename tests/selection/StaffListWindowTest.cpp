@@ -114,6 +114,31 @@ TEST_F(StaffListWindowTest, InitiallyListsEnrolledStaffOfAllClasses) {
     }});
 }
 
+TEST_F(StaffListWindowTest, ClassesAreChosenByNumberOrFromTheirList) {
+    installation.ClearStaff();
+    installation.AddStaff(u"00001"_s, {{u"社員区分"_s, u"0"_s}});
+    installation.AddStaff(u"00002"_s, {{u"社員区分"_s, u"3"_s}});
+    installation.AddStaff(u"00003"_s, {{u"在籍区分"_s, u"1"_s}, {u"社員区分"_s, u"3"_s}});
+    OpenStaff({[](const FormRobot& robot) {
+        robot.Click(u"社員区分"_s);
+        robot.TypeText(u"3"_s);
+        EXPECT_EQ(robot.Item(u"社員区分名称"_s).ListIndex(), 3);
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList{u"00002"_s});
+        robot.Item(u"在籍区分名称"_s).SetListIndex(1);
+        EXPECT_EQ(robot.Item(u"在籍区分"_s).Value(), 1);
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList{u"00003"_s});
+        for (const QString& item : {u"在籍区分"_s, u"社員区分"_s}) {
+            robot.Item(item + u"名称"_s).SetListIndex(0);
+            EXPECT_EQ(robot.Item(item).Value(), 0);
+        }
+        robot.Click(u"btn_複合検索"_s);
+        EXPECT_EQ(robot.Codes(), QStringList{u"00001"_s});
+        GoBack(robot);
+    }});
+}
+
 TEST_F(StaffListWindowTest, CellsOfMissingMastersAreEmpty) {
     installation.ClearStaff();
     installation.AddStaff(u"00001"_s, {{u"部門コード"_s, u"777"_s}, {u"事業所コード"_s, u"001"_s}});
@@ -151,6 +176,15 @@ TEST_F(StaffListWindowTest, CallersDepartmentAndSectionAreShownWithTheirNames) {
              EXPECT_EQ(robot.Text(u"セクションコード"_s), u"011"_s);
              EXPECT_EQ(robot.Text(u"セクション名"_s), u"総務課"_s);
              EXPECT_EQ(Distinct(robot.Column(3)), QStringList{u"総務部"_s});
+             GoBack(robot);
+         }});
+}
+
+TEST_F(StaffListWindowTest, CallersTermOfAnotherColumnFillsNoItem) {
+    Open(kWindow, u"M担当者.役職コード = '010'"_s, {[](const FormRobot& robot) {
+             for (const QString& item : {u"コード"_s, u"部門コード"_s, u"セクションコード"_s})
+                 EXPECT_EQ(robot.Text(item), QString()) << item.toStdString();
+             EXPECT_EQ(Globals().ListCondition, u"M担当者.役職コード = '010'"_s);
              GoBack(robot);
          }});
 }

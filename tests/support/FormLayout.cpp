@@ -54,7 +54,7 @@ QString Columns(const QWidget& widget) {
 QString LineOf(const Control& control) {
     const QWidget& widget = control.Widget();
     const QFont font = widget.font();
-    const QString index = control.Index() < 0 ? QString() : u"(%1)"_s.arg(control.Index(), 2, 10, QChar(u'0'));
+    const QString index = control.Index() == -1 ? QString() : u"(%1)"_s.arg(control.Index(), 2, 10, QChar(u'0'));
     return control.Name() + index + u": "_s + control.TypeName() + u' ' + Place(widget.geometry()) + u", "_s +
            font.family() + u' ' + QString::number(font.pixelSize()) + u", "_s + Colors(widget) + u", "_s +
            State(control) + u", '"_s + TextBy(control, &Control::Caption) + u"' '"_s + TextBy(control, &Control::Text) +
