@@ -118,6 +118,9 @@ bool OdbcWatchdog::Cancellable::Finish() {
     if (call == nullptr || call->WaitForReturn(kTimeToCancel)) return true;
     const std::lock_guard lock(watch_.mutex_);
     watch_.lateCancel_ = call;
+    // The connection is in use by the cancel: further calls on it must fail.
+    watch_.reason_ = Reason::EndOfProgram;
+    watch_.driver_.ShutDown();
     return false;
 }
 
