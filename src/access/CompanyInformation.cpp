@@ -5,7 +5,6 @@
 #include "access/MasterColumns.h"
 #include "data/Recordsets.h"
 #include "database/DatabaseError.h"
-#include "database/sql/Quoting.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/FileSystem.h"
 #include "platform/RuntimeError.h"
@@ -152,8 +151,8 @@ void LoadOfficeInfo() {
 
 void SetOperatingOffice(const QString& code) {
     Globals().Environment.OperatingOfficeCode = code;
-    ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET  運用事業所コード = "_s + database::TextLiteral(code) +
-                           u" WHERE 動作環境定義ID = '001'"_s);
+    ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET  運用事業所コード = '"_s + code +
+                           u"' WHERE 動作環境定義ID = '001'"_s);
 }
 
 void LoadOutputOffice(const QString& code) {

@@ -147,8 +147,8 @@ bool CheckProgramPermission(const QString& menu, const QString& programId, Opera
 void SaveLaunchStaffCode() {
     const QString code = Globals().Staff.LaunchingStaffCode;
     if (TrimBlanks(code).isEmpty()) return;
-    if (ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET 起動担当者コード = "_s + database::TextLiteral(code) +
-                               u"  WHERE 動作環境定義ID = '001'"_s)) {
+    if (ExecuteConfigSqlLogged(u"UPDATE 動作環境定義 SET 起動担当者コード = '"_s + code +
+                               u"'  WHERE 動作環境定義ID = '001'"_s)) {
         LoadStaffIdentity(code);
         return;
     }
