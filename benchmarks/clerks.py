@@ -89,7 +89,7 @@ def backends(nodes):
 def start(number, options, configuration, folder, write_server):
     copy = folder / f"{number}.accdb"
     shutil.copyfile(configuration, copy)
-    words = [CLERK.resolve(), "--configuration", copy, "--write-server", write_server, "--seconds", options.seconds + 1,
+    words = [CLERK.resolve(), "--configuration", copy, "--write-server", write_server, "--seconds", options.seconds + TIMEOUT,
              "--think", options.think, "--people", options.people, "--seed", number]  # fmt: skip
     with open(folder / f"{number}.log", "wb") as log:
         return subprocess.Popen([*map(str, words)], stdout=log, stderr=subprocess.STDOUT)
