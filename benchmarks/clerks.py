@@ -1,4 +1,4 @@
-"""Implementation of scripts/cluster-clerks: plays clerks against the cluster of scripts/with-cluster and prints a table."""
+"""Implementation of scripts/cluster-clerks: plays clerks against the cluster of scripts/with-cluster."""
 
 import argparse
 import os
@@ -20,8 +20,8 @@ CLERK = Path(os.environ.get("CLUSTER_CLERK", "build/release/benchmarks/clerk"))
 SETUP = os.environ["SUITE_SETUP"]
 TICKS = os.sysconf("SC_CLK_TCK")
 TIMEOUT = 120  # seconds for all clerks to connect
-COLUMNS = ("clerks", "reads from", "searches/s", "median ms", "95 % ms", "99 % ms", "re-read ms", "save ms", "server CPU",
-           "clerks' CPU", "connections", "MB each", "failed")  # fmt: skip
+COLUMNS = ("clerks", "reads from", "searches/s", "median ms", "95 % ms", "99 % ms", "re-read ms", "save ms",
+           "server CPU", "clerks' CPU", "connections", "MB each", "failed")  # fmt: skip
 
 
 def arguments():
@@ -89,7 +89,7 @@ def backends(nodes):
 def start(number, options, configuration, folder, write_server):
     copy = folder / f"{number}.accdb"
     shutil.copyfile(configuration, copy)
-    words = [CLERK.resolve(), "--configuration", copy, "--write-server", write_server, "--seconds", options.seconds + 1,
+    words = [CLERK.resolve(), "--configuration", copy, "--write-server", write_server, "--seconds", options.seconds + TIMEOUT,
              "--think", options.think, "--people", options.people, "--seed", number]  # fmt: skip
     with open(folder / f"{number}.log", "wb") as log:
         return subprocess.Popen([*map(str, words)], stdout=log, stderr=subprocess.STDOUT)
@@ -122,8 +122,12 @@ def measure(cluster, options, count, purpose, configuration, folder):
     nodes = cluster.nodes["postgresql"]
     write_server = f"127.0.0.1:{cluster.port('postgresql', 'write')}"
     clerks = [start(number, options, configuration, folder, write_server) for number in range(1, count + 1)]
+
+    def begun():
+        return connected(folder) == count or any(one.poll() for one in clerks)
+
     try:
-        machine.poll(f"{count} clerks", lambda: connected(folder) == count or any(one.poll() for one in clerks), TIMEOUT)
+        machine.poll(f"{count} clerks", begun, TIMEOUT)
         first, used = time.time(), lambda: (server_ticks(nodes), sum(ticks(one.pid) for one in clerks))
         before = used()
         time.sleep(options.seconds)
@@ -158,7 +162,8 @@ def main():
     with tempfile.TemporaryDirectory(dir=cluster.root, prefix="clerks-") as place:
         work = Path(place)
         configurations = fill(cluster, work, options.people)
-        print(f"{options.people} people; {options.seconds:g} s each; a clerk thinks {options.think:g} s\n{describe()}\n")
+        print(f"{options.people} people; {options.seconds:g} s each; a clerk thinks {options.think:g} s")
+        print(f"{describe()}\n")
         print("|" + "|".join(f" {name} " for name in COLUMNS) + "|\n" + "|---" * len(COLUMNS) + "|", flush=True)
         for source in options.reads_from.split(","):
             purpose = {"primary": "write", "standbys": "read"}[source]

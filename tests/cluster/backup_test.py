@@ -47,7 +47,8 @@ class MariaDbRestored(Restored, ClusterCase):
     engine = "mariadb"
 
     def client(self, program, *words):
-        return program, "--no-defaults", "-h127.0.0.1", f"-P{self.cluster.port(self.engine, 'write')}", f"-u{ACCOUNT}", *words
+        port = self.cluster.port(self.engine, "write")
+        return program, "--no-defaults", "-h127.0.0.1", f"-P{port}", f"-u{ACCOUNT}", *words
 
     def save(self):
         words = ("--single-transaction", "--skip-lock-tables", "--default-character-set=utf8mb4", ACCOUNT)

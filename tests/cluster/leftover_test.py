@@ -33,8 +33,8 @@ class Leftovers(unittest.TestCase):
         environment = {name: value for name, value in os.environ.items() if not name.startswith("MEIBO_CLUSTER")}
         process = subprocess.Popen(
             [SOURCES / "scripts/with-cluster", "--engine", engine, *command], stdin=subprocess.DEVNULL,
-            env=environment | {"MEIBO_CLUSTER_PLACE": str(self.place)}, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
-            start_new_session=True,
+            env=environment | {"MEIBO_CLUSTER_PLACE": str(self.place)}, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            text=True, start_new_session=True,
         )  # fmt: skip
         self.addCleanup(process.communicate)
         self.addCleanup(process.kill)

@@ -9,8 +9,8 @@ from . import machine
 from .node import Node
 
 USER = "haproxy"
-# A program holds its connection for its whole run, so idle connections are not closed. Those to a failed node are closed
-# at once: a frozen node would keep its clients waiting.
+# A program holds its connection for its whole run, so idle connections are not closed. Those to a failed node are
+# closed at once: a frozen node would keep its clients waiting.
 SETTINGS = """
 global
     stats socket {folder}/admin mode 600 level admin
@@ -32,8 +32,8 @@ listen postgresql-write
     bind 127.0.0.1:{write}
     {check_primary}
 {servers}
-# Connections live as long as their server. New ones go to a standby that receives the primary's log, if there is one; its
-# check must not end them, since no standby receives anything while the primary is replaced.
+# Connections live as long as their server. New ones go to a standby that receives the primary's log, if there is one;
+# its check must not end them, since no standby receives anything while the primary is replaced.
 listen postgresql-read
     bind 127.0.0.1:{read}
     balance leastconn
@@ -76,7 +76,7 @@ def postgresql_check(condition):
             f"expect binary {hexadecimal(b'Z' + (5).to_bytes(4, 'big') + b'I')}",
             f"send-binary {hexadecimal(b'Q' + (len(query) + 4).to_bytes(4, 'big') + query)}",
             f"send-binary {hexadecimal(b'X' + (4).to_bytes(4, 'big'))}",
-            # A row of one column with the text "t". Any other reply ends the check at once, since the server then closes.
+            # A row of one column with the text "t". Any other reply ends the check, since the server then closes.
             f"expect binary {hexadecimal(b'D' + bytes((0, 0, 0, 11, 0, 1, 0, 0, 0, 1)) + b't')}",
         )
     )
@@ -115,9 +115,9 @@ def server_lines(nodes, ordered=False):
 
 def preferred_lines(nodes, backend):
     """Rules for new connections: half of them take the first server that is up in a backend, half the last one."""
-    first = [f"    use-server {node.name} if {{ var(sess.side) -m int eq 0 }} {{ srv_is_up({backend}/{node.name}) }}" for node in nodes]
-    last = [f"    use-server {node.name} if {{ srv_is_up({backend}/{node.name}) }}" for node in reversed(nodes)]
-    return "\n".join(first + last)
+    side = " { var(sess.side) -m int eq 0 }"
+    ordered = [(node.name, side) for node in nodes] + [(node.name, "") for node in reversed(nodes)]
+    return "\n".join(f"    use-server {name} if{half} {{ srv_is_up({backend}/{name}) }}" for name, half in ordered)
 
 
 def postgresql_section(nodes, write, read):
@@ -181,4 +181,5 @@ class Balancer(Node):
                 if row["pxname"] == backend and row["type"] == "2" and row["status"].startswith("UP")]  # fmt: skip
 
     def await_up(self, backend, *names):
-        machine.poll(f"{', '.join(names) or 'no server'} up in {backend}", lambda: sorted(self.up(backend)) == sorted(names))
+        wanted = sorted(names)
+        machine.poll(f"{names} up in {backend}", lambda: sorted(self.up(backend)) == wanted)

@@ -26,7 +26,8 @@ class Cluster:
         self.balancer = Balancer(root, {engine: (next(ports), next(ports)) for engine in engines})
         self.nodes = {}
         if "postgresql" in engines:
-            self.nodes["postgresql"] = [Postgres(root, f"postgresql{n + 1}", next(ports), password) for n in range(COUNT)]
+            names = [f"postgresql{number + 1}" for number in range(COUNT)]
+            self.nodes["postgresql"] = [Postgres(root, name, next(ports), password) for name in names]
         for node in self.nodes.get("postgresql", ()):
             node.others = [other for other in self.nodes["postgresql"] if other is not node]
         if "mariadb" in engines:
@@ -120,11 +121,15 @@ class Cluster:
             node.join()
         if not running:
             nodes[0].bootstrap()
-        for node in nodes:
+        for node in nodes:  # before the others are waited for, which may need it for a majority
             if node.pid is None:
                 node.start()
-            else:
-                machine.poll(f"{node.name} as member of the cluster", node.is_synced)
+
+        def united():
+            return all(node.is_synced() for node in nodes) and len({node.view() for node in nodes}) == 1
+
+        # A node that was frozen believes for some time to be a member of the cluster that has gone on without it.
+        machine.poll("all nodes in one cluster", united)
 
     def await_whole(self, engines=None):
         """Waits until the balancer has found every node in its role."""

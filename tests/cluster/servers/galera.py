@@ -67,6 +67,10 @@ class Galera(Node):
     def is_synced(self):
         return self.status("local_state_comment") == "Synced"
 
+    def view(self):
+        """The members as this node sees them: their number and the number of the change that led to it."""
+        return self.status("cluster_size"), self.status("cluster_conf_id")
+
     def make(self):
         machine.make_private(self.folder, USER)
         (self.folder / "settings").write_text(SETTINGS.format(**vars(self)), encoding="utf-8")
@@ -74,8 +78,8 @@ class Galera(Node):
                     "--auth-root-authentication-method=normal", f"--datadir={self.folder}/data")  # fmt: skip
 
     def start(self, *options):
-        """Starts the node as a member of the running cluster. One that was killed finds its last transaction first, since
-        it would copy all data from another node otherwise."""
+        """Starts the node as a member of the running cluster. One that was killed finds its last transaction first,
+        since it would copy all data from another node otherwise."""
         if not options:
             options = self.last_position()
         process = machine.launch(USER, self.folder, "mariadbd", f"--defaults-file={self.folder}/settings", *options)
@@ -147,7 +151,9 @@ class Galera(Node):
     def blocking(self):
         """Sessions of block() that have their lock, None if the node does not answer. Also without a majority."""
         lines = self.answers("SHOW PROCESSLIST")
-        return None if lines is None else [line.split("\t")[0] for line in lines.splitlines() if "\tUser sleep\t" in line]
+        if lines is None:
+            return None
+        return [line.split("\t")[0] for line in lines.splitlines() if "\tUser sleep\t" in line]
 
     def holds_lock(self):
         """Whether block() has its lock."""

@@ -75,8 +75,8 @@ class Postgres(Node):
     def make_standby(self, primary):
         machine.make_private(self.folder, USER)
         primary.add_slot(self)
-        self.tool("pg_basebackup", "-D", self.data, "-h", "127.0.0.1", "-p", primary.port, "-U", "replica", "-c", "fast",
-                  PGPASSWORD=self.password)  # fmt: skip
+        self.tool("pg_basebackup", "-D", self.data, "-h", "127.0.0.1", "-p", primary.port, "-U", "replica",
+                  "--checkpoint=fast", PGPASSWORD=self.password)  # fmt: skip
         (self.data / "postgresql.conf").write_text(SETTINGS.format(**vars(self)), encoding="utf-8")
         self.follow(primary)
         self.start()
@@ -88,8 +88,9 @@ class Postgres(Node):
 
     def follow(self, primary):
         """Settings of a standby; to be read at the start or by a reload."""
-        source = f"host=127.0.0.1 port={primary.port} user=replica password={self.password} application_name={self.name}"
-        lines = f"primary_conninfo = '{source}'\nprimary_slot_name = '{self.name}'\nrecovery_target_timeline = 'latest'\n"
+        account = f"user=replica password={self.password} application_name={self.name}"
+        source = f"host=127.0.0.1 port={primary.port} {account}"
+        lines = f"primary_conninfo = '{source}'\nprimary_slot_name = '{self.name}'\n"
         (self.data / "postgresql.auto.conf").write_text(lines, encoding="utf-8")
         (self.data / "standby.signal").touch()
 
@@ -127,7 +128,8 @@ class Postgres(Node):
 
     def waiting(self, user="suite"):
         """Whether a statement of an account waits for a lock."""
-        return self.answers(f"SELECT 1 FROM pg_stat_activity WHERE usename = '{user}' AND wait_event_type = 'Lock' LIMIT 1")
+        sessions = f"FROM pg_stat_activity WHERE usename = '{user}'"
+        return self.answers(f"SELECT 1 {sessions} AND wait_event_type = 'Lock' LIMIT 1")
 
     def await_applied(self, other):
         """Waits until this standby has all that the other node has written."""
@@ -144,14 +146,14 @@ class Postgres(Node):
 
     def unblock(self):
         """Ends the locks of block(). True if there was none."""
-        ended = self.answers("SELECT count(pg_terminate_backend(pid)) FROM pg_stat_activity WHERE wait_event = 'PgSleep'")
-        return ended == "0"
+        sessions = "FROM pg_stat_activity WHERE wait_event = 'PgSleep'"
+        return self.answers(f"SELECT count(pg_terminate_backend(pid)) {sessions}") == "0"
 
     def holds_lock(self):
         """Whether the lock of block() has reached this node."""
         return self.answers(
-            "SELECT 1 FROM pg_locks JOIN pg_database ON pg_database.oid = database WHERE datname = 'suite' AND granted AND"
-            " mode = 'AccessExclusiveLock' AND locktype = 'relation'"
+            "SELECT 1 FROM pg_locks JOIN pg_database ON pg_database.oid = database WHERE datname = 'suite'"
+            " AND granted AND mode = 'AccessExclusiveLock' AND locktype = 'relation'"
         )
 
     def pause(self):
