@@ -20,11 +20,27 @@ QString g_program;
 QList<KeptMessage> g_kept;
 QtMessageHandler g_previous = nullptr;
 
-void KeepMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
-    if (type != QtFatalMsg) return g_kept.append({type, text});
-    std::fprintf(stderr, "%s: 画面 (ディスプレイ) に接続できないため、起動できません。\n", qUtf8Printable(g_program));
+void PrintLine(const QString& text) { std::fprintf(stderr, "%s\n", qUtf8Printable(text)); }
+
+/// The fatal message is the same for a missing display and a missing plugin; only a warning before it has the cause.
+[[noreturn]] void Fail(const QString& fatal) {
+    const bool display = std::any_of(g_kept.begin(), g_kept.end(), [](const KeptMessage& kept) {
+        return kept.text.contains(QLatin1StringView("display"), Qt::CaseInsensitive);
+    });
+    if (display) {
+        PrintLine(g_program + QStringLiteral(": 画面 (ディスプレイ) に接続できないため、起動できません。"));
+    } else {
+        PrintLine(g_program + QStringLiteral(": 画面を表示する準備に失敗したため、起動できません。"));
+        for (const KeptMessage& kept : g_kept) PrintLine(kept.text);
+        PrintLine(fatal);
+    }
     std::fflush(stderr);
     std::_Exit(1);
+}
+
+void KeepMessage(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+    if (type == QtFatalMsg) Fail(text);
+    g_kept.append({type, text});
 }
 
 }  // namespace

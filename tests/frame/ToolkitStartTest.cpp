@@ -116,3 +116,14 @@ TEST_F(ToolkitStart, WithoutADisplayTheRegistrationSaysSoInOneSentence) {
 TEST_F(ToolkitStart, WithADisplayThatDoesNotAnswerTheReportHostSaysSoInOneSentence) {
     ExpectNoDisplay(u"report-host"_s, {{u"DISPLAY"_s, u":65001"_s}, {u"QT_QPA_PLATFORM"_s, u"xcb"_s}});
 }
+
+TEST_F(ToolkitStart, WithoutItsPlatformPluginTheInquiryShowsTheMessagesOfTheToolkit) {
+    Start(Installed(u"要員名簿照会"_s), {}, {{u"QT_QPA_PLATFORM"_s, u"nosuch"_s}});
+    ASSERT_TRUE(process.waitForFinished(kTimeout));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    const QStringList lines = QString::fromUtf8(process.readAllStandardError()).split(u'\n');
+    EXPECT_EQ(lines.first(), u"要員名簿照会: 画面を表示する準備に失敗したため、起動できません。"_s);
+    EXPECT_TRUE(lines.value(1).contains(u"\"nosuch\""_s)) << lines.value(1).toStdString();
+    EXPECT_EQ(installation.HistoryTexts(), QStringList());
+}

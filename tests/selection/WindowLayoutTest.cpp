@@ -31,8 +31,8 @@ TEST_F(WindowLayout, OfTheMultiSelectWindows) {
 }
 
 TEST_F(WindowLayout, OfTheValueWindows) {
-    for (const ValueWindowDefinition& definition : ValueWindowDefinitions()) {
-        wnd担当者複数指定 window(definition);
+    for (const TextCondition& condition : TextConditions()) {
+        wnd担当者複数指定 window(condition);
         window.ShowModeless();
         ExpectLayout(window, u"selection"_s);
     }

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "data/Connections.h"
+#include "data/Files.h"
 #include "data/ServerSchema.h"
 #include "database/DatabaseSession.h"
 #include "platform/FileRights.h"

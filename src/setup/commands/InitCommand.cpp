@@ -2,7 +2,8 @@
 #include <QFileInfo>
 #include <limits>
 
-#include "data/Connections.h"
+#include "data/Files.h"
+#include "data/ReportHostTrust.h"
 #include "platform/SealedPins.h"
 #include "setup/commands/Verbs.h"
 #include "setup/sample/Sample.h"

@@ -51,7 +51,7 @@ void Show(const QString& file, const QString& report, const Console& console) {
     try {
         console.out << file << u": "_s << Words(ReadOutputTarget(file, report)) << u'\n';
     } catch (const ReportFailure& failure) {
-        throw platform::RuntimeError(kWorkFailed, failure.Reason());
+        throw platform::RuntimeError(kWorkFailed, failure.Description());
     }
 }
 

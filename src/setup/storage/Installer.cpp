@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QImage>
 
-#include "data/Connections.h"
+#include "data/Files.h"
 #include "platform/AtomicFile.h"
 #include "platform/FileRights.h"
 #include "platform/ScratchFolder.h"
