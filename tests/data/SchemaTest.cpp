@@ -89,6 +89,7 @@ TEST(Schema, AColumnIsAddedWithItsType) {
     const TableDefinition& staff = SuiteTable(DatabaseKind::General, u"M担当者"_s);
     EXPECT_EQ(AddServerColumnStatement(u"PostgreSQL"_s, staff, {u"EMAIL"_s, u"TEXT"_s}),
               u"ALTER TABLE \"m担当者\" ADD COLUMN \"email\" text COLLATE \"C\""_s);
-    EXPECT_EQ(AddServerColumnStatement(u"MariaDB"_s, staff, {u"EMAIL"_s, u"TEXT"_s}),
-              u"ALTER TABLE \"M担当者\" ADD COLUMN \"EMAIL\" LONGTEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"_s);
+    EXPECT_EQ(
+        AddServerColumnStatement(u"MariaDB"_s, staff, {u"EMAIL"_s, u"TEXT"_s}),
+        u"ALTER TABLE \"M担当者\" ADD COLUMN \"EMAIL\" LONGTEXT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin"_s);
 }
