@@ -97,6 +97,12 @@ TEST_F(Csv, CurrencyIsNotQuoted) {
               " 1000000000000000 ,\"x\", 0 \r\n");
 }
 
+TEST_F(Csv, CurrencyIsRoundedToFourDecimals) {
+    EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY, c CURRENCY, d CURRENCY);"
+                      u"INSERT INTO 表 VALUES (1.2345, 1.23456, 0.12346, -1.23456)"_s),
+              "\"a\",\"b\",\"c\",\"d\"\r\n 1.2345 , 1.2346 , 0.1235 ,-1.2346 \r\n");
+}
+
 TEST_F(Csv, CurrencyThatRoundsToNothingHasNoSign) {
     EXPECT_EQ(Written(u"CREATE TABLE 表 (a CURRENCY, b CURRENCY); INSERT INTO 表 VALUES (-0.00001, -0.00004)"_s),
               "\"a\",\"b\"\r\n 0 , 0 \r\n");

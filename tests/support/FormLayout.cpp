@@ -1,15 +1,12 @@
 #include "support/FormLayout.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
 #include <QHeaderView>
 #include <QStringList>
 #include <algorithm>
 
 #include "screen/Form.h"
 #include "screen/ListView.h"
-#include "support/PrintText.h"
+#include "support/ExpectedText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -74,16 +71,5 @@ QString LayoutOf(const Form& form) {
 }
 
 void ExpectLayout(const Form& form, const QString& folder) {
-    QFile file(QStringLiteral(SUITE_SOURCES "/tests/") + folder + u"/layouts/"_s + form.Name() + u".txt"_s);
-    const QString layout = LayoutOf(form);
-    if (qEnvironmentVariableIsSet("MEIBO_WRITE_LAYOUTS")) {
-        ASSERT_TRUE(file.open(QFile::WriteOnly)) << file.fileName().toStdString();
-        file.write(layout.toUtf8());
-        return;
-    }
-    ASSERT_TRUE(file.open(QFile::ReadOnly)) << file.fileName().toStdString();
-    const QStringList expected = QString::fromUtf8(file.readAll()).split(u'\n');
-    const QStringList lines = layout.split(u'\n');
-    for (qsizetype i = 0; i < std::max(lines.size(), expected.size()); ++i)
-        EXPECT_EQ(lines.value(i), expected.value(i)) << form.Name().toStdString();
+    ExpectText(LayoutOf(form), folder + u"/layouts/"_s + form.Name() + u".txt"_s);
 }

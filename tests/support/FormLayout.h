@@ -8,6 +8,6 @@ class Form;
 /// size and font in pixels, colours, state, tab index and texts, and the columns of each list.
 QString LayoutOf(const Form& form);
 
-/// Compares the layout with the file tests/FOLDER/layouts/NAME.txt, where NAME is the name of the form; a test fails at
-/// each line that differs. With MEIBO_WRITE_LAYOUTS in the environment the file is written instead.
+/// Compares the layout with the file tests/FOLDER/layouts/NAME.txt, where NAME is the name of the form
+/// (ExpectedText.h).
 void ExpectLayout(const Form& form, const QString& folder);
