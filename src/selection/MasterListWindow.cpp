@@ -61,8 +61,8 @@ const QList<MasterListDefinition>& Definitions() {
 QString NameOf(Range range, const QString& code) {
     database::Recordset record;
     QString name;
-    if (OpenRecordset(
-            record, u"SELECT 名称 FROM "_s + ConditionOf(range).master + u" WHERE コード = '"_s + code + u'\''))
+    if (OpenRecordset(record,
+                      u"SELECT 名称 FROM "_s + ConditionOf(range).master + u" WHERE コード = '"_s + code + u'\''))
         name = record[u"名称"].TextOr(QString());
     CloseQuietly(record);
     return name;

@@ -42,7 +42,8 @@ void CreateInstallation(const Arguments& arguments, const Console& console) {
     request.programFolder = console.programFolder;
     request.staff = static_cast<int>(arguments.Number(option::kStaff, request.staff, 1, 99999));
     request.seed = static_cast<quint64>(arguments.Number(option::kSeed, 1, 0, std::numeric_limits<qint64>::max()));
-    request.kind = arguments.Choice(option::kKind, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? FileKind::Mdb : FileKind::Accdb;
+    request.kind =
+        arguments.Choice(option::kKind, {u"accdb"_s, u"mdb"_s}) == u"mdb"_s ? FileKind::Mdb : FileKind::Accdb;
     request.installKind = arguments.Choice(option::kInstallKind, {u"0"_s, u"1"_s}).toInt();
     request.askPins = arguments.Has(option::kPin);
     request.replace = arguments.Has(option::kReplace);

@@ -29,7 +29,9 @@ QStringList DatabasesIn(const QString& folder, const QString& name) {
     return files;
 }
 
-FileKind KindOfFile(const QString& path) { return path.endsWith(DesktopFileName({}, FileKind::Mdb)) ? FileKind::Mdb : FileKind::Accdb; }
+FileKind KindOfFile(const QString& path) {
+    return path.endsWith(DesktopFileName({}, FileKind::Mdb)) ? FileKind::Mdb : FileKind::Accdb;
+}
 
 QList<ConfigurationInUse> PrivateFiles(const QString& root, const QString& user) {
     QList<ConfigurationInUse> files;

@@ -82,7 +82,8 @@ QString ReportHostKey() { return u"HKLM\\"_s + kReportHostKey; }
 std::optional<QString> RegisteredHostFolder() {
     platform::Registry& registry = *platform::Services().registry;
     platform::RegistryKey key;
-    if (registry.OpenKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryRead, key) != platform::kRegistryDone)
+    if (registry.OpenKey(platform::MachineRoot(), kReportHostKey, platform::kRegistryRead, key) !=
+        platform::kRegistryDone)
         return std::nullopt;
     std::optional<QString> folder = ReadRegistryText(key, u"Path"_s);
     registry.CloseKey(key);
