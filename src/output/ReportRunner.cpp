@@ -38,22 +38,22 @@ QString RegisteredHostFolder() {
     return buffer.first(end);
 }
 
-void StartHost(const QString& formsFile) {
+void StartHost(const QString& templateFile) {
     HostRun& run = Globals().Host;
     platform::ProcessService& processes = *platform::Services().processes;
     run.HostFolder = RegisteredHostFolder();
     // The registered folder ends with a separator.
     run.HostProcessId =
-        processes.StartHidden(TrimBlanks(run.HostFolder) + kReportHostProgram, {formsFile, u"/runtime"_s});
+        processes.StartHidden(TrimBlanks(run.HostFolder) + kReportHostProgram, {templateFile, u"/runtime"_s});
     run.HostProcessHandle = processes.OpenProcess(kTerminateAndSynchronize, false, run.HostProcessId);
     // Called with the id instead of the handle: fails, and the code passed to TerminateProcess stays 0.
     processes.GetExitCodeProcess(run.HostProcessId, run.HostExitCode);
     platform::Services().clock->Sleep(kHostStartTimeout);
 }
 
-void OpenOnHost(const QString& formsFile, const QString& report, int view) {
+void OpenOnHost(const QString& templateFile, const QString& report, platform::ReportView view) {
     HostRun& run = Globals().Host;
-    run.HostApplication = platform::Services().reportHosts->Bind(formsFile);
+    run.HostApplication = platform::Services().reportHosts->Bind(templateFile);
     run.HostApplication->OpenReport(report, view);
 }
 
@@ -75,7 +75,7 @@ void LeaveHostToUser() {
 /// The differences between print and preview.
 struct HostUse {
     QString operation;  ///< in the run history
-    int view;
+    platform::ReportView view;
     void (*finish)();
     bool showsErrors;
 };
@@ -95,10 +95,10 @@ void OutputOnHost(const HostUse& use, const QString& report) {
     RecordOutputStart(use.operation);
     CloseReportDatabase();
     TryShowing(use, [&] {
-        const QString formsFile = TemplateFile();
-        if (formsFile.isEmpty()) return;
-        StartHost(formsFile);
-        OpenOnHost(formsFile, report, use.view);
+        const QString templateFile = TemplateFile();
+        if (templateFile.isEmpty()) return;
+        StartHost(templateFile);
+        OpenOnHost(templateFile, report, use.view);
         use.finish();
     });
     TryShowing(use, [] { OpenReportDatabase(); });
@@ -143,12 +143,12 @@ void RunPostcardPrint() { PrintMailPieces(BuildPostcardData, u"はがき"_s); }
 void RunLabelPrint() { PrintMailPieces(BuildLabelData, u"宛名ラベル"_s); }
 
 void PrintReportOnHost(const QString& report) {
-    OutputOnHost({.operation = u"印刷"_s, .view = platform::kPrintReport, .finish = EndHost, .showsErrors = true},
+    OutputOnHost({.operation = u"印刷"_s, .view = platform::ReportView::Print, .finish = EndHost, .showsErrors = true},
                  report);
 }
 
 void PreviewReportOnHost(const QString& report) {
     OutputOnHost(
-        {.operation = u"プレビュ"_s, .view = platform::kPreviewReport, .finish = LeaveHostToUser, .showsErrors = false},
+        {.operation = u"プレビュ"_s, .view = platform::ReportView::Preview, .finish = LeaveHostToUser, .showsErrors = false},
         report);
 }

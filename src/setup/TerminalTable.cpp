@@ -1,31 +1,21 @@
 #include "setup/TerminalTable.h"
 
+#include <unicode/uchar.h>
+
 #include <QList>
 #include <QTextBoundaryFinder>
-#include <algorithm>
-#include <iterator>
 
 namespace setup {
 
 namespace {
 
-struct Range {
-    char32_t first, last;
-};
-
-// Code points that terminals draw two columns wide. Half-width kana (U+FF61 to U+FFDC) are excluded.
-constexpr Range kWide[] = {
-    {0x1100, 0x115F}, {0x2E80, 0x303E},   {0x3041, 0x33FF},   {0x3400, 0x4DBF},   {0x4E00, 0x9FFF},
-    {0xA000, 0xA4CF}, {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE30, 0xFE6F},   {0xFF00, 0xFF60},
-    {0xFFE0, 0xFFE6}, {0x1F300, 0x1F64F}, {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD},
-};
-
+/// Columns of a terminal. Characters of ambiguous width are counted as one.
 int CharacterWidth(char32_t character) {
     const QChar::Category category = QChar::category(character);
     if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing || category == QChar::Other_Format)
         return 0;
-    const auto wide = [&](const Range& range) { return character >= range.first && character <= range.last; };
-    return std::any_of(std::begin(kWide), std::end(kWide), wide) ? 2 : 1;
+    const int width = u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_EAST_ASIAN_WIDTH);
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
 QString Blanks(const QString& text, int width) { return QString(qMax(0, width - DisplayWidth(text)), u' '); }

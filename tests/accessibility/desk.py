@@ -7,16 +7,16 @@ import time
 import pyatspi
 from gi.repository import Atspi, GLib
 
-PATIENCE = 30  # seconds
+TIMEOUT = 30  # seconds
 
 
 class NotSeen(AssertionError):
     """Timeout while waiting for a state."""
 
 
-def wait_for(what, check, patience=PATIENCE):
+def wait_for(what, check, timeout=TIMEOUT):
     """Processes bus events until check() returns a true value, and returns that."""
-    end = time.monotonic() + patience
+    end = time.monotonic() + timeout
     context = GLib.MainContext.default()
     while True:
         while context.iteration(False):

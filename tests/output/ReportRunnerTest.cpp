@@ -23,8 +23,8 @@ class RecordingHosts : public platform::ReportHostLink {
     QString failingVerb;
     std::function<void()> opening;  ///< called by OpenReport
 
-    std::unique_ptr<platform::ReportHost> Bind(const QString& formsFile) override {
-        Note(u"bind"_s, u" "_s + formsFile);
+    std::unique_ptr<platform::ReportHost> Bind(const QString& templateFile) override {
+        Note(u"bind"_s, u" "_s + templateFile);
         return std::make_unique<Host>(*this);
     }
 
@@ -33,9 +33,9 @@ class RecordingHosts : public platform::ReportHostLink {
       public:
         explicit Host(RecordingHosts& hosts) : hosts_(hosts) {}
         ~Host() override { hosts_.calls_.append(u"release"_s); }
-        void OpenReport(const QString& report, int view) override {
+        void OpenReport(const QString& report, platform::ReportView view) override {
             if (hosts_.opening) hosts_.opening();
-            hosts_.Note(u"OpenReport"_s, u" %1 %2"_s.arg(report).arg(view));
+            hosts_.Note(u"OpenReport"_s, u" %1 %2"_s.arg(report).arg(static_cast<int>(view)));
         }
         void Maximize() override { hosts_.Note(u"Maximize"_s); }
         void Quit() override { hosts_.Note(u"Quit"_s); }

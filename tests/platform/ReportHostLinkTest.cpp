@@ -81,7 +81,7 @@ TEST_F(ReportHostLinkTest, EachVerbIsOneRequestAndWaitsForItsAnswer) {
     AnsweringHost host(Forms(), {kDone, kDone, kDone, kDone});
     {
         const std::unique_ptr<ReportHost> bound = LocalReportHostLink().Bind(Forms());
-        bound->OpenReport(u"要員名簿照会"_s, kPreviewReport);
+        bound->OpenReport(u"要員名簿照会"_s, ReportView::Preview);
         bound->Maximize();
         bound->Quit();
     }
@@ -111,7 +111,7 @@ TEST_F(ReportHostLinkTest, HostThatNeverAnswersTheBindIsGivenUp) {
 TEST_F(ReportHostLinkTest, RefusalComesWithTheHostsOwnWords) {
     AnsweringHost host(Forms(), {kDone, LineOf(HostAnswer{2501, u"用紙が\n\"ありません\"。𠮷"_s})});
     const std::unique_ptr<ReportHost> bound = LocalReportHostLink().Bind(Forms());
-    const RuntimeError error = Failure([&] { bound->OpenReport(u"r"_s, kPrintReport); });
+    const RuntimeError error = Failure([&] { bound->OpenReport(u"r"_s, ReportView::Print); });
     EXPECT_EQ(error.Number(), 2501);
     EXPECT_EQ(error.Description(), u"用紙が\n\"ありません\"。𠮷"_s);
 }
@@ -119,7 +119,7 @@ TEST_F(ReportHostLinkTest, RefusalComesWithTheHostsOwnWords) {
 TEST_F(ReportHostLinkTest, HostThatHangsUpIsTold) {
     AnsweringHost host(Forms(), {kDone});
     const std::unique_ptr<ReportHost> bound = LocalReportHostLink().Bind(Forms());
-    EXPECT_EQ(Failure([&] { bound->OpenReport(u"r"_s, kPrintReport); }).Description(),
+    EXPECT_EQ(Failure([&] { bound->OpenReport(u"r"_s, ReportView::Print); }).Description(),
               u"帳票ホストが途中で終了しました。"_s);
 }
 

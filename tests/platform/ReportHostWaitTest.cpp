@@ -69,7 +69,7 @@ class ReportHostWaitTest : public ::testing::Test {
     /// The description of the error that ended the wait.
     QString Open() {
         try {
-            LocalReportHostLink().Bind(Forms())->OpenReport(u"要員名簿照会"_s, kPrintReport);
+            LocalReportHostLink().Bind(Forms())->OpenReport(u"要員名簿照会"_s, ReportView::Print);
         } catch (const RuntimeError& error) {
             return error.Description();
         }

@@ -57,7 +57,7 @@ class HostProgramTest : public ::testing::Test {
 
 TEST_F(HostProgramTest, PrintIsAnsweredWhenThePagesHaveBeenHandedOver) {
     HostProgram host(Forms());
-    host.Bind()->OpenReport(kList, platform::kPrintReport);
+    host.Bind()->OpenReport(kList, platform::ReportView::Print);
     EXPECT_EQ(Printed().size(), 1);
 }
 
@@ -72,9 +72,9 @@ TEST_F(HostProgramTest, QuitEndsIt) {
 TEST_F(HostProgramTest, TemplateThatIsMissingOrHasAnErrorIsReportedInItsAnswer) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
-    EXPECT_TRUE(UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::kPrintReport); }).contains(u"無い帳票"_s));
-    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, 1); }), u"帳票の表示方法 1 は使えません。"_s);
-    bound->OpenReport(kList, platform::kPrintReport);
+    EXPECT_TRUE(UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::ReportView::Print); }).contains(u"無い帳票"_s));
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, static_cast<platform::ReportView>(1)); }), u"帳票の表示方法 1 は使えません。"_s);
+    bound->OpenReport(kList, platform::ReportView::Print);
     EXPECT_EQ(Printed().size(), 1);
 }
 
@@ -83,7 +83,7 @@ TEST_F(HostProgramTest, TemplateFileThatIsMissingOrBrokenIsReported) {
     ASSERT_TRUE(QFile(broken).open(QIODevice::WriteOnly));
     for (const QString& forms : {u"/nowhere/repfrmdb.accdb"_s, broken}) {
         HostProgram host(forms);
-        EXPECT_TRUE(UsageError([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }).endsWith(u"。"_s));
+        EXPECT_TRUE(UsageError([&] { host.Bind()->OpenReport(kList, platform::ReportView::Print); }).endsWith(u"。"_s));
     }
 }
 
@@ -93,7 +93,7 @@ TEST_F(HostProgramTest, PrinterThatRefusesIsReportedInItsAnswer) {
     prints.Reject(u"office"_s);
     WriteOutputTarget(Forms(), {}, {OutputTarget::Kind::Printer, u"office"_s});
     HostProgram host(Forms());
-    EXPECT_EQ(UsageError([&] { host.Bind()->OpenReport(kList, platform::kPrintReport); }),
+    EXPECT_EQ(UsageError([&] { host.Bind()->OpenReport(kList, platform::ReportView::Print); }),
               u"プリンター「office」は印刷を受け付けていません。"_s);
 }
 
@@ -103,7 +103,7 @@ TEST_F(HostProgramTest, WhatItPrintsArrivesAtThePrinter) {
     prints.MakeDefault(u"office"_s);
     WriteOutputTarget(Forms(), {}, {});
     HostProgram host(Forms());
-    host.Bind()->OpenReport(kList, platform::kPrintReport);
+    host.Bind()->OpenReport(kList, platform::ReportView::Print);
     QProcess text;
     text.start(u"pdftotext"_s, {prints.ArrivedFile(u"office"_s), u"-"_s});
     text.waitForFinished();
@@ -115,7 +115,7 @@ TEST_F(HostProgramTest, HostThatDiesWhilePrintingIsReported) {
     const std::unique_ptr<ReportHost> bound = host.Bind();
     host.Freeze();  // the request has arrived and is never answered
     std::thread death([&host] { host.KillNow(); });
-    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::kPrintReport); }),
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::ReportView::Print); }),
               u"帳票ホストが途中で終了しました。"_s);
     death.join();
 }
@@ -133,7 +133,7 @@ TEST_F(HostProgramTest, TerminationRequestEndsALongPrintAndLeavesNoFile) {
         while (entries().isEmpty()) QThread::msleep(10);
         host.Terminate();
     });
-    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::kPrintReport); }), u"帳票の作成を中止しました。"_s);
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::ReportView::Print); }), u"帳票の作成を中止しました。"_s);
     administrator.join();
     EXPECT_TRUE(host.Ends());
     EXPECT_EQ(entries(), QStringList());
@@ -149,7 +149,7 @@ TEST_F(HostProgramTest, PreviewStaysWhenItsCallerIsGone) {
     HostProgram host(Forms());
     {
         const std::unique_ptr<ReportHost> bound = host.Bind();
-        bound->OpenReport(kList, platform::kPreviewReport);
+        bound->OpenReport(kList, platform::ReportView::Preview);
         bound->Maximize();
     }
     Bind();  // other clients are served as well
@@ -163,7 +163,7 @@ TEST_F(HostProgramTest, MaximisedPreviewFillsAScreenWithoutWindowManager) {
     ASSERT_FALSE(screen.Display().isEmpty());
     HostProgram host(Forms(), screen.Display());
     const std::unique_ptr<ReportHost> bound = host.Bind();
-    bound->OpenReport(kList, platform::kPreviewReport);
+    bound->OpenReport(kList, platform::ReportView::Preview);
     const QString window = screen.NewestOf(1);
     EXPECT_NE(screen.SizeOf(window), QSize(1152, 864));
     bound->Maximize();
@@ -181,7 +181,7 @@ TEST_F(HostProgramTest, MailPiecesArriveAtThePrinterOnTheirOwnPaper) {
         installation.Report().Execute(
             u"INSERT INTO 要員名簿照会%1 (コード, 名称B, 郵便番号) VALUES ('00001', '山田　太郎 様', '530-0001')"_s.arg(
                 piece));
-        bound->OpenReport(kList + piece, platform::kPrintReport);
+        bound->OpenReport(kList + piece, platform::ReportView::Print);
         const PdfFile arrived(prints.ArrivedFile(u"tray"_s));
         ASSERT_EQ(arrived.Pages(), 1) << piece.toStdString();
         const QImage sheet = arrived.Picture(0);

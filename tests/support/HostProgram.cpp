@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-HostProgram::HostProgram(const QString& formsFile, const QString& display) : formsFile_(formsFile) {
+HostProgram::HostProgram(const QString& templateFile, const QString& display) : templateFile_(templateFile) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"MEIBO_START_HIDDEN"_s, u"1"_s);
     if (!display.isEmpty()) {
@@ -21,7 +21,7 @@ HostProgram::HostProgram(const QString& formsFile, const QString& display) : for
         environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
     }
     process_.setProcessEnvironment(environment);
-    process_.start(QStringLiteral(SUITE_PROGRAMS "/report-host"), {formsFile, u"/runtime"_s});
+    process_.start(QStringLiteral(SUITE_PROGRAMS "/report-host"), {templateFile, u"/runtime"_s});
     process_.waitForStarted();
 }
 
@@ -31,7 +31,7 @@ std::unique_ptr<platform::ReportHost> HostProgram::Bind() const {
     std::unique_ptr<platform::ReportHost> host;
     const auto bound = [&] {
         try {
-            host = platform::LocalReportHostLink().Bind(formsFile_);
+            host = platform::LocalReportHostLink().Bind(templateFile_);
         } catch (const platform::RuntimeError&) {
             return false;
         }

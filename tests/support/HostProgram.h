@@ -11,7 +11,7 @@ class HostProgram {
   public:
     /// Returns as soon as the process exists; it may not be listening yet. Its windows are shown on the display, if
     /// given.
-    explicit HostProgram(const QString& formsFile, const QString& display = {});
+    explicit HostProgram(const QString& templateFile, const QString& display = {});
     ~HostProgram();
     HostProgram(const HostProgram&) = delete;
     HostProgram& operator=(const HostProgram&) = delete;
@@ -30,7 +30,7 @@ class HostProgram {
     QString ErrorText() { return QString::fromUtf8(process_.readAllStandardError()); }
 
   private:
-    QString formsFile_;
+    QString templateFile_;
     QProcess process_;
 };
 

@@ -33,7 +33,7 @@ QByteArray Line(const QJsonObject& object) { return QJsonDocument(object).toJson
 QByteArray LineOf(const HostRequest& request) {
     for (const VerbName& known : kVerbNames)
         if (known.verb == request.verb)
-            return Line({{kVerb, known.name}, {kReport, request.report}, {kView, request.view}});
+            return Line({{kVerb, known.name}, {kReport, request.report}, {kView, static_cast<int>(request.view)}});
     return {};
 }
 
@@ -45,7 +45,8 @@ std::optional<HostRequest> ParseRequest(const QByteArray& line) {
     const QJsonObject object = QJsonDocument::fromJson(line).object();
     for (const VerbName& known : kVerbNames)
         if (object.value(kVerb).toString() == known.name)
-            return HostRequest{known.verb, object.value(kReport).toString(), object.value(kView).toInt(-1)};
+            return HostRequest{known.verb, object.value(kReport).toString(),
+                               static_cast<ReportView>(object.value(kView).toInt(-1))};
     return std::nullopt;
 }
 
@@ -55,8 +56,8 @@ std::optional<HostAnswer> ParseAnswer(const QByteArray& line) {
     return HostAnswer{static_cast<long>(object.value(kNumber).toInteger()), object.value(kText).toString()};
 }
 
-QString HostSocketPath(const QString& formsFile) {
-    const QFileInfo file(formsFile);
+QString HostSocketPath(const QString& templateFile) {
+    const QFileInfo file(templateFile);
     const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
     const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().first(24);
     return QFile::decodeName(HostFolder()) + u"/host-"_s + QString::fromLatin1(name);

@@ -4,6 +4,8 @@
 #include <QString>
 #include <optional>
 
+#include "platform/ReportHostLink.h"
+
 // IPC protocol between a program and its report host: one line of UTF-8 JSON for each request and for each reply.
 
 namespace platform {
@@ -19,7 +21,7 @@ enum class HostVerb {
 struct HostRequest {
     HostVerb verb = HostVerb::Bind;
     QString report;
-    int view = 0;
+    ReportView view = ReportView::Print;  ///< as received: may be any number
 };
 
 struct HostAnswer {
@@ -37,6 +39,6 @@ std::optional<HostAnswer> ParseAnswer(const QByteArray& line);
 /// Socket path of the host that serves the template file: in HostFolder, derived from a hash of the canonical path, so
 /// that it is short enough for sun_path and independent of how the path is written. Throws RuntimeError like
 /// HostFolder.
-QString HostSocketPath(const QString& formsFile);
+QString HostSocketPath(const QString& templateFile);
 
 }  // namespace platform

@@ -26,7 +26,7 @@ class SocketReportHost : public ReportHost {
             throw RuntimeError(kHostNotFound, u"帳票ホストの接続先は別の利用者のプログラムです。"_s);
     }
 
-    void OpenReport(const QString& report, int view) override { Ask({HostVerb::OpenReport, report, view}, kNoLimit); }
+    void OpenReport(const QString& report, ReportView view) override { Ask({HostVerb::OpenReport, report, view}, kNoLimit); }
     void Maximize() override { Ask({HostVerb::Maximize, {}, 0}, kNoLimit); }
     void Quit() override { Ask({HostVerb::Quit, {}, 0}, kNoLimit); }
 
@@ -57,8 +57,8 @@ class SocketReportHost : public ReportHost {
 
 }  // namespace
 
-std::unique_ptr<ReportHost> LocalReportHostLink::Bind(const QString& formsFile) {
-    auto host = std::make_unique<SocketReportHost>(HostSocketPath(formsFile));
+std::unique_ptr<ReportHost> LocalReportHostLink::Bind(const QString& templateFile) {
+    auto host = std::make_unique<SocketReportHost>(HostSocketPath(templateFile));
     host->Ask({HostVerb::Bind, {}, 0}, timeout_);
     return host;
 }

@@ -92,10 +92,10 @@ void HostService::Dispatch(const HostRequest& request) {
 }
 
 void HostService::OpenReport(const HostRequest& request) {
-    if (request.view != platform::kPrintReport && request.view != platform::kPreviewReport)
-        throw ReportFailure(u"帳票の表示方法 %1 は使えません。"_s.arg(request.view));
+    if (request.view != platform::ReportView::Print && request.view != platform::ReportView::Preview)
+        throw ReportFailure(u"帳票の表示方法 %1 は使えません。"_s.arg(static_cast<int>(request.view)));
     std::unique_ptr<PreparedReport> report = make_(templateFile_, request.report);
-    if (request.view == platform::kPrintReport) return PrintReport(*report, request.report, templateFile_);
+    if (request.view == platform::ReportView::Print) return PrintReport(*report, request.report, templateFile_);
     auto* window = new PreviewWindow(std::move(report), request.report, templateFile_);
     window->setAttribute(Qt::WA_DeleteOnClose);
     windows_.append(window);
