@@ -148,7 +148,9 @@ void PrintReportOnHost(const QString& report) {
 }
 
 void PreviewReportOnHost(const QString& report) {
-    OutputOnHost(
-        {.operation = u"プレビュ"_s, .view = platform::ReportView::Preview, .finish = LeaveHostToUser, .showsErrors = false},
-        report);
+    OutputOnHost({.operation = u"プレビュ"_s,
+                  .view = platform::ReportView::Preview,
+                  .finish = LeaveHostToUser,
+                  .showsErrors = false},
+                 report);
 }

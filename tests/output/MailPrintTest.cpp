@@ -17,7 +17,9 @@ class AskedHosts : public platform::ReportHostLink {
     class Host : public platform::ReportHost {
       public:
         explicit Host(std::function<void(const QString&)>& opened) : opened_(opened) {}
-        void OpenReport(const QString& report, platform::ReportView view) override { opened_(u"%1 %2"_s.arg(report).arg(static_cast<int>(view))); }
+        void OpenReport(const QString& report, platform::ReportView view) override {
+            opened_(u"%1 %2"_s.arg(report).arg(static_cast<int>(view)));
+        }
         void Maximize() override { opened_(u"Maximize"_s); }
         void Quit() override { opened_(u"Quit"_s); }
 

@@ -90,7 +90,7 @@ TEST_F(ReportHostLinkTest, EachVerbIsOneRequestAndWaitsForItsAnswer) {
     EXPECT_EQ(ParseRequest(asked[0])->verb, HostVerb::Bind);
     EXPECT_EQ(ParseRequest(asked[1])->verb, HostVerb::OpenReport);
     EXPECT_EQ(ParseRequest(asked[1])->report, u"要員名簿照会"_s);
-    EXPECT_EQ(ParseRequest(asked[1])->view, 2);
+    EXPECT_EQ(static_cast<int>(ParseRequest(asked[1])->view), 2);
     EXPECT_EQ(ParseRequest(asked[2])->verb, HostVerb::Maximize);
     EXPECT_EQ(ParseRequest(asked[3])->verb, HostVerb::Quit);
 }

@@ -57,7 +57,7 @@ class HostListenerTest : public ::testing::Test {
         EXPECT_TRUE(QTest::qWaitFor([&] { return client.canReadLine(); }));
         return platform::ParseAnswer(client.readLine()).value_or(HostAnswer{-1, {}});
     }
-    HostAnswer Ask(QLocalSocket& client, HostVerb verb) { return Ask(client, platform::LineOf({verb, {}, 0})); }
+    HostAnswer Ask(QLocalSocket& client, HostVerb verb) { return Ask(client, platform::LineOf({.verb = verb})); }
 
     QTemporaryDir folder;
 };
@@ -184,7 +184,7 @@ TEST_F(HostListenerTest, CallerOfAnotherUserIsRefusedAndTheNextOneServed) {
         const AsOtherUser nobody;
         QLocalSocket client;
         client.connectToServer(Name());
-        client.write(platform::LineOf({HostVerb::Quit, {}, 0}));
+        client.write(platform::LineOf({.verb = HostVerb::Quit}));
         client.waitForReadyRead(10000);
         answer = client.readAll();
         done = true;

@@ -72,8 +72,10 @@ TEST_F(HostProgramTest, QuitEndsIt) {
 TEST_F(HostProgramTest, TemplateThatIsMissingOrHasAnErrorIsReportedInItsAnswer) {
     HostProgram host(Forms());
     const std::unique_ptr<ReportHost> bound = host.Bind();
-    EXPECT_TRUE(UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::ReportView::Print); }).contains(u"無い帳票"_s));
-    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, static_cast<platform::ReportView>(1)); }), u"帳票の表示方法 1 は使えません。"_s);
+    EXPECT_TRUE(
+        UsageError([&] { bound->OpenReport(u"無い帳票"_s, platform::ReportView::Print); }).contains(u"無い帳票"_s));
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, static_cast<platform::ReportView>(1)); }),
+              u"帳票の表示方法 1 は使えません。"_s);
     bound->OpenReport(kList, platform::ReportView::Print);
     EXPECT_EQ(Printed().size(), 1);
 }
@@ -133,7 +135,8 @@ TEST_F(HostProgramTest, TerminationRequestEndsALongPrintAndLeavesNoFile) {
         while (entries().isEmpty()) QThread::msleep(10);
         host.Terminate();
     });
-    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::ReportView::Print); }), u"帳票の作成を中止しました。"_s);
+    EXPECT_EQ(UsageError([&] { bound->OpenReport(kList, platform::ReportView::Print); }),
+              u"帳票の作成を中止しました。"_s);
     administrator.join();
     EXPECT_TRUE(host.Ends());
     EXPECT_EQ(entries(), QStringList());

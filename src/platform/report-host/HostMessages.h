@@ -20,7 +20,7 @@ enum class HostVerb {
 
 struct HostRequest {
     HostVerb verb = HostVerb::Bind;
-    QString report;
+    QString report{};
     ReportView view = ReportView::Print;  ///< as received: may be any number
 };
 

@@ -26,9 +26,11 @@ class SocketReportHost : public ReportHost {
             throw RuntimeError(kHostNotFound, u"帳票ホストの接続先は別の利用者のプログラムです。"_s);
     }
 
-    void OpenReport(const QString& report, ReportView view) override { Ask({HostVerb::OpenReport, report, view}, kNoLimit); }
-    void Maximize() override { Ask({HostVerb::Maximize, {}, 0}, kNoLimit); }
-    void Quit() override { Ask({HostVerb::Quit, {}, 0}, kNoLimit); }
+    void OpenReport(const QString& report, ReportView view) override {
+        Ask({HostVerb::OpenReport, report, view}, kNoLimit);
+    }
+    void Maximize() override { Ask({.verb = HostVerb::Maximize}, kNoLimit); }
+    void Quit() override { Ask({.verb = HostVerb::Quit}, kNoLimit); }
 
     void Ask(const HostRequest& request, int timeout) {
         socket_.write(LineOf(request));
@@ -59,7 +61,7 @@ class SocketReportHost : public ReportHost {
 
 std::unique_ptr<ReportHost> LocalReportHostLink::Bind(const QString& templateFile) {
     auto host = std::make_unique<SocketReportHost>(HostSocketPath(templateFile));
-    host->Ask({HostVerb::Bind, {}, 0}, timeout_);
+    host->Ask({.verb = HostVerb::Bind}, timeout_);
     return host;
 }
 

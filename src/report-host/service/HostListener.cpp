@@ -5,7 +5,7 @@
 
 HostListener::HostListener(const QString& templateFile) {
     try {
-        socket_.Listen(platform::HostSocketPath(templateFile), platform::LineOf({platform::HostVerb::Release, {}, 0}));
+        socket_.Listen(platform::HostSocketPath(templateFile), platform::LineOf({.verb = platform::HostVerb::Release}));
     } catch (const platform::RuntimeError& error) {
         openError_ = error.Description();
     }
