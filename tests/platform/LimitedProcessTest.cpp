@@ -76,6 +76,19 @@ TEST(LimitedProcesses, AnEndBeforeTheOutputIsCompleteIsNoTimeout) {
     EXPECT_FALSE(process.TimedOut());
 }
 
+TEST(LimitedProcesses, AnEndSomeTimeAfterTheInputWasClosedIsNoTimeout) {
+    LimitedProcess process(kShell, {u"-c"_s, u"exec <&-; sleep 0.3; exit 3"_s}, {});
+    process.Write(QByteArray(1 << 20, 'x'));
+    EXPECT_EQ(process.Read(1), "");
+    EXPECT_FALSE(process.TimedOut());
+}
+
+TEST(LimitedProcesses, ClosedOutputOfAProcessThatGoesOnIsATimeout) {
+    LimitedProcess process(kShell, {u"-c"_s, u"exec >&-; exec sleep 600"_s}, {.waitMilliseconds = 500});
+    EXPECT_EQ(process.Read(1), "");
+    EXPECT_TRUE(process.TimedOut());
+}
+
 TEST(LimitedProcesses, SilenceIsATimeout) {
     LimitedProcess process(u"/bin/sleep"_s, {u"600"_s}, {.waitMilliseconds = 200});
     EXPECT_EQ(process.Read(1), QByteArray());

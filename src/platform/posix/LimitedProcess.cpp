@@ -107,6 +107,10 @@ bool LimitedProcess::WaitFor(Wait wait) {
     const bool done = wait(waitLeft_);
     waitLeft_ -= static_cast<int>(std::min<qint64>(timer.elapsed(), waitLeft_));
     if (done && mayWait) return true;
+    // A process that ends closes its channels first; that is not the timeout.
+    timer.restart();
+    if (waitLeft_ > 0 && process_.state() != QProcess::NotRunning) process_.waitForFinished(waitLeft_);
+    waitLeft_ -= static_cast<int>(std::min<qint64>(timer.elapsed(), waitLeft_));
     if (process_.state() == QProcess::NotRunning) return false;
     silent_ = true;
     process_.kill();
