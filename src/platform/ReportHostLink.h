@@ -3,6 +3,8 @@
 #include <QString>
 #include <memory>
 
+// IPC with the report host. The implementation uses a local socket (platform/report-host).
+
 namespace platform {
 
 /// Connection to a running report host that has a template file open. All calls block until the host has replied and

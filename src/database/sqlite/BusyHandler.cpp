@@ -1,4 +1,4 @@
-// Part of SqliteHandle.h: WaitForLocks.
+// Part of SqliteHandle.h: WaitForLocks, the busy handler. It retries a locked file until its timeout.
 
 #include "database/sqlite/SqliteHandle.h"
 
