@@ -1,4 +1,4 @@
-// Part of SqliteHandle.h: WaitForLocks, the busy handler. It retries a locked file until its timeout.
+// Part of SqliteHandle.h: WaitForLocks, the busy handler: retry and timeout of statements on a locked file.
 
 #include "database/sqlite/SqliteHandle.h"
 
