@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// Message channel between the suite's programs: rows of プログラム連携情報 in the user configuration. A program that
+// IPC between the suite's programs: messages are rows of プログラム連携情報 in the user configuration. A program that
 // starts another one first posts a start message (連携区分 '00'); the started program answers with an end message
 // ('99') when it ends. An end message keeps sender and receiver of its start message, so both sides query the same
 // pair of ids. The key of an exchange is the command line of the started program, blanks included. Timestamps are

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Write to プログラム稼動履歴. They do not disturb the operation that they record: a failed INSERT is ignored, except
-// in InsertHistoryRow, and its number stays used.
+// The run history プログラム稼動履歴, which is the log of the programs. Logging does not disturb the logged operation: a
+// failed INSERT is ignored, except in InsertHistoryRow, and its number stays used.
 
 /// INSERT of a history row with the current time, ProcCounter, office, staff member and user. `content` is put between
 /// quotes unchanged, so the caller must escape it.

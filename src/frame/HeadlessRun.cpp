@@ -1,4 +1,4 @@
-// The part of Mod要員名簿照会 for headless runs.
+// The part of Mod要員名簿照会 for headless runs: closes modal windows and saves the screenshot.
 
 #include <QApplication>
 #include <QBuffer>

@@ -3,6 +3,8 @@
 #include <QString>
 #include <memory>
 
+// IPC with the report host. The implementation uses a local socket (platform/report-host).
+
 namespace platform {
 
 /// What the host does with a report. The values are part of the protocol.

@@ -14,8 +14,9 @@ struct ServiceSet;
 /// not quit; every program of the suite quits explicitly.
 class SuiteApplication : public QApplication {
   public:
-    /// Keeps the whole command line in Services().system; the toolkit gets the program's name alone. Without a display
-    /// it prints one sentence on standard error and ends the process with status 1.
+    /// Keeps the whole command line in Services().system; the toolkit gets the program's name alone. If the
+    /// toolkit can't start, prints the reason on standard error (platform/ToolkitStart.h) and ends the process with
+    /// status 1.
     SuiteApplication(int argc, char** argv);
 
   private:

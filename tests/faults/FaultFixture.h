@@ -8,6 +8,8 @@
 #include "faults/FaultyDisk.h"
 #include "support/OutputFixture.h"
 
+// Fault injection: a test repeats an operation and makes each of its points fail once.
+
 /// A kind of fault that can be injected at the n-th point of an operation.
 struct Fault {
     QString name;

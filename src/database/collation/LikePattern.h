@@ -7,9 +7,9 @@
 
 namespace database {
 
-/// A compiled LIKE pattern in the syntax of the suite's desktop engine: "%" matches any characters, "_" one, [list] one
-/// of the list, [!list] one not in it, with ranges a-z; "*" and "?" are literals. Compares folded characters
-/// (TextFolding). No backtracking: the time is at most proportional to the product of both lengths.
+/// A compiled LIKE pattern with the wildcards of the suite's desktop engine: "%" matches any characters, "_" one,
+/// [list] one of the list, [!list] one not in it, with ranges a-z; "*" and "?" are literals. Compares folded
+/// characters (TextFolding). No backtracking: the time is at most proportional to the product of both lengths.
 class LikePattern {
   public:
     /// Empty if a "[" is not closed. `escape` makes the next character of the pattern a literal.

@@ -1,4 +1,4 @@
-// Part of LikePattern.h: translations for servers.
+// Part of LikePattern.h: translations for servers, to regular expressions and to patterns over folded text.
 
 #include "database/collation/LikePattern.h"
 

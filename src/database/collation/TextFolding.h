@@ -6,9 +6,9 @@
 
 namespace database {
 
-/// Folds what the suite's desktop engine does not distinguish: letter case, full and half width of letters, digits and
-/// punctuation, and hiragana, katakana and half-width katakana. Used by LIKE and ORDER BY. Indexed by character of the
-/// basic plane; the folded form is the half-width lower-case letter or the hiragana.
+/// Normalises (folds) what the suite's desktop engine does not distinguish: letter case, full and half width of
+/// letters, digits and punctuation, and hiragana, katakana and half-width katakana. Used by LIKE and ORDER BY. Indexed
+/// by character of the basic plane; the folded form is the half-width lower-case letter or the hiragana.
 const std::array<char16_t, 65536>& FoldingTable();
 
 /// Composes a kana and the voicing or semi-voicing mark after it, both folded; 0 if they do not compose.

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QStringView>
 
-// Text of SQL statements in standard syntax, which every supported engine accepts.
+// Escapes values and names for SQL statements by quotes, in standard syntax, which every supported engine accepts.
 
 namespace database {
 

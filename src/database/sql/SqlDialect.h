@@ -14,7 +14,7 @@ enum class LikeWriting {
     RegularExpression  ///< regular expression that lists every variant of each character
 };
 
-/// Differences between an engine's SQL and that of the suite.
+/// SQL dialect of an engine, as its differences from the suite's dialect.
 struct SqlDialect {
     bool topIsLimit = false;          ///< "SELECT TOP n ..." becomes "SELECT ... LIMIT n"
     bool flattenRightJoins = false;   ///< nested RIGHT JOINs become a chain of LEFT JOINs

@@ -8,6 +8,8 @@
 
 #include "database/sql/Tokenizer.h"
 
+// Syntax tree of an SQL statement: nested lists of tokens. Clauses are found when a rewriter needs them.
+
 namespace database {
 
 struct Node;

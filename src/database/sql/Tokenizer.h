@@ -4,6 +4,8 @@
 #include <QStringView>
 #include <vector>
 
+// Tokenizer for SQL statements.
+
 namespace database {
 
 enum class TokenKind {

@@ -1,4 +1,4 @@
-// Part of SqliteHandle.h: WaitForLocks.
+// Part of SqliteHandle.h: WaitForLocks, the busy handler: retry and timeout of statements on a locked file.
 
 #include "database/sqlite/SqliteHandle.h"
 

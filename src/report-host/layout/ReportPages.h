@@ -13,7 +13,7 @@ namespace report {
 /// Top left corners of the cells of a row, relative to the page. `slot`: index of the row on its page.
 QList<QPointF> CellsOfSlot(const TemplateDefinition& definition, int slot);
 
-/// Paginates the rows of a report and paints the pages.
+/// Page layout: divides the rows of a report into pages, and paints them.
 class ReportPages : public PreparedReport {
   public:
     /// `columns`: column names of `rows`; `today`: text of the built-in field 本日. The template must have passed

@@ -1,3 +1,5 @@
+// Part of PreparedReport.h: WritePdf, which renders a report to a file.
+
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>

@@ -3,6 +3,8 @@
 #include "report-host/template/ReportErrors.h"
 #include "report-host/template/TemplateDefinition.h"
 
+// Parser of report templates.
+
 namespace report {
 
 struct ParsedTemplate {

@@ -8,6 +8,8 @@
 
 struct sqlite3;
 
+// Migration of databases that an older version has made: adds what the catalogue has and a file or server lacks.
+
 namespace setup {
 
 // DDL statements generated from the catalogue.
