@@ -1,4 +1,4 @@
-// Part of LikePattern.h: translations for servers.
+// Part of LikePattern.h: FoldedLikeText, FoldedExpression and StoredExpression.
 
 #include "database/collation/LikePattern.h"
 

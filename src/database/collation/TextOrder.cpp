@@ -1,4 +1,4 @@
-// Part of TextFolding.h: the order.
+// Part of TextFolding.h: CompareTexts and OrderWeightOf.
 
 #include "database/collation/TextFolding.h"
 
