@@ -6,7 +6,7 @@
 #include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
 
-// Part of Environment.h: the definition rows.
+// Part of Environment.h: the procedures that read definition rows.
 
 using namespace Qt::StringLiterals;
 

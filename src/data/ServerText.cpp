@@ -2,7 +2,7 @@
 
 #include "database/DatabaseSession.h"
 
-// Part of ServerSchema.h: what a server lacks.
+// Part of ServerSchema.h: FindServerTextFaults.
 
 using namespace Qt::StringLiterals;
 

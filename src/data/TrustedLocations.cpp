@@ -3,7 +3,7 @@
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
 
-// Part of ReportHostTrust.h: the trusted locations of a version.
+// Part of ReportHostTrust.h: ReadRegistryText, NewLocationName and OpenLocationFor.
 
 using namespace Qt::StringLiterals;
 using namespace platform;

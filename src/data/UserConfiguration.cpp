@@ -11,7 +11,7 @@
 #include "platform/PlainFile.h"
 #include "platform/Services.h"
 
-// Part of Environment.h: the private copies of a user.
+// Part of Environment.h: PrepareUserConfig.
 
 using namespace Qt::StringLiterals;
 using platform::kPathSeparator;
