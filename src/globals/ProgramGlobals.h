@@ -71,7 +71,7 @@ struct ProgramGlobals {
     int LastRow = -1;         ///< highest used row of the store
     QString ScopeOfficeCode;  ///< office filter of the inquiry, "000" for all
 
-    Control* FirstHeadItem = nullptr;
+    Control* FirstHeadItem = nullptr;   ///< the head item that gets the focus after a search or a clear
     Control* LastHeadItem = nullptr;    ///< the head item that lost the focus last
     Control* ActiveItem = nullptr;      ///< the input item last activated in a list window
     QString ListCondition;              ///< SQL condition passed to a list window
@@ -84,7 +84,7 @@ struct ProgramGlobals {
     database::Recordset ReportRecordset;                   ///< the only recordset on it
     QString TextOutputFileName;                            ///< last chosen name, the next default
     std::unique_ptr<platform::OutputFile> TextOutputFile;  ///< open while the file is written
-    QSize ScreenSize;                                      ///< pixels of the primary screen
+    QSize ScreenSize;                                      ///< primary screen, in device-independent pixels
 
     QString OsUserName, ComputerName, UserId;
     double ProcCounter = 0;  ///< number of the last history row of this run, a whole number

@@ -31,7 +31,7 @@ class FileSystem {
     /// 58 the name exists, 61 the disk is full, 70 no permission or read-only, 76 the parent does not exist, 75 any
     /// other cause.
     virtual void CreateFolder(const QString& path) const = 0;
-    /// OutputFile::Open.
+    /// Opens a file for writing by OutputFile::Open. Null on failure, or if another process has a lock on it.
     virtual std::unique_ptr<OutputFile> OpenForOutput(const QString& path) const = 0;
     /// Creates an empty marker file with mode 0600. True also if a regular file of this user has that name already; its
     /// content is not changed. False on failure and for any other entry of that name, including a symbolic link.

@@ -24,12 +24,12 @@ inline RegistryKey UserRoot() { return {RegistryRoot::CurrentUser, {}, kRegistry
 
 // Status codes. Every call returns one; none throws.
 inline constexpr long kRegistryDone = 0;
-inline constexpr long kRegistryNotFound = 2;       ///< no such key, or no such value
-inline constexpr long kRegistryDenied = 5;         ///< no permission for the file, or the key was not opened for it
-inline constexpr long kRegistryClosed = 6;         ///< the key is not open
-inline constexpr long kRegistryLocked = 33;        ///< other processes had the write lock for more than five seconds
-inline constexpr long kRegistryBadName = 87;       ///< too long, too deep, or with characters that can't be stored
-inline constexpr long kRegistryMoreData = 234;     ///< buffer too small; the required length is returned
+inline constexpr long kRegistryNotFound = 2;    ///< no such key, or no such value
+inline constexpr long kRegistryDenied = 5;      ///< no permission for the file, or the key was not opened for writing
+inline constexpr long kRegistryClosed = 6;      ///< the key is not open
+inline constexpr long kRegistryLocked = 33;     ///< other processes had the write lock for more than five seconds
+inline constexpr long kRegistryBadName = 87;    ///< too long, too deep, or with characters that can't be stored
+inline constexpr long kRegistryMoreData = 234;  ///< buffer too small; the required length is returned
 inline constexpr long kRegistryNoMoreItems = 259;  ///< the index is past the last subkey
 inline constexpr long kRegistryDamaged = 1015;     ///< unreadable registry file; it is never overwritten
 inline constexpr long kRegistryNotWritten = 1016;  ///< disk full or registry too large; the file is unchanged
@@ -70,6 +70,7 @@ class Registry {
     virtual long QueryText(const RegistryKey& key, const QString& name, QString& buffer, int& length) = 0;
     /// Reads a number. kRegistryNotFound if there is no such value, kRegistryOtherType if it is text.
     virtual long QueryNumber(const RegistryKey& key, const QString& name, quint32& number) = 0;
+
     // Both replace a value of either type. kRegistryBadName if `name` is too long, kRegistryNotFound if the key has
     // been deleted meanwhile.
 

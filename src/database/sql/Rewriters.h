@@ -30,8 +30,7 @@ void BalanceChains(NodeList& level, size_t longest, size_t fanOut = 32);
 
 /// Rewrites each `operand [NOT] LIKE 'pattern' [ESCAPE 'c']` of the level for a server, as engine.like specifies.
 /// Throws DatabaseError kStatementFailure if the extent of the operand is ambiguous, the pattern is not a single
-/// literal, or a
-/// "[" of it is not closed: the server's own LIKE has other rules and must not be used.
+/// literal, or a "[" of it is not closed: the server's own LIKE has other rules and must not be used.
 void RewriteLike(NodeList& level, const SqlDialect& engine);
 
 /// Makes "=" ignore ASCII case in the conditions of the level if either side is one of `rules.comparedCaseBlind`.
