@@ -7,9 +7,10 @@
 #include "database/Database.h"
 
 // The suite's tables. The programs do not create or alter tables; the setup tool creates all of them from this
-// catalogue. Connections take from it which columns contain words.
+// catalogue.
 
-/// The database file of a table.
+/// The database of a table: General gnrdb or a server, Configuration usrcnfg, Report repdb (work tables of reports),
+/// Forms repfrmdb (report templates).
 enum class DatabaseKind { General, Configuration, Report, Forms };
 
 struct ColumnDefinition {
@@ -18,7 +19,7 @@ struct ColumnDefinition {
 };
 
 struct TableDefinition {
-    DatabaseKind store;
+    DatabaseKind store;  ///< the database that contains the table
     QString name;
     QList<ColumnDefinition> columns;  ///< in the order in which the suite writes them
     QStringList key;                  ///< columns of the primary key; empty for logs, messages and work tables
@@ -28,11 +29,12 @@ struct TableDefinition {
 /// All tables that the suite's programs read or write.
 const QList<TableDefinition>& SuiteTables();
 
-/// The catalogue's tables of one database.
+/// The tables of one database, in the order of the catalogue.
 QList<TableDefinition> TablesOf(DatabaseKind store);
 
-/// The table of that exact name. Throws database::DatabaseError kItemNotFound if it is unknown.
+/// The table of that exact name. Throws database::DatabaseError platform::kItemNotFound if it is unknown.
 const TableDefinition& SuiteTable(DatabaseKind store, const QString& name);
 
-/// Columns that the desktop engine sorts by word collation, and columns that it compares case-insensitively.
+/// The rules of all connections to the general database: names and addresses are sorted as text, login names ignore
+/// letter case.
 database::TextRules SuiteTextRules();

@@ -1,3 +1,5 @@
+// Part of Environment.h: the procedures that read definition rows.
+
 #include "data/Environment.h"
 
 #include <array>
@@ -5,8 +7,6 @@
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "text/mod項目編集.h"
-
-// Part of Environment.h: the definition rows.
 
 using namespace Qt::StringLiterals;
 

@@ -134,8 +134,8 @@ QString CutAtNull(const QString& text) {
     return found > 0 ? text.first(found) : QString();
 }
 
-// The common file determines whether there is a private one, so it is read first. If a private one is used, all
-// definition fields come from it.
+// The common file determines whether there is a private one, so it is read first. If a private one is used, the row of
+// 動作環境定義 is read again from it; that of データベース定義 is not.
 bool LoadEnvironment() {
     if (!TryOpenCommonConfig()) return false;
     ReadGeneralDatabaseDefinition();

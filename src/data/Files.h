@@ -4,7 +4,7 @@
 
 #include "globals/EnvironmentDefinition.h"
 
-// Files and folders of an installation.
+// Files and folders of an installation. Paths are accessed through platform::Services().files.
 
 /// Name of a desktop database file with the suffix of its kind: "repdb" becomes "repdb.accdb" or "repdb.mdb". Empty for
 /// FileKind::None.
@@ -19,16 +19,16 @@ struct DesktopFile {
 /// Finds the file `name`, given without suffix, in a folder; .accdb takes precedence over .mdb.
 DesktopFile FindDesktopFile(const QString& folder, const QString& name);
 
-/// The kind by the suffix of a path: Mdb for ".mdb", otherwise Accdb.
+/// The kind by the suffix of a path: Mdb for ".mdb" in lower case, otherwise Accdb. The file need not exist.
 FileKind KindOfDesktopFile(const QString& path);
 
-/// True if the path is an existing file, not a folder.
+/// FileSystem::FileExists: true for a regular file.
 bool FileExistsCheck(const QString& path);
-/// Copies and overwrites the target. Returns false on failure, shows no message.
+/// FileSystem::CopyFile: replaces the target; false on failure, without a message.
 bool CopyFileOver(const QString& source, const QString& target);
 
-/// Creates the missing folders up to the last separator of a path; the part after it may be a file name. Accepts
-/// network paths ("\\", server and share must exist), drive paths (":\") and absolute paths of this platform; does
-/// nothing for others. Both separators are accepted. If a folder cannot be created, stops with a message box; throws
-/// nothing.
+/// Creates the missing folders up to the last separator of a path; the part after it is taken for a file name. Accepts
+/// network paths ("\\server\share\..."; server and share must exist), drive paths (containing ":\") and absolute paths
+/// of this platform; has no effect on others. Separators are "\" and that of the platform. If a folder cannot be
+/// created, a message box is shown and the rest is skipped; throws nothing.
 void EnsureFolderPath(const QString& path);

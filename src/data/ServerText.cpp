@@ -1,8 +1,8 @@
+// Part of ServerSchema.h: FindServerTextFaults.
+
 #include "data/ServerSchema.h"
 
 #include "database/DatabaseSession.h"
-
-// Part of ServerSchema.h: what a server lacks.
 
 using namespace Qt::StringLiterals;
 

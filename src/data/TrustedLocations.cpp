@@ -1,9 +1,9 @@
+// Part of ReportHostTrust.h: ReadRegistryText, NewLocationName and OpenLocationFor.
+
 #include "data/ReportHostTrust.h"
 
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
-
-// Part of ReportHostTrust.h: the trusted locations of a version.
 
 using namespace Qt::StringLiterals;
 using namespace platform;

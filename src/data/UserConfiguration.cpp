@@ -1,3 +1,5 @@
+// Part of Environment.h: PrepareUserConfig.
+
 #include "data/Environment.h"
 
 #include <QFileInfo>
@@ -10,8 +12,6 @@
 #include "platform/FileRights.h"
 #include "platform/PlainFile.h"
 #include "platform/Services.h"
-
-// Part of Environment.h: the private copies of a user.
 
 using namespace Qt::StringLiterals;
 using platform::kPathSeparator;

@@ -13,7 +13,8 @@ class DatabaseSession;
 class NewRecord;
 class ResultTable;
 
-/// A value of the current record. A view: invalid once another record becomes current or the recordset closes.
+/// A value of the current record of a Recordset. A view: invalid once another record becomes current or the recordset
+/// closes.
 class Field {
   public:
     Field(const ResultTable& table, int row, int column) : table_(&table), row_(row), column_(column) {}
@@ -33,8 +34,9 @@ class Field {
     int column_;
 };
 
-/// A connection to one database. The "Provider=" field of the connection string selects the provider. All members but
-/// Close() and IsOpen() throw DatabaseError.
+/// A connection to one database: a desktop file (SQLite) or a server (ODBC), selected by the "Provider=" field of the
+/// connection string. Statements are in the suite's SQL dialect; the provider translates them. All members but Close()
+/// and IsOpen() throw DatabaseError.
 class Connection {
   public:
     Connection();
@@ -43,19 +45,21 @@ class Connection {
     Connection& operator=(Connection&&) noexcept;
 
     // Settings; they take effect at Open.
-    int ConnectionTimeout = 15;  ///< seconds
-    int CommandTimeout = 30;     ///< seconds
-    database::CursorLocation CursorLocation = database::CursorLocation::Server;
-    ConnectMode Mode = ConnectMode::ReadWrite;  ///< Read: the engine itself refuses every write
-    TextRules Rules;
+    int ConnectionTimeout = 15;  ///< seconds; for a file the wait for its lock, at most 5
+    int CommandTimeout = 30;     ///< seconds for one statement of a server; for a file as above
+    database::CursorLocation CursorLocation = database::CursorLocation::Server;  ///< no effect: see Recordset
+    ConnectMode Mode = ConnectMode::ReadWrite;                                   ///< Read: every write fails
+    TextRules Rules;                                                             ///< text comparison by column
     bool Scratch = false;  ///< skips flushing to disk; contents may be lost when the machine crashes
 
-    /// Opens an existing database; a missing file is an error and never created. Reads header and schema, so that a
-    /// file that is no database fails here and not at the first statement.
+    /// Opens an existing database; shape of the string: ParseConnectionString. A missing file is an error and never
+    /// created. Reads header and schema of a file, so that one that is no database fails here and not at the first
+    /// statement.
     void Open(const QString& connectionString);
     void Close() noexcept;
     bool IsOpen() const noexcept { return session_ != nullptr; }
-    /// Runs one statement that returns no rows. Throws kStatementFailure for text that is not exactly one statement.
+    /// Runs one statement and ignores its rows, if any. Throws kStatementFailure for text that is not exactly one
+    /// statement.
     void Execute(const QString& sql);
 
     /// The provider's session, for Recordset and ReadScope. Throws kObjectClosed when not open.
@@ -67,8 +71,8 @@ class Connection {
     std::shared_ptr<DatabaseSession> session_;
 };
 
-/// The rows of one SELECT. Open reads all of them and finishes the engine's statement, so that an open recordset never
-/// locks out a writer.
+/// The rows of one SELECT, read forwards. Open reads all of them and finishes the engine's statement, so that an open
+/// recordset never locks out a writer. Members throw DatabaseError kObjectClosed if the recordset is not open.
 /// (AtBOF and AtEOF are not called BOF and EOF because the C library defines a macro EOF.)
 class Recordset {
   public:
@@ -86,7 +90,9 @@ class Recordset {
     /// kNotAllowedHere while a record is being added, and the recordset stays open.
     void Close();
 
+    /// Before the first record: only in an empty result, since there is no way back.
     bool AtBOF() const;
+    /// After the last record.
     bool AtEOF() const;
     /// Throws kNoCurrentRecord at EOF. An added record is the last one; if it is still being added, it is written
     /// first, as by Update.
@@ -113,8 +119,9 @@ class Recordset {
     /// Sets a field of the record being added; the name is found as in operator[]. Throws kNoCurrentRecord without
     /// AddNew.
     void Write(QStringView name, const QString& value);
-    /// Inserts the record into the table immediately, in its own transaction if none is active. Fields that were not
-    /// set get the table's default. After a failure the record is still being added.
+    /// Inserts the record into the table immediately, in a separate transaction if none is active. Fields that were not
+    /// set get the table's default. Throws kNoCurrentRecord without AddNew; after a failed insertion the record is
+    /// still being added.
     void Update();
 
   private:
@@ -129,8 +136,8 @@ class Recordset {
     bool forwardOnly_ = true;
 };
 
-/// A transaction: Commit makes its statements permanent, the destructor without Commit rolls them back. Other writers
-/// wait meanwhile, so never show a message box inside one.
+/// A transaction: Commit makes its statements permanent, the destructor without Commit rolls them back. Until then
+/// other writers of the file, or of the rows written on a server, wait; so never show a message box inside one.
 class Transaction {
   public:
     /// Throws DatabaseError if the connection is not open or the lock was not acquired within the timeout.
@@ -138,7 +145,8 @@ class Transaction {
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
-    /// Throws DatabaseError; nothing has been written then.
+    /// Throws DatabaseError; the destructor then rolls back. If the connection to a server is lost during the call, it
+    /// is unknown whether the statements are permanent.
     void Commit();
 
   private:
@@ -147,9 +155,9 @@ class Transaction {
 };
 
 /// While it exists, all statements on the connection read from one snapshot, and the provider may cache the results of
-/// equal statements. Does nothing if the connection is not open or already in a scope, or if the engine refuses; never
-/// throws. It blocks writers of other programs, so never show a message box inside one. A write on the same connection
-/// ends it.
+/// equal statements. Has no effect if the connection is not open or already in a scope or transaction, or if the engine
+/// has no snapshots; never throws. On a desktop file it blocks writers of other programs, so never show a message box
+/// inside one. A write on the same connection ends it.
 class ReadScope {
   public:
     explicit ReadScope(Connection& connection);

@@ -10,11 +10,11 @@
 
 namespace database {
 
-/// The parsed connection string and the settings of Connection. Field names of the string ignore case.
+/// The parsed connection string and the settings of Connection.
 struct ConnectionRequest {
     QString provider;
-    QString dataSource;
-    QString initialCatalog;  // null if the field is missing
+    QString dataSource;      // path of a desktop file; server or ODBC data source name (see OdbcConnectionText)
+    QString initialCatalog;  // database on a server; null if the field is missing
     QString userId;
     QString password;
     int connectionTimeout = 15;  // seconds
@@ -27,11 +27,12 @@ struct ConnectionRequest {
 /// Parses "Provider=...;User ID=...;Password=...;Data Source=...;Initial Catalog=...". Field names ignore case; blanks
 /// around names and unquoted values are trimmed; a value may be quoted with '...' or "...", the quote doubled inside;
 /// the last ";" is optional; unknown fields are ignored; of duplicate fields the last one counts. Never fails: a
-/// missing field is a null string, a field without a value an empty one. Timeouts, mode and text rules of the request
-/// keep their defaults.
+/// missing field is a null string, a field without a value an empty one. The other members of the request keep their
+/// defaults.
 ConnectionRequest ParseConnectionString(const QString& text);
 
-/// The table that an updatable query inserts into. Created by a session and passed back to that session only.
+/// The table that the records added to a recordset are inserted into. Created by QueryForUpdate of a session, and
+/// passed to Insert of the same session only.
 class RecordTarget {
   public:
     virtual ~RecordTarget() = default;
@@ -58,36 +59,41 @@ class DatabaseSession {
     /// SQL_DBMS_NAME of a server's driver ("PostgreSQL"); empty for a desktop file.
     virtual QString EngineName() const { return {}; }
 
-    /// Runs one SELECT and reads all rows. A sole owner of the result may discard rows already read.
+    /// Runs one SELECT and reads all rows. The session may keep a reference to the result, in a cache; only the sole
+    /// owner may discard rows already read.
     virtual std::shared_ptr<ResultTable> Query(const QString& sql) = 0;
-    /// Runs one statement that returns no rows. Ends an open read scope.
+    /// Runs one statement and ignores its rows, if any. Ends an open read scope.
     virtual void Execute(const QString& sql) = 0;
 
-    /// Locking: a desktop file is locked for this writer from the beginning, a row of a server from the first write to
-    /// it. Values read after that are still current when they are written back.
+    /// Begins a transaction. A desktop file is locked against other writers from here on, a row on a server from the
+    /// first write to it: values read after that are still current when they are written back.
     virtual void BeginTransaction() { Execute(QStringLiteral("BEGIN")); }
     virtual void CommitTransaction() { Execute(QStringLiteral("COMMIT")); }
     virtual void RollBackTransaction() { Execute(QStringLiteral("ROLLBACK")); }
 
-    /// Runs a SELECT whose table records are to be added to. Throws kNotUpdatable if the columns do not all come from
-    /// one table, or if the provider does not support it.
+    /// Runs a SELECT and returns its rows and its table, for Insert. Throws kNotUpdatable if the columns do not all
+    /// come from one table, and on a server.
     virtual UpdatableResult QueryForUpdate(const QString& sql);
     /// Inserts one record into the target of a query of this session; columns not in `fields` get their default.
     /// Committed on return unless a transaction is open. Ends an open read scope.
     virtual void Insert(RecordTarget& target, const std::vector<WrittenField>& fields);
 
-    /// Starts a snapshot. False if a scope or a transaction is open, or if the engine refuses.
+    /// Takes a snapshot for all following reads (ReadScope). False if a scope or a transaction is open, or if the
+    /// engine has no snapshots or refuses.
     virtual bool BeginReadScope() noexcept = 0;
+    /// No effect without a scope.
     virtual void EndReadScope() noexcept = 0;
 };
 
-/// Opens the database with the provider that the request names. Throws kProviderNotFound for an unknown provider,
-/// otherwise what the provider throws.
+/// Opens the database with the provider that the request names: Microsoft.ACE.OLEDB… and Microsoft.Jet.OLEDB… are
+/// desktop files, all others servers. Throws what OpenSqliteSession or OpenOdbcSession throws. The session handles a
+/// request to end the program (MakeEndable).
 std::unique_ptr<DatabaseSession> OpenSession(const ConnectionRequest& request);
 
-/// Decorator that handles a request to end the program. EndRequested makes the engines' sessions abort the running
-/// statement; the request is then carried out before the failure propagates. The transaction of a desktop file is
-/// rolled back first, since the process usually exits there. OpenSession returns such a session.
+/// Wraps a session so that it handles a request to end the program (platform/EndRequest.h). Such a request makes the
+/// wrapped session abort its statement with a DatabaseError; the wrapper then calls CarryOutEndRequest and, if that
+/// returns, throws the error. The transaction of a desktop file is rolled back before, since the process usually exits
+/// in that call.
 std::unique_ptr<DatabaseSession> MakeEndable(std::unique_ptr<DatabaseSession> session);
 
 }  // namespace database

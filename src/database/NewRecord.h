@@ -8,10 +8,10 @@
 
 namespace database {
 
-/// The record that a recordset is adding, or added last.
+/// The record that a Recordset is adding, or has added last. Columns are numbered as in the recordset's result.
 class NewRecord {
   public:
-    /// Columns are those of `result`. Writing throws kObjectClosed if the session no longer exists.
+    /// `result`: from QueryForUpdate of `session`.
     NewRecord(std::weak_ptr<DatabaseSession> session, UpdatableResult result);
 
     /// True from Begin until WriteToTable succeeds.
@@ -19,14 +19,16 @@ class NewRecord {
     /// True from Begin until Leave: the record can be read.
     bool Exists() const { return exists_; }
 
-    /// Starts a record with all fields Null, after WriteToTable for one still being added.
+    /// Starts a record with all fields Null. A record still being added is written first (WriteToTable).
     void Begin();
+    /// Sets a field. Only while the record is being added.
     void Write(int column, const QString& value);
-    /// Throws DatabaseError; the record is then still being added.
+    /// Inserts the record. Throws DatabaseError, kObjectClosed if the session no longer exists; the record is then
+    /// still being added.
     void WriteToTable();
-    /// Ends reading, after WriteToTable for a record still being added.
+    /// Ends reading the record. A record still being added is written first (WriteToTable).
     void Leave();
-    /// The record as a result of one row; valid until the next write.
+    /// The record as a result of one row; valid until the next Begin or Write. Only while Exists().
     const ResultTable& AsTable();
 
   private:

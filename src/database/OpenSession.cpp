@@ -1,4 +1,4 @@
-// Part of DatabaseSession.h: OpenSession and what sessions have in common.
+// Part of DatabaseSession.h: OpenSession, MakeEndable and the defaults of DatabaseSession.
 
 #include "database/DatabaseSession.h"
 

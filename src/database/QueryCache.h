@@ -17,12 +17,13 @@ class QueryCache {
     static constexpr qsizetype kMostBytes = qsizetype{16} * 1024 * 1024;
     static constexpr qsizetype kLargestResult = 4096;  // bytes
 
-    /// Null if not cached.
+    /// The result of an equal statement; null if it is not cached.
     std::shared_ptr<ResultTable> Find(const QString& sql);
-    /// Caches the result if it is small enough, the cache is not full, and `use` shows enough hits for this kind of
-    /// statement; statements that never repeat would only fill the cache.
+    /// Caches the result if it is small enough and the cache is not full. `use` counts the hits of all statements that
+    /// differ in literals only: if they are too rare, nothing more is cached, since statements that never repeat would
+    /// only fill the cache.
     void Keep(const QString& sql, const std::shared_ptr<ResultTable>& result, const std::shared_ptr<StatementUse>& use);
-    /// To be called at the end of the scope.
+    /// Empties the cache. To be called at the end of the scope.
     void Forget();
 
   private:

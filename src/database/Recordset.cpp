@@ -1,3 +1,5 @@
+// Part of Database.h: Field and Recordset.
+
 #include "database/Database.h"
 #include "database/DatabaseSession.h"
 #include "database/NewRecord.h"

@@ -36,7 +36,8 @@ class ColumnSet {
 };
 
 /// All rows of a result, as UTF-8 in a few large blocks: a third of the memory of a QString per cell. A QString is
-/// created only for cells that are read.
+/// created only for cells that are read. Filled row by row: BeginRow, then AppendText or AppendNull for each column.
+/// Rows and columns count from 0.
 class ResultTable {
   public:
     static constexpr qsizetype kLongestCell = qsizetype{16} << 20;  // bytes; far above any cell of the suite
@@ -51,22 +52,22 @@ class ResultTable {
     /// Approximate memory use in bytes.
     qsizetype Size() const;
 
-    /// Starts a row. Throws DatabaseError if the rows so far exceed the limit, so that an endless result terminates.
+    /// Starts a row. Throws kEngineFailure if the rows so far exceed `mostBytes`, so that an endless result terminates.
     void BeginRow();
-    /// Appends a cell to the last row. Throws DatabaseError if it is longer than kLongestCell.
+    /// Appends a cell to the last row. Throws kStatementFailure if it is longer than kLongestCell.
     void AppendText(QByteArrayView utf8);
     void AppendNull();
-    /// Throws the DatabaseError for a cell longer than kLongestCell.
+    /// Throws kStatementFailure for a cell longer than kLongestCell, for readers that know the length before the value.
     [[noreturn]] static void RefuseCell();
 
     bool IsNull(int row, int column) const;
-    /// Shares the QString with the cell above if the text is equal: names of departments and classes repeat for
-    /// thousands of rows.
+    /// The cell's text, empty for a Null. Shares the QString that was returned last for the column if the text is
+    /// equal: names of departments and classes repeat for thousands of rows.
     QString Text(int row, int column) const;
     /// The cell's bytes, without a copy. Must not be called for a Null.
     QByteArrayView Utf8(int row, int column) const;
 
-    /// Frees the blocks before `row`, for forward-only readers. Those rows must not be read again.
+    /// Frees memory of the rows before `row`, for forward-only readers. Those rows must not be read again.
     void ForgetRowsBefore(int row);
 
   private:
@@ -99,9 +100,9 @@ class ResultTable {
     int forgottenBlocks_ = 0;
 };
 
-/// Sorts rows that the engine cannot sort. The last order.size() columns of `rows` are the keys; the result does not
-/// have them. Nulls come first in an ascending key; the sort is stable. At most `limit` rows are returned; a negative
-/// limit means all.
+/// Returns sorted rows, for an engine that cannot sort text in the suite's order. The last order.size() columns of
+/// `rows` are the keys; the result does not have them. Nulls come first in an ascending key, last in a descending one;
+/// the sort is stable. At most `limit` rows are returned; a negative limit means all.
 std::shared_ptr<ResultTable> SortRows(const ResultTable& rows, const QList<SortKey>& order, int limit);
 
 }  // namespace database

@@ -3,19 +3,21 @@
 #include <QString>
 #include <array>
 
-/// Fields shared by the company and its offices. An office may override folders, 暗証番号有無 and 更新実行区分.
+// Master data of the company. Members have the names of their columns.
+
+/// Columns that Mユーザ (company) and M事業所 (office) have in common.
 struct EstablishmentRecord {
     QString 名称, 郵便番号, 住所A, 住所B, 住所C, 代表者名, 電話, FAX, HOMEPAGE, EMAIL;
     QString 銀行口座A, 銀行口座B, 銀行口座C, 銀行口座D;
     QString 総合振込ファイル, 基本読込フォルダ, 帳票イメージフォルダ, その他読込ファイル, 本支店連携フォルダ,
         テキスト出力フォルダ, BACKUPフォルダ;
-    int 暗証番号有無 = 0;
+    int 暗証番号有無 = 0;  ///< 1: PINs are required; copied to ProgramGlobals::PinRequired
     QString 特権暗証番号;  ///< decrypted; that of the operating office is accepted for any staff code
     int 更新実行区分 = 0;
 };
 
-/// The row '0001' of Mユーザ. Null is stored as empty or 0. Reading the office overwrites folders and 更新実行区分 with
-/// those of the office.
+/// The row '0001' of Mユーザ. Null is stored as empty or 0. After the operating office has been read, 更新実行区分 is
+/// that of the office, and each folder that is not empty there.
 struct CompanyRecord : EstablishmentRecord {
     QString ID, 会社ロゴfile, 社印file;
     int 決算月 = 0, 決算日 = 0, 締日区分 = 0, 締日 = 0, 決済方法 = 0, 決済月 = 0, 決済日 = 0;
@@ -37,8 +39,8 @@ struct OfficeRecord : EstablishmentRecord {
     QString コード, 登録番号, 地区コード;
 };
 
-/// Partner systems by slot; the last two slots contain the same row. Part of the suite's common record, not used by
-/// these programs.
+/// Partner systems by slot, from M他業務連携. Slots 0 to 4 are read at the start, of which 3 and 4 contain the same
+/// row. Part of the suite's common record; these programs do not use it further.
 struct PartnerLinkTable {
     static constexpr int kSlots = 10;
     std::array<QString, kSlots> 業務名;

@@ -3,10 +3,13 @@
 #include <QString>
 #include <array>
 
-/// Generation of a desktop database file.
+// The installation, and the definition rows of the configuration database.
+
+/// Format of a desktop database file, by its suffix; None: no file found.
 enum class FileKind { None = 0, Accdb = 1, Mdb = 2 };
 
-/// Paths of the installation. Folders have no trailing separator.
+/// Paths of the installation. Folders have no trailing separator. Each kind is that of the file found in the folders
+/// that all users share.
 struct InstallationLayout {
     QString RootFolder;
     QString ProgramFolder;
@@ -17,6 +20,7 @@ struct InstallationLayout {
     FileKind GeneralDbKind = FileKind::None;
     FileKind ConfigDbKind = FileKind::None;
     FileKind ReportDbKind = FileKind::None;
+    // The folders in use: the common ones, or the user's own if InstallKind is 1.
     QString UserConfFolder;
     QString UserReportFolder;
 };
@@ -37,7 +41,7 @@ struct EnvironmentDefinition {
 
 /// The row 'GNR' of データベース定義: how to connect to the general database.
 struct GeneralDatabaseDefinition {
-    QString db;    ///< the dialect: exactly "A", "S" or "O"; not trimmed
+    QString db;  ///< "S": サーバー名 and データベース名 are used; "A" or "O": データソース名; not trimmed
     QString dbmw;  ///< not used
     QString ドライバ名;
     QString データベース名;

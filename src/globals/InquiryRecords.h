@@ -5,20 +5,21 @@
 #include <stdexcept>
 #include <vector>
 
-/// The conditions of the head of the main form. This record is authoritative; the controls are painted from it. Codes
-/// are fixed-width digits, an empty bound counts as a bound; texts are stored as typed.
+/// The search conditions in the head (upper part) of the main form. This record is authoritative; the controls are
+/// painted from it. Bounds of the code ranges are digits of fixed width, and an empty one is compared as well; texts
+/// are stored as typed.
 struct InquiryConditions {
     QString DepartmentFrom, DepartmentTo;
     QString SectionFrom, SectionTo;
     QString PositionFrom, PositionTo;
     QString StaffFrom, StaffTo;
     QString SearchName, SearchKana, SearchPhone, SearchZip, SearchAddress;
-    int EnrolmentKind = 0;  ///< >= MaxValue of 在籍区分 means all
-    int StaffClass = 0;     ///< >= MaxValue of 社員区分 means all
-    int DisplayOrder = 0;   ///< 0 to 4; any other value gives no ORDER BY
+    int EnrolmentKind = 0;  ///< 区分 of K在籍区分; MaxValue of the control 在籍区分 or more: all
+    int StaffClass = 0;     ///< 区分 of K社員区分; MaxValue of the control 社員区分 or more: all
+    int DisplayOrder = 0;   ///< index into DisplayOrders(); any other value: no ORDER BY
 };
 
-/// True while the selection window of that name contains a selection, which then replaces the head's item.
+/// True while the selection window for that condition has a selection, which replaces the item in the head.
 struct ConditionFlags {
     bool NameListGiven = false;
     bool KanaListGiven = false;
@@ -31,7 +32,7 @@ struct ConditionFlags {
     bool StaffPicked = false;
 };
 
-/// Text fields of a row in the order of clearing. The two 16-bit fields and the row flag are stored separately.
+/// Text fields of a row of StaffRowStore, in the order in which a row is cleared.
 enum class StaffText {
     行No,
     担当者コード,
@@ -77,11 +78,13 @@ enum class StaffText {
 };
 inline constexpr int kStaffTextCount = static_cast<int>(StaffText::退社日付) + 1;
 
-/// One field of all rows: a fixed number of values, allocated at the first write. Before that all values are empty.
+/// One field of all rows: kCount values, allocated at the first non-const access. Before that all values are empty or
+/// 0.
 template <typename Value, size_t kCount>
 class RowArray {
   public:
-    /// Throws std::out_of_range, as std::vector does.
+    // All four throw std::out_of_range if `row` is not below kCount.
+
     Value& at(size_t row) {
         if (values_.empty()) values_.resize(kCount);
         return values_.at(row);
@@ -98,18 +101,19 @@ class RowArray {
     std::vector<Value> values_;
 };
 
-/// The result of a search: parallel arrays of a fixed size, so that row access does not allocate after the first
-/// search. They need 31 MiB, which a program without a list never allocates. Rows after the last one are empty, which
-/// painting relies on.
+/// The result of a search: one array for each field, of a fixed size, so that row access does not allocate after the
+/// first search. The arrays need 31 MiB, which a program without a list never allocates. Rows after
+/// ProgramGlobals::LastRow are empty, on which painting relies.
 struct StaffRowStore {
     static constexpr int kRows = 32761;            ///< indices 0 to 32760
-    static constexpr int kLastClearedRow = 32759;  ///< the row after it only exists as a bound
+    static constexpr int kLastClearedRow = 32759;  ///< the last row exists as a bound only
 
     std::array<RowArray<QString, kRows>, kStaffTextCount> texts;
     RowArray<qint16, kRows> 出力対象;  ///< 1: the row is checked for output
-    RowArray<qint16, kRows> 閲覧区分;  ///< -2 unknown viewer, -1 never viewed, else from the log
+    RowArray<qint16, kRows> 閲覧区分;  ///< result of GetLastViewKind
     RowArray<qint16, kRows> rowFlag;   ///< only reset and copied
 
+    /// The text of a field. Throws std::out_of_range for a row that is negative or not below kRows.
     QString& Text(StaffText field, int row) { return texts[static_cast<size_t>(field)].at(static_cast<size_t>(row)); }
     const QString& Text(StaffText field, int row) const {
         return texts[static_cast<size_t>(field)].at(static_cast<size_t>(row));

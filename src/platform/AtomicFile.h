@@ -6,9 +6,10 @@
 
 namespace platform {
 
-/// Writes a temporary file and renames it over the target in Commit, after fsync. Until then, and when any step fails
-/// (full disk), the old file stays as it was, also for concurrent readers. Use this for every replacement of a file,
-/// unless the file itself must be kept (owner, hard links): then OutputFile.
+/// Replaces a file atomically: writes a temporary file in the same folder; Commit syncs it and renames it over the
+/// target. Readers see the old or the new content, never a part. A step that fails before the rename (full disk) leaves
+/// the old file unchanged. The new file gets the permissions of the old one; its owner is this process's user. To keep
+/// owner and hard links of an existing file, use OutputFile.
 class AtomicFile {
   public:
     /// What to do when the path is a symbolic link: replace the file that it points at, or fail in Open.
@@ -18,7 +19,8 @@ class AtomicFile {
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
-    // All steps return false on failure; ErrorText has the reason. Without Commit nothing is replaced.
+    // Call Open, Write or Device, then Commit. All steps return false on failure; ErrorText has the reason. The
+    // destructor without Commit removes the temporary file.
 
     /// Creates the temporary file. False also when the path is a folder, a pipe or a device: renaming over it would
     /// destroy it.
@@ -28,10 +30,11 @@ class AtomicFile {
     /// Appends raw bytes.
     bool Write(QByteArrayView bytes) { return file_.write(bytes.data(), bytes.size()) == bytes.size(); }
     bool SetPermissions(QFileDevice::Permissions permissions) { return file_.setPermissions(permissions); }
-    /// Flushes, waits for the disk and renames.
+    /// Flushes, syncs the file, renames it and syncs the folder. If only the last step fails, the result is false
+    /// although the target has been replaced.
     bool Commit();
 
-    /// Why the last step failed, for a message: the system's text or a Japanese sentence.
+    /// The reason of the last failure, for a message: a Japanese sentence or the text of the system.
     QString ErrorText() const { return error_.isEmpty() ? file_.errorString() : error_; }
 
   private:
@@ -42,16 +45,19 @@ class AtomicFile {
     QString error_;
 };
 
-/// Replaces the file at `path` by `content`. On failure false, with the reason in `error`; the old file is unchanged.
+/// Replaces the file at `path` by `content`; follows symbolic links. On failure false, with the reason in `error`; the
+/// old file is unchanged, except as for Commit.
 bool ReplaceFile(const QString& path, QByteArrayView content, QString& error);
-/// Copies the bytes of a plain file into `target` (not opened yet) and commits it, with `permissions` unless empty.
-/// False when the source is no plain file or a step fails; the target file is unchanged.
+/// Copies the bytes of a regular file into `target` (not opened yet) and commits it, with `permissions` unless empty.
+/// On failure false, and the target file is unchanged, except as for Commit. If the source cannot be read or is not a
+/// regular file, target.ErrorText() does not have the reason.
 bool ReplaceByCopy(const QString& source, AtomicFile& target, QFileDevice::Permissions permissions = {});
 
-/// fsync on an open file. False on failure; on file systems with delayed allocation this is the only report of a full
-/// disk. A file system without fsync counts as success.
+/// fsync on an open file. False on failure: a file system with delayed allocation reports a full disk only here. True
+/// on a file system without fsync.
 bool SyncFile(int descriptor);
-/// fsync on a folder, so that files created or renamed in it keep their names after a power failure. False on failure.
+/// fsync on a folder, so that files created or renamed in it keep their names after a power failure. False on failure;
+/// true without a sync if this process has no read permission for the folder.
 bool SyncFolder(const QString& folder);
 
 }  // namespace platform

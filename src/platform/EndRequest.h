@@ -4,35 +4,39 @@
 
 namespace platform {
 
-/// Requests the end of the process. Async-signal-safe.
+// Requests to end the program while its main thread is blocked, usually in a database call: no events are processed
+// there, so a termination signal or a click on the close box would have no effect until the call returns. Blocking
+// calls therefore poll EndRequested, abort, and call CarryOutEndRequest.
+
+/// Makes EndRequested true until CarryOutEndRequest has run the handler. Async-signal-safe.
 void RequestEnd() noexcept;
 
-/// True from a termination request, or a request of the EndSource, until the program has handled it. No events are
-/// processed while a statement runs, so waits for the database poll this and abort. While an Ending exists it is false
-/// for the first five seconds, so that the last rows can be written, and true afterwards. Callable from any thread
-/// while the main thread is blocked.
+/// True if RequestEnd was called or the EndSource has a request, and the request has not been handled. While an Ending
+/// exists, it ignores requests: it is false for the first five seconds, so that the last rows can be written, and true
+/// afterwards, so that the end is not blocked for longer. Callable from any thread.
 bool EndRequested();
 
-/// Sets the handler for a termination signal.
+/// Sets the procedure that CarryOutEndRequest runs after RequestEnd. Without one the request is only reset.
 void SetEndHandler(std::function<void()> handler);
 
-/// Requests other than signals, such as a click on the close box of a window.
+/// A second source of requests, such as clicks on the close box of a window.
 class EndSource {
   public:
     virtual ~EndSource() = default;
-    /// True while a request is pending. Called from any thread while the main thread is blocked.
+    /// True while a request is pending. Called from any thread.
     virtual bool Pending() const = 0;
-    /// Handles the request, within an Ending. Main thread only.
+    /// Handles the request; no effect without one. The implementation creates the Ending. Main thread only.
     virtual void CarryOut() = 0;
 };
-/// Sets the one further source of requests; it must outlive its use. Null removes it.
+/// Sets the source, which must outlive its use. Null removes it.
 void SetEndSource(EndSource* source);
 
-/// Handles the request that EndRequested reports: runs the handler, or lets the source carry it out. Usually does not
-/// return. No effect while the program is already ending. Main thread only, after a wait has been aborted.
+/// Handles a request: runs the handler after RequestEnd, otherwise calls CarryOut of the source. Usually does not
+/// return. No effect while an Ending exists. Main thread only, after the blocking call has been aborted.
 void CarryOutEndRequest();
 
-/// Marks the program as ending for its lifetime; may be nested.
+/// While an object exists, the program is ending and handles no further request. Objects may be nested; the five
+/// seconds of EndRequested begin with the outermost.
 class Ending {
   public:
     Ending();

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-/// True if the bytes (at least the first 19 of the file) are the header of a Jet 3, Jet 4 or ACE database.
+/// True if the bytes, the first 19 of a file or more, are the header of a .mdb or .accdb database (Jet 3, Jet 4, ACE).
 inline bool IsJetHeader(QByteArrayView header) {
     if (header.size() < 19) return false;
     const QByteArrayView mark = header.sliced(4, 15);

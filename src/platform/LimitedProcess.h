@@ -6,11 +6,12 @@
 
 namespace platform {
 
+/// Limits of a LimitedProcess.
 struct ProcessLimits {
     int cpuSeconds = 60;
     qint64 memoryBytes =
         qint64{1} << 30;            ///< address space; not applied under AddressSanitizer, which reserves terabytes
-    int waitMilliseconds = 60'000;  ///< total time spent waiting for the process to take input or to write output
+    int waitMilliseconds = 60'000;  ///< total time that all calls together wait for its start, input and output
 };
 
 /// An untrusted child process: limited CPU time and memory, no inherited descriptors except its standard streams, no
@@ -22,14 +23,15 @@ class LimitedProcess {
     LimitedProcess(const LimitedProcess&) = delete;
     LimitedProcess& operator=(const LimitedProcess&) = delete;
 
-    /// False if the program could not be started.
+    /// False if the program could not be started within the time to wait.
     bool Started() const { return started_; }
-    /// True if the process was killed because it exceeded the CPU limit or the time to wait for it.
+    /// True if the process was killed because it exceeded the CPU limit or the time to wait. Waits up to 5 s for its
+    /// end. Not for the memory limit, at which allocations of the process fail.
     bool TimedOut();
-    /// Writes to its standard input, and blocks until the process has taken it. Errors are ignored: if the process has
-    /// ended or was killed at a limit, the next Read returns too few bytes.
+    /// Writes to its standard input, and blocks until the pipe has taken all bytes. Reports no error: if the process
+    /// has ended or was killed at a limit, the next Read returns too few bytes.
     void Write(const QByteArray& bytes);
-    /// Blocks for the next `count` bytes of its standard output. Fewer only if it has ended or was killed at a limit.
+    /// Blocks for the next `count` bytes of its standard output. Fewer if it has ended or was killed at a limit.
     QByteArray Read(qsizetype count);
 
   private:

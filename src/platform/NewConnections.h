@@ -6,7 +6,8 @@
 
 namespace platform {
 
-/// The TCP connections that this process has opened since the object was created, whichever library opened them.
+/// The TCP connections that this process has opened since the object was created, whichever library opened them. Gives
+/// access to the sockets of a library that does not return them, such as a database driver.
 class NewConnections {
   public:
     NewConnections();
@@ -14,12 +15,13 @@ class NewConnections {
     NewConnections(const NewConnections&) = delete;
     NewConnections& operator=(const NewConnections&) = delete;
 
-    /// Takes the connections that are open now and were not open at the construction. To be called once.
+    /// Duplicates the descriptors of the connections that are open now and were not open at the construction. To be
+    /// called once.
     void Take();
     /// True if none has been taken.
     bool IsEmpty() const { return taken_.empty(); }
-    /// Shuts the connections taken down in both directions: calls that are blocked on them fail. Callable from any
-    /// thread.
+    /// Shuts down both directions of the connections taken: calls that are blocked on them fail. Callable from any
+    /// thread after Take.
     void ShutDown() const;
 
   private:

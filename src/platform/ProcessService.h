@@ -5,7 +5,8 @@
 
 namespace platform {
 
-/// Environment variable, set to "1" for programs that are started hidden: they show no window until asked to.
+/// Environment variable, set to "1" for a program started by StartHidden. The program then shows no window until a
+/// client asks it to.
 inline constexpr char kStartHiddenVariable[] = "MEIBO_START_HIDDEN";
 
 /// Processes, including this one; tests replace it by a fake.
@@ -13,29 +14,35 @@ class ProcessService {
   public:
     virtual ~ProcessService() = default;
 
-    /// Terminates immediately, from any nested event loop. Only a test's fake returns, so callers must have nothing
-    /// left to do.
+    /// Ends this process immediately, from any nested event loop, without running destructors. Only a test's fake
+    /// returns, so it must be the caller's last statement.
     virtual void EndProcess(int exitCode) = 0;
-    /// Starts a program of the suite with a normal window; it outlives this process. If `path` ends in ".exe" and does
-    /// not exist, the path without the suffix is used. `arguments` is passed as one argument, blanks included. Throws
-    /// RuntimeError kFileNotFound if it can't be started.
+    /// Starts a program of the suite with a normal window; it outlives this process. `path` must be absolute; "\" is
+    /// converted to "/". If it ends in ".exe" and does not exist, the path without the suffix is used. `arguments` is
+    /// passed as one argument, blanks included; as none if it is empty. Throws RuntimeError kFileNotFound if the
+    /// program can't be started.
     virtual void StartProgram(const QString& path, const QString& arguments) = 0;
-    /// Opens a document with the desktop's default program. False if there is none; shows no message.
+    /// Opens a document with the desktop's default program, which is started in `workingFolder`. False if that fails;
+    /// shows no message.
     virtual bool OpenDocument(const QString& path, const QString& workingFolder) = 0;
 
-    /// Starts a program that shows no window until it is asked to, and returns its process id. The path is resolved
-    /// like that of StartProgram; each argument is passed as one, blanks included. Throws RuntimeError kFileNotFound if
-    /// it can't be started.
+    /// Starts a program with kStartHiddenVariable set, and returns its process id. The path is resolved like that of
+    /// StartProgram; each argument is passed as one, blanks included. Throws RuntimeError kFileNotFound if the program
+    /// can't be started.
     virtual quint32 StartHidden(const QString& path, const QStringList& arguments) = 0;
+
+    // Handles of processes. A handle is a number that identifies one process, even after the process id has been
+    // reused; a process id is not a handle.
+
     /// Opens a handle for a running process; 0 if there is no such process. Close it with CloseHandle. `access` and
     /// `inherit` have no effect on this platform.
     virtual quint32 OpenProcess(quint32 access, bool inherit, quint32 processId) = 0;
-    /// Sets `code` to kStillActive, to the exit code, or to kUnknownExitCode for a process that StartHidden and
-    /// StartProgram have not started. False, with `code` unchanged, for an invalid handle; a process
-    /// id is not a handle.
+    /// Sets `code` to kStillActive for a running process, otherwise to the exit code or the number of the signal that
+    /// killed it; to kUnknownExitCode for a process that neither StartHidden nor StartProgram has started. False, with
+    /// `code` unchanged, for an invalid handle.
     virtual bool GetExitCodeProcess(quint32 handle, quint32& code) = 0;
-    /// Kills the process and waits until it has ended. `exitCode` is ignored on this platform. False for an invalid
-    /// handle.
+    /// Kills the process and waits until it has ended; true also if it had ended before. `exitCode` is ignored on this
+    /// platform. False for an invalid handle.
     virtual bool TerminateProcess(quint32 handle, quint32 exitCode) = 0;
     /// False for an invalid handle.
     virtual bool CloseHandle(quint32 handle) = 0;

@@ -10,13 +10,15 @@ namespace platform {
 /// What the host does with a report. The values are part of the protocol.
 enum class ReportView { Print = 0, Preview = 2 };
 
-/// Connection to a running report host that has a template file open. All calls block until the host has replied and
-/// throw RuntimeError: with the host's number and description, or kHostGone if it ends or sends an invalid reply. While
-/// blocked, only a request to end the program is handled.
+/// Connection to a running report host, the program that prints and previews the reports of a template file. All calls
+/// block until the host has replied; no events are processed, only a request to end the program (EndRequest.h). They
+/// throw RuntimeError: with number and description of the host's reply, or kHostGone if the host ends or sends an
+/// invalid reply.
 class ReportHost {
   public:
     virtual ~ReportHost() = default;
-    /// Print returns when the job has been handed over to the printer or folder, Preview when the window is shown.
+    /// Prints or previews the report of that name. Print returns when the job has been passed to the printer or written
+    /// to the output folder, Preview when the window is shown.
     virtual void OpenReport(const QString& report, ReportView view) = 0;
     /// Maximises the preview window that was opened last.
     virtual void Maximize() = 0;
@@ -28,18 +30,20 @@ class ReportHost {
 class ReportHostLink {
   public:
     virtual ~ReportHostLink() = default;
-    /// Connects to the host that was started last on this template file (path). A single attempt: throws RuntimeError
-    /// kHostNotFound if none is listening now.
+    /// Connects to the host that was started last on the template file (path), and waits for its first reply. A single
+    /// attempt: throws RuntimeError kHostNotFound if no host of this user is listening now, kHostGone if it does not
+    /// reply.
     virtual std::unique_ptr<ReportHost> Bind(const QString& templateFile) = 0;
 };
 
+// Numbers of RuntimeError.
 inline constexpr long kHostNotFound = 432;
 inline constexpr long kHostGone = 462;
 
 /// Connects over a local socket whose name is derived from the path of the template file.
 class LocalReportHostLink : public ReportHostLink {
   public:
-    /// Takes the timeout in milliseconds for the reply to the bind request.
+    /// `timeout`: milliseconds to wait for the first reply.
     explicit LocalReportHostLink(int timeout = 10000) : timeout_(timeout) {}
     std::unique_ptr<ReportHost> Bind(const QString& templateFile) override;
 

@@ -8,11 +8,14 @@
 
 namespace platform {
 
-/// Decrypts stored PINs. How they are stored depends on the installation.
+// PINs of staff members, offices and the company, as stored in the general database: in clear text, or encrypted
+// ("sealed") with libsodium's secretbox and a key file of the installation.
+
+/// Converts stored PINs to clear text.
 class PinCipherObject {
   public:
     virtual ~PinCipherObject() = default;
-    /// The PIN in clear text; empty if it can't be decrypted.
+    /// The PIN in clear text for the text of a PIN column; empty if it can't be decrypted.
     virtual QString ClearText(const QString& stored) = 0;
 };
 
@@ -21,6 +24,8 @@ class UnsealedPins : public PinCipherObject {
   public:
     QString ClearText(const QString& stored) override { return stored; }
 };
+
+// PinKey(), PinKey::Read, SealPin and SealedPins::ClearText throw RuntimeError 1 if libsodium cannot be initialised.
 
 /// Encryption key of an installation. The memory is wiped in the destructor.
 class PinKey {
@@ -45,24 +50,23 @@ class PinKey {
     std::array<unsigned char, kBytes> bytes_;
 };
 
-/// Name of the key file in the common configuration folder.
+/// Name of the key file in the common configuration folder (InstallationLayout::CommonConfFolder).
 QString PinKeyFileName();
 
-/// True if the text looks like an encrypted PIN: version prefix and sufficient length. Does not decrypt.
+/// True if the text has the form of an encrypted PIN: version prefix, base64, sufficient length. Does not decrypt.
 bool IsSealedPin(const QString& stored);
 /// Encrypts a PIN: version prefix and base64, ASCII only. The nonce is random, so two results for one PIN differ.
 /// Padded to multiples of 16 bytes, so that the length of a PIN below 16 bytes does not show.
 QString SealPin(const QString& clear, const PinKey& key);
-/// Decrypts a PIN; nullopt if it was not encrypted with this key.
+/// Decrypts a PIN; nullopt if it is not encrypted or was encrypted with another key.
 std::optional<QString> OpenPin(const QString& stored, const PinKey& key);
 
-/// Decrypts the PINs of an installation with its key file. Without a key file the installation has not been migrated,
-/// and PINs are clear text; with one, clear text is not accepted. A PIN that can't be decrypted gives empty text, and
-/// the first failure of a run is reported.
+/// Decrypts the PINs of an installation with its key file. Without a key file the installation does not encrypt PINs,
+/// and clear text is returned as stored; with one, clear text is not accepted. Only the first failure of an object is
+/// reported.
 class SealedPins : public PinCipherObject {
   public:
-    /// `keyFile`: path. The callback is called at most once, with the reason of the first failure as a Japanese
-    /// sentence.
+    /// `keyFile`: path, read at the first PIN. `report` is called at most once, with the reason as Japanese text.
     SealedPins(QString keyFile, std::function<void(const QString&)> report);
 
     QString ClearText(const QString& stored) override;

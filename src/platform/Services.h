@@ -17,7 +17,7 @@
 
 namespace platform {
 
-/// Time of day and monotonic time; tests replace it by a fake.
+/// Time of day, monotonic time and pauses; tests replace it by a fake.
 class Clock {
   public:
     virtual ~Clock() = default;
@@ -38,14 +38,14 @@ class SystemClock : public Clock {
     void Sleep(int milliseconds) const override { QThread::msleep(static_cast<unsigned long>(milliseconds)); }
 };
 
-/// Initial state of a save dialog.
+/// Initial state of Dialogs::ShowSave.
 struct SaveQuestion {
     QString Filter;       ///< description and pattern of each file type alternately, separated by "|"
     int FilterIndex = 1;  ///< file type selected initially, counted from 1
     QString FileName;     ///< proposed file name, with its folder
 };
 
-/// Message boxes and file dialogs. All other code goes through this interface, so that tests can queue the answers.
+/// Message boxes and file dialogs. All modules use this interface, so that tests can queue the answers.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
@@ -59,7 +59,7 @@ class Dialogs {
     /// dialog may change the working directory.
     virtual std::optional<QString> ShowSave(const SaveQuestion& question) = 0;
 
-    // The same with defaultTitle.
+    // The same with `defaultTitle`, which a program sets to its id at its start.
     void ShowMessage(const QString& text) { ShowMessage(text, defaultTitle); }
     bool Confirm(const QString& text) { return Confirm(text, defaultTitle); }
 
@@ -77,7 +77,7 @@ class WaitDialog {
 };
 
 /// Services of the operating system and the desktop. Programs with windows set `system`, `dialogs` and `waitDialog` in
-/// main(); tests install their fakes.
+/// main(), and `pins` once the installation is known. Tests install their fakes.
 struct ServiceSet {
     std::unique_ptr<Clock> clock = std::make_unique<SystemClock>();
     std::unique_ptr<SystemInformation> system;
@@ -93,7 +93,7 @@ struct ServiceSet {
 /// The services of this process.
 ServiceSet& Services();
 
-/// Processes all pending events.
+/// Processes all pending events; no effect without an application object.
 void ProcessEvents();
 
 /// Processes events from within a loop, on the first call and then at most once a millisecond: polling the window

@@ -5,16 +5,16 @@
 
 namespace platform {
 
-// Conversions for stored or typed text. Qt's own ones drop a leading U+FEFF as a byte order mark; here it is an
-// ordinary character, otherwise a search for it alone would become an empty search.
+// Conversions for stored or typed text. QString's own conversions drop a leading U+FEFF as a byte order mark. Here it
+// is an ordinary character; otherwise a search for it alone would become an empty search.
 
 /// From UTF-8; invalid bytes become U+FFFD. A null view gives a null string.
 QString TextFromUtf8(QByteArrayView utf8);
 /// The same from the locale's encoding, for command line arguments.
 QString TextFromLocal8Bit(QByteArrayView bytes);
-/// Copies `count` UTF-16 code units in native byte order.
+/// From `count` UTF-16 code units in native byte order; copies them unchanged.
 QString TextFromUtf16(const char16_t* units, qsizetype count);
-/// One code point as one or two UTF-16 units.
+/// The text that consists of one code point.
 QString TextOfCharacter(char32_t character);
 
 }  // namespace platform

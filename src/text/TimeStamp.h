@@ -3,7 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
-/// "yyyymmdd hhnnss", 15 characters: format of the time stamps in the suite's tables, which sorts chronologically.
+/// Formats a time as "20260401 235959", 15 characters: the time stamps in the suite's tables. Text order is
+/// chronological.
 inline QString TimeStamp(const QDateTime& time) { return time.toString(QStringLiteral("yyyyMMdd HHmmss")); }
-/// "yyyymmdd".
+/// Formats a date as "20260401", 8 characters.
 inline QString DateText(const QDate& date) { return date.toString(QStringLiteral("yyyyMMdd")); }

@@ -2,11 +2,14 @@
 
 #include <QString>
 
-/// Converts half-width digits, letters, symbols and kana to full-width; a half-width kana followed by a voiced or
-/// semi-voiced mark becomes one character. Blank, double quote, "^", backquote, ｡｢｣､･ and a mark that no kana precedes
-/// stay half-width; all other characters are unchanged.
+// Conversions of typed text. None of them fails.
+
+/// Converts half-width digits, letters, symbols and kana to full-width; a half-width kana with the voiced or
+/// semi-voiced mark after it becomes one character. Blank, double quote, "^", backquote, ｡｢｣､･ and a mark without such
+/// a kana before it stay half-width; all other characters are unchanged.
 QString ToFullWidth(const QString& text);
 
-/// Normalises hiragana and katakana to half-width katakana, voiced ones to two characters; all other characters are
-/// unchanged.
+/// Converts hiragana and full-width katakana to half-width katakana, a voiced or semi-voiced one to two characters, and
+/// ー・「」。、゛゜ to half-width. All other characters are unchanged, also kana without a half-width form
+/// (ヮヰヱヵヶ).
 QString ToHalfWidthKana(const QString& text);

@@ -7,16 +7,20 @@
 
 namespace database {
 
-/// A compiled LIKE pattern with the wildcards of the suite's desktop engine: "%" matches any characters, "_" one,
-/// [list] one of the list, [!list] one not in it, with ranges a-z; "*" and "?" are literals. Compares folded
-/// characters (TextFolding). No backtracking: the time is at most proportional to the product of both lengths.
+/// A compiled LIKE pattern with the suite's wildcards: "%" matches any characters, "_" one, [list] one of the list, [!list]
+/// one not in it, with ranges such as a-z; "[]" matches the empty text, "[!]" a "!"; "*" and "?" are literals. Compares
+/// folded characters (TextFolding.h). No backtracking: the time is at most proportional to the product of both lengths.
 class LikePattern {
   public:
-    /// Empty if a "[" is not closed. `escape` makes the next character of the pattern a literal.
+    /// nullopt if a "[" is not closed. `escape` (folded) makes the next character of the pattern a literal.
     static std::optional<LikePattern> Compile(QByteArrayView utf8, std::optional<char32_t> escape = std::nullopt);
 
+    /// True if the pattern matches the whole text.
     bool Matches(QByteArrayView utf8) const;
 
+    // The compiled pattern, for the translations below.
+
+    /// Folded characters from `first` to `last`, both included.
     struct Range {
         char32_t first, last;
     };
@@ -26,7 +30,7 @@ class LikePattern {
         char32_t character;
         quint32 first, count;
     };
-    /// Elements between two "%".
+    /// The elements between two "%", before the first or after the last: `count` of Elements() from index `first` on.
     struct Segment {
         size_t first, count;
     };
@@ -46,16 +50,16 @@ class LikePattern {
     std::vector<Segment> segments_;
 };
 
-// Translation of a LIKE pattern of the suite for server engines. The results are not yet quoted as SQL literals.
+// Translations of a pattern for servers, to be quoted as SQL literals by the caller. The first two are for text that
+// the server has folded (PostgresFoldingFunction).
 
-/// For the server's LIKE, without an escape character, over folded text. Empty if the pattern needs more than "%" and
-/// "_".
+/// Pattern for the server's LIKE with ESCAPE ''. nullopt if a list, or a literal "%" or "_", cannot be expressed.
 std::optional<QString> FoldedLikeText(const LikePattern& pattern);
 
-/// PostgreSQL regular expression over folded text.
+/// PostgreSQL regular expression.
 QString FoldedExpression(const LikePattern& pattern);
 
-/// Perl-compatible regular expression over text as it is stored: each character becomes a class of all characters that
+/// Perl-compatible regular expression for text as it is stored: each character becomes a class of all characters that
 /// fold to it, a voiced kana also the kana followed by its mark. No backtracking, as in LikePattern.
 QString StoredExpression(const LikePattern& pattern);
 

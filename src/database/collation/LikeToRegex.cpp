@@ -1,4 +1,5 @@
-// Part of LikePattern.h: translations for servers, to regular expressions and to patterns over folded text.
+// Part of LikePattern.h: FoldedLikeText, FoldedExpression and StoredExpression: translations for servers, to
+// patterns over folded text and to regular expressions.
 
 #include "database/collation/LikePattern.h"
 

@@ -5,13 +5,14 @@
 
 namespace database {
 
-/// Names of the two functions that the suite adds to a PostgreSQL schema: one folds a text, the other returns a sort
-/// key in the order of CompareTexts. Both are immutable, so that they can be indexed.
+/// Names of the two functions that the suite adds to a PostgreSQL schema. The first folds a text as FoldedReader does,
+/// the second returns a sort key (bytea) in the order of CompareTexts. Both take one text and are IMMUTABLE, so that
+/// they can be indexed.
 QString PostgresFoldingFunction();
 QString PostgresOrderFunction();
 
-/// One CREATE OR REPLACE statement per function, for the current schema. Generated from the tables of TextFolding and
-/// TextOrder, so that the server and the desktop engine compare alike.
+/// The CREATE OR REPLACE statement of each function in the order above, for the current schema. Generated from
+/// FoldingTable and OrderWeightOf, so that the server and the desktop engine compare alike.
 QStringList PostgresTextFunctions();
 
 }  // namespace database

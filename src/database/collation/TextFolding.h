@@ -6,15 +6,18 @@
 
 namespace database {
 
-/// Normalises (folds) what the suite's desktop engine does not distinguish: letter case, full and half width of
-/// letters, digits and punctuation, and hiragana, katakana and half-width katakana. Used by LIKE and ORDER BY. Indexed
-/// by character of the basic plane; the folded form is the half-width lower-case letter or the hiragana.
+// Comparison of text in LIKE and ORDER BY. "Folding" normalises: it replaces a character by the representative of all characters that
+// are considered equal: letters in either case and width, digits and punctuation in either width, and hiragana,
+// katakana and half-width katakana.
+
+/// The folded form of each character of the basic plane: the half-width, lower-case letter or the hiragana. Characters
+/// beyond it are not folded.
 const std::array<char16_t, 65536>& FoldingTable();
 
-/// Composes a kana and the voicing or semi-voicing mark after it, both folded; 0 if they do not compose.
+/// Composes a folded kana and the mark after it (kVoicingMark or kSemiVoicingMark); 0 if they do not compose.
 char32_t Voiced(char32_t kana, char32_t mark);
 
-/// The folded kana that compose with the mark.
+/// The folded kana that compose with the mark, in code order.
 QStringView VoiceableKana(char32_t mark);
 
 inline constexpr char32_t kVoicingMark = 0x309B;
@@ -57,21 +60,21 @@ class FoldedReader {
 };
 
 /// Collation of names, kana and addresses: punctuation, digits, letters, kana in syllabary order, kanji in the order of
-/// code page 932, then all others by code point. Texts that fold alike (TextFolding) are equal. Voicing and small kana
-/// are compared only if the texts are otherwise equal; "ー" sorts as the vowel that it lengthens.
-/// Both texts are UTF-8. Returns < 0, 0 or > 0, as memcmp.
+/// code page 932, then all others by code point. Texts that fold alike are equal. Voicing and small kana are compared
+/// only if the texts are otherwise equal; "ー" sorts as the vowel that it lengthens. Both texts are UTF-8. Returns < 0,
+/// 0 or > 0, as memcmp.
 int CompareTexts(QByteArrayView one, QByteArrayView other);
 
-/// Sort weight of a folded character. Texts are compared by the primary weights of their characters, a prefix before
-/// the longer text; if all are equal, by the shades.
+/// Sort weight of a folded character. CompareTexts compares the primary weights of all characters, a prefix before the
+/// longer text; if all are equal, the shades.
 struct OrderWeight {
-    quint32 primary = 0;  ///< class in the top byte (1 to 6), position in the class below
-    quint8 shade = 0;     ///< 0 to 4
+    quint32 primary = 0;  ///< class in the top byte (1 to 6, as listed at CompareTexts), position in the class below
+    quint8 shade = 0;     ///< 0 plain, 1 "ー" as a vowel, 2 small, 3 voiced, 4 semi-voiced
     quint8 vowel = 0;     ///< of a kana: 1 to 5, 0 for ん; a "ー" after it sorts as this vowel
 };
 OrderWeight OrderWeightOf(char32_t folded);
 
-/// Shade of a "ー" that sorts as a vowel.
+/// Shade of a "ー" that sorts as a vowel. OrderWeightOf never returns it, since that depends on the character before.
 inline constexpr quint8 kLengthenedShade = 1;
 
 }  // namespace database

@@ -1,4 +1,4 @@
-// Part of TextFolding.h: the collation of names, kana and addresses.
+// Part of TextFolding.h: CompareTexts and OrderWeightOf, the collation of names, kana and addresses.
 
 #include "database/collation/TextFolding.h"
 

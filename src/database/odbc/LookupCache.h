@@ -13,33 +13,34 @@
 
 namespace database {
 
-/// Answers repeated small lookups of one read scope without a round trip to the server. For a lookup that recurs with
-/// different values in some terms, all rows that the constant terms select are fetched once into an in-memory database,
-/// which answers from then on. Valid because the scope is one snapshot.
+/// Answers repeated small lookups (LookupQuery) of one read scope without a round trip to the server. If a lookup
+/// recurs with other values in some terms, all rows that the unchanged terms select are fetched once into an in-memory
+/// database, the copy, which answers from then on. Valid because the scope is one snapshot.
 ///
-/// Only values made of digits are compared locally, since server and copy may collate other text differently; all other
-/// values go to the server. A fetch may cost at most half of the lookups made before it. After a failed fetch, copying
-/// is disabled for the connection: the user may have permission for the lookup's columns only.
+/// The copy compares only values that consist of digits, since server and copy may collate other text differently; a
+/// lookup with another value is not answered. The number of rows that a fetch may return is limited so that it costs
+/// about half the time of the lookups made before it. After a failed fetch nothing is copied any more on this
+/// connection: the user may have permission for the lookup's columns only.
 class LookupCache {
   public:
-    /// Runs a statement on the server, in the same scope.
+    /// Runs a statement on the server, in the same scope. Throws DatabaseError.
     using Fetch = std::function<std::shared_ptr<ResultTable>(const QString&)>;
 
     LookupCache(const TextRules& rules, Fetch fetch) : rules_(rules), fetch_(std::move(fetch)) {}
 
-    /// Rows of a statement, or null if the server must be queried. `lifted` is the same statement, already lifted by
-    /// the caller. Throws DatabaseError if the copy fails.
+    /// Rows of a statement, or null if the caller must query the server. `lifted`: the same statement after Lift.
+    /// Throws DatabaseError if the copy fails; a failed fetch is ignored.
     std::shared_ptr<ResultTable> Find(const QString& sql, const ParameterisedStatement& lifted);
-    /// To be called at the end of the scope.
+    /// Deletes all copies. To be called at the end of the scope.
     void Forget();
 
   private:
     struct Lookup {
         std::optional<LookupQuery> shape;
         std::vector<QByteArray> values;  // of the first run
-        std::vector<bool> varies;
+        std::vector<bool> varies;        // by literal: a later run had another value
         quint64 runs = 0;
-        quint64 nextTry = 16;
+        quint64 nextTry = 16;  // number of runs before the next fetch
         std::unique_ptr<SqliteSession> copy;
     };
 

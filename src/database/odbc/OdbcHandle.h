@@ -14,11 +14,11 @@
 
 namespace database {
 
-/// The diagnostic records of the last call on a handle: their messages without the component prefixes, joined by
-/// blanks, and the suite's error number.
+/// The error of the last call on a handle, from its diagnostic records: their messages without the prefixes of driver
+/// manager and driver, joined by blanks, and the number of the first one (NumberOfOdbcState). Does not throw it.
 EngineError OdbcFailure(SQLSMALLINT type, SQLHANDLE handle);
 
-/// The DatabaseError number for an SQLSTATE and the engine's native code.
+/// The DatabaseError number for an SQLSTATE and the engine's native error code.
 long NumberOfOdbcState(QStringView state, long code);
 
 /// RAII owner of a driver manager handle.
@@ -26,7 +26,7 @@ template <SQLSMALLINT Type>
 class OdbcHandle {
   public:
     OdbcHandle() = default;
-    /// Allocates the handle. Throws DatabaseError with the diagnostics of the parent.
+    /// Allocates the handle. Throws the parent's OdbcFailure.
     OdbcHandle(SQLSMALLINT parentType, SQLHANDLE parent) {
         if (!SQL_SUCCEEDED(SQLAllocHandle(Type, parent, &handle_))) throw OdbcFailure(parentType, parent);
     }
@@ -40,9 +40,9 @@ class OdbcHandle {
     }
 
     SQLHANDLE Get() const { return handle_; }
-    /// Gives the handle up without freeing it.
+    /// The destructor will not free the handle.
     void Abandon() { handle_ = nullptr; }
-    /// Throws DatabaseError with the handle's diagnostics if `result` is a failure.
+    /// Throws OdbcFailure if `result`, of a call on this handle, is a failure.
     void Check(SQLRETURN result) const {
         if (!SQL_SUCCEEDED(result)) throw OdbcFailure(Type, handle_);
     }
@@ -54,26 +54,28 @@ class OdbcHandle {
 using OdbcEnvironment = OdbcHandle<SQL_HANDLE_ENV>;
 using OdbcStatement = OdbcHandle<SQL_HANDLE_STMT>;
 
-/// A connection to a server. The destructor disconnects, even if the server is gone or does not respond.
+/// A connection to a server. The destructor disconnects under the watchdog's timeout; if a cancel still uses the
+/// connection, it is left open.
 class OdbcConnection {
   public:
-    /// `text` is the driver manager's connection string, `loginSeconds` the connection timeout, `answerSeconds` the
-    /// timeout of each later reply, after which the connection is shut down and every call on it fails; 0 waits
-    /// forever. Throws DatabaseError.
+    /// Connects. `text`: the driver manager's connection string (OdbcConnectionText); `loginSeconds`: connection
+    /// timeout in the driver; `answerSeconds`: timeout of each later reply, after which the connection is shut down and
+    /// every call on it fails; 0 waits forever. Throws DatabaseError.
     OdbcConnection(const QString& text, int loginSeconds, int answerSeconds);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection&) = delete;
     OdbcConnection& operator=(const OdbcConnection&) = delete;
 
     SQLHANDLE Get() const { return handle_.Get(); }
-    /// A string value of SQLGetInfo, such as SQL_DBMS_NAME.
+    /// A string value of SQLGetInfo, such as SQL_DBMS_NAME. Throws DatabaseError.
     QString Information(SQLUSMALLINT which) const;
-    /// Statement timeout in the driver, for drivers that support it.
+    /// Sets the statement timeout in the driver for all later statements, for drivers that support it; 0: none.
     void LimitStatements(int seconds) { statementSeconds_ = seconds; }
     /// Executes a statement. `scrollable` if rows may be fetched more than once. Throws DatabaseError.
     OdbcStatement Run(const QString& sql, bool scrollable = false) const;
     /// Runs `work` under the watchdog and returns its result. All calls that wait for the server must be made in here.
-    /// If the reply timed out, or the connection was shut down since the program ends, the DatabaseError says so.
+    /// If `work` throws a DatabaseError after the watchdog has shut the connection down, an error with that reason
+    /// (timeout, or end of the program) is thrown instead.
     template <typename Work>
     auto InTime(Work work) const {
         const OdbcWatchdog::ScopedCall call(*watch_);
@@ -98,8 +100,8 @@ class OdbcConnection {
     OdbcHandle<SQL_HANDLE_DBC> handle_;
 };
 
-/// While it exists, a request to end the program cancels the statement. If the driver's cancel does not return, the
-/// statement is abandoned, and later the connection, since the cancel still uses them.
+/// While it exists, a request to end the program cancels the statement. If the driver's SQLCancel has not returned in
+/// time, the handles of the statement and later of the connection are never freed, since SQLCancel still uses them.
 class RunningStatement {
   public:
     RunningStatement(const OdbcConnection& connection, OdbcStatement& statement);
@@ -112,7 +114,7 @@ class RunningStatement {
     OdbcWatchdog::Cancellable cancellable_;
 };
 
-/// The driver manager's string type; both are UTF-16.
+/// The text as an argument for the driver manager, in UTF-16; valid as long as `text`.
 inline SQLWCHAR* OdbcText(const QString& text) {
     return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(reinterpret_cast<const char16_t*>(text.utf16())));
 }

@@ -12,8 +12,8 @@
 
 namespace database {
 
-/// A server database, accessed through the driver manager. Never reconnects: once the connection is lost, every
-/// statement fails.
+/// Session on a server database, accessed through the ODBC driver manager. Never reconnects: once the connection is
+/// lost, every statement fails. Records cannot be added (QueryForUpdate).
 class OdbcSession : public DatabaseSession {
   public:
     /// Throws what OdbcConnectionText and the driver throw.
@@ -30,8 +30,8 @@ class OdbcSession : public DatabaseSession {
     void EndReadScope() noexcept override;
 
   private:
-    /// How a failed statement affects the read scope: the caller gets the failure and a new snapshot is taken, or the
-    /// statement was optional and the snapshot is kept.
+    /// What happens to the read scope after a failed statement. Propagates: a new snapshot is taken. IsIgnored: the
+    /// caller ignores the failure, and the snapshot is kept.
     enum class Failure { Propagates, IsIgnored };
 
     void StartSession(const ConnectionRequest& request);
@@ -60,7 +60,7 @@ class OdbcSession : public DatabaseSession {
     LookupCache lookupCache_;
 };
 
-/// Handles every provider that is not one of desktop files. Throws what the constructor throws.
+/// For every provider that is not one of desktop files. Throws what the constructor throws.
 std::unique_ptr<DatabaseSession> OpenOdbcSession(const ConnectionRequest& request);
 
 }  // namespace database

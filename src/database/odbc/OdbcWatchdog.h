@@ -10,12 +10,13 @@
 
 namespace database {
 
-/// Watchdog for ODBC calls. Server-side timeouts do not help when the reply is lost, and TCP does not detect a peer
-/// that acknowledges data but never answers (a hanging load balancer, say); a driver without a timeout then waits
-/// forever. On expiry the driver's sockets are shut down. The driver's sockets are those opened while it connected; if
-/// none is found, there is no timeout, but statements can still be cancelled.
+/// Watchdog for ODBC calls, on a separate thread. Server-side timeouts do not help when the reply is lost, and TCP does
+/// not detect a peer that acknowledges data but never answers (a hanging load balancer, for example); a driver without
+/// a timeout then waits forever. On expiry the driver's sockets are shut down. The driver's sockets are those opened
+/// while it connected; if none is found, there is no timeout, but statements can still be cancelled.
 ///
-/// A request to end the program cancels the running statement, and shuts the connection down two seconds later.
+/// A request to end the program (EndRequested) cancels the running statement, and shuts the connection down two seconds
+/// later.
 class OdbcWatchdog {
   public:
     using Clock = std::chrono::steady_clock;
@@ -26,15 +27,16 @@ class OdbcWatchdog {
     OdbcWatchdog(const OdbcWatchdog&) = delete;
     OdbcWatchdog& operator=(const OdbcWatchdog&) = delete;
 
-    /// To be called once the driver has connected. Sets the timeout of each call; 0 means none.
+    /// To be called once, when the driver has connected. Sets the timeout of each call; 0 means none.
     void Begin(Clock::duration timeout);
     /// Why the connection was shut down.
     enum class Reason { None, Timeout, EndOfProgram };
     Reason ShutdownReason() const;
-    /// True if the cancel of a finished statement has not returned: it still uses the connection.
+    /// True if a `cancel` call (Cancellable) for a finished statement has not returned: it still uses the connection.
     bool CancelIsRunning() const;
 
-    /// A call that waits for the server. A nested call counts as part of the outer one.
+    /// While it exists, a call waits for the server, and the timeout runs. A nested object counts as part of the outer
+    /// one.
     class ScopedCall {
       public:
         explicit ScopedCall(OdbcWatchdog& watch);
@@ -47,7 +49,8 @@ class OdbcWatchdog {
         bool outermost_;
     };
 
-    /// A running statement. When the program is asked to end, `cancel` is called with it on a separate thread.
+    /// While it exists, a statement is running. When the program is asked to end, `cancel` is called with `statement`
+    /// on another thread. One object at a time.
     class Cancellable {
       public:
         using Cancel = void (*)(void* statement);

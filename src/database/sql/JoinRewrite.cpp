@@ -1,4 +1,4 @@
-// Part of Rewriters.h.
+// Part of Rewriters.h: RewriteRightJoins.
 
 #include "database/sql/Rewriters.h"
 

@@ -1,4 +1,4 @@
-// Part of Rewriters.h.
+// Part of Rewriters.h: RewriteLike.
 
 #include "database/sql/Quoting.h"
 #include "database/sql/Rewriters.h"

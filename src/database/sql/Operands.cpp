@@ -1,4 +1,4 @@
-// Part of SyntaxTree.h: operands and calls.
+// Part of SyntaxTree.h: operands, WrapInCall and RefuseStatement.
 
 #include "database/sql/SyntaxTree.h"
 

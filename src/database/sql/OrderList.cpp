@@ -1,4 +1,4 @@
-// Part of SelectNames.h: ReadOrder.
+// Part of SelectNames.h: IsOrder, ReadOrder and RefuseOrder.
 
 #include "database/sql/SelectNames.h"
 

@@ -1,4 +1,4 @@
-// Part of Rewriters.h.
+// Part of Rewriters.h: AdaptOrder and TakeOrder.
 
 #include "database/sql/Rewriters.h"
 

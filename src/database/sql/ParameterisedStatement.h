@@ -10,19 +10,19 @@
 
 namespace database {
 
-/// A statement with its text literals replaced by parameters, so that statements that differ only in values share one
-/// text. Reuse one object for many statements: it reuses memory and remembers recent statements.
+/// A statement with its text literals replaced by parameters ("lifted"), so that statements that differ only in values
+/// have the same text. Use one object for many statements: it reuses memory and remembers recent statements.
 class ParameterisedStatement {
   public:
-    /// Parses a statement and takes its literals. Applies to SELECT, INSERT, UPDATE and DELETE, from the first WHERE,
-    /// ON, HAVING, SET or VALUES on, since a literal before that may be a column heading. Other statements, and those
-    /// that have parameters or can't be parsed, keep their text and have no literals.
+    /// Replaces the literals of a SELECT, INSERT, UPDATE or DELETE from the first WHERE, ON, HAVING, SET or VALUES on;
+    /// a literal before that may be a column heading. Other statements, and those that have parameters or can't be
+    /// tokenized, keep their text and have no literals.
     void Lift(QStringView sql);
 
     /// The statement with ?1, ?2 ... in place of the literals.
     const QString& Text() const { return text_; }
     size_t LiteralCount() const { return ends_.size(); }
-    /// Value of a literal in UTF-8, unquoted. Valid until the next Lift.
+    /// Value of the literal with parameter ?(index + 1), in UTF-8 without quotes. Valid until the next Lift.
     QByteArrayView Literal(size_t index) const;
 
   private:
@@ -57,7 +57,7 @@ struct LookupQuery {
     QStringList order;        ///< columns
 };
 
-/// Parses a statement with its literals lifted out (ParameterisedStatement). Empty if it is not such a lookup.
+/// Parses the Text() of a lifted statement. nullopt if it is not such a lookup.
 std::optional<LookupQuery> ReadLookup(const QString& lifted);
 
 }  // namespace database

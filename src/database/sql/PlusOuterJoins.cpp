@@ -1,4 +1,4 @@
-// Part of Rewriters.h.
+// Part of Rewriters.h: RewritePlusOuterJoins.
 
 #include "database/sql/Rewriters.h"
 

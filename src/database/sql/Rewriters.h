@@ -5,7 +5,9 @@
 #include "database/sql/SqlDialect.h"
 #include "database/sql/SyntaxTree.h"
 
-// The rewriters that Adapt (StatementAdapter.h) applies to each level of a statement. Each changes the level in place.
+// The rewriters that Adapt (StatementAdapter.h) applies to a statement. A "level" is the contents of one pair of
+// brackets or the whole statement (NodeList). Each rewriter changes one level in place; Adapt calls it for every level,
+// inner ones first.
 
 namespace database {
 
@@ -26,9 +28,9 @@ void RewritePlusOuterJoins(NodeList& level);
 /// unchanged. Does not descend into brackets.
 void BalanceChains(NodeList& level, size_t longest, size_t fanOut = 32);
 
-/// Rewrites each `operand [NOT] LIKE 'pattern' [ESCAPE 'c']` of the level as engine.like says. A server's LIKE has
-/// other rules and is never sent: throws DatabaseError kStatementFailure if the extent of the operand is ambiguous, the
-/// pattern is not a single literal, or a "[" of it is not closed.
+/// Rewrites each `operand [NOT] LIKE 'pattern' [ESCAPE 'c']` of the level for a server, as engine.like specifies.
+/// Throws DatabaseError kStatementFailure if the extent of the operand is ambiguous, the pattern is not a single
+/// literal, or a "[" of it is not closed: the server's own LIKE has other rules and must not be used.
 void RewriteLike(NodeList& level, const SqlDialect& engine);
 
 /// Makes "=" ignore ASCII case in the conditions of the level if either side is one of `rules.comparedCaseBlind`.
@@ -37,7 +39,8 @@ void RewriteLike(NodeList& level, const SqlDialect& engine);
 /// extent of an operand is ambiguous.
 void CompareCaseBlind(NodeList& level, bool condition, const SqlDialect& engine, const TextRules& rules);
 
-/// True if `piece` is in a condition of its level; `before` is the result for the previous node.
+/// True if `piece` is in a condition (WHERE, ON, HAVING) of its level. `before`: the result for the previous node; for
+/// the first one the `condition` of CompareCaseBlind.
 bool IsInCondition(const Node& piece, bool before);
 
 /// Translates the level's ORDER BY: columns sorted as text get the collation or sort function, and Nulls an explicit
@@ -48,8 +51,9 @@ bool IsInCondition(const Node& piece, bool before);
 void AdaptOrder(NodeList& level, const SqlDialect& engine, const TextRules& rules, const TextNames& names);
 
 /// For sorting on the client: if the level is a SELECT whose ORDER BY contains a column sorted as text, removes ORDER
-/// BY and limit, appends the keys to the selected columns, and stores both in `adapted`. Throws DatabaseError
-/// kStatementFailure if the rows are grouped, DISTINCT or limited in another way, or if a key is not a column.
+/// BY and TOP, appends the keys to the selected columns, and stores keys and limit in `adapted`. To be called for the
+/// whole statement before all other rewriters. Throws DatabaseError kStatementFailure if the rows are grouped, DISTINCT
+/// or limited in another way, or if a key is not a column.
 void TakeOrder(NodeList& level, const TextNames& names, AdaptedStatement& adapted);
 
 }  // namespace database

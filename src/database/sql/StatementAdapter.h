@@ -8,12 +8,13 @@
 
 namespace database {
 
-/// Translates SELECT, INSERT, UPDATE and DELETE from the suite's dialect to the engine's. All other text, including
-/// text that can't be parsed, is passed unchanged for the engine to reject. For servers comments are removed, and a
-/// LIKE, an "=" or an ORDER BY over text that can't be translated throws DatabaseError kStatementFailure, since the
-/// engine would compare or sort differently. `rules`: the columns whose text comparison differs.
+/// Translates a SELECT, INSERT, UPDATE or DELETE from the suite's dialect to that of `engine`. Any other statement, and
+/// text that can't be parsed, is returned unchanged; the engine reports errors in it. `rules`: the columns whose text
+/// is compared in the suite's way. For servers comments are removed, and DatabaseError kStatementFailure is thrown for
+/// a LIKE, an "=" or an ORDER BY over text that can't be translated, since the engine would compare or sort
+/// differently.
 AdaptedStatement Adapt(QStringView sql, const SqlDialect& engine, const TextRules& rules);
-/// As Adapt, for an engine that sorts itself; returns the text only.
+/// As Adapt, for an engine without sortsOnClient; returns the text only.
 QString AdaptStatement(QStringView sql, const SqlDialect& engine, const TextRules& rules);
 
 }  // namespace database

@@ -12,6 +12,9 @@
 
 namespace database {
 
+// A statement as a tree of brackets, and functions to read and change it. `level` is always one list of nodes;
+// positions are indexes in it. Keywords ignore case.
+
 struct Node;
 /// The contents of a pair of round brackets, or the whole statement.
 using NodeList = std::vector<Node>;
@@ -31,13 +34,14 @@ struct Node {
     bool IsName() const;
 };
 
+/// A parsed statement.
 struct SyntaxTree {
-    NodeList level;
+    NodeList level;          // the whole statement
     QString trailingTrivia;  // blanks and comments after the last token
 };
 
-/// Parses one statement. Empty if brackets don't match or are nested more than 200 deep, a quote is not closed, or a
-/// second statement follows; the caller then passes the text unchanged for the engine to report.
+/// Parses one statement. nullopt if brackets don't match or are nested more than 200 deep, a quote is not closed, or a
+/// second statement follows.
 std::optional<SyntaxTree> ParseStatement(QStringView sql);
 
 /// Converts the tree to text. An unmodified tree yields the original text exactly.
@@ -45,22 +49,24 @@ QString StatementText(const SyntaxTree& tree);
 
 /// A keyword or operator, preceded by a blank.
 Node MakeWord(const QString& text);
-/// Encloses `inside`, which must not be empty, in brackets; leading blanks move before the opening bracket.
+/// `inside`, which must not be empty, in brackets; its leading blanks and comments move before the opening bracket.
 Node MakeGroup(NodeList inside);
-/// Replaces nodes first to last - 1 by a call of `function` on them, which is two nodes. With `collation`, COLLATE is
-/// added to the argument.
+/// Replaces nodes first to last - 1 by a call of `function` with them as the argument; the call is two nodes. Unless
+/// `collation` is empty, COLLATE and its name are added to the argument.
 void WrapInFunction(NodeList& level, size_t first, size_t last, const QString& function, const QString& collation = {});
 /// Inserts COLLATE and the collation's name before index `at`.
 void InsertCollation(NodeList& level, size_t at, const QString& collation);
 /// The name without its [] or "" quotes.
 QString NameOf(const Node& piece);
 
-/// True for a name, even one qualified by a table, that is in `columns`, ignoring case.
+/// True if the node is a name in `columns`, ignoring case. For a qualified name, pass its last node.
 bool IsColumnOf(const QStringList& columns, const Node& piece);
-/// First index of the qualified name whose last node is `last`, and index after the one that begins at `first`.
+/// First index of the qualified name ("table.column") whose last node is `last`.
 size_t BeginOfName(const NodeList& level, size_t last);
+/// Index after the qualified name that begins at `first`.
 size_t EndOfName(const NodeList& level, size_t first);
-/// Removes "TOP n" from a SELECT that is not part of a compound, and returns n, preceded by a blank.
+/// Removes "TOP n" from the level's SELECT and returns n, preceded by a blank. nullopt without TOP, for TOP n PERCENT,
+/// and in a compound (UNION etc.).
 std::optional<Node> TakeTop(NodeList& level);
 
 /// First index from `from` on of a keyword that ends a FROM clause, or of ";"; the level's size if there is none.
@@ -68,22 +74,22 @@ size_t EndOfFrom(const NodeList& level, size_t from);
 /// True if a join operator begins at `at`: JOIN, or LEFT, RIGHT, INNER etc. before JOIN or OUTER.
 bool StartsJoin(const NodeList& level, size_t at);
 
-// Operands of LIKE and "=". Only operands of unambiguous extent are wrapped in a function call: a qualified name, a
-// literal, a bracket, or a function call.
+// Operands of LIKE and "=". An operand is a qualified name, a literal, a bracket, or a function call. It can be wrapped
+// in a function call only if it is the whole side of the comparison, which the last two functions check.
 
-/// Index of the first node of the operand that ends before `end`; empty if no operand ends there.
+/// Index of the first node of the operand that ends before `end`; nullopt if no operand ends there.
 std::optional<size_t> BeginOfOperand(const NodeList& level, size_t end);
-/// Index after the operand that begins at `begin`; empty if no operand begins there.
+/// Index after the operand that begins at `begin`; nullopt if no operand begins there.
 std::optional<size_t> EndOfOperand(const NodeList& level, size_t begin);
 
-/// True if an operand that begins at `begin` is the whole left side, so that no operator before it binds to it. A
-/// literal or bracket directly before it is a syntax error, left for the engine to reject.
+/// True if an expression starts at the operand at `begin`: no operator before it binds to it. True also for a name
+/// directly after a literal or a bracket, a syntax error that the engine reports.
 bool StartsExpression(const NodeList& level, size_t begin);
-/// True if an expression that ends at `end` is complete, so that no operator after it binds to it.
+/// True if an expression ends before `end`: no operator there binds to it.
 bool EndsExpression(const NodeList& level, size_t end);
 
-/// `call` is an expression in the engine's syntax with a placeholder named `operand`. Replaces nodes first to last - 1
-/// by the call around them, and returns the number of nodes of the call.
+/// Replaces nodes first to last - 1 by `call`, an expression in the engine's syntax, in which they replace the name
+/// `operand`. Returns the number of nodes that the call has in the level.
 size_t WrapInCall(NodeList& level, size_t first, size_t last, const QString& call);
 
 /// Throws DatabaseError kStatementFailure: the statement can't be translated for a server, for the given reason.

@@ -9,34 +9,38 @@
 
 namespace database {
 
-/// Opens the file of the request's data source; never creates it. With ConnectMode::Read, and if the user lacks write
-/// permission, the engine rejects all writes and creates no files next to the database; a file left in WAL mode is then
-/// read without locks (see IsWithoutLocks). Reads header and schema, and throws DatabaseError with a Japanese message
-/// if the file is missing, a folder or special file, empty, of another format (for Jet and ACE files the message says
-/// how to import them), damaged, truncated or locked.
+/// Opens the file of the request's data source; never creates it. With ConnectMode::Read, or if the user has no write
+/// permission, the connection is read-only: the engine rejects all writes and creates no files. A file in WAL mode may
+/// be opened without locks (see WalReading). Reads header and schema, and throws kEngineFailure with a Japanese message
+/// if the file is missing, a folder or special file, empty, of another format (for Jet and ACE files the message
+/// explains how to import them), damaged, truncated or locked, or if it is WalReading::Refused; otherwise the engine's
+/// error.
 SqliteDatabase OpenSqliteFile(const ConnectionRequest& request);
 
-/// Opens the file for writing for a moment, so that the engine rolls back the transaction of a crashed writer, which a
-/// read-only connection can't. `lockWait`: busy timeout in milliseconds. False if the user lacks write permission.
+/// Opens the file for writing and closes it, so that the engine rolls back the transaction of a crashed writer, which a
+/// read-only connection can't. `lockWait`: busy timeout in milliseconds. False if the user has no write permission or
+/// the schema can't be read. Throws DatabaseError if the file can't be opened.
 bool RollBackHotJournal(const QString& path, int lockWait);
 
-/// Busy timeout: 5 s, or `timeoutSeconds` if that is positive and shorter.
+/// Busy timeout in milliseconds: 5 s, or `timeoutSeconds` if that is positive and shorter.
 int LockWaitMilliseconds(int timeoutSeconds);
 
-/// The data source as a local path; accepts both "/" and "\" as separators.
+/// The data source as an absolute path; "\" is converted to "/" unless the path exists as written. Empty if it is
+/// empty.
 QString SqlitePath(const QString& dataSource);
 
-/// How a reader opens a file. Normal readers of a file in WAL mode create a -shm and a -wal file.
+/// How a read-only connection opens a file. An ordinary one would create the -shm and -wal files of a database in WAL
+/// mode, for which the user may have no permission.
 enum class WalReading {
-    Ordinary,      ///< not in WAL mode, or -shm and -wal exist and are in use
+    Ordinary,      ///< not in WAL mode, or the -wal has content and a -shm exists
     WithoutLocks,  ///< in WAL mode with an empty -wal: open as immutable
-    Refused        ///< in WAL mode, but the -wal has content that only a writer can checkpoint
+    Refused        ///< in WAL mode, the -wal has content and there is no -shm: only a writer can read the content
 };
 WalReading WalReadingOf(const QString& path);
 
 /// URI for the engine that opens the file as immutable: without locks and without additional files.
 QByteArray NameWithoutLocks(const QString& path);
-/// True if the database was opened with such a URI. The engine then does not notice changes by other programs.
+/// True if the database was opened with such a URI. The engine then does not detect changes by other programs.
 bool IsWithoutLocks(sqlite3* database);
 
 }  // namespace database

@@ -15,10 +15,11 @@
 
 namespace database {
 
-/// Cache statistics of a statement, used to decide whether its results are worth caching.
+/// Statistics of QueryCache for all statements that differ in literals only, to decide whether their results are worth
+/// caching.
 struct StatementUse {
-    quint32 cached = 0;
-    quint32 hits = 0;
+    quint32 cached = 0;  ///< results stored
+    quint32 hits = 0;    ///< results found
 };
 
 /// A prepared statement and metadata of its result.
@@ -52,7 +53,8 @@ class PreparedStatements {
     static constexpr int kMost = 64;
     static constexpr qsizetype kLongestText = 16384;  // longer statements are rare and use too much memory
 
-    /// The cached statement for `text`, or the one that `prepare` creates. Valid until the next call.
+    /// The cached statement for `text`, or the one that `prepare` creates and that is then cached. Valid until the next
+    /// Get or Clear. Throws what `prepare` throws.
     PreparedStatement& Get(const QString& text, const std::function<PreparedStatement()>& prepare);
     void Clear();
 
@@ -63,18 +65,18 @@ class PreparedStatements {
     };
     std::list<Entry> entries_;  // most recently used first
     QHash<QString, std::list<Entry>::iterator> byText_;
-    std::unique_ptr<PreparedStatement> giant_;
+    std::unique_ptr<PreparedStatement> giant_;  // the last statement that was too long for the cache
 };
 
 /// A table that records are inserted into. Caches one prepared INSERT per set of columns written so far, since naming a
 /// column that was not set would override its default.
 class InsertTarget : public RecordTarget {
   public:
-    /// The table that the columns of `query` come from. Throws DatabaseError kNotUpdatable if they are not all columns
-    /// of one table.
+    /// For the table that the columns of the prepared SELECT `query` come from. Throws DatabaseError kNotUpdatable if
+    /// they are not all columns of one table.
     InsertTarget(sqlite3* database, sqlite3_stmt* query);
 
-    /// Inserts one record. Throws DatabaseError.
+    /// Inserts one record; columns not in `fields` get their default. Throws DatabaseError.
     void Insert(const std::vector<WrittenField>& fields);
 
   private:

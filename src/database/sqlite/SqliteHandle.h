@@ -9,6 +9,8 @@
 
 namespace database {
 
+// Handles of the SQLite library that are freed automatically, and functions on them.
+
 struct SqliteDatabaseCloser {
     void operator()(sqlite3* database) const noexcept { sqlite3_close_v2(database); }
 
@@ -21,10 +23,10 @@ struct SqliteStatementCloser {
 };
 using SqliteStatement = std::unique_ptr<sqlite3_stmt, SqliteStatementCloser>;
 
-/// The last error of this database: the engine's message and the suite's error number.
+/// The last error of this database: the engine's message and the suite's error number. Does not throw it.
 EngineError SqliteFailure(sqlite3* database);
 
-/// The DatabaseError number for a result code of the engine, basic or extended.
+/// The DatabaseError number for an error code of the engine, basic or extended.
 long NumberOfSqliteCode(int code);
 
 /// Resets a statement at the end of a block, which releases its locks.
@@ -39,19 +41,20 @@ class SqliteRun {
     sqlite3_stmt* statement_;
 };
 
-/// Runs a fixed statement to its end. Returns the engine's result code.
+/// Runs statements without parameters to their end and ignores their rows. Returns the engine's result code.
 int RunPlain(sqlite3* database, const char* sql) noexcept;
 
-/// Sets the busy timeout: statements that wait for locks of other programs fail with SQLITE_BUSY after this time
-/// without a change of the file. While other programs write to it, they wait on, at most a minute, or until the program
-/// is asked to end.
+/// Sets the busy timeout. A statement that waits for a lock fails with SQLITE_BUSY after `milliseconds` in which the
+/// file has not changed. While other programs write to the file, the wait is extended, up to a minute in total; not
+/// after a request to end the program.
 void WaitForLocks(SqliteDatabase& database, int milliseconds);
 
-/// Name of the collation for ORDER BY on names, kana and addresses. Must never be used in a schema: other tools could
+/// Name of the collation for columns sorted as text (CompareTexts). Must never be used in a schema: other tools could
 /// not open the file then.
 inline constexpr const char* kSuiteTextCollation = "SUITE_TEXT";
 
-/// Registers the suite's LIKE, which replaces the engine's, and the collation. Returns the engine's result code.
+/// Registers the suite's LIKE (LikePattern), which replaces the engine's, and the collation. Returns the engine's
+/// result code.
 int AddSuiteText(sqlite3* database);
 
 }  // namespace database

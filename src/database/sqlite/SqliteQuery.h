@@ -5,8 +5,8 @@
 
 #include "database/sqlite/OpenSqlite.h"
 
-// Statements on a SQLite file without the suite's SQL dialect: what the set-up tool and the report host need beside a
-// session. All procedures throw DatabaseError with the engine's message.
+// Direct access to a SQLite file, for statements in the engine's own SQL: for the setup tool, the report host and
+// LookupCache. All procedures throw DatabaseError, with the engine's message for a failed statement.
 
 namespace database {
 
@@ -19,7 +19,7 @@ void RunSql(sqlite3* database, const QString& sql);
 SqliteStatement PrepareSql(sqlite3* database, const QString& sql, const QStringList& texts = {});
 /// Binds a text to a parameter; `index` counts from 1.
 void BindText(sqlite3_stmt* statement, int index, const QString& text);
-/// Steps to the next row; False at the end.
+/// Steps to the next row; false at the end.
 bool NextRow(sqlite3_stmt* statement);
 /// Text of a column of the current row, empty for Null; `column` counts from 0.
 QString ColumnText(sqlite3_stmt* row, int column);

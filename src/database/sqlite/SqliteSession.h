@@ -12,7 +12,7 @@
 
 namespace database {
 
-/// Session on a database file of the suite.
+/// Session on a database file.
 class SqliteSession : public DatabaseSession {
   public:
     /// Throws what OpenSqliteFile throws.
@@ -51,7 +51,7 @@ class SqliteSession : public DatabaseSession {
     bool scope_ = false;
 };
 
-/// What statements are translated to before they are prepared.
+/// The dialect that the session's statements are translated to before they are prepared.
 const SqlDialect& SqliteDialect();
 
 /// Throws what the constructor throws.

@@ -1,4 +1,4 @@
-// Part of OpenSqlite.h: files in WAL mode.
+// Part of OpenSqlite.h: WalReadingOf, NameWithoutLocks and IsWithoutLocks.
 
 #include "database/sqlite/OpenSqlite.h"
 

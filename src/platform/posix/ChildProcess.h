@@ -16,10 +16,11 @@ class QSocketNotifier;
 
 namespace platform {
 
-/// Starts a program file in a new session. It inherits only the environment and the working directory: an inherited
-/// descriptor would keep the readers of this program's output waiting for the child. Returns the process id, 0 on
-/// failure. The child is reaped in the event loop when it ends. `hidden` sets kStartHiddenVariable. posix_spawn instead
-/// of QProcess::startDetached, since the caller needs a direct child and its exit code.
+/// Starts a program file in a new session; arguments are encoded in the locale's encoding. It inherits only the
+/// environment and the working directory: with an inherited descriptor, a reader of this program's output would wait
+/// for the end of the child. `hidden` sets kStartHiddenVariable. Returns the process id, 0 on failure. The child is
+/// reaped in the event loop when it ends; without an application object it stays a zombie. Uses posix_spawn instead of
+/// QProcess::startDetached, since the caller needs a direct child and its exit code.
 int StartChild(const QString& program, const QStringList& arguments, bool hidden);
 
 /// How a process has ended.
@@ -28,12 +29,12 @@ struct ProcessEnd {
     quint32 exitCode = ProcessService::kUnknownExitCode;  ///< or the number of the signal
 };
 
-/// The end of a child that StartChild has started and nothing has reaped yet; for any other process a new object.
+/// The record of a child that StartChild has started and that has not been reaped; for any other process a new record.
 /// Shared, since a child can be reaped only once, but several descriptors may be open for it.
 std::shared_ptr<ProcessEnd> EndOfProcess(quint32 processId);
 
-/// True if the process of a pidfd has ended. Reaps a child and stores its exit code in `end`; that of any other process
-/// stays unknown. Does not block.
+/// True if the process of a pidfd has ended. Reaps a child and stores its exit code in `end`; for any other process the
+/// exit code stays unknown. Does not block.
 bool HasEnded(int processDescriptor, ProcessEnd& end);
 
 /// Calls `ended` once from the event loop when the process of the pidfd has ended. Disable the notifier before closing

@@ -1,4 +1,4 @@
-// Part of FileRights.h: private folders.
+// Part of FileRights.h: ClaimPrivateFolder and PrivateFolderFaults.
 
 #include "platform/FileRights.h"
 

@@ -4,16 +4,19 @@
 
 namespace platform {
 
-/// Exclusive lock on a registry file against other writers, for the lifetime of the object. A separate lock file (0600)
-/// is used, since each write replaces the registry file. The kernel releases the lock when the process ends.
+/// Exclusive lock on a registry file against other writers, for the lifetime of the object. The lock is on a separate
+/// file with the suffix ".lock" and mode 0600, since each write replaces the registry file. The kernel releases it when
+/// the process ends.
 class RegistryLock {
   public:
+    /// Locks the registry file at the path `file`; waits up to five seconds.
     explicit RegistryLock(const QString& file);
     ~RegistryLock();
     RegistryLock(const RegistryLock&) = delete;
     RegistryLock& operator=(const RegistryLock&) = delete;
 
-    /// kRegistryDone, kRegistryDenied if the user has no write permission, kRegistryLocked after a timeout.
+    /// kRegistryDone if locked; kRegistryDenied if the lock file can't be opened for writing; kRegistryLocked after the
+    /// timeout.
     long Status() const { return status_; }
 
   private:

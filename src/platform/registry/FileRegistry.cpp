@@ -1,3 +1,5 @@
+// Also part of Registry.h: Registry::GetValue.
+
 #include "platform/registry/FileRegistry.h"
 
 #include <QDir>

@@ -7,11 +7,13 @@
 
 namespace platform {
 
-/// The registry in two text files. Not cached: each call reads the file, so that writes of other programs are visible
-/// at once. A write takes the lock, reads the current content and replaces the file atomically; concurrent writers lose
-/// no update, and readers never see a partial file.
+/// The registry in two text files, one for each root. Not cached: each call reads the file, so that writes of other
+/// programs are visible at once. A write takes the lock, reads the current content and replaces the file atomically;
+/// concurrent writers lose no update, and readers never see a partial file. New files and folders of the machine root
+/// are readable by all users, whatever the umask is.
 class FileRegistry : public Registry {
   public:
+    /// Uses MachineRegistryFile() and UserRegistryFile().
     FileRegistry();
     FileRegistry(QString machineFile, QString userFile);
 

@@ -8,34 +8,35 @@
 
 namespace platform {
 
-/// Parsed content of a registry file. Lookup is by folded name; the original spelling is stored with it.
+/// Parsed content of a registry file. Keys and values are found by folded name (FoldedName); the original spelling is
+/// stored with them.
 struct RegistryContent {
     struct Value {
         QString name;
         std::variant<QString, quint32> data;
     };
     struct Key {
-        QString path;
+        QString path;                     ///< components separated by "\"
         std::map<QString, Value> values;  ///< by folded name
     };
     std::map<QString, Key> keys;  ///< by folded path; the parents of every key are present
 
-    /// Null if there is no such key.
+    /// The key of a path in any letter case; null if there is none. Valid until a key is added.
     const Key* Find(const QString& path) const;
     Key* Find(const QString& path);
     /// Returns the key; creates it and missing parents. `path` must satisfy IsUsableKeyPath.
     Key& Make(const QString& path);
 };
 
-// Limits that bound memory and recursion for any input. Depth matters because every parent of a key is stored with its
+// Limits on memory and recursion for any input. The depth is limited since every parent of a key is stored with its
 // full path.
 inline constexpr qsizetype kMaxKeyDepth = 32;            ///< components of a key's path
 inline constexpr qsizetype kMaxNameLength = 255;         ///< UTF-16 code units of the name of a key or value
-inline constexpr qsizetype kMaxRegistryBytes = 1 << 20;  ///< of the whole file
+inline constexpr qsizetype kMaxRegistryBytes = 1 << 20;  ///< bytes of the whole file
 
-/// True if the path is within the limits and can be written on a line.
+/// True if the path is within the limits, valid UTF-16, and without line ends and NUL, which are not escaped in paths.
 bool IsUsableKeyPath(const QString& path);
-/// True if the name is within the limits; any character can be escaped.
+/// True if the name is within the limits.
 bool IsUsableValueName(const QString& name);
 
 /// Case-folded name for comparison.

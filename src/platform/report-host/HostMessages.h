@@ -11,34 +11,34 @@
 namespace platform {
 
 enum class HostVerb {
-    Bind,        ///< ping
-    OpenReport,  ///< report name and view
-    Maximize,
-    Quit,
-    Release,  ///< sent by a host that takes over the template file; no reply
+    Bind,        ///< no operation; the reply shows that the host is ready
+    OpenReport,  ///< prints or previews `report`
+    Maximize,    ///< maximises the preview window that was opened last
+    Quit,        ///< ends the host
+    Release,     ///< sent to the previous host by a new one that serves the same template file; no reply
 };
 
 struct HostRequest {
     HostVerb verb = HostVerb::Bind;
-    QString report{};
-    ReportView view = ReportView::Print;  ///< as received: may be any number
+    QString report{};                     ///< of OpenReport: name of the report
+    ReportView view = ReportView::Print;  ///< of OpenReport, as received: any number; -1 if the message has none
 };
 
 struct HostAnswer {
-    long number = 0;  ///< 0: success
-    QString description;
+    long number = 0;      ///< 0: success
+    QString description;  ///< of the failure; empty on success
 };
 
-/// Serialise to one line, including the line end.
+/// The message as one line, with the line end.
 QByteArray LineOf(const HostRequest& request);
 QByteArray LineOf(const HostAnswer& answer);
 /// nullopt for a line that is not such a message.
 std::optional<HostRequest> ParseRequest(const QByteArray& line);
 std::optional<HostAnswer> ParseAnswer(const QByteArray& line);
 
-/// Socket path of the host that serves the template file: in HostFolder, derived from a hash of the canonical path, so
-/// that it is short enough for sun_path and independent of how the path is written. Throws RuntimeError like
-/// HostFolder.
+/// Socket path of the host that serves the template file (path): a file in HostFolder named by a hash of the canonical
+/// path, so that it is short enough for a socket address and independent of how the path is written. Throws what
+/// HostFolder throws.
 QString HostSocketPath(const QString& templateFile);
 
 }  // namespace platform

@@ -1,3 +1,5 @@
+// Part of ReportHostLink.h: LocalReportHostLink.
+
 #include <QDeadlineTimer>
 #include <QLocalSocket>
 
