@@ -1,4 +1,4 @@
-// The part of Mod要員名簿照会 for headless runs.
+// Part of Mod要員名簿照会.h: headless runs.
 
 #include <QApplication>
 #include <QBuffer>

@@ -1,3 +1,5 @@
+// Part of PreparedReport.h: WritePdf.
+
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>

@@ -1,4 +1,4 @@
-// The rows of M担当者, of Sample.h.
+// Part of Sample.h: the rows of M担当者.
 #include <QDate>
 
 #include "setup/sample/Sample.h"
