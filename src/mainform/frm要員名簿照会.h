@@ -8,9 +8,9 @@
 #include "inquiry/ConditionProcedures.h"
 #include "screen/Form.h"
 
-/// The main form. Its handlers change the state and repaint.
-/// The class is implemented in frm要員名簿照会.cpp (set-up, shared helpers), …Head.cpp, …List.cpp and
-/// …Commands.cpp; the layout below in …HeadLayout.cpp, …ListLayout.cpp and …OutputLayout.cpp.
+/// The main form. Its handlers change the state and repaint. The class is implemented in frm要員名簿照会.cpp (set-up,
+/// shared helpers), …Head.cpp, …List.cpp and …Commands.cpp; the layout below in …HeadLayout.cpp, …ListLayout.cpp and
+/// …OutputLayout.cpp.
 class frm要員名簿照会 : public Form {
   public:
     /// `leave` ends the process; called after the wheel hook has been removed.

@@ -16,8 +16,8 @@ QString PadLeft(const QString& text, int width);
 /// Japanese characters as their rules allow, but not inside words.
 QStringList LineBreakPieces(const QString& text);
 
-/// Breaks a text into lines of at most `width` columns between these pieces; a longer piece
-/// is not broken. Line feeds in the text are kept.
+/// Breaks a text into lines of at most `width` columns between these pieces; a longer piece is not broken. Line feeds
+/// in the text are kept.
 QStringList WrapText(const QString& text, int width);
 
 /// Replaces line breaks and other control characters with blanks.
