@@ -6,7 +6,7 @@
 // LeaveProgram; RefuseStart instead of the program if it cannot start.
 
 /// From now on clears pointers in ProgramGlobals to destroyed controls, and places new windows over the window that
-/// opened them (FormObserver). BeginProgram does it; a test needs nothing else.
+/// opened them (FormObserver). BeginProgram calls it; tests call it alone.
 void ConnectFormsToGlobals();
 /// Must be called first: sets the program's id, menu and report name and the title of its message boxes, and calls
 /// ConnectFormsToGlobals.
