@@ -8,7 +8,7 @@ class QApplication;
 // The program: start, start command (StartCommand.cpp), end and headless runs (HeadlessRun.cpp).
 
 /// Starts the program and shows the main form with the first list. If the start fails, shows the reason and exits the
-/// process. An error that is thrown is for the caller to show; then there is no window.
+/// process. An error that is thrown is for the caller to show; then there may be no window.
 void Main();
 
 /// Parses the start command, a block of fixed-width fields without separators, into Globals().Conditions and

@@ -11,7 +11,7 @@
 // about a condition is here, once. Painting, focus, statement, selection text, start command and layout keep only their
 // order, where it differs from the order here, which is the screen's.
 
-/// Interface of a selection window to the query and the printed selection text.
+/// Interface of a selection window (multi-select or value window) to the query and the printed selection text.
 class SelectionSource {
   public:
     virtual ~SelectionSource() = default;

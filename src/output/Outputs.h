@@ -3,20 +3,21 @@
 #include <QString>
 #include <functional>
 
-/// Common steps of all outputs: opens the report database, shows the wait dialog, runs `build`, which fills a work
-/// table and returns whether it has rows, then `output`, or without rows shows the message `nothing`; closes dialog and
-/// connection. If the installation has no report database, only shows a message. Exceptions propagate without cleanup:
-/// dialog and connection stay open.
+/// Common steps of all outputs. Opens the report database and shows the wait dialog; runs `build`, which fills a work
+/// table and returns whether it has rows; then runs `output`, or shows the message `nothing` if there are no rows;
+/// closes dialog and connection. If the installation has no report database, only shows a message. Exceptions propagate
+/// without cleanup: dialog and connection stay open.
 void RunOutput(bool (*build)(), const std::function<void()>& output, const QString& nothing);
 
 // Complete outputs on the report host (ReportRunner.cpp), each a RunOutput. An error of the report database propagates
 // as database::DatabaseError.
 
-/// Prints the list on the report host's default printer.
+/// Prints the list: on the default printer, or as the report's output target says
+/// (report-host/template/OutputTarget.h).
 void RunReportPrint();
 /// Shows the list in the report host's preview.
 void RunReportPreview();
-/// Print mail pieces for the checked rows, each with its own work table and report.
+/// Print mail pieces for the checked rows in the same way, each kind with its own work table and template.
 void RunEnvelopePrint();
 void RunPostcardPrint();
 void RunLabelPrint();

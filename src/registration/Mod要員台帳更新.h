@@ -13,5 +13,5 @@ struct RegistrationCommand {
 RegistrationCommand ParseRegistrationCommand(const QString& commandLine);
 
 /// Starts the program and shows the form with the person. If that fails, shows the reason and exits the process. An
-/// error that is thrown is for the caller to show; then there is no window.
+/// error that is thrown is for the caller to show; then there may be no window.
 void StartRegistration();

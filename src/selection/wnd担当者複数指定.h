@@ -19,7 +19,8 @@ class wnd担当者複数指定 : public Form, public SelectionSource {
 
     /// One LIKE term for each filled row, quotes escaped, wildcards kept; joined by OR, or by AND if 絞込み is checked.
     QString BuildSelectionCondition(const QString& table, const QString& column) const override;
-    /// "検索", the name of the value and the entries separated by commas.
+    /// "検索", the name of the value, "(絞込み)" if that is checked, and the entries separated by commas; empty without
+    /// entries.
     QString DescribeSelection() const override;
 
     /// Empties all rows and unchecks 絞込み. The flag changes only when the window closes.

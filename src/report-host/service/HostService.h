@@ -26,8 +26,8 @@ class HostService : public QObject {
     HostService(HostListener& listener, QString templateFile, Maker make);
     ~HostService() override;
 
-    /// Called when the host may end: after HostVerb::Quit, when the last client has disconnected and no preview is
-    /// open, or if no client connects within kIdleTimeout.
+    /// Called when the host may end: after HostVerb::Quit, when no client is connected and no preview is open any more,
+    /// or if no client connects within kIdleTimeout.
     std::function<void()> Finished;
 
     /// Timeout for the first connection: the program that starts a host connects at once or has crashed.

@@ -68,8 +68,9 @@ struct SealedCount {
 };
 
 /// Encrypts every clear-text PIN of a general database in one transaction, and creates the key file if there is none.
-/// On failure nothing is changed and a new key file is removed. Only if the outcome of the commit is unknown (disk or
-/// network failure) the key file stays, and the next run uses it. Throws platform::RuntimeError.
+/// On failure nothing is changed, unless the commit succeeded and only its reply was lost. A new key file is removed on
+/// failure, unless a PIN decrypts with it or the database can't be read any more; the next run uses a key file that
+/// stayed. Throws platform::RuntimeError.
 SealedCount SealStoredPins(const PinStoreOpener& open, const QString& keyFile);
 
 /// Number of PINs stored in clear text. Throws database::DatabaseError.
