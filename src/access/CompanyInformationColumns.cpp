@@ -1,7 +1,7 @@
+// Part of CompanyInformation.h: the columns of company, office and partner systems.
+
 #include "access/CompanyInformation.h"
 #include "access/MasterColumns.h"
-
-// Part of CompanyInformation.h: the columns of company and office.
 
 namespace {
 

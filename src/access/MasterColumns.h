@@ -8,7 +8,7 @@
 
 #include "database/Database.h"
 
-/// A column stored as an encrypted PIN, whose field contains the clear text.
+/// Target of a column with encrypted PINs; the field gets the clear text.
 template <typename Record>
 struct PinField {
     QString Record::*field;
@@ -21,14 +21,19 @@ struct MasterColumn {
     std::variant<QString Record::*, int Record::*, double Record::*, PinField<Record>> field;
 };
 
-/// Converts the stored text to the field's type; text that is not a number becomes 0. A Null keeps the target's value.
-/// TakePin decrypts with Services().pins.
+// Convert a stored text to the target's type; a Null keeps the target's value.
+
+/// The text unchanged.
 void TakeText(const database::Field& stored, QString& target);
+/// NumericValue of the text: digits only, without a sign.
 void TakeNumber(const database::Field& stored, int& target);
+/// Text that is not a number becomes 0.
 void TakeNumber(const database::Field& stored, double& target);
+/// Decrypts with Services().pins.
 void TakePin(const database::Field& stored, QString& target);
 
-/// Fills the fields from the current record. Throws database::DatabaseError if the record lacks a column.
+/// Fills the fields from the current record, each as above. Throws database::DatabaseError if the record lacks a
+/// column.
 template <typename Record>
 void TakeColumns(const database::Recordset& row, std::span<const MasterColumn<Record>> columns, Record& target) {
     for (const MasterColumn<Record>& column : columns) {

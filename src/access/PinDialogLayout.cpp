@@ -1,3 +1,5 @@
+// Part of msg暗証番号確認.h: the layout of the dialog.
+
 #include "access/msg暗証番号確認.h"
 
 #include "screen/Form.h"
@@ -5,8 +7,6 @@
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
-
-// Part of msg暗証番号確認.h: the layout of the dialog.
 
 using namespace Qt::StringLiterals;
 

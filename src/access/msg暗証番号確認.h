@@ -17,8 +17,9 @@ class msg暗証番号確認 : public Form {
     void LookUpStaffByCode(const QString& code, bool& found);
     /// The same by login name, case-insensitive.
     void LookUpStaffByLogin(const QString& name, bool& found);
-    /// Compares the entry, in upper case, with the office's privileged PIN and with the PIN of the staff member.
-    /// Unloads the form on a match, shows a message otherwise.
+    /// Compares the entry, in upper case, with the office's privileged PIN and with the PIN of the staff member. A
+    /// match signs in and unloads the form. Otherwise, and for an entry of less than four characters, shows a message;
+    /// then no staff member is signed in.
     void ConfirmPinEntry();
 
   private:
@@ -31,5 +32,5 @@ class msg暗証番号確認 : public Form {
     QString clearPin_;  ///< of the staff member shown; wiped by the destructor
 };
 
-/// Creates the controls of the PIN dialog in tab order.
+/// Creates the controls of the PIN dialog in tab order and fixes its size (PinDialogLayout.cpp).
 void BuildPinDialog(Form& form);

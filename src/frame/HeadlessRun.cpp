@@ -1,4 +1,4 @@
-// The part of Mod要員名簿照会 for headless runs: closes modal windows and saves the screenshot.
+// Part of Mod要員名簿照会.h: headless runs, which close modal windows and save a screenshot.
 
 #include <QApplication>
 #include <QBuffer>

@@ -1,4 +1,4 @@
-// The part of Mod要員名簿照会 with the start command.
+// Part of Mod要員名簿照会.h: the start command.
 
 #include <algorithm>
 #include <array>

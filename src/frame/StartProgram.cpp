@@ -1,3 +1,5 @@
+// The program 要員名簿照会: main().
+
 #include "access/StartUp.h"
 #include "frame/Mod要員名簿照会.h"
 #include "globals/ProgramGlobals.h"

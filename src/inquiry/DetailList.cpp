@@ -1,4 +1,4 @@
-// The part of ScreenState with the list.
+// Part of ScreenState.h: the list.
 
 #include <QApplication>
 #include <QPalette>

@@ -1,4 +1,4 @@
-// The part of StaffQuery with the row store.
+// Part of StaffQuery.h: the row store.
 
 #include <QStringBuilder>
 #include <algorithm>

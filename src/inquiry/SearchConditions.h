@@ -11,22 +11,22 @@
 // about a condition is here, once. Painting, focus, statement, selection text, start command and layout keep only their
 // order, where it differs from the order here, which is the screen's.
 
-/// Interface of a selection window to the query and the printed selection text.
+/// Interface of a selection window (multi-select or value window) to the query and the printed selection text.
 class SelectionSource {
   public:
     virtual ~SelectionSource() = default;
     /// A condition on table.column in brackets, such as "(M担当者.部門コード = '010')"; empty without a selection.
     virtual QString BuildSelectionCondition(const QString& table, const QString& column) const = 0;
-    /// Description of the selection; empty without one.
+    /// Description of the selection for the printed selection text; empty without one.
     virtual QString DescribeSelection() const = 0;
 };
 
 /// The window whose selection replaces the head's items of a condition while the flag is set.
 struct ConditionSelection {
-    bool ConditionFlags::*flag;
-    QString window;   ///< name of the form
-    QString button;   ///< on the main form, opens the window
-    QString caption;  ///< of the button
+    bool ConditionFlags::*flag;  ///< set while the window contains a selection
+    QString window;              ///< name of the form
+    QString button;              ///< on the main form, opens the window
+    QString caption;             ///< of the button
 };
 /// The loaded window, hidden or not; nullptr if there is none.
 const SelectionSource* SourceOf(const ConditionSelection& selection);
@@ -40,8 +40,8 @@ struct RangeCondition {
     QString InquiryConditions::*from;
     QString InquiryConditions::*to;
     QString fromItem, toItem;  ///< on the main form
-    QString mask;              ///< number mask of the codes
-    int maxValue;              ///< of the items
+    QString mask;              ///< "0" for each digit of a code
+    int maxValue;              ///< of the items; reported by them, not checked
     QString column;            ///< of M担当者
     QString master;            ///< table of the codes
     QString nameColumn;        ///< of the master
@@ -56,7 +56,7 @@ const RangeCondition& ConditionOf(Range id);
 enum class SearchText { Name, Kana, Address, Phone, Zip };
 inline constexpr size_t kSearchTextCount = 5;
 
-/// A text that a column contains.
+/// A text that a column must contain.
 struct TextCondition {
     SearchText id;
     QString InquiryConditions::*field;
@@ -65,9 +65,9 @@ struct TextCondition {
     ItemDesign design;    ///< of the item
     bool cut;             ///< cut to MaxLength bytes of code page 932 when stored
     bool fullWidth;       ///< the column contains full-width characters
-    QStringList columns;  ///< of M担当者, alternatives
-    QString valueItem;    ///< item of the selection window, also the name of the value in texts
-    ItemDesign valueDesign;
+    QStringList columns;  ///< of M担当者; one of them must contain the text
+    QString valueItem;    ///< item of each row of the value window; also names the value in captions and selection text
+    ItemDesign valueDesign;  ///< of that item
     ConditionSelection selection;
 };
 const std::array<TextCondition, kSearchTextCount>& TextConditions();
@@ -76,22 +76,22 @@ const TextCondition& ConditionOf(SearchText id);
 enum class Kind { Enrolment, StaffClass, DisplayOrder };
 inline constexpr size_t kKindCount = 3;
 
-/// A number with its list.
+/// A class (区分): a number, and a combo box with the name of each number.
 struct KindCondition {
     Kind id;
     int InquiryConditions::*field;
     QString item, listItem;  ///< on the main form
-    int startValue;
-    QString column;      ///< of M担当者; empty if the kind is no condition
-    QString classTable;  ///< table of the list's entries; empty if they are fixed
+    int startValue;          ///< default at start
+    QString column;          ///< of M担当者; empty if the class is no condition
+    QString classTable;      ///< table of the list's entries; empty if they are fixed
 };
 const std::array<KindCondition, kKindCount>& KindConditions();
 const KindCondition& ConditionOf(Kind id);
 
 /// An entry of the list of 表示順区分.
 struct DisplayOrder {
-    QString entry;
+    QString entry;    ///< text in the list
     QString columns;  ///< of M担当者, as in ORDER BY
 };
-/// By the value of 表示順区分.
+/// Indexed by the value of 表示順区分.
 const QList<DisplayOrder>& DisplayOrders();

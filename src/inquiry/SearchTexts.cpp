@@ -1,4 +1,4 @@
-// The part of SearchConditions with the search texts.
+// Part of SearchConditions.h: the search texts.
 
 #include "inquiry/SearchConditions.h"
 

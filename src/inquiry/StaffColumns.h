@@ -17,8 +17,9 @@ enum class StaffSource {
     Stamp,    ///< "yyyymmdd hhnnss", formatted
 };
 
+/// A column of the list.
 struct StaffColumn {
-    StaffText field;
+    StaffText field;          ///< of the row store
     QStringView item = {};    ///< of a row position; empty if the column is not shown
     QStringView column = {};  ///< of the statement and of the work tables; empty for a derived field
     StaffSource source = StaffSource::Column;
@@ -39,7 +40,7 @@ inline constexpr auto kStaffColumns = [] {
         {.field = 暗証番号, .item = u"暗証番号", .column = u"暗証番号", .source = Pin},
         {.field = 郵便番号, .item = u"郵便番号", .column = u"郵便番号"},
         {.field = 住所A, .item = u"住所A", .column = u"住所A"},
-        // A Null next to a filled 住所A throws.
+        // A Null beside a filled 住所A makes LoadStaffRow throw.
         {.field = 住所B, .item = u"住所B", .column = u"住所B", .guard = u"住所A"},
         {.field = 住所C, .item = u"住所C", .column = u"住所C"},
         {.field = 電話, .item = u"電話", .column = u"電話"},
@@ -81,11 +82,12 @@ static_assert(std::is_sorted(kStaffColumns.begin(), kStaffColumns.end(),
 
 constexpr const StaffColumn& ColumnOf(StaffText field) { return kStaffColumns[static_cast<size_t>(field)]; }
 
-/// A date of the list: its stored form is split into four fields for the screen and written out for the reports.
+/// A date of the list: its stored form yyyymmdd is split into four fields for the screen, and written as a text with
+/// the era to a work table.
 struct StaffDate {
     StaffText stored;
     StaffText 年号, 年, 月, 日;
-    QStringView shownColumn;  ///< of the work table
+    QStringView shownColumn;  ///< column of the work table with that text
 };
 
 inline constexpr auto kStaffDates = [] {

@@ -4,42 +4,45 @@
 
 #include "database/Database.h"
 
-// The staff query: its statement (StaffStatement.cpp), the search and the reload of one row (StaffQuery.cpp), and the
-// row store with their results (RowStoreProcedures.cpp).
+// The staff query: its statement (StaffStatement.cpp), the search and the reload of one row (StaffQuery.cpp), the row
+// store with their results (RowStoreProcedures.cpp), and the program that changes a row (StaffRegistration.cpp).
 
-/// The statement of the staff list for Globals().Conditions, identical for all dialects. Side effect: classes at or
-/// above the MaxValue of 在籍区分 and 社員区分 are set to it, which shows as "all" in the list.
+/// The statement of the staff list for Globals().Conditions and the selection windows, identical for all dialects. Side
+/// effect: a class at or above the MaxValue of its item on the main form means all and is set to that MaxValue.
 QString BuildStaffStatement();
 
-/// SELECT and FROM of search and reload, up to the blank before " WHERE".
+/// SELECT and FROM of search and reload, ending with a blank; the caller appends " WHERE ...".
 QString StaffStatementHead();
 
-/// Runs the statement and appends the rows to the row store, which the caller has reset. LastRow is the last row or -1
-/// afterwards. Processes events between rows. If there are more rows than the store takes: a message; those read so far
-/// stay. A failed query leaves an empty list.
+/// Runs the statement and fills the row store, which the caller has reset; all rows are checked for output. LastRow is
+/// the last row or -1 afterwards. Processes events between rows. If there are more rows than the store takes: a
+/// message; those read so far stay. A failed query leaves an empty list. Throws what LoadStaffRow throws.
 void RunStaffSearch();
 
-/// Reads the row's staff member again, or removes the row if there is none any more or the query fails. Repaints.
+/// Reads the row's staff member again, or removes the row if there is none any more or the query fails. Repaints the
+/// screen. Throws what LoadStaffRow throws.
 void ReloadStaffRow(int row);
 
 // Procedures on Globals().Rows. Row numbers are 0-based.
 
 /// Empties the store; LastRow is -1 and TopRow 0 afterwards.
 void ResetRowStore();
+/// Empties one row; LastRow does not change.
 void ClearRow(int row);
 /// Fills the row from the current record of the staff statement. Throws platform::RuntimeError if 住所B is Null and
 /// 住所A is not.
 void LoadStaffRow(database::Recordset& record, int row);
-/// Copies all fields except EMAIL, deliberately for compatibility.
+/// Copies all fields but EMAIL, which the target keeps: wanted, although it looks wrong.
 void CopyRow(int source, int target);
-/// Removes a row and moves the following ones up. 行No is not renumbered.
+/// Removes a row and moves the following ones up with CopyRow; 行No is not renumbered. TopRow becomes 0 if the
+/// remaining rows fit on one page. A row after LastRow is only emptied.
 void RemoveRow(int row);
-/// 閲覧区分 of the last entry of the viewing log for the launching staff member; -1 without an entry, -2 if the
-/// launching staff member is unknown.
+/// 閲覧区分 of the last entry that the launching staff member has in the viewing log (T閲覧) with these values in the
+/// columns of the same names; -1 without an entry or if the query fails, -2 if the launching staff member is unknown.
 int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所コード, const QString& 伝票番号基準日付,
                     const QString& 伝票No, const QString& キー項目);
 
-/// Starts the program 要員台帳更新 for the staff member at a position of the list, waits for its end and reloads the
-/// row. Ignores an empty position. Any platform::RuntimeError is shown as a message; the main form, disabled for the
-/// exchange, then stays disabled.
+/// Starts the program 要員台帳更新 for the staff member at a position of the list (from 0), waits for its end without a
+/// timeout and reloads the row. Ignores an empty position. Any platform::RuntimeError shows the message that the
+/// program is missing; the main form, disabled for the exchange, then stays disabled.
 void LaunchStaffRegistration(int position);

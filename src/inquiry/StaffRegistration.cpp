@@ -1,4 +1,4 @@
-// The part of StaffQuery with the program that changes a row.
+// Part of StaffQuery.h: LaunchStaffRegistration.
 
 #include "access/ProgramLinks.h"
 #include "globals/ProgramGlobals.h"

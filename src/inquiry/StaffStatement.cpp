@@ -1,4 +1,4 @@
-// The part of StaffQuery that builds the statement.
+// Part of StaffQuery.h: the statement.
 
 #include <QStringList>
 #include <array>

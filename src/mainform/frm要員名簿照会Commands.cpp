@@ -1,4 +1,4 @@
-// The part of frm要員名簿照会 with the handlers of the command buttons.
+// Part of frm要員名簿照会.h: the handlers of the command buttons.
 
 #include <QDir>
 #include <optional>

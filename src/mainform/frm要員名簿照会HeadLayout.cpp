@@ -1,4 +1,4 @@
-// The part of frm要員名簿照会 with the layout: head.
+// Part of frm要員名簿照会.h: the layout of title and head.
 
 #include <QRect>
 

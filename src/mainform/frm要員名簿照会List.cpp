@@ -1,4 +1,4 @@
-// The part of frm要員名簿照会 with the handlers of the list.
+// Part of frm要員名簿照会.h: the handlers of the list.
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/ScreenState.h"

@@ -1,4 +1,4 @@
-// The part of frm要員名簿照会 with the layout: list.
+// Part of frm要員名簿照会.h: the layout of the list.
 
 #include <QRect>
 

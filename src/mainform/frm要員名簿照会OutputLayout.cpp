@@ -1,4 +1,4 @@
-// The part of frm要員名簿照会 with the layout: outputs, and the tab order.
+// Part of frm要員名簿照会.h: the layout of the outputs, and the tab order.
 
 #include <QStringList>
 #include <array>

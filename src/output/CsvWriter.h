@@ -15,6 +15,7 @@ struct LostCharacters {
 /// existing readers of these files expect it. Currency is not quoted; it has one blank (or the minus sign) before it
 /// and one blank after it, and its Null in the last field is one blank.
 ///
-/// Creates missing folders. If the file cannot be opened, shows a message, writes nothing and does not move the
-/// recordset. A write error throws platform::RuntimeError and leaves Globals().TextOutputFile open.
+/// `path` uses the platform's separators; missing folders are created. If the file cannot be opened, shows a message,
+/// writes nothing and does not move the recordset. A write error throws platform::RuntimeError and leaves
+/// Globals().TextOutputFile open.
 LostCharacters WriteRecordsetAsCsv(database::Recordset& recordset, const QString& path);

@@ -1,4 +1,4 @@
-// The part of ReportData that fills the work tables of mail pieces.
+// Part of ReportData.h: the work tables of mail pieces.
 
 #include <QStringBuilder>
 #include <array>

@@ -3,39 +3,40 @@
 #include <QString>
 #include <functional>
 
-/// Common steps of all outputs: opens the report database, shows the wait dialog, runs `build`, then `output` if it
-/// returned true, otherwise a message box with `nothing`; closes dialog and connection. If the installation has no
-/// report database, only shows a message. Exceptions propagate without cleanup: dialog and connection stay open.
+/// Common steps of all outputs. Opens the report database and shows the wait dialog; runs `build`, which fills a work
+/// table and returns whether it has rows; then runs `output`, or shows the message `nothing` if there are no rows;
+/// closes dialog and connection. If the installation has no report database, only shows a message. Exceptions propagate
+/// without cleanup: dialog and connection stay open.
 void RunOutput(bool (*build)(), const std::function<void()>& output, const QString& nothing);
 
-// Complete outputs on the report host: report database, wait dialog, work table, host. If there is nothing to print or
-// no report database, they show a message. An error of the report database propagates as database::DatabaseError and
-// leaves the wait dialog open.
+// Complete outputs on the report host (ReportRunner.cpp), each a RunOutput. An error of the report database propagates
+// as database::DatabaseError.
 
-/// Prints the list on the report host's default printer.
+/// Prints the list: on the default printer, or as the report's output target says
+/// (report-host/template/OutputTarget.h).
 void RunReportPrint();
 /// Shows the list in the report host's preview.
 void RunReportPreview();
-/// Print mail pieces for the checked rows, each with its own work table and report.
+/// Print mail pieces for the checked rows in the same way, each kind with its own work table and template.
 void RunEnvelopePrint();
 void RunPostcardPrint();
 void RunLabelPrint();
 
-// Start the report host on the forms file in use and have it render one report, whose work table is filled. The report
-// database is closed while the host runs and reopened afterwards. Start and end are logged in the run history, also
-// after an error. Errors never propagate.
+// Last steps of these: start the report host on the template file in use and have it print or show the template
+// `report`, whose work table is filled. The report database is closed meanwhile and reopened afterwards. Start and end
+// are logged in the run history, also after an error. They throw nothing.
 
-/// Prints and returns when the job has been handed over and the host has ended. An error is shown in a message box; the
+/// Prints; returns when the job has been handed over and the host has ended. An error is shown in a message box; the
 /// host is then left running.
 void PrintReportOnHost(const QString& report);
-/// Shows the preview; the host runs until the user closes it. Errors are ignored silently.
+/// Returns when the host shows the preview; the host runs until the user closes it. Errors are ignored silently.
 void PreviewReportOnHost(const QString& report);
 
-/// Complete text output to Globals().TextOutputFileName: report database, wait dialog, work table, file. Errors
-/// propagate without cleanup of screen and connection.
+/// Complete text output to Globals().TextOutputFileName (TextOutput.cpp): RunOutput with WriteWorkTableToText. Errors
+/// propagate.
 void RunTextOutput();
 
-/// Writes the list's work table to the file while the main form is disabled, and logs it in the run history. Shows the
-/// number of characters that code page 932 cannot encode in お知らせ. The report database must be open. A write error
-/// throws platform::RuntimeError; the main form then stays disabled.
+/// Last step of it: writes the list's work table to the file while the main form is disabled, and logs start and end in
+/// the run history. Shows in お知らせ how many characters in how many lines code page 932 cannot encode. The report
+/// database must be open. A write error throws platform::RuntimeError; the main form then stays disabled.
 void WriteWorkTableToText();

@@ -1,4 +1,4 @@
-// The part of Outputs with the report host.
+// Part of Outputs.h: RunOutput and the outputs on the report host.
 
 #include "data/Files.h"
 #include "data/ReportHostTrust.h"

@@ -1,4 +1,4 @@
-// The part of ReportData with the conditions as text.
+// Part of ReportData.h: BuildSelectionText.
 
 #include "globals/ProgramGlobals.h"
 #include "inquiry/SearchConditions.h"

@@ -1,4 +1,4 @@
-// The part of Outputs with the text file.
+// Part of Outputs.h: the text output.
 
 #include "data/Recordsets.h"
 #include "data/RunHistory.h"

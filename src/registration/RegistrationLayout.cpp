@@ -1,3 +1,5 @@
+// Part of StaffItems.h: the layout of the form.
+
 #include "registration/StaffItems.h"
 
 #include <QRect>
@@ -7,8 +9,6 @@
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
 #include "screen/fonts/Fonts.h"
-
-// Part of StaffItems.h: the layout of the form.
 
 using namespace Qt::StringLiterals;
 

@@ -1,3 +1,5 @@
+// The program 要員台帳更新: main().
+
 #include "access/StartUp.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/TerminationSignal.h"

@@ -24,14 +24,14 @@ int IndexOfCode(const QList<MasterEntry>& master, const QString& code);
 
 /// Why the input cannot be saved: the item to focus and the message.
 struct ValidationError {
-    size_t item;
+    size_t item;  ///< index in kStaffItems
     QString message;
 };
 
 /// True for eight digits that form a calendar date.
 bool IsDate(const QString& text);
 
-/// The first error in the order of the items. Unchanged values are not checked: a retired person may keep the code of a
-/// deleted department.
+/// The first error of the values in `entered`, in the order of the items; nullopt if they can be saved. Values equal to
+/// those in `before` are not checked: a retired person may keep the code of a deleted department.
 std::optional<ValidationError> FindValidationError(const StaffValues& entered, const StaffValues& before,
                                                    const StaffMasters& masters);

@@ -11,17 +11,17 @@ class Form;
 enum class StaffItemKind {
     Text,       ///< any text
     Kana,       ///< kana are converted to half-width while typing
-    HalfWidth,  ///< telephone, postal code, mail: half-width characters only
+    HalfWidth,  ///< half-width characters only, as in a telephone number
     Code,       ///< a code or class of a master table
-    Date,       ///< yyyymmdd
+    Date,       ///< yyyymmdd, a calendar date
 };
 
-/// A column of M担当者 that can be edited. `bytes` is the maximum length in code page 932.
+/// A column of M担当者 that can be edited.
 struct StaffItem {
     QStringView column;
     QStringView caption;  ///< name on the form and in messages
     StaffItemKind kind;
-    int bytes;
+    int bytes;  ///< maximum length in code page 932
     bool required;
     QStringView master = {};  ///< Code only: the master table
     QStringView key = {};     ///< Code only: its key column
@@ -65,6 +65,7 @@ struct StaffRecord {
     bool operator==(const StaffRecord&) const = default;
 };
 
-/// Creates the controls of the registration form in tab order: for each of kStaffItems its title and item, with the
-/// list of names next to a code and a label named column + 年号 next to a date; then the notice and the buttons.
+/// Creates the controls of the registration form in tab order (RegistrationLayout.cpp): prg_ttl and the staff code; for
+/// each of kStaffItems its title and item, with the list of names next to a code and a label named column + 年号 next
+/// to a date; the two timestamps; お知らせ and the buttons.
 void BuildRegistrationForm(Form& form);

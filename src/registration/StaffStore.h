@@ -16,17 +16,18 @@ enum class StoreOutcome {
 /// 閲覧区分 of a row of the viewing log.
 enum class ViewKind { Viewed = 0, Saved = 1 };
 
-/// Access to the staff master on a dedicated writing connection. No locks are kept between calls. A failed read or
-/// write leaves a row エラー in the run history.
+/// Access to the staff master on a dedicated writing connection. No locks are kept between calls: Save and Delete
+/// compare the row with `before`, the record as it was read, and write only if it is unchanged. A failed read or write
+/// leaves a row エラー in the run history. Nothing throws.
 class StaffStore {
   public:
-    /// False if the general database cannot be opened; a row DB_OPEN ERROR is recorded.
+    /// To be called first. False if the general database cannot be opened; a row DB_OPEN ERROR is recorded.
     bool Open();
 
-    /// Reads a person. Gone if there is none with that code.
+    /// Reads a person. Gone, with `record` unchanged, if there is none with that code.
     StoreOutcome Load(const QString& code, StaffRecord& record);
-    /// Writes all items, with the current time as 更新日付, and the viewing log's row of a save in one transaction.
-    /// Empty values are written as empty texts: other programs read 住所B without a Null check.
+    /// Writes all items and the current time as 更新日付, and a row Saved of the viewing log, in one transaction. Empty
+    /// values are written as empty texts: other programs read 住所B without a Null check.
     StoreOutcome Save(const StaffRecord& before, const StaffValues& entered);
     /// Deletes the person and the personal rights, which would otherwise apply to the next person with that code.
     StoreOutcome Delete(const StaffRecord& before);

@@ -17,13 +17,17 @@ class frm要員台帳更新 : public Form {
 
     /// Opens the staff master for writing; call before Open. False on failure.
     bool OpenStore() { return store_.Open(); }
-    /// Shows the person and the master lists and logs the view. The form is unchanged if the result is not Done.
+    /// Reads and shows the person and the master lists, and logs the view. If the result is not Done, the form is
+    /// unchanged.
     StoreOutcome Open(const QString& code);
 
-    /// Validates, writes and ends the program. On an error shows a message and keeps the form open.
+    /// Validates, checks the right, writes and ends the program. On an error shows a message and keeps the form open.
+    /// If another user has changed the person, offers to read again.
     void Save();
+    /// The same for deleting, after a confirmation.
     void Delete();
-    /// Ends the program; asks first if input would be lost. Ends at once while answering is being retried.
+    /// Ends the program after a confirmation if input would be lost. While the answer to the program that started this
+    /// one is being retried, ends at once.
     void End();
 
   private:
@@ -34,8 +38,10 @@ class frm要員台帳更新 : public Form {
     void ShowRecord();
     StaffValues Entered() const;
     bool ShowFirstError(const StaffValues& entered);
+    /// Acts on the outcome of a write; `failure` is the message for Failed.
     void Conclude(StoreOutcome outcome, const QString& failure);
     void OfferToReadAgain();
+    /// Answers and ends the program; if answering fails, disables the form and retries by a timer.
     void AnswerAndLeave();
     void RetryAnswer();
     Control& ItemOf(size_t item) const { return Item(kStaffItems[item].column.toString()); }

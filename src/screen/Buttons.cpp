@@ -1,4 +1,4 @@
-// The part of PlainControls with the buttons.
+// Part of PlainControls.h: Button and CheckItem.
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>

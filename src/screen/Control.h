@@ -7,19 +7,21 @@
 
 class Form;
 
-/// Key codes of KeyDown.
+/// Key codes that KeyDown gets. Letters and digits have the code of their capital in ASCII, F1 to F24 112 to 135; a key
+/// without a code gives 0. FormInput.cpp has the other ones.
 inline constexpr int kKeyReturn = 13;
 inline constexpr int kKeyControl = 17;
 inline constexpr int kKeyEscape = 27;
 
-inline constexpr int kTwipsPerPixel = 15;
+inline constexpr int kTwipsPerPixel = 15;  ///< 1440 per inch at 96 dpi
 
 /// Interface of all controls. Enabled, Visible, TabStop and TabIndex are the control's own values, independent of its
 /// panel. A property that a class of control lacks throws platform::RuntimeError kPropertyNotSupported. Positions and
-/// sizes are twips relative to the parent widget.
+/// sizes are twips relative to the parent widget, in whole pixels.
 ///
 /// Writing a value emits the same event as user input does, synchronously, but only if the value changes. Events are
-/// plain callbacks; exceptions from an event that the user started are caught by the form.
+/// plain callbacks. Exceptions from an event that the user started are caught by the form (Form::RunEvent); those from
+/// an event that a write caused propagate to the writer.
 class Control {
   public:
     Control(Form& form, QWidget& widget, QString typeName, QString name, int index);
@@ -29,18 +31,20 @@ class Control {
 
     const QString& Name() const { return name_; }
     const QString& TypeName() const { return typeName_; }
-    /// Position in its control array, -1 outside an array.
+    /// Position in its control array, which consists of the controls with the same name; -1 outside an array.
     int Index() const { return index_; }
     Form& Owner() const { return form_; }
     QWidget& Widget() const { return widget_; }
 
     bool Enabled() const { return enabled_; }
-    /// Disabling the focused item leaves no item active and emits nothing.
+    /// Disabling the active control, or its panel, leaves no control active and emits nothing.
     void SetEnabled(bool enabled);
     bool Visible() const { return visible_; }
+    /// Hiding has the same effect on the active control as disabling.
     void SetVisible(bool visible);
     bool TabStop() const { return tabStop_; }
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
+    /// Initially the order of creation in the form.
     int TabIndex() const { return tabIndex_; }
     void SetTabIndex(int tabIndex) { tabIndex_ = tabIndex; }
     /// See Form::SetFocus.
@@ -62,7 +66,7 @@ class Control {
     virtual void SetLargeChange(int rows);
     virtual void ClearList();
     virtual void AddItem(const QString& text);
-    virtual int MaxLength() const;  ///< characters
+    virtual int MaxLength() const;  ///< UTF-16 units
     virtual QColor ForeColor() const;
     virtual void SetForeColor(const QColor& color);
     virtual QColor BackColor() const;
@@ -88,13 +92,13 @@ class Control {
     /// Called when the control becomes active, before GotFocus. `byPress`: by a mouse press that has not been delivered
     /// to the control yet.
     virtual void FocusGiven(bool /*byPress*/) {}
-    /// Enter moves to the next tab stop, as Tab does.
+    /// True if Enter moves to the next tab stop, as Tab does.
     virtual bool EnterMovesOn() const { return false; }
 
   protected:
     [[noreturn]] void Unsupported(const char* property) const;
     /// Emits an event caused by user input, with the form's error handler; ignored while the form or the control takes
-    /// no input. Changes by the program call their event directly.
+    /// no input. A setter that the program calls must call the event itself.
     void EmitByUser(const std::function<void()>& event);
 
   private:

@@ -1,4 +1,4 @@
-// Implements Control. Its name differs, since it includes Form.h, which includes Control.h.
+// Part of Control.h: all of it. It needs Form.h, which includes Control.h; files of one name must not form a cycle.
 
 #include "screen/Control.h"
 

@@ -1,4 +1,4 @@
-// The part of PlainControls that discards the second press of a double-click.
+// Part of PlainControls.h: DoubleClickGuard.
 
 #include <QApplication>
 #include <QMouseEvent>

@@ -1,4 +1,4 @@
-// The part of Form that tracks the active control and emits LostFocus and GotFocus.
+// Part of Form.h: tracks the active control and emits LostFocus and GotFocus.
 
 #include <QScopedValueRollback>
 #include <algorithm>

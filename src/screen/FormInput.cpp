@@ -1,4 +1,4 @@
-// The part of Form that filters the events of its widgets.
+// Part of Form.h: filters the events of the widgets in the form.
 
 #include <QChildEvent>
 #include <QFocusEvent>

@@ -5,27 +5,29 @@
 
 #include "screen/LineEditItem.h"
 
-/// Input method of an input item. The numbers are those of the form designs.
+/// Input method of an input item; the numbers are those of the suite's form designs. None, On and Hiragana leave the
+/// user's input method as it is. Off asks it for Latin letters, Disabled switches it off, HalfKatakana converts kana in
+/// the input to half-width.
 enum class ImeMode { None = 0, On = 1, Off = 2, Disabled = 3, Hiragana = 4, HalfKatakana = 6 };
 
-/// Characters that an item accepts while typing and pasting.
+/// Characters that an item accepts while typing and pasting; the numbers are those of the suite's form designs.
 enum class CharacterClass {
-    All = 0x001,  ///< no limit
-    DblByte = 0x002,
-    Kana = 0x004,  ///< half-width katakana
-    Lower = 0x008,
-    Num = 0x010,
-    NumExt = 0x020,  ///< + - . ,
-    Space = 0x040,
-    Symbol = 0x080,
-    Upper = 0x100,
+    All = 0x001,      ///< no limit
+    DblByte = 0x002,  ///< all but ASCII and half-width katakana
+    Kana = 0x004,     ///< half-width katakana
+    Lower = 0x008,    ///< a to z
+    Num = 0x010,      ///< 0 to 9
+    NumExt = 0x020,   ///< + - . ,
+    Space = 0x040,    ///< U+0020
+    Symbol = 0x080,   ///< other printable ASCII, + - . , included
+    Upper = 0x100,    ///< A to Z
 };
 Q_DECLARE_FLAGS(CharacterClasses, CharacterClass)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CharacterClasses)
 
-/// True if the classes include this UTF-16 unit. Control characters and line breaks are never accepted.
+/// True if the classes include this UTF-16 unit. Control characters, such as tab and line feed, are never accepted.
 bool Allows(CharacterClasses classes, QChar character);
-/// The text without the characters outside the classes.
+/// The characters of the text that the classes include.
 QString Filtered(const QString& text, CharacterClasses classes);
 /// The first `length` UTF-16 units, one less if that would split a surrogate pair. Empty for a negative length.
 QString CutToLimit(const QString& text, int length);
@@ -35,15 +37,15 @@ struct ItemDesign {
     int maxLength = 0;  ///< UTF-16 units that can be entered, 0 for no limit; text set by the program is never cut
     ImeMode imeMode = ImeMode::None;
     CharacterClasses classes = CharacterClass::All;
-    int minValue = 0;
+    int minValue = 0;  ///< returned by MinValue; input is not checked against the two
     int maxValue = 0;
     QString text;  ///< initial text
 };
 
 /// xField or xPass: InputItem(form, parent, typeName, name, index, design). User input, by keys or clipboard, is
-/// limited to the design's length and character classes, and kana are normalised to half-width for
-/// ImeMode::HalfKatakana. Text set by the program is not checked. Emits Change at each change of Text, which does not
-/// include an unfinished composition of the input method. xPass shows dots.
+/// limited to the design's length and character classes, and kana are converted to half-width for
+/// ImeMode::HalfKatakana. So is text that a screen reader writes. Text set by the program is not checked. Emits Change
+/// at each change of Text, which does not include an unfinished composition of the input method. xPass shows dots.
 class InputItem : public LineEditItem {
   public:
     InputItem(Form& form, QWidget& parent, QString typeName, QString name, int index, ItemDesign design);
@@ -67,10 +69,10 @@ class InputItem : public LineEditItem {
     QString text_;  // Text at the last Change
 };
 
-/// xNum: NumItem(form, parent, name). A number >= 0. A typed digit replaces the number, or is appended to the digit
-/// typed just before if the result is within the bounds; input outside the bounds is rejected. The arrow keys count up
-/// and down, deletion resets to MinValue. The program can write values outside the bounds. Emits Change at each change
-/// of Value. The wheel does nothing.
+/// xNum: NumItem(form, parent, name). A number >= 0 with bounds, initially 0 to 9. A typed digit replaces the number,
+/// or is appended to the digit typed just before if the result is within the bounds; input outside the bounds is
+/// rejected. The arrow keys count up and down; deleting all digits gives MinValue. The program can write values outside
+/// the bounds. Emits Change at each change of Value. The wheel does nothing.
 class NumItem : public LineEditItem {
   public:
     NumItem(Form& form, QWidget& parent, QString name);

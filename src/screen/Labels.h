@@ -22,6 +22,7 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
     void setAlignment(Qt::Alignment alignment);
     void SetEdgeless() { SetEdge(Edge::None); }
 
+    /// The text, also while the item is hidden.
     const QString& Shown() const { return text_; }
 
     // The text is the accessible name, the control's name the description. A hidden item, such as a PIN that the user
@@ -33,6 +34,7 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
   protected:
     enum class Edge { None, Line, Sunken, Raised };
 
+    /// Sets the text.
     void Show(const QString& text);
     void SetEdge(Edge edge);
     /// Wraps the text instead of eliding it.
@@ -56,7 +58,7 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
     bool pressed_ = false;
 };
 
-/// xLabel: Label(form, parent, name, index, caption), on kCaptionColor.
+/// xLabel: Label(form, parent, name, index, caption), with a line around it, background kCaptionColor.
 class Label : public LabelItem {
   public:
     Label(Form& form, QWidget& parent, QString name, int index, const QString& caption)
@@ -70,8 +72,8 @@ class Label : public LabelItem {
     void SetCaption(const QString& caption) override { Show(caption); }
 };
 
-/// An item of a list row: DisplayItem(form, parent, type, name, index). Its TypeName is that of an input item, but it
-/// takes no focus and no input and is no tab stop.
+/// An item of a list row: DisplayItem(form, parent, typeName, name, index). Its TypeName is that of an input item, but
+/// it takes no focus and no input and is no tab stop. An xText wraps its text; the others elide it.
 class DisplayItem : public LabelItem {
   public:
     DisplayItem(Form& form, QWidget& parent, QString typeName, QString name, int index)

@@ -9,7 +9,7 @@ class QMenu;
 
 /// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert. The text
 /// is selected when the item gets the focus, Enter moves to the next stop, clicks emit Click and DblClick, the context
-/// menu is Japanese.
+/// menu is Japanese. Caption is not shown; it is the accessible description.
 class LineEditItem : public QLineEdit, public Control {
   public:
     LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
@@ -25,6 +25,7 @@ class LineEditItem : public QLineEdit, public Control {
     bool EnterMovesOn() const override { return true; }
 
   protected:
+    /// Appends entries to the context menu.
     virtual void AddToMenu(QMenu& /*menu*/) {}
     /// Inserts user input at the cursor, replacing the selection. `composed`: typed by keys or input method, not pasted
     /// or dropped.

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-/// One row of a ListView. The key is "C" and the code, since keys must not begin with a digit. Keys need not be unique:
-/// a master with a duplicate code can still be read.
+/// One row of a ListView. The key is "C" followed by the code, since the suite's keys do not begin with a digit. Keys
+/// need not be unique, so that a master with a duplicate code can still be shown.
 struct ListRow {
     QString text;          ///< first column
     QString key;           ///< "C00012"
@@ -27,7 +27,7 @@ class ListRows : public QAbstractTableModel {
     void Append(QList<ListRow> rows);
     const QList<ListRow>& All() const { return rows_; }
     void SetChecked(int row, bool checked);
-    /// Stable sort by the text of a column, in Japanese collation.
+    /// Stable sort by the text of a column (from 0), in Japanese collation.
     void SortBy(int column, Qt::SortOrder order);
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -1,4 +1,4 @@
-// The part of InputItem with the number item.
+// Part of InputItem.h: NumItem.
 
 #include <QGuiApplication>
 #include <QKeyEvent>

@@ -10,6 +10,9 @@
 
 class QMouseEvent;
 
+// Buttons, check boxes, lists and scroll bars: Qt's widgets as Control. The constructors' arguments are given at each
+// class; `name` is Control::Name.
+
 /// SSCommand: Button(form, parent, name, caption). The caption may have several lines. Mouse, Space and Enter press the
 /// focused button and emit Click; it is never the default button of its window. If the handler closes the window, the
 /// second press of a double-click is discarded (DoubleClickGuard).
@@ -17,7 +20,7 @@ class Button : public QPushButton, public Control {
   public:
     Button(Form& form, QWidget& parent, QString name, const QString& caption);
 
-    /// Invisible button that only takes the focus.
+    /// Makes the button paint nothing; it still takes focus and clicks.
     void SetFaceless();
 
     QString Caption() const override { return caption_; }
@@ -37,8 +40,8 @@ class Button : public QPushButton, public Control {
     bool byInput_ = false;  // pressed by key or mouse, which have already moved the focus
 };
 
-/// CheckBox: CheckItem(form, parent, name, index, caption). Value is 0 or 1; SetValue takes any number other than 0
-/// as 1. Emits Click at each change of Value, also when the program writes it.
+/// CheckBox: CheckItem(form, parent, name, index, caption). Value is 0 or 1; SetValue takes any number other than 0 as
+/// 1. Emits Click at each change of Value, also when the program writes it. A click anywhere in its rectangle counts.
 class CheckItem : public QCheckBox, public Control {
   public:
     CheckItem(Form& form, QWidget& parent, QString name, int index, const QString& caption);
@@ -79,8 +82,9 @@ class ComboItem : public QComboBox, public Control {
     void wheelEvent(QWheelEvent* event) override;
 };
 
-/// Fills a class list with the names, followed by "全て". The paired number gets the bounds 0 to the count of names, so
-/// its MaxValue means all. Values and current entry do not change.
+/// Fills the list of a class (a number with a combo box that shows the number's name) with `names`, followed by "全て".
+/// `number` gets the bounds 0 to the count of names, so its MaxValue means all. Its value does not change; the list has
+/// no current entry afterwards. Neither emits an event.
 void FillClassList(Control& number, Control& list, const QStringList& names);
 
 /// VScrollBar: ScrollItem(form, parent, name). Emits Change at each change of Value, also while dragging. It ignores
@@ -97,8 +101,8 @@ class ScrollItem : public QScrollBar, public Control {
     int LargeChange() const override { return pageStep(); }
     void SetLargeChange(int rows) override;
 
-    /// Sets value and upper bound without an event, for a caller that has already painted the rest of the screen.
-    /// Setting the bound first would emit Change for the clamped old value.
+    /// Sets value and upper bound without an event. With a separate setter for the bound, Change would be emitted for
+    /// the old value, clamped to the new bound. `value` is clamped.
     void SetPosition(int value, int maxValue);
 
   protected:
@@ -106,8 +110,9 @@ class ScrollItem : public QScrollBar, public Control {
 };
 
 /// Scope guard around the handling of a click that may close its own window. Users who double-click out of habit would
-/// press whatever the closed window uncovers. If the window has closed, one more press at the same position within the
-/// double-click interval is discarded with its release, in all windows of the program. `click` must outlive the guard.
+/// press what the closed window uncovers. If the window is closed or hidden when the guard is destroyed, the next press
+/// is discarded with its release, in all windows of the program, if it has the same button, is at the same position and
+/// within the double-click interval. `click` must outlive the guard.
 class DoubleClickGuard {
   public:
     DoubleClickGuard(const QWidget& clicked, const QMouseEvent& click) : window_(clicked.window()), click_(click) {}

@@ -1,4 +1,4 @@
-// The part of SuiteApplication with the save dialog.
+// Part of SuiteApplication.h: WidgetDialogs::ShowSave.
 
 #include <QApplication>
 #include <QComboBox>

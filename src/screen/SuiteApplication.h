@@ -14,9 +14,9 @@ struct ServiceSet;
 /// not quit; every program of the suite quits explicitly.
 class SuiteApplication : public QApplication {
   public:
-    /// Keeps the whole command line in Services().system; the toolkit gets the program's name alone. If the
-    /// toolkit can't start, prints the reason on standard error (platform/ToolkitStart.h) and ends the process with
-    /// status 1.
+    /// Keeps the whole command line in Services().system; Qt gets only the program's name. Then sets up everything
+    /// below and WatchCloseBoxes. If Qt cannot start, e.g. without a display, it prints the reason on standard error
+    /// and exits with status 1 (ToolkitStart).
     SuiteApplication(int argc, char** argv);
 
   private:
@@ -30,10 +30,12 @@ void InstallWindowServices(platform::ServiceSet& services);
 /// Call it before any window is created.
 void ApplySuiteStyle(QApplication& application);
 
-/// Japanese number and date formats and Qt's own dialogs in Japanese, independent of the user's locale.
+/// Sets Japanese number and date formats and translates Qt's own dialogs, independent of the user's locale. Without
+/// Qt's translation files the dialogs stay English.
 void InstallTranslator(QCoreApplication& application);
 
-/// Application-modal message boxes and save dialog over the active window.
+/// Message boxes and save dialog over the active window; see platform::Dialogs. A carriage return in a message is shown
+/// as a line break.
 class WidgetDialogs : public platform::Dialogs {
   public:
     using Dialogs::Confirm;

@@ -16,14 +16,14 @@ class TabStrip : public QTabBar {
 };
 
 /// SSTab: TabItem(form, parent, name), then AddPage for each page. The strip has a fixed height, so that pages can be
-/// aligned with controls beside the tab. Value is the current page, 0-based. Emits Click when the page changes, by the
-/// user or by the program.
+/// aligned with controls beside the tab. Value is the current page, from 0; -1 without pages. Emits Click when the page
+/// changes, by the user or by the program.
 class TabItem : public QWidget, public Control {
   public:
     static constexpr int kStripHeight = 26;  // pixels
 
     TabItem(Form& form, QWidget& parent, QString name);
-    /// The widget that the page's controls take as parent.
+    /// Appends a page. Returns the widget that the page's controls take as parent; the item owns it.
     QWidget& AddPage(const QString& caption);
 
     int Value() const override { return strip_->currentIndex(); }

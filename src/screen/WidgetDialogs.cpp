@@ -1,4 +1,4 @@
-// The part of SuiteApplication with the message boxes.
+// Part of SuiteApplication.h: the message boxes of WidgetDialogs.
 
 #include <QApplication>
 #include <QMessageBox>

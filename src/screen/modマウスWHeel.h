@@ -5,13 +5,14 @@
 class Control;
 class Form;
 
-/// Each wheel event over the form changes the bar's Value by `step`, increasing it when scrolling towards the user,
-/// clamped to its bounds, while the bar is enabled. The distance is ignored. The form still gets the event. Only one
-/// hook at a time; it is destroyed with the form. False if the hook cannot be set.
+/// From now on each vertical wheel event over the form changes the bar's Value by `step`, clamped to its bounds; it
+/// increases when scrolling towards the user. The distance is ignored, and so is the event while form or bar is
+/// disabled. Errors of the bar's Change are ignored. The form still gets the event. There is one hook; a new one
+/// replaces it, and it is destroyed with the form. Always true.
 bool InstallWheelHook(Form& form, Control& scrollBar, int step);
 /// Removes the hook. False if there is none.
 bool RemoveWheelHook();
 
-/// Distance of a wheel message: the high word of `wParam` as a signed number; -1, towards the user, for a high word of
-/// 0. The low word (keys and buttons) is ignored.
+/// Distance of a wheel message: the high word of `wParam` as a signed number, negative towards the user. A high word of
+/// 0 gives -1. The low word (keys and buttons) is ignored.
 int WheelDelta(quint32 wParam);

@@ -11,7 +11,8 @@ class msgお待ち : public Form {
   public:
     msgお待ち();
 
-    /// Shows "`job` done / count 件" below the message, not before 0.5 s and at most every 0.1 s.
+    /// Shows "`job` done / count 件" below the message and repaints it without processing events; not in the dialog's
+    /// first 0.5 s, and then at most every 0.1 s.
     void ShowProgress(const QString& job, int done, int count);
 
   private:
@@ -23,10 +24,9 @@ class msgお待ち : public Form {
 /// Raises the window to the top, size and position unchanged.
 void SetWindowTop(QWidget& window);
 
-/// Creates and shows the dialog and processes events until it is painted (timeout 300 ms).
+/// Shows the dialog, created if necessary, and processes events until it is painted (timeout 300 ms).
 void ShowWaitDialog();
-/// To be called for each row of an output. Shows the progress in the dialog and repaints it without processing events.
-/// Does nothing if the dialog is not shown.
+/// ShowProgress of the dialog, for each row of an output. Does nothing if there is no dialog.
 void PaintProgress(const QString& job, int done, int count);
 /// Closes and deletes the dialog.
 void UnloadWaitDialog();

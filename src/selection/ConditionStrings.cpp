@@ -6,8 +6,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Positions are 1-based and 0 means not found. Distances such as 8 and 5 are the lengths of the joiner before a term:
-// " WHERE " needs 7 characters before the anchor, " AND " 5, " OR " 4.
+// Positions are 1-based and 0 means not found. Distances such as 8 and 5 are the lengths of the joiner before a term: "
+// WHERE " needs 7 characters before the anchor, " AND " 5, " OR " 4.
 
 struct Operator {
     QString token;

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-// Parser for the conditions that callers pass to a list window: terms such as "M部門.コード >= '001'", joined by " AND
-// " or " OR ", optionally after " WHERE ", optionally in brackets. Operators are surrounded by single blanks.
+// Parser for the conditions that callers pass to a list window: terms such as "M部門.コード >= '001'", joined by AND or
+// OR, optionally after WHERE, optionally in brackets. Operators and these words are surrounded by single blanks.
 
 /// Extracts the value of a column's term from a condition.
 ///   column     qualified name, "M担当者.コード"; not case-sensitive

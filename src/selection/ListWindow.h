@@ -7,8 +7,8 @@
 
 /// Base class of the list windows: title, list, btn_戻る. Column titles sort, Esc and the close box run btn_戻る. Loads
 /// once, when first shown: Prepare, columns, LoadList, no row selected. Allocate with new. Derived classes build the
-/// other controls and run the query; a controller (LookupController, MultiSelectController) connects what choosing a
-/// row and btn_戻る do.
+/// other controls and run the query. Afterwards ConnectLookup or ConnectMultiSelect (SelectionWindow.h) must set the
+/// handlers of the rows and of btn_戻る; ConnectList chooses between them.
 class ListWindow : public Form {
   public:
     explicit ListWindow(ListWindowDefinition definition);
@@ -17,7 +17,7 @@ class ListWindow : public Form {
     ListView& List() const;
 
   protected:
-    /// Fills the class lists and extracts the terms that the window has items for from ListCondition.
+    /// Fills the class lists, and moves the terms of ListCondition for which the window has items into these items.
     virtual void Prepare() {}
     /// Clears the list and fills it in the order of the query.
     virtual void LoadList() = 0;
@@ -26,7 +26,7 @@ class ListWindow : public Form {
     ListRow RowOf(const database::Recordset& record) const;
     /// Sets ActiveItem when the item gets the focus.
     static void TrackActiveItem(Control& item);
-    /// Keeps a class number and its list in step; `taken` receives each new value.
+    /// Connects the number of a class and its combo box: a change of one sets the other. `taken` gets each new number.
     static void PairClass(Control& number, Control& list, const std::function<void(int value)>& taken);
 
   private:
@@ -36,8 +36,9 @@ class ListWindow : public Form {
     ListWindowDefinition definition_;
 };
 
-/// Turns a list window into a lookup. Enter in the list or a click on a row writes the row's code to ListResultItem,
-/// closes the window and moves the focus to ListResultItem, then to ListNextItem, so that the caller accepts the code.
-/// btn_戻る closes the window and returns the focus to ListResultItem without changing its text. Both enable the
-/// calling window again and clear ListCondition.
+/// Turns a list window into a lookup (LookupController.cpp). Enter in the list or a click on a row writes the row's
+/// code to ListResultItem, closes the window and moves the focus to ListResultItem, then to the next item that can take
+/// it from ListNextItem on, so that LostFocus of ListResultItem accepts the code. btn_戻る closes the window and
+/// returns the focus to ListResultItem without changing its text. Both enable the calling window again and clear
+/// ListCondition.
 void ConnectLookup(ListWindow& window);

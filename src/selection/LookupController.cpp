@@ -1,4 +1,4 @@
-// The part of ListWindow for lookups.
+// Part of ListWindow.h: ConnectLookup.
 
 #include "globals/ProgramGlobals.h"
 #include "screen/modクライアント処理.h"

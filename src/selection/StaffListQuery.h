@@ -4,7 +4,7 @@
 
 /// The conditions of a staff list window.
 struct StaffListConditions {
-    QString code;  ///< five digits
+    QString code;  ///< five digits; the lowest code to list
     QString kana;
     QString name;
     QString departmentCode, departmentName;
@@ -28,19 +28,21 @@ enum ListSearch {
 
 // Statements of the staff lists. They also depend on Globals(): dialect of the general database, ListCondition
 // (inserted whole, in brackets) and the two offices. Quotes in name and kana are escaped, wildcards are not; codes are
-// not escaped, since their items accept digits only.
+// not escaped, since their items accept digits only. None of them fails.
 
 /// SELECT and FROM for the dialect; without FROM for an unknown dialect.
 QString BuildListQueryHead();
 
+// Staff who match the one condition, unless it is blank, and the two classes; ordered by code, kana or name.
 QString BuildCodeQuery(const StaffListConditions& conditions);
 QString BuildKanaQuery(const StaffListConditions& conditions);
 QString BuildNameQuery(const StaffListConditions& conditions);
 QString BuildDepartmentQuery(const StaffListConditions& conditions);
 QString BuildSectionQuery(const StaffListConditions& conditions);
-/// Staff who match every condition that is not blank.
+/// Staff who match every condition that is not blank, and the two classes.
 QString BuildCompositeQuery(const StaffListConditions& conditions);
-/// Staff who match none of the conditions that are not blank; for the code that means lower codes.
+/// Staff who match none of the conditions that are not blank, and neither class unless it means all; for the code that
+/// means lower codes.
 QString BuildNegativeQuery(const StaffListConditions& conditions);
 
 /// The statement of a ListSearch; empty for any other number.

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRowLimit = 1000;
-constexpr int kMarkAllLimit = 50;  // longer lists are checked by hand only
+constexpr int kMarkAllLimit = 50;  // rows; btn_全て選択 is disabled for longer lists
 const QString kCodeMask = u"00000"_s;
 
 /// Extracts the value of a column's term from ListCondition; empty without one.

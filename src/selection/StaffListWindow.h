@@ -11,15 +11,16 @@ struct StaffListDefinition {
     int firstCount = 0;
 };
 
-/// List of staff with seven searches, one button each. Items accept their text on LostFocus; only a button starts a
-/// search. At most 1000 rows.
+/// List of staff with seven searches (ListSearch), one button each. Items accept their text on LostFocus; only a button
+/// starts a search. At most 1000 rows.
 class StaffListWindow : public ListWindow {
   public:
     explicit StaffListWindow(StaffListDefinition staff);
 
     /// Clears the list and runs the last chosen search.
     void LoadStaffList();
-    /// Extracts code, department and section from ListCondition, which keeps the rest; clears name and kana.
+    /// Sets the conditions from ListCondition: moves code, department and section out of it, reads the names of the
+    /// latter two, clears name and kana. ListCondition keeps the rest.
     void ReadConditionIntoItems();
     /// Writes all conditions into their items.
     void ShowConditionItems();
@@ -47,5 +48,5 @@ class StaffListWindow : public ListWindow {
     int searchKind_ = kCompositeSearch;
 };
 
-/// A new window over the staff by the form's name; nullptr for any other name.
+/// A new, connected window over the staff by the form's name; nullptr for any other name.
 ListWindow* MakeStaffListWindow(const QString& name);

@@ -1,4 +1,4 @@
-// The part of StaffListWindow with the handlers of its items and buttons.
+// Part of StaffListWindow.h: the handlers of items and buttons.
 
 #include "globals/ProgramGlobals.h"
 #include "screen/modクライアント処理.h"

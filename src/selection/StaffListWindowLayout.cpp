@@ -1,4 +1,4 @@
-// The part of StaffListWindow that creates and places its controls.
+// Part of StaffListWindow.h: creates and places the controls.
 
 #include "screen/Form.h"
 #include "screen/InputItem.h"

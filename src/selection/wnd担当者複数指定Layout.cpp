@@ -1,4 +1,4 @@
-// The part of wnd担当者複数指定 that creates and places its controls.
+// Part of wnd担当者複数指定.h: creates and places the controls.
 
 #include "screen/Form.h"
 #include "screen/Labels.h"

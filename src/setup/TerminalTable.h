@@ -5,6 +5,8 @@
 
 namespace setup {
 
+// Texts for a terminal, whose full-width characters take two columns.
+
 /// Width in terminal columns: full-width characters take two, combining marks none.
 int DisplayWidth(QStringView text);
 
@@ -16,8 +18,8 @@ QString PadLeft(const QString& text, int width);
 /// Japanese characters as their rules allow, but not inside words.
 QStringList LineBreakPieces(const QString& text);
 
-/// Breaks a text into lines of at most `width` columns between these pieces; a longer piece
-/// is not broken. Line feeds in the text are kept.
+/// Breaks a text into lines of at most `width` terminal columns, between its LineBreakPieces; a longer piece is not
+/// broken. Line feeds in the text are kept as line ends.
 QStringList WrapText(const QString& text, int width);
 
 /// Replaces line breaks and other control characters with blanks.

@@ -1,3 +1,5 @@
+// Part of PreparedReport.h: PrepareReport.
+
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
 #include "report-host/layout/PreparedReport.h"

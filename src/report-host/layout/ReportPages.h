@@ -10,7 +10,8 @@
 
 namespace report {
 
-/// Top left corners of the cells of a row, relative to the page. `slot`: index of the row on its page.
+/// Top left corners of the cells of a row, in millimetres from the top left of the page; a single one without a grid.
+/// `slot`: index of the row on its page, from 0.
 QList<QPointF> CellsOfSlot(const TemplateDefinition& definition, int slot);
 
 /// Page layout: divides the rows of a report into pages, and paints them.
@@ -29,7 +30,9 @@ class ReportPages : public PreparedReport {
   private:
     void PaintSection(QPainter& painter, const TemplateSection& section, double top, const QStringList& row);
     void PaintRow(QPainter& painter, int row, int slot, const QStringList& values);
+    /// Value of a built-in field (kRunningValues) at the current position.
     QString Running(const QString& name) const;
+    /// Fields of a row of a cell; a column whose name begins with the cell's prefix is preferred.
     FieldText FieldsOf(const QStringList& values, const QString& prefix) const;
 
     TemplateDefinition template_;

@@ -12,8 +12,8 @@ namespace report {
 /// not depend on the number of rows.
 class ReportRowStore {
   public:
-    /// Copies the columns of all rows of `table`, sorted by the columns in `order`, otherwise in table order. `source`
-    /// is not used after the constructor. Throws database::DatabaseError.
+    /// Copies `columns` of all rows of `table`, sorted by the columns in `order`; in table order if that is empty.
+    /// `source` is not used after the constructor. Throws database::DatabaseError.
     ReportRowStore(sqlite3* source, const QString& table, const QStringList& columns, const QStringList& order);
 
     int Count() const { return count_; }

@@ -12,12 +12,13 @@ namespace report {
 /// Result of the text layout.
 struct FittedText {
     double size = 0;     ///< font size in millimetres
-    double stretch = 1;  ///< scaling of the glyphs along the line
+    double stretch = 1;  ///< scaling of the glyphs along the line, kNarrowest to 1
     QList<std::shared_ptr<const ShapedText>> lines;
 };
 
-/// Lays out `text` in a box of `length` (along the line) by `depth` (across the lines) millimetres. Text that does not
-/// fit at the smallest size of the style is truncated with "…".
+/// Lays out `text` in a box of `length` (along the line) by `depth` (across the lines) millimetres. Converts it for
+/// kanji numerals and vertical writing if the style asks for that, and replaces characters without a glyph by "〓".
+/// Text that does not fit as style.fitting says is truncated with "…".
 FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, double length, double depth);
 
 /// Converts text for vertical writing: all characters to full width, so that Latin letters and punctuation are upright.

@@ -16,17 +16,18 @@ class PageView : public QWidget, public AccessibleText {
     explicit PageView(PreparedReport& report);
 
     int Page() const { return page_; }
+    /// Shows a page, from 0; it must exist.
     void ShowPage(int page);
     /// 1 is the paper size at 96 dpi.
     double Zoom() const { return zoom_; }
-    /// Sets the zoom factor, limited so that the pixmap of the page fits into memory.
+    /// Sets the zoom factor, limited so that the pixmap of the page has at most 64 million pixels (256 MB).
     void SetZoom(double zoom);
     /// The zoom factor at which the page fits into a viewport of this size (pixels); without `wholePage` only its width
     /// must fit.
     double ZoomToFit(QSize available, bool wholePage) const;
 
-    /// Runs the rendering of a slow page so that the window can be closed meanwhile. If not set, such a page stays
-    /// blank.
+    /// Has to run `paint`, the rendering of a page that takes longer than 0.5 s, so that the window can be closed
+    /// meanwhile. If not set, such a page stays blank.
     std::function<void(const std::function<void()>& paint)> RunSlowJob;
 
     QSize sizeHint() const override;

@@ -46,12 +46,14 @@ class PreviewWindow : public QMainWindow {
     void ApplyFit();
     void Print();
     void SavePdf();
-    /// Runs a job that may throw, with a wait cursor. Then shows `done` in the status bar, or the reason
-    /// in a message box. Meanwhile all input is dropped except the close box, which cancels the job.
+    /// Runs a job that may throw, with a wait cursor. Then shows `done`, if not empty, in the status bar, or the reason
+    /// of a failure in a message box. Meanwhile all input is dropped except the close box, which cancels the job.
+    /// Ignored while another job runs.
     void RunJob(const std::function<void()>& job, const QString& done);
 
     /// Returns the reason of a failure; empty on success.
     QString Run(const std::function<void()>& job);
+    /// True if the job is to be cancelled; processes render events now and then to find out.
     bool StopWanted();
 
     std::unique_ptr<PreparedReport> report_;

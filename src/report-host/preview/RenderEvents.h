@@ -1,5 +1,5 @@
 #pragma once
 
-/// Handles termination signals and the close box during a long rendering. Windows are repainted; other input is
-/// dropped, timers and sockets are deferred. No effect outside the GUI thread.
+/// Processes pending events during a long rendering: termination signals and close boxes are handled, windows
+/// repainted, other input is dropped, timers and sockets are deferred. No effect outside the GUI thread.
 void ProcessRenderEvents();

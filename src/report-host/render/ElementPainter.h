@@ -12,10 +12,13 @@ class QPainter;
 
 namespace report {
 
-/// Draws laid out text in the box `place` (millimetres) with the painter's pen.
+// Draws texts (TextPainter.cpp) and the other elements of a report. The painter's unit is the millimetre everywhere.
+
+/// Draws laid out text in the box `place` with the painter's pen.
 void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place);
 
-/// Draws a horizontal line of text; `origin` is the left end of the baseline, `size` the font size in millimetres.
+/// Draws a horizontal line of text with the painter's pen; `origin` is the left end of the baseline, `size` the font
+/// size in millimetres.
 void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double size);
 
 /// Returns the text of a column or built-in field for the current row.
@@ -25,17 +28,20 @@ using FieldText = std::function<QString(const QString& name)>;
 /// that it is too long.
 QString Expand(const TextPattern& pattern, const FieldText& fields);
 
-/// Paints the elements of a section. The painter's unit is the millimetre, its origin the section's top left corner.
+/// Paints the elements of sections.
 class ElementPainter {
   public:
     explicit ElementPainter(FontSet& fonts) : fonts_(fonts) {}
 
+    /// Paints the elements of one section or cell, whose top left corner is the painter's origin. A picture that can't
+    /// be read is left out. Throws ReportStopped when cancelled, and what `fields` throws.
     void Paint(QPainter& painter, const QList<TemplateElement>& elements, const FieldText& fields);
 
   private:
     void PaintText(QPainter& painter, const TemplateElement& element, const QString& text);
     void PaintDigitBoxes(QPainter& painter, const TemplateElement& element, const QString& text);
     void PaintPicture(QPainter& painter, const TemplateElement& element, const QString& path);
+    /// The picture file, cached; a null image if it can't be read.
     const QImage& Picture(const QString& path);
 
     FontSet& fonts_;

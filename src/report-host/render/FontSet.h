@@ -31,7 +31,7 @@ class FontFace {
     const QRawFont& Raw() const { return raw_; }
     hb_font_t* Shaper() const { return shaper_.get(); }
     double UnitsPerEm() const { return unitsPerEm_; }
-    /// 0 if the font has no glyph for the character.
+    /// Index of the character's glyph; 0 if the font has none.
     quint32 GlyphOf(char32_t character) const;
 
   private:
@@ -44,13 +44,13 @@ class FontFace {
 /// baseline, vertical text from the middle of the top edge.
 struct ShapedGlyph {
     const FontFace* face = nullptr;
-    quint32 glyph = 0;
+    quint32 glyph = 0;  ///< index in the font
     QPointF at;
-    bool turned = false;  ///< rotated by 90 degrees about `at`, its middle
-    // Index of the character in the text, in UTF-16 code units.
-    qsizetype textAt = 0;
+    bool turned = false;   ///< rotated by 90 degrees about `at`, its middle
+    qsizetype textAt = 0;  ///< index of the character in the text, in UTF-16 code units
 };
 
+/// A line of text as glyphs. Valid as long as the FontSet that shaped it.
 struct ShapedText {
     QList<ShapedGlyph> glyphs;
     double length = 0;  ///< in em

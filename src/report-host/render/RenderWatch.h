@@ -4,8 +4,8 @@
 
 #include "report-host/template/ReportErrors.h"
 
-/// Marks a rendering in progress; `stop` is polled and returns true to cancel it. May be nested; only the innermost is
-/// polled.
+/// Marks a rendering in progress for its lifetime; `stop` is polled and returns true to cancel it. May be nested; only
+/// the innermost is polled. GUI thread only.
 class RenderWatch {
   public:
     explicit RenderWatch(std::function<bool()> stop);
@@ -13,7 +13,8 @@ class RenderWatch {
     RenderWatch(const RenderWatch&) = delete;
     RenderWatch& operator=(const RenderWatch&) = delete;
 
-    /// Only one page is rendered at a time: a window that needs another one meanwhile must wait.
+    /// True while there is a RenderWatch. Only one page is rendered at a time: a window that needs another one must
+    /// wait until it is false.
     static bool IsActive();
 
   private:

@@ -1,3 +1,5 @@
+// Part of ElementPainter.h: DrawFitted and DrawLine.
+
 #include "report-host/render/ElementPainter.h"
 
 #include <QGlyphRun>

@@ -4,13 +4,13 @@
 
 #include "platform/report-host/HostSocket.h"
 
-/// Listening socket of a report host; its name is derived from the template file. Opened before anything else, even the
-/// application object, because a client connects once, 400 ms after starting the host.
+/// Listening socket of a report host; its path is derived from that of the template file. Opened before anything else,
+/// even the application object, because a client connects once, 400 ms after starting the host.
 ///
-/// A new host takes the name over from a running one and sends it HostVerb::Release.
+/// A new host replaces the socket of a running one and sends that host HostVerb::Release.
 class HostListener {
   public:
-    /// Opens the socket; check IsOpen.
+    /// Opens the socket for the template file at this path. Throws nothing: check IsOpen.
     explicit HostListener(const QString& templateFile);
 
     bool IsOpen() const { return socket_.IsOpen(); }

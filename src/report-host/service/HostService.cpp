@@ -19,7 +19,7 @@ using platform::HostVerb;
 
 namespace {
 
-constexpr qint64 kLongestRequest = 1 << 16;
+constexpr qint64 kLongestRequest = 1 << 16;  // bytes
 constexpr long kNotUnderstood = 5;
 
 }  // namespace

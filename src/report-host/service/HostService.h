@@ -15,15 +15,19 @@ class PreviewWindow;
 class QLocalSocket;
 class QSocketNotifier;
 
-/// Serves the requests of the connected clients, one after the other. Failures are sent as replies, never shown. Calls
-/// `Finished` when no client is connected and no window is open any more, or when no client has connected at all.
+/// Serves the requests of the connected clients, one after the other: prints or previews reports of one template file.
+/// Failures are sent as replies, never shown. HostVerb::Release closes the listening socket; open previews stay.
 class HostService : public QObject {
   public:
+    /// Loads a report, as PrepareReport does; tests pass a fake.
     using Maker = std::function<std::unique_ptr<PreparedReport>(const QString& templateFile, const QString& report)>;
 
+    /// `listener` must be open and outlive the service.
     HostService(HostListener& listener, QString templateFile, Maker make);
     ~HostService() override;
 
+    /// Called when the host may end: after HostVerb::Quit, when no client is connected and no preview is open any more,
+    /// or if no client connects within kIdleTimeout.
     std::function<void()> Finished;
 
     /// Timeout for the first connection: the program that starts a host connects at once or has crashed.

@@ -1,3 +1,5 @@
+// Part of ReportOutput.h: HandToPrinter.
+
 #include "report-host/service/ReportOutput.h"
 
 #include <cups/cups.h>

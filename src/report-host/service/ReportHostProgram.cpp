@@ -1,3 +1,5 @@
+// The program report-host: main().
+
 #include <cstdio>
 #include <optional>
 

@@ -9,8 +9,8 @@ struct OutputTarget {
     QString name;  ///< printer name or folder path; empty for the default printer
 };
 
-/// Prefix of the temporary folder for a PDF before it is handed over. A killed host leaves it; the user's next print to
-/// the same place removes it.
+/// Prefix of the name of the temporary folder in which a PDF is written before it is handed over. A killed host leaves
+/// the folder; the user's next print to the same place removes it.
 inline const QString kPrintFolderPrefix = QStringLiteral(".youin-meibo-print-");
 
 // The targets are stored in table 出力先 of the template file: a row for each report, and one with an empty name for

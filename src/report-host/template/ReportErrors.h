@@ -4,6 +4,7 @@
 
 #include "platform/RuntimeError.h"
 
+/// Error number of everything below.
 inline constexpr long kReportFailed = 2501;
 
 /// Why a report can't be made or printed. The description is a Japanese sentence for the user.

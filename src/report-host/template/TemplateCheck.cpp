@@ -1,3 +1,5 @@
+// Part of TemplateParser.h: everything but ParseTemplate, for which the whole template must be known.
+
 #include "report-host/template/TemplateParser.h"
 
 #include <algorithm>
@@ -7,8 +9,6 @@
 #include "report-host/template/TemplateValues.h"
 
 using namespace Qt::StringLiterals;
-
-// Part of TemplateParser.h: what needs the whole template.
 
 namespace report {
 

@@ -23,11 +23,14 @@ struct TextPiece {
 };
 using TextPattern = QList<TextPiece>;
 
-/// Alignment along the line: from the left, or from the top in vertical writing.
+/// Alignment along the line: from the left, or from the top in vertical writing. Spread distributes the glyphs over the
+/// whole length.
 enum class Along { Start, Middle, End, Spread };
 /// Alignment across the lines: from the top, or from the right in vertical writing.
 enum class Across { Start, Middle, End };
-/// How text that is too long is fitted. If it still does not fit, it is truncated with "…".
+/// How text that is too long for its box is fitted: Shrink by a smaller font, down to leastPoints; Condense by narrower
+/// glyphs first, down to half their width; Wrap by several lines, then by a smaller font; Cut not at all. If it still
+/// does not fit, it is truncated with "…".
 enum class Fitting { Shrink, Condense, Wrap, Cut };
 
 struct TextStyle {
@@ -42,6 +45,7 @@ struct TextStyle {
     bool kanjiNumerals = false;
 };
 
+/// DigitBoxes: the digits of a text one by one in boxes, as for a postal code.
 enum class ElementKind { Text, Line, Frame, Picture, DigitBoxes };
 
 struct TemplateElement {
@@ -53,7 +57,7 @@ struct TemplateElement {
     QString onlyWith;  ///< drawn only if this column is not empty; empty: always
     double penWidth = 0.2;
     QColor colour = Qt::black;
-    QColor fill;          ///< invalid: no fill
+    QColor fill;          ///< of a frame; for digit boxes the colour of their frames; invalid: none
     QList<double> lefts;  ///< left edges of the digit boxes, relative to place.left()
 };
 
@@ -76,6 +80,7 @@ struct CellGrid {
     int CellsPerRow() const { return prefixes.isEmpty() ? 1 : static_cast<int>(prefixes.size()); }
 };
 
+/// A Japanese era and its first day.
 struct EraStart {
     QDate day;
     QString name;
@@ -84,9 +89,9 @@ struct EraStart {
 struct TemplateDefinition {
     QSizeF page;
     QMarginsF margins;
-    QPointF offset;  ///< added to all positions, to correct the printer's offset
-    QString table;   ///< linked table; empty: the one with the template's name
-    QStringList order;
+    QPointF offset;     ///< added to all positions, to correct the printer's offset
+    QString table;      ///< linked table; empty: the one with the template's name
+    QStringList order;  ///< columns to sort by; empty: table order
     QList<EraStart> eras;
     TemplateSection head, detail, foot;
     QColor stripe;  ///< background of every second row; invalid: none
@@ -96,10 +101,10 @@ struct TemplateDefinition {
 // Limits on templates. Far above any practical template; they bound time and memory for a page.
 inline constexpr qsizetype kMostTemplateText = 1'000'000;  ///< characters of a template
 inline constexpr qsizetype kMostTemplateLines = 10'000;
-inline constexpr int kMostElements = 1'000;     ///< texts, lines, frames and pictures of a template
+inline constexpr int kMostElements = 1'000;     ///< of a template
 inline constexpr int kMostCellsOfPage = 2'000;  ///< rows on a page, or cells if a row fills several
 inline constexpr int kMostElementsOfPage = 100'000;
-inline constexpr qsizetype kMostDigitBoxes = 100;
+inline constexpr qsizetype kMostDigitBoxes = 100;     ///< of one element
 inline constexpr qsizetype kMostCharacters = 20'000;  ///< of a single text; longer text is truncated with "…"
 inline constexpr double kLeastPoints = 0.5;
 inline constexpr double kLeastLineStep = 0.1;

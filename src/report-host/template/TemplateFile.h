@@ -52,14 +52,14 @@ database::SqliteDatabase OpenLinked(const LinkedTable& link);
 QStringList ColumnsOf(sqlite3* database, const QString& table);
 
 /// All errors that keep `text` from working as template of `report`: syntax errors, a missing or broken linked table,
-/// unknown columns. Nothing is stored.
+/// unknown columns. Nothing is stored. Throws database::DatabaseError if the template file can't be read.
 QList<TemplateError> TemplateErrorsOf(const TemplateFile& file, const QString& report, const QString& text);
 
 /// Names of the built-in templates: staff list, envelope, postcard, label sheet. Each reads the work table of the same
 /// name.
 QStringList StandardTemplateNames();
 
-/// Text of a built-in template; empty for an unknown name.
+/// Text of a built-in template (src/report-host/templates); empty for an unknown name.
 QString StandardTemplate(const QString& name);
 
 }  // namespace report

@@ -7,24 +7,29 @@
 
 namespace report {
 
+// Parsing and checking of templates, and figures that follow from one (TemplateCheck.cpp).
+
+/// Result of ParseTemplate.
 struct ParsedTemplate {
     TemplateDefinition definition;
     QList<TemplateError> errors;  ///< sorted by line; if not empty, `definition` must not be used
 };
 
-/// Parses the text of a template. Continues after errors, so that all of them are reported at once. Does not throw.
+/// Parses the text of a template and runs CheckTemplate. Continues after errors, so that all of them are reported at
+/// once. Does not throw.
 ParsedTemplate ParseTemplate(const QString& text);
 
 /// Checks that need the whole template: missing parts, and parts that do not fit. Appends the errors to `errors` and
 /// sorts it by line.
 void CheckTemplate(const TemplateDefinition& definition, QList<TemplateError>& errors);
 
-/// Columns of the linked table that the template uses, without duplicates, in order of use. `table`: the columns that
-/// exist; a name with a cell prefix is preferred to the name alone. A name that is neither a column nor a built-in
-/// field is an error. Errors are appended to `errors`.
+/// Columns of the linked table that the template's elements use, without duplicates, in order of use. `table`: the
+/// columns that exist. In the detail section, columns whose name is a cell's prefix and the used name are preferred to
+/// the name alone. A name that is no column is an error, except a built-in field in a text. Errors are appended to
+/// `errors`, which is then sorted by line.
 QStringList NeededColumns(const TemplateDefinition& definition, const QStringList& table, QList<TemplateError>& errors);
 
-/// Number of rows on a page; 0 if the detail section does not fit.
+/// Number of rows (records) on a page; 0 if the detail section does not fit.
 int RowsPerPage(const TemplateDefinition& definition);
 
 /// Page width without margins, in millimetres.

@@ -1,3 +1,5 @@
+// Part of TemplateSyntax.h: the settings of a line.
+
 #include "report-host/template/TemplateSyntax.h"
 
 #include <QSet>
@@ -5,8 +7,6 @@
 
 #include "report-host/template/TemplateDefinition.h"
 #include "report-host/template/TemplateValues.h"
-
-// Part of TemplateSyntax.h: the settings of a line.
 
 using namespace Qt::StringLiterals;
 

@@ -21,7 +21,7 @@ struct TemplateWord {
 
 /// A tokenized line: the command and its words.
 struct TemplateToken {
-    int number = 0;
+    int number = 0;  ///< of the line, from 1
     QString command;
     QList<TemplateWord> words;
 };

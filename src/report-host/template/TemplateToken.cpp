@@ -1,6 +1,6 @@
-#include "report-host/template/TemplateSyntax.h"
-
 // Part of TemplateSyntax.h: the words of a line.
+
+#include "report-host/template/TemplateSyntax.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "report-host/template/TemplateDefinition.h"
 
 // Parsers for the values in a template. `what` is the name of the value for the error message. All throw TemplateError
-// without a line number.
+// without a line number, also for numbers whose absolute value is over 2000.
 
 namespace report {
 
@@ -27,7 +27,7 @@ QColor ReadColour(const QString& text, const QString& what);
 /// "yyyymmdd"
 QDate ReadDay(const QString& text, const QString& what);
 
-/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket. Throws TemplateError without a line number.
+/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket.
 TextPattern ReadPattern(const QString& text);
 
 /// Names of the built-in fields, available in every template: page, number of pages, number of rows, number of the row,

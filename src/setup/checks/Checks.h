@@ -8,7 +8,8 @@
 
 namespace setup {
 
-/// Access rights of a user of this machine to files, computed from owner, group and mode.
+/// Access rights of a user of this machine to files: those of the current user as the system grants them, those of
+/// another user computed from owner, group and mode of the file and the folders above it.
 class UserAccess {
   public:
     /// The named user; the current user if the name is empty or unknown.
@@ -53,8 +54,8 @@ class CheckReport {
     int count_ = 0;
 };
 
-// Each check reports, in plain language, what keeps the user from using the file. `what` is the name of the file in the
-// message.
+// Each check adds to `findings`, in plain Japanese, what keeps the user from using the file. `what` is the name of the
+// file in the message. None of them throws.
 
 /// True if the file exists and the user may read it.
 bool CheckFile(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
@@ -62,7 +63,7 @@ bool CheckFile(CheckReport& findings, const UserAccess& user, const QString& pat
 void CheckProgram(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
 /// Also opens the file as the programs do, to detect damage. True if it can be read.
 bool CheckDatabase(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// For a database that can be read: the user may write it and create files in its folder.
+/// For a database that can be read: checks that the user may write it and create files in its folder.
 void CheckWritable(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
 /// Checks the work tables, the template file next to them and its links to them. `own`: the user prints from these
 /// files and must be able to write them.
@@ -70,12 +71,13 @@ void CheckReportFiles(CheckReport& findings, const UserAccess& user, const QStri
 
 /// Reasons why a user cannot start the report host of this machine; empty if there are none.
 QStringList HostFaults(const UserAccess& user);
-/// Reasons why the report host would ask before it opens the templates in this folder.
+/// Reasons why the report host would ask the user before it opens the templates in this folder; empty if there are
+/// none, or if no host of a known version is registered.
 QStringList TrustFaults(const UserAccess& user, const QString& reportFolder);
 
-/// Finds hidden work folders that a killed suite-setup left next to an installation, or a killed report host in an
-/// output folder of the installation. They may contain staff data, so each fault names the command that removes the
-/// folder. Only folders that this user can read are found.
+/// Finds hidden work folders that a killed suite-setup left next to an installation, or a killed report host in the
+/// folder for temporary files or an output folder of the installation. They may contain staff data, so each fault says
+/// how the folder is removed. Only folders that this user can read are found. `root`: folder of the installation.
 QStringList LeftoverFaults(const QString& root);
 
 }  // namespace setup

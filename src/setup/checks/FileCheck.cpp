@@ -1,4 +1,4 @@
-// The checks of files, of Checks.h.
+// Part of Checks.h: the checks of files.
 #include <QFileInfo>
 
 #include "database/LinkedTables.h"

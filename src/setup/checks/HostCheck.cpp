@@ -1,4 +1,4 @@
-// The checks of the report host, of Checks.h.
+// Part of Checks.h: the checks of the report host.
 #include <QFileInfo>
 #include <optional>
 

@@ -1,4 +1,4 @@
-// The check for leftovers of killed processes, of Checks.h.
+// Part of Checks.h: the check for leftovers of killed processes.
 #include <QDir>
 #include <QFileInfo>
 

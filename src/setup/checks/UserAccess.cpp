@@ -1,4 +1,4 @@
-// The class UserAccess of Checks.h.
+// Part of Checks.h: the class UserAccess.
 #include <algorithm>
 
 #include "platform/FileRights.h"

@@ -14,7 +14,7 @@ struct Console {
     QTextStream& out;
     QTextStream& err;
     QString programFolder;  ///< folder that contains all built programs
-    /// Waits before the next poll of a followed history; False stops following.
+    /// Waits before the next poll of a followed history; false stops following.
     std::function<bool()> waitForMore;
 };
 

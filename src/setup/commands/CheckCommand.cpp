@@ -1,4 +1,4 @@
-// The verb `check` of Verbs.h.
+// Part of Verbs.h: the verb `check`.
 #include "setup/commands/Verbs.h"
 
 #include <QFileInfo>

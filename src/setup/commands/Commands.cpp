@@ -1,4 +1,4 @@
-// RunSetup of Verbs.h.
+// Part of Verbs.h: RunSetup.
 #include <algorithm>
 
 #include "platform/RuntimeError.h"

@@ -1,4 +1,4 @@
-// The verbs `import`, `server-init` and `use-server` of Verbs.h.
+// Part of Verbs.h: the verbs `import`, `server-init` and `use-server`, and DefinitionFrom.
 #include "setup/commands/Verbs.h"
 
 #include <QScopeGuard>

@@ -1,4 +1,4 @@
-// The part of the verb table that concerns the general database: servers, foreign files, PINs.
+// Part of VerbTable.h: the verbs for the general database.
 #include "setup/commands/VerbTable.h"
 #include "setup/commands/Verbs.h"
 

@@ -1,4 +1,4 @@
-// The help texts of VerbTable.h.
+// Part of VerbTable.h: the help texts.
 #include "setup/TerminalTable.h"
 #include "setup/commands/VerbTable.h"
 

@@ -1,4 +1,4 @@
-// The verb `history` of Verbs.h.
+// Part of Verbs.h: the verb `history`.
 #include "setup/commands/Verbs.h"
 
 #include <limits>

@@ -22,11 +22,12 @@ struct HistoryRow {
 /// The rows written by one process of a program.
 struct HistoryRun {
     QList<HistoryRow> rows;
-    bool Started() const;
-    bool Ended() const;
+    bool Started() const;  ///< has a start row
+    bool Ended() const;    ///< has an end row
     double LastCounter() const { return rows.last().counter.toDouble(); }
 };
 
+/// True for the rows 開始 and 終了.
 bool BeginsRun(const HistoryRow& row);
 bool EndsRun(const HistoryRow& row);
 
@@ -46,11 +47,14 @@ class RunSorter {
     QHash<QStringList, QList<int>> open_;  // by source, program and user
 };
 
-/// Lines for display. Columns are aligned by terminal width; 摘要 is last and never truncated.
+// Lines for display. Columns are aligned by terminal width; 摘要 is last and never truncated.
+
+/// Title of a run: `name`, then time, program and user of its first row.
 QString RunTitle(const QString& name, const HistoryRow& first);
 QString RowHeading();
 QString RowLine(const HistoryRow& row);
-/// A run with its title; `number` counts from the newest, which is 1.
+/// A run with title and heading, and a remark if its start or end row is missing; `number` counts from the newest,
+/// which is 1.
 QStringList RunLines(const HistoryRun& run, int number);
 
 /// Reads the history of one configuration file incrementally. Each poll opens the file read-only and closes it again,

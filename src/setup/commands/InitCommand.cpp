@@ -1,4 +1,4 @@
-// The verb `init` of Verbs.h.
+// Part of Verbs.h: the verb `init`.
 #include <QFileInfo>
 #include <limits>
 

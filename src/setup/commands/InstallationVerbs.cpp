@@ -1,4 +1,4 @@
-// The part of the verb table that creates and maintains installations.
+// Part of VerbTable.h: the verbs that create and maintain installations.
 #include "setup/commands/VerbTable.h"
 #include "setup/commands/Verbs.h"
 

@@ -1,4 +1,4 @@
-// The verb `links` of Verbs.h.
+// Part of Verbs.h: the verb `links`.
 #include "setup/commands/Verbs.h"
 
 #include <QDateTime>

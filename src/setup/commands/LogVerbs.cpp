@@ -1,4 +1,4 @@
-// The part of the verb table that shows logs and messages, and reads and writes the registry.
+// Part of VerbTable.h: the verbs for logs, messages and the registry.
 #include "setup/commands/VerbTable.h"
 #include "setup/commands/Verbs.h"
 

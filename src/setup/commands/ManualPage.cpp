@@ -1,4 +1,4 @@
-// The manual page of VerbTable.h.
+// Part of VerbTable.h: ManualPage. Part of Verbs.h: the internal verb `manual-page`.
 #include <QRegularExpression>
 
 #include "setup/TerminalTable.h"

@@ -1,4 +1,4 @@
-// The verb `move` of Verbs.h.
+// Part of Verbs.h: the verb `move`.
 #include "setup/commands/Verbs.h"
 
 #include <QFileInfo>

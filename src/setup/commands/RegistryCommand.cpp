@@ -1,4 +1,4 @@
-// The verbs `registry list`, `registry get` and `registry set` of Verbs.h.
+// Part of Verbs.h: the verbs `registry list`, `registry get` and `registry set`.
 #include "setup/commands/Verbs.h"
 
 #include "platform/Services.h"

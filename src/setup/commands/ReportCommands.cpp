@@ -1,4 +1,4 @@
-// The verbs `printer`, `forms export`, `forms import`, `forms check` and `forms pdf` of Verbs.h.
+// Part of Verbs.h: the verbs `printer`, `forms export`, `forms import`, `forms check` and `forms pdf`.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>

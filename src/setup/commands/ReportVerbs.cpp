@@ -1,4 +1,4 @@
-// The part of the verb table that concerns reports and printers.
+// Part of VerbTable.h: the verbs for reports and printers.
 #include "setup/commands/VerbTable.h"
 #include "setup/commands/Verbs.h"
 

@@ -1,4 +1,4 @@
-// The verb `seal-pins` of Verbs.h.
+// Part of Verbs.h: the verb `seal-pins`.
 #include <algorithm>
 
 #include "database/sqlite/OpenSqlite.h"

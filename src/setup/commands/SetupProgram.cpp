@@ -1,3 +1,5 @@
+// The program suite-setup: main().
+
 #include <QGuiApplication>
 #include <QTextStream>
 #include <QThread>

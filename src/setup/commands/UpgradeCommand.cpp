@@ -1,4 +1,4 @@
-// The verb `upgrade` of Verbs.h.
+// Part of Verbs.h: the verb `upgrade`, and EnterInMenu.
 #include "setup/commands/Verbs.h"
 
 #include <QFile>

@@ -9,7 +9,7 @@ namespace setup {
 
 namespace {
 
-/// Started by programs of this project only; see JetServer.h and packaging/CMakeLists.txt.
+/// Started by programs of this project only; see JetReader.h and packaging/CMakeLists.txt.
 QList<Verb> InternalVerbs() {
     return {{.name = kJetServerVerb,
              .operands = {{.name = {u"ファイル"_s, u"FILE"_s}, .missing = u"ファイルを指定してください。"_s}},

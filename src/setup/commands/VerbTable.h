@@ -34,8 +34,8 @@ QString OverallHelp();
 /// Usage of one verb, with its operands and options in detail.
 QString VerbHelp(const Verb& verb);
 
-/// suite-setup(1) as roff source in UTF-8, in "ja" or "en", from the table of verbs. The package's build writes it to a
-/// file. Throws UsageError for any other language.
+/// suite-setup(1) as roff source, in "ja" or "en". The package's build writes it to a file. Throws UsageError for any
+/// other language.
 QString ManualPage(const QString& language);
 
 }  // namespace setup

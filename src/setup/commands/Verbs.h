@@ -7,8 +7,8 @@
 
 namespace setup {
 
-/// Runs the tool; `arguments` without the program name. Returns the exit status: 0 success; 1 failed on the way, with a
-/// message; 2 usage error, nothing was changed.
+/// Runs the tool; `arguments` without the program name. Returns the exit status: 0 success; 1 failed on the way; 2
+/// usage error, nothing was changed. In both cases a message is on console.err.
 int RunSetup(const QStringList& arguments, const Console& console);
 
 // The procedures of the verbs. Each throws UsageError before anything is changed, and platform::RuntimeError later.
@@ -18,8 +18,8 @@ void CreateInstallation(const Arguments& arguments, const Console& console);
 
 /// `upgrade`: upgrades an installation to this tool's version: programs, manual, and the tables, columns, indexes and
 /// reports added since, in the common files and in all private copies; also a general database on a server, if the
-/// connection string of its owner is given. Changes no row and may be repeated. Each file is either unchanged or fully
-/// upgraded.
+/// connection string of its owner is given. Corrects group and mode of the entries. Changes no row and may be repeated.
+/// Each file is either unchanged or fully upgraded.
 void UpgradeInstallation(const Arguments& arguments, const Console& console);
 
 /// `check`: prints, in plain language, what keeps an installation from working: missing or unreadable files, tables
@@ -33,14 +33,15 @@ void CheckInstallation(const Arguments& arguments, const Console& console);
 /// can't be changed makes it fail after all others have been processed.
 void MoveInstallation(const Arguments& arguments, const Console& console);
 
-/// `history`: prints the run history, newest last.
+/// `history`: prints the run history by runs, newest last; with `--follow` also the rows added later.
 void ShowHistory(const Arguments& arguments, const Console& console);
 
 /// `links`: prints the pending messages of the channel between the programs, oldest first, with their age by this
 /// machine's clock. Users with private copies have a channel each. Writes nothing.
 void ShowLinks(const Arguments& arguments, const Console& console);
 
-/// `registry list`, `registry get` and `registry set`: keys begin with HKLM or HKCU.
+/// `registry list`, `registry get` and `registry set`: show or write values of the registry; keys begin with HKLM (the
+/// machine) or HKCU (this user).
 void ListRegistry(const Arguments& arguments, const Console& console);
 void GetRegistryValue(const Arguments& arguments, const Console& console);
 void SetRegistryValue(const Arguments& arguments, const Console& console);
@@ -78,15 +79,17 @@ void CheckTemplates(const Arguments& arguments, const Console& console);
 /// fonts.
 void RenderReport(const Arguments& arguments, const Console& console);
 
-/// Internal verb that makes this program the reader process of a Jet or ACE file; see JetServer.h.
+/// Internal verb that makes this program the reader process of a Jet or ACE file; see JetReader.h.
 void ServeFile(const Arguments& arguments, const Console& console);
-/// Internal verb that prints the manual page in the language "ja" or "en"; see ManualPage.h.
+/// Internal verb that prints the manual page in the language "ja" or "en"; see VerbTable.h.
 void PrintManualPage(const Arguments& arguments, const Console& console);
+
+// Used by several verbs.
 
 /// The definition for the value of `--odbc`. Throws UsageError if it is missing or can't be stored; see DefinitionOf.
 GeneralDatabaseDefinition DefinitionFrom(const Arguments& arguments);
 
-/// Adds the installation to the desktop menu and prints where.
+/// Adds the installation to the desktop menu and prints the path of the entry. Throws platform::RuntimeError.
 void EnterInMenu(const QString& root, const Console& console);
 
 }  // namespace setup

@@ -1,4 +1,4 @@
-// The clerk's manual, of Sample.h.
+// Part of Sample.h: the clerk's manual.
 #include <QList>
 
 #include "platform/AtomicFile.h"

@@ -10,20 +10,22 @@
 
 namespace setup {
 
-/// Reference date of the sample (yyyymmdd); it does not depend on the current date.
+// The data of a new installation. The procedures that write rows throw database::DatabaseError.
+
+/// Reference date of the sample (yyyymmdd) and its year. They do not depend on the current date.
 inline constexpr int kReferenceYear = 2026;
 inline constexpr const char16_t* kReferenceDay = u"20261001";
 
 /// The staff member who launches the programs of a new installation and has all rights.
 inline constexpr const char16_t* kLaunchingStaff = u"00001";
 
-/// Code of the staff member at a 0-based index: 5 digits, consecutive.
+/// Code of the staff member at a 0-based index: 5 digits, from "00001" on.
 QString StaffCode(int place);
 
 struct StaffRequest {
     int count;
     quint64 seed;
-    bool trialRights;  ///< the first few have different rights
+    bool trialRights;  ///< the first few have different rights (SetTrialRights)
 };
 
 /// Rows of M担当者. The same seed gives the same people; a larger count appends people.
@@ -43,10 +45,11 @@ std::span<const SampleSection> SampleSections();
 /// offices require PINs, so that rights are enforced; otherwise none of them does.
 void WriteMasters(DatabaseFileWriter& store, bool askPins);
 
-/// Rows of T閲覧 for about a third of the staff, viewed by the launching staff member and a few others.
+/// Rows of T閲覧 for about a third of the staff, viewed by the launching staff member and a few others. `count`: number
+/// of people; `seed`: that of the staff.
 void WriteViewLog(DatabaseFileWriter& store, int count, quint64 seed);
 
-/// Per-program rights of single staff members; they override the general rights.
+/// Per-program rights of one person in 25; they override the general rights.
 void WritePersonalRights(DatabaseFileWriter& store, int count, quint64 seed);
 
 /// Gives the first few people of the sample different rights, so that each right can be tried out once PINs are

@@ -1,4 +1,4 @@
-// View log and personal rights, of Sample.h.
+// Part of Sample.h: view log and personal rights.
 #include "setup/sample/Sample.h"
 #include "setup/sample/SampleData.h"
 

@@ -1,4 +1,4 @@
-// Master and class tables, of Sample.h.
+// Part of Sample.h: master and class tables.
 #include "setup/sample/Sample.h"
 
 using namespace Qt::StringLiterals;

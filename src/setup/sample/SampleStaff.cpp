@@ -1,4 +1,4 @@
-// The rows of M担当者, of Sample.h.
+// Part of Sample.h: the rows of M担当者.
 #include <QDate>
 
 #include "setup/sample/Sample.h"
@@ -109,7 +109,7 @@ void SetAddress(TableWriter& row, SampleRandom& random) {
         const int floor = random.Between(1, 9);
         building += WideNumber(floor * 100 + random.Between(1, 9)) + u"号室"_s;
     }
-    // If 住所A is set, the other two must not be Null: the programs read them without a check.
+    // If 住所A is set, 住所B must not be Null: the programs read it without a check.
     row.Set(u"郵便番号"_s, Text(place.postalCode))
         .Set(u"住所A"_s, Text(place.city))
         .Set(u"住所B"_s, street)

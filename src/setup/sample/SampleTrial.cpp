@@ -1,4 +1,4 @@
-// People with different rights, of Sample.h.
+// Part of Sample.h: people with different rights.
 #include <array>
 
 #include "database/sqlite/SqliteQuery.h"

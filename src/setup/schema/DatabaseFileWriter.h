@@ -16,8 +16,8 @@ struct sqlite3_stmt;
 
 namespace setup {
 
-/// Creates one database file of the suite in a single transaction: the file is empty until Commit. All members throw
-/// database::DatabaseError with the engine's message.
+/// Creates one database file of the suite in a single transaction: the file is empty until Commit, and stays so without
+/// it. All members throw database::DatabaseError with the engine's message.
 class DatabaseFileWriter {
   public:
     /// Creates the file with all tables of that kind of database. The file must not exist.
@@ -29,13 +29,15 @@ class DatabaseFileWriter {
     /// Creates the indexes and commits. Indexing after the inserts is several times faster.
     void Commit();
 
-    /// Encrypts the PINs of all rows added from now on. Call before creating a TableWriter.
+    /// Makes every TableWriter created from now on encrypt the PINs.
     void SealPinsUnder(const platform::PinKey& key) { pinKey_ = key; }
     const std::optional<platform::PinKey>& KeyOfPins() const { return pinKey_; }
 
     DatabaseKind kind() const { return store_; }
     void Execute(const QString& sql);
+    /// The caller finalises the statement.
     sqlite3_stmt* Prepare(const QString& sql);
+    /// Throws the engine's last error.
     [[noreturn]] void Fail() const;
 
   private:
@@ -44,7 +46,8 @@ class DatabaseFileWriter {
     std::optional<platform::PinKey> pinKey_;
 };
 
-/// Adds rows to one table. Columns not set are Null; PINs are passed in clear text.
+/// Adds rows to one table: Set the columns of a row, then Add. Columns not set are Null; PINs are passed in clear text.
+/// Throws database::DatabaseError. Must be destroyed before the DatabaseFileWriter.
 class TableWriter {
   public:
     TableWriter(DatabaseFileWriter& store, const QString& table);
@@ -52,7 +55,7 @@ class TableWriter {
     TableWriter(const TableWriter&) = delete;
     TableWriter& operator=(const TableWriter&) = delete;
 
-    /// Throws kItemNotFound if the catalogue does not list the column.
+    /// Sets a column of the next row. The error is kItemNotFound if the catalogue does not list the column.
     TableWriter& Set(const QString& column, const QString& value);
     void Add();
     /// Adds one row per line: values separated by "|", for the columns named in `columns`, separated by blanks.
@@ -74,7 +77,8 @@ struct ConfigurationRequest {
     bool signedIn = true;  ///< the sample's launching staff member is signed in; otherwise the first start asks
 };
 
-/// Creates usrcnfg: definition row, environment row and menu rows. Throws database::DatabaseError.
+/// Creates a configuration file (usrcnfg) with definition row, environment row and menu rows. The file must not exist.
+/// Throws database::DatabaseError.
 void WriteConfiguration(const QString& path, const ConfigurationRequest& request);
 
 /// Creates a template file with the standard reports and their tables, linked to the report database at the given

@@ -1,4 +1,4 @@
-// Configuration database and template file of a new installation, of DatabaseFileWriter.h.
+// Part of DatabaseFileWriter.h: configuration database and template file of a new installation.
 #include "data/Connections.h"
 #include "database/DatabaseSession.h"
 #include "database/LinkedTables.h"

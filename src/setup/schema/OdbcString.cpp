@@ -1,4 +1,4 @@
-// DefinitionOf of GeneralDatabase.h.
+// Part of GeneralDatabase.h: DefinitionOf.
 #include <QHash>
 
 #include "setup/UsageError.h"

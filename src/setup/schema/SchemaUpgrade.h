@@ -12,7 +12,7 @@ struct sqlite3;
 
 namespace setup {
 
-// DDL statements generated from the catalogue.
+// DDL statements for a database file, generated from the catalogue; data/ServerSchema.h has those for servers.
 
 QString CreateTableStatement(const TableDefinition& table);
 QString AddColumnStatement(const TableDefinition& table, const ColumnDefinition& column);
@@ -26,8 +26,8 @@ QString CreateIndexStatement(const TableDefinition& table, int number);
 /// addition. Throws database::DatabaseError.
 QStringList UpgradeSchema(sqlite3* database, DatabaseKind kind);
 
-/// Same for the reports of a template file: missing ones are added in their standard form, linked to the given work
-/// tables; existing ones are unchanged.
+/// Same for the reports of a template file: missing ones are added in their standard form, linked to the work-table
+/// file at the path `workTables`; existing ones are unchanged.
 QStringList AddMissingTemplates(sqlite3* database, const QString& workTables);
 
 /// Adds the tables, columns, indexes and functions that an older general database on a server lacks. Rows and additions

@@ -1,4 +1,4 @@
-// The upgrade of a database on a server, of SchemaUpgrade.h.
+// Part of SchemaUpgrade.h: the upgrade of a database on a server.
 #include <algorithm>
 
 #include "data/ServerSchema.h"

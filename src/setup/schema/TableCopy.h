@@ -37,7 +37,7 @@ class ColumnMap {
 /// Replaces the rows of every table in a general database with those of the foreign tables of the same names, ignoring
 /// letter case. Columns unknown to the suite are skipped and reported, missing columns become Null and are reported.
 /// Counts and prints the rows of each table. Runs in one transaction: nothing changes on failure. Throws
-/// platform::RuntimeError; one error names all tables that `origin` lacks.
+/// platform::RuntimeError; one error names all missing tables. `origin`: path of the foreign file, for that message.
 void ImportTables(const ForeignTables& tables, const QString& origin, database::Connection& general, QTextStream& out);
 
 }  // namespace setup

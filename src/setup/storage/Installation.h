@@ -5,6 +5,8 @@
 
 #include "database/Database.h"
 
+// Folders and files of an installation. `root` is its folder as an absolute path.
+
 namespace setup {
 
 /// Folders with a user's configuration and report files.

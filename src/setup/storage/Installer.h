@@ -10,15 +10,16 @@
 
 namespace setup {
 
+/// What MakeInstallation creates.
 struct InstallationRequest {
     QString folder;         ///< target folder, absolute or relative to the working directory
     QString programFolder;  ///< folder of the built programs; empty: no programs are installed
     int staff = 300;        ///< 1 to 99,999
     quint64 seed = 1;
     FileKind kind = FileKind::Accdb;
-    int installKind = 0;
+    int installKind = 0;   ///< 0: all users share conf and report; 1: each user has private copies
     bool askPins = false;  ///< the company requires PINs, and its first few people have different rights
-    bool replace = false;
+    bool replace = false;  ///< an existing installation is replaced, with its data; otherwise it is an error
 };
 
 /// Creates an installation with all tables and the sample. It is built in a work folder next to the target and then
@@ -30,10 +31,10 @@ QString MakeInstallation(const InstallationRequest& request);
 /// Prefix of the hidden work folder. A killed run leaves it there; the next run in the same parent folder removes it.
 inline const QString kWorkFolderPrefix = QStringLiteral(".suite-setup-");
 
-/// Installs the programs of a folder, the report host under every name that is registered for this installation. A
+/// Installs the programs of a folder, the report host in every version folder below `host` of the installation. A
 /// running program is not affected; the next start uses the new one. Programs that the folder lacks, and identical
-/// ones, are skipped. Returns the paths of the replaced files, relative to the installation. Throws
-/// platform::RuntimeError.
+/// ones, are skipped; so are all if `programFolder` is empty. Returns the paths of the copied files, relative to the
+/// installation. Throws platform::RuntimeError.
 QStringList InstallPrograms(const QString& programFolder, const QString& root);
 
 /// True if the folder contains every program that an installation needs.

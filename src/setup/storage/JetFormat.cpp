@@ -1,4 +1,4 @@
-// Header and dates of the formats, of JetFile.h.
+// Part of JetFile.h: header and dates of the formats.
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>

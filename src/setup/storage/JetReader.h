@@ -35,6 +35,8 @@ class JetReader : public ForeignTables {
     QStringList tables_;
 };
 
+// The reader process (JetServer.cpp).
+
 /// Internal verb that starts suite-setup as the reader process of a file. Standard input and output carry the frames of
 /// TableStream.h.
 inline const QString kJetServerVerb = QStringLiteral("read-jet-file");

@@ -1,4 +1,4 @@
-// The reader process of JetReader.h.
+// Part of JetReader.h: the reader process.
 #include <QFile>
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-// The desktop entry of Installer.h.
+// Part of Installer.h: the desktop entry.
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>

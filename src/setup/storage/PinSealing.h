@@ -12,6 +12,7 @@
 
 namespace setup {
 
+/// A column that contains PINs.
 struct PinColumn {
     QStringView table;
     QStringView column;
@@ -25,10 +26,10 @@ inline constexpr std::array kPinColumns = {
     PinColumn{u"M事業所", u"特権暗証番号"},
 };
 
-/// A non-empty PIN and the key values that identify its row.
+/// A non-empty PIN and its row.
 struct StoredPin {
-    QStringList row;
-    QString text;
+    QStringList row;  ///< what identifies the row: its rowid in a file, the values of the table's key on a server
+    QString text;     ///< as stored, encrypted or in clear text
 };
 
 /// Reads and writes the PINs of one general database in one transaction, which the destructor rolls back unless it was
@@ -36,24 +37,27 @@ struct StoredPin {
 class PinStore {
   public:
     virtual ~PinStore() = default;
-    /// Locks out concurrent runs, provided that there is any PIN.
+    /// Begins the transaction and locks out concurrent runs; on a server only if there is any PIN.
     virtual void Begin() = 0;
+    /// The non-empty PINs of a column.
     virtual QList<StoredPin> Pins(const PinColumn& place) = 0;
+    /// Replaces the text of a PIN.
     virtual void Replace(const PinColumn& place, const StoredPin& pin, const QString& text) = 0;
     virtual void Commit() = 0;
     /// True if it is certain that nothing was committed and that no other run has begun since Begin.
     virtual bool StillLocked() const = 0;
 };
 
+/// Opens the store again for each call.
 using PinStoreOpener = std::function<std::unique_ptr<PinStore>()>;
 
-/// For a database file.
+/// For a database file. Throws database::DatabaseError.
 std::unique_ptr<PinStore> OpenFilePins(const QString& file);
 /// For a database on a server; `connection` is open for writing.
 std::unique_ptr<PinStore> MakeServerPins(database::Connection connection);
 
 /// Reads the non-empty PINs of one column; `row` gets the values of the table's key. `suffix` is appended to the
-/// statement.
+/// statement. Throws database::DatabaseError.
 QList<StoredPin> ReadPins(database::Connection& connection, const PinColumn& place, const QString& suffix = {});
 
 /// Counts of a run.
@@ -64,12 +68,14 @@ struct SealedCount {
 };
 
 /// Encrypts every clear-text PIN of a general database in one transaction, and creates the key file if there is none.
-/// On failure nothing is changed and a new key file is removed. Only if the outcome of the commit is unknown (disk or
-/// network failure) the key file stays, and the next run uses it. Throws platform::RuntimeError.
+/// On failure nothing is changed, unless the commit succeeded and only its reply was lost. A new key file is removed on
+/// failure, unless a PIN decrypts with it or the database can't be read any more; the next run uses a key file that
+/// stayed. Throws platform::RuntimeError.
 SealedCount SealStoredPins(const PinStoreOpener& open, const QString& keyFile);
 
 /// Number of PINs stored in clear text. Throws database::DatabaseError.
 int CountClearPins(database::Connection& general);
+/// Where the general database is.
 enum class DatabasePlace { File, Server };
 /// A message with the command that fixes it, if the installation has a key file but also clear-text PINs, which never
 /// match at sign-in; otherwise empty. Throws database::DatabaseError.

@@ -1,4 +1,4 @@
-// The stores of PinSealing.h.
+// Part of PinSealing.h: PinStore for files and servers.
 #include "data/Catalogue.h"
 #include "database/DatabaseSession.h"
 #include "database/sql/Quoting.h"

@@ -1,4 +1,4 @@
-// The programs of an installation and the registered report host, of Installer.h.
+// Part of Installer.h: the programs of an installation and the registered report host.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
