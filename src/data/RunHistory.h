@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Rows of the run history, the log of the programs: table プログラム稼動履歴 of the configuration database. Each row has a number within the
-// run of the program (ProcCounter). A failed INSERT is ignored, except in InsertHistoryRow, so that it does not disturb
-// the operation that it records; its number is not used again.
+// Rows of the run history, the log of the programs: table プログラム稼動履歴 of the configuration database. Each row
+// has a number within the run of the program (ProcCounter). A failed INSERT is ignored, except in InsertHistoryRow, so
+// that it does not disturb the operation that it records; its number is not used again.
 
 /// INSERT statement of a history row with the current time, ProcCounter, office, staff member and user. `content`, the
 /// column 摘要, is inserted between quotes as it is: the caller escapes it (QuoteSqlText).

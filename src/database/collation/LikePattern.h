@@ -7,9 +7,10 @@
 
 namespace database {
 
-/// A compiled LIKE pattern with the suite's wildcards: "%" matches any characters, "_" one, [list] one of the list, [!list]
-/// one not in it, with ranges such as a-z; "[]" matches the empty text, "[!]" a "!"; "*" and "?" are literals. Compares
-/// folded characters (TextFolding.h). No backtracking: the time is at most proportional to the product of both lengths.
+/// A compiled LIKE pattern with the suite's wildcards: "%" matches any characters, "_" one, [list] one of the list,
+/// [!list] one not in it, with ranges such as a-z; "[]" matches the empty text, "[!]" a "!"; "*" and "?" are literals.
+/// Compares folded characters (TextFolding.h). No backtracking: the time is at most proportional to the product of both
+/// lengths.
 class LikePattern {
   public:
     /// nullopt if a "[" is not closed. `escape` (folded) makes the next character of the pattern a literal.

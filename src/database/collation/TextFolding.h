@@ -6,9 +6,9 @@
 
 namespace database {
 
-// Comparison of text in LIKE and ORDER BY. "Folding" normalises: it replaces a character by the representative of all characters that
-// are considered equal: letters in either case and width, digits and punctuation in either width, and hiragana,
-// katakana and half-width katakana.
+// Comparison of text in LIKE and ORDER BY. "Folding" normalises: it replaces a character by the representative of all
+// characters that are considered equal: letters in either case and width, digits and punctuation in either width, and
+// hiragana, katakana and half-width katakana.
 
 /// The folded form of each character of the basic plane: the half-width, lower-case letter or the hiragana. Characters
 /// beyond it are not folded.
