@@ -15,12 +15,14 @@ QString Page(const QString& language) { return RunTool({u"manual-page"_s, langua
 /// The page without the marks of possible line breaks.
 QString PageText(const QString& language) { return Page(language).remove(u"\\:"_s).remove(u"\\%"_s); }
 
-/// The entry of a verb, up to the next one.
+/// The entry of a verb, up to the next one or the next section. Empty if the page has none.
 QString Entry(const QString& language, const QString& verb) {
     const QString page = PageText(language);
     const qsizetype begin = page.indexOf(u".TP\n\\fB%1\\fR"_s.arg(verb));
-    const qsizetype nextVerb = page.indexOf(QRegularExpression(u"\n\\.TP\n\\\\fB[a-z]"_s), begin + 1);
-    return page.sliced(begin, nextVerb - begin + 1);
+    if (begin < 0) return {};
+    const qsizetype end = page.indexOf(QRegularExpression(u"\n\\.(TP\n\\\\fB[a-z]|SH )"_s), begin);
+    EXPECT_GE(end, 0) << verb.toStdString();
+    return page.sliced(begin, qMax<qsizetype>(end - begin + 1, 0));
 }
 
 }  // namespace
