@@ -75,3 +75,15 @@ void OnServer::StopSessions() const {
         u"SELECT ID FROM information_schema.PROCESSLIST WHERE DB = '%1' AND ID <> CONNECTION_ID()"_s.arg(server.Name());
     for (const QStringList& row : server.Rows(others)) server.Run(u"KILL CONNECTION "_s + row.first());
 }
+
+StaffListConditions EveryListCondition() {
+    StaffListConditions conditions;
+    conditions.allEnrolments = 2;
+    conditions.allEmployees = conditions.employeeClass = 6;
+    conditions.code = u"00005"_s;
+    conditions.name = u"山"_s;
+    conditions.kana = u"ﾔﾏ"_s;
+    conditions.departmentCode = u"010"_s;
+    conditions.sectionCode = u"011"_s;
+    return conditions;
+}

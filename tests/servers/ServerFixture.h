@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "globals/ProgramGlobals.h"
+#include "selection/StaffListQuery.h"
 #include "support/HeadForm.h"
 #include "support/SampleInstallation.h"
 #include "support/ServerDatabase.h"
@@ -52,6 +53,9 @@ class ReadingUser {
     const ServerDatabase& server_;
     QString name_;
 };
+
+/// Conditions of the staff lists with a value for each kind of search.
+StaffListConditions EveryListCondition();
 
 /// Runs the tool in this process, with no other programs of the suite running.
 ToolOutput RunServerTool(const QStringList& arguments);
