@@ -8,7 +8,9 @@
 #include <QTranslator>
 
 #include "platform/Services.h"
+#include "platform/ToolkitStart.h"
 #include "screen/CloseBox.h"
+#include "screen/ScreenScale.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 
@@ -73,9 +75,17 @@ void InstallWindowServices(platform::ServiceSet& services) {
     services.waitDialog = std::make_unique<WaitWindow>();
 }
 
-SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start)
+/// What exists only while Qt starts.
+struct SuiteApplication::Preparation {
+    explicit Preparation(const char* program) : toolkit(program), scale(program) {}
+
+    ToolkitStart toolkit;  // first: the scale needs Qt as well
+    ScreenScale scale;
+};
+
+SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Preparation> preparation)
     : QApplication(KeepArguments(argc, argv), argv) {
-    start.reset();
+    preparation.reset();
     InstallWindowServices(platform::Services());
     setQuitOnLastWindowClosed(false);
     WatchCloseBoxes();
@@ -84,4 +94,4 @@ SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Toolki
 }
 
 SuiteApplication::SuiteApplication(int argc, char** argv)
-    : SuiteApplication(argc, argv, std::make_unique<ToolkitStart>(argc > 0 ? argv[0] : "")) {}
+    : SuiteApplication(argc, argv, std::make_unique<Preparation>(argc > 0 ? argv[0] : "")) {}

@@ -23,10 +23,10 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
 }
 }  // namespace
 
-VirtualScreen::VirtualScreen() {
+VirtualScreen::VirtualScreen(const QSize& size) {
     server_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
-    server_.start(u"Xvfb"_s,
-                  {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s, u"1152x864x24"_s});
+    server_.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s,
+                              u"%1x%2x24"_s.arg(size.width()).arg(size.height())});
     // The server writes the number of its display when it is ready.
     while (!server_.canReadLine())
         if (!server_.waitForReadyRead(kTimeout)) return;
@@ -69,7 +69,7 @@ QString VirtualScreen::NewestOf(int windows) const {
     return found.last();
 }
 
-QSize VirtualScreen::SizeOf(const QString& window) const {
+QRect VirtualScreen::PlaceOf(const QString& window) const {
     QString text;
     Work({u"getwindowgeometry"_s, u"--shell"_s, window}, &text);
     const auto valueOf = [&text](const QString& name) {
@@ -77,7 +77,7 @@ QSize VirtualScreen::SizeOf(const QString& window) const {
             if (line.startsWith(name)) return line.sliced(name.size()).toInt();
         return 0;
     };
-    return {valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
+    return {valueOf(u"X="_s), valueOf(u"Y="_s), valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
 }
 
 // Retried until the focus is set: a window that is being remapped loses it, and no window manager restores it.

@@ -2,15 +2,16 @@
 
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QSize>
 #include <QString>
 #include <QStringList>
 
-/// A headless X server of 1152 x 864 pixels without a window manager for the programs that a test starts, with
+/// A headless X server without a window manager for the programs that a test starts, with
 /// simulated keyboard and mouse. Terminated with the object or the test's process.
 class VirtualScreen {
   public:
-    VirtualScreen();
+    explicit VirtualScreen(const QSize& size = {1152, 864});
     ~VirtualScreen();
 
     /// Name of the display, empty if the server could not be started.
@@ -18,8 +19,10 @@ class VirtualScreen {
 
     /// Waits until exactly `count` windows are shown and returns the last one; empty after a timeout.
     QString NewestOf(int windows) const;
+    /// Position and size of a window on the screen.
+    QRect PlaceOf(const QString& window) const;
     /// Width and height of a window.
-    QSize SizeOf(const QString& window) const;
+    QSize SizeOf(const QString& window) const { return PlaceOf(window).size(); }
     /// Presses keys in a window, by their X names ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;
