@@ -7,6 +7,8 @@
 #include <cmath>
 #include <optional>
 
+#include <xcb/xcb.h>
+
 namespace {
 
 constexpr const char* kScaleFactor = "QT_SCALE_FACTOR";
@@ -71,7 +73,9 @@ double ScaleToSuit(const ScreenMeasure& screen) {
     return std::max(std::floor(scale / kStep) * kStep, kSmallest);
 }
 
-ScreenScale::ScreenScale(const char* program) {
+// An X server without a desktop resets itself when its last client leaves. The connection keeps it from doing so
+// between the measurement and the real start.
+ScreenScale::ScreenScale(const char* program) : connection_(HasScreen() ? xcb_connect(nullptr, nullptr) : nullptr) {
     if (!HasScreen()) return;
     const ScreenMeasure screen = Measure(program);
     const double scale = screen.pixels.isEmpty() ? 0 : ScaleToSuit(screen);
@@ -83,6 +87,7 @@ ScreenScale::ScreenScale(const char* program) {
 }
 
 ScreenScale::~ScreenScale() {
+    if (connection_ != nullptr) xcb_disconnect(connection_);
     if (!changed_) return;
     if (before_.isNull())
         qunsetenv(kScaleFactor);

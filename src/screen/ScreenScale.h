@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QSize>
 
+struct xcb_connection_t;
+
 // The factor by which all windows of the suite are drawn larger or smaller, so that they suit the screen. It multiplies
 // Qt's own scale, so text and lines stay sharp.
 
@@ -40,6 +42,7 @@ class ScreenScale {
     ScreenScale& operator=(const ScreenScale&) = delete;
 
   private:
+    xcb_connection_t* connection_;
     QByteArray before_;
     bool changed_ = false;
 };

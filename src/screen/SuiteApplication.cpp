@@ -1,5 +1,7 @@
 #include "screen/SuiteApplication.h"
 
+#include <QFileInfo>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -36,6 +38,25 @@ class WaitWindow : public platform::WaitDialog {
 int& KeepArguments(int argc, char** argv) {
     platform::Services().system = std::make_unique<ScreenInformation>(argc, argv);
     return ToolkitStart::ArgumentCount(argc);
+}
+
+// Name of the desktop entry, which all programs share, and its StartupWMClass.
+constexpr const char* kDesktopEntry = "youin-meibo";
+
+/// Qt makes the window class of argv[0], and desktops find the entry of a window by it. The programs' file names are
+/// Japanese, which not every desktop reads in a window class.
+char** NameForDesktop() {
+    static QByteArray name(kDesktopEntry);
+    static char* arguments[] = {name.data(), nullptr};
+    return arguments;
+}
+
+void JoinDesktop(const char* program) {
+    QApplication::setApplicationName(QFileInfo(QString::fromLocal8Bit(program)).fileName());
+    QApplication::setDesktopFileName(QString::fromLatin1(kDesktopEntry));
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128}) icon.addFile(u":/icons/%1.png"_s.arg(size));
+    QApplication::setWindowIcon(icon);
 }
 
 QPalette BusinessPalette() {
@@ -84,8 +105,9 @@ struct SuiteApplication::Preparation {
 };
 
 SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Preparation> preparation)
-    : QApplication(KeepArguments(argc, argv), argv) {
+    : QApplication(KeepArguments(argc, argv), NameForDesktop()) {
     preparation.reset();
+    JoinDesktop(argc > 0 ? argv[0] : "");
     InstallWindowServices(platform::Services());
     setQuitOnLastWindowClosed(false);
     WatchCloseBoxes();

@@ -44,11 +44,11 @@ TEST(ScreenScale, LowScreensKeepSixRowsAndCutNothingOff) {
 }
 
 TEST(ScreenScale, RowCountIsThatOfTheDesktopsScale) {
-    EXPECT_EQ(Suits({1920, 1080}, 1.25), 1.25);    // 864 pixels: eight rows
-    EXPECT_EQ(Suits({1920, 1080}, 2), 1.4375);     // 540 pixels: six rows, as large as fits
-    EXPECT_EQ(Suits({1920, 1080}, 1.5), 1.4375);   // 720 pixels
-    EXPECT_EQ(Suits({3840, 2160}, 2), 2.5);        // 1080 pixels
-    EXPECT_EQ(Suits({2560, 1440}, 2), 1.9375);     // 720 pixels
+    EXPECT_EQ(Suits({1920, 1080}, 1.25), 1.25);   // 864 pixels: eight rows
+    EXPECT_EQ(Suits({1920, 1080}, 2), 1.4375);    // 540 pixels: six rows, as large as fits
+    EXPECT_EQ(Suits({1920, 1080}, 1.5), 1.4375);  // 720 pixels
+    EXPECT_EQ(Suits({3840, 2160}, 2), 2.5);       // 1080 pixels
+    EXPECT_EQ(Suits({2560, 1440}, 2), 1.9375);    // 720 pixels
 }
 
 TEST(ScreenScale, FactorOfTheUserIsOnlyMadeSmaller) {

@@ -80,6 +80,21 @@ QRect VirtualScreen::PlaceOf(const QString& window) const {
     return {valueOf(u"X="_s), valueOf(u"Y="_s), valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
 }
 
+QByteArray VirtualScreen::Property(const QString& window, const QByteArray& name) const {
+    constexpr uint32_t kWords = 1024;
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const auto cookie = xcb_get_property(connection, 0, window.toUInt(), AtomOf(connection, name),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, kWords);
+    xcb_get_property_reply_t* reply = xcb_get_property_reply(connection, cookie, nullptr);
+    QByteArray value;
+    if (reply != nullptr)
+        value =
+            QByteArray(static_cast<const char*>(xcb_get_property_value(reply)), xcb_get_property_value_length(reply));
+    std::free(reply);
+    xcb_disconnect(connection);
+    return value;
+}
+
 // Retried until the focus is set: a window that is being remapped loses it, and no window manager restores it.
 bool VirtualScreen::Focus(const QString& window) const {
     const QDeadlineTimer end(kTimeout);

@@ -23,6 +23,9 @@ class VirtualScreen {
     QRect PlaceOf(const QString& window) const;
     /// Width and height of a window.
     QSize SizeOf(const QString& window) const { return PlaceOf(window).size(); }
+    /// Value of a window's property by its X name ("WM_CLASS"); empty without one, or for one of more than 4 KiB its
+    /// beginning.
+    QByteArray Property(const QString& window, const QByteArray& name) const;
     /// Presses keys in a window, by their X names ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;
