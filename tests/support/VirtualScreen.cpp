@@ -95,6 +95,29 @@ QByteArray VirtualScreen::Property(const QString& window, const QByteArray& name
     return value;
 }
 
+QByteArray VirtualScreen::StartEnded(const std::function<void()>& start) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root,
+                                 XCB_CW_EVENT_MASK, &mask);
+    const xcb_atom_t begin = AtomOf(connection, "_NET_STARTUP_INFO_BEGIN"),
+                     more = AtomOf(connection, "_NET_STARTUP_INFO");
+    start();
+    QByteArray text;
+    // Messages of 20 bytes each; the last one contains a NUL.
+    for (const QDeadlineTimer end(kTimeout); !text.contains('\0') && !end.hasExpired(); QThread::msleep(10)) {
+        while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
+            const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event);
+            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
+                (message->type == begin || message->type == more))
+                text += QByteArray(reinterpret_cast<const char*>(message->data.data8), sizeof message->data.data8);
+            std::free(event);
+        }
+    }
+    xcb_disconnect(connection);
+    return text.constData();
+}
+
 // Retried until the focus is set: a window that is being remapped loses it, and no window manager restores it.
 bool VirtualScreen::Focus(const QString& window) const {
     const QDeadlineTimer end(kTimeout);

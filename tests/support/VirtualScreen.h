@@ -6,6 +6,7 @@
 #include <QSize>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 /// A headless X server without a window manager for the programs that a test starts, with
 /// simulated keyboard and mouse. Terminated with the object or the test's process.
@@ -26,6 +27,9 @@ class VirtualScreen {
     /// Value of a window's property by its X name ("WM_CLASS"); empty without one, or for one of more than 4 KiB its
     /// beginning.
     QByteArray Property(const QString& window, const QByteArray& name) const;
+    /// Text of the next "remove:" message of the startup notification, by which a program ends the busy cursor of its
+    /// start, sent while `start` runs or after it; empty after a timeout.
+    QByteArray StartEnded(const std::function<void()>& start) const;
     /// Presses keys in a window, by their X names ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;
