@@ -7,12 +7,12 @@
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffColumns.h"
 #include "screen/Form.h"
+#include "screen/ScreenScale.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFullScreenHeight = 864;  // pixels
 constexpr int kLowRows = 6;
 constexpr int kTabAllowance = 30;  // twips, border of the tab below the last row
 

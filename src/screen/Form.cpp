@@ -11,6 +11,8 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
+#include "screen/Accessibility.h"
+#include "screen/ScreenScale.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +42,7 @@ Form* LoadedForm(const QString& name) {
 
 Form::Form(QString name) : name_(std::move(name)) {
     setObjectName(name_);
+    InstallAccessibleForm();
     Watch(*this);
 }
 
@@ -102,19 +105,19 @@ Form* Form::OpenedFrom() const {
     return owner == this ? nullptr : owner;
 }
 
-/// Centred over the active window or the screen, the title bar always on the screen.
+/// Centred over the active window, on its screen, or on the primary screen; never partly outside the screen.
 void Form::PlaceOverOwner() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr) return;
-    const QRect area = screen->availableGeometry();
     const QWidget* active = QApplication::activeWindow();
     const QWidget* owner = active != nullptr ? active : OpenedFrom();
     const bool beside = owner != nullptr && owner != this && owner->isVisible();
+    const QScreen* screen = beside ? owner->screen() : QGuiApplication::primaryScreen();
+    if (screen == nullptr) return;
+    const QRect area = screen->availableGeometry();
     const QPoint middle = beside ? owner->frameGeometry().center() : area.center();
     const QSize framed = size() + QSize(kFrameWidth, kFrameHeight) / kTwipsPerPixel;
     const QPoint corner = middle - QPoint(width() / 2, framed.height() / 2);
-    const int right = qMax(area.left(), area.right() - framed.width());
-    const int bottom = qMax(area.top(), area.bottom() - framed.height());
+    const int right = qMax(area.left(), area.right() - (width() + kLargestFrame.width()));
+    const int bottom = qMax(area.top(), area.bottom() - (height() + kLargestFrame.height()));
     move(qBound(area.left(), corner.x(), right), qBound(area.top(), corner.y(), bottom));
 }
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QStringList>
 #include <algorithm>
+#include <cmath>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -74,21 +75,22 @@ void LabelItem::paintEvent(QPaintEvent*) {
     }
 }
 
+/// Lines of whole device pixels along the outer border. Lines of a logical pixel would be partly covered by the items
+/// on a panel where the screen's scale is fractional.
 void LabelItem::PaintEdge(QPainter& painter) const {
+    if (edge_ == Edge::None) return;
     const QPalette& colors = palette();
-    const int right = width() - 1;
-    const int bottom = height() - 1;
-    if (edge_ == Edge::Line || edge_ == Edge::Sunken) {
-        painter.setPen(colors.color(edge_ == Edge::Line ? QPalette::Mid : QPalette::Midlight));
-        painter.drawRect(0, 0, right, bottom);
-    } else if (edge_ == Edge::Raised) {
-        painter.setPen(colors.color(QPalette::Light));
-        painter.drawLine(0, 0, right, 0);
-        painter.drawLine(0, 0, 0, bottom);
-        painter.setPen(colors.color(QPalette::Dark));
-        painter.drawLine(0, bottom, right, bottom);
-        painter.drawLine(right, 0, right, bottom);
-    }
+    const double scale = painter.device()->devicePixelRatioF();
+    const double line = std::max(1.0, std::floor(scale)) / scale;
+    const bool raised = edge_ == Edge::Raised;
+    const QColor first = colors.color(raised                ? QPalette::Light
+                                      : edge_ == Edge::Line ? QPalette::Mid
+                                                            : QPalette::Midlight);
+    const QColor second = raised ? colors.color(QPalette::Dark) : first;
+    painter.fillRect(QRectF(0, 0, width(), line), first);
+    painter.fillRect(QRectF(0, 0, line, height()), first);
+    painter.fillRect(QRectF(0, height() - line, width(), line), second);
+    painter.fillRect(QRectF(width() - line, 0, line, height()), second);
 }
 
 void LabelItem::PaintLine(QPainter& painter, const QRect& area) const {

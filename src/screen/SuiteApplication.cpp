@@ -1,5 +1,7 @@
 #include "screen/SuiteApplication.h"
 
+#include <QFileInfo>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -8,7 +10,9 @@
 #include <QTranslator>
 
 #include "platform/Services.h"
+#include "platform/ToolkitStart.h"
 #include "screen/CloseBox.h"
+#include "screen/ScreenScale.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 
@@ -34,6 +38,25 @@ class WaitWindow : public platform::WaitDialog {
 int& KeepArguments(int argc, char** argv) {
     platform::Services().system = std::make_unique<ScreenInformation>(argc, argv);
     return ToolkitStart::ArgumentCount(argc);
+}
+
+// Name of the desktop entry, which all programs share, and its StartupWMClass.
+constexpr const char* kDesktopEntry = "youin-meibo";
+
+/// Qt makes the window class of argv[0], and desktops find the entry of a window by it. The programs' file names are
+/// Japanese, which not every desktop reads in a window class.
+char** NameForDesktop() {
+    static QByteArray name(kDesktopEntry);
+    static char* arguments[] = {name.data(), nullptr};
+    return arguments;
+}
+
+void JoinDesktop(const char* program) {
+    QApplication::setApplicationName(QFileInfo(QString::fromLocal8Bit(program)).fileName());
+    QApplication::setDesktopFileName(QString::fromLatin1(kDesktopEntry));
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128}) icon.addFile(u":/icons/%1.png"_s.arg(size));
+    QApplication::setWindowIcon(icon);
 }
 
 QPalette BusinessPalette() {
@@ -73,9 +96,18 @@ void InstallWindowServices(platform::ServiceSet& services) {
     services.waitDialog = std::make_unique<WaitWindow>();
 }
 
-SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start)
-    : QApplication(KeepArguments(argc, argv), argv) {
-    start.reset();
+/// What exists only while Qt starts.
+struct SuiteApplication::Preparation {
+    explicit Preparation(const char* program) : toolkit(program), scale(program) {}
+
+    ToolkitStart toolkit;  // first: the scale needs Qt as well
+    ScreenScale scale;
+};
+
+SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Preparation> preparation)
+    : QApplication(KeepArguments(argc, argv), NameForDesktop()) {
+    preparation.reset();
+    JoinDesktop(argc > 0 ? argv[0] : "");
     InstallWindowServices(platform::Services());
     setQuitOnLastWindowClosed(false);
     WatchCloseBoxes();
@@ -84,4 +116,4 @@ SuiteApplication::SuiteApplication(int argc, char** argv, std::unique_ptr<Toolki
 }
 
 SuiteApplication::SuiteApplication(int argc, char** argv)
-    : SuiteApplication(argc, argv, std::make_unique<ToolkitStart>(argc > 0 ? argv[0] : "")) {}
+    : SuiteApplication(argc, argv, std::make_unique<Preparation>(argc > 0 ? argv[0] : "")) {}

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "platform/Services.h"
-#include "platform/ToolkitStart.h"
 
 namespace platform {
 struct ServiceSet;
@@ -16,11 +15,13 @@ class SuiteApplication : public QApplication {
   public:
     /// Keeps the whole command line in Services().system; Qt gets only the program's name. Then sets up everything
     /// below and WatchCloseBoxes. If Qt cannot start, e.g. without a display, it prints the reason on standard error
-    /// and exits with status 1 (ToolkitStart).
+    /// and exits with status 1 (ToolkitStart). Windows are scaled to suit the screen (ScreenScale) and belong to the
+    /// desktop entry of the inquiry.
     SuiteApplication(int argc, char** argv);
 
   private:
-    SuiteApplication(int argc, char** argv, std::unique_ptr<ToolkitStart> start);
+    struct Preparation;
+    SuiteApplication(int argc, char** argv, std::unique_ptr<Preparation> preparation);
 };
 
 /// Sets services.dialogs and services.waitDialog to implementations with windows.

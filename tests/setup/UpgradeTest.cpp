@@ -230,7 +230,7 @@ TEST(MenuEntry, QuotesWhateverThePathHolds) {
               "[Desktop Entry]\nType=Application\nVersion=1.4\nName=要員名簿照会（名簿 100% $a`b）\n"
               "Comment=/srv/名簿 100% $a`b の要員名簿を照会します\nTryExec=/srv/名簿 100% $a`b/prgbin/要員名簿照会\n"
               "Exec=\"/srv/名簿 100%% \\\\$a\\\\`b/prgbin/要員名簿照会\"\nIcon=youin-meibo\nTerminal=false\n"
-              "Categories=Office;Database;\n");
+              "StartupNotify=true\nStartupWMClass=youin-meibo\nCategories=Office;Database;\n");
 }
 
 TEST_F(SuiteSetupUpgrade, EntersEachInstallationOnceInTheMenu) {

@@ -23,10 +23,10 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
 }
 }  // namespace
 
-VirtualScreen::VirtualScreen() {
+VirtualScreen::VirtualScreen(const QSize& size) {
     server_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
-    server_.start(u"Xvfb"_s,
-                  {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s, u"1152x864x24"_s});
+    server_.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s,
+                              u"%1x%2x24"_s.arg(size.width()).arg(size.height())});
     // The server writes the number of its display when it is ready.
     while (!server_.canReadLine())
         if (!server_.waitForReadyRead(kTimeout)) return;
@@ -34,8 +34,18 @@ VirtualScreen::VirtualScreen() {
 }
 
 VirtualScreen::~VirtualScreen() {
+    if (desktop_ != nullptr) xcb_disconnect(desktop_);
     server_.terminate();
     server_.waitForFinished();
+}
+
+void VirtualScreen::SetDpi(int dpi) {
+    if (desktop_ == nullptr) desktop_ = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const QByteArray resources = "Xft.dpi:\t" + QByteArray::number(dpi) + '\n';
+    xcb_change_property(desktop_, XCB_PROP_MODE_REPLACE, xcb_setup_roots_iterator(xcb_get_setup(desktop_)).data->root,
+                        XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8, static_cast<uint32_t>(resources.size()),
+                        resources.constData());
+    AtomOf(desktop_, "WM_PROTOCOLS");  // a round trip: the server has the property
 }
 
 bool VirtualScreen::Work(const QStringList& arguments, QString* output) const {
@@ -69,7 +79,7 @@ QString VirtualScreen::NewestOf(int windows) const {
     return found.last();
 }
 
-QSize VirtualScreen::SizeOf(const QString& window) const {
+QRect VirtualScreen::PlaceOf(const QString& window) const {
     QString text;
     Work({u"getwindowgeometry"_s, u"--shell"_s, window}, &text);
     const auto valueOf = [&text](const QString& name) {
@@ -77,7 +87,45 @@ QSize VirtualScreen::SizeOf(const QString& window) const {
             if (line.startsWith(name)) return line.sliced(name.size()).toInt();
         return 0;
     };
-    return {valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
+    return {valueOf(u"X="_s), valueOf(u"Y="_s), valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
+}
+
+QByteArray VirtualScreen::Property(const QString& window, const QByteArray& name) const {
+    constexpr uint32_t kWords = 1024;
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const auto cookie = xcb_get_property(connection, 0, window.toUInt(), AtomOf(connection, name),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, kWords);
+    xcb_get_property_reply_t* reply = xcb_get_property_reply(connection, cookie, nullptr);
+    QByteArray value;
+    if (reply != nullptr)
+        value =
+            QByteArray(static_cast<const char*>(xcb_get_property_value(reply)), xcb_get_property_value_length(reply));
+    std::free(reply);
+    xcb_disconnect(connection);
+    return value;
+}
+
+QByteArray VirtualScreen::StartEnded(const std::function<void()>& start) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(connection, xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root,
+                                 XCB_CW_EVENT_MASK, &mask);
+    const xcb_atom_t begin = AtomOf(connection, "_NET_STARTUP_INFO_BEGIN"),
+                     more = AtomOf(connection, "_NET_STARTUP_INFO");
+    start();
+    QByteArray text;
+    // Messages of 20 bytes each; the last one contains a NUL.
+    for (const QDeadlineTimer end(kTimeout); !text.contains('\0') && !end.hasExpired(); QThread::msleep(10)) {
+        while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
+            const auto* message = reinterpret_cast<const xcb_client_message_event_t*>(event);
+            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
+                (message->type == begin || message->type == more))
+                text += QByteArray(reinterpret_cast<const char*>(message->data.data8), sizeof message->data.data8);
+            std::free(event);
+        }
+    }
+    xcb_disconnect(connection);
+    return text.constData();
 }
 
 // Retried until the focus is set: a window that is being remapped loses it, and no window manager restores it.

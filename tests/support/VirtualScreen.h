@@ -2,24 +2,39 @@
 
 #include <QPoint>
 #include <QProcess>
+#include <QRect>
 #include <QSize>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
-/// A headless X server of 1152 x 864 pixels without a window manager for the programs that a test starts, with
+struct xcb_connection_t;
+
+/// A headless X server without a window manager for the programs that a test starts, with
 /// simulated keyboard and mouse. Terminated with the object or the test's process.
 class VirtualScreen {
   public:
-    VirtualScreen();
+    explicit VirtualScreen(const QSize& size = {1152, 864});
     ~VirtualScreen();
 
     /// Name of the display, empty if the server could not be started.
     const QString& Display() const { return display_; }
 
+    /// Scales the desktop for all programs started from now on: 96 is a factor of 1.
+    void SetDpi(int dpi);
+
     /// Waits until exactly `count` windows are shown and returns the last one; empty after a timeout.
     QString NewestOf(int windows) const;
+    /// Position and size of a window on the screen.
+    QRect PlaceOf(const QString& window) const;
     /// Width and height of a window.
-    QSize SizeOf(const QString& window) const;
+    QSize SizeOf(const QString& window) const { return PlaceOf(window).size(); }
+    /// Value of a window's property by its X name ("WM_CLASS"); empty without one, or for one of more than 4 KiB its
+    /// beginning.
+    QByteArray Property(const QString& window, const QByteArray& name) const;
+    /// Text of the next "remove:" message of the startup notification, by which a program ends the busy cursor of its
+    /// start, sent while `start` runs or after it; empty after a timeout.
+    QByteArray StartEnded(const std::function<void()>& start) const;
     /// Presses keys in a window, by their X names ("ctrl+a", "space").
     bool Press(const QString& window, const QStringList& keys) const;
     bool Type(const QString& window, const QString& text) const;
@@ -39,4 +54,5 @@ class VirtualScreen {
 
     QProcess server_;
     QString display_;
+    xcb_connection_t* desktop_ = nullptr;  ///< keeps the server's properties, which it forgets with its last client
 };

@@ -56,6 +56,8 @@ QByteArray MenuEntry(const QString& root) {
                             u"Exec="_s + Argument(program),
                             u"Icon=youin-meibo"_s,
                             u"Terminal=false"_s,
+                            u"StartupNotify=true"_s,
+                            u"StartupWMClass=youin-meibo"_s,
                             u"Categories=Office;Database;"_s};
     return (lines.join(u'\n') + u'\n').toUtf8();
 }
