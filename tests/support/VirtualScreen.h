@@ -28,6 +28,9 @@ class VirtualScreen {
     /// Sends what a window manager sends when the close box of a window is clicked.
     bool Close(const QString& window) const;
 
+    /// Waits until the program of a window has handled all input that was sent before; false after a timeout.
+    bool AwaitIdle(const QString& window) const;
+
     /// Requests closing a window as a click on its close box does when a window manager runs.
     bool PressCloseBox(const QString& window) const;
 
