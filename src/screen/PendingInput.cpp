@@ -149,8 +149,9 @@ class CloseDeferral : public QObject {
     CloseDeferral() { qApp->installEventFilter(this); }
     ~CloseDeferral() override {
         for (const QPointer<QWindow>& window : windows_)
-            if (window) QMetaObject::invokeMethod(
-                window, [close = window.data()] { close->close(); }, Qt::QueuedConnection);
+            if (window)
+                QMetaObject::invokeMethod(
+                    window, [close = window.data()] { close->close(); }, Qt::QueuedConnection);
     }
 
   protected:

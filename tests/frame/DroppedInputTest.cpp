@@ -42,8 +42,9 @@ class DroppedInput : public MainFormTest {
     QStringList History() const {
         QStringList rows;
         for (const QStringList& row :
-             SampleFile(UserConfiguration()).Rows(u"SELECT 摘要 FROM プログラム稼動履歴 WHERE プログラムID = '要員名簿照会'"
-                                                         u" ORDER BY proccounter"_s))
+             SampleFile(UserConfiguration())
+                 .Rows(u"SELECT 摘要 FROM プログラム稼動履歴 WHERE プログラムID = '要員名簿照会'"
+                       u" ORDER BY proccounter"_s))
             rows.append(row.first().section(u" SELECT"_s, 0, 0));
         return rows;
     }

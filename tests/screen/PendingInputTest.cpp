@@ -186,7 +186,8 @@ TEST_F(PendingInput, QueuedClickIsDroppedAndACloseBoxWorksAfterwards) {
     int closed = 0;
     form.Closing = [&] { ++closed; };
     QueueClick();
-    QMetaObject::invokeMethod(&form, [this] { form.close(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &form, [this] { form.close(); }, Qt::QueuedConnection);
     DropPendingInput();
     EXPECT_EQ(closed, 0) << "the caller has not returned to the event loop";
     QCoreApplication::processEvents();
