@@ -13,6 +13,7 @@
 
 #include <xcb/xcb.h>
 
+#include "platform/EndRequest.h"
 #include "screen/InputEvent.h"
 
 namespace {
@@ -202,6 +203,7 @@ void ProcessEventsWithoutInput() {
 }
 
 void DropPendingInput() {
+    if (platform::EndRequested()) platform::CarryOutEndRequest();
     const CloseDeferral closing;
     if (xcb_connection_t* connection = XConnection()) ReadEvents(*connection);
     // What was read last is in Qt's own queue.

@@ -19,6 +19,6 @@ class InputBlock {
 void ProcessEventsWithoutInput();
 
 /// Discards the input that has arrived while the program was busy and processed no events. On X11 the display server is
-/// asked first, since it may have input that Qt has not read. Clicks on close boxes take effect when the caller has
-/// returned to the event loop. To be called at the end of a job.
+/// asked first, since it may have input that Qt has not read. A request to end is carried out at once. Other clicks on
+/// close boxes take effect when the caller has returned to the event loop. To be called at the end of a job.
 void DropPendingInput();

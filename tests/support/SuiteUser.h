@@ -47,6 +47,9 @@ class SuiteUser {
     /// Closes it by the close box of its window, where Click has clicked before.
     void CloseProgram();
 
+    /// Waits until the program has ended. False if it crashed.
+    bool EndsInOrder();
+
     QString Name() const { return name_; }
     /// The display with simulated keyboard and mouse.
     const VirtualScreen& Screen() const { return screen_; }

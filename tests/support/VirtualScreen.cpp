@@ -130,6 +130,20 @@ bool VirtualScreen::Click(const QString& window, const QPoint& place) const {
                                   QString::number(place.y()), u"click"_s, u"1"_s});
 }
 
+bool VirtualScreen::MoveAndResize(const QString& window, const QPoint& place, const QSize& size) const {
+    return Work({u"windowmove"_s, window, QString::number(place.x()), QString::number(place.y())}) &&
+           Work({u"windowsize"_s, window, QString::number(size.width()), QString::number(size.height())});
+}
+
+bool VirtualScreen::BreakConnection(const QString& window) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    xcb_generic_error_t* error = xcb_request_check(connection, xcb_kill_client_checked(connection, window.toUInt()));
+    const bool broken = error == nullptr && xcb_connection_has_error(connection) == 0;
+    std::free(error);
+    xcb_disconnect(connection);
+    return broken;
+}
+
 bool VirtualScreen::PressCloseBox(const QString& window) const {
     xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
     const bool sent = SendProtocol(connection, window, "WM_DELETE_WINDOW");
