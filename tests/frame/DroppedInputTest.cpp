@@ -30,7 +30,7 @@ class DroppedInput : public MainFormTest {
         user.AwaitList();
         Start({}, kScreenHeight);
         for (const QString& name : {u"btn_集計検索"_s, u"btn_画面クリア"_s, u"btn_印刷"_s, u"btn_プレビュ"_s,
-                                    u"btn_テキスト出力"_s, u"btn_封筒"_s, u"検索名称"_s})
+                                    u"btn_テキスト出力"_s, u"btn_封筒"_s, u"検索名称"_s, u"開始部門コード"_s})
             places_.insert(name, CentreOf(Item(name).FocusWidget()));
         places_.insert(u"担当者名"_s, CentreOf(Item(u"担当者名"_s, 1).FocusWidget()));
         before_ = History();
@@ -150,4 +150,21 @@ TEST_F(DroppedInput, HammeringWhileARowIsReadAgainRunsNothingElse) {
     ASSERT_NO_FATAL_FAILURE(Hammer());
     lock.Run(u"COMMIT"_s);
     ExpectHistory({u"出力終了"_s});
+}
+
+// The keys arrive before the list window does, so they must neither choose a row nor close it.
+TEST_F(DroppedInput, HammeringWhileAListWindowLoadsRunsNothingElse) {
+    Click(u"開始部門コード"_s);
+    ASSERT_TRUE(user.Screen().AwaitIdle(user.Window()));
+    OtherProgram lock(suite.General().Path());
+    lock.Run(u"BEGIN EXCLUSIVE"_s);
+    ASSERT_TRUE(user.Screen().Press(user.Window(), {u"Control_L"_s}));
+    ASSERT_NO_FATAL_FAILURE(Hammer());
+    ASSERT_TRUE(user.Screen().Press(user.Window(), {u"Down"_s, u"Return"_s, u"Escape"_s}));
+    lock.Run(u"COMMIT"_s);
+    const QString list = user.Screen().NewestOf(2);
+    ASSERT_TRUE(user.Screen().AwaitIdle(user.Window()));
+    ASSERT_EQ(user.Screen().NewestOf(2), list);
+    ASSERT_TRUE(user.Screen().PressCloseBox(list));
+    ExpectHistory({});
 }
