@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QtTest/QTest>
+#include <stdexcept>
 
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
@@ -172,4 +174,55 @@ TEST_F(WindowManager, BrokenConnectionOfTheRegistrationAnswersTheInquiry) {
     // The row is read again.
     EXPECT_TRUE(QTest::qWaitFor([&] { return History() == before + QStringList{u"出力終了"_s}; }, kTimeout));
     EXPECT_EQ(LinkRows(Configuration()), QList<QStringList>());
+}
+
+namespace {
+
+/// The real program, started by a user who must enter a PIN first.
+class WindowManagerAtPin : public testing::Test {
+  protected:
+    WindowManagerAtPin() {
+        suite.General().Execute(u"UPDATE Mユーザ SET 暗証番号有無 = '1'; UPDATE M事業所 SET 暗証番号有無 = '1'"_s);
+        SampleFile(suite.Root() + u"/conf/usrcnfg.accdb"_s)
+            .Execute(u"UPDATE 動作環境定義 SET 起動担当者コード = NULL"_s);
+        user.StartProgram({});
+        // The first start shows the wait dialog while it copies the user's files.
+        if (!QTest::qWaitFor([this] { return History() == QList<QStringList>{{u"開始 "_s}}; }, kTimeout))
+            throw std::runtime_error("the program does not start");
+        dialog = user.Screen().NewestOf(1);
+    }
+    QList<QStringList> History() const {
+        const SampleFile configuration = user.Own(u"conf/usrcnfg.accdb"_s);
+        if (!QFile::exists(configuration.Path())) return {};
+        return configuration.Rows(u"SELECT 摘要 FROM プログラム稼動履歴 ORDER BY proccounter"_s);
+    }
+    void ExpectEndOfStart() {
+        EXPECT_TRUE(user.EndsInOrder());
+        EXPECT_EQ(History(), (QList<QStringList>{{u"開始 "_s}, {u"終了"_s}}));
+    }
+
+    const SharedSuite suite{3};
+    SuiteUser user{suite, SuiteUser::Who::Runner};
+    QString dialog;
+};
+
+}  // namespace
+
+TEST_F(WindowManagerAtPin, MovedResizedAndClosedDialogRefusesTheStart) {
+    const QSize size = user.Screen().SizeOf(dialog);
+    for (const QSize& other : {QSize(1, 1), QSize(3000, 2000), size})
+        ASSERT_TRUE(user.Screen().MoveAndResize(dialog, {7, 11}, other));
+    ASSERT_TRUE(user.Screen().AwaitIdle(dialog));
+    ASSERT_TRUE(user.Screen().PressCloseBox(dialog));
+    QString message;
+    const auto shown = [&] { return (message = user.Screen().NewestOf(1)) != dialog; };
+    ASSERT_TRUE(QTest::qWaitFor(shown, kTimeout));
+    ASSERT_TRUE(user.Screen().Press(message, {u"Return"_s}));
+    ExpectEndOfStart();
+}
+
+TEST_F(WindowManagerAtPin, BrokenConnectionToTheDisplayEndsTheProgramInOrder) {
+    ASSERT_TRUE(user.Screen().AwaitIdle(dialog));
+    ASSERT_TRUE(user.Screen().BreakConnection(dialog));
+    ExpectEndOfStart();
 }
