@@ -63,7 +63,9 @@ DesktopFile FindDesktopFile(const QString& folder, const QString& name) {
     return {};
 }
 
-FileKind KindOfDesktopFile(const QString& path) { return path.endsWith(kMdbSuffix) ? FileKind::Mdb : FileKind::Accdb; }
+FileKind KindOfDesktopFile(const QString& path) {
+    return path.endsWith(kMdbSuffix, Qt::CaseInsensitive) ? FileKind::Mdb : FileKind::Accdb;
+}
 
 bool FileExistsCheck(const QString& path) { return platform::Services().files->FileExists(path); }
 

@@ -10,6 +10,7 @@
 #include "mainform/frm要員名簿照会.h"
 #include "output/Outputs.h"
 #include "platform/Services.h"
+#include "screen/PendingInput.h"
 #include "screen/modクライアント処理.h"
 #include "screen/modマニュアル.h"
 #include "screen/msgお待ち.h"
@@ -97,6 +98,7 @@ void frm要員名簿照会::Search() {
     RefreshScreen();
     SetupScrollBar();
     UnloadWaitDialog();
+    DropPendingInput();
     MoveFocus(*Globals().FirstHeadItem);
 }
 
@@ -109,7 +111,10 @@ void frm要員名簿照会::Clear() {
 }
 
 void frm要員名簿照会::Output(Operation operation, const QString& question, const std::function<void()>& action) {
-    if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) action();
+    if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) {
+        action();
+        DropPendingInput();
+    }
     MoveFocus(*Globals().LastHeadItem);
 }
 
@@ -119,6 +124,7 @@ void frm要員名簿照会::OutputText() {
         const QString programFolder = platform::Services().system->ApplicationFolder();
         AskAndOutputText();
         QDir::setCurrent(programFolder);
+        DropPendingInput();
     }
     MoveFocus(*Globals().LastHeadItem);
 }

@@ -5,6 +5,7 @@
 #include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
 #include "platform/Services.h"
+#include "screen/PendingInput.h"
 
 using namespace Qt::StringLiterals;
 
@@ -93,4 +94,5 @@ void frm要員名簿照会::LaunchRow(int position) {
     platform::ProcessEvents();
     LaunchStaffRegistration(position);
     paint(kept);
+    DropPendingInput();
 }

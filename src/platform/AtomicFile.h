@@ -38,6 +38,8 @@ class AtomicFile {
     QString ErrorText() const { return error_.isEmpty() ? file_.errorString() : error_; }
 
   private:
+    friend bool ReplaceByCopy(const QString& source, AtomicFile& target, QFileDevice::Permissions permissions);
+    /// Sets the error text. Always false.
     bool Fail(const QString& reason);
 
     QSaveFile file_;
@@ -49,8 +51,8 @@ class AtomicFile {
 /// old file is unchanged, except as for Commit.
 bool ReplaceFile(const QString& path, QByteArrayView content, QString& error);
 /// Copies the bytes of a regular file into `target` (not opened yet) and commits it, with `permissions` unless empty.
-/// On failure false, and the target file is unchanged, except as for Commit. If the source cannot be read or is not a
-/// regular file, target.ErrorText() does not have the reason.
+/// On failure false, and the target file is unchanged, except as for Commit; target.ErrorText() has the
+/// reason.
 bool ReplaceByCopy(const QString& source, AtomicFile& target, QFileDevice::Permissions permissions = {});
 
 /// fsync on an open file. False on failure: a file system with delayed allocation reports a full disk only here. True

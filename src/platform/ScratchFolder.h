@@ -19,7 +19,7 @@ class ScratchFolder {
 
     /// False if it could not be created; see Error.
     bool IsValid() const { return lock_ >= 0; }
-    /// The system's error text; empty if the folder was created.
+    /// The system's error text or a Japanese sentence; empty if the folder was created.
     QString Error() const { return error_; }
     /// Path of a file in the folder.
     QString FilePath(const QString& name) const { return path_ + u'/' + name; }

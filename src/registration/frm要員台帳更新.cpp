@@ -9,6 +9,7 @@
 #include "globals/ProgramGlobals.h"
 #include "platform/Services.h"
 #include "registration/StaffChecks.h"
+#include "screen/PendingInput.h"
 #include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
@@ -139,12 +140,14 @@ void frm要員台帳更新::Save() {
     const StaffValues entered = Entered();
     if (ShowFirstError(entered) || !IsPermitted(Operation::Change)) return;
     Conclude(store_.Save(record_, entered), u"データベースに問題が発生し修正できませんでした。"_s);
+    DropPendingInput();
 }
 
 void frm要員台帳更新::Delete() {
     const QString question = u"担当者コード %1 %2 を削除しますか?"_s.arg(record_.担当者コード, record_.values.front());
     if (!IsPermitted(Operation::Delete) || !platform::Services().dialogs->Confirm(question)) return;
     Conclude(store_.Delete(record_), u"データベースに問題が発生し削除できませんでした。"_s);
+    DropPendingInput();
 }
 
 void frm要員台帳更新::Conclude(StoreOutcome outcome, const QString& failure) {

@@ -3,6 +3,7 @@
 #include <QAbstractNativeEventFilter>
 #include <QGuiApplication>
 #include <QLibrary>
+#include <QThread>
 #include <QWindow>
 #include <atomic>
 #include <cstdlib>
@@ -15,12 +16,18 @@
 // a statement runs, because handlers would run inside it. A second X connection does not receive WM_DELETE_WINDOW, and
 // Qt's queue is private. Therefore the two libxcb functions called by that thread are interposed: the definitions below
 // precede the library's in symbol lookup, inspect each event and pass it on.
+//
+// When the connection to the display breaks, Qt calls exit() as soon as it notices, and the program could neither write
+// its last rows nor answer the program that started it. Therefore Qt learns of it after the program's own end.
 
 namespace {
 
 std::atomic<xcb_atom_t> g_protocols = XCB_ATOM_NONE;
 std::atomic<xcb_atom_t> g_deleteWindow = XCB_ATOM_NONE;
 std::atomic<xcb_window_t> g_pending = XCB_WINDOW_NONE;
+std::atomic<bool> g_displayLost = false;
+
+constexpr unsigned long kTimeToEnd = 10;  // seconds
 
 xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<uint16_t>(name.size()), name.constData());
@@ -83,6 +90,16 @@ class CloseBoxRequests : public platform::EndSource {
     }
 };
 
+/// Ends the program as a termination signal does. Called in the thread in which Qt reads events.
+void EndWithoutDisplay() {
+    g_displayLost = true;
+    platform::RequestEnd();
+    QMetaObject::invokeMethod(qApp, platform::CarryOutEndRequest, Qt::QueuedConnection);
+    // Usually the process ends meanwhile.
+    QThread::sleep(kTimeToEnd);
+    g_displayLost = false;
+}
+
 /// The library's own definition of a function that is interposed here.
 template <typename Function>
 Function* LibraryFunction(const char* name) {
@@ -95,7 +112,14 @@ extern "C" {
 
 xcb_generic_event_t* xcb_wait_for_event(xcb_connection_t* connection) {
     static const auto library = LibraryFunction<decltype(xcb_wait_for_event)>("xcb_wait_for_event");
-    return Noted(library(connection));
+    xcb_generic_event_t* event = library(connection);
+    if (event == nullptr && g_deleteWindow != XCB_ATOM_NONE) EndWithoutDisplay();
+    return Noted(event);
+}
+
+int xcb_connection_has_error(xcb_connection_t* connection) {
+    static const auto library = LibraryFunction<decltype(xcb_connection_has_error)>("xcb_connection_has_error");
+    return g_displayLost ? 0 : library(connection);
 }
 
 xcb_generic_event_t* xcb_poll_for_queued_event(xcb_connection_t* connection) {

@@ -6,6 +6,7 @@
 
 #include "platform/RuntimeError.h"
 #include "screen/Form.h"
+#include "screen/PendingInput.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +38,7 @@ void Control::SetVisible(bool visible) {
 void Control::SetFocus() { form_.SetFocus(*this); }
 
 void Control::EmitByUser(const std::function<void()>& event) {
+    if (InputBlock::Exists()) return;  // a screen reader's press is no input event
     form_.FlushFocus();
     if (!event || !form_.TakesInput(*this)) return;
     Form::RunEvent(event);

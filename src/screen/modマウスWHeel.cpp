@@ -3,7 +3,9 @@
 #include <QPointer>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
+#include <utility>
 
 #include "screen/Form.h"
 
@@ -11,9 +13,29 @@ namespace {
 
 constexpr int kWordDigits = 4;  // of a hexadecimal text
 
-quint32 MessageOf(const QWheelEvent& event) {
-    return static_cast<quint32>(static_cast<quint16>(event.angleDelta().y())) << 16;
-}
+constexpr int kMessageAngle = 120;  // of a wheel with notches, in eighths of a degree
+constexpr quint64 kRestTime = 500;  // milliseconds
+
+quint32 MessageOf(int angle) { return static_cast<quint32>(static_cast<quint16>(angle)) << 16; }
+
+/// Gathers the small turns of touchpads to the angle of one message. A turn of that angle or more is one message.
+class TurnGatherer {
+  public:
+    /// The angle of the message that the turn completes; 0 if more turns are needed.
+    int Add(int angle, quint64 time) {
+        const bool continues = time - std::exchange(time_, time) <= kRestTime && (rest_ < 0) == (angle < 0);
+        if (!continues) rest_ = 0;
+        const int gathered = std::exchange(rest_, 0) + angle;
+        if (std::abs(angle) >= kMessageAngle) return angle;
+        rest_ = gathered % kMessageAngle;
+        return gathered - rest_;
+    }
+    void Reset() { rest_ = 0; }
+
+  private:
+    int rest_ = 0;
+    quint64 time_ = 0;  ///< of the last turn
+};
 
 class WheelHook : public QObject {
   public:
@@ -24,21 +46,27 @@ class WheelHook : public QObject {
 
   protected:
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::Wheel) return false;
-        const auto& wheel = static_cast<const QWheelEvent&>(*event);
-        // Horizontal scrolling is no wheel message.
-        if (wheel.angleDelta().y() == 0 || !form_.Enabled() || barWidget_.isNull()) return false;
-        try {
-            Scroll(WheelDelta(MessageOf(wheel)));
-        } catch (const std::exception&) {
-            // Errors of the bar's handlers are ignored; the message is passed on.
-        }
+        // The next turn may be one over another window.
+        if (event->type() == QEvent::Leave || event->type() == QEvent::WindowDeactivate) turns_.Reset();
+        if (event->type() == QEvent::Wheel) Turn(static_cast<const QWheelEvent&>(*event));
         return false;
     }
 
   private:
+    void Turn(const QWheelEvent& wheel) {
+        const int angle = wheel.angleDelta().y();
+        if (angle == 0) return;  // horizontal scrolling is no wheel message
+        if (!form_.Enabled() || barWidget_.isNull() || !bar_.Enabled()) return turns_.Reset();
+        const int message = turns_.Add(angle, wheel.timestamp());
+        if (message == 0) return;
+        try {
+            Scroll(WheelDelta(MessageOf(message)));
+        } catch (const std::exception&) {
+            // Errors of the bar's handlers are ignored; the message is passed on.
+        }
+    }
+
     void Scroll(int delta) {
-        if (!bar_.Enabled()) return;
         const int wanted = delta < 0 ? bar_.Value() + step_ : bar_.Value() - step_;
         const auto [low, high] = std::minmax({bar_.MinValue(), bar_.MaxValue()});
         bar_.SetValue(std::clamp(wanted, low, high));
@@ -48,6 +76,7 @@ class WheelHook : public QObject {
     QPointer<QWidget> barWidget_;  // null once the bar is destroyed
     Control& bar_;
     int step_;
+    TurnGatherer turns_;
 };
 
 /// The hook belongs to its form and is null after the form has been destroyed.

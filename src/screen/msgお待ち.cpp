@@ -8,6 +8,7 @@
 
 #include "platform/Services.h"
 #include "screen/Labels.h"
+#include "screen/PendingInput.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
@@ -74,6 +75,7 @@ void SetWindowTop(QWidget& window) { window.raise(); }
 void ShowWaitDialog() {
     msgお待ち* dialog = Dialog() != nullptr ? Dialog() : new msgお待ち;
     dialog->ShowModeless();
+    const InputBlock block;  // a second click must not start the job inside itself
     platform::ProcessEvents();
     PaintNow(Dialog());
 }

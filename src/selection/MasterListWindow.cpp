@@ -5,6 +5,7 @@
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
 #include "platform/RuntimeError.h"
+#include "screen/PendingInput.h"
 #include "screen/PlainControls.h"
 #include "selection/ConditionStrings.h"
 #include "selection/ListWindowLayout.h"
@@ -84,6 +85,7 @@ void MasterListWindow::ConnectStatus() {
     // Despite its caption it clears nothing: it applies a changed status.
     Item(u"btn_画面クリア"_s).Click = [this] {
         LoadMasterList();
+        DropPendingInput();
         List().SetFocus();
     };
 }

@@ -4,6 +4,7 @@
 
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "screen/PendingInput.h"
 #include "screen/PlainControls.h"
 #include "selection/ConditionStrings.h"
 #include "selection/MasterListWindow.h"
@@ -153,6 +154,7 @@ void StaffListWindow::Search(int kind) {
     for (const ItemSearch& search : ItemSearches()) Item(search.item).LostFocus();
     searchKind_ = kind;
     LoadStaffList();
+    DropPendingInput();
     List().SetFocus();
 }
 
@@ -162,6 +164,7 @@ void StaffListWindow::ClearConditions() {
     ReadConditionIntoItems();
     ShowConditionItems();
     LoadStaffList();
+    DropPendingInput();
     List().SetFocus();
 }
 

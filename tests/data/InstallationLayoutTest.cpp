@@ -170,3 +170,10 @@ TEST_F(InstallationLayoutOf, ACopyOverwritesAndAFailureIsOnlyAResult) {
     EXPECT_FALSE(FileExistsCheck(installation.Root()));
     EXPECT_TRUE(services.dialogs.shown.isEmpty());
 }
+
+TEST(DesktopFiles, KindFollowsTheSuffixInAnyCase) {
+    for (const QString& file : {u"/data/gnrdb.mdb"_s, u"/data/GNRDB.MDB"_s, u"gnrdb.Mdb"_s})
+        EXPECT_EQ(KindOfDesktopFile(file), FileKind::Mdb) << file.toStdString();
+    for (const QString& file : {u"/data/gnrdb.accdb"_s, u"/data/GNRDB.ACCDB"_s, u"mdb"_s})
+        EXPECT_EQ(KindOfDesktopFile(file), FileKind::Accdb) << file.toStdString();
+}

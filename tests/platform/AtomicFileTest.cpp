@@ -192,3 +192,14 @@ TEST_F(AtomicFileTest, ContentsAreTheSameOnlyByteForByte) {
     }
     EXPECT_FALSE(platform::SameContent(Path(u"a"_s), Path(u"none"_s)));
 }
+
+TEST_F(AtomicFileTest, CopyOfASourceThatCannotBeReadHasItsReason) {
+    const QList<std::pair<QString, QString>> reasons = {{Path(u"missing"_s), u"%1 がありません。"_s},
+                                                        {folder.path(), u"%1 はファイルではありません。"_s}};
+    for (const auto& [source, reason] : reasons) {
+        AtomicFile target(Path());
+        EXPECT_FALSE(platform::ReplaceByCopy(source, target));
+        EXPECT_EQ(target.ErrorText(), reason.arg(source));
+    }
+    EXPECT_EQ(Names(), QStringList());
+}

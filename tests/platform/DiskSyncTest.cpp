@@ -73,6 +73,20 @@ TEST_F(DiskSync, TheWholeContentIsOnTheDiskBeforeItHasTheNameAndTheNameBeforeThe
     EXPECT_EQ(steps, (QStringList{u"new, target: old"_s, u"folder, target: new"_s}));
 }
 
+TEST_F(DiskSync, TheFolderOfALinksTargetIsSynced) {
+    QDir(folder.path()).mkdir(u"links"_s);
+    const QString link = folder.filePath(u"links/link"_s);
+    ASSERT_TRUE(QFile::link(Target(), link));
+    QStringList folders;
+    onSync = [&](const QString& open) {
+        if (IsFolder(open)) folders.append(QFileInfo(open).canonicalFilePath());
+        return 0;
+    };
+    EXPECT_TRUE(platform::ReplaceFile(link, "new", error));
+    EXPECT_EQ(folders, QStringList{QFileInfo(folder.path()).canonicalFilePath()});
+    EXPECT_EQ(ReadBytes(Target()), "new");
+}
+
 TEST_F(DiskSync, AFailureForTheFileLeavesTheOldOneAndNothingBesideIt) {
     EXPECT_FALSE(ReplaceWith(EIO, 0));
     EXPECT_EQ(error, u"ディスクに書き込めません。"_s);

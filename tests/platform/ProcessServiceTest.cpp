@@ -5,6 +5,9 @@
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+#include <cerrno>
 #include <csignal>
 
 #include "platform/ProcessService.h"
@@ -13,6 +16,21 @@
 
 using namespace Qt::StringLiterals;
 using namespace platform;
+
+namespace {
+
+enum class Signals { Delivered, Refused, Ineffective };
+Signals g_signals = Signals::Delivered;
+
+}  // namespace
+
+/// Takes the place of the C library's function in this program.
+extern "C" int pidfd_send_signal(int process, int signal, siginfo_t* information, unsigned flags) {
+    if (g_signals == Signals::Delivered)
+        return static_cast<int>(::syscall(SYS_pidfd_send_signal, process, signal, information, flags));
+    errno = EPERM;
+    return g_signals == Signals::Refused ? -1 : 0;
+}
 
 namespace {
 
@@ -111,6 +129,20 @@ TEST_F(ProcessServiceTest, KilledProcessIsGoneAndReaped) {
     EXPECT_TRUE(processes.CloseHandle(handle));
     EXPECT_FALSE(processes.CloseHandle(handle));
     EXPECT_FALSE(processes.TerminateProcess(handle, 0));
+}
+
+// A process of another user, and one that is blocked in the kernel.
+TEST_F(ProcessServiceTest, ProcessThatDoesNotEndIsReportedAndNotAwaitedForEver) {
+    const quint32 id = processes.StartHidden(Program(kStay), {});
+    const quint32 handle = processes.OpenProcess(0x100001, false, id);
+    for (const Signals signals : {Signals::Refused, Signals::Ineffective}) {
+        g_signals = signals;
+        EXPECT_FALSE(processes.TerminateProcess(handle, 0));
+        g_signals = Signals::Delivered;
+        EXPECT_TRUE(Runs(id));
+    }
+    EXPECT_TRUE(processes.TerminateProcess(handle, 0));
+    processes.CloseHandle(handle);
 }
 
 TEST_F(ProcessServiceTest, ProcessIdIsNoHandle) {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include <QTemporaryDir>
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 #include "platform/FileRights.h"
@@ -22,6 +24,21 @@
 using namespace Qt::StringLiterals;
 using platform::ScratchFolder;
 using platform::ScratchLeftover;
+
+namespace {
+
+/// Called with the link of the locked file below /proc after each successful lock.
+std::function<void(const QString& open)> onLock;
+
+}  // namespace
+
+/// Takes the place of the C library's flock in this program; under that name it would hide the structure.
+extern "C" int WatchedFlock(int descriptor, int operation) __asm__("flock");
+extern "C" int WatchedFlock(int descriptor, int operation) {
+    const int result = static_cast<int>(::syscall(SYS_flock, descriptor, operation));
+    if (result == 0 && onLock) onLock(u"/proc/self/fd/%1"_s.arg(descriptor));
+    return result;
+}
 
 namespace {
 
@@ -54,6 +71,21 @@ class ScratchFolders : public testing::Test {
 };
 
 }  // namespace
+
+// The cleanup of another process takes a new folder for a leftover.
+TEST_F(ScratchFolders, FolderThatIsRemovedAtEachAttemptIsAnErrorWithItsReason) {
+    int attempts = 0;
+    onLock = [&](const QString& open) {
+        ++attempts;
+        QFile::remove(QFile::symLinkTarget(open));
+    };
+    const ScratchFolder work(parent.path(), kPrefix);
+    onLock = nullptr;
+    EXPECT_FALSE(work.IsValid());
+    EXPECT_EQ(attempts, 10);
+    EXPECT_EQ(work.Error(), u"フォルダが作成の途中で削除されました。"_s);
+    EXPECT_EQ(Entries(), QStringList());
+}
 
 TEST_F(ScratchFolders, AreForTheirUserAloneAndGoWithTheirObject) {
     {

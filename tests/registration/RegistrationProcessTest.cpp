@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "registration/RegistrationFixture.h"
+#include "support/OtherProgram.h"
 #include "support/VirtualScreen.h"
 #include "text/TimeStamp.h"
 
@@ -102,3 +103,29 @@ TEST_F(RegistrationProcess, NeedsLessThanSixtyMebibytesAfterTheStart) {
     EXPECT_LT(resident, 60);
 }
 #endif
+
+// Enter on the box would discard the clerk's input, or close a message that the clerk has not read.
+TEST_F(RegistrationProcess, KeysThatArriveDuringASaveDoNotAnswerItsQuestion) {
+    const VirtualScreen screen;
+    ASSERT_FALSE(screen.Display().isEmpty());
+    RunOn(u"xcb"_s, screen.Display());
+    LeaveStartMessage(u"00000007"_s, TimeStamp(QDateTime::currentDateTime()));
+    process.start(program, {u"00000007"_s});
+    const QString window = screen.NewestOf(1);
+    OtherProgram other(installation.General().Path());
+    other.Run(u"BEGIN IMMEDIATE; UPDATE M担当者 SET 電話 = '06-5555-0200' WHERE コード = '00007'"_s);
+    // Backwards from the first item: 終了, 削除, 保存.
+    ASSERT_TRUE(screen.Press(window, {u"ctrl+a"_s}) && screen.Type(window, u"Tanaka Ichiro"_s) &&
+                screen.Press(window, {u"shift+Tab"_s, u"shift+Tab"_s, u"shift+Tab"_s, u"space"_s}) &&
+                screen.Press(window, {u"Return"_s, u"y"_s, u"space"_s, u"Escape"_s, u"Return"_s}));
+    other.Run(u"COMMIT"_s);
+    const QString question = screen.NewestOf(2);
+    ASSERT_TRUE(screen.AwaitIdle(window));
+    EXPECT_EQ(screen.NewestOf(2), question);
+    EXPECT_EQ(Stored(u"氏名"_s), u"山田　太郎"_s);
+    // The box closes and the window stays: the keys had no other effect either.
+    ASSERT_TRUE(screen.Press(question, {u"Escape"_s}));
+    EXPECT_EQ(screen.NewestOf(1), window);
+    ASSERT_TRUE(screen.AwaitIdle(window));
+    EXPECT_EQ(screen.NewestOf(1), window);
+}

@@ -13,6 +13,7 @@ namespace {
 
 constexpr QPoint kTowardsUser(0, -120);
 constexpr QPoint kAway(0, 120);
+constexpr quint64 kNow = 5000;  // milliseconds, time stamps of the events
 
 /// Counts the wheel events that reach the form after the hook.
 class CountingForm : public Form {
@@ -54,6 +55,17 @@ class WheelHook : public ScreenTest {
         ASSERT_TRUE(InstallWheelHook(form, bar, 8));
     }
     void TearDown() override { RemoveWheelHook(); }
+
+    /// Sends one of the many events of a touchpad, which reports a wheel turn in small parts.
+    static void Swipe(QWidget& widget, int angle, quint64 time = kNow) {
+        const QPointF middle = widget.rect().center();
+        QWheelEvent event(middle, widget.mapToGlobal(middle), QPoint(), QPoint(0, angle), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        event.setTimestamp(time);
+        // Qt propagates a wheel event to parent widgets only if it comes from the window system.
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(&widget, &event);
+    }
 };
 
 TEST_F(WheelHook, ScrollsByOnePageInEachDirection) {
@@ -90,6 +102,71 @@ TEST_F(WheelHook, NearTheEndItStopsAtMax) {
 TEST_F(WheelHook, FastTurnMovesOneStepAndNotTwo) {
     Wheel(form, QPoint(0, -240));
     EXPECT_EQ(changes, QList<int>{8});
+}
+
+TEST_F(WheelHook, SmallTurnsAreGatheredToOneMessage) {
+    for (int i = 0; i < 7; ++i) Swipe(form, -15, kNow + 10 * static_cast<quint64>(i));
+    EXPECT_TRUE(changes.isEmpty());
+    Swipe(form, -15, kNow + 70);
+    EXPECT_EQ(changes, QList<int>{8});
+    EXPECT_EQ(form.wheels, 8) << "each event is passed on";
+}
+
+TEST_F(WheelHook, RestOfAGatheredTurnCountsForTheNextMessage) {
+    for (int i = 0; i < 3; ++i) Swipe(item, -50);
+    EXPECT_EQ(changes, QList<int>{8});
+    Swipe(item, -50);
+    EXPECT_EQ(changes, QList<int>{8});
+    Swipe(item, -50);
+    EXPECT_EQ(changes, (QList<int>{8, 16}));
+}
+
+TEST_F(WheelHook, ChangeOfDirectionStartsFromZero) {
+    bar.SetValue(8);
+    changes.clear();
+    Swipe(form, -110);
+    Swipe(form, 110);
+    Swipe(form, -110);
+    EXPECT_TRUE(changes.isEmpty());
+    Swipe(form, -10);
+    EXPECT_EQ(changes, QList<int>{16});
+}
+
+TEST_F(WheelHook, RestOlderThanHalfASecondDoesNotCount) {
+    Swipe(form, -119);
+    Swipe(form, -119, kNow + 501);
+    EXPECT_TRUE(changes.isEmpty());
+    Swipe(form, -1, kNow + 1001);
+    EXPECT_EQ(changes, QList<int>{8});
+}
+
+TEST_F(WheelHook, WholeTurnLeavesNoRest) {
+    Swipe(form, -30);
+    Swipe(form, -240);
+    Swipe(form, -100);
+    EXPECT_EQ(changes, QList<int>{8});
+}
+
+TEST_F(WheelHook, TurnOverADisabledFormOrBarIsNotGathered) {
+    bar.SetEnabled(false);
+    Swipe(form, -100);
+    bar.SetEnabled(true);
+    form.SetEnabled(false);
+    Swipe(form, -100);
+    form.SetEnabled(true);
+    Swipe(form, -100);
+    EXPECT_TRUE(changes.isEmpty());
+}
+
+TEST_F(WheelHook, TurnOverAnotherWindowDoesNotCount) {
+    Swipe(form, -100);
+    CountingForm other(u"wnd担当者一覧"_s);
+    ShowActive(other);
+    Swipe(other, -100);
+    EXPECT_TRUE(changes.isEmpty());
+    ShowActive(form);
+    Swipe(form, -100);
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(WheelHook, DisabledBarDoesNotScroll) {

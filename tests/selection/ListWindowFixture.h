@@ -4,9 +4,12 @@
 
 #include <memory>
 
+#include <QtTest/QTest>
+
 #include "globals/ProgramGlobals.h"
 #include "screen/Form.h"
 #include "screen/InputItem.h"
+#include "screen/ListView.h"
 #include "selection/OpenListWindow.h"
 #include "support/ModalScript.h"
 #include "support/SampleInstallation.h"
@@ -31,6 +34,25 @@ class ListWindowTest : public ::testing::Test {
     Form& Caller() const { return *caller_; }
     /// Statements and errors in the run history, oldest first.
     QStringList History() const { return installation.HistoryTexts(); }
+
+    /// What the window system reports as soon as events are processed: keys that choose the first row.
+    static void QueueChoice(const FormRobot& robot) {
+        QMetaObject::invokeMethod(
+            &robot.Window(),
+            [window = robot.Window().windowHandle()] {
+                QTest::keyClick(window, Qt::Key_Down);
+                QTest::keyClick(window, Qt::Key_Return);
+            },
+            Qt::QueuedConnection);
+    }
+    /// Clicks a button that loads the list, with keys that arrive meanwhile; they must not choose a row.
+    static void ExpectDroppedKeys(const FormRobot& robot, const QString& button) {
+        QueueChoice(robot);
+        robot.Click(button);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(robot.Window().isVisible()) << button.toStdString();
+        EXPECT_EQ(robot.List().SelectedRow(), -1) << button.toStdString();
+    }
 
     static void GoBack(const FormRobot& robot) { robot.Click(QStringLiteral("btn_戻る")); }
 

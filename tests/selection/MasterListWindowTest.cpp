@@ -238,3 +238,11 @@ TEST_F(MasterListWindowTest, NullNamesLongNamesAndCodesWithLettersAreShownAsThey
          }});
     EXPECT_EQ(Result().Text(), u"Ab"_s);
 }
+
+TEST_F(MasterListWindowTest, KeysThatArriveWhileTheListIsLoadedChooseNoRow) {
+    Open(u"wnd部門一覧"_s, {[](const FormRobot& robot) {
+             ExpectDroppedKeys(robot, u"btn_画面クリア"_s);
+             GoBack(robot);
+         }});
+    EXPECT_EQ(Result().Text(), QString());
+}

@@ -623,3 +623,11 @@ TEST_F(StaffListWindowTest, OfficeInScopeAndTheCompanyAsAWholeAreSeen) {
         GoBack(robot);
     }});
 }
+
+TEST_F(StaffListWindowTest, KeysThatArriveDuringASearchChooseNoRow) {
+    OpenStaff({[](const FormRobot& robot) {
+        for (const QString& button : {u"btn_複合検索"_s, u"btn_画面クリア"_s}) ExpectDroppedKeys(robot, button);
+        GoBack(robot);
+    }});
+    EXPECT_EQ(Result().Text(), QString());
+}

@@ -232,6 +232,44 @@ TEST_F(InstallerTest, FailureLeavesNoHalfInstallation) {
     EXPECT_EQ(Entries(u"."_s), QStringList{u"file"_s});
 }
 
+namespace {
+/// The document without its RTF words.
+QString ManualText() {
+    QString text;
+    const QString document = QString::fromLatin1(setup::ManualDocument());
+    static const QRegularExpression part(u"\\\\u(-?\\d+)\\?|\\\\[a-z]+-?\\d* ?|([^\\\\{}\n])"_s);
+    for (const QRegularExpressionMatch& match : part.globalMatch(document))
+        text +=
+            match.hasCaptured(1) ? QString(QChar(static_cast<char16_t>(match.captured(1).toInt()))) : match.captured(2);
+    return text;
+}
+}  // namespace
+
+TEST(Manual, DescribesKeysInputMethodColoursMenusPreviewAndFailedPrints) {
+    const QString text = ManualText();
+    for (const QString& words : {u"Shift＋Tab"_s,
+                                 u"Y と N"_s,
+                                 u"fcitx5"_s,
+                                 u"変換中の Enter"_s,
+                                 u"入力できない文字を除きました。"_s,
+                                 u"青緑は開いただけ、緑は保存"_s,
+                                 u"薄い赤の行"_s,
+                                 u"すべて印を付ける"_s,
+                                 u"ここから下を外す"_s,
+                                 u"行をｺﾋﾟｰ"_s,
+                                 u"該当する要員はいません。"_s,
+                                 u"Ctrl＋P で印刷、Ctrl＋S で PDF"_s,
+                                 u"印刷情報が有りません"_s,
+                                 u"通常使うプリンターが決められていません。"_s,
+                                 u"は印刷を受け付けていません。"_s,
+                                 u"の用紙がありません。"_s,
+                                 u"帳票ホストに接続できません。"_s,
+                                 u"帳票が使用できません。"_s,
+                                 u"印刷サービスに接続できません。"_s,
+                                 u"終わってから動くこともありません。"_s})
+        EXPECT_TRUE(text.contains(words)) << words.toStdString();
+}
+
 TEST(Manual, IsPlainRtfForTheOldSuffix) {
     const QByteArray document = setup::ManualDocument();
     EXPECT_TRUE(document.startsWith("{\\rtf1\\ansi\\ansicpg932"));

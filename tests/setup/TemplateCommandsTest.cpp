@@ -70,6 +70,17 @@ TEST_F(TemplateCommandsTest, ImportOfATemplateWithAnErrorChangesNothing) {
     for (const QString& name : {kList, kLabels}) EXPECT_EQ(Stored(name), report::StandardTemplate(name));
 }
 
+TEST_F(TemplateCommandsTest, ImportThatFailsHalfwayChangesNothing) {
+    for (const QString& name : {kList, kLabels}) Write(name, report::StandardTemplate(name) + u"# 直した\n"_s);
+    installation.Forms().Execute(
+        u"CREATE TRIGGER 失敗 BEFORE UPDATE ON 帳票 WHEN NEW.名称 = '%1' BEGIN SELECT RAISE(ABORT, 'no'); END"_s.arg(
+            kLabels));
+    const ToolOutput output = Forms(u"import"_s, InFolder());
+    EXPECT_EQ(output.status, 1);
+    EXPECT_EQ(output.out, QString());
+    for (const QString& name : {kList, kLabels}) EXPECT_EQ(Stored(name), report::StandardTemplate(name));
+}
+
 TEST_F(TemplateCommandsTest, CheckNamesLineAndReasonOfEachError) {
     EXPECT_EQ(Forms(u"check"_s, {kList}).out, u"要員名簿照会: 誤りはありません。\n"_s);
     installation.Forms().Execute(

@@ -132,6 +132,11 @@ void SuiteUser::AwaitEnd() {
     if (!process_.waitForFinished(kTimeout)) throw std::runtime_error("the program does not end");
 }
 
+bool SuiteUser::EndsInOrder() {
+    AwaitEnd();
+    return process_.exitStatus() == QProcess::NormalExit;
+}
+
 QStringList SuiteUser::Printed() const {
     QStringList pages;
     const auto received = [&] {

@@ -47,7 +47,14 @@ class SuiteUser {
     /// Closes it by the close box of its window, where Click has clicked before.
     void CloseProgram();
 
+    /// Waits until the program has ended. False if it crashed.
+    bool EndsInOrder();
+
     QString Name() const { return name_; }
+    /// The display with simulated keyboard and mouse.
+    const VirtualScreen& Screen() const { return screen_; }
+    /// The program's window, where Click has clicked.
+    const QString& Window() const { return window_; }
     /// A file of the user's private copies, "report/repdb.accdb".
     SampleFile Own(const QString& file) const { return SampleFile(own_ + u'/' + file); }
     QString RegistryFile() const { return home_ + QStringLiteral("/registry"); }

@@ -21,6 +21,31 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, const QByteArray& name) {
     std::free(reply);
     return atom;
 }
+
+/// Sends a window what a window manager sends; true when the server has processed it.
+bool SendProtocol(xcb_connection_t* connection, const QString& window, const QByteArray& protocol) {
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window.toUInt();
+    message.type = AtomOf(connection, "WM_PROTOCOLS");
+    message.data.data32[0] = AtomOf(connection, protocol);
+    xcb_send_event(connection, 0, message.window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
+    return xcb_flush(connection) > 0 && AtomOf(connection, "WM_PROTOCOLS") == message.type;
+}
+
+/// Waits for a message to the root window.
+bool AwaitMessage(xcb_connection_t* connection) {
+    const QDeadlineTimer end(kTimeout);
+    for (bool found = false; !end.hasExpired(); QThread::msleep(5)) {
+        while (xcb_generic_event_t* event = xcb_poll_for_event(connection)) {
+            found = found || (event->response_type & 0x7f) == XCB_CLIENT_MESSAGE;
+            std::free(event);
+        }
+        if (found) return true;
+    }
+    return false;
+}
 }  // namespace
 
 VirtualScreen::VirtualScreen(const QSize& size) {
@@ -153,16 +178,37 @@ bool VirtualScreen::Click(const QString& window, const QPoint& place) const {
                                   QString::number(place.y()), u"click"_s, u"1"_s});
 }
 
+bool VirtualScreen::MoveAndResize(const QString& window, const QPoint& place, const QSize& size) const {
+    return Work({u"windowmove"_s, window, QString::number(place.x()), QString::number(place.y())}) &&
+           Work({u"windowsize"_s, window, QString::number(size.width()), QString::number(size.height())});
+}
+
+bool VirtualScreen::BreakConnection(const QString& window) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    xcb_generic_error_t* error = xcb_request_check(connection, xcb_kill_client_checked(connection, window.toUInt()));
+    const bool broken = error == nullptr && xcb_connection_has_error(connection) == 0;
+    std::free(error);
+    xcb_disconnect(connection);
+    return broken;
+}
+
 bool VirtualScreen::PressCloseBox(const QString& window) const {
     xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
-    xcb_client_message_event_t message = {};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window.toUInt();
-    message.type = AtomOf(connection, "WM_PROTOCOLS");
-    message.data.data32[0] = AtomOf(connection, "WM_DELETE_WINDOW");
-    xcb_send_event(connection, 0, message.window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&message));
-    const bool sent = xcb_flush(connection) > 0 && AtomOf(connection, "WM_PROTOCOLS") == message.type;
+    const bool sent = SendProtocol(connection, window, "WM_DELETE_WINDOW");
     xcb_disconnect(connection);
     return sent;
+}
+
+// A program answers a window manager's ping in the order of its events. Those that were read together with the first
+// one are handled before the second one is read.
+bool VirtualScreen::AwaitIdle(const QString& window) const {
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+    const uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection, screen->root, XCB_CW_EVENT_MASK, &mask);
+    bool answered = true;
+    for (int i = 0; i < 2 && answered; ++i)
+        answered = SendProtocol(connection, window, "_NET_WM_PING") && AwaitMessage(connection);
+    xcb_disconnect(connection);
+    return answered;
 }

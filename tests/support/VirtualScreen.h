@@ -43,6 +43,16 @@ class VirtualScreen {
     /// Sends what a window manager sends when the close box of a window is clicked.
     bool Close(const QString& window) const;
 
+    /// Waits until the program of a window has handled all input that was sent before; false after a timeout.
+    bool AwaitIdle(const QString& window) const;
+
+    /// Moves a window and changes its size, as the user does with a window manager.
+    bool MoveAndResize(const QString& window, const QPoint& place, const QSize& size) const;
+
+    /// Breaks the connection of the program of a window to the display, as a window manager does to a program that
+    /// does not respond.
+    bool BreakConnection(const QString& window) const;
+
     /// Requests closing a window as a click on its close box does when a window manager runs.
     bool PressCloseBox(const QString& window) const;
 

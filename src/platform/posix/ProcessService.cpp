@@ -33,6 +33,9 @@ struct OpenedProcess {
     QPointer<QSocketNotifier> watch;
 };
 
+// A killed process that is blocked in the kernel, as by a network share that is gone, ends when that call returns.
+constexpr int kKillTimeout = 3000;  // milliseconds
+
 // Above all possible process ids, so that an id is never mistaken for a handle.
 constexpr quint32 kFirstHandle = 0x40000001;
 
@@ -117,10 +120,9 @@ bool LocalProcessService::GetExitCodeProcess(quint32 handle, quint32& code) {
 bool LocalProcessService::TerminateProcess(quint32 handle, quint32 /*exitCode*/) {
     const auto found = Handles().find(handle);
     if (found == Handles().end()) return false;
-    if (!CheckEnd(*found)) {
-        ::pidfd_send_signal(found->descriptor, SIGKILL, nullptr, 0);
+    if (!CheckEnd(*found) && ::pidfd_send_signal(found->descriptor, SIGKILL, nullptr, 0) == 0) {
         pollfd gone{found->descriptor, POLLIN, 0};
-        ::poll(&gone, 1, -1);
+        ::poll(&gone, 1, kKillTimeout);
     }
     return CheckEnd(*found);
 }

@@ -81,6 +81,7 @@ void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
         lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
     if (!written) error_ = QString::fromLocal8Bit(std::strerror(errno));
     if (written && IsThere(lock_)) return;
+    if (written) error_ = u"フォルダが作成の途中で削除されました。"_s;
     if (lock_ >= 0) ::close(std::exchange(lock_, -1));
     RemoveFolder(path_);
 }

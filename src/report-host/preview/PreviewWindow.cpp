@@ -24,6 +24,7 @@
 #include "report-host/render/RenderWatch.h"
 #include "report-host/service/ReportOutput.h"
 #include "screen/Accessibility.h"
+#include "screen/PendingInput.h"
 
 using namespace Qt::StringLiterals;
 
@@ -231,6 +232,7 @@ void PreviewWindow::RunJob(const std::function<void()>& job, const QString& done
 
 void PreviewWindow::Print() {
     RunJob([this] { PrintReport(*report_, name_, templateFile_); }, u"印刷に出しました。"_s);
+    DropPendingInput();
 }
 
 void PreviewWindow::SavePdf() {
@@ -242,4 +244,5 @@ void PreviewWindow::SavePdf() {
     const QString question = u"%1 は既にあります。\n上書きしますか?"_s.arg(*file);
     if (QFileInfo::exists(*file) && !dialogs.Confirm(question)) return;
     RunJob([&] { WritePdf(*report_, *file); }, u"「%1」に保存しました。"_s.arg(*file));
+    DropPendingInput();
 }

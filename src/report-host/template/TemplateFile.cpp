@@ -1,6 +1,7 @@
 #include "report-host/template/TemplateFile.h"
 
 #include <QFile>
+#include <QScopeGuard>
 
 #include "database/LinkedTables.h"
 #include "database/sqlite/SqliteQuery.h"
@@ -29,12 +30,18 @@ std::optional<QString> TemplateFile::Template(const QString& name) const {
     return database::ColumnText(row.get(), 0);
 }
 
-void TemplateFile::StoreTemplate(const QString& name, const QString& text) {
-    const auto statement = database::PrepareSql(
-        database_.get(),
-        u"INSERT INTO 帳票 (名称, 定義) VALUES (?, ?) ON CONFLICT (名称) DO UPDATE SET 定義 = excluded.定義"_s,
-        {name, text});
-    database::NextRow(statement.get());
+void TemplateFile::StoreTemplates(const QStringList& names, const QStringList& texts) {
+    database::RunSql(database_.get(), u"BEGIN IMMEDIATE"_s);
+    // Without a transaction, as after the commit, it has no effect.
+    const auto rollBack = qScopeGuard([this] { database::RunPlain(database_.get(), "ROLLBACK"); });
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const auto statement = database::PrepareSql(
+            database_.get(),
+            u"INSERT INTO 帳票 (名称, 定義) VALUES (?, ?) ON CONFLICT (名称) DO UPDATE SET 定義 = excluded.定義"_s,
+            {names[i], texts[i]});
+        database::NextRow(statement.get());
+    }
+    database::RunSql(database_.get(), u"COMMIT"_s);
 }
 
 std::optional<LinkedTable> TemplateFile::Link(const QString& name) const {

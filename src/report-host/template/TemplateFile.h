@@ -33,8 +33,8 @@ class TemplateFile {
     QStringList Names() const;
     /// Text of a template; nullopt if it does not exist.
     std::optional<QString> Template(const QString& name) const;
-    /// Inserts or replaces a template.
-    void StoreTemplate(const QString& name, const QString& text);
+    /// Inserts or replaces templates, all or none; `texts` in the order of `names`.
+    void StoreTemplates(const QStringList& names, const QStringList& texts);
     /// A linked table by name; nullopt if it does not exist.
     std::optional<LinkedTable> Link(const QString& name) const;
 

@@ -140,10 +140,8 @@ void ImportTemplates(const Arguments& arguments, const Console& console) {
         errors += PrintErrors(file, name, texts.last(), console.err);
     }
     if (errors > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(errors));
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        file.StoreTemplate(names[i], texts[i]);
-        console.out << u"帳票「%1」を取り込みました。\n"_s.arg(names[i]);
-    }
+    file.StoreTemplates(names, texts);
+    for (const QString& name : names) console.out << u"帳票「%1」を取り込みました。\n"_s.arg(name);
 }
 
 void CheckTemplates(const Arguments& arguments, const Console& console) {

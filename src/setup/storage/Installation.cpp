@@ -29,10 +29,6 @@ QStringList DatabasesIn(const QString& folder, const QString& name) {
     return files;
 }
 
-FileKind KindOfFile(const QString& path) {
-    return path.endsWith(DesktopFileName({}, FileKind::Mdb)) ? FileKind::Mdb : FileKind::Accdb;
-}
-
 QList<ConfigurationInUse> PrivateFiles(const QString& root, const QString& user) {
     QList<ConfigurationInUse> files;
     const QList<FilePlaces> all = user.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, user)};
@@ -108,7 +104,7 @@ database::Connection OpenSuiteFile(const QString& file, database::ConnectMode mo
     database::Connection connection;
     ApplyConnectionSettings(connection);
     connection.Mode = mode;
-    connection.Open(DesktopConnectionString(KindOfFile(file), file + u';'));
+    connection.Open(DesktopConnectionString(KindOfDesktopFile(file), file + u';'));
     return connection;
 }
 

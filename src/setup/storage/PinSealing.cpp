@@ -109,7 +109,7 @@ QString ClearPinsFault(const QString& root, database::Connection& general, Datab
     if (count == 0) return {};
     return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
            u"件あり、入力しても一致しません。次を実行してください。\n"
-           u"    suite-setup seal-pins %2%3"_s.arg(count)
+           u"    suite-setup seal-pins '%2'%3"_s.arg(count)
                .arg(root, place == DatabasePlace::Server ? u" --odbc 所有者の接続文字列"_s : QString());
 }
 
