@@ -1,5 +1,7 @@
 // Part of Form.h: tracks the active control and emits LostFocus and GotFocus.
 
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QScopedValueRollback>
 #include <algorithm>
 
@@ -14,6 +16,10 @@ bool Inside(const QWidget& around, const QWidget* widget) {
 void Emit(const std::function<void()>& event) {
     if (event) event();
 }
+
+/// Not every input method ends its composition when the focus moves to an item without one; the text would be committed
+/// into the item that uses it next.
+void CommitComposition() { QGuiApplication::inputMethod()->commit(); }
 
 }  // namespace
 
@@ -52,6 +58,7 @@ void Form::LetQtFollow() {
     QWidget* present = focusWidget();
     if (wanted == present) return;
     const QScopedValueRollback<bool> leading(leadingQt_, true);
+    CommitComposition();
     if (wanted != nullptr) {
         wanted->setFocus(Qt::OtherFocusReason);
     } else {
@@ -66,6 +73,7 @@ void Form::DropFocusInside(const QWidget& around) {
     if (activeControl_ != nullptr && Inside(around, &activeControl_->Widget())) activeControl_ = nullptr;
     if (QWidget* present = focusWidget(); Inside(around, present)) {
         const QScopedValueRollback<bool> leading(leadingQt_, true);
+        CommitComposition();
         present->clearFocus();
     }
 }

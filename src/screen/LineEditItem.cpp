@@ -4,12 +4,16 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <functional>
 #include <limits>
+
+#include "screen/InputNotice.h"
+#include "text/mod文字変換.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +42,14 @@ QMenu* MakeEditMenu(QLineEdit& edit, const std::function<void()>& paste) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool selected = edit.hasSelectedText();
     const bool readable = selected && edit.echoMode() == QLineEdit::Normal;
-    const bool pasteable = !QGuiApplication::clipboard()->text().isEmpty();
+    const bool writable = !edit.isReadOnly();
+    const bool pasteable = writable && !QGuiApplication::clipboard()->text().isEmpty();
     AddAction(*menu, u"元に戻す(&U)"_s, QKeySequence::Undo, edit.isUndoAvailable(), [&edit] { edit.undo(); });
     menu->addSeparator();
-    AddAction(*menu, u"切り取り(&T)"_s, QKeySequence::Cut, readable, [&edit] { edit.cut(); });
+    AddAction(*menu, u"切り取り(&T)"_s, QKeySequence::Cut, readable && writable, [&edit] { edit.cut(); });
     AddAction(*menu, u"ｺﾋﾟｰ(&C)"_s, QKeySequence::Copy, readable, [&edit] { edit.copy(); });
     AddAction(*menu, u"貼り付け(&P)"_s, QKeySequence::Paste, pasteable, paste);
-    AddAction(*menu, u"削除(&D)"_s, QKeySequence::Delete, selected, [&edit] { edit.del(); });
+    AddAction(*menu, u"削除(&D)"_s, QKeySequence::Delete, selected && writable, [&edit] { edit.del(); });
     menu->addSeparator();
     AddAction(*menu, u"すべて選択(&A)"_s, QKeySequence::SelectAll, !edit.text().isEmpty(),
               [&edit] { edit.selectAll(); });
@@ -79,7 +84,50 @@ void LineEditItem::SetColor(QPalette::ColorRole role, const QColor& color) {
     setPalette(colors);
 }
 
-void LineEditItem::Paste(QClipboard::Mode mode) { Insert(QGuiApplication::clipboard()->text(mode), false); }
+QVariant LineEditItem::inputMethodQuery(Qt::InputMethodQuery query) const {
+    // Not by the attribute for it, which QLineEdit ignores.
+    if (query == Qt::ImEnabled) return isEnabled() && !isReadOnly() && UsesInputMethod();
+    return QLineEdit::inputMethodQuery(query);
+}
+
+void LineEditItem::Take(const QString& text, bool composed) {
+    if (isReadOnly()) return;
+    ShowIntake(Insert(ComposeKana(text), composed));
+}
+
+/// A copied line or cell of a table ends with a line end or a tab, which is no loss.
+void LineEditItem::TakeTransferred(QString text) {
+    while (text.endsWith(u'\n') || text.endsWith(u'\r') || text.endsWith(u'\t')) text.chop(1);
+    Take(text, false);
+}
+
+void LineEditItem::ShowIntake(Intake intake) {
+    if (intake == Intake::All)
+        ClearInputNotice(Owner());
+    else
+        ShowInputNotice(Owner(), *this, intake == Intake::Cut);
+}
+
+void LineEditItem::CancelComposition() {
+    if (!std::exchange(composing_, false)) return;
+    QGuiApplication::inputMethod()->reset();
+    QInputMethodEvent none;
+    QLineEdit::inputMethodEvent(&none);
+}
+
+void LineEditItem::Paste(QClipboard::Mode mode) { TakeTransferred(QGuiApplication::clipboard()->text(mode)); }
+
+// Some input methods continue a composition in the next item unless they are asked for its mode.
+void LineEditItem::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+}
+
+void LineEditItem::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    HideInputNoticeBelow(Owner());
+}
 
 void LineEditItem::keyPressEvent(QKeyEvent* event) {
     const bool paste = event->matches(QKeySequence::Paste);
@@ -88,20 +136,25 @@ void LineEditItem::keyPressEvent(QKeyEvent* event) {
     if (paste) {
         Paste(QClipboard::Clipboard);
     } else {
-        Insert(event->text(), true);
+        Take(event->text(), true);
     }
 }
 
 void LineEditItem::inputMethodEvent(QInputMethodEvent* event) {
     const QString committed = event->commitString();
-    if (committed.isEmpty()) return QLineEdit::inputMethodEvent(event);
-    QInputMethodEvent endOfComposition;
-    endOfComposition.setCommitString(QString(), event->replacementStart(), event->replacementLength());
-    QLineEdit::inputMethodEvent(&endOfComposition);
-    Insert(committed, true);
-    if (event->preeditString().isEmpty()) return;
-    QInputMethodEvent nextComposition(event->preeditString(), event->attributes());
-    QLineEdit::inputMethodEvent(&nextComposition);
+    const QString preedit = UsesInputMethod() && !isReadOnly() ? event->preeditString() : QString();
+    composing_ = !preedit.isEmpty();
+    if (!committed.isEmpty()) {
+        QInputMethodEvent endOfComposition;
+        endOfComposition.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+        QLineEdit::inputMethodEvent(&endOfComposition);
+        Take(committed, true);
+    }
+    // A composition replaces the selection, so an item without one must not see it.
+    if (preedit.isEmpty() && !event->preeditString().isEmpty()) return event->accept();
+    if (!committed.isEmpty() && preedit.isEmpty()) return;
+    QInputMethodEvent composition(preedit, event->attributes());
+    QLineEdit::inputMethodEvent(&composition);
 }
 
 void LineEditItem::contextMenuEvent(QContextMenuEvent* event) {
@@ -141,5 +194,5 @@ void LineEditItem::dropEvent(QDropEvent* event) {
     EmitByUser([this] { SetFocus(); });
     deselect();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    Insert(event->mimeData()->text(), false);
+    TakeTransferred(event->mimeData()->text());
 }
