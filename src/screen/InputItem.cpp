@@ -43,7 +43,7 @@ void InputItem::SetText(const QString& text) {
 QString InputItem::Converted(const QString& text) const {
     const bool kana = design_.imeMode == ImeMode::HalfKatakana;
     const bool halfWidth = kana || !(design_.classes & (CharacterClass::All | CharacterClass::DblByte));
-    const QString converted = kana ? ToHalfWidthKana(text) : text;
+    const QString converted = kana ? ToHalfWidthKana(text) : ComposeKana(text);
     return halfWidth ? ToHalfWidth(converted) : converted;
 }
 
@@ -66,15 +66,16 @@ Intake InputItem::Insert(const QString& text, bool /*composed*/) {
 
 void InputItem::AcceptText() {
     if (text() == text_) return;
-    QString accepted = text();
+    QString accepted = isReadOnly() ? text_ : text();
     // Neither typed nor set by the program: a screen reader has replaced the whole text.
-    const Intake intake = isModified() ? Intake::All : Limit(accepted, 0);
+    const Intake intake = isModified() || isReadOnly() ? Intake::All : Limit(accepted, 0);
     if (accepted != text()) {
         const QSignalBlocker quiet(this);
         setText(accepted);
     }
+    const bool changed = text() != text_;
     text_ = text();
-    EmitByUser(Change);
+    if (changed) EmitByUser(Change);
     if (intake != Intake::All) ShowIntake(intake);
 }
 

@@ -13,7 +13,6 @@
 #include <limits>
 
 #include "screen/InputNotice.h"
-#include "text/mod文字変換.h"
 
 using namespace Qt::StringLiterals;
 
@@ -86,13 +85,18 @@ void LineEditItem::SetColor(QPalette::ColorRole role, const QColor& color) {
 
 QVariant LineEditItem::inputMethodQuery(Qt::InputMethodQuery query) const {
     // Not by the attribute for it, which QLineEdit ignores.
-    if (query == Qt::ImEnabled) return isEnabled() && !isReadOnly() && UsesInputMethod();
+    const bool enabled = isEnabled() && !isReadOnly() && UsesInputMethod();
+    if (query == Qt::ImEnabled) return enabled;
+    // Otherwise Qt would pass a PIN to the input method.
+    constexpr Qt::InputMethodQueries kTexts =
+        Qt::ImSurroundingText | Qt::ImCurrentSelection | Qt::ImTextBeforeCursor | Qt::ImTextAfterCursor;
+    if (!enabled && kTexts.testFlag(query)) return {};
     return QLineEdit::inputMethodQuery(query);
 }
 
 void LineEditItem::Take(const QString& text, bool composed) {
     if (isReadOnly()) return;
-    ShowIntake(Insert(ComposeKana(text), composed));
+    ShowIntake(Insert(text, composed));
 }
 
 /// A copied line or cell of a table ends with a line end or a tab, which is no loss.

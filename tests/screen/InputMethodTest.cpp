@@ -91,6 +91,17 @@ TEST_F(InputMethodTest, OnlyItemsWithAModeForItTakePartInTheInputMethod) {
     EXPECT_FALSE(TakesInputMethod(MakeNumber(9)));
 }
 
+TEST_F(InputMethodTest, TextOfAnItemWithoutItIsNotPassedToTheInputMethod) {
+    InputItem& pin = Make(ImeMode::None, CharacterClass::All, u"xPass"_s);
+    pin.SetText(u"1234"_s);
+    pin.selectAll();
+    for (const auto query : {Qt::ImSurroundingText, Qt::ImCurrentSelection, Qt::ImTextBeforeCursor})
+        EXPECT_EQ(pin.inputMethodQuery(query), QVariant());
+    InputItem& name = Make(ImeMode::On);
+    name.SetText(u"山田"_s);
+    EXPECT_EQ(name.inputMethodQuery(Qt::ImSurroundingText).toString(), u"山田"_s);
+}
+
 TEST_F(InputMethodTest, ItemThatTakesNoInputTakesNoPartInTheInputMethod) {
     InputItem& shown = Make(ImeMode::On);
     shown.setReadOnly(true);
