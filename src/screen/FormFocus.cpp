@@ -1,11 +1,10 @@
 // Part of Form.h: tracks the active control and emits LostFocus and GotFocus.
 
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QScopedValueRollback>
 #include <algorithm>
 
 #include "screen/Form.h"
+#include "screen/InputMethod.h"
 
 namespace {
 
@@ -16,10 +15,6 @@ bool Inside(const QWidget& around, const QWidget* widget) {
 void Emit(const std::function<void()>& event) {
     if (event) event();
 }
-
-/// Not every input method ends its composition when the focus moves to an item without one; the text would be committed
-/// into the item that uses it next.
-void CommitComposition() { QGuiApplication::inputMethod()->commit(); }
 
 }  // namespace
 

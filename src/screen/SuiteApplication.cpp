@@ -9,6 +9,7 @@
 
 #include "platform/Services.h"
 #include "screen/CloseBox.h"
+#include "screen/InputMethod.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 
@@ -32,6 +33,7 @@ class WaitWindow : public platform::WaitDialog {
 };
 
 int& KeepArguments(int argc, char** argv) {
+    ChooseInputMethod();
     platform::Services().system = std::make_unique<ScreenInformation>(argc, argv);
     return ToolkitStart::ArgumentCount(argc);
 }

@@ -45,7 +45,9 @@ class InputMethod:
         (folder / "conf").mkdir(parents=True, exist_ok=True)
         for name, text in (("profile", PROFILE), ("config", SETTINGS), ("conf/anthy.conf", CONVERSION)):
             (folder / name).write_text(text, encoding="utf-8")
-        os.environ.update(QT_IM_MODULE="fcitx", XMODIFIERS="@im=fcitx")
+        # What every desktop sets; some set nothing else.
+        os.environ["XMODIFIERS"] = "@im=fcitx"
+        os.environ.pop("QT_IM_MODULE", None)
         command = ["fcitx5", "--disable", "wayland,notifications,notificationitem,clipboard,cloudpinyin,spell"]
         self.server = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # A question before that would make the bus start a second one.
@@ -84,5 +86,4 @@ class InputMethod:
     def close(self):
         self.server.terminate()
         self.server.wait()
-        for name in ("QT_IM_MODULE", "XMODIFIERS"):
-            os.environ.pop(name, None)
+        os.environ.pop("XMODIFIERS", None)

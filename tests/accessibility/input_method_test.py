@@ -51,6 +51,19 @@ RECORD = [
     ("退社日付", ["20260331"], "20260331"),
     ("担当者メモ", ["memo", "Return"], "めも"),
 ]
+VALUES = [
+    ("btn_名称複数指定", "担当者名", ["yamada", "space", "Return"], "山田"),
+    ("btn_カナ複数指定", "担当者カナ", ["yamada", "Return"], "ﾔﾏﾀﾞ"),
+    ("btn_住所複数指定", "担当者住所", ["ueno", "Return"], "うえの"),
+    ("btn_電話複数指定", "担当者電話", ["03-1234"], "03-1234"),
+    ("btn_郵便番号複数指定", "担当者郵便番号", ["110-0005"], "110-0005"),
+]
+LOOKUP = [
+    ("コード", ["00014"], "00014"),
+    ("カナ", ["yamada", "Return"], "ﾔﾏﾀﾞ"),
+    ("名称", ["yamada", "space", "Return"], "山田"),
+    ("部門コード", ["010"], "010"),
+]
 KEYS = {"Return", "space", "F7"}
 
 
@@ -127,6 +140,23 @@ class WithInputMethod(InquiryCase):
             self.screen.key("Escape", "Escape", "Escape")
             wait_for("the end of the candidates", lambda: not self.input_method.candidates())
             self.fill(self.main, name, [], "")
+
+    def test_windows_for_several_values_take_what_they_are_for(self):
+        for button, item, keys, expected in VALUES:
+            with self.subTest(item), self.over(button, "space", item + "複数指定") as window:
+                first = tree.named(window, item, "text")
+                self.compose(keys)
+                wait_for(f"{expected} in {item}", lambda: tree.text_of(first) == expected)
+                self.assertTrue(tree.has_focus(first))
+                self.go_to(window, "btn_画面クリア")
+                self.screen.key("space")
+                wait_for("the empty row", lambda: tree.text_of(first) == "")
+
+    def test_staff_are_looked_up_by_what_is_committed(self):
+        with self.over("開始担当者コード", "Control_L", "担当者一覧") as window:
+            for name, keys, expected in LOOKUP:
+                self.fill(window, name, keys, expected)
+                self.fill(window, name, [], "")
 
     def test_every_item_of_the_registration_is_stored_as_it_was_typed(self):
         self.screen.click(self.rows.item("担当者名"))

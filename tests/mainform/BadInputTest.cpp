@@ -18,8 +18,14 @@ const QString kDropped = u"入力できない文字を除きました。"_s;
 
 const QStringList& BadTexts() {
     static const QStringList texts = {
-        QString(10000, u'山'),      QString(10000, u'１'), QString(10000, u'ア'),         u"1\t2\n3\r\n"_s,
-        u"\U0001F468\u200D\U0001F469 1"_s, u"🙂"_s.repeated(50), u"か\u3099e\u0301\u20DD1"_s, u"\u3099"_s,
+        QString(10000, u'山'),
+        QString(10000, u'１'),
+        QString(10000, u'ア'),
+        u"1\t2\n3\r\n"_s,
+        u"\U0001F468\u200D\U0001F469 1"_s,
+        u"🙂"_s.repeated(50),
+        u"か\u3099e\u0301\u20DD1"_s,
+        u"\u3099"_s,
     };
     return texts;
 }

@@ -108,12 +108,8 @@ TEST_F(RegistrationInput, PastedTextBeyondTheLengthIsToldOrCounted) {
 
 TEST_F(RegistrationInput, EveryItemKeepsItsLimitsWhateverIsPastedOrCommitted) {
     Start();
-    const QStringList bad = {QString(10000, u'山'),
-                             QString(10000, u'１'),
-                             u"1\t2\n3\r\n"_s,
-                             u"🙂"_s.repeated(50),
-                             u"か\u3099e\u0301\u20DD"_s,
-                             u"\u3099"_s};
+    const QStringList bad = {QString(10000, u'山'),  QString(10000, u'１'),      u"1\t2\n3\r\n"_s,
+                             u"🙂"_s.repeated(50), u"か\u3099e\u0301\u20DD"_s, u"\u3099"_s};
     for (const StaffItem& item : kStaffItems) {
         const QString name = item.column.toString();
         for (const QString& text : bad) {

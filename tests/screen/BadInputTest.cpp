@@ -21,10 +21,10 @@ constexpr CharacterClasses kHalfWidth = CharacterClass::Kana | CharacterClass::L
 /// An input and what each kind of item keeps of it; 30 characters at most.
 struct BadInput {
     QString input;
-    QString any;    ///< all characters
-    QString wide;   ///< full-width characters only
-    QString half;   ///< half-width characters only
-    QString kana;   ///< half-width kana only
+    QString any;   ///< all characters
+    QString wide;  ///< full-width characters only
+    QString half;  ///< half-width characters only
+    QString kana;  ///< half-width kana only
     QString digits;
 };
 

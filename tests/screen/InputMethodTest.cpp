@@ -3,6 +3,7 @@
 #include <QInputMethodEvent>
 #include <QtTest/QTest>
 
+#include "screen/InputMethod.h"
 #include "screen/PlainControls.h"
 #include "screen/ScreenTest.h"
 
@@ -223,4 +224,28 @@ TEST_F(InputMethodTest, PaintOfAnEqualTextEndsAConversionThatRuns) {
     name.SetText(u"山田"_s);
     EXPECT_EQ(Picture(name), before);
     EXPECT_EQ(changes, QStringList());
+}
+
+TEST(InputMethodChoice, NameInXModifiersIsUsedUnlessQtHasOne) {
+    struct Case {
+        QByteArray module, modifiers, chosen;
+    };
+    const QList<Case> cases = {{"", "@im=fcitx", "fcitx"},
+                               {"", "@im=ibus", "ibus"},
+                               {"", "@a=b@im=fcitx5", "fcitx5"},
+                               {"ibus", "@im=fcitx", "ibus"},
+                               {"", "@im=uim", ""},
+                               {"", "", ""},
+                               {"", "fcitx", ""},
+                               {"", "@im=", ""}};
+    const QByteArray names[] = {"QT_IM_MODULE", "XMODIFIERS"};
+    const QByteArray before[] = {qgetenv(names[0]), qgetenv(names[1])};
+    for (const Case& c : cases) {
+        qputenv(names[0], c.module);
+        qputenv(names[1], c.modifiers);
+        ChooseInputMethod();
+        EXPECT_EQ(qgetenv(names[0]), c.chosen) << c.modifiers.toStdString();
+    }
+    for (size_t i = 0; i < std::size(names); ++i)
+        before[i].isEmpty() ? qunsetenv(names[i]) : qputenv(names[i], before[i]);
 }
