@@ -145,20 +145,22 @@ void LineEditItem::keyPressEvent(QKeyEvent* event) {
 }
 
 void LineEditItem::inputMethodEvent(QInputMethodEvent* event) {
+    const bool composes = UsesInputMethod() && !isReadOnly();
     const QString committed = event->commitString();
-    const QString preedit = UsesInputMethod() && !isReadOnly() ? event->preeditString() : QString();
+    const QString preedit = composes ? event->preeditString() : QString();
     composing_ = !preedit.isEmpty();
-    if (!committed.isEmpty()) {
-        QInputMethodEvent endOfComposition;
-        endOfComposition.setCommitString(QString(), event->replacementStart(), event->replacementLength());
-        QLineEdit::inputMethodEvent(&endOfComposition);
-        Take(committed, true);
+    if (committed.isEmpty()) {
+        // A composition replaces the selection, so an item without one must not see it.
+        if (preedit == event->preeditString()) return QLineEdit::inputMethodEvent(event);
+        return event->accept();
     }
-    // A composition replaces the selection, so an item without one must not see it.
-    if (preedit.isEmpty() && !event->preeditString().isEmpty()) return event->accept();
-    if (!committed.isEmpty() && preedit.isEmpty()) return;
-    QInputMethodEvent composition(preedit, event->attributes());
-    QLineEdit::inputMethodEvent(&composition);
+    QInputMethodEvent endOfComposition;
+    endOfComposition.setCommitString(QString(), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&endOfComposition);
+    Take(committed, true);
+    if (preedit.isEmpty()) return;
+    QInputMethodEvent nextComposition(preedit, event->attributes());
+    QLineEdit::inputMethodEvent(&nextComposition);
 }
 
 void LineEditItem::contextMenuEvent(QContextMenuEvent* event) {
