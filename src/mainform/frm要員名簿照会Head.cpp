@@ -86,7 +86,11 @@ void frm要員名簿照会::ConnectText(const TextCondition& text) {
     item.Change = Guarded([&item] { CheckInputLength(item.Text(), item.MaxLength()); });
     item.LostFocus = Guarded([&item, &text] {
         RememberLostFocus(item);
-        if (AcceptSearchText(text, item.Text())) RefreshScreen();
+        const QString typed = item.Text();
+        if (!AcceptSearchText(text, typed)) return;
+        RefreshScreen();
+        // The paint does not emit Change, so the notice would count characters that have been cut.
+        if (item.Text() != typed) CheckInputLength(item.Text(), item.MaxLength());
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include "screen/Accessibility.h"
 #include "screen/Form.h"
+#include "screen/InputMethod.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ void Form::LetQtFollow() {
     QWidget* present = focusWidget();
     if (wanted == present) return;
     const QScopedValueRollback<bool> leading(leadingQt_, true);
+    CommitComposition();
     if (wanted != nullptr) {
         wanted->setFocus(Qt::OtherFocusReason);
     } else {
@@ -69,6 +71,7 @@ void Form::DropFocusInside(const QWidget& around) {
     if (activeControl_ != nullptr && Inside(around, &activeControl_->Widget())) activeControl_ = nullptr;
     if (QWidget* present = focusWidget(); Inside(around, present)) {
         const QScopedValueRollback<bool> leading(leadingQt_, true);
+        CommitComposition();
         present->clearFocus();
     }
 }

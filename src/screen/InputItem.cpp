@@ -22,45 +22,67 @@ void InputItem::ApplyImeMode() {
     if (design_.imeMode == ImeMode::Off) hints |= Qt::ImhPreferLatin;
     if (design_.classes == CharacterClass::Num) hints |= Qt::ImhDigitsOnly;
     setInputMethodHints(hints);
-    // After the hints and the echo mode, which set the attribute again.
-    if (design_.imeMode == ImeMode::Disabled) setAttribute(Qt::WA_InputMethodEnabled, false);
+}
+
+bool InputItem::UsesInputMethod() const {
+    return design_.imeMode != ImeMode::Off && design_.imeMode != ImeMode::Disabled && TypeName() != u"xPass";
 }
 
 void InputItem::SetText(const QString& text) {
-    if (text == this->text()) return;
+    if (text == this->text() && !Composing()) return;
+    const bool changed = text != this->text();
     {
         const QSignalBlocker quiet(this);
+        CancelComposition();
         setText(text);
     }
     text_ = text;
-    if (Change) Change();
+    if (changed && Change) Change();
 }
 
-QString InputItem::Bounded(const QString& text, int present) const {
-    const bool toKana = design_.imeMode == ImeMode::HalfKatakana;
-    const QString kept = Filtered(toKana ? ToHalfWidthKana(text) : text, design_.classes);
-    return design_.maxLength > 0 ? CutToLimit(kept, design_.maxLength - present) : kept;
+QString InputItem::Converted(const QString& text) const {
+    const bool kana = design_.imeMode == ImeMode::HalfKatakana;
+    const bool halfWidth = kana || !(design_.classes & (CharacterClass::All | CharacterClass::DblByte));
+    const QString converted = kana ? ToHalfWidthKana(text) : ComposeKana(text);
+    return halfWidth ? ToHalfWidth(converted) : converted;
 }
 
-void InputItem::Insert(const QString& text, bool /*composed*/) {
+Intake InputItem::Limit(QString& text, int present) const {
+    const QString wanted = Converted(text);
+    const QString accepted = Filtered(wanted, design_.classes);
+    text = design_.maxLength > 0 ? CutToLimit(accepted, design_.maxLength - present) : accepted;
+    if (accepted != wanted) return Intake::Dropped;
+    return text == accepted ? Intake::All : Intake::Cut;
+}
+
+Intake InputItem::Insert(const QString& text, bool /*composed*/) {
     const auto present = this->text().size() - selectedText().size();
-    const QString wanted = Bounded(text, static_cast<int>(present));
+    QString wanted = text;
+    const Intake intake = Limit(wanted, static_cast<int>(present));
     if (!wanted.isEmpty()) insert(wanted);
+    // A single key without an effect at the limit is what users expect.
+    return intake == Intake::Cut && text.size() == 1 ? Intake::All : intake;
 }
 
 void InputItem::AcceptText() {
     if (text() == text_) return;
+    QString accepted = isReadOnly() ? text_ : text();
     // Neither typed nor set by the program: a screen reader has replaced the whole text.
-    if (!isModified() && Bounded(text(), 0) != text()) {
+    const Intake intake = isModified() || isReadOnly() ? Intake::All : Limit(accepted, 0);
+    if (accepted != text()) {
         const QSignalBlocker quiet(this);
-        setText(Bounded(text(), 0));
+        setText(accepted);
     }
+    const bool changed = text() != text_;
     text_ = text();
-    EmitByUser(Change);
+    if (changed) EmitByUser(Change);
+    if (intake != Intake::All) ShowIntake(intake);
 }
 
 bool Allows(CharacterClasses classes, QChar character) {
-    if (character.category() == QChar::Other_Control) return false;
+    const QChar::Category category = character.category();
+    if (category == QChar::Other_Control || category == QChar::Separator_Line || category == QChar::Separator_Paragraph)
+        return false;
     if (classes & CharacterClass::All) return true;
     const char16_t code = character.unicode();
     if (code == u' ') return classes & CharacterClass::Space;
@@ -77,8 +99,12 @@ bool Allows(CharacterClasses classes, QChar character) {
 QString Filtered(const QString& text, CharacterClasses classes) {
     QString kept;
     kept.reserve(text.size());
-    std::copy_if(text.begin(), text.end(), std::back_inserter(kept),
-                 [classes](QChar character) { return Allows(classes, character); });
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (Allows(classes, text[i]) && (pair || !text[i].isSurrogate()))
+            kept += QStringView(text).mid(i, pair ? 2 : 1);
+        if (pair) ++i;
+    }
     return kept;
 }
 

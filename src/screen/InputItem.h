@@ -6,8 +6,8 @@
 #include "screen/LineEditItem.h"
 
 /// Input method of an input item; the numbers are those of the suite's form designs. None, On and Hiragana leave the
-/// user's input method as it is. Off asks it for Latin letters, Disabled switches it off, HalfKatakana converts kana in
-/// the input to half-width.
+/// user's input method as it is, Off and Disabled switch it off. HalfKatakana converts the input to half-width: kana,
+/// and what ToHalfWidth converts.
 enum class ImeMode { None = 0, On = 1, Off = 2, Disabled = 3, Hiragana = 4, HalfKatakana = 6 };
 
 /// Characters that an item accepts while typing and pasting; the numbers are those of the suite's form designs.
@@ -25,9 +25,9 @@ enum class CharacterClass {
 Q_DECLARE_FLAGS(CharacterClasses, CharacterClass)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CharacterClasses)
 
-/// True if the classes include this UTF-16 unit. Control characters, such as tab and line feed, are never accepted.
+/// True if the classes include this UTF-16 unit. Control characters and separators of lines are never accepted.
 bool Allows(CharacterClasses classes, QChar character);
-/// The characters of the text that the classes include.
+/// The characters of the text that the classes include; never half of a surrogate pair.
 QString Filtered(const QString& text, CharacterClasses classes);
 /// The first `length` UTF-16 units, one less if that would split a surrogate pair. Empty for a negative length.
 QString CutToLimit(const QString& text, int length);
@@ -42,9 +42,10 @@ struct ItemDesign {
     QString text;  ///< initial text
 };
 
-/// xField or xPass: InputItem(form, parent, typeName, name, index, design). User input, by keys or clipboard, is
-/// limited to the design's length and character classes, and kana are converted to half-width for
-/// ImeMode::HalfKatakana. So is text that a screen reader writes. Text set by the program is not checked. Emits Change
+/// xField or xPass: InputItem(form, parent, typeName, name, index, design). User input, by keys, input method or
+/// clipboard, is limited to the design's length and character classes. Before that it is converted to half-width for
+/// ImeMode::HalfKatakana and, by ToHalfWidth, for classes with half-width characters only. So is text that a screen
+/// reader writes. Text set by the program is not checked. Emits Change
 /// at each change of Text, which does not include an unfinished composition of the input method. xPass shows dots.
 class InputItem : public LineEditItem {
   public:
@@ -57,12 +58,14 @@ class InputItem : public LineEditItem {
     int MaxValue() const override { return design_.maxValue; }
 
   protected:
-    void Insert(const QString& text, bool composed) override;
+    bool UsesInputMethod() const override;
+    Intake Insert(const QString& text, bool composed) override;
 
   private:
     void ApplyImeMode();
-    /// The part of an input that the design accepts when `present` characters remain in the item.
-    QString Bounded(const QString& text, int present) const;
+    QString Converted(const QString& text) const;
+    /// Reduces an input to what the design accepts when `present` characters remain in the item.
+    Intake Limit(QString& text, int present) const;
     void AcceptText();
 
     ItemDesign design_;
@@ -72,7 +75,7 @@ class InputItem : public LineEditItem {
 /// xNum: NumItem(form, parent, name). A number >= 0 with bounds, initially 0 to 9. A typed digit replaces the number,
 /// or is appended to the digit typed just before if the result is within the bounds; input outside the bounds is
 /// rejected. The arrow keys count up and down; deleting all digits gives MinValue. The program can write values outside
-/// the bounds. Emits Change at each change of Value. The wheel does nothing.
+/// the bounds. The text is always that of Value. Emits Change at each change of Value. The wheel does nothing.
 class NumItem : public LineEditItem {
   public:
     NumItem(Form& form, QWidget& parent, QString name);
@@ -89,11 +92,12 @@ class NumItem : public LineEditItem {
 
   protected:
     void AddToMenu(QMenu& menu) override;
-    void Insert(const QString& text, bool composed) override;
+    bool UsesInputMethod() const override { return false; }
+    Intake Insert(const QString& text, bool composed) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    bool Within(int value) const { return minValue_ <= value && value <= maxValue_; }
+    bool Within(qint64 value) const { return minValue_ <= value && value <= maxValue_; }
     void Show();
     void AcceptValue(int value);
     void AcceptText();

@@ -4,12 +4,15 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <functional>
 #include <limits>
+
+#include "screen/InputNotice.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +41,14 @@ QMenu* MakeEditMenu(QLineEdit& edit, const std::function<void()>& paste) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool selected = edit.hasSelectedText();
     const bool readable = selected && edit.echoMode() == QLineEdit::Normal;
-    const bool pasteable = !QGuiApplication::clipboard()->text().isEmpty();
+    const bool writable = !edit.isReadOnly();
+    const bool pasteable = writable && !QGuiApplication::clipboard()->text().isEmpty();
     AddAction(*menu, u"元に戻す(&U)"_s, QKeySequence::Undo, edit.isUndoAvailable(), [&edit] { edit.undo(); });
     menu->addSeparator();
-    AddAction(*menu, u"切り取り(&T)"_s, QKeySequence::Cut, readable, [&edit] { edit.cut(); });
+    AddAction(*menu, u"切り取り(&T)"_s, QKeySequence::Cut, readable && writable, [&edit] { edit.cut(); });
     AddAction(*menu, u"ｺﾋﾟｰ(&C)"_s, QKeySequence::Copy, readable, [&edit] { edit.copy(); });
     AddAction(*menu, u"貼り付け(&P)"_s, QKeySequence::Paste, pasteable, paste);
-    AddAction(*menu, u"削除(&D)"_s, QKeySequence::Delete, selected, [&edit] { edit.del(); });
+    AddAction(*menu, u"削除(&D)"_s, QKeySequence::Delete, selected && writable, [&edit] { edit.del(); });
     menu->addSeparator();
     AddAction(*menu, u"すべて選択(&A)"_s, QKeySequence::SelectAll, !edit.text().isEmpty(),
               [&edit] { edit.selectAll(); });
@@ -79,7 +83,55 @@ void LineEditItem::SetColor(QPalette::ColorRole role, const QColor& color) {
     setPalette(colors);
 }
 
-void LineEditItem::Paste(QClipboard::Mode mode) { Insert(QGuiApplication::clipboard()->text(mode), false); }
+QVariant LineEditItem::inputMethodQuery(Qt::InputMethodQuery query) const {
+    // Not by the attribute for it, which QLineEdit ignores.
+    const bool enabled = isEnabled() && !isReadOnly() && UsesInputMethod();
+    if (query == Qt::ImEnabled) return enabled;
+    // Otherwise Qt would pass a PIN to the input method.
+    constexpr Qt::InputMethodQueries kTexts =
+        Qt::ImSurroundingText | Qt::ImCurrentSelection | Qt::ImTextBeforeCursor | Qt::ImTextAfterCursor;
+    if (!enabled && kTexts.testFlag(query)) return {};
+    return QLineEdit::inputMethodQuery(query);
+}
+
+void LineEditItem::Take(const QString& text, bool composed) {
+    if (isReadOnly()) return;
+    ShowIntake(Insert(text, composed));
+}
+
+/// A copied line or cell of a table ends with a line end or a tab, which is no loss.
+void LineEditItem::TakeTransferred(QString text) {
+    while (text.endsWith(u'\n') || text.endsWith(u'\r') || text.endsWith(u'\t')) text.chop(1);
+    Take(text, false);
+}
+
+void LineEditItem::ShowIntake(Intake intake) {
+    if (intake == Intake::All)
+        ClearInputNotice(Owner());
+    else
+        ShowInputNotice(Owner(), *this, intake == Intake::Cut);
+}
+
+void LineEditItem::CancelComposition() {
+    if (!std::exchange(composing_, false)) return;
+    QGuiApplication::inputMethod()->reset();
+    QInputMethodEvent none;
+    QLineEdit::inputMethodEvent(&none);
+}
+
+void LineEditItem::Paste(QClipboard::Mode mode) { TakeTransferred(QGuiApplication::clipboard()->text(mode)); }
+
+// Some input methods continue a composition in the next item unless they are asked for its mode.
+void LineEditItem::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+}
+
+void LineEditItem::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    QGuiApplication::inputMethod()->update(Qt::ImEnabled);
+    HideInputNoticeBelow(Owner());
+}
 
 void LineEditItem::keyPressEvent(QKeyEvent* event) {
     const bool paste = event->matches(QKeySequence::Paste);
@@ -88,19 +140,26 @@ void LineEditItem::keyPressEvent(QKeyEvent* event) {
     if (paste) {
         Paste(QClipboard::Clipboard);
     } else {
-        Insert(event->text(), true);
+        Take(event->text(), true);
     }
 }
 
 void LineEditItem::inputMethodEvent(QInputMethodEvent* event) {
+    const bool composes = UsesInputMethod() && !isReadOnly();
     const QString committed = event->commitString();
-    if (committed.isEmpty()) return QLineEdit::inputMethodEvent(event);
+    const QString preedit = composes ? event->preeditString() : QString();
+    composing_ = !preedit.isEmpty();
+    if (committed.isEmpty()) {
+        // A composition replaces the selection, so an item without one must not see it.
+        if (preedit == event->preeditString()) return QLineEdit::inputMethodEvent(event);
+        return event->accept();
+    }
     QInputMethodEvent endOfComposition;
     endOfComposition.setCommitString(QString(), event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&endOfComposition);
-    Insert(committed, true);
-    if (event->preeditString().isEmpty()) return;
-    QInputMethodEvent nextComposition(event->preeditString(), event->attributes());
+    Take(committed, true);
+    if (preedit.isEmpty()) return;
+    QInputMethodEvent nextComposition(preedit, event->attributes());
     QLineEdit::inputMethodEvent(&nextComposition);
 }
 
@@ -141,5 +200,5 @@ void LineEditItem::dropEvent(QDropEvent* event) {
     EmitByUser([this] { SetFocus(); });
     deselect();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    Insert(event->mimeData()->text(), false);
+    TakeTransferred(event->mimeData()->text());
 }

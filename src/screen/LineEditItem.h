@@ -7,9 +7,18 @@
 
 class QMenu;
 
-/// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert. The text
-/// is selected when the item gets the focus, Enter moves to the next stop, clicks emit Click and DblClick, the context
-/// menu is Japanese. Caption is not shown; it is the accessible description.
+/// What an item has done with an input.
+enum class Intake {
+    All,      ///< inserted, possibly after a conversion
+    Cut,      ///< only the beginning fitted
+    Dropped,  ///< characters that the item does not accept were left out
+};
+
+/// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert; what is
+/// lost is shown by ShowInputNotice. An item that does not use the input method tells it so, and ignores an unfinished
+/// composition, but takes what is committed. The text is selected when the item gets the focus, Enter moves to the next
+/// stop, clicks emit Click and DblClick, the context menu is Japanese. Caption is not shown; it is the accessible
+/// description.
 class LineEditItem : public QLineEdit, public Control {
   public:
     LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
@@ -24,13 +33,24 @@ class LineEditItem : public QLineEdit, public Control {
     void FocusGiven(bool byPress) override;
     bool EnterMovesOn() const override { return true; }
 
+    using QLineEdit::inputMethodQuery;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
   protected:
+    /// False if the input method must stay off: the keys then reach the item as they are typed.
+    virtual bool UsesInputMethod() const = 0;
     /// Appends entries to the context menu.
     virtual void AddToMenu(QMenu& /*menu*/) {}
     /// Inserts user input at the cursor, replacing the selection. `composed`: typed by keys or input method, not pasted
     /// or dropped.
-    virtual void Insert(const QString& text, bool composed) = 0;
+    virtual Intake Insert(const QString& text, bool composed) = 0;
+    void ShowIntake(Intake intake);
+    bool Composing() const { return composing_; }
+    /// Cancels the composition of the input method; before the program writes a text.
+    void CancelComposition();
 
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -41,8 +61,11 @@ class LineEditItem : public QLineEdit, public Control {
 
   private:
     void Paste(QClipboard::Mode mode);
+    void Take(const QString& text, bool composed);
+    void TakeTransferred(QString text);
     void SetColor(QPalette::ColorRole role, const QColor& color);
 
     bool pressed_ = false;
+    bool composing_ = false;       // an unfinished composition is shown
     bool arrivedByPress_ = false;  // the current mouse press has moved the focus here
 };

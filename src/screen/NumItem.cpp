@@ -4,21 +4,28 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QSignalBlocker>
+#include <optional>
 
 #include "screen/InputItem.h"
+#include "text/mod文字変換.h"
+#include "text/mod項目編集.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsNumber(const QString& text) { return !text.isEmpty() && Filtered(text, CharacterClass::Num) == text; }
+/// nullopt also for a number that is too large for int.
+std::optional<int> NumberIn(const QString& text) {
+    bool number = !text.isEmpty() && Filtered(text, CharacterClass::Num) == text;
+    const int value = number ? text.toInt(&number) : 0;
+    return number ? std::optional(value) : std::nullopt;
+}
 
 }  // namespace
 
 NumItem::NumItem(Form& form, QWidget& parent, QString name)
     : LineEditItem(form, parent, u"xNum"_s, std::move(name), -1) {
     setInputMethodHints(Qt::ImhDigitsOnly);
-    setAttribute(Qt::WA_InputMethodEnabled, false);
     setAlignment(Qt::AlignCenter);
     Show();
     connect(this, &QLineEdit::textChanged, this, [this] { AcceptText(); });
@@ -41,11 +48,12 @@ void NumItem::Show() {
 }
 
 void NumItem::SetValue(int value) {
-    if (value == value_) return;
+    if (value == value_ && text() == QString::number(value)) return;
+    const bool changed = value != value_;
     value_ = value;
     digitTyped_ = false;
     Show();
-    if (Change) Change();
+    if (changed && Change) Change();
 }
 
 void NumItem::AcceptValue(int value) {
@@ -55,14 +63,16 @@ void NumItem::AcceptValue(int value) {
     if (changed) EmitByUser(Change);
 }
 
-void NumItem::Insert(const QString& text, bool composed) {
-    const QString& digits = text;
-    if (!IsNumber(digits)) return;
-    int wanted = digits.toInt();
-    if (composed && digitTyped_ && Within(value_ * 10 + wanted)) wanted += value_ * 10;
-    if (!Within(wanted)) return;
+Intake NumItem::Insert(const QString& text, bool composed) {
+    const std::optional<int> digits = NumberIn(TrimBlanks(ToHalfWidth(text)));
+    if (!digits) return Intake::Dropped;
+    const qint64 appended = qint64(value_) * 10 + *digits;
+    const bool append = composed && digitTyped_ && Within(appended);
+    const qint64 wanted = append ? appended : *digits;
+    if (!Within(wanted)) return Intake::Dropped;
     digitTyped_ = composed;
-    AcceptValue(wanted);
+    AcceptValue(static_cast<int>(wanted));
+    return Intake::All;
 }
 
 void NumItem::keyPressEvent(QKeyEvent* event) {
@@ -77,7 +87,7 @@ void NumItem::keyPressEvent(QKeyEvent* event) {
 // bounds.
 void NumItem::AcceptText() {
     const QString now = text();
-    const int wanted = now.isEmpty() ? minValue_ : IsNumber(now) ? now.toInt() : value_;
+    const int wanted = now.isEmpty() ? minValue_ : NumberIn(now).value_or(value_);
     digitTyped_ = false;
     AcceptValue(Within(wanted) ? wanted : value_);
 }

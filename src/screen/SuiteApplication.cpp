@@ -12,6 +12,7 @@
 #include "platform/Services.h"
 #include "platform/ToolkitStart.h"
 #include "screen/CloseBox.h"
+#include "screen/InputMethod.h"
 #include "screen/ScreenScale.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
@@ -36,6 +37,7 @@ class WaitWindow : public platform::WaitDialog {
 };
 
 int& KeepArguments(int argc, char** argv) {
+    ChooseInputMethod();
     platform::Services().system = std::make_unique<ScreenInformation>(argc, argv);
     return ToolkitStart::ArgumentCount(argc);
 }

@@ -67,10 +67,10 @@ constexpr char16_t kSemiVoicedMark = u'ﾟ';
 QHash<QChar, QString> MakeHalfWidthTable() {
     const QString full =
         u"アイウエオカキクケコサシスセソタチツテトナニヌネノハヒフヘホマミムメモヤユヨラリルレロワヲン"
-        "ァィゥェォッャュョー・「」。、゛゜"_s;
+        "ァィゥェォッャュョー・「」。、゛゜\u3099\u309A"_s;
     const QString half =
         u"ｱｲｳｴｵｶｷｸｹｺｻｼｽｾｿﾀﾁﾂﾃﾄﾅﾆﾇﾈﾉﾊﾋﾌﾍﾎﾏﾐﾑﾒﾓﾔﾕﾖﾗﾘﾙﾚﾛﾜｦﾝ"
-        "ｧｨｩｪｫｯｬｭｮｰ･｢｣｡､ﾞﾟ"_s;
+        "ｧｨｩｪｫｯｬｭｮｰ･｢｣｡､ﾞﾟﾞﾟ"_s;
     QHash<QChar, QString> table;
     for (qsizetype i = 0; i < full.size(); ++i) table.insert(full[i], QString(half[i]));
     const QString voiced = u"ガギグゲゴザジズゼゾダヂヅデドバビブベボヴ"_s;
@@ -86,6 +86,22 @@ QHash<QChar, QString> MakeHalfWidthTable() {
 QChar Katakana(QChar character) {
     const bool hiragana = character.unicode() >= 0x3041 && character.unicode() <= 0x3096;
     return hiragana ? QChar(character.unicode() + 0x60) : character;
+}
+
+constexpr QStringView kDashes = u"\u2010\u2011\u2012\u2013\u2014\u2015\u2212\u2500ー";
+constexpr QStringView kOtherFullWidth = u"\u3000￥「」‘’“”\u301C";
+constexpr QStringView kTheirHalfWidth = u" \\｢｣''\"\"~";
+static_assert(kOtherFullWidth.size() == kTheirHalfWidth.size());
+
+/// `before`: the converted character before it.
+QChar HalfWidthOf(QChar character, QChar before) {
+    constexpr char16_t kFirst = u'！', kLast = u'～';  // same order as "!" to "~"
+    const char16_t code = character.unicode();
+    if (code >= kFirst && code <= kLast) return QChar(code - kFirst + u'!');
+    if (kDashes.contains(character)) return u'-';
+    if (code == u'ｰ' && before >= u'0' && before <= u'9') return u'-';
+    const auto other = kOtherFullWidth.indexOf(character);
+    return other < 0 ? character : kTheirHalfWidth[other];
 }
 
 }  // namespace
@@ -106,4 +122,28 @@ QString ToHalfWidthKana(const QString& text) {
         half += found == table.constEnd() ? QString(character) : *found;
     }
     return half;
+}
+
+QString ToHalfWidth(const QString& text) {
+    QString half;
+    half.reserve(text.size());
+    for (const QChar character : text) half += HalfWidthOf(character, half.isEmpty() ? QChar() : half.back());
+    return half;
+}
+
+QString ComposeKana(const QString& text) {
+    QString composed;
+    composed.reserve(text.size());
+    for (const QChar character : text) {
+        const bool mark = character == u'\u3099' || character == u'\u309A';
+        // Not for the whole text: normalisation replaces some kanji of names by others.
+        const QString joined = mark && !composed.isEmpty()
+                                   ? (composed.back() + QString(character)).normalized(QString::NormalizationForm_C)
+                                   : QString();
+        if (joined.size() == 1)
+            composed.back() = joined.front();
+        else
+            composed += character;
+    }
+    return composed;
 }

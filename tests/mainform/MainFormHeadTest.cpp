@@ -155,6 +155,26 @@ TEST_F(HeadTest, NoticeCountsTheCharactersThatAreTooMany) {
     EXPECT_EQ(Globals().Conditions.SearchName, u"あいうえおかきくけこ"_s);
 }
 
+TEST_F(HeadTest, NoticeOfATextThatWasTooLongGoesWhenTheTextIsCut) {
+    Start();
+    for (const QString& item : {u"検索名称"_s, u"検索住所"_s, u"検索カナ"_s}) {
+        Item(item).SetFocus();
+        Item(item).SetText(QString(25, u'あ'));
+        ASSERT_NE(Item(u"お知らせ"_s).Caption(), QString()) << item.toStdString();
+        Press(Qt::Key_Tab);
+        EXPECT_LT(Item(item).Text().size(), 25);
+        EXPECT_EQ(Item(u"お知らせ"_s).Caption(), QString()) << item.toStdString();
+    }
+}
+
+TEST_F(HeadTest, NoticeOfATextThatIsStoredUncutStays) {
+    Start();
+    Item(u"検索電話"_s).SetFocus();
+    Item(u"検索電話"_s).SetText(u"０３０３０３０３０３"_s);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Item(u"お知らせ"_s).Caption(), u"2文字オーバーです。"_s);
+}
+
 TEST_F(HeadTest, TwentyFullWidthCharactersCanBeTypedAndTheNoticeCountsTen) {
     Start();
     Type(u"検索名称"_s, QString(25, u'あ'));
@@ -167,12 +187,12 @@ TEST_F(HeadTest, ItemsLimitCharactersAndLength) {
         QString item, entered, taken;
     };
     const QString mixed = u"山１ｱ a-1"_s + QString(20, u'2');
-    QList<Case> cases = {{u"検索電話"_s, mixed, u"ｱ a-1"_s + QString(11, u'2')},
-                         {u"検索郵便番号"_s, mixed, u"ｱ a-1222"_s},
+    QList<Case> cases = {{u"検索電話"_s, mixed, u"1ｱ a-1"_s + QString(10, u'2')},
+                         {u"検索郵便番号"_s, mixed, u"1ｱ a-122"_s},
                          {u"検索名称"_s, mixed, u"山１ｱ a-1"_s + QString(13, u'2')},
                          {u"検索住所"_s, QString(50, u'山'), QString(40, u'山')},
                          {u"検索カナ"_s, QString(25, u'ｱ'), QString(20, u'ｱ')}};
-    const QString digits[] = {u"123"_s, u"123"_s, u"12"_s, u"12345"_s};
+    const QString digits[] = {u"112"_s, u"112"_s, u"11"_s, u"11234"_s};
     for (size_t range = 0; range < std::size(digits); ++range)
         for (const QString& item : {RangeConditions()[range].fromItem, RangeConditions()[range].toItem})
             cases.append({item, u"山a１-1234567"_s, digits[range]});
