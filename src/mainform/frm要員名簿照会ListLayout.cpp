@@ -170,9 +170,10 @@ void BuildRowNumber(Form& form, int position) {
     number->setFont(SuiteFont(SuiteFace::Gothic, 11.25));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setGeometry(1, kLine1, kNumberWidth - 2, 20);
+    // All of the cell below the number: a click beside the box would open the row.
     auto* box = new CheckItem(form, panel, u"chb_出力対象"_s, position, QString());
     box->setFocusPolicy(Qt::NoFocus);
-    box->setGeometry((kNumberWidth - 20) / 2, kLine2 + 8, 20, 20);
+    box->setGeometry(1, kLine2, kNumberWidth - 2, kRowHeight - kLine2 - 1);
 }
 
 struct TabPages {

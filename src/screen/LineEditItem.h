@@ -8,8 +8,9 @@
 class QMenu;
 
 /// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert. The text
-/// is selected when the item gets the focus, Enter moves to the next stop, clicks emit Click and DblClick, the context
-/// menu is Japanese. Caption is not shown; it is the accessible description.
+/// is selected when the item gets the focus; later clicks select blanks that are the whole text or fill the item up to
+/// its limit. Enter moves to the next stop, clicks emit Click and DblClick, the context menu is Japanese. Caption is
+/// not shown; it is the accessible description.
 class LineEditItem : public QLineEdit, public Control {
   public:
     LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
@@ -41,6 +42,7 @@ class LineEditItem : public QLineEdit, public Control {
 
   private:
     void Paste(QClipboard::Mode mode);
+    void SelectPadding();
     void SetColor(QPalette::ColorRole role, const QColor& color);
 
     bool pressed_ = false;

@@ -4,11 +4,11 @@
 #include <QLocale>
 #include <QPalette>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTranslator>
 
 #include "platform/Services.h"
 #include "screen/CloseBox.h"
+#include "screen/SuiteStyle.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 
@@ -55,7 +55,7 @@ QPalette BusinessPalette() {
 }  // namespace
 
 void ApplySuiteStyle(QApplication& application) {
-    application.setStyle(QStyleFactory::create(u"Fusion"_s));
+    application.setStyle(new SuiteStyle);
     application.setPalette(BusinessPalette());
     application.setFont(SuiteFont(SuiteFace::PGothic, 10));
 }
