@@ -89,6 +89,23 @@ class FocusWatch:
         pyatspi.Registry.deregisterEventListener(self.hear, "object:state-changed:focused")
 
 
+class Notifications:
+    """Collects the texts that a screen reader speaks without being asked: those of notifications that are shown."""
+
+    KIND = "object:state-changed:showing"
+
+    def __init__(self):
+        self.texts = []
+        pyatspi.Registry.registerEventListener(self.hear, self.KIND)
+
+    def hear(self, event):
+        if event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+            self.texts.append(event.source.name)
+
+    def close(self):
+        pyatspi.Registry.deregisterEventListener(self.hear, self.KIND)
+
+
 def programs():
     """The programs on the bus. Clears the cache, since not all changes are signalled."""
     desktop = pyatspi.Registry.getDesktop(0)
