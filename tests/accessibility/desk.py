@@ -1,5 +1,6 @@
 """A private display with the suite's programs, simulated keyboard and mouse, and a screen reader's view."""
 
+import contextlib
 import os
 import subprocess
 import time
@@ -99,8 +100,9 @@ class Notifications:
         pyatspi.Registry.registerEventListener(self.hear, self.KIND)
 
     def hear(self, event):
-        if event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
-            self.texts.append(event.source.name)
+        with contextlib.suppress(GLib.Error):  # of a node that has vanished meanwhile
+            if event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+                self.texts.append(event.source.name)
 
     def close(self):
         pyatspi.Registry.deregisterEventListener(self.hear, self.KIND)

@@ -1,5 +1,7 @@
 """The main window: tab stops, rows, a search."""
 
+import re
+
 import tree
 from case import InquiryCase
 from desk import Notifications, wait_for
@@ -81,7 +83,7 @@ class MainForm(InquiryCase):
         self.addCleanup(self.search_all)
         wait_for("the announcement", lambda: "該当する要員はいません。" in heard.texts)
         self.search_all()
-        wait_for("the counts", lambda: heard.texts[-1].startswith("5") and " 件　印 " in heard.texts[-1])
+        wait_for("the counts", lambda: re.fullmatch(r"(\d+) 件　印 \1 件", heard.texts[-1]))
 
     def test_entry_of_a_list_is_told_when_it_changes(self):
         self.go_to(self.main, "在籍区分")
