@@ -2,6 +2,7 @@
 
 #include "data/Recordsets.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/ListStatus.h"
 #include "inquiry/ScreenState.h"
 #include "platform/Services.h"
 #include "text/mod項目編集.h"
@@ -45,7 +46,9 @@ bool ReadMatchingStaff(const QString& sql) {
 void RunStaffSearch() {
     const QString sql = BuildStaffStatement();
     Globals().LastRow = -1;
-    if (ReadMatchingStaff(sql)) return;
+    const bool complete = ReadMatchingStaff(sql);
+    ShowRowCounts();
+    if (complete) return;
     platform::Services().dialogs->ShowMessage(u"対象件数が"_s + FormatByMask(RowLimit(), u"#,###,##0"_s) +
                                               u"を超えました。"_s);
 }
@@ -62,4 +65,5 @@ void ReloadStaffRow(int row) {
     }
     CloseQuietly(record);
     RefreshScreen();
+    ShowRowCounts();
 }

@@ -2,6 +2,7 @@
 
 #include "access/ProgramLinks.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/ListStatus.h"
 #include "inquiry/StaffQuery.h"
 #include "platform/Services.h"
 #include "text/TimeStamp.h"
@@ -19,12 +20,12 @@ QString KeyOf(const QString& staffCode) {
     return Globals().ScopeOfficeCode + staffCode.left(kStaffCodeLength).leftJustified(kStaffCodeLength);
 }
 
-void Exchange(int row, const QString& key, const QString& earliest) {
+void StartAndAwait(const QString& key, const QString& earliest) {
+    const AwaitedProgram awaited(kRegistration);
     SendLinkMessage(kRegistration, key);
     platform::Services().processes->StartProgram(
         Globals().Layout.ProgramFolder + platform::kPathSeparator + kRegistration + u".exe"_s, key);
     WaitForLinkedProgram(kRegistration, key, earliest);
-    ReloadStaffRow(row);
 }
 
 }  // namespace
@@ -35,7 +36,8 @@ void LaunchStaffRegistration(int position) {
     const QString code = Globals().Rows.Text(StaffText::担当者コード, row);
     if (TrimBlanks(code).isEmpty()) return;
     try {
-        Exchange(row, KeyOf(code), earliest);
+        StartAndAwait(KeyOf(code), earliest);
+        ReloadStaffRow(row);
     } catch (const platform::RuntimeError&) {
         // The form stays disabled: only a completed wait enables it.
         platform::Services().dialogs->ShowMessage(u"情報登録プログラムが有りません"_s);

@@ -48,8 +48,10 @@ frm要員名簿照会::frm要員名簿照会(std::function<void()> leave) : Form
     BuildListPanel(*this);
     BuildOutputPanel(*this);
     SetTabOrder(*this);
+    SetHints(*this);
     ConnectHead();
     ConnectList();
+    ConnectMenus();
     ConnectCommands();
     Load = [this] { OnLoad(); };
     Closing = [this] { Leave(); };

@@ -10,9 +10,9 @@
 
 /// The main form. Its handlers change the state and repaint (inquiry/ScreenState.h).
 ///
-/// frm要員名簿照会.cpp has the set-up and what several handlers use; files with the endings Head, List and Commands
-/// have the handlers of these areas, those with HeadLayout, ListLayout and OutputLayout the procedures at the end of
-/// this header.
+/// frm要員名簿照会.cpp has the set-up and what several handlers use; files with the endings Head, List, Menus and
+/// Commands have the handlers of these areas, those with HeadLayout, ListLayout, OutputLayout and Hints the procedures
+/// at the end of this header.
 class frm要員名簿照会 : public Form {
   public:
     /// `leave` ends the process; btn_終了 and the close box call it after the wheel hook has been removed.
@@ -48,6 +48,7 @@ class frm要員名簿照会 : public Form {
 
   private:
     enum class Bound { Start, End };
+    struct OutputButton;
 
     void OnLoad();
     void RunFirstSearch();
@@ -67,11 +68,19 @@ class frm要員名簿照会 : public Form {
     void ConnectRow(int position);
     void ScrollList();
 
+    void ConnectMenus();
+    /// Opens a context menu of a panel of the list.
+    void ConnectMenu(Control& panel, const std::function<void(const QPoint&)>& open);
+    /// The menu of the check marks at a place of the screen; `row` is -1 on the title.
+    void OpenMarkMenu(const QPoint& place, int row);
+    /// The menu of a row at a place of its panel.
+    void OpenCopyMenu(const QWidget& panel, const QPoint& place, int row);
+
     void ConnectCommands();
     void Search();
     void Clear();
-    /// Runs `action` if the operation is permitted and the user confirms the question.
-    void Output(Operation operation, const QString& question, const std::function<void()>& action);
+    /// Runs the output if it is permitted and the user confirms the question.
+    void Output(const OutputButton& output);
     void OutputText();
     /// LaunchStaffRegistration with the row's panels coloured meanwhile.
     void LaunchRow(int position);
@@ -89,10 +98,13 @@ class frm要員名簿照会 : public Form {
 void BuildTitlePanel(Form& form);
 /// Ranges, search texts and classes with their selection buttons; search and clear.
 void BuildHeadPanel(Form& form);
-/// Left panels, tab pages, titles, the eight row positions and the scroll bar.
+/// Left panels, tab pages, titles, the eight row positions, the scroll bar and the status line.
 void BuildListPanel(Form& form);
 /// Output buttons, the end button and the notice.
 void BuildOutputPanel(Form& form);
 
 /// Sets the tab order: texts, classes, ranges, order, the head's buttons, ヘッド終了, then tab and outputs.
 void SetTabOrder(Form& form);
+
+/// Sets the tooltips of the head and of the staff codes.
+void SetHints(Form& form);

@@ -5,6 +5,7 @@
 
 #include "access/ProgramRights.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/ListStatus.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
@@ -21,24 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An output button with a confirmation.
-struct OutputButton {
-    QString button;
-    Operation operation;
-    QString question;
-    void (*action)();
-};
-
-const QList<OutputButton>& OutputButtons() {
-    static const QList<OutputButton> buttons = {
-        {u"btn_印刷"_s, Operation::Print, u"印刷しますか?"_s, RunReportPrint},
-        {u"btn_プレビュ"_s, Operation::Preview, u"プレビュしますか?"_s, RunReportPreview},
-        {u"btn_封筒"_s, Operation::Print, u"印刷しますか?"_s, RunEnvelopePrint},
-        {u"btn_はがき"_s, Operation::Print, u"印刷しますか?"_s, RunPostcardPrint},
-        {u"btn_宛名ラベル"_s, Operation::Print, u"印刷しますか?"_s, RunLabelPrint},
-    };
-    return buttons;
-}
+const QString kPrintQuestion = u"印刷しますか?"_s;
+const QString kPrinted = u"名を印刷しました。"_s;
 
 /// Errors from the dialog on are silently ignored without cleanup: after a write error the form stays disabled and the
 /// wait dialog stays open.
@@ -50,7 +35,7 @@ void AskAndOutputText() {
             platform::Services().dialogs->ShowSave({filter, 2, globals.TextOutputFileName});
         if (!chosen) return;
         globals.TextOutputFileName = *chosen;
-        RunTextOutput();
+        if (RunTextOutput()) ShowOutputDone(u"名を "_s + *chosen + u" に出力しました。"_s);
     } catch (const platform::RuntimeError&) {
         return;
     }
@@ -62,12 +47,31 @@ bool Permitted(Operation operation) {
 
 }  // namespace
 
+/// An output button with a confirmation.
+struct frm要員名簿照会::OutputButton {
+    QString button;
+    Operation operation;
+    QString question;
+    bool (*action)();
+    QString done;  ///< for ShowOutputDone
+
+    static QList<OutputButton> All() {
+        return {
+            {u"btn_印刷"_s, Operation::Print, kPrintQuestion, RunReportPrint, kPrinted},
+            {u"btn_プレビュ"_s, Operation::Preview, u"プレビュしますか?"_s, RunReportPreview,
+             u"名をプレビュしました。"_s},
+            {u"btn_封筒"_s, Operation::Print, kPrintQuestion, RunEnvelopePrint, kPrinted},
+            {u"btn_はがき"_s, Operation::Print, kPrintQuestion, RunPostcardPrint, kPrinted},
+            {u"btn_宛名ラベル"_s, Operation::Print, kPrintQuestion, RunLabelPrint, kPrinted},
+        };
+    }
+};
+
 void frm要員名簿照会::ConnectCommands() {
     Item(u"btn_集計検索"_s).Click = Guarded([this] { Search(); });
     Item(u"btn_画面クリア"_s).Click = Guarded([this] { Clear(); });
-    for (const OutputButton& output : OutputButtons())
-        Item(output.button).Click =
-            Guarded([this, output] { Output(output.operation, output.question, output.action); });
+    for (const OutputButton& output : OutputButton::All())
+        Item(output.button).Click = Guarded([this, output] { Output(output); });
     Item(u"btn_テキスト出力"_s).Click = Guarded([this] { OutputText(); });
     for (const TextCondition& text : TextConditions())
         Item(text.selection.button).Click = Guarded([&text] { OpenValueWindow(text); });
@@ -107,13 +111,15 @@ void frm要員名簿照会::Clear() {
     RefreshScreen();
     ResetListArea();
     SetupScrollBar();
+    ClearStatus();
     MoveFocus(*Globals().FirstHeadItem);
 }
 
-void frm要員名簿照会::Output(Operation operation, const QString& question, const std::function<void()>& action) {
-    if (Permitted(operation) && platform::Services().dialogs->Confirm(question)) {
-        action();
+void frm要員名簿照会::Output(const OutputButton& output) {
+    if (Permitted(output.operation) && platform::Services().dialogs->Confirm(output.question)) {
+        const bool done = output.action();
         DropPendingInput();
+        if (done) ShowOutputDone(output.done);
     }
     MoveFocus(*Globals().LastHeadItem);
 }

@@ -88,7 +88,7 @@ void BuildCommands(Form& form) {
     make(u"btn_画面クリア"_s, u"画面ｸﾘｱ"_s, {kKindColumn + 130, top, 126, 2 * kLine - 8});
     // Invisible border between head and list: takes the focus at the end of the head.
     auto* headEnd = new Button(form, form, u"ヘッド終了"_s, QString());
-    headEnd->SetFaceless();
+    headEnd->SetFaceless({kKindColumn + 258, top, 6, 2 * kLine - 8});
     headEnd->setGeometry(kKindColumn + 258, top, 2, 2);
 }
 

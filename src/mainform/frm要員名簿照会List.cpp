@@ -1,6 +1,7 @@
 // Part of frm要員名簿照会.h: the handlers of the list.
 
 #include "globals/ProgramGlobals.h"
+#include "inquiry/ListStatus.h"
 #include "inquiry/ScreenState.h"
 #include "inquiry/StaffQuery.h"
 #include "mainform/frm要員名簿照会.h"
@@ -54,6 +55,7 @@ void frm要員名簿照会::ConnectRow(int position) {
     box.Click = Guarded([&box, position] {
         const int row = Globals().TopRow + position;
         Globals().Rows.出力対象[static_cast<size_t>(row)] = static_cast<qint16>(box.Value());
+        if (RowExists(position)) ShowRowCounts();
     });
 }
 

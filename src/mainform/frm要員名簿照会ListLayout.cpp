@@ -8,6 +8,7 @@
 #include "screen/Form.h"
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
+#include "screen/StatusLine.h"
 #include "screen/TabItem.h"
 #include "screen/fonts/Fonts.h"
 
@@ -170,9 +171,10 @@ void BuildRowNumber(Form& form, int position) {
     number->setFont(SuiteFont(SuiteFace::Gothic, 11.25));
     number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     number->setGeometry(1, kLine1, kNumberWidth - 2, 20);
+    // All of the cell below the number: a click beside the box would open the row.
     auto* box = new CheckItem(form, panel, u"chb_出力対象"_s, position, QString());
     box->setFocusPolicy(Qt::NoFocus);
-    box->setGeometry((kNumberWidth - 20) / 2, kLine2 + 8, 20, 20);
+    box->setGeometry(1, kLine2, kNumberWidth - 2, kRowHeight - kLine2 - 1);
 }
 
 struct TabPages {
@@ -230,6 +232,14 @@ void BuildAllTitles(Form& form, const TabPages& pages) {
                 {{u"itm_ttl_メモ", u"メモ", 1, 440}, {u"itm_ttl_登録更新日付", u"登録・更新日付", 443, 216}});
 }
 
+/// To the right of the tab's titles.
+void BuildStatusLine(Form& form, const TabItem& tab) {
+    const int left = kTabLeft + tab.FocusWidget().sizeHint().width() + 12;
+    auto* status = new StatusLine(form);
+    status->setFont(SuiteFont(SuiteFace::PGothic, 11));
+    status->setGeometry(left, kTabTop, kTabLeft + kTabWidth - left, kTabBar);
+}
+
 }  // namespace
 
 void BuildListPanel(Form& form) {
@@ -238,6 +248,7 @@ void BuildListPanel(Form& form) {
     tab->setFont(SuiteFont(SuiteFace::PGothic, 10));
     tab->setGeometry(kTabLeft, kTabTop, kTabWidth, kTabBar + kTitleHeight + kListHeight);
     const TabPages pages{tab->AddPage(u"所属情報"_s), tab->AddPage(u"基本情報"_s), tab->AddPage(u"その他"_s)};
+    BuildStatusLine(form, *tab);
     BuildAllTitles(form, pages);
     for (int position = 0; position < kRowPositions; ++position) BuildRow(form, pages, position);
     auto* bar = new ScrollItem(form, form, u"scl_行"_s);

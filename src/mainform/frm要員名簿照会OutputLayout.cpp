@@ -1,7 +1,6 @@
 // Part of frm要員名簿照会.h: the layout of the outputs, and the tab order.
 
 #include <QStringList>
-#include <array>
 
 #include "inquiry/SearchConditions.h"
 #include "mainform/frm要員名簿照会.h"
@@ -35,17 +34,13 @@ constexpr OutputLayout kOutputs[] = {
     {u"btn_終了", u"終了", 888, 116},
 };
 
-constexpr auto kTextStops =
-    std::to_array({SearchText::Name, SearchText::Kana, SearchText::Phone, SearchText::Zip, SearchText::Address});
-static_assert(kTextStops.size() == kSearchTextCount);
-
 QStringList StopsOf(Kind id) { return {ConditionOf(id).item, ConditionOf(id).listItem}; }
 
 /// Tab stops in tab order. The head's buttons come after all its items, so that the focus moves from an item that a
 /// selection has disabled to the next item and not to a button.
 QStringList TabStops() {
     QStringList stops;
-    for (const SearchText text : kTextStops) stops << ConditionOf(text).item;
+    for (const TextCondition& text : TextConditions()) stops << text.item;
     stops << StopsOf(Kind::Enrolment) << StopsOf(Kind::StaffClass);
     for (const RangeCondition& range : RangeConditions()) stops << range.fromItem << range.toItem;
     stops << StopsOf(Kind::DisplayOrder) << u"btn_集計検索"_s << u"btn_画面クリア"_s;

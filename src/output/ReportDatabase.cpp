@@ -4,6 +4,7 @@
 #include "data/Files.h"
 #include "data/RunHistory.h"
 #include "globals/ProgramGlobals.h"
+#include "inquiry/RowMarks.h"
 #include "platform/FileSystem.h"
 #include "screen/msgお待ち.h"
 
@@ -28,14 +29,6 @@ bool OpenOn(database::Recordset& recordset, const QString& sql, database::Cursor
         recordset.Open(sql, Globals().ReportDatabase, cursor, lock);
         return !recordset.AtBOF() && !recordset.AtEOF();
     });
-}
-
-bool Marked(int row) { return Globals().Rows.出力対象.at(static_cast<size_t>(row)) == 1; }
-
-int CountMarked() {
-    int count = 0;
-    for (int row = 0; row <= Globals().LastRow; ++row) count += Marked(row) ? 1 : 0;
-    return count;
 }
 
 }  // namespace
@@ -79,10 +72,10 @@ void OpenEmptiedWorkTable(const QString& table) {
 }
 
 void ForEachMarkedRow(const std::function<void(int row)>& callback) {
-    const int count = CountMarked();
+    const int count = MarkedRowCount();
     int done = 0;
     for (int row = 0; row <= Globals().LastRow; ++row) {
-        if (!Marked(row)) continue;
+        if (!IsMarked(row)) continue;
         callback(row);
         PaintProgress(u"データ作成"_s, ++done, count);
     }

@@ -80,77 +80,82 @@ struct HostUse {
     bool showsErrors;
 };
 
-/// Catches runtime errors; shows them if `use` asks for it.
+/// Catches runtime errors; shows them if `use` asks for it. The result of `step`, false after an error.
 template <typename Step>
-void TryShowing(const HostUse& use, Step step) {
+bool TryShowing(const HostUse& use, Step step) {
     try {
-        step();
+        return step();
     } catch (const platform::RuntimeError& error) {
         Globals().Host.HostApplication.reset();
         if (use.showsErrors) platform::Services().dialogs->ShowMessage(platform::TextForPeople(error));
+        return false;
     }
 }
 
-void OutputOnHost(const HostUse& use, const QString& report) {
+bool OutputOnHost(const HostUse& use, const QString& report) {
     RecordOutputStart(use.operation);
     CloseReportDatabase();
-    TryShowing(use, [&] {
+    const bool done = TryShowing(use, [&] {
         const QString templateFile = TemplateFile();
-        if (templateFile.isEmpty()) return;
+        if (templateFile.isEmpty()) return false;
         StartHost(templateFile);
         OpenOnHost(templateFile, report, use.view);
         use.finish();
+        return true;
     });
-    TryShowing(use, [] { OpenReportDatabase(); });
+    TryShowing(use, OpenReportDatabase);
     RecordOutputEnd(use.operation);
+    return done;
 }
 
-void RunReport(void (*output)(const QString&)) {
-    RunOutput(
-        BuildReportData, [output] { output(Globals().ReportName); }, u"印刷情報が有りません"_s);
+bool RunReport(bool (*output)(const QString&)) {
+    return RunOutput(
+        BuildReportData, [output] { return output(Globals().ReportName); }, u"印刷情報が有りません"_s);
 }
 
-void PrintMailPieces(bool (*build)(), const QString& suffix) {
-    RunOutput(
-        build, [suffix] { PrintReportOnHost(Globals().ReportName + suffix); }, u"印刷情報が有りません"_s);
+bool PrintMailPieces(bool (*build)(), const QString& suffix) {
+    return RunOutput(
+        build, [suffix] { return PrintReportOnHost(Globals().ReportName + suffix); }, u"印刷情報が有りません"_s);
 }
 
 }  // namespace
 
-void RunOutput(bool (*build)(), const std::function<void()>& output, const QString& nothing) {
+bool RunOutput(bool (*build)(), const std::function<bool()>& output, const QString& nothing) {
     platform::Dialogs& dialogs = *platform::Services().dialogs;
     if (!OpenReportDatabase()) {
         dialogs.ShowMessage(u"帳票が使用できません。"_s);
-        return;
+        return false;
     }
     ShowWaitDialog();
+    bool done = false;
     if (build())
-        output();
+        done = output();
     else
         dialogs.ShowMessage(nothing);
     UnloadWaitDialog();
     CloseReportDatabase();
+    return done;
 }
 
-void RunReportPrint() { RunReport(PrintReportOnHost); }
+bool RunReportPrint() { return RunReport(PrintReportOnHost); }
 
-void RunReportPreview() { RunReport(PreviewReportOnHost); }
+bool RunReportPreview() { return RunReport(PreviewReportOnHost); }
 
-void RunEnvelopePrint() { PrintMailPieces(BuildEnvelopeData, u"封筒"_s); }
+bool RunEnvelopePrint() { return PrintMailPieces(BuildEnvelopeData, u"封筒"_s); }
 
-void RunPostcardPrint() { PrintMailPieces(BuildPostcardData, u"はがき"_s); }
+bool RunPostcardPrint() { return PrintMailPieces(BuildPostcardData, u"はがき"_s); }
 
-void RunLabelPrint() { PrintMailPieces(BuildLabelData, u"宛名ラベル"_s); }
+bool RunLabelPrint() { return PrintMailPieces(BuildLabelData, u"宛名ラベル"_s); }
 
-void PrintReportOnHost(const QString& report) {
-    OutputOnHost({.operation = u"印刷"_s, .view = platform::ReportView::Print, .finish = EndHost, .showsErrors = true},
-                 report);
+bool PrintReportOnHost(const QString& report) {
+    return OutputOnHost(
+        {.operation = u"印刷"_s, .view = platform::ReportView::Print, .finish = EndHost, .showsErrors = true}, report);
 }
 
-void PreviewReportOnHost(const QString& report) {
-    OutputOnHost({.operation = u"プレビュ"_s,
-                  .view = platform::ReportView::Preview,
-                  .finish = LeaveHostToUser,
-                  .showsErrors = false},
-                 report);
+bool PreviewReportOnHost(const QString& report) {
+    return OutputOnHost({.operation = u"プレビュ"_s,
+                         .view = platform::ReportView::Preview,
+                         .finish = LeaveHostToUser,
+                         .showsErrors = false},
+                        report);
 }

@@ -29,18 +29,19 @@ void ShowLostCharacters(const LostCharacters& lost) {
 
 }  // namespace
 
-void RunTextOutput() { RunOutput(BuildReportData, WriteWorkTableToText, u"出力情報が有りません"_s); }
+bool RunTextOutput() { return RunOutput(BuildReportData, WriteWorkTableToText, u"出力情報が有りません"_s); }
 
-void WriteWorkTableToText() {
+bool WriteWorkTableToText() {
     ProgramGlobals& globals = Globals();
     globals.MainForm->SetEnabled(false);
     RecordOutputStart(kOperation);
     LostCharacters lost;
-    if (OpenReportReadOnly(globals.ReportRecordset, u"SELECT * FROM "_s + globals.ReportName))
-        lost = WriteRecordsetAsCsv(globals.ReportRecordset, globals.TextOutputFileName);
+    const bool hasRows = OpenReportReadOnly(globals.ReportRecordset, u"SELECT * FROM "_s + globals.ReportName);
+    if (hasRows) lost = WriteRecordsetAsCsv(globals.ReportRecordset, globals.TextOutputFileName);
     CloseQuietly(globals.ReportRecordset);
     globals.ReportRecordset = database::Recordset();
     RecordOutputEnd(kOperation);
     globals.MainForm->SetEnabled(true);
     ShowLostCharacters(lost);
+    return hasRows;
 }

@@ -52,7 +52,7 @@ class Dialogs {
 
     /// Modal box with an OK button; returns when it is closed. With an empty title the box has no caption.
     virtual void ShowMessage(const QString& text, const QString& title) = 0;
-    /// Modal box with はい and いいえ. True for はい.
+    /// Modal box with はい and いいえ, which the keys Y and N press, too. True for はい.
     virtual bool Confirm(const QString& text, const QString& title) = 0;
     /// Modal save dialog; nullopt on cancel. The path is returned as typed: no suffix is appended, and no confirmation
     /// is asked for an existing file. A proposed name without a folder is resolved in the user's documents folder. The
@@ -64,6 +64,10 @@ class Dialogs {
     bool Confirm(const QString& text) { return Confirm(text, defaultTitle); }
 
     QString defaultTitle;
+
+    enum class Answer { Yes, No };
+    /// Answer of Confirm to the Enter key. A program whose questions are about losing data sets it to No at its start.
+    Answer defaultAnswer = Answer::Yes;
 };
 
 /// Notice that a long job is running, for modules without widgets. The base class shows nothing.

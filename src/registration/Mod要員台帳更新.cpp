@@ -47,6 +47,8 @@ RegistrationCommand ParseRegistrationCommand(const QString& commandLine) {
 void StartRegistration() {
     ProgramGlobals& globals = Globals();
     BeginProgram(u"要員台帳更新"_s);
+    // Every question of this program is about deleting a person or discarding input.
+    platform::Services().dialogs->defaultAnswer = platform::Dialogs::Answer::No;
     // Never deleted: the process exits without running destructors.
     auto* form = new frm要員台帳更新(LeaveProgram, AnswerStarter);
     globals.MainForm = form;

@@ -3,8 +3,11 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 #include "screen/PlainControls.h"
+#include "screen/SuiteStyle.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,10 +41,27 @@ void Button::SetForeColor(const QColor& color) {
     setPalette(colors);
 }
 
-void Button::SetFaceless() { faceless_ = true; }
+void Button::SetFaceless(const QRect& mark) {
+    focusMark_ = new QWidget(parentWidget());
+    focusMark_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    focusMark_->setAutoFillBackground(true);
+    focusMark_->setPalette(kFocusColor);
+    focusMark_->setGeometry(mark);
+    focusMark_->hide();
+}
 
 void Button::paintEvent(QPaintEvent* event) {
-    if (!faceless_) QPushButton::paintEvent(event);
+    if (focusMark_ == nullptr) QPushButton::paintEvent(event);
+}
+
+void Button::focusInEvent(QFocusEvent* event) {
+    QPushButton::focusInEvent(event);
+    if (focusMark_ != nullptr) focusMark_->show();
+}
+
+void Button::focusOutEvent(QFocusEvent* event) {
+    QPushButton::focusOutEvent(event);
+    if (focusMark_ != nullptr) focusMark_->hide();
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {
@@ -76,6 +96,17 @@ void CheckItem::SetCaption(const QString& caption) {
     caption_ = caption;
     setText(QString(caption).replace(u'&', u"&&"_s));
     setAccessibleDescription(caption);
+}
+
+void CheckItem::paintEvent(QPaintEvent* event) {
+    if (!caption_.isEmpty()) return QCheckBox::paintEvent(event);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QSize box(style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, this),
+                    style()->pixelMetric(QStyle::PM_IndicatorHeight, &option, this));
+    option.rect = QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, box, rect());
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, option);
 }
 
 void CheckItem::SetValue(int value) {

@@ -1,6 +1,7 @@
 #include "screen/Labels.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStringList>
@@ -10,9 +11,12 @@
 #include <utility>
 #include <vector>
 
+#include "screen/ToolTips.h"
+
 namespace {
 
 constexpr int kPadding = 3;
+constexpr int kWrapping = static_cast<int>(Qt::AlignLeft | Qt::AlignTop) | Qt::TextWrapAnywhere;
 
 }  // namespace
 
@@ -67,12 +71,35 @@ void LabelItem::paintEvent(QPaintEvent*) {
     PaintEdge(painter);
     if (text_.isEmpty()) return;
     painter.setPen(isEnabled() ? fore_ : palette().color(QPalette::Disabled, QPalette::WindowText));
-    const QRect area = rect().adjusted(kPadding, 1, -kPadding, -1);
+    const QRect area = TextArea();
     if (wrapped_) {
-        painter.drawText(area, static_cast<int>(Qt::AlignLeft | Qt::AlignTop) | Qt::TextWrapAnywhere, text_);
+        painter.drawText(area, kWrapping, text_);
     } else {
         PaintLine(painter, area);
     }
+}
+
+QRect LabelItem::TextArea() const { return rect().adjusted(kPadding, 1, -kPadding, -1); }
+
+bool LabelItem::IsCut() const {
+    const QRect area = TextArea();
+    if (wrapped_) return fontMetrics().boundingRect(area, kWrapping, text_).height() > area.height();
+    return fontMetrics().horizontalAdvance(text_) > area.width();
+}
+
+QString LabelItem::ToolTipText() const {
+    QStringList lines;
+    if (IsCut()) lines << text_;
+    if (Hint) lines << Hint();
+    lines.removeAll(QString());
+    return lines.join(u'\n');
+}
+
+bool LabelItem::event(QEvent* event) {
+    const QString tip = event->type() == QEvent::ToolTip ? ToolTipText() : QString();
+    if (tip.isEmpty()) return QWidget::event(event);
+    ShowToolTip(static_cast<QHelpEvent&>(*event), *this, tip);
+    return true;
 }
 
 /// Lines of whole device pixels along the outer border. Lines of a logical pixel would be partly covered by the items

@@ -25,6 +25,10 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
     /// The text, also while the item is hidden.
     const QString& Shown() const { return text_; }
 
+    /// Second line of the tooltip, computed when the tooltip is requested; may be empty. The first line is the whole
+    /// text if the item does not show all of it.
+    std::function<QString()> Hint;
+
     // The text is the accessible name, the control's name the description. A hidden item, such as a PIN that the user
     // may not see, has no accessible text.
     QAccessible::Role AccessibleRole() const override { return QAccessible::StaticText; }
@@ -40,6 +44,7 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
     /// Wraps the text instead of eliding it.
     void SetWrapped(bool wrapped);
 
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -48,6 +53,9 @@ class LabelItem : public QWidget, public Control, public AccessibleText {
   private:
     void PaintEdge(QPainter& painter) const;
     void PaintLine(QPainter& painter, const QRect& area) const;
+    QRect TextArea() const;
+    bool IsCut() const;
+    QString ToolTipText() const;
 
     QString text_;
     QColor fore_;

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <algorithm>
 #include <functional>
 #include <limits>
 
@@ -33,6 +34,12 @@ void AddAction(QMenu& menu, const QString& caption, QKeySequence::StandardKey sh
     action->setShortcut(shortcut);
     action->setEnabled(enabled);
     QObject::connect(action, &QAction::triggered, menu.parent(), run);
+}
+
+/// Length of the text without the blanks at its end.
+int LengthWithoutPadding(const QString& text) {
+    const auto last = std::find_if(text.rbegin(), text.rend(), [](QChar c) { return c != u' ' && c != u'\u3000'; });
+    return static_cast<int>(text.rend() - last);
 }
 
 /// The context menu in Japanese, deleted when it closes. `paste` inserts the clipboard within the item's limits.
@@ -185,8 +192,17 @@ void LineEditItem::mouseReleaseEvent(QMouseEvent* event) {
     QLineEdit::mouseReleaseEvent(event);
     if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
     // Qt has moved the cursor to the press; an item that just got the focus keeps its text selected.
-    if (std::exchange(arrivedByPress_, false) && !hasSelectedText()) selectAll();
+    const bool arrived = std::exchange(arrivedByPress_, false);
+    if (!hasSelectedText()) arrived ? selectAll() : SelectPadding();
     if (rect().contains(event->position().toPoint())) EmitByUser(Click);
+}
+
+/// Blanks that fill an item up to its limit, as from a start command, would make it refuse all typing.
+void LineEditItem::SelectPadding() {
+    const int size = static_cast<int>(text().size());
+    const int length = LengthWithoutPadding(text());
+    if (length == size || cursorPosition() < length) return;
+    if (length == 0 || (MaxLength() > 0 && size >= MaxLength())) setSelection(length, size - length);
 }
 
 void LineEditItem::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -16,9 +16,9 @@ enum class Intake {
 
 /// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert; what is
 /// lost is shown by ShowInputNotice. An item that does not use the input method tells it so, and ignores an unfinished
-/// composition, but takes what is committed. The text is selected when the item gets the focus, Enter moves to the next
-/// stop, clicks emit Click and DblClick, the context menu is Japanese. Caption is not shown; it is the accessible
-/// description.
+/// composition, but takes what is committed. The text is selected when the item gets the focus; later clicks select
+/// blanks that are the whole text or fill the item up to its limit. Enter moves to the next stop, clicks emit Click and
+/// DblClick, the context menu is Japanese. Caption is not shown; it is the accessible description.
 class LineEditItem : public QLineEdit, public Control {
   public:
     LineEditItem(Form& form, QWidget& parent, QString typeName, QString name, int index);
@@ -63,6 +63,7 @@ class LineEditItem : public QLineEdit, public Control {
     void Paste(QClipboard::Mode mode);
     void Take(const QString& text, bool composed);
     void TakeTransferred(QString text);
+    void SelectPadding();
     void SetColor(QPalette::ColorRole role, const QColor& color);
 
     bool pressed_ = false;

@@ -1,6 +1,7 @@
 #include "screen/ListView.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionHeader>
@@ -9,6 +10,7 @@
 #include "platform/Services.h"
 #include "screen/Form.h"
 #include "screen/PlainControls.h"
+#include "screen/ToolTips.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +40,15 @@ class RowDelegate : public QStyledItemDelegate {
     explicit RowDelegate(ListView& list) : QStyledItemDelegate(&list), list_(list) {}
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         return {QStyledItemDelegate::sizeHint(option, index).width(), list_.RowHeight()};
+    }
+
+    /// The tooltip of a cell that does not show its whole text.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
+        const bool cut = sizeHint(option, index).width() > option.rect.width();
+        ShowToolTip(*event, *view->viewport(), cut ? index.data().toString() : QString());
+        return true;
     }
 
   private:

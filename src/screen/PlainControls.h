@@ -20,8 +20,9 @@ class Button : public QPushButton, public Control {
   public:
     Button(Form& form, QWidget& parent, QString name, const QString& caption);
 
-    /// Makes the button paint nothing; it still takes focus and clicks.
-    void SetFaceless();
+    /// Makes the button paint nothing; it still takes focus and clicks. While it has the focus, `mark`, a rectangle of
+    /// its parent in pixels, is filled.
+    void SetFaceless(const QRect& mark);
 
     QString Caption() const override { return caption_; }
     void SetCaption(const QString& caption) override;
@@ -30,18 +31,21 @@ class Button : public QPushButton, public Control {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
     QString caption_;
-    bool faceless_ = false;
-    bool byInput_ = false;  // pressed by key or mouse, which have already moved the focus
+    QWidget* focusMark_ = nullptr;  // of a button without a face
+    bool byInput_ = false;          // pressed by key or mouse, which have already moved the focus
 };
 
 /// CheckBox: CheckItem(form, parent, name, index, caption). Value is 0 or 1; SetValue takes any number other than 0 as
 /// 1. Emits Click at each change of Value, also when the program writes it. A click anywhere in its rectangle counts.
+/// Without a caption the box is in the middle of the rectangle.
 class CheckItem : public QCheckBox, public Control {
   public:
     CheckItem(Form& form, QWidget& parent, QString name, int index, const QString& caption);
@@ -53,6 +57,7 @@ class CheckItem : public QCheckBox, public Control {
 
   protected:
     bool hitButton(const QPoint& place) const override { return rect().contains(place); }
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     QString caption_;

@@ -6,7 +6,6 @@
 #include <QLocale>
 #include <QPalette>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTranslator>
 
 #include "platform/Services.h"
@@ -14,6 +13,7 @@
 #include "screen/CloseBox.h"
 #include "screen/InputMethod.h"
 #include "screen/ScreenScale.h"
+#include "screen/SuiteStyle.h"
 #include "screen/fonts/Fonts.h"
 #include "screen/msgお待ち.h"
 
@@ -80,7 +80,7 @@ QPalette BusinessPalette() {
 }  // namespace
 
 void ApplySuiteStyle(QApplication& application) {
-    application.setStyle(QStyleFactory::create(u"Fusion"_s));
+    application.setStyle(new SuiteStyle);
     application.setPalette(BusinessPalette());
     application.setFont(SuiteFont(SuiteFace::PGothic, 10));
 }

@@ -35,8 +35,12 @@ void WidgetDialogs::ShowMessage(const QString& text, const QString& title) {
 bool WidgetDialogs::Confirm(const QString& text, const QString& title) {
     QMessageBox box(Front());
     Prepare(box, text, title).setIcon(QMessageBox::Question);
-    const QPushButton* yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
-    box.setEscapeButton(box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole));
+    QPushButton* yes = box.addButton(QStringLiteral("はい"), QMessageBox::YesRole);
+    QPushButton* no = box.addButton(QStringLiteral("いいえ"), QMessageBox::NoRole);
+    yes->setShortcut(Qt::Key_Y);
+    no->setShortcut(Qt::Key_N);
+    box.setDefaultButton(defaultAnswer == Answer::Yes ? yes : no);
+    box.setEscapeButton(no);
     box.exec();
     return box.clickedButton() == yes;
 }

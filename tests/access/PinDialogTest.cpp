@@ -5,6 +5,7 @@
 #include "screen/InputItem.h"
 #include "screen/SuiteApplication.h"
 #include "screen/modクライアント処理.h"
+#include "support/FocusMarks.h"
 #include "support/FormLayout.h"
 
 #include <QtTest/QTest>
@@ -50,6 +51,18 @@ class PinDialog : public WithRights {
 TEST_F(PinDialog, Layout) {
     EXPECT_FALSE(Ask([](PinDialogDriver& user) {
         ExpectLayout(*LoadedForm(u"msg暗証番号確認"_s), u"access"_s);
+        user.Click(u"btn_キャンセル"_s);
+    }));
+}
+
+TEST_F(PinDialog, EveryStopShowsThatItHasTheFocus) {
+    const SuiteLook look;
+    EXPECT_FALSE(Ask([](PinDialogDriver& user) {
+        Form& dialog = *LoadedForm(u"msg暗証番号確認"_s);
+        // They would move the focus back to an empty item.
+        for (Control* control : dialog.Controls()) control->LostFocus = control->GotFocus = nullptr;
+        EXPECT_EQ(ExpectFocusMarks(dialog),
+                  QStringList({u"担当者コード"_s, u"担当者名"_s, u"暗証番号"_s, u"btn_OK"_s, u"btn_キャンセル"_s}));
         user.Click(u"btn_キャンセル"_s);
     }));
 }

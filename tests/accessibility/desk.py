@@ -1,5 +1,6 @@
 """A private display with the suite's programs, simulated keyboard and mouse, and a screen reader's view."""
 
+import contextlib
 import os
 import subprocess
 import time
@@ -87,6 +88,24 @@ class FocusWatch:
 
     def close(self):
         pyatspi.Registry.deregisterEventListener(self.hear, "object:state-changed:focused")
+
+
+class Notifications:
+    """Collects the texts that a screen reader speaks without being asked: those of notifications that are shown."""
+
+    KIND = "object:state-changed:showing"
+
+    def __init__(self):
+        self.texts = []
+        pyatspi.Registry.registerEventListener(self.hear, self.KIND)
+
+    def hear(self, event):
+        with contextlib.suppress(GLib.Error):  # of a node that has vanished meanwhile
+            if event.detail1 and event.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+                self.texts.append(event.source.name)
+
+    def close(self):
+        pyatspi.Registry.deregisterEventListener(self.hear, self.KIND)
 
 
 def programs():

@@ -1,12 +1,14 @@
 """The main window: tab stops, rows, a search."""
 
+import re
+
 import tree
 from case import InquiryCase
-from desk import wait_for
+from desk import Notifications, wait_for
 from sample import STAFF
 
 HEAD = [
-    "検索名称", "検索カナ", "検索電話", "検索郵便番号", "検索住所",
+    "検索名称", "検索カナ", "検索住所", "検索電話", "検索郵便番号",
     "在籍区分", "在籍区分名称", "社員区分", "社員区分名称",
     "開始部門コード", "終了部門コード", "開始セクションコード", "終了セクションコード",
     "開始役職コード", "終了役職コード", "開始担当者コード", "終了担当者コード",
@@ -73,6 +75,15 @@ class MainForm(InquiryCase):
         wait_for("the focus after the search", lambda: self.focused(self.main))
         self.go_to(self.main, "検索名称")
         self.assert_chain(self.main, HEAD + LIST_PAGES + END)
+
+    def test_status_line_is_announced_when_it_changes(self):
+        heard = Notifications()
+        self.addCleanup(heard.close)
+        self.search("nobody")
+        self.addCleanup(self.search_all)
+        wait_for("the announcement", lambda: "該当する要員はいません。" in heard.texts)
+        self.search_all()
+        wait_for("the counts", lambda: re.fullmatch(r"(\d+) 件　印 \1 件", heard.texts[-1]))
 
     def test_entry_of_a_list_is_told_when_it_changes(self):
         self.go_to(self.main, "在籍区分")

@@ -47,7 +47,7 @@ class Registration(InquiryCase):
             self.assertTrue(tree.has(control, pyatspi.STATE_SENSITIVE), control)
 
     def answer(self, form, text, buttons, answer):
-        """Checks the text and the buttons of the active message or question, and closes it."""
+        """Checks the text and the buttons, from the default one on, of the active message or question, and closes it."""
         message = self.open(TITLE, beside=form)
         self.assertIsNotNone(tree.named(message, text))
         if len(buttons) > 1:
@@ -68,7 +68,7 @@ class Registration(InquiryCase):
         wait_for("the item again", lambda: self.focused(form).name == "氏名")
         self.go_to(form, "btn_終了")
         self.screen.key("space")
-        self.answer(form, "修正が保存されていません。終了しますか?", ["はい", "いいえ"], "はい")
+        self.answer(form, "修正が保存されていません。終了しますか?", ["いいえ", "はい"], "はい")
         wait_for("the end of the registration", lambda: self.find(TITLE) is None)
         self.return_to_main()
         self.assertEqual(self.rows.texts("担当者名")[0], name)
@@ -78,7 +78,7 @@ class Registration(InquiryCase):
         name = tree.text_of(self.go_to(form, "氏名"))
         self.go_to(form, "btn_削除")
         self.screen.key("space")
-        self.answer(form, f"担当者コード 00001 {name} を削除しますか?", ["はい", "いいえ"], "いいえ")
+        self.answer(form, f"担当者コード 00001 {name} を削除しますか?", ["いいえ", "はい"], "いいえ")
         self.screen.focus(TITLE)
         wait_for("the button again", lambda: self.focused(form).name == "btn_削除")
         self.finish(form)

@@ -1,10 +1,12 @@
 #include <QDir>
+#include <QLabel>
 #include <QtTest/QTest>
 
 #include <unistd.h>
 #include <csignal>
 
 #include "globals/ProgramGlobals.h"
+#include "inquiry/RowMarks.h"
 #include "report-host/template/OutputTarget.h"
 #include "screen/Form.h"
 #include "setup/storage/Installer.h"
@@ -43,6 +45,8 @@ class MainFormReportTest : public MainFormTest {
     }
     QStringList Printed() const { return QDir(printer.path()).entryList(QDir::Files); }
     QStringList Boxes() const { return services.dialogs.Texts(); }
+    QString Status() const { return MainForm().findChild<QLabel*>(u"状況"_s)->accessibleName(); }
+    static QString Everyone() { return QString::number(Globals().LastRow + 1); }
     static bool WaitDialogShown() { return LoadedForm(u"msgお待ち"_s) != nullptr; }
     /// Presses the button and answers its question with はい.
     void Order(const QString& button) {
@@ -67,12 +71,16 @@ TEST_F(MainFormReportTest, PrintButtonBringsOutTheTickedRowsAndNoHostIsLeft) {
     EXPECT_EQ(History().mid(before), QStringList({u"出力開始 印刷"_s, u"出力終了 印刷"_s}));
     EXPECT_TRUE(waitDialogShown);
     EXPECT_FALSE(WaitDialogShown());
+    EXPECT_EQ(Status(), Everyone() + u" 名を印刷しました。"_s);
 }
 
 TEST_F(MainFormReportTest, MailButtonsBringOutTheirPiecesAndNoHostIsLeft) {
     Start();
     for (const QString& piece : {u"封筒"_s, u"はがき"_s, u"宛名ラベル"_s}) {
+        Click(u"chb_出力対象"_s, 0);
+        const int marked = MarkedRowCount();
         Order(u"btn_"_s + piece);
+        EXPECT_EQ(Status(), QString::number(marked) + u" 名を印刷しました。"_s);
         EXPECT_EQ(Printed().filter(u"要員名簿照会"_s + piece + u'-').size(), 1) << piece.toStdString();
         ExpectHosts({});
     }
@@ -94,6 +102,7 @@ TEST_F(MainFormReportTest, PreviewStaysOnTheScreenWhileTheProgramGoesOn) {
     Order(u"btn_プレビュ"_s);
     EXPECT_EQ(Hosts().size(), 1);
     EXPECT_FALSE(WaitDialogShown());
+    EXPECT_EQ(Status(), Everyone() + u" 名をプレビュしました。"_s);
     const int before = static_cast<int>(History().size());
     Click(u"btn_集計検索"_s);
     EXPECT_EQ(History().size(), before + 1);
@@ -124,6 +133,7 @@ TEST_F(MainFormReportTest, OnlyThePrintShowsAMissingHost) {
     EXPECT_EQ(History().count(u"出力終了 印刷"_s), 1);
     EXPECT_EQ(History().count(u"出力終了 プレビュ"_s), 1);
     EXPECT_FALSE(Globals().ReportDatabase.IsOpen());
+    EXPECT_EQ(Status(), Everyone() + u" 件　印 "_s + Everyone() + u" 件"_s) << "nothing was output";
 }
 
 TEST_F(MainFormReportTest, HostThatNeverListensIsReportedAndNotKilled) {

@@ -14,7 +14,7 @@ const QColor kDarkBlue(0, 0, 128);
 
 TEST_F(ValueWindowsTest, ValuesTurnTheButtonGreenAndDisableTheItem) {
     Start();
-    const QStringList next = {u"検索カナ"_s, u"検索電話"_s, u"在籍区分"_s, u"検索郵便番号"_s, u"検索住所"_s};
+    const QStringList next = {u"検索カナ"_s, u"検索住所"_s, u"検索電話"_s, u"検索郵便番号"_s, u"在籍区分"_s};
     for (size_t i = 0; i < 5; ++i) {
         const TextCondition& window = TextConditions()[i];
         Give(window, {window.valueDesign.classes == CharacterClass::Kana ? u"ｱ"_s : u"1"_s});

@@ -31,7 +31,7 @@ class AskedHosts : public platform::ReportHostLink {
 };
 
 struct Piece {
-    void (*run)();
+    bool (*run)();
     QString word;
 };
 

@@ -186,7 +186,7 @@ TEST_F(ReportRunnerTest, FailedPreviewIsSilent) {
 
 TEST_F(ReportRunnerTest, AnyFailureLeavesTheReportDatabaseOpenAndToBeWritten) {
     const QStringList failures = {u"registration"_s, u"start"_s, u"bind"_s, u"OpenReport"_s, u"Quit"_s, u"Maximize"_s};
-    for (void (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
+    for (bool (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
         for (const QString& failure : failures) {
             ASSERT_TRUE(OpenReportDatabase());
             failure == u"registration"_s ? Unregister() : Register(u"/suite/host/"_s);
@@ -201,7 +201,7 @@ TEST_F(ReportRunnerTest, AnyFailureLeavesTheReportDatabaseOpenAndToBeWritten) {
 }
 
 TEST_F(ReportRunnerTest, OnlyThePrintShowsAFailedReopening) {
-    for (void (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
+    for (bool (*const bringOut)(const QString&) : {&PrintReportOnHost, &PreviewReportOnHost}) {
         const QByteArray tables = ReadBytes(installation.Report().Path());
         ASSERT_TRUE(OpenReportDatabase());
         services.dialogs.shown.clear();

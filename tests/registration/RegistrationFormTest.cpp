@@ -3,6 +3,7 @@
 
 #include "access/PinDialogDriver.h"
 #include "registration/RegistrationFixture.h"
+#include "support/FocusMarks.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,19 @@ class RegistrationForm : public RegistrationTest {
 };
 
 }  // namespace
+
+TEST_F(RegistrationForm, EveryStopShowsThatItHasTheFocus) {
+    const SuiteLook look;
+    Start();
+    const QStringList stops = ExpectFocusMarks(Window());
+    EXPECT_EQ(stops.size(), static_cast<qsizetype>(kStaffItemCount) + 3);
+    EXPECT_EQ(stops.last(3), QStringList({u"btn_保存"_s, u"btn_削除"_s, u"btn_終了"_s}));
+}
+
+TEST_F(RegistrationForm, EnterAnswersNoToItsQuestions) {
+    Start();
+    EXPECT_EQ(services.dialogs.defaultAnswer, platform::Dialogs::Answer::No);
+}
 
 TEST_F(RegistrationForm, ShowsThePersonWithNamesBesideCodesAndErasBesideDates) {
     Start();

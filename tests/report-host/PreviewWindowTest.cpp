@@ -22,6 +22,7 @@
 #include "report-host/render/RenderWatch.h"
 #include "report-host/template/OutputTarget.h"
 #include "support/FileBytes.h"
+#include "support/FocusMarks.h"
 #include "support/SampleInstallation.h"
 #include "support/TestServices.h"
 
@@ -85,6 +86,29 @@ TEST_F(PreviewWindowTest, KeysTurnThePages) {
     EXPECT_TRUE(Paints(1));
     QTest::keyClick(window.get(), Qt::Key_Home);
     EXPECT_TRUE(Paints(0));
+}
+
+TEST_F(PreviewWindowTest, EveryStopShowsThatItHasTheFocus) {
+    const SuiteLook look;
+    Show(3);
+    QApplication::setActiveWindow(window.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QWidgetList stops;
+    for (QWidget* stop : window->findChildren<QWidget*>())
+        if (stop->isVisible() && stop->isEnabled() && stop->focusPolicy() & Qt::TabFocus && !stop->focusProxy())
+            stops << stop;
+    const auto areaOf = [this](const QWidget* stop) {
+        return QRect(stop->mapTo(window.get(), QPoint()), stop->size()) & window->rect();
+    };
+    EXPECT_GE(stops.size(), 9);
+    for (QWidget* stop : stops) {
+        const bool page = stop == &View();
+        QWidget* other = stops.first() == stop ? stops.last() : stops.first();
+        const QRect area = page ? areaOf(window->centralWidget()) : areaOf(stop);
+        EXPECT_TRUE(ShowsFocus(
+            *window, area, [stop] { stop->setFocus(); }, [other] { other->setFocus(); }))
+            << stop->metaObject()->className() << stops.indexOf(stop);
+    }
 }
 
 TEST_F(PreviewWindowTest, PageFieldSaysHowManyThereAreAndGoesToOne) {

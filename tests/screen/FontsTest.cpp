@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +44,8 @@ TEST(Fonts, LookIsLightWhateverTheDesktopSays) {
         EXPECT_GT(palette.color(group, QPalette::Base).lightness(), 200);
         EXPECT_LT(palette.color(group, QPalette::WindowText).lightness(), 160);
     }
-    EXPECT_EQ(QApplication::style()->name(), u"fusion"_s);
+    const auto* style = qobject_cast<const QProxyStyle*>(QApplication::style());
+    ASSERT_NE(style, nullptr);
+    EXPECT_EQ(style->baseStyle()->name(), u"fusion"_s);
     QApplication::setPalette(kept);
 }

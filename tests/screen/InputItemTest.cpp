@@ -249,3 +249,15 @@ TEST_F(InputItemTest, ColoursAreTheItemsOwn) {
     EXPECT_EQ(item.BackColor(), QColor(Qt::yellow));
     EXPECT_EQ(item.ForeColor(), QColor(Qt::red));
 }
+
+TEST_F(InputItemTest, ClickSelectsBlanksThatAreTheWholeText) {
+    InputItem& item = Make(Design(20));
+    item.SetText(u"  \u3000"_s);
+    Click(item);
+    Click(item);
+    EXPECT_EQ(item.selectedText(), u"  \u3000"_s);
+    item.SetText(u"a  "_s);
+    item.deselect();
+    Click(item);
+    EXPECT_FALSE(item.hasSelectedText()) << "there is room for more";
+}

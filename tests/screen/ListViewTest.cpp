@@ -3,8 +3,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QStyleHints>
+#include <QToolTip>
 #include <QtTest/QTest>
 #include <utility>
 
@@ -325,4 +327,20 @@ TEST_F(DoubleClickGuardTest, LaterPressAndOneElsewhereAreTheUsersOwn) {
     ClickAt(*list.viewport(), place, 5000);
     ClickAt(below.panel, place, 5000 + static_cast<quint64>(interval) + 50);
     EXPECT_EQ(events, QStringList{u"below"_s}) << "later";
+}
+
+TEST_F(ListViewTest, TooltipShowsTheWholeTextOfACutCellOnly) {
+    const QString whole(40, u'長');
+    Fill({u"001"_s}, {whole});
+    const auto tip = [this](int column) {
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); })) << "tooltips disappear after a while";
+        const QPoint place = PlaceOf(0, column);
+        QHelpEvent event(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list.viewport(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_TRUE(tip(1).contains(whole));
+    EXPECT_EQ(tip(0), QString());
+    QToolTip::hideText();
 }

@@ -23,6 +23,21 @@ bool AskAndAnswer() {
     return WidgetDialogs().Confirm(u"印刷しますか?"_s, u"要員名簿照会"_s);
 }
 
+/// Sends keys to the question's window and returns the answer. If the keys do not answer it, `otherwise` does.
+bool AnswerByKey(Qt::Key key, bool otherwise, platform::Dialogs::Answer byEnter = platform::Dialogs::Answer::Yes) {
+    QTimer::singleShot(0, [key, otherwise] {
+        const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_FALSE(box.isNull());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(box));
+        QTest::keyClick(box->windowHandle(), key);
+        if (QTest::qWaitFor([&box] { return box.isNull() || !box->isVisible(); }, 2000)) return;
+        box->buttons().at(otherwise ? 0 : 1)->click();
+    });
+    WidgetDialogs dialogs;
+    dialogs.defaultAnswer = byEnter;
+    return dialogs.Confirm(u"印刷しますか?"_s, u"要員名簿照会"_s);
+}
+
 }  // namespace
 
 TEST(Dialogs, BoxOutlivesTheWindowThatHasJustClosed) {
@@ -59,4 +74,20 @@ TEST(Dialogs, BoxWithoutTitleHasEmptyCaption) {
     });
     WidgetDialogs().ShowMessage(u"x"_s, QString());
     EXPECT_EQ(title, u" "_s);  // Qt would replace an empty title by the program's name
+}
+
+TEST(Dialogs, KeysYAndNAnswerAQuestion) {
+    EXPECT_TRUE(AnswerByKey(Qt::Key_Y, false));
+    EXPECT_FALSE(AnswerByKey(Qt::Key_N, true));
+}
+
+TEST(Dialogs, EscapeAnswersNo) { EXPECT_FALSE(AnswerByKey(Qt::Key_Escape, true)); }
+
+TEST(Dialogs, EnterGivesTheDefaultAnswerOfTheProgram) {
+    EXPECT_TRUE(AnswerByKey(Qt::Key_Return, false));
+    EXPECT_FALSE(AnswerByKey(Qt::Key_Return, true, platform::Dialogs::Answer::No));
+}
+
+TEST(Dialogs, KeyYAnswersYesWhereNoIsTheDefault) {
+    EXPECT_TRUE(AnswerByKey(Qt::Key_Y, false, platform::Dialogs::Answer::No));
 }

@@ -77,6 +77,8 @@ void PreviewWindow::MakeView() {
     area_->setBackgroundRole(QPalette::Mid);
     area_->setWidget(view_);
     setCentralWidget(area_);
+    // The frame around the view shows the focus of the page.
+    connect(qApp, &QApplication::focusChanged, area_, [this] { area_->update(); });
     view_->setFocus();
 }
 
