@@ -24,10 +24,10 @@ QString CellText(const DetailItem& detail, int row) { return detail.item.left(6)
 void FillStore() {
     StaffRowStore& rows = Globals().Rows;
     for (int row = 0; row < kRows; ++row) {
-        rows.Text(StaffText::行No, row) = QString::number(row + 1);
+        rows.SetText(StaffText::行No, row, QString::number(row + 1));
         rows.出力対象[static_cast<size_t>(row)] = static_cast<qint16>(row % 2);
         rows.閲覧区分[static_cast<size_t>(row)] = static_cast<qint16>(row % 3 - 1);
-        for (const DetailItem& detail : DetailItems()) rows.Text(detail.field, row) = CellText(detail, row);
+        for (const DetailItem& detail : DetailItems()) rows.SetText(detail.field, row, CellText(detail, row));
     }
     Globals().LastRow = kRows - 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 #include <memory>
@@ -32,6 +33,26 @@ class Field {
     const ResultTable* table_;
     int row_;
     int column_;
+};
+
+/// All rows of a result, in any order. Independent of the recordset and the connection that they come from. Rows and
+/// columns are counted from 0.
+class ResultRows {
+  public:
+    explicit ResultRows(std::shared_ptr<const ResultTable> table) : table_(std::move(table)) {}
+
+    int Count() const;
+    /// The column of that name, ignoring case; the first one if the name occurs twice. Throws platform::kItemNotFound
+    /// for an unknown name.
+    int ColumnOf(QStringView name) const;
+    bool IsNull(int row, int column) const;
+    /// Empty for a Null.
+    QString Text(int row, int column) const;
+    /// The bytes of Text(), without a copy; valid as long as this object.
+    QByteArrayView Utf8(int row, int column) const;
+
+  private:
+    std::shared_ptr<const ResultTable> table_;
 };
 
 /// A connection to one database: a desktop file (SQLite) or a server (ODBC), selected by the "Provider=" field of the
@@ -103,6 +124,8 @@ class Recordset {
     /// Update, the current record is the added one; the returned view is then valid until the next write.
     Field operator[](QStringView name) const;
 
+    /// The whole result. As long as a copy exists, rows already read are kept.
+    ResultRows Rows() const;
     /// Rows of the whole result, including those already read.
     int RecordCount() const;
     /// Columns are numbered from 0 to FieldCount() - 1, even if there is no row.

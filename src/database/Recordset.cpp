@@ -1,4 +1,4 @@
-// Part of Database.h: Field and Recordset.
+// Part of Database.h: Field, ResultRows and Recordset.
 
 #include "database/Database.h"
 #include "database/DatabaseSession.h"
@@ -16,6 +16,14 @@ namespace {
     throw DatabaseError(kNoCurrentRecord, QStringLiteral("現在のレコードがありません。"));
 }
 
+int ColumnNamed(const ResultTable& table, QStringView name) {
+    const int column = table.Columns().Find(name);
+    if (column < 0)
+        throw DatabaseError(platform::kItemNotFound,
+                            QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
+    return column;
+}
+
 }  // namespace
 
 bool Field::IsNull() const { return table_->IsNull(row_, column_); }
@@ -27,6 +35,16 @@ QString Field::Text() const {
 }
 
 QString Field::DeclaredType() const { return table_->Columns().DeclaredType(column_); }
+
+int ResultRows::Count() const { return table_->RowCount(); }
+
+int ResultRows::ColumnOf(QStringView name) const { return ColumnNamed(*table_, name); }
+
+bool ResultRows::IsNull(int row, int column) const { return table_->IsNull(row, column); }
+
+QString ResultRows::Text(int row, int column) const { return table_->Text(row, column); }
+
+QByteArrayView ResultRows::Utf8(int row, int column) const { return table_->Utf8(row, column); }
 
 Recordset::Recordset() = default;
 Recordset::~Recordset() = default;
@@ -79,13 +97,12 @@ void Recordset::MoveNext() {
     if (forwardOnly_ && table_.use_count() == 1) table_->ForgetRowsBefore(row_);
 }
 
-int Recordset::ColumnOf(QStringView name) const {
-    const int column = OpenTable().Columns().Find(name);
-    if (column < 0)
-        throw DatabaseError(platform::kItemNotFound,
-                            QStringLiteral("項目「%1」は、このレコードセットにありません。").arg(name));
-    return column;
+ResultRows Recordset::Rows() const {
+    OpenTable();
+    return ResultRows(table_);
 }
+
+int Recordset::ColumnOf(QStringView name) const { return ColumnNamed(OpenTable(), name); }
 
 Field Recordset::operator[](QStringView name) const { return FieldAt(ColumnOf(name)); }
 

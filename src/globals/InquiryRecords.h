@@ -1,9 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <array>
-#include <stdexcept>
-#include <vector>
 
 /// The search conditions in the head (upper part) of the main form. This record is authoritative; the controls are
 /// painted from it. Bounds of the code ranges are digits of fixed width, and an empty one is compared as well; texts
@@ -77,45 +74,3 @@ enum class StaffText {
     退社日付,
 };
 inline constexpr int kStaffTextCount = static_cast<int>(StaffText::退社日付) + 1;
-
-/// One field of all rows: kCount values, allocated at the first non-const access. Before that all values are empty or
-/// 0.
-template <typename Value, size_t kCount>
-class RowArray {
-  public:
-    // All four throw std::out_of_range if `row` is not below kCount.
-
-    Value& at(size_t row) {
-        if (values_.empty()) values_.resize(kCount);
-        return values_.at(row);
-    }
-    const Value& at(size_t row) const {
-        static const Value empty{};
-        if (row >= kCount) throw std::out_of_range("RowArray");
-        return values_.empty() ? empty : values_[row];
-    }
-    Value& operator[](size_t row) { return at(row); }
-    const Value& operator[](size_t row) const { return at(row); }
-
-  private:
-    std::vector<Value> values_;
-};
-
-/// The result of a search: one array for each field, of a fixed size, so that row access does not allocate after the
-/// first search. The arrays need 31 MiB, which a program without a list never allocates. Rows after
-/// ProgramGlobals::LastRow are empty, on which painting relies.
-struct StaffRowStore {
-    static constexpr int kRows = 32761;            ///< indices 0 to 32760
-    static constexpr int kLastClearedRow = 32759;  ///< the last row exists as a bound only
-
-    std::array<RowArray<QString, kRows>, kStaffTextCount> texts;
-    RowArray<qint16, kRows> 出力対象;  ///< 1: the row is checked for output
-    RowArray<qint16, kRows> 閲覧区分;  ///< result of GetLastViewKind
-    RowArray<qint16, kRows> rowFlag;   ///< only reset and copied
-
-    /// The text of a field. Throws std::out_of_range for a row that is negative or not below kRows.
-    QString& Text(StaffText field, int row) { return texts[static_cast<size_t>(field)].at(static_cast<size_t>(row)); }
-    const QString& Text(StaffText field, int row) const {
-        return texts[static_cast<size_t>(field)].at(static_cast<size_t>(row));
-    }
-};

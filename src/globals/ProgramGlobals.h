@@ -11,6 +11,7 @@
 #include "globals/CompanyRecord.h"
 #include "globals/EnvironmentDefinition.h"
 #include "globals/InquiryRecords.h"
+#include "globals/StaffRowStore.h"
 #include "platform/OutputFile.h"
 #include "platform/ReportHostLink.h"
 

@@ -13,22 +13,22 @@ namespace {
 /// A page that begins at the last row must fit into the store.
 int RowLimit() { return StaffRowStore::kRows - 1 - Globals().RowsPerPage; }
 
-void LoadRow(database::Recordset& record, int row) {
+void LoadRow(const std::shared_ptr<LoadedStaff>& staff, int queryRow, int row) {
     Globals().Rows.出力対象.at(static_cast<size_t>(row)) = 1;
-    LoadStaffRow(record, row);
+    LoadStaffRow(staff, queryRow, row);
 }
 
 /// False if there are more rows than the store takes. Loading processes events, and a handler may close the connection.
 /// The rows are already in memory; later lookups fail silently.
-bool LoadRows(database::Recordset& record) {
+bool LoadRows(const database::ResultRows& rows) {
     ProgramGlobals& globals = Globals();
+    const auto staff = std::make_shared<LoadedStaff>(rows, 1, StaffLookups::Read());
     platform::EventPump pump;
-    while (!record.AtEOF()) {
+    for (int queryRow = 0; queryRow < rows.Count(); ++queryRow) {
         if (globals.LastRow >= RowLimit()) return false;
         pump.ProcessEvents();
         globals.LastRow += 1;
-        LoadRow(record, globals.LastRow);
-        record.MoveNext();
+        LoadRow(staff, queryRow, globals.LastRow);
     }
     return true;
 }
@@ -37,7 +37,7 @@ bool LoadRows(database::Recordset& record) {
 bool ReadMatchingStaff(const QString& sql) {
     const database::ReadScope scope(Globals().MainConnection);
     database::Recordset record;
-    const bool complete = !OpenRecordset(record, sql, LogStatement::Yes) || LoadRows(record);
+    const bool complete = !OpenRecordset(record, sql, LogStatement::Yes) || LoadRows(record.Rows());
     CloseQuietly(record);
     return complete;
 }
@@ -59,7 +59,7 @@ void ReloadStaffRow(int row) {
     ClearRow(row);
     database::Recordset record;
     if (OpenRecordset(record, sql, LogStatement::Yes)) {
-        LoadRow(record, row);
+        LoadRow(std::make_shared<LoadedStaff>(record.Rows(), row + 1, StaffLookups()), 0, row);
     } else {
         RemoveRow(row);
     }

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "database/Database.h"
+#include "inquiry/LoadedStaff.h"
 
 // The staff query: its statement (StaffStatement.cpp), the search and the reload of one row (StaffQuery.cpp), the row
 // store with their results (RowStoreProcedures.cpp), and the program that changes a row (StaffRegistration.cpp).
@@ -29,9 +29,9 @@ void ReloadStaffRow(int row);
 void ResetRowStore();
 /// Empties one row; LastRow does not change.
 void ClearRow(int row);
-/// Fills the row from the current record of the staff statement. Throws platform::RuntimeError if 住所B is Null and
-/// 住所A is not.
-void LoadStaffRow(database::Recordset& record, int row);
+/// Fills an empty row from a row of the staff statement. Throws platform::RuntimeError if 住所B is Null and 住所A is
+/// not.
+void LoadStaffRow(const std::shared_ptr<LoadedStaff>& staff, int queryRow, int row);
 /// Copies all fields but EMAIL, which the target keeps: wanted, although it looks wrong.
 void CopyRow(int source, int target);
 /// Removes a row and moves the following ones up with CopyRow; 行No is not renumbered. TopRow becomes 0 if the

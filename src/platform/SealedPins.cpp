@@ -135,23 +135,37 @@ void SealedPins::ReportOnce(const QString& reason) {
     if (!std::exchange(reported_, true)) report_(u"暗証番号を開けません。"_s + reason);
 }
 
-QString SealedPins::ClearText(const QString& stored) {
-    if (stored.isEmpty()) return {};
-    ReadKey();
-    const bool sealed = IsSealedPin(stored);
-    if (!sealed && !hasKeyFile_) return stored;
-    if (!sealed) {
+const PinKey* SealedPins::KeyFor(const QString& stored) {
+    if (!IsSealedPin(stored)) {
         ReportOnce(u"封じられていない暗証番号があります。"_s);
     } else if (!hasKeyFile_) {
         ReportOnce(u"鍵ファイル %1 がありません。"_s.arg(keyFile_));
     } else if (!key_) {
         ReportOnce(u"鍵ファイル %1 を読めません。"_s.arg(keyFile_));
-    } else if (std::optional<QString> pin = OpenPin(stored, *key_)) {
-        return *std::move(pin);
     } else {
-        ReportOnce(u"鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile_));
+        return &*key_;
     }
+    return nullptr;
+}
+
+QString SealedPins::ClearText(const QString& stored) {
+    if (stored.isEmpty()) return {};
+    ReadKey();
+    if (!hasKeyFile_ && !IsSealedPin(stored)) return stored;
+    const PinKey* key = KeyFor(stored);
+    if (key == nullptr) return {};
+    if (std::optional<QString> pin = OpenPin(stored, *key)) return *std::move(pin);
+    ReportOnce(u"鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile_));
     return {};
+}
+
+void SealedPins::Check(const QString& stored) {
+    if (reported_ || stored.isEmpty()) return;
+    ReadKey();
+    if (!hasKeyFile_ && !IsSealedPin(stored)) return;
+    if (KeyFor(stored) == nullptr || std::exchange(decrypted_, true)) return;
+    QString pin = ClearText(stored);
+    WipeText(pin);
 }
 
 void WipeText(QString& text) noexcept {

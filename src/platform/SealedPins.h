@@ -17,6 +17,8 @@ class PinCipherObject {
     virtual ~PinCipherObject() = default;
     /// The PIN in clear text for the text of a PIN column; empty if it can't be decrypted.
     virtual QString ClearText(const QString& stored) = 0;
+    /// Reports a PIN that ClearText cannot return, for readers of many PINs that show only few of them.
+    virtual void Check(const QString& stored) { ClearText(stored); }
 };
 
 /// For installations that store PINs in clear text.
@@ -70,8 +72,13 @@ class SealedPins : public PinCipherObject {
     SealedPins(QString keyFile, std::function<void(const QString&)> report);
 
     QString ClearText(const QString& stored) override;
+    /// Decrypts the first PIN only: one installation has one key, and decrypting costs as much as reading a row. Of
+    /// another PIN that was encrypted with another key the failure is reported by ClearText.
+    void Check(const QString& stored) override;
 
   private:
+    /// The key for an encrypted PIN; null, after a report, if it has none.
+    const PinKey* KeyFor(const QString& stored);
     void ReadKey();
     void ReportOnce(const QString& reason);
 
@@ -81,6 +88,7 @@ class SealedPins : public PinCipherObject {
     bool hasKeyFile_ = false;
     std::optional<PinKey> key_;
     bool reported_ = false;
+    bool decrypted_ = false;  // Check has decrypted one
 };
 
 /// Overwrites the text's memory with NULs and clears the text. Memory shared with other QStrings is not overwritten.

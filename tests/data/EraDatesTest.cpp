@@ -23,9 +23,13 @@ struct Case {
     QString date, longForm, shortForm;
 };
 void Check(const QList<Case>& cases) {
+    const EraCalendar calendar = EraCalendar::Read();
     for (const Case& test : cases) {
         EXPECT_EQ(EraDateLong(test.date), test.longForm) << test.date.toStdString();
         EXPECT_EQ(EraDateShort(test.date), test.shortForm) << test.date.toStdString();
+        EXPECT_TRUE(calendar.Covers(test.date.toUtf8())) << test.date.toStdString();
+        EXPECT_EQ(calendar.Long(test.date), test.longForm) << test.date.toStdString();
+        EXPECT_EQ(calendar.Short(test.date), test.shortForm) << test.date.toStdString();
     }
 }
 }  // namespace
@@ -87,4 +91,25 @@ TEST_F(EraDates, AFailedReadIsEmptyAndLeavesItsStatementInTheHistory) {
     EXPECT_EQ(History(), QStringList(2,
                                      u"エラー no such table: K年号区分SELECT TOP 1 * FROM K年号区分"
                                      u" WHERE 開始日付 <= ''19650403'' ORDER BY 開始日付 DESC"_s));
+}
+
+TEST_F(EraDates, TheCalendarLeavesTextsThatAreNoDigitsToTheEngine) {
+    EXPECT_TRUE(EraCalendar::Read().Covers("20190501"));
+    EXPECT_FALSE(EraCalendar::Read().Covers("2019050a"));
+    EXPECT_FALSE(EraCalendar::Read().Covers("２０１９０５０１"));
+    AddEra(u"2050010x"_s, u"謎"_s);
+    EXPECT_FALSE(EraCalendar::Read().Covers("20190501"));
+    EXPECT_TRUE(History().isEmpty());
+}
+
+TEST_F(EraDates, AnEraWithoutAStartIsNoEraOfTheCalendar) {
+    installation.General().Execute(u"INSERT INTO K年号区分 VALUES (NULL, '無')"_s);
+    Check({{u"19650403"_s, u"昭和40年04月03日"_s, u"40/04/03"_s}});
+}
+
+TEST_F(EraDates, ACalendarThatCannotBeReadCoversNothingAndLeavesNoHistory) {
+    EXPECT_FALSE(EraCalendar().Covers("20190501"));
+    installation.General().Execute(u"DROP TABLE K年号区分"_s);
+    EXPECT_FALSE(EraCalendar::Read().Covers("20190501"));
+    EXPECT_TRUE(History().isEmpty());
 }

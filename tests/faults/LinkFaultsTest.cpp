@@ -37,7 +37,7 @@ class ExchangeUnderFaults : public FaultTest {
         opened_ = true;
         ClearRow(0);
         Globals().LastRow = 0;
-        Globals().Rows.Text(StaffText::担当者コード, 0) = u"00001"_s;
+        Globals().Rows.SetText(StaffText::担当者コード, 0, u"00001"_s);
         LaunchStaffRegistration(0);
         enabled_ = form.Enabled();
     }

@@ -99,7 +99,7 @@ TEST_F(LinkProcesses, SiblingKilledInTheMiddleLeavesAPaintedWaitThatTheCloseBoxE
     ASSERT_TRUE(QFile::remove(InProgramFolder(u"sibling.waits"_s)));
     Order(u"UPDATE M担当者 SET 氏名 = '改名　三郎' WHERE コード = '00003'"_s);
     Start();
-    Globals().Rows.Text(StaffText::担当者コード, kPosition) = u"00003"_s;
+    Globals().Rows.SetText(StaffText::担当者コード, kPosition, u"00003"_s);
     Click(u"担当者名"_s, kPosition);
     EXPECT_EQ(Item(u"担当者名"_s, kPosition).Text(), u"改名　三郎"_s);
     EXPECT_TRUE(MainForm().Enabled());

@@ -204,7 +204,7 @@ TEST_F(Clearing, ResetsConditionsAndRowsAndKeepsTheOffice) {
     Globals().ScopeOfficeCode = u"002"_s;
     Globals().LastRow = 3;
     Globals().TopRow = 2;
-    Rows().Text(StaffText::担当者名, 3) = u"山田"_s;
+    Rows().SetText(StaffText::担当者名, 3, u"山田"_s);
     CloseConditionWindows();
     EXPECT_EQ(Summary(Conditions()), u"000|999|000|999|00|99|00000|99999||||||0|4|1"_s);
     EXPECT_EQ(Globals().ScopeOfficeCode, u"002"_s);

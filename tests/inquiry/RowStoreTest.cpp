@@ -8,14 +8,19 @@ using namespace Qt::StringLiterals;
 namespace {
 QString TextFor(int field, int row) { return u"%1/%2"_s.arg(field).arg(row); }
 
+class FakeStaffRows : public StaffRows {
+  public:
+    QString Text(StaffText field, int row) const override { return TextFor(static_cast<int>(field), row); }
+};
+
 /// Fills rows 0 to `last`; each field identifies its row.
 class RowStore : public InquiryTest {
   protected:
     void Fill(int last) {
         ResetRowStore();
+        const auto query = std::make_shared<FakeStaffRows>();
         for (int row = 0; row <= last; ++row) {
-            for (int field = 0; field < kStaffTextCount; ++field)
-                Rows().Text(static_cast<StaffText>(field), row) = TextFor(field, row);
+            Rows().LoadTexts(row, query, row);
             const auto at = static_cast<size_t>(row);
             Rows().出力対象[at] = static_cast<qint16>(row % 2);
             Rows().閲覧区分[at] = static_cast<qint16>(row % 1000 + 10);
@@ -60,10 +65,44 @@ TEST_F(RowStore, ResetEmptiesEveryRowItUses) {
     EXPECT_EQ(Globals().LastRow, -1);
     EXPECT_EQ(Globals().TopRow, 0);
     for (size_t row = 0; row < StaffRowStore::kRows; ++row) {
-        for (const auto& column : Rows().texts) ASSERT_TRUE(column.at(row).isEmpty()) << row;
+        for (int field = 0; field < kStaffTextCount; ++field)
+            ASSERT_EQ(Rows().Text(static_cast<StaffText>(field), static_cast<int>(row)), QString()) << row;
         for (const auto* column : {&Rows().出力対象, &Rows().閲覧区分, &Rows().rowFlag})
             ASSERT_EQ(column->at(row), 0) << row;
     }
+}
+
+TEST_F(RowStore, AWrittenTextIsCopiedWithItsRowUntilTheRowIsClearedOrLoaded) {
+    Fill(3);
+    Rows().SetText(StaffText::担当者名, 1, u"書"_s);
+    Rows().SetText(StaffText::EMAIL, 1, u"m"_s);
+    CopyRow(1, 0);
+    EXPECT_EQ(Rows().Text(StaffText::担当者名, 0), u"書"_s);
+    EXPECT_EQ(Rows().Text(StaffText::EMAIL, 0), TextFor(static_cast<int>(StaffText::EMAIL), 0));
+    CopyRow(2, 0);
+    ExpectRowFrom(0, 2, 0);
+    Rows().LoadTexts(1, std::make_shared<FakeStaffRows>(), 3);
+    EXPECT_EQ(Rows().Text(StaffText::担当者名, 1), TextFor(static_cast<int>(StaffText::担当者名), 3));
+    Rows().SetText(StaffText::担当者名, 2, u"書"_s);
+    ClearRow(2);
+    EXPECT_EQ(Rows().Text(StaffText::担当者名, 2), QString());
+}
+
+TEST_F(RowStore, RowsOutsideTheStoreAreRefused) {
+    EXPECT_THROW(Rows().Text(StaffText::担当者名, -1), std::out_of_range);
+    EXPECT_THROW(Rows().SetText(StaffText::担当者名, StaffRowStore::kRows, u"x"_s), std::out_of_range);
+    EXPECT_THROW(Rows().LoadTexts(-1, std::make_shared<FakeStaffRows>(), 0), std::out_of_range);
+    EXPECT_THROW(CopyRow(StaffRowStore::kRows, 0), std::out_of_range);
+}
+
+TEST_F(RowStore, AResetFreesTheQueries) {
+    auto query = std::make_shared<FakeStaffRows>();
+    const std::weak_ptr<FakeStaffRows> freed = query;
+    Rows().LoadTexts(0, query, 0);
+    query.reset();
+    EXPECT_FALSE(freed.expired());
+    ResetRowStore();
+    EXPECT_TRUE(freed.expired());
 }
 
 TEST_F(RowStore, RemovingARowMovesTheRowsBelowUpButNotTheirMailAddresses) {
@@ -78,7 +117,7 @@ TEST_F(RowStore, RemovingARowMovesTheRowsBelowUpButNotTheirMailAddresses) {
 
 TEST_F(RowStore, RemovingARowLeavesAGapInTheNumbers) {
     Fill(3);
-    for (int row = 0; row <= 3; ++row) Rows().Text(StaffText::行No, row) = QString::number(row + 1);
+    for (int row = 0; row <= 3; ++row) Rows().SetText(StaffText::行No, row, QString::number(row + 1));
     RemoveRow(1);
     QStringList numbers;
     for (int row = 0; row <= 3; ++row) numbers << Rows().Text(StaffText::行No, row);
@@ -102,7 +141,7 @@ TEST_F(RowStore, RemovingTheOnlyRowEmptiesTheList) {
 
 TEST_F(RowStore, RemovingARowPastTheEndOnlyClearsIt) {
     Fill(3);
-    Rows().Text(StaffText::担当者名, 7) = u"x"_s;
+    Rows().SetText(StaffText::担当者名, 7, u"x"_s);
     RemoveRow(7);
     EXPECT_EQ(Globals().LastRow, 3);
     ExpectRowFrom(7, -1, -1);
@@ -111,7 +150,7 @@ TEST_F(RowStore, RemovingARowPastTheEndOnlyClearsIt) {
 
 TEST_F(RowStore, RemovingFromAnEmptyListOnlyClears) {
     ResetRowStore();
-    Rows().Text(StaffText::担当者名, 0) = u"x"_s;
+    Rows().SetText(StaffText::担当者名, 0, u"x"_s);
     Globals().TopRow = 3;
     RemoveRow(0);
     EXPECT_EQ(Globals().LastRow, -1);

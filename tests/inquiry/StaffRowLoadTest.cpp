@@ -197,6 +197,44 @@ TEST_F(LastView, IsTheNewestEntryOfTheLaunchingMember) {
     EXPECT_EQ(Rows().閲覧区分[3], -1);
 }
 
+// Digits are equal on every engine; with another key the engine decides for each row.
+TEST_F(LastView, AnotherKeyInTheLogChangesNothing) {
+    Globals().Staff.LaunchingStaffCode = u"00009"_s;
+    for (const QString& code : {u"00001"_s, u"00002"_s}) database.AddStaff(code);
+    database.Insert(u"T閲覧"_s, ViewOf(u"00002"_s, u"20250101"_s, u"101010"_s, u"1"_s));
+    database.Insert(u"T閲覧"_s, ViewOf(u"０００01"_s, u"20250102"_s, u"090000"_s, u"2"_s));
+    Conditions().DisplayOrder = 0;
+    Search();
+    EXPECT_EQ(Rows().閲覧区分[0], -1);
+    EXPECT_EQ(Rows().閲覧区分[1], 1);
+}
+
+TEST_F(LastView, AMissingLogLeavesOneErrorRowForEachRow) {
+    Globals().Staff.LaunchingStaffCode = u"00009"_s;
+    for (const QString& code : {u"00001"_s, u"00002"_s}) database.AddStaff(code);
+    database.General(u"DROP TABLE T閲覧"_s);
+    database.OpenConnections();
+    Search();
+    EXPECT_EQ(Rows().閲覧区分[0], -1);
+    EXPECT_EQ(Rows().閲覧区分[1], -1);
+    EXPECT_EQ(database.History().size(), 3);
+}
+
+TEST_F(RowDates, AnEraThatBeginsWithOtherCharactersIsComparedByTheEngine) {
+    database.General(u"INSERT INTO K年号区分 VALUES ('2050010x', '謎代')"_s);
+    database.AddStaff(u"00001"_s, {{u"入社日付"_s, u"20190501"_s}, {u"退社日付"_s, u"20991231"_s}});
+    Search();
+    EXPECT_EQ(Cell(StaffText::入社日付年号) + Cell(StaffText::入社日付年), u"令和01"_s);
+    EXPECT_EQ(Cell(StaffText::退社日付年号) + Cell(StaffText::退社日付年), u"謎代50"_s);
+}
+
+TEST_F(RowDates, ADateWithOtherCharactersIsComparedByTheEngine) {
+    database.AddStaff(u"00001"_s, {{u"入社日付"_s, u"2019050a"_s}});
+    Search();
+    EXPECT_EQ(Cell(StaffText::入社日付年号) + Cell(StaffText::入社日付年), u"令和01"_s);
+    EXPECT_EQ(Cell(StaffText::入社日付日), u"0a"_s);
+}
+
 TEST_F(LastView, LeavesNoStatementInTheHistory) {
     Globals().Staff.LaunchingStaffCode = u"00009"_s;
     EXPECT_EQ(GetLastViewKind(u"要員台帳更新"_s, {}, {}, {}, u"00001"_s), -1);

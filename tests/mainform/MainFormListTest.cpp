@@ -208,7 +208,8 @@ TEST_F(ListTest, StaffCodeIsColouredByTheViewingLog) {
 
 TEST_F(ListTest, EveryItemShowsTheFieldOfItsName) {
     Start();
-    for (const DetailItem& detail : DetailItems()) Globals().Rows.Text(detail.field, 3) = u"<"_s + detail.item + u">"_s;
+    for (const DetailItem& detail : DetailItems())
+        Globals().Rows.SetText(detail.field, 3, u"<"_s + detail.item + u">"_s);
     PaintDetailRow(3, 1);
     for (const DetailItem& detail : DetailItems())
         EXPECT_EQ(Item(detail.item, 1).Text(), u"<"_s + detail.item + u">"_s);

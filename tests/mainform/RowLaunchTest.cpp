@@ -55,7 +55,7 @@ TEST_F(RowLaunch, ClickStartsTheRegistrationProgramWithOfficeAndStaffCode) {
     AnswerAtOnce(services, installation);
     Start(u"001000999000999009900000"_s + u"99999"_s);
     Globals().ScopeOfficeCode = u"001"_s;
-    Globals().Rows.Text(StaffText::担当者コード, kPosition) = Code(3);
+    Globals().Rows.SetText(StaffText::担当者コード, kPosition, Code(3));
     Globals().LastRow = kPosition;
     Click(u"担当者名"_s, kPosition);
     ASSERT_EQ(services.processes.starts.size(), 1);
@@ -91,7 +91,7 @@ TEST_F(RowLaunch, KeyHoldsExactlyFiveCharactersOfStaffCode) {
                                                   {u"1234567"_s, u"00012345"_s},
                                                   {u"a'b"_s, u"000a'b  "_s}};
     for (const auto& [code, key] : cases) {
-        Globals().Rows.Text(StaffText::担当者コード, 0) = code;
+        Globals().Rows.SetText(StaffText::担当者コード, 0, code);
         Globals().LastRow = 0;
         LaunchStaffRegistration(0);
         EXPECT_EQ(services.processes.starts.last().arguments, key);
@@ -103,7 +103,7 @@ TEST_F(RowLaunch, KeyHoldsExactlyFiveCharactersOfStaffCode) {
 TEST_F(RowLaunch, RowWithoutACodeLaunchesNothing) {
     Start();
     for (const QString& code : {u""_s, u"     "_s}) {
-        Globals().Rows.Text(StaffText::担当者コード, kPosition) = code;
+        Globals().Rows.SetText(StaffText::担当者コード, kPosition, code);
         Click(u"担当者名"_s, kPosition);
         EXPECT_TRUE(MainForm().Enabled());
     }

@@ -207,13 +207,13 @@ TEST_F(TextOutput, NextOutputClearsOnlyTheNoticeOfLostCharacters) {
     AddRow({{担当者名, u"山田"_s}});
     RunTextOutput();
     EXPECT_EQ(Notice(), u"3文字オーバーです。"_s);
-    Globals().Rows.Text(担当者名, 0) = u"𠮷"_s;
+    Globals().Rows.SetText(担当者名, 0, u"𠮷"_s);
     RunTextOutput();
     EXPECT_EQ(Notice(), u"1行の2文字はシフトJISにないため「?」で出力しました。"_s);
-    Globals().Rows.Text(担当者名, 0) = u"é"_s;
+    Globals().Rows.SetText(担当者名, 0, u"é"_s);
     RunTextOutput();
     EXPECT_EQ(Notice(), u"1行の1文字はシフトJISにないため「?」で出力しました。"_s);
-    Globals().Rows.Text(担当者名, 0) = u"山田"_s;
+    Globals().Rows.SetText(担当者名, 0, u"山田"_s);
     RunTextOutput();
     EXPECT_EQ(Notice(), QString());
 }

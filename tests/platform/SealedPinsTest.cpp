@@ -163,6 +163,39 @@ TEST_F(SealedPinsTest, TheKeyFileOfAnotherInstallationOpensNothing) {
               QStringList{u"暗証番号を開けません。鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile)});
 }
 
+TEST_F(SealedPinsTest, CheckReportsWhatClearTextWouldReport) {
+    const QString sealed = SealPin(u"AB12"_s, key);
+    SealedPins withoutKey = Run();
+    withoutKey.Check(QString());
+    withoutKey.Check(u"AB12"_s);
+    EXPECT_EQ(told, QStringList());
+    withoutKey.Check(sealed);
+    withoutKey.Check(sealed);
+    EXPECT_EQ(told, QStringList{u"暗証番号を開けません。鍵ファイル %1 がありません。"_s.arg(keyFile)});
+    ASSERT_TRUE(PinKey().Write(keyFile));
+    told.clear();
+    SealedPins withAnother = Run();
+    withAnother.Check(sealed);
+    EXPECT_EQ(told,
+              QStringList{u"暗証番号を開けません。鍵ファイル %1 の鍵で封じられたものではありません。"_s.arg(keyFile)});
+}
+
+TEST_F(SealedPinsTest, CheckDecryptsTheFirstPinOnlyAndKnowsTheFormOfAll) {
+    ASSERT_TRUE(key.Write(keyFile));
+    SealedPins pins = Run();
+    pins.Check(SealPin(u"AB12"_s, key));
+    const QString ofAnotherKey = SealPin(u"AB12"_s, PinKey());
+    pins.Check(ofAnotherKey);
+    EXPECT_EQ(told, QStringList());
+    pins.Check(u"CD34"_s);
+    EXPECT_EQ(told, QStringList{u"暗証番号を開けません。封じられていない暗証番号があります。"_s});
+    told.clear();
+    SealedPins next = Run();
+    next.Check(SealPin(u"AB12"_s, key));
+    EXPECT_EQ(next.ClearText(ofAnotherKey), QString());
+    EXPECT_EQ(told.size(), 1);
+}
+
 TEST_F(SealedPinsTest, TheKeyIsLookedForOnceARun) {
     SealedPins pins = Run();
     EXPECT_EQ(pins.ClearText(u"AB12"_s), u"AB12"_s);

@@ -23,7 +23,7 @@ OutputTest::~OutputTest() { Globals().MainForm = nullptr; }
 int OutputTest::AddRow(const QHash<StaffText, QString>& fields, bool marked) {
     const int row = ++Globals().LastRow;
     for (auto field = fields.cbegin(); field != fields.cend(); ++field)
-        Globals().Rows.Text(field.key(), row) = field.value();
+        Globals().Rows.SetText(field.key(), row, field.value());
     Globals().Rows.出力対象.at(static_cast<size_t>(row)) = marked ? 1 : 0;
     return row;
 }
