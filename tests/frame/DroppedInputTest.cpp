@@ -65,7 +65,7 @@ class DroppedInput : public MainFormTest {
         lock.Run(u"COMMIT"_s);
     }
     /// Prints by a button, with hammering when the history is to be written.
-    void HammerWhilePrinting(const QString& button, const QString& operation, int windows) {
+    void ExpectNothingElseWhilePrinting(const QString& button, const QString& operation, int windows) {
         Click(button);
         const QString question = user.Screen().NewestOf(2);
         OtherProgram lock(UserConfiguration());
@@ -126,15 +126,17 @@ TEST_F(DroppedInput, HammeringDuringATextOutputRunsNothingElse) {
     ExpectHistory({u"出力開始 テキスト出力"_s, u"出力終了 テキスト出力"_s});
 }
 
-TEST_F(DroppedInput, HammeringDuringAPrintRunsNothingElse) { HammerWhilePrinting(u"btn_印刷"_s, u"印刷"_s, 1); }
+TEST_F(DroppedInput, HammeringDuringAPrintRunsNothingElse) {
+    ExpectNothingElseWhilePrinting(u"btn_印刷"_s, u"印刷"_s, 1);
+}
 
 TEST_F(DroppedInput, HammeringDuringAnEnvelopePrintRunsNothingElse) {
-    HammerWhilePrinting(u"btn_封筒"_s, u"印刷"_s, 1);
+    ExpectNothingElseWhilePrinting(u"btn_封筒"_s, u"印刷"_s, 1);
 }
 
 // The preview's window remains.
 TEST_F(DroppedInput, HammeringBeforeAPreviewRunsNothingElse) {
-    HammerWhilePrinting(u"btn_プレビュ"_s, u"プレビュ"_s, 2);
+    ExpectNothingElseWhilePrinting(u"btn_プレビュ"_s, u"プレビュ"_s, 2);
 }
 
 TEST_F(DroppedInput, HammeringWhileARowIsReadAgainRunsNothingElse) {
