@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "screen/Form.h"
 #include "text/mod文字変換.h"
 
 using namespace Qt::StringLiterals;
@@ -66,9 +67,10 @@ Intake InputItem::Insert(const QString& text, bool /*composed*/) {
 
 void InputItem::AcceptText() {
     if (text() == text_) return;
-    QString accepted = isReadOnly() ? text_ : text();
+    const bool open = !isReadOnly() && Owner().TakesInput(*this);
+    QString accepted = open ? text() : text_;
     // Neither typed nor set by the program: a screen reader has replaced the whole text.
-    const Intake intake = isModified() || isReadOnly() ? Intake::All : Limit(accepted, 0);
+    const Intake intake = isModified() || !open ? Intake::All : Limit(accepted, 0);
     if (accepted != text()) {
         const QSignalBlocker quiet(this);
         setText(accepted);

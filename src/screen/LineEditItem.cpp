@@ -13,6 +13,7 @@
 #include <functional>
 #include <limits>
 
+#include "screen/Form.h"
 #include "screen/InputNotice.h"
 
 using namespace Qt::StringLiterals;
@@ -102,7 +103,7 @@ QVariant LineEditItem::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void LineEditItem::Take(const QString& text, bool composed) {
-    if (isReadOnly()) return;
+    if (isReadOnly() || !Owner().TakesInput(*this)) return;
     ShowIntake(Insert(text, composed));
 }
 

@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 #include <optional>
 
+#include "screen/Form.h"
 #include "screen/InputItem.h"
 #include "text/mod文字変換.h"
 #include "text/mod項目編集.h"
@@ -89,5 +90,6 @@ void NumItem::AcceptText() {
     const QString now = text();
     const int wanted = now.isEmpty() ? minValue_ : NumberIn(now).value_or(value_);
     digitTyped_ = false;
-    AcceptValue(Within(wanted) ? wanted : value_);
+    const bool accepted = Within(wanted) && Owner().TakesInput(*this);
+    AcceptValue(accepted ? wanted : value_);
 }

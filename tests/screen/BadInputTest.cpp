@@ -205,6 +205,20 @@ TEST_F(BadInputTest, ItemThatOnlyShowsTakesNothing) {
     EXPECT_EQ(Notice(), QString());
 }
 
+TEST_F(BadInputTest, ItemsOfADisabledFormKeepWhatTheyHold) {
+    InputItem& name = Make({.design = {.maxLength = 20, .text = u"山田"_s}, .kept = &BadInput::any});
+    auto& number = Shown(new NumItem(form, form, u"区分"_s));
+    int changes = 0;
+    name.Change = number.Change = [&] { ++changes; };
+    form.SetEnabled(false);
+    QAccessible::queryAccessibleInterface(&name)->setText(QAccessible::Value, u"川"_s);
+    QAccessible::queryAccessibleInterface(&number)->setText(QAccessible::Value, u"1"_s);
+    EXPECT_EQ(name.Text(), u"山田"_s) << "no program would hear of the change";
+    EXPECT_EQ(number.Value(), 0);
+    EXPECT_EQ(number.Text(), u"0"_s);
+    EXPECT_EQ(changes, 0);
+}
+
 TEST_F(BadInputTest, WhatIsDroppedIsShownNextToTheItemUntilTheNextInput) {
     InputItem& code =
         Make({.design = {.maxLength = 3, .classes = CharacterClass::Num, .text = {}}, .kept = &BadInput::digits});
