@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kSlack = 1e-6;
 constexpr double kSmallerStep = 0.97;
+constexpr double kNarrowestRotated = 0.75;  // Latin letters are narrow already
 constexpr double kReadable = 0.8;  // narrower text is wrapped where it can be
 constexpr double kNarrowestLetter = 1.0 / 16;  // in em; a lower bound for common letters
 constexpr double kWidestLetter = 4;
@@ -30,6 +31,11 @@ QString Bounded(const QString& text, qsizetype most) {
 
 bool IsBlank(const QString& text) {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u' ' || c == QChar(0x3000); });
+}
+
+bool IsMostlyRotated(const ShapedText& text) {
+    const auto rotated = std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.turned; });
+    return 2 * rotated > text.glyphs.size();
 }
 
 class Fitter {
@@ -59,7 +65,8 @@ class Fitter {
         const double needed = box_.length / (natural * size_);
         if (style_.fitting == Fitting::CondenseWrap)
             return needed >= kReadable ? FittedText{size_, needed, {shaped}} : Wrap(line);
-        const double stretch = std::max(LeastStretch(), std::min(1.0, needed));
+        const double least = std::max(LeastStretch(), IsMostlyRotated(*shaped) ? kNarrowestRotated : 0);
+        const double stretch = std::max(least, std::min(1.0, needed));
         const double size = std::min(size_, box_.length / (natural * stretch));
         if (size >= least_) return {size, stretch, {shaped}};
         return {least_, stretch, {Cut(line, box_.length / (least_ * stretch))}};

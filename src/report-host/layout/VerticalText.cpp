@@ -212,9 +212,8 @@ bool IsLatinText(const QString& text) {
 }
 
 bool MayBreakBetween(QChar before, QChar after) {
-    const auto isPart = [](QChar c) { return IsNumeral(c) || kDashes.contains(c); };
+    const auto isPart = [](QChar c) { return IsWordPart(c) || kDashes.contains(c); };
     if (isPart(before) && isPart(after)) return false;
-    if ((kDashes.contains(before) && IsWordPart(after)) || (IsWordPart(before) && kDashes.contains(after))) return false;
     const auto isLatin = [](QChar c) {
         return IsNarrow(c) && ScriptOf(c) != Script::Other && ScriptOf(c) != Script::Blank;
     };

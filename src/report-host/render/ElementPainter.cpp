@@ -23,6 +23,9 @@ namespace {
 // A postal code that does not fit into the boxes is printed below them, before the address begins.
 constexpr double kForeignCodePoints = 11, kForeignCodeGap = 0.5, kForeignCodeHeight = 4;
 
+// Of a text that continues a line, this share of its length is reserved, but no more than this share of its box.
+constexpr double kReservedOfText = 0.8, kReservedOfBox = 0.6;
+
 /// The half-width and full-width digits of the text, as half-width digits.
 QString DigitsOf(const QString& text) {
     QString digits;
@@ -134,7 +137,8 @@ double ElementPainter::ReservedFor(const TemplateElement& element, const Templat
     if (text.isEmpty()) return 0;
     const double unlimited = next->place.width() * 1000;
     const FittedText natural = FitText(fonts_, text, next->style, {unlimited, next->place.height()});
-    const double length = std::min(natural.lines[0]->length * natural.size, next->place.width() / 2);
+    const double length = std::min(natural.lines[0]->length * natural.size * kReservedOfText,
+                                   next->place.width() * kReservedOfBox);
     return std::max(0.0, element.place.right() - (next->place.right() - length - GapBefore(*next)));
 }
 
@@ -164,7 +168,7 @@ void ElementPainter::PaintForeignCode(QPainter& painter, const TemplateElement& 
                                       const QString& code) {
     if (code.isEmpty()) return;
     TextStyle style = element.style;
-    style.along = Along::End;
+    style.along = Along::Start;  // the address begins below the last boxes
     style.points = std::min(style.points, kForeignCodePoints);
     style.leastPoints = std::min(style.leastPoints, style.points);
     const QRectF place(boxes.left(), boxes.bottom() + kForeignCodeGap, boxes.width(), kForeignCodeHeight);
