@@ -123,11 +123,13 @@ void ElementPainter::PaintText(QPainter& painter, const TemplateElement& element
     const QString text = Expand(element.text, fields);
     if (text.isEmpty()) return;
     const bool vertical = element.style.vertical;
-    const TextBox box{.length = vertical ? place.height() : place.width(),
-                      .depth = vertical ? place.width() : place.height(),
-                      .reserved = ReservedFor(element, next, fields)};
+    TextBox box{.length = vertical ? place.height() : place.width(),
+                .depth = vertical ? place.width() : place.height()};
+    FittedText fitted = FitText(fonts_, text, element.style, box);
+    if (fitted.lines.size() > 1) box.reserved = ReservedFor(element, next, fields);
+    if (box.reserved > 0) fitted = FitText(fonts_, text, element.style, box);
     painter.setPen(element.colour);
-    lastLine_ = DrawFitted(painter, FitText(fonts_, text, element.style, box), element.style, place);
+    lastLine_ = DrawFitted(painter, fitted, element.style, place);
 }
 
 double ElementPainter::ReservedFor(const TemplateElement& element, const TemplateElement* next,
