@@ -35,7 +35,7 @@ qsizetype LinesWithin(const PdfFile& pdf, int page, const QRectF& box) {
 class SenderTest : public ReportTest, public testing::WithParamInterface<QString> {};
 
 TEST_P(SenderTest, AddressOfSixtyCharactersIsWholeInAtMostThreeLinesOfTheEnvelope) {
-        for (const qsizetype cut : {60, 40, 20}) {
+    for (const qsizetype cut : {60, 40, 20}) {
         installation.Report().Execute(u"DELETE FROM "_s + kEnvelope);
         WorkRow row = Recipient();
         row[u"ユーザ住所A"_s] = QString();
@@ -87,8 +87,7 @@ TEST_P(ForeignCodeTest, CodeOfAnotherLengthIsTextBelowTheEmptyBoxes) {
         QString report;
         QRectF all;
     };
-    for (const auto& [report, boxes] :
-         {Boxes{kPostcard, {44.3, 12, 47.7, 8}}, Boxes{kEnvelope, {64.3, 12, 47.7, 8}}}) {
+    for (const auto& [report, boxes] : {Boxes{kPostcard, {44.3, 12, 47.7, 8}}, Boxes{kEnvelope, {64.3, 12, 47.7, 8}}}) {
         WorkRow row = Recipient();
         row[u"郵便番号"_s] = GetParam();
         AddRow(report, row);

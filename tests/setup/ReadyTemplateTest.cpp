@@ -76,7 +76,8 @@ TEST_F(ReadyTemplateTest, OffsetOfThePrinterIsKept) {
     EXPECT_EQ(Stored(kLabels), ReadyText(u"宛名ラベル84x42"_s).replace(u"右=0 下=0"_s, u"右=1.5 下=-2"_s));
     Store(kEnvelope, Stored(kEnvelope).replace(u"用紙 長形3号\n"_s, u"用紙 長形3号\n補正 右=0.5\n"_s));
     EXPECT_EQ(Use({u"封筒角形2号"_s}).status, 0);
-    EXPECT_EQ(Stored(kEnvelope), ReadyText(u"封筒角形2号"_s).replace(u"角形2号\n書体"_s, u"角形2号\n補正 右=0.5\n書体"_s));
+    EXPECT_EQ(Stored(kEnvelope),
+              ReadyText(u"封筒角形2号"_s).replace(u"角形2号\n書体"_s, u"角形2号\n補正 右=0.5\n書体"_s));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList()) << "an offset is no edited template";
     EXPECT_TRUE(Use().out.contains(u"封筒角形2号: 要員名簿照会封筒（使用中）\n"_s));
 }
@@ -85,15 +86,15 @@ TEST_F(ReadyTemplateTest, EditedTemplateIsWrittenToAFileFirstAndNeverOverAnother
     const QString edited = Stored(kCard) + u"# 直した\n"_s, path = folder.filePath(kCard + u".txt"_s);
     Store(kCard, edited);
     const ToolOutput output = Use({u"はがき横"_s});
-    EXPECT_EQ(output.out,
-              u"今までの定義を %1 に書き出しました。\n帳票「要員名簿照会はがき」を「はがき横」にしました。\n"_s.arg(path));
+    EXPECT_EQ(
+        output.out,
+        u"今までの定義を %1 に書き出しました。\n帳票「要員名簿照会はがき」を「はがき横」にしました。\n"_s.arg(path));
     EXPECT_EQ(QString::fromUtf8(ReadBytes(path)), edited);
     const QString again = Stored(kCard) + u"# また直した\n"_s;
     Store(kCard, again);
     const ToolOutput refused = Use({u"はがき縦"_s});
     EXPECT_EQ(refused.status, 2);
-    EXPECT_TRUE(refused.err.startsWith(
-        u"suite-setup: %1 が既にあるため、今の定義をそこに残せません。\n"_s.arg(path)))
+    EXPECT_TRUE(refused.err.startsWith(u"suite-setup: %1 が既にあるため、今の定義をそこに残せません。\n"_s.arg(path)))
         << refused.err.toStdString();
     EXPECT_EQ(Stored(kCard), again);
     EXPECT_EQ(QString::fromUtf8(ReadBytes(path)), edited);
@@ -102,7 +103,8 @@ TEST_F(ReadyTemplateTest, EditedTemplateIsWrittenToAFileFirstAndNeverOverAnother
 TEST_F(ReadyTemplateTest, UnknownPaperChangesNothing) {
     const ToolOutput output = Use({u"封筒洋形2号"_s});
     EXPECT_EQ(output.status, 2);
-    EXPECT_TRUE(output.err.startsWith(u"suite-setup: 用紙「封筒洋形2号」はありません。\n"_s)) << output.err.toStdString();
+    EXPECT_TRUE(output.err.startsWith(u"suite-setup: 用紙「封筒洋形2号」はありません。\n"_s))
+        << output.err.toStdString();
     EXPECT_EQ(Stored(kEnvelope), report::StandardTemplate(kEnvelope));
 }
 

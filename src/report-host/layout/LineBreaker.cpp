@@ -91,8 +91,7 @@ std::shared_ptr<const ShapedText> LineBreaker::Line(const LineRange& range) cons
         line->cells = glyph.cell + 1;
         line->glyphs.append(glyph);
     }
-    for (qsizetype at = range.begin; at <= range.end; ++at)
-        line->lengthUpTo.append(shaped_->lengthUpTo[at] + moved);
+    for (qsizetype at = range.begin; at <= range.end; ++at) line->lengthUpTo.append(shaped_->lengthUpTo[at] + moved);
     line->length = line->lengthUpTo.last();
     return line;
 }

@@ -16,8 +16,8 @@ namespace {
 
 constexpr double kSlack = 1e-6;
 constexpr double kSmallerStep = 0.97;
-constexpr double kNarrowestRotated = 0.75;  // Latin letters are narrow already
-constexpr double kReadable = 0.8;  // narrower text is wrapped where it can be
+constexpr double kNarrowestRotated = 0.75;     // Latin letters are narrow already
+constexpr double kReadable = 0.8;              // narrower text is wrapped where it can be
 constexpr double kNarrowestLetter = 1.0 / 16;  // in em; a lower bound for common letters
 constexpr double kWidestLetter = 4;
 constexpr qsizetype kFewCharacters = 100;  // shaped in any case; costs little
@@ -34,7 +34,8 @@ bool IsBlank(const QString& text) {
 }
 
 bool IsMostlyRotated(const ShapedText& text) {
-    const auto rotated = std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.turned; });
+    const auto rotated =
+        std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.turned; });
     return 2 * rotated > text.glyphs.size();
 }
 

@@ -33,9 +33,4 @@ QList<VerticalRun> VerticalRunsOf(const QString& text);
 /// word.
 bool MayBreakBetween(QChar before, QChar after);
 
-/// True if the text has no other characters than those of Latin writing. An empty text is Latin.
-bool IsLatinText(const QString& text);
-/// True for Latin letters, half-width or full-width, and for the combining marks on them.
-bool IsLatinLetter(QChar c);
-
 }  // namespace report

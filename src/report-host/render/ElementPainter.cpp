@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "platform/PlainFile.h"
+#include "report-host/layout/LatinText.h"
 #include "report-host/layout/TextLayout.h"
-#include "report-host/layout/VerticalText.h"
 #include "report-host/render/RenderWatch.h"
 #include "report-host/template/TemplateDefinition.h"
 
@@ -38,15 +38,15 @@ QString DigitsOf(const QString& text) {
 
 /// A postal code as digits, if the text is nothing else.
 QString PostalDigits(const QString& text) {
-    static const QRegularExpression shape(u"^[\\s\u3000〒]*([0-9０-９]{3})[\\s\u3000]*[-－−‐–—―ー]?[\\s\u3000]*([0-9０-９]{4})"
-                                          u"[\\s\u3000]*$"_s);
+    static const QRegularExpression shape(
+        u"^[\\s\u3000〒]*([0-9０-９]{3})[\\s\u3000]*[-－−‐–—―ー]?[\\s\u3000]*([0-9０-９]{4})"
+        u"[\\s\u3000]*$"_s);
     return shape.match(text).hasMatch() ? DigitsOf(text) : QString();
 }
 
 bool IsPostalCode(const TemplateElement& element) {
-    return std::any_of(element.text.begin(), element.text.end(), [](const TextPiece& piece) {
-        return piece.isField && piece.text.endsWith(u"郵便番号"_s);
-    });
+    return std::any_of(element.text.begin(), element.text.end(),
+                       [](const TextPiece& piece) { return piece.isField && piece.text.endsWith(u"郵便番号"_s); });
 }
 
 bool IsAddress(const TextPiece& piece) { return piece.isField && piece.text.contains(u"住所"_s); }
@@ -139,8 +139,8 @@ double ElementPainter::ReservedFor(const TemplateElement& element, const Templat
     if (text.isEmpty()) return 0;
     const double unlimited = next->place.width() * 1000;
     const FittedText natural = FitText(fonts_, text, next->style, {unlimited, next->place.height()});
-    const double length = std::min(natural.lines[0]->length * natural.size * kReservedOfText,
-                                   next->place.width() * kReservedOfBox);
+    const double length =
+        std::min(natural.lines[0]->length * natural.size * kReservedOfText, next->place.width() * kReservedOfBox);
     return std::max(0.0, element.place.right() - (next->place.right() - length - GapBefore(*next)));
 }
 

@@ -24,9 +24,9 @@ void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double 
 /// Returns the text of a column or built-in field for the current row.
 using FieldText = std::function<QString(const QString& name)>;
 
-/// Replaces the fields of a pattern. Between two columns of an address (住所…) next to each other a blank is inserted if
-/// both are Latin and at least one has a letter. The result is cut at kMostCharacters + 1 characters, so that the layout
-/// can detect that it is too long.
+/// Replaces the fields of a pattern. Between two columns of an address (住所…) next to each other a blank is inserted
+/// if both are Latin and at least one has a letter. The result is cut at kMostCharacters + 1 characters, so that the
+/// layout can detect that it is too long.
 QString Expand(const TextPattern& pattern, const FieldText& fields);
 
 /// Paints the elements of sections.

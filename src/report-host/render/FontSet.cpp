@@ -153,7 +153,8 @@ QStringList FontSet::MissingCharacters(const QString& text) {
 std::shared_ptr<const ShapedText> FontSet::ShapeNow(const QString& text, SuiteFace face, bool vertical) {
     const auto shaped = std::make_shared<ShapedText>();
     LineShaper shaper(text, vertical, *shaped);
-    const QList<VerticalRun> runs = vertical ? VerticalRunsOf(text) : QList<VerticalRun>{{RunMode::Upright, 0, text.size()}};
+    const QList<VerticalRun> runs =
+        vertical ? VerticalRunsOf(text) : QList<VerticalRun>{{RunMode::Upright, 0, text.size()}};
     for (const VerticalRun& run : runs)
         ShapeRun(shaper, text, run, run.mode == RunMode::Rotated ? Proportional(face) : face);
     shaper.Finish();

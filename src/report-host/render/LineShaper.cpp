@@ -46,8 +46,7 @@ void LineShaper::Add(const FontFace& face, qsizetype begin, qsizetype end, const
     hb_buffer_set_direction(buffer, isLevel ? HB_DIRECTION_LTR : HB_DIRECTION_TTB);
     hb_buffer_set_script(buffer, HB_SCRIPT_HAN);
     hb_buffer_set_language(buffer, hb_language_from_string("ja", -1));
-    const std::vector<hb_feature_t> features =
-        isLevel ? std::vector<hb_feature_t>() : UprightMarks(text_, begin, end);
+    const std::vector<hb_feature_t> features = isLevel ? std::vector<hb_feature_t>() : UprightMarks(text_, begin, end);
     hb_shape(face.Shaper(), buffer, features.data(), static_cast<unsigned>(features.size()));
     unsigned count = 0;
     const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);

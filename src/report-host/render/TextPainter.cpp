@@ -82,8 +82,7 @@ QRectF DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& st
         const double deep = across + step * static_cast<double>(i);
         const double along = Offset(style.along, room, length);
         const bool spread = style.along == Along::Spread && line.cells > 1 && length < room;
-        const double gap =
-            spread ? (room - length) / (text.size * text.stretch * (line.cells - 1)) : 0;
+        const double gap = spread ? (room - length) / (text.size * text.stretch * (line.cells - 1)) : 0;
         const double scale = text.size / FontFace::kPixels;
         painter.save();
         if (vertical) {

@@ -28,12 +28,11 @@ constexpr Word<SuiteFace> kFaces[] = {{u"明朝", SuiteFace::Mincho},
 constexpr Word<Along> kAlong[] = {{u"左", Along::Start}, {u"上", Along::Start}, {u"中央", Along::Middle},
                                   {u"右", Along::End},   {u"下", Along::End},   {u"均等", Along::Spread}};
 constexpr Word<Across> kAcross[] = {{u"先頭", Across::Start}, {u"中央", Across::Middle}, {u"末尾", Across::End}};
-constexpr Word<Fitting> kFittings[] = {
-    {u"縮小", Fitting::Shrink},
-    {u"長体", Fitting::Condense},
-    {u"折返し", Fitting::Wrap},
-    {u"長体折返し", Fitting::CondenseWrap},
-    {u"省略", Fitting::Cut}};
+constexpr Word<Fitting> kFittings[] = {{u"縮小", Fitting::Shrink},
+                                       {u"長体", Fitting::Condense},
+                                       {u"折返し", Fitting::Wrap},
+                                       {u"長体折返し", Fitting::CondenseWrap},
+                                       {u"省略", Fitting::Cut}};
 
 using Apply = void (*)(SettingTarget&, const QString& value, const QString& what);
 

@@ -113,8 +113,7 @@ QString WithOffsetOf(const QString& present, QString text) {
     const QString offset = OffsetLine().match(present).captured();
     if (offset.isEmpty()) return text;
     if (text.contains(OffsetLine())) return text.replace(OffsetLine(), offset);
-    return text.replace(QRegularExpression(u"^(用紙.*)$"_s, QRegularExpression::MultilineOption),
-                        u"\\1\n"_s + offset);
+    return text.replace(QRegularExpression(u"^(用紙.*)$"_s, QRegularExpression::MultilineOption), u"\\1\n"_s + offset);
 }
 
 /// The ready-made template that a stored text is, apart from the printer's offset; empty if it was edited.
@@ -138,8 +137,7 @@ void ShowReadyTemplates(const report::TemplateFile& file, QTextStream& out) {
 void KeepEdited(const Arguments& arguments, const QString& report, const QString& text, const Console& console) {
     if (text.isEmpty() || !ReadyNameOf(report, text).isEmpty()) return;
     const QString path = TextFileOf(arguments, report);
-    if (QFileInfo::exists(path))
-        throw UsageError(u"%1 が既にあるため、今の定義をそこに残せません。"_s.arg(path));
+    if (QFileInfo::exists(path)) throw UsageError(u"%1 が既にあるため、今の定義をそこに残せません。"_s.arg(path));
     WriteText(path, text);
     console.out << u"今までの定義を %1 に書き出しました。\n"_s.arg(path);
 }
