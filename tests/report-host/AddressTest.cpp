@@ -92,11 +92,13 @@ TEST_P(ForeignCodeTest, CodeOfAnotherLengthIsTextBelowTheEmptyBoxes) {
         row[u"郵便番号"_s] = GetParam();
         AddRow(report, row);
         const PdfFile pdf = Pdf(report);
-        EXPECT_TRUE(InkWithin(pdf.Picture(0), boxes).isEmpty()) << report.toStdString();
+        const QImage page = pdf.Picture(0);
+        EXPECT_TRUE(InkWithin(page, boxes).isEmpty()) << report.toStdString();
         EXPECT_EQ(TextWithin(pdf, 0, QRectF(boxes.left(), 20.1, boxes.width(), 4.6)), QString(GetParam()).remove(u' '))
             << report.toStdString();
-        EXPECT_FALSE(InkWithin(pdf.Picture(0), {boxes.left(), 20, boxes.width(), 5}).isEmpty());
-        EXPECT_GE(InkWithin(pdf.Picture(0), {boxes.left(), 20, boxes.width(), 5}).top(), 20.2);
+        const QRectF ink = InkWithin(page, {boxes.left(), 20, boxes.width(), 5});
+        EXPECT_FALSE(ink.isEmpty());
+        EXPECT_GE(ink.top(), 20.2);
     }
 }
 
@@ -179,4 +181,32 @@ TEST_F(ReportTest, LatinNameOnMailIsTurnedAndWhole) {
             EXPECT_GT(found[0].place.height(), found[0].place.width()) << word.toStdString();
         }
     }
+}
+
+TEST_F(ReportTest, TemplatesOfAnOlderVersionAreReadAsBefore) {
+    SetTemplate(
+        kEnvelope,
+        u"用紙 長形3号\n書体 明朝 10\n明細 高さ=235\n"
+        u"  文字 34,193.4 76x3.6 \"〒[ユーザ郵便番号]　[ユーザ住所A][ユーザ住所B]\" 大きさ=9 ただし=ユーザ郵便番号\n"
+        u"  文字 34,197.6 76x3.6 \"[ユーザ住所C]\" 大きさ=9\n"
+        u"  文字 34,201.8 76x3.6 \"[名称B]\" 収め=長体 行寄せ=末尾\n"_s);
+    WorkRow row = Recipient();
+    row[u"ユーザ住所B"_s] = u"丸の内１－８－３"_s;
+    row[u"ユーザ住所C"_s] = u"見本ビル"_s;
+    AddRow(kEnvelope, row);
+    const PdfFile pdf = Pdf(kEnvelope);
+    EXPECT_EQ(pdf.Words().size(), 6);
+    for (const QString& word : {u"〒100-0005"_s, u"東京都千代田区丸の内１－８－３"_s, u"見本ビル"_s, u"佐藤"_s})
+        EXPECT_EQ(pdf.Find(0, word).size(), 1) << word.toStdString();
+    EXPECT_NEAR(pdf.Find(0, u"見本ビル"_s).first().place.left(), 34, 0.1);
+}
+
+TEST_F(ReportTest, WordSideBySideIsSpacedOutAsOneCharacter) {
+    SetTemplate(kList, u"用紙 50x120\n明細 高さ=120\n文字 20,10 10x100 \"[氏名]\" 縦書き 寄せ=均等 大きさ=20"_s);
+    AddRow(kList, {{u"コード"_s, u"1"_s}, {u"氏名"_s, u"東12西"_s}});
+    const PdfFile pdf = Pdf(kList);
+    const QRectF number = pdf.Find(0, u"12"_s).value(0).place;
+    EXPECT_NEAR(number.center().x(), 25, 4);
+    EXPECT_NEAR(number.center().y(), 60, 1);
+    EXPECT_NEAR(pdf.Find(0, u"西"_s).first().place.bottom(), 110, 1);
 }

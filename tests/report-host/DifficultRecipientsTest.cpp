@@ -109,7 +109,8 @@ class ElementCheck {
         for (const auto& line : fitted_.lines)
             for (const ShapedGlyph& glyph : line->glyphs) {
                 const QChar c = line->text[glyph.textAt];
-                const bool isNumber = glyph.textAt > 0 && u"〇一二三四五六七八九"_s.contains(line->text[glyph.textAt - 1]);
+                const bool isNumber =
+                    glyph.textAt > 0 && u"〇一二三四五六七八九"_s.contains(line->text[glyph.textAt - 1]);
                 if (isNumber) {
                     EXPECT_FALSE(u"-−‐–—―"_s.contains(c)) << line->text.toStdString();
                 }

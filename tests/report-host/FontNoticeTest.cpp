@@ -23,7 +23,8 @@ QLabel* NoticeOf(const PreviewWindow& window) { return window.statusBar()->findC
 
 TEST(MissingCharacters, AreListedOnceWithTheirVariationSelector) {
     FontSet fonts;
-    const QString text = u"𠮷野家 鷗 髙 葛\U000E0100 葛\U000E01EF "_s + kPrivate + u"子"_s + kUnknown + kPrivate + u"\n"_s;
+    const QString text =
+        u"𠮷野家 鷗 髙 葛\U000E0100 葛\U000E01EF "_s + kPrivate + u"子"_s + kUnknown + kPrivate + u"\n"_s;
     EXPECT_EQ(fonts.MissingCharacters(text), (QStringList{u"葛\U000E01EF"_s, kPrivate, kUnknown}));
     EXPECT_EQ(fonts.MissingCharacters({}), QStringList());
 }

@@ -57,18 +57,20 @@ TEST_P(VerticalWritingTest, ConvertsAndDividesIntoRuns) {
 
 INSTANTIATE_TEST_SUITE_P(
     Mail, VerticalWritingTest,
-    testing::Values(
-        Written{u"梅田9-4-10", u"梅田九－四－一〇"}, Written{u"梅田９−４‐１０–２―３ー１－５", u"梅田九－四－一〇－二－三－一－五"},
-        Written{u"ガーデンタワー3", u"ガーデンタワー三"}, Written{u"東京―大阪", u"東京―大阪"},
-        Written{u"緑荘B-205", u"緑荘Ｂ－二〇五"}, Written{u"ＮＴＴ東日本", u"=NTT|東日本"},
-        Written{u"JRタワー5F", u"=JR|タワー五Ｆ"}, Written{u"コーポII", u"コーポ|=II"},
-        Written{u"ＨＥＩＧＨＴＳ　ＴＯＷＥＲ２０５", u"~HEIGHTS TOWER205"},
-        Written{u"12 Main Street", u"~12 Main Street"}, Written{u"John Lee 様", u"~John Lee| 様"},
-        Written{u"梅田1-2 ABC Tower 5階", u"梅田一－二 |~ABC Tower| 五階"},
-        Written{u"（Green Heights）", u"（|~Green Heights|）"}, Written{u"Tower (North) 3F", u"~Tower (North) 3F"},
-        Written{u"Mary-Jane O'Brien", u"~Mary-Jane O'Brien"}, Written{u"Dr. Al Lee Jr.", u"~Dr. Al Lee Jr."},
-        Written{u"Søren Ågård", u"~Søren Ågård"}, Written{u"“別館”と\"本館\"", u"〝別館〟と〝本館〟"},
-        Written{u"｢関内｣ﾋﾞﾙ", u"「関内」ビル"}, Written{u"A\nB棟", u"Ａ\nＢ棟"}));
+    testing::Values(Written{u"梅田9-4-10", u"梅田九－四－一〇"},
+                    Written{u"梅田９−４‐１０–２―３ー１－５", u"梅田九－四－一〇－二－三－一－五"},
+                    Written{u"ガーデンタワー3", u"ガーデンタワー三"}, Written{u"東京―大阪", u"東京―大阪"},
+                    Written{u"緑荘B-205", u"緑荘Ｂ－二〇五"}, Written{u"ＮＴＴ東日本", u"=NTT|東日本"},
+                    Written{u"JRタワー5F", u"=JR|タワー五Ｆ"}, Written{u"コーポII", u"コーポ|=II"},
+                    Written{u"ＨＥＩＧＨＴＳ　ＴＯＷＥＲ２０５", u"~HEIGHTS TOWER205"},
+                    Written{u"12 Main Street", u"~12 Main Street"}, Written{u"John Lee 様", u"~John Lee| 様"},
+                    Written{u"梅田1-2 ABC Tower 5階", u"梅田一－二 |~ABC Tower| 五階"},
+                    Written{u"（Green Heights）", u"（|~Green Heights|）"},
+                    Written{u"Tower (North) 3F", u"~Tower (North) 3F"},
+                    Written{u"Mary-Jane O'Brien", u"~Mary-Jane O'Brien"},
+                    Written{u"Dr. Al Lee Jr.", u"~Dr. Al Lee Jr."}, Written{u"Søren Ågård", u"~Søren Ågård"},
+                    Written{u"“別館”と\"本館\"", u"〝別館〟と〝本館〟"}, Written{u"｢関内｣ﾋﾞﾙ", u"「関内」ビル"},
+                    Written{u"A\nB棟", u"Ａ\nＢ棟"}));
 
 TEST(VerticalNumbers, OfUpToThreeDigitsStandUprightAndLongerOnesAreRotatedAsAWhole) {
     for (const auto& [text, runs] : QList<QPair<QString, QString>>{{u"第3課"_s, u"第３課"_s},
@@ -162,7 +164,8 @@ TEST_F(VerticalLayoutTest, LineIsBrokenNeitherInANumberNorInALatinWord) {
     EXPECT_EQ(Lines(u"Mountain View, Jean-Pierre Street"_s, 80, 50),
               (QStringList{u"Mountain View,"_s, u"Jean-Pierre"_s, u"Street"_s}));
     style.kanjiNumerals = false;
-    EXPECT_EQ(Lines(u"梅田ビルディング2階NTT西日本"_s, 105, 23), (QStringList{u"梅田ビルディング２階"_s, u"NTT西日本"_s}));
+    EXPECT_EQ(Lines(u"梅田ビルディング2階NTT西日本"_s, 105, 23),
+              (QStringList{u"梅田ビルディング２階"_s, u"NTT西日本"_s}));
     style.vertical = false;
     EXPECT_EQ(Lines(u"大手町ＡＢＣ本社"_s, 55, 40), (QStringList{u"大手町"_s, u"ＡＢＣ本社"_s}));
 }

@@ -28,8 +28,7 @@ bool IsNarrow(QChar c) { return c < QChar(0x2000) || c == QChar(0x2019); }
 bool IsLatinLetter(QChar c) { return ScriptOf(c) == Script::Letter; }
 
 bool IsLatinText(const QString& text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar c) { return IsNarrow(c) && ScriptOf(c) != Script::Other; });
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return IsNarrow(c) && ScriptOf(c) != Script::Other; });
 }
 
 namespace {

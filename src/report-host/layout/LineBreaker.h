@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "report-host/render/FontSet.h"
+#include "report-host/render/FontFace.h"
 
 class QTextBoundaryFinder;
 

@@ -20,6 +20,7 @@ constexpr int kMostMissing = 200;  // a report in a script without a font would 
 FontNotice::FontNotice(PreparedReport& report) : report_(report) {
     setObjectName(u"fontNotice"_s);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long text must not widen the window
     hide();
     timer_.callOnTimeout(this, [this] { ReadPages(); });
     timer_.start(0);

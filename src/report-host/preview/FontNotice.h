@@ -19,7 +19,7 @@ class FontNotice : public QLabel {
 
     PreparedReport& report_;
     QTimer timer_;
-    int page_ = 0;       ///< the next page to read
-    int firstFound_ = 0; ///< the first page with such a character
+    int page_ = 0;        ///< the next page to read
+    int firstFound_ = 0;  ///< the first page with such a character
     QStringList missing_;
 };

@@ -49,7 +49,7 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString nam
     MakeView();
     MakeToolBar();
     notice_ = new FontNotice(*report_);
-    statusBar()->addPermanentWidget(notice_);
+    statusBar()->addWidget(notice_, 1);
     resize(kUsualSize.boundedTo(screen()->availableSize()));
     TurnTo(0);
 }

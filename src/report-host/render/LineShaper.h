@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "report-host/layout/VerticalText.h"
-#include "report-host/render/FontSet.h"
+#include "report-host/render/FontFace.h"
 
 namespace report {
 
