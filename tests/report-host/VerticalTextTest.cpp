@@ -161,6 +161,7 @@ TEST_F(VerticalLayoutTest, LineIsBrokenNeitherInANumberNorInALatinWord) {
     style.kanjiNumerals = true;
     EXPECT_EQ(Lines(u"大阪市北区梅田９−４‐１０"_s, 90, 23), (QStringList{u"大阪市北区梅田"_s, u"九－四－一〇"_s}));
     EXPECT_EQ(Lines(u"緑荘ハイツＢ－２０５"_s, 60, 23), (QStringList{u"緑荘ハイツ"_s, u"Ｂ－二〇五"_s}));
+    EXPECT_EQ(Lines(u"緑荘ハイツ２０５号室"_s, 90, 23), (QStringList{u"緑荘ハイツ"_s, u"二〇五号室"_s}));
     EXPECT_EQ(Lines(u"Mountain View, Jean-Pierre Street"_s, 80, 50),
               (QStringList{u"Mountain View,"_s, u"Jean-Pierre"_s, u"Street"_s}));
     style.kanjiNumerals = false;

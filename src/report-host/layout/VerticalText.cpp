@@ -12,6 +12,7 @@ namespace report {
 namespace {
 
 constexpr QStringView kVowelMarks = u"ーｰ";  // often typed instead of the dash of a number
+constexpr QStringView kCounters = u"号番丁階室棟";
 constexpr qsizetype kMostSideBySide = 3;
 
 /// Converts the text between the Latin phrases.
@@ -107,6 +108,8 @@ class VerticalWriter {
 bool MayBreakBetween(QChar before, QChar after) {
     const auto isPart = [](QChar c) { return IsWordPart(c) || kDashes.contains(c); };
     if (isPart(before) && isPart(after)) return false;
+    if (IsNumeral(before) && kCounters.contains(after)) return false;
+    if (before == u'号' && after == u'室') return false;
     const auto isLatin = [](QChar c) {
         return IsNarrow(c) && ScriptOf(c) != Script::Other && ScriptOf(c) != Script::Blank;
     };

@@ -29,8 +29,8 @@ struct VerticalRun {
 /// Divides a line that ToVerticalText has converted into runs, without gaps.
 QList<VerticalRun> VerticalRunsOf(const QString& text);
 
-/// False if a line break between these two neighbours would divide a number, such as the one of a house, or a Latin
-/// word.
+/// False if a line break between these two neighbours would divide a number, such as the one of a house, a number and
+/// its counter ("二〇五号室"), or a Latin word.
 bool MayBreakBetween(QChar before, QChar after);
 
 }  // namespace report
