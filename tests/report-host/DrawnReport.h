@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QPainter>
 #include <QSizeF>
 #include <functional>
@@ -21,8 +22,11 @@ class DrawnReport : public PreparedReport {
         painter.fillRect(QRectF(10, 10 + 5 * page, 20, 3), Qt::black);
     }
 
+    QStringList MissingCharacters(int page) override { return missing.value(page); }
+
     std::function<bool(int page)> Fails;
     std::function<void(int page)> Painting;  ///< called first
+    QHash<int, QStringList> missing;         ///< characters without a font, by page
     int painted = -1;                        ///< page painted last
 
   private:

@@ -41,6 +41,10 @@ INSTANTIATE_TEST_SUITE_P(
         WrongLine{u"文字 0,0 9x9 \"あ\"縦書き", u"閉じる引用符の後ろに空白がありません。"},
         WrongLine{u"文字 0,0 9x9 \"[氏名\"", u"「[」が「]」で閉じていません。"},
         WrongLine{u"文字 0,0 9x9 \"[]\"", u"「[]」の中に列の名前がありません。"},
+        WrongLine{u"文字 0,0 9x9 \"[〒|氏名]\"", u"「[〒|氏名]」は [前の文字|列|後の文字] の形で書いてください。"},
+        WrongLine{u"文字 0,0 9x9 \"[〒||]\"", u"「[〒||]」は [前の文字|列|後の文字] の形で書いてください。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 行数=0", u"行数「0」は 0 より大きくしてください。"},
+        WrongLine{u"文字 0,0 9x9 \"あ\" 続き=1", u"「続き」に値は付けられません。"},
         WrongLine{u"文字 0;0 9x9 \"あ\"", u"位置「0;0」は「左,上」の形で書いてください。"},
         WrongLine{u"文字 0,０ 9x9 \"あ\"", u"位置「０」は数ではありません。"},
         WrongLine{u"文字 0,0 9 \"あ\"", u"大きさ「9」は「幅x高さ」の形で書いてください。"},
@@ -64,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
         WrongLine{u"文字 0,0 9x9 \"あ\" 書体=丸",
                   u"書体には 明朝、Ｐ明朝、ゴシック、Ｐゴシック のどれかを書いてください。「丸」は使えません。"},
         WrongLine{u"文字 0,0 9x9 \"あ\" 収め=捨てる",
-                  u"収めには 縮小、長体、折返し、省略 のどれかを書いてください。「捨てる」は使えません。"},
+                  u"収めには 縮小、長体、折返し、長体折返し、省略 のどれかを書いてください。「捨てる」は使えません。"},
         WrongLine{u"文字 60,0 41x9 \"あ\"", u"置き場所が幅 100、高さ 50 の外に出ています。"},
         WrongLine{u"線 0,0 10,50.5", u"置き場所が幅 100、高さ 50 の外に出ています。"},
         WrongLine{u"数字枠 0,0 5x8 \"[郵便番号]\"", u"数字枠に左端がありません。"},
@@ -136,6 +140,18 @@ TEST(TemplateParser, RemarksBlanksAndQuotesAreReadAsWritten) {
     EXPECT_FALSE(text.text[0].isField);
     EXPECT_EQ(text.text[1].text, u"氏名"_s);
     EXPECT_TRUE(text.text[1].isField);
+}
+
+TEST(TemplateParser, FieldMayHaveTextThatDependsOnIt) {
+    const TextPattern text =
+        ParseTemplate(u"用紙 A4\n明細 高さ=9\n文字 0,0 9x9 \"甲[〒|郵便番号|　][|住所A|]\" 空なら=住所B"_s)
+            .definition.detail.elements.first()
+            .text;
+    ASSERT_EQ(text.size(), 3);
+    EXPECT_EQ(text[1].before, u"〒"_s);
+    EXPECT_EQ(text[1].text, u"郵便番号"_s);
+    EXPECT_EQ(text[1].after, u"　"_s);
+    EXPECT_EQ(text[2].before + text[2].after, QString());
 }
 
 TEST(TemplateParser, FaceHoldsForTheTextsThatFollowIt) {

@@ -1,4 +1,5 @@
 #include "report-host/layout/TextLayout.h"
+#include "report-host/layout/VerticalText.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ class TextLayoutTest : public testing::Test {
     /// Converts points to millimetres.
     static double Points(double points) { return points * kMillimetresPerPoint; }
     FittedText Fit(const QString& text, double length, double depth = 100) {
-        return FitText(types, text, style, length, depth);
+        return FitText(types, text, style, {length, depth});
     }
     /// Length of a line of the laid out text, in millimetres.
     static double Length(const FittedText& text, qsizetype line = 0) {

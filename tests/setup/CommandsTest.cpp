@@ -50,10 +50,10 @@ TEST(Commands, HelpNamesEveryVerb) {
     const ToolOutput output = RunTool({u"--help"_s});
     EXPECT_EQ(output.status, 0);
     for (const QString& word :
-         {u"init"_s,      u"history"_s,   u"--staff"_s,   u"--seed"_s,       u"--kind"_s,       u"--install-kind"_s,
-          u"--pin"_s,     u"--replace"_s, u"seal-pins"_s, u"printer"_s,      u"--to-folder"_s,  u"registry list"_s,
-          u"--follow"_s,  u"--run"_s,     u"--user"_s,    u"forms export"_s, u"forms import"_s, u"forms check"_s,
-          u"forms pdf"_s, u"--folder"_s,  u"--out"_s})
+         {u"init"_s,        u"history"_s,   u"--staff"_s,   u"--seed"_s,       u"--kind"_s,       u"--install-kind"_s,
+          u"--pin"_s,       u"--replace"_s, u"seal-pins"_s, u"printer"_s,      u"--to-folder"_s,  u"registry list"_s,
+          u"--follow"_s,    u"--run"_s,     u"--user"_s,    u"forms export"_s, u"forms import"_s, u"forms use"_s,
+          u"forms check"_s, u"forms pdf"_s, u"--folder"_s,  u"--out"_s})
         EXPECT_TRUE(output.out.contains(word)) << word.toStdString();
 }
 

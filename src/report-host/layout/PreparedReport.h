@@ -2,6 +2,7 @@
 
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 #include "report-host/template/ReportErrors.h"
@@ -18,6 +19,9 @@ class PreparedReport {
     /// Paints a page. The painter's unit is the millimetre, its origin the top left corner of the page. Throws
     /// ReportStopped when cancelled (see RenderWatch.h), database::DatabaseError if the rows can't be read.
     virtual void PaintPage(QPainter& painter, int page) = 0;
+    /// The characters in the rows of a page that no installed font has; see FontSet::MissingCharacters. Throws
+    /// database::DatabaseError if the rows can't be read.
+    virtual QStringList MissingCharacters(int page) = 0;
 };
 
 /// Loads a report. `templateFile`: path of the template file (repfrmdb); `report`: name of the template. Throws

@@ -64,6 +64,13 @@ void ReportPages::PaintPage(QPainter& painter, int page) {
                  heading);
 }
 
+QStringList ReportPages::MissingCharacters(int page) {
+    const int first = page * rowsPerPage_, last = std::min(first + rowsPerPage_, rows_.Count());
+    QString text;
+    for (int row = first; row < last; ++row) text += rows_.Row(row).join(u'\n');
+    return fonts_.MissingCharacters(text);
+}
+
 void ReportPages::PaintRow(QPainter& painter, int row, int slot, const QStringList& values) {
     const QList<QPointF> cells = CellsOfSlot(template_, slot);
     for (qsizetype i = 0; i < cells.size(); ++i) {

@@ -24,6 +24,7 @@ class ReportPages : public PreparedReport {
     int PageCount() const override;
     QSizeF PageMillimetres() const override { return template_.page; }
     void PaintPage(QPainter& painter, int page) override;
+    QStringList MissingCharacters(int page) override;
     /// False if no installed font has Japanese glyphs.
     bool CanWriteJapanese() { return fonts_.HasJapanese(); }
 

@@ -2,9 +2,11 @@
 
 #include <QTextBoundaryFinder>
 #include <algorithm>
+#include <optional>
 
+#include "report-host/layout/LineBreaker.h"
+#include "report-host/layout/VerticalText.h"
 #include "report-host/template/TemplateDefinition.h"
-#include "text/mod文字変換.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,29 +16,11 @@ namespace {
 
 constexpr double kSlack = 1e-6;
 constexpr double kSmallerStep = 0.97;
+constexpr double kNarrowestRotated = 0.75;     // Latin letters are narrow already
+constexpr double kReadable = 0.8;              // narrower text is wrapped where it can be
 constexpr double kNarrowestLetter = 1.0 / 16;  // in em; a lower bound for common letters
 constexpr double kWidestLetter = 4;
 constexpr qsizetype kFewCharacters = 100;  // shaped in any case; costs little
-
-bool IsOfNumber(QChar c) {
-    static constexpr QStringView kSigns = u"0123456789０１２３４５６７８９〇一二三四五六七八九-－";
-    return kSigns.contains(c);
-}
-
-/// The last break opportunity after `begin` with the text up to it no longer than `limit`; `begin` if there is none.
-/// With `wholeNumbers`, no break within a number, such as in an address.
-qsizetype LastWithin(QTextBoundaryFinder& places, const ShapedText& shaped, qsizetype begin, double limit,
-                     bool wholeNumbers) {
-    const QString text = places.string();
-    qsizetype end = begin, next = begin;
-    places.setPosition(begin);
-    while ((next = places.toNextBoundary()) > 0 && shaped.lengthUpTo[next] <= limit) {
-        const bool inNumber =
-            wholeNumbers && next < text.size() && IsOfNumber(text[next - 1]) && IsOfNumber(text[next]);
-        if (!inNumber) end = next;
-    }
-    return end;
-}
 
 /// Cuts the text to `most` UTF-16 code units plus "…", without splitting a surrogate pair.
 QString Bounded(const QString& text, qsizetype most) {
@@ -45,22 +29,30 @@ QString Bounded(const QString& text, qsizetype most) {
     return text.left(whole) + u'…';
 }
 
+bool IsBlank(const QString& text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u' ' || c == QChar(0x3000); });
+}
+
+bool IsMostlyRotated(const ShapedText& text) {
+    const auto rotated =
+        std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.turned; });
+    return 2 * rotated > text.glyphs.size();
+}
+
 class Fitter {
   public:
-    Fitter(FontSet& fonts, const TextStyle& style, double length, double depth)
+    Fitter(FontSet& fonts, const TextStyle& style, const TextBox& box)
         : fonts_(fonts),
           style_(style),
-          length_(length),
-          depth_(depth),
-          size_(std::min(style.points * kMillimetresPerPoint, depth)),
+          box_(box),
+          size_(std::min(style.points * kMillimetresPerPoint, box.depth)),
           least_(std::min(style.leastPoints * kMillimetresPerPoint, size_)) {}
 
     /// Upper bound for the number of characters that fit. Longer text is truncated before shaping, which is slow.
     qsizetype Capacity() const {
-        const bool wraps = style_.fitting == Fitting::Wrap, narrows = style_.fitting == Fitting::Condense;
-        const double letter = least_ * kNarrowestLetter * (narrows ? kNarrowest : 1);
-        const double lines = wraps ? static_cast<double>(LinesAt(least_)) : 1;
-        const double most = std::min(lines * length_ / letter, static_cast<double>(kMostCharacters));
+        const double letter = least_ * kNarrowestLetter * LeastStretch();
+        const double lines = Wraps() ? static_cast<double>(LinesAt(least_)) : 1;
+        const double most = std::min(lines * box_.length / letter, static_cast<double>(kMostCharacters));
         return std::max(kFewCharacters, static_cast<qsizetype>(most));
     }
 
@@ -69,16 +61,24 @@ class Fitter {
         const QString line = OneLine(text);
         const auto shaped = Shape(line);
         const double natural = shaped->length;
-        if (natural * size_ <= length_ + kSlack) return {size_, 1, {shaped}};
-        if (style_.fitting == Fitting::Cut) return {size_, 1, {Cut(line, size_)}};
-        const double stretch =
-            style_.fitting == Fitting::Condense ? std::max(kNarrowest, length_ / (natural * size_)) : 1;
-        const double size = std::min(size_, length_ / (natural * stretch));
+        if (natural * size_ <= box_.length + kSlack) return {size_, 1, {shaped}};
+        if (style_.fitting == Fitting::Cut) return {size_, 1, {Cut(line, box_.length / size_)}};
+        const double needed = box_.length / (natural * size_);
+        if (style_.fitting == Fitting::CondenseWrap)
+            return needed >= kReadable ? FittedText{size_, needed, {shaped}} : Wrap(line);
+        const double least = std::max(LeastStretch(), IsMostlyRotated(*shaped) ? kNarrowestRotated : 0);
+        const double stretch = std::max(least, std::min(1.0, needed));
+        const double size = std::min(size_, box_.length / (natural * stretch));
         if (size >= least_) return {size, stretch, {shaped}};
-        return {least_, stretch, {Cut(line, least_ * stretch)}};
+        return {least_, stretch, {Cut(line, box_.length / (least_ * stretch))}};
     }
 
   private:
+    bool Wraps() const { return style_.fitting == Fitting::Wrap || style_.fitting == Fitting::CondenseWrap; }
+    double LeastStretch() const {
+        return style_.fitting == Fitting::Condense || style_.fitting == Fitting::CondenseWrap ? kNarrowest : 1;
+    }
+
     std::shared_ptr<const ShapedText> Shape(const QString& text) {
         return fonts_.Shape(text, style_.face, style_.vertical);
     }
@@ -88,10 +88,10 @@ class Fitter {
         return text.replace(u'\n', u' ');
     }
 
-    /// The longest prefix of whole graphemes that fits together with "…".
-    std::shared_ptr<const ShapedText> Cut(const QString& line, double size) {
+    /// The longest prefix of whole graphemes that fits together with "…". `length`: in em.
+    std::shared_ptr<const ShapedText> Cut(const QString& line, double length) {
         const QString sign = u"…"_s;
-        const double available = length_ / size - Shape(sign)->length;
+        const double available = length - Shape(sign)->length;
         const auto whole = Shape(line);
         QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, line);
         qsizetype end = 0, next = 0;
@@ -99,105 +99,105 @@ class Fitter {
         return Shape(line.left(end) + sign);
     }
 
+    void ReadParagraphs(const QString& text) {
+        QStringList paragraphs = QString(text).remove(u'\r').split(u'\n');
+        // An address without a building may be as large as if the line of the building did not exist.
+        while (style_.across == Across::Start && paragraphs.size() > 1 && IsBlank(paragraphs.last()))
+            paragraphs.removeLast();
+        for (const QString& paragraph : paragraphs) breakers_.append(LineBreaker(paragraph, Shape(paragraph)));
+    }
+
     FittedText Wrap(const QString& text) {
-        const QStringList paragraphs = QString(text).remove(u'\r').split(u'\n');
-        QList<double> lengths;
-        for (const QString& paragraph : paragraphs) lengths.append(Shape(paragraph)->length);
-        for (double size = size_; size > least_; size = std::max(least_, size * kSmallerStep)) {
-            if (LeastLines(lengths, size) > LinesAt(size)) continue;
-            const QStringList lines = Lines(paragraphs, size);
-            if (lines.size() <= LinesAt(size)) return Shaped(lines, size);
+        ReadParagraphs(text);
+        double size = size_, stretch = 1;
+        while (true) {
+            if (std::optional<FittedText> fitted = Try(size, stretch)) return *fitted;
+            if (stretch > LeastStretch())
+                stretch = std::max(LeastStretch(), stretch * kSmallerStep);
+            else if (size > least_)
+                size = std::max(least_, size * kSmallerStep);
+            else
+                return Truncated();
         }
-        QStringList lines = Lines(paragraphs, least_);
-        const qsizetype most = LinesAt(least_);
-        if (lines.size() <= most) return Shaped(lines, least_);
-        const QString rest = lines.mid(most - 1).join(QString());
-        FittedText fitted = Shaped(lines.first(most - 1), least_);
-        fitted.lines.append(Cut(rest, least_));
+    }
+
+    /// Lines with their paragraphs.
+    struct PlacedLine {
+        qsizetype paragraph;
+        LineRange range;
+    };
+
+    QList<PlacedLine> Lines(double size, double stretch) const {
+        const qsizetype last = LinesAt(size) - 1;
+        QList<PlacedLine> lines;
+        for (qsizetype i = 0; i < breakers_.size(); ++i) {
+            const auto length = [&, first = lines.size()](qsizetype line) {
+                const bool isReserved = first + line == last && last > 0;
+                return (box_.length - (isReserved ? box_.reserved : 0)) / (size * stretch);
+            };
+            for (const LineRange& range : breakers_[i].Lines(length)) lines.append({i, range});
+        }
+        return lines;
+    }
+
+    /// The whole text in this size, without a break inside a word if a smaller size can avoid that.
+    std::optional<FittedText> Try(double size, double stretch) const {
+        double longest = 0;
+        for (const LineBreaker& breaker : breakers_) longest = std::max(longest, breaker.LongestWord());
+        const bool canKeepWords = longest * least_ * LeastStretch() <= box_.length;
+        if (canKeepWords && longest * size * stretch > box_.length + kSlack) return std::nullopt;
+        if (LeastLines(size * stretch) > LinesAt(size)) return std::nullopt;
+        const QList<PlacedLine> lines = Lines(size, stretch);
+        if (lines.size() > LinesAt(size)) return std::nullopt;
+        FittedText fitted{size, stretch, {}};
+        for (const PlacedLine& line : lines) fitted.lines.append(breakers_[line.paragraph].Line(line.range));
         return fitted;
     }
 
-    FittedText Shaped(const QStringList& lines, double size) {
-        FittedText fitted{size, 1, {}};
-        for (const QString& line : lines) fitted.lines.append(Shape(line));
+    FittedText Truncated() {
+        const double stretch = LeastStretch();
+        const QList<PlacedLine> lines = Lines(least_, stretch);
+        const qsizetype most = LinesAt(least_);
+        FittedText fitted{least_, stretch, {}};
+        for (const PlacedLine& line : lines.first(most - 1))
+            fitted.lines.append(breakers_[line.paragraph].Line(line.range));
+        const PlacedLine& last = lines[most - 1];
+        QString rest = breakers_[last.paragraph].TextFrom(last.range);
+        for (qsizetype i = last.paragraph + 1; i < breakers_.size(); ++i) rest += breakers_[i].Text();
+        const double reserved = most > 1 ? box_.reserved : 0;
+        fitted.lines.append(Cut(rest, (box_.length - reserved) / (least_ * stretch)));
         return fitted;
     }
 
     qsizetype LinesAt(double size) const {
-        return std::max(1, 1 + static_cast<int>((depth_ - size + kSlack) / (size * style_.lineStep)));
+        const int fitting = 1 + static_cast<int>((box_.depth - size + kSlack) / (size * style_.lineStep));
+        return std::max(1, style_.mostLines > 0 ? std::min(style_.mostLines, fitting) : fitting);
     }
 
     /// Lower bound for the number of lines, found without computing line breaks.
-    qsizetype LeastLines(const QList<double>& paragraphs, double size) const {
-        const double available = std::max(length_ / size, kWidestLetter) + kSlack;
+    qsizetype LeastLines(double em) const {
+        const double available = std::max(box_.length / em, kWidestLetter) + kSlack;
         qsizetype least = 0;
-        for (const double length : paragraphs)
-            least += std::max<qsizetype>(1, static_cast<qsizetype>(length / available));
+        for (const LineBreaker& breaker : breakers_)
+            least += std::max<qsizetype>(1, static_cast<qsizetype>(breaker.Length() / available));
         return least;
-    }
-
-    QStringList Lines(const QStringList& paragraphs, double size) {
-        QStringList lines;
-        for (const QString& paragraph : paragraphs) BreakInto(lines, paragraph, size);
-        return lines;
-    }
-
-    /// Breaks lines by the Japanese rules; a word longer than a line is broken at any character.
-    void BreakInto(QStringList& lines, const QString& paragraph, double size) {
-        const auto shaped = Shape(paragraph);
-        const double available = length_ / size + kSlack;
-        QTextBoundaryFinder words(QTextBoundaryFinder::Line, paragraph);
-        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, paragraph);
-        qsizetype begin = 0;
-        while (begin < paragraph.size() && shaped->length - shaped->lengthUpTo[begin] > available) {
-            const double limit = shaped->lengthUpTo[begin] + available;
-            qsizetype end = LastWithin(words, *shaped, begin, limit, true);
-            if (end == begin) end = LastWithin(characters, *shaped, begin, limit, false);
-            if (end == begin) {
-                characters.setPosition(begin);
-                end = characters.toNextBoundary();
-            }
-            lines.append(paragraph.mid(begin, end - begin));
-            begin = end;
-        }
-        if (begin < paragraph.size() || paragraph.isEmpty()) lines.append(paragraph.mid(begin));
     }
 
     FontSet& fonts_;
     const TextStyle& style_;
-    double length_, depth_, size_, least_;
+    TextBox box_;
+    double size_, least_;
+    QList<LineBreaker> breakers_;
 };
 
 }  // namespace
 
-FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, double length, double depth) {
-    Fitter fitter(fonts, style, length, depth);
+FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, const TextBox& box) {
+    Fitter fitter(fonts, style, box);
     const QString bounded = Bounded(text, fitter.Capacity());
     QString written = style.kanjiNumerals ? ToKanjiNumerals(bounded) : bounded;
     if (style.vertical) written = ToVerticalText(written);
     return fitter.Fit(fonts.Printable(written, style.face));
-}
-
-QString ToVerticalText(const QString& text) {
-    QString wide = ToFullWidth(text);
-    // ToFullWidth leaves these unchanged.
-    static constexpr QStringView kNarrow = u"\"^`｡｢｣､･", kWide = u"＂＾｀。「」、・";
-    for (QChar& c : wide)
-        if (const qsizetype at = kNarrow.indexOf(c); at >= 0) c = kWide[at];
-    return wide;
-}
-
-QString ToKanjiNumerals(const QString& text) {
-    static constexpr QStringView kNumerals = u"〇一二三四五六七八九";
-    QString changed = text;
-    for (QChar& c : changed) {
-        const char16_t u = c.unicode();
-        if (u >= u'0' && u <= u'9')
-            c = kNumerals[u - u'0'];
-        else if (u >= u'０' && u <= u'９')
-            c = kNumerals[u - u'０'];
-    }
-    return changed;
 }
 
 }  // namespace report

@@ -16,16 +16,18 @@ struct FittedText {
     QList<std::shared_ptr<const ShapedText>> lines;
 };
 
-/// Lays out `text` in a box of `length` (along the line) by `depth` (across the lines) millimetres. Converts it for
-/// kanji numerals and vertical writing if the style asks for that, and replaces characters without a glyph by "〓".
-/// Text that does not fit as style.fitting says is truncated with "…".
-FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, double length, double depth);
+/// The box of a text, in millimetres.
+struct TextBox {
+    double length = 0;  ///< along the line
+    double depth = 0;   ///< across the lines
+    /// Length at the end of the last of several lines that is kept free for a text that follows.
+    double reserved = 0;
+};
 
-/// Converts text for vertical writing: all characters to full width, so that Latin letters and punctuation are upright.
-QString ToVerticalText(const QString& text);
-
-/// Replaces half-width and full-width digits one by one by kanji numerals, as in addresses: "１０階" becomes "一〇階".
-QString ToKanjiNumerals(const QString& text);
+/// Lays out `text` in a box. Converts it for kanji numerals and vertical writing if the style asks for that, and
+/// replaces characters without a glyph by kMissingMark. Blanks at the beginning of a paragraph are the indentation of
+/// all its lines. Text that does not fit as style.fitting says is truncated with "…".
+FittedText FitText(FontSet& fonts, const QString& text, const TextStyle& style, const TextBox& box);
 
 inline constexpr double kMillimetresPerPoint = 25.4 / 72;
 /// Smallest stretch factor; more condensed text is illegible.

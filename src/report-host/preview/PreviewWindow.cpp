@@ -19,6 +19,7 @@
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
 #include "report-host/layout/PreparedReport.h"
+#include "report-host/preview/FontNotice.h"
 #include "report-host/preview/PageView.h"
 #include "report-host/preview/RenderEvents.h"
 #include "report-host/render/RenderWatch.h"
@@ -48,14 +49,16 @@ PreviewWindow::PreviewWindow(std::unique_ptr<PreparedReport> report, QString nam
     setWindowTitle(name_ + u" - プレビュ"_s);
     MakeView();
     MakeToolBar();
-    statusBar();
+    notice_ = new FontNotice(*report_);
+    statusBar()->addWidget(notice_, 1);
     resize(kUsualSize.boundedTo(screen()->availableSize()));
     TurnTo(0);
 }
 
 PreviewWindow::~PreviewWindow() {
-    // The view uses report_, which would otherwise be destroyed first.
+    // View and notice use report_, which would otherwise be destroyed first.
     delete area_;
+    delete notice_;
 }
 
 void PreviewWindow::FillScreen() {

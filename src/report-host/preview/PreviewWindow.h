@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+class FontNotice;
 class PageView;
 class PreparedReport;
 class QAction;
@@ -63,6 +64,7 @@ class PreviewWindow : public QMainWindow {
     Fit fit_ = Fit::Page;
     PageView* view_ = nullptr;
     QScrollArea* area_ = nullptr;
+    FontNotice* notice_ = nullptr;
     QSpinBox* pageField_ = nullptr;
     QComboBox* zoomField_ = nullptr;
     QAction *first_ = nullptr, *previous_ = nullptr, *next_ = nullptr, *last_ = nullptr;

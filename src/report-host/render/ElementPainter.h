@@ -14,8 +14,8 @@ namespace report {
 
 // Draws texts (TextPainter.cpp) and the other elements of a report. The painter's unit is the millimetre everywhere.
 
-/// Draws laid out text in the box `place` with the painter's pen.
-void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place);
+/// Draws laid out text in the box `place` with the painter's pen. Returns the place of its last line.
+QRectF DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place);
 
 /// Draws a horizontal line of text with the painter's pen; `origin` is the left end of the baseline, `size` the font
 /// size in millimetres.
@@ -24,8 +24,9 @@ void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double 
 /// Returns the text of a column or built-in field for the current row.
 using FieldText = std::function<QString(const QString& name)>;
 
-/// Replaces the fields of a pattern. The result is cut at kMostCharacters + 1 characters, so that the layout can detect
-/// that it is too long.
+/// Replaces the fields of a pattern. Between two columns of an address (住所…) next to each other a blank is inserted
+/// if both are Latin and at least one has a letter. The result is cut at kMostCharacters + 1 characters, so that the
+/// layout can detect that it is too long.
 QString Expand(const TextPattern& pattern, const FieldText& fields);
 
 /// Paints the elements of sections.
@@ -38,14 +39,21 @@ class ElementPainter {
     void Paint(QPainter& painter, const QList<TemplateElement>& elements, const FieldText& fields);
 
   private:
-    void PaintText(QPainter& painter, const TemplateElement& element, const QString& text);
+    /// `next`: the element after it, which may continue its last line; null if there is none.
+    void PaintText(QPainter& painter, const TemplateElement& element, const TemplateElement* next,
+                   const FieldText& fields);
+    /// Length of the end of the last line of `element` that is reserved for `next`, in millimetres.
+    double ReservedFor(const TemplateElement& element, const TemplateElement* next, const FieldText& fields);
     void PaintDigitBoxes(QPainter& painter, const TemplateElement& element, const QString& text);
+    /// Prints a postal code that is not Japanese below the boxes.
+    void PaintForeignCode(QPainter& painter, const TemplateElement& element, const QRectF& boxes, const QString& code);
     void PaintPicture(QPainter& painter, const TemplateElement& element, const QString& path);
     /// The picture file, cached; a null image if it can't be read.
     const QImage& Picture(const QString& path);
 
     FontSet& fonts_;
     QCache<QString, QImage> pictures_{8};
+    QRectF lastLine_;  ///< of the preceding element if it is a text; otherwise empty
 };
 
 }  // namespace report

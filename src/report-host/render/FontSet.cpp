@@ -1,7 +1,12 @@
 #include "report-host/render/FontSet.h"
 
-#include <QByteArray>
+#include <QGlyphRun>
 #include <QStringList>
+#include <QTextLayout>
+#include <utility>
+
+#include "report-host/layout/VerticalText.h"
+#include "report-host/render/LineShaper.h"
 
 using namespace Qt::StringLiterals;
 
@@ -9,15 +14,6 @@ namespace report {
 
 namespace {
 
-hb_blob_t* TableOf(hb_face_t*, hb_tag_t tag, void* raw) {
-    char name[5] = {};
-    hb_tag_to_string(tag, name);
-    auto* bytes = new QByteArray(static_cast<QRawFont*>(raw)->fontTable(name));
-    return hb_blob_create(bytes->constData(), static_cast<unsigned>(bytes->size()), HB_MEMORY_MODE_READONLY, bytes,
-                          [](void* held) { delete static_cast<QByteArray*>(held); });
-}
-
-constexpr char32_t kMissing = U'〓';
 constexpr qsizetype kMostRemembered = 100'000;  // characters in the cache
 
 // Fallback fonts for rare characters in names, such as the variant form of 吉.
@@ -30,86 +26,17 @@ QRawFont RawFont(const QString& family) {
     return QRawFont::fromFont(font);
 }
 
+bool IsSelector(char32_t c) { return (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF); }
+
 /// True for combining characters and variation selectors, which use the font of the preceding character.
-bool IsJoiner(char32_t c) { return QChar::isMark(c) || (c >= 0xE0100 && c <= 0xE01EF) || c == 0x200D; }
+bool IsJoiner(char32_t c) { return QChar::isMark(c) || IsSelector(c) || c == 0x200D; }
 
-/// Characters that are rotated in vertical text; some fonts lack vertical glyphs for them.
-bool LiesAlongTheLine(char32_t c) {
-    static const std::u32string_view signs = U"－−‐–—―…‥～〜＝＜＞｜：；";
-    return signs.find(c) != std::u32string_view::npos;
+/// The face for Latin text of several words.
+SuiteFace Proportional(SuiteFace face) {
+    return face == SuiteFace::Mincho ? SuiteFace::PMincho : face == SuiteFace::Gothic ? SuiteFace::PGothic : face;
 }
-
-/// A run of text in one font.
-struct Stretch {
-    const FontFace* face;
-    qsizetype begin, end;
-};
-
-class LineShaper {
-  public:
-    LineShaper(const QString& text, bool vertical, ShapedText& shaped)
-        : text_(text), vertical_(vertical), shaped_(shaped), buffer_(hb_buffer_create()) {}
-
-    void Add(const Stretch& stretch) {
-        hb_buffer_t* buffer = buffer_.get();
-        hb_buffer_reset(buffer);
-        hb_buffer_add_utf16(buffer, reinterpret_cast<const uint16_t*>(text_.utf16()), static_cast<int>(text_.size()),
-                            static_cast<unsigned>(stretch.begin), static_cast<int>(stretch.end - stretch.begin));
-        hb_buffer_set_direction(buffer, vertical_ ? HB_DIRECTION_TTB : HB_DIRECTION_LTR);
-        hb_buffer_set_script(buffer, HB_SCRIPT_HAN);
-        hb_buffer_set_language(buffer, hb_language_from_string("ja", -1));
-        hb_shape(stretch.face->Shaper(), buffer, nullptr, 0);
-        unsigned count = 0;
-        const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
-        const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer, &count);
-        for (unsigned i = 0; i < count; ++i) AddGlyph(*stretch.face, infos[i], positions[i]);
-    }
-
-    /// Code units without their own glyph get the position of the next one with a glyph.
-    void Finish() {
-        shaped_.lengthUpTo.append(shaped_.length);
-        for (qsizetype i = shaped_.lengthUpTo.size() - 2; i >= 0; --i)
-            if (shaped_.lengthUpTo[i] < 0) shaped_.lengthUpTo[i] = shaped_.lengthUpTo[i + 1];
-    }
-
-  private:
-    void AddGlyph(const FontFace& face, const hb_glyph_info_t& info, const hb_glyph_position_t& position) {
-        const double em = face.UnitsPerEm(), at = shaped_.length;
-        const double advance = (vertical_ ? -position.y_advance : position.x_advance) / em;
-        const QPointF offset(position.x_offset / em, -position.y_offset / em);
-        const QPointF place = offset + (vertical_ ? QPointF(0, at) : QPointF(at, 0));
-        ShapedGlyph glyph{&face, info.codepoint, place, false, static_cast<qsizetype>(info.cluster)};
-        const char32_t character = text_[glyph.textAt].unicode();
-        if (vertical_ && LiesAlongTheLine(character) && face.GlyphOf(character) == info.codepoint) {
-            glyph.turned = true;
-            glyph.at = {0, at + advance / 2};
-        }
-        shaped_.glyphs.append(glyph);
-        double& upTo = shaped_.lengthUpTo[glyph.textAt];
-        if (upTo < 0) upTo = at;
-        shaped_.length += advance;
-    }
-
-    const QString& text_;
-    bool vertical_;
-    ShapedText& shaped_;
-    std::unique_ptr<hb_buffer_t, HarfBuzzRelease> buffer_;
-};
 
 }  // namespace
-
-FontFace::FontFace(const QRawFont& raw) : raw_(raw) {
-    hb_face_t* face =
-        hb_face_create_for_tables(TableOf, new QRawFont(raw), [](void* held) { delete static_cast<QRawFont*>(held); });
-    shaper_.reset(hb_font_create(face));
-    unitsPerEm_ = hb_face_get_upem(face);
-    hb_face_destroy(face);
-}
-
-quint32 FontFace::GlyphOf(char32_t character) const {
-    hb_codepoint_t glyph = 0;
-    return hb_font_get_nominal_glyph(shaper_.get(), character, &glyph) ? glyph : 0;
-}
 
 FontSet::FontSet() = default;
 FontSet::~FontSet() = default;
@@ -126,17 +53,41 @@ const FontFace* FontSet::OwnFont(SuiteFace face) {
     return own;
 }
 
-const FontFace* FontSet::FaceFor(char32_t character, SuiteFace face) {
+const FontFace* FontSet::FaceFor(char32_t character, char32_t selector, SuiteFace face) {
+    const auto has = [&](const FontFace* font) {
+        return selector == 0 ? font->GlyphOf(character) != 0 : font->HasVariant(character, selector);
+    };
     const FontFace* own = OwnFont(face);
-    if (own->GlyphOf(character) != 0) return own;
+    if (has(own)) return own;
     for (const QString& family : kRareCharacters) {
         const FontFace* font = Load(family);
-        if (font->GlyphOf(character) != 0) return font;
+        if (has(font)) return font;
     }
-    return nullptr;
+    const FontFace* font = SystemFont(character);
+    return font && has(font) ? font : nullptr;
 }
 
-bool FontSet::HasJapanese() { return FaceFor(kMissing, SuiteFace::Mincho) && FaceFor(U'あ', SuiteFace::Mincho); }
+const FontFace* FontSet::SystemFont(char32_t character) {
+    if (const auto known = systemFonts_.constFind(character); known != systemFonts_.constEnd()) return *known;
+    QFont base = SuiteFont(SuiteFace::Mincho, 10);
+    base.setPixelSize(static_cast<int>(FontFace::kPixels));
+    base.setHintingPreference(QFont::PreferNoHinting);
+    QTextLayout layout(QString::fromUcs4(&character, 1), base);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    const FontFace*& found = systemFonts_[character];
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        std::shared_ptr<FontFace>& font = fonts_[run.rawFont().familyName() + u'/' + run.rawFont().styleName()];
+        if (!font) font = std::make_shared<FontFace>(run.rawFont());
+        if (font->GlyphOf(character) != 0) found = font.get();
+    }
+    return found;
+}
+
+bool FontSet::HasJapanese() {
+    return FaceFor(kMissingMark, 0, SuiteFace::Mincho) && FaceFor(U'あ', 0, SuiteFace::Mincho);
+}
 
 std::shared_ptr<const ShapedText> FontSet::Shape(const QString& text, SuiteFace face, bool vertical) {
     const QString key = QChar(static_cast<char16_t>(2 * static_cast<int>(face) + vertical)) + text;
@@ -152,28 +103,53 @@ std::shared_ptr<const ShapedText> FontSet::Shape(const QString& text, SuiteFace 
 QString FontSet::Printable(const QString& text, SuiteFace face) {
     QString printable;
     for (const char32_t character : text.toUcs4())
-        printable +=
-            QChar::fromUcs4(IsJoiner(character) || character < U' ' || FaceFor(character, face) ? character : kMissing);
+        printable += QChar::fromUcs4(
+            IsJoiner(character) || character < U' ' || FaceFor(character, 0, face) ? character : kMissingMark);
     return printable;
 }
 
-std::shared_ptr<const ShapedText> FontSet::ShapeNow(const QString& text, SuiteFace face, bool vertical) {
-    QList<Stretch> stretches;
-    qsizetype at = 0;
-    for (const char32_t character : text.toUcs4()) {
-        const FontFace* font = stretches.isEmpty() ? nullptr : stretches.last().face;
-        const FontFace* own = IsJoiner(character) && font ? font : FaceFor(character, face);
-        if (!own) own = OwnFont(face);
-        if (own != font) stretches.append({own, at, at});
-        at += QChar::fromUcs4(character).size();
-        stretches.last().end = at;
+QStringList FontSet::MissingCharacters(const QString& text) {
+    QStringList missing;
+    const QList<uint> characters = text.toUcs4();
+    for (qsizetype i = 0; i < characters.size(); ++i) {
+        const char32_t character = characters[i];
+        if (IsJoiner(character) || character < U' ') continue;
+        const char32_t next = i + 1 < characters.size() ? characters[i + 1] : 0;
+        const char32_t selector = IsSelector(next) ? next : 0;
+        if (FaceFor(character, selector, SuiteFace::Mincho)) continue;
+        const QString name = QString::fromUcs4(&character, 1) + QString::fromUcs4(&selector, selector ? 1 : 0);
+        if (!missing.contains(name)) missing.append(name);
     }
+    return missing;
+}
+
+std::shared_ptr<const ShapedText> FontSet::ShapeNow(const QString& text, SuiteFace face, bool vertical) {
     const auto shaped = std::make_shared<ShapedText>();
-    shaped->lengthUpTo.fill(-1, text.size());
     LineShaper shaper(text, vertical, *shaped);
-    for (const Stretch& stretch : stretches) shaper.Add(stretch);
+    const QList<VerticalRun> runs =
+        vertical ? VerticalRunsOf(text) : QList<VerticalRun>{{RunMode::Upright, 0, text.size()}};
+    for (const VerticalRun& run : runs)
+        ShapeRun(shaper, text, run, run.mode == RunMode::Rotated ? Proportional(face) : face);
     shaper.Finish();
     return shaped;
+}
+
+void FontSet::ShapeRun(LineShaper& shaper, const QString& text, const VerticalRun& run, SuiteFace face) {
+    const QList<uint> characters = QStringView(text).mid(run.begin, run.end - run.begin).toUcs4();
+    const FontFace* font = nullptr;
+    qsizetype begin = run.begin, at = run.begin;
+    for (qsizetype i = 0; i < characters.size(); ++i) {
+        const char32_t character = characters[i];
+        const char32_t next = i + 1 < characters.size() ? characters[i + 1] : 0;
+        const FontFace* own = IsJoiner(character) ? font : nullptr;
+        if (!own && IsSelector(next)) own = FaceFor(character, next, face);
+        if (!own) own = FaceFor(character, 0, face);
+        if (!own) own = OwnFont(face);
+        if (font && own != font) shaper.Add(*font, std::exchange(begin, at), at, run);
+        font = own;
+        at += QChar::fromUcs4(character).size();
+    }
+    if (font) shaper.Add(*font, begin, run.end, run);
 }
 
 QRectF FontSet::InkOf(const ShapedText& text) const {

@@ -4,6 +4,7 @@
 
 #include <QGlyphRun>
 #include <QPainter>
+#include <utility>
 
 #include "report-host/render/FontSet.h"
 
@@ -11,57 +12,42 @@ namespace report {
 
 namespace {
 
-// Height of the em square above the baseline in Japanese fonts, in em.
-constexpr double kAboveBaseline = 0.88;
-
-/// Batches consecutive glyphs of one font into one call of the painter.
+/// Batches consecutive glyphs of one font, orientation and width into one call of the painter.
 class RunPainter {
   public:
     explicit RunPainter(QPainter& painter) : painter_(painter) {}
 
     void Paint(const ShapedText& line, double spread, bool vertical) {
-        for (qsizetype i = 0; i < line.glyphs.size(); ++i) {
-            const ShapedGlyph& glyph = line.glyphs[i];
-            const double moved = spread * static_cast<double>(i);
+        for (const ShapedGlyph& glyph : line.glyphs) {
+            const double moved = spread * glyph.cell;
             const QPointF at = (glyph.at + (vertical ? QPointF(0, moved) : QPointF(moved, 0))) * FontFace::kPixels;
-            if (glyph.turned) {
-                DrawTurned(*glyph.face, glyph.glyph, at);
-                continue;
-            }
-            if (glyph.face != face_) Flush();
-            face_ = glyph.face;
+            if (glyph.face != current_.face || glyph.turned != current_.turned || glyph.stretch != current_.stretch)
+                Flush();
+            current_ = glyph;
             indexes_.append(glyph.glyph);
-            places_.append(at);
+            places_.append(glyph.turned ? QPointF(at.y(), -at.x()) : QPointF(at.x() / glyph.stretch, at.y()));
         }
         Flush();
     }
 
   private:
     void Flush() {
-        if (!indexes_.isEmpty()) Draw(*face_, indexes_, places_);
-        indexes_.clear();
-        places_.clear();
-    }
-
-    void Draw(const FontFace& face, const QList<quint32>& glyphs, const QList<QPointF>& places) {
+        if (indexes_.isEmpty()) return;
         QGlyphRun run;
-        run.setRawFont(face.Raw());
-        run.setGlyphIndexes(glyphs);
-        run.setPositions(places);
-        painter_.drawGlyphRun(QPointF(), run);
-    }
-
-    void DrawTurned(const FontFace& face, quint32 glyph, QPointF middle) {
-        constexpr double half = FontFace::kPixels / 2;
+        run.setRawFont(current_.face->Raw());
+        run.setGlyphIndexes(std::exchange(indexes_, {}));
+        run.setPositions(std::exchange(places_, {}));
+        const bool isPlain = !current_.turned && current_.stretch == 1;
+        if (isPlain) return painter_.drawGlyphRun(QPointF(), run);
         painter_.save();
-        painter_.translate(middle);
-        painter_.rotate(90);
-        Draw(face, {glyph}, {QPointF(-half, kAboveBaseline * FontFace::kPixels - half)});
+        if (current_.turned) painter_.rotate(90);
+        painter_.scale(current_.stretch, 1);
+        painter_.drawGlyphRun(QPointF(), run);
         painter_.restore();
     }
 
     QPainter& painter_;
-    const FontFace* face_ = nullptr;
+    ShapedGlyph current_;  ///< properties of the pending glyphs
     QList<quint32> indexes_;
     QList<QPointF> places_;
 };
@@ -83,20 +69,20 @@ void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double 
     painter.restore();
 }
 
-void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place) {
+QRectF DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place) {
     const bool vertical = style.vertical;
     const double room = vertical ? place.height() : place.width(), depth = vertical ? place.width() : place.height();
     const double step = text.size * style.lineStep;
     const double used = text.size + step * static_cast<double>(text.lines.size() - 1);
     const double across = Offset(style.across, depth, used);
+    QRectF last;
     for (qsizetype i = 0; i < text.lines.size(); ++i) {
         const ShapedText& line = *text.lines[i];
         const double length = line.length * text.size * text.stretch;
         const double deep = across + step * static_cast<double>(i);
         const double along = Offset(style.along, room, length);
-        const bool spread = style.along == Along::Spread && line.glyphs.size() > 1 && length < room;
-        const double gap =
-            spread ? (room - length) / (text.size * text.stretch * static_cast<double>(line.glyphs.size() - 1)) : 0;
+        const bool spread = style.along == Along::Spread && line.cells > 1 && length < room;
+        const double gap = spread ? (room - length) / (text.size * text.stretch * (line.cells - 1)) : 0;
         const double scale = text.size / FontFace::kPixels;
         painter.save();
         if (vertical) {
@@ -108,7 +94,10 @@ void DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& styl
         }
         RunPainter(painter).Paint(line, gap, vertical);
         painter.restore();
+        last = vertical ? QRectF(place.right() - deep - text.size, place.top() + along, text.size, length)
+                        : QRectF(place.left() + along, place.top() + deep, length, text.size);
     }
+    return last;
 }
 
 }  // namespace report

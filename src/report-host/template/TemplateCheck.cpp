@@ -98,7 +98,8 @@ class ColumnList {
         for (const TemplateElement& element : section.elements) {
             for (const TextPiece& piece : element.text)
                 if (piece.isField && !IsRunningValue(piece.text)) Add(piece.text, element.line, isDetail);
-            if (!element.onlyWith.isEmpty()) Add(element.onlyWith, element.line, isDetail);
+            for (const QString& name : {element.onlyWith, element.onlyWithout})
+                if (!name.isEmpty()) Add(name, element.line, isDetail);
         }
     }
 

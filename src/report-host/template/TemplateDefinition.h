@@ -20,6 +20,7 @@ namespace report {
 struct TextPiece {
     bool isField = false;
     QString text;
+    QString before, after;  ///< of a field: text next to it, omitted if the field is empty
 };
 using TextPattern = QList<TextPiece>;
 
@@ -29,15 +30,17 @@ enum class Along { Start, Middle, End, Spread };
 /// Alignment across the lines: from the top, or from the right in vertical writing.
 enum class Across { Start, Middle, End };
 /// How text that is too long for its box is fitted: Shrink by a smaller font, down to leastPoints; Condense by narrower
-/// glyphs first, down to half their width; Wrap by several lines, then by a smaller font; Cut not at all. If it still
-/// does not fit, it is truncated with "…".
-enum class Fitting { Shrink, Condense, Wrap, Cut };
+/// glyphs first, down to half their width; Wrap by several lines, then by a smaller font; CondenseWrap by slightly
+/// narrower glyphs, then by several lines, then as Condense; Cut not at all. If it still does not fit, it is truncated
+/// with "…".
+enum class Fitting { Shrink, Condense, Wrap, CondenseWrap, Cut };
 
 struct TextStyle {
     SuiteFace face = SuiteFace::Mincho;
     double points = 9;
     double leastPoints = 5;
     double lineStep = 1.25;  ///< line spacing in em
+    int mostLines = 0;       ///< 0: as many as fit into the box
     Along along = Along::Start;
     Across across = Across::Start;
     Fitting fitting = Fitting::Shrink;
@@ -54,7 +57,10 @@ struct TemplateElement {
     QRectF place;      ///< relative to the section; for a line its end points
     TextPattern text;  ///< for a picture its path
     TextStyle style;
-    QString onlyWith;  ///< drawn only if this column is not empty; empty: always
+    QString onlyWith;     ///< drawn only if this column is not empty; empty: always
+    QString onlyWithout;  ///< drawn only if this column is empty; empty: always
+    /// Begins after the last line of the preceding text of the section if that line extends into this box.
+    bool follows = false;
     double penWidth = 0.2;
     QColor colour = Qt::black;
     QColor fill;          ///< of a frame; for digit boxes the colour of their frames; invalid: none

@@ -94,9 +94,34 @@ QStringList StandardTemplateNames() {
     return {u"要員名簿照会"_s, u"要員名簿照会封筒"_s, u"要員名簿照会はがき"_s, u"要員名簿照会宛名ラベル"_s};
 }
 
-QString StandardTemplate(const QString& name) {
-    QFile file(u":/templates/%1.txt"_s.arg(name));
+namespace {
+
+QString ResourceText(const QString& path) {
+    QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+}  // namespace
+
+QString StandardTemplate(const QString& name) { return ResourceText(u":/templates/%1.txt"_s.arg(name)); }
+
+QString ReadyTemplate::Text() const {
+    const QString own = ResourceText(u":/templates/ready/%1.txt"_s.arg(name));
+    return own.isEmpty() ? StandardTemplate(report) : own;
+}
+
+QList<ReadyTemplate> ReadyTemplates() {
+    const QString envelope = u"要員名簿照会封筒"_s, card = u"要員名簿照会はがき"_s,
+                  labels = u"要員名簿照会宛名ラベル"_s;
+    return {{u"封筒長形3号"_s, envelope},
+            {u"封筒長形4号"_s, envelope},
+            {u"封筒角形2号"_s, envelope},
+            {u"はがき縦"_s, card},
+            {u"はがき横"_s, card},
+            {u"宛名ラベル86.4x42.3"_s, labels},
+            {u"宛名ラベル83.8x42.3"_s, labels},
+            {u"宛名ラベル90.2x42.3"_s, labels},
+            {u"宛名ラベル84x42"_s, labels}};
 }
 
 }  // namespace report

@@ -62,4 +62,16 @@ QStringList StandardTemplateNames();
 /// Text of a built-in template (src/report-host/templates); empty for an unknown name.
 QString StandardTemplate(const QString& name);
 
+/// A template for a certain paper that can be used in place of a standard template.
+struct ReadyTemplate {
+    QString name;
+    QString report;  ///< name of the template that it can replace
+
+    /// Its text (src/report-host/templates/ready); that of the standard template if this is for the same paper.
+    QString Text() const;
+};
+
+/// All ready-made templates: envelopes, postcards, label sheets.
+QList<ReadyTemplate> ReadyTemplates();
+
 }  // namespace report

@@ -28,8 +28,11 @@ constexpr Word<SuiteFace> kFaces[] = {{u"明朝", SuiteFace::Mincho},
 constexpr Word<Along> kAlong[] = {{u"左", Along::Start}, {u"上", Along::Start}, {u"中央", Along::Middle},
                                   {u"右", Along::End},   {u"下", Along::End},   {u"均等", Along::Spread}};
 constexpr Word<Across> kAcross[] = {{u"先頭", Across::Start}, {u"中央", Across::Middle}, {u"末尾", Across::End}};
-constexpr Word<Fitting> kFittings[] = {
-    {u"縮小", Fitting::Shrink}, {u"長体", Fitting::Condense}, {u"折返し", Fitting::Wrap}, {u"省略", Fitting::Cut}};
+constexpr Word<Fitting> kFittings[] = {{u"縮小", Fitting::Shrink},
+                                       {u"長体", Fitting::Condense},
+                                       {u"折返し", Fitting::Wrap},
+                                       {u"長体折返し", Fitting::CondenseWrap},
+                                       {u"省略", Fitting::Cut}};
 
 using Apply = void (*)(SettingTarget&, const QString& value, const QString& what);
 
@@ -63,11 +66,13 @@ const SettingRule kRules[] = {
     {u"文字", u"最小", false, [](auto& t, auto& v, auto& w) { t.element.style.leastPoints = ReadPoints(v, w); }},
     {u"文字", u"行送り", false,
      [](auto& t, auto& v, auto& w) { t.element.style.lineStep = ReadAtLeast(v, w, kLeastLineStep); }},
+    {u"文字", u"行数", false, [](auto& t, auto& v, auto& w) { t.element.style.mostLines = ReadCount(v, w); }},
     {u"文字", u"寄せ", false, [](auto& t, auto& v, auto& w) { t.element.style.along = ReadChoice(v, w, kAlong); }},
     {u"文字", u"行寄せ", false, [](auto& t, auto& v, auto& w) { t.element.style.across = ReadChoice(v, w, kAcross); }},
     {u"文字", u"収め", false, [](auto& t, auto& v, auto& w) { t.element.style.fitting = ReadChoice(v, w, kFittings); }},
     {u"文字", u"縦書き", true, [](auto& t, auto&, auto&) { t.element.style.vertical = true; }},
     {u"文字", u"漢数字", true, [](auto& t, auto&, auto&) { t.element.style.kanjiNumerals = true; }},
+    {u"文字", u"続き", true, [](auto& t, auto&, auto&) { t.element.follows = true; }},
     {u"文字 数字枠 線 枠", u"色", false, [](auto& t, auto& v, auto& w) { t.element.colour = ReadColour(v, w); }},
     {u"線 枠", u"太さ", false, [](auto& t, auto& v, auto& w) { t.element.penWidth = ReadLength(v, w); }},
     {u"枠", u"線なし", true, [](auto& t, auto&, auto&) { t.element.penWidth = 0; }},
@@ -75,6 +80,7 @@ const SettingRule kRules[] = {
     {u"数字枠", u"左端", false, [](auto& t, auto& v, auto& w) { t.element.lefts = ReadNumbers(v, w); }},
     {u"数字枠", u"枠色", false, [](auto& t, auto& v, auto& w) { t.element.fill = ReadColour(v, w); }},
     {u"文字 数字枠 線 枠 絵", u"ただし", false, [](auto& t, auto& v, auto&) { t.element.onlyWith = v; }},
+    {u"文字 数字枠 線 枠 絵", u"空なら", false, [](auto& t, auto& v, auto&) { t.element.onlyWithout = v; }},
 };
 
 const SettingRule* FindRule(const QString& command, const QString& name) {

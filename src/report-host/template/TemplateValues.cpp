@@ -27,7 +27,15 @@ void AddLiteral(TextPattern& pattern, QStringView text) {
     if (!pattern.isEmpty() && !pattern.last().isField)
         pattern.last().text += text;
     else
-        pattern.append({false, text.toString()});
+        pattern.append({false, text.toString(), {}, {}});
+}
+
+TextPiece ReadField(const QString& text) {
+    const QStringList parts = text.split(u'|');
+    if (parts.size() == 1) return {true, text, {}, {}};
+    if (parts.size() != 3 || parts[1].isEmpty())
+        throw TemplateError{0, u"「[%1]」は [前の文字|列|後の文字] の形で書いてください。"_s.arg(text)};
+    return {true, parts[1], parts[0], parts[2]};
 }
 
 }  // namespace
@@ -109,7 +117,7 @@ TextPattern ReadPattern(const QString& text) {
         const qsizetype close = text.indexOf(u']', open);
         if (close < 0) throw TemplateError{0, u"「[」が「]」で閉じていません。"_s};
         if (close == open + 1) throw TemplateError{0, u"「[]」の中に列の名前がありません。"_s};
-        pattern.append({true, text.mid(open + 1, close - open - 1)});
+        pattern.append(ReadField(text.mid(open + 1, close - open - 1)));
         at = close + 1;
     }
     AddLiteral(pattern, QStringView(text).mid(at));

@@ -27,7 +27,8 @@ QColor ReadColour(const QString& text, const QString& what);
 /// "yyyymmdd"
 QDate ReadDay(const QString& text, const QString& what);
 
-/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket.
+/// Parses "TEL [電話]" into literals and fields; "[[" is a literal bracket. "[〒|郵便番号|　]" is a field with text
+/// that is omitted if the field is empty.
 TextPattern ReadPattern(const QString& text);
 
 /// Names of the built-in fields, available in every template: page, number of pages, number of rows, number of the row,

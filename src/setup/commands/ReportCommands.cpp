@@ -1,7 +1,10 @@
-// Part of Verbs.h: the verbs `printer`, `forms export`, `forms import`, `forms check` and `forms pdf`.
+// Part of Verbs.h: the verbs `printer`, `forms export`, `forms import`, `forms use`, `forms check` and
+// `forms pdf`.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <algorithm>
 
 #include "platform/AtomicFile.h"
 #include "report-host/layout/PreparedReport.h"
@@ -98,6 +101,47 @@ qsizetype PrintErrors(const report::TemplateFile& file, const QString& name, con
     return errors.size();
 }
 
+const QRegularExpression& OffsetLine() {
+    static const QRegularExpression line(u"^[ \\t　]*補正[ \\t　].*$"_s, QRegularExpression::MultilineOption);
+    return line;
+}
+
+QString WithoutOffset(QString text) { return text.remove(OffsetLine()); }
+
+/// The text of a ready-made template with the printer's offset that is set in the present template.
+QString WithOffsetOf(const QString& present, QString text) {
+    const QString offset = OffsetLine().match(present).captured();
+    if (offset.isEmpty()) return text;
+    if (text.contains(OffsetLine())) return text.replace(OffsetLine(), offset);
+    return text.replace(QRegularExpression(u"^(用紙.*)$"_s, QRegularExpression::MultilineOption), u"\\1\n"_s + offset);
+}
+
+/// The ready-made template that a stored text is, apart from the printer's offset; empty if it was edited.
+QString ReadyNameOf(const QString& report, const QString& text) {
+    for (const report::ReadyTemplate& ready : report::ReadyTemplates())
+        if (ready.report == report && WithoutOffset(WithOffsetOf(text, ready.Text())) == WithoutOffset(text))
+            return ready.name;
+    return {};
+}
+
+void ShowReadyTemplates(const report::TemplateFile& file, QTextStream& out) {
+    for (const report::ReadyTemplate& ready : report::ReadyTemplates()) {
+        const QString present = file.Template(ready.report).value_or(QString());
+        out << ready.name << u": "_s << ready.report;
+        if (ReadyNameOf(ready.report, present) == ready.name) out << u"（使用中）"_s;
+        out << u'\n';
+    }
+}
+
+/// Writes an edited template to its text file, so that replacing it does not lose it.
+void KeepEdited(const Arguments& arguments, const QString& report, const QString& text, const Console& console) {
+    if (text.isEmpty() || !ReadyNameOf(report, text).isEmpty()) return;
+    const QString path = TextFileOf(arguments, report);
+    if (QFileInfo::exists(path)) throw UsageError(u"%1 が既にあるため、今の定義をそこに残せません。"_s.arg(path));
+    WriteText(path, text);
+    console.out << u"今までの定義を %1 に書き出しました。\n"_s.arg(path);
+}
+
 }  // namespace
 
 void ChoosePrinter(const Arguments& arguments, const Console& console) {
@@ -142,6 +186,21 @@ void ImportTemplates(const Arguments& arguments, const Console& console) {
     if (errors > 0) Fail(u"誤りが %1 件あるため、取り込みませんでした。"_s.arg(errors));
     file.StoreTemplates(names, texts);
     for (const QString& name : names) console.out << u"帳票「%1」を取り込みました。\n"_s.arg(name);
+}
+
+void UseReadyTemplate(const Arguments& arguments, const Console& console) {
+    report::TemplateFile file(TemplateFilePath(arguments), database::ConnectMode::ReadWrite);
+    const QString name = arguments.Operand(1);
+    if (name.isEmpty()) return ShowReadyTemplates(file, console.out);
+    const QList<report::ReadyTemplate> all = report::ReadyTemplates();
+    const auto ready = std::find_if(all.begin(), all.end(), [&](const auto& known) { return known.name == name; });
+    if (ready == all.end()) throw UsageError(u"用紙「%1」はありません。"_s.arg(name));
+    const QString present = file.Template(ready->report).value_or(QString());
+    const QString text = WithOffsetOf(present, ready->Text());
+    if (PrintErrors(file, ready->report, text, console.err) > 0) Fail(u"誤りがあるため、替えませんでした。"_s);
+    KeepEdited(arguments, ready->report, present, console);
+    file.StoreTemplate(ready->report, text);
+    console.out << u"帳票「%1」を「%2」にしました。\n"_s.arg(ready->report, name);
 }
 
 void CheckTemplates(const Arguments& arguments, const Console& console) {

@@ -77,6 +77,22 @@ Verb FormsImport() {
             .run = ImportTemplates};
 }
 
+Verb FormsUse() {
+    return {.name = u"forms use"_s,
+            .operands = {InstallationOperand(),
+                         {.name = {u"用紙"_s, u"PAPER"_s},
+                          .description = {u"用紙に合わせた帳票の名前（省略時は一覧を表示）"_s,
+                                          u"name of a ready-made template; lists them by default"_s}}},
+            .options = {FolderOption(), UserOption()},
+            .summary = {u"別の用紙の帳票に替える"_s, u"use a ready-made template for another paper"_s},
+            .description = {u"封筒、はがき、宛名ラベルの帳票を、別の用紙に合わせたものに替えます。補正はそのまま"
+                            u"残ります。書き換えてある定義は、先に 帳票名.txt に書き出します。"_s,
+                            u"Replaces the template of envelopes, postcards or labels by a ready-made one for another "
+                            u"paper. The printer's offset is kept. A template that was edited is first written to "
+                            u"a file named after the report, with the suffix .txt."_s},
+            .run = UseReadyTemplate};
+}
+
 Verb FormsCheck() {
     return {.name = u"forms check"_s,
             .operands = {InstallationOperand(), ReportOperand({})},
@@ -104,6 +120,6 @@ Verb FormsPdf() {
 
 }  // namespace
 
-QList<Verb> ReportVerbs() { return {Printer(), FormsExport(), FormsImport(), FormsCheck(), FormsPdf()}; }
+QList<Verb> ReportVerbs() { return {Printer(), FormsExport(), FormsImport(), FormsUse(), FormsCheck(), FormsPdf()}; }
 
 }  // namespace setup

@@ -72,6 +72,9 @@ void ChoosePrinter(const Arguments& arguments, const Console& console);
 void ExportTemplates(const Arguments& arguments, const Console& console);
 /// `forms import`: imports such files. Invalid templates are reported, and then none is imported.
 void ImportTemplates(const Arguments& arguments, const Console& console);
+/// `forms use`: replaces a template by the ready-made one for another paper, keeping the printer's offset; an edited
+/// template is first written to its text file. Without a name prints the ready-made templates.
+void UseReadyTemplate(const Arguments& arguments, const Console& console);
 /// `forms check`: prints every error in the templates, or in the named one, with line and reason; also columns that the
 /// linked work table lacks. Throws platform::RuntimeError if there is any.
 void CheckTemplates(const Arguments& arguments, const Console& console);
