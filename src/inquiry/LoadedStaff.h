@@ -8,6 +8,11 @@
 #include "database/Database.h"
 #include "globals/StaffRowStore.h"
 
+/// 閲覧区分 of the last entry that the launching staff member has in the viewing log (T閲覧) with these values in the
+/// columns of the same names; -1 without an entry or if the query fails, -2 if the launching staff member is unknown.
+int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所コード, const QString& 伝票番号基準日付,
+                    const QString& 伝票No, const QString& キー項目);
+
 /// What a search reads once instead of once for each row: the era table, and the launching staff member's entries in the
 /// viewing log. Each has the same result as the statements for one row. What it does not cover is read row by row.
 class StaffLookups {

@@ -37,10 +37,6 @@ void CopyRow(int source, int target);
 /// Removes a row and moves the following ones up with CopyRow; 行No is not renumbered. TopRow becomes 0 if the
 /// remaining rows fit on one page. A row after LastRow is only emptied.
 void RemoveRow(int row);
-/// 閲覧区分 of the last entry that the launching staff member has in the viewing log (T閲覧) with these values in the
-/// columns of the same names; -1 without an entry or if the query fails, -2 if the launching staff member is unknown.
-int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所コード, const QString& 伝票番号基準日付,
-                    const QString& 伝票No, const QString& キー項目);
 
 /// Starts the program 要員台帳更新 for the staff member at a position of the list (from 0), waits for its end without a
 /// timeout and reloads the row. Ignores an empty position. Any platform::RuntimeError shows the message that the

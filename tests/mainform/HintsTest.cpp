@@ -34,7 +34,7 @@ class Hints : public MainFormTest {
     }
     QString Tip(const QString& item, int index = -1) const { return TipOver(Item(item, index).Widget()); }
     void SetRow(StaffText field, const QString& text) const {
-        Globals().Rows.Text(field, 0) = text;
+        Globals().Rows.SetText(field, 0, text);
         PaintDetailRow(0, 0);
     }
 };

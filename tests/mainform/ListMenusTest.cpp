@@ -129,7 +129,7 @@ TEST_F(ListMenus, RowItemIsCopied) {
 TEST_F(ListMenus, RowIsCopiedAsOneLineWithoutThePin) {
     Start();
     Item(u"scl_行"_s).SetValue(1);
-    Globals().Rows.Text(StaffText::暗証番号, 3) = u"secret"_s;
+    Globals().Rows.SetText(StaffText::暗証番号, 3, u"secret"_s);
     Choose(u"行をｺﾋﾟｰ"_s, u"カナ"_s, 2);
     const QStringList cells = Copied().split(u'\t');
     ASSERT_EQ(cells.size(), 23) << Copied().toStdString();
@@ -157,7 +157,7 @@ TEST_F(ListMenus, PinIsNotCopied) {
     Start();
     Globals().Staff.LaunchingStaffCode = u"00001"_s;
     Globals().Staff.ClassRights[9] = u"0"_s;
-    Globals().Rows.Text(StaffText::暗証番号, 0) = u"secret"_s;
+    Globals().Rows.SetText(StaffText::暗証番号, 0, u"secret"_s);
     PaintDetailRow(0, 0);
     ASSERT_TRUE(Item(u"暗証番号"_s, 0).Visible());
     EXPECT_EQ(Entries(Open(u"暗証番号"_s, 0), true), QStringList{u"行をｺﾋﾟｰ"_s});
