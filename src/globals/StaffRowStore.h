@@ -40,8 +40,8 @@ class StaffRows {
     virtual QString Text(StaffText field, int row) const = 0;
 };
 
-/// The result of a search. Rows after ProgramGlobals::LastRow are empty, on which painting relies. Its size is fixed, so
-/// that access to a row does not allocate; memory is allocated at the first search, so that a program without a list
+/// The result of a search. Rows after ProgramGlobals::LastRow are empty, on which painting relies. Its size is fixed,
+/// so that access to a row does not allocate; memory is allocated at the first search, so that a program without a list
 /// needs none. A row of the store refers to a row of a query, and the mail address to one of its own, since CopyRow
 /// leaves it where it is. Members that take a row throw std::out_of_range if it is negative or not below kRows.
 class StaffRowStore {

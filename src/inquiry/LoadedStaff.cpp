@@ -70,7 +70,7 @@ void StaffLookups::ReadViews() {
         u" AND [T閲覧].[閲覧情報] = '%3' AND [T閲覧].[伝票事業所コード] = ''"
         u" AND [T閲覧].[伝票番号基準日付] = '' AND [T閲覧].[伝票No] = ''"
         u" ORDER BY [T閲覧].[閲覧日付] DESC, [T閲覧].[閲覧時刻] DESC"_s.arg(QString::number(kMostViews + 1), launcher,
-                                                                             kViewedProgram);
+                                                                            kViewedProgram);
     try {
         database::Recordset record;
         record.Open(sql, Globals().MainConnection);

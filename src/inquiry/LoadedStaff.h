@@ -13,8 +13,8 @@
 int GetLastViewKind(const QString& 閲覧情報, const QString& 伝票事業所コード, const QString& 伝票番号基準日付,
                     const QString& 伝票No, const QString& キー項目);
 
-/// What a search reads once instead of once for each row: the era table, and the launching staff member's entries in the
-/// viewing log. Each has the same result as the statements for one row. What it does not cover is read row by row.
+/// What a search reads once instead of once for each row: the era table, and the launching staff member's entries in
+/// the viewing log. Each has the same result as the statements for one row. What it does not cover is read row by row.
 class StaffLookups {
   public:
     /// Covers nothing, for a single row.
@@ -43,8 +43,8 @@ class LoadedStaff : public StaffRows {
 
     int Count() const { return rows_.Count(); }
     /// Checks a row and reads what its texts need from the database. To be called once, before Text(); runs statements
-    /// for dates that the lookups do not cover. Throws platform::RuntimeError if 住所B is Null and 住所A is not, or if a
-    /// column is missing.
+    /// for dates that the lookups do not cover. Throws platform::RuntimeError if 住所B is Null and 住所A is not, or if
+    /// a column is missing.
     void Prepare(int row);
     /// 閲覧区分 of a prepared row.
     qint16 LastViewKind(int row) const;
