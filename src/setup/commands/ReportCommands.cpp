@@ -199,7 +199,7 @@ void UseReadyTemplate(const Arguments& arguments, const Console& console) {
     const QString text = WithOffsetOf(present, ready->Text());
     if (PrintErrors(file, ready->report, text, console.err) > 0) Fail(u"誤りがあるため、替えませんでした。"_s);
     KeepEdited(arguments, ready->report, present, console);
-    file.StoreTemplate(ready->report, text);
+    file.StoreTemplates({ready->report}, {text});
     console.out << u"帳票「%1」を「%2」にしました。\n"_s.arg(ready->report, name);
 }
 
