@@ -12,9 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void SetHint(const Form& form, const QString& item, const QString& hint) {
-    form.Item(item).Widget().setToolTip(hint);
-}
+void SetHint(const Form& form, const QString& item, const QString& hint) { form.Item(item).Widget().setToolTip(hint); }
 
 /// What the user enters in the item, without the particle of the sentences below.
 QString SubjectOf(SearchText text) {
@@ -43,7 +41,8 @@ void SetTextHints(const Form& form, const TextCondition& text) {
 /// The search by one telephone number finds nothing (StaffStatement.cpp), the one by several works.
 void SetPhoneHints(const Form& form) {
     const TextCondition& phone = ConditionOf(SearchText::Phone);
-    SetHint(form, phone.item, u"この項目では見つかりません。電話番号は「%1」で探してください。"_s.arg(phone.selection.caption));
+    SetHint(form, phone.item,
+            u"この項目では見つかりません。電話番号は「%1」で探してください。"_s.arg(phone.selection.caption));
     static_cast<QLineEdit&>(form.Item(phone.item).Widget()).setPlaceholderText(u"複数は"_s + phone.selection.caption);
 }
 

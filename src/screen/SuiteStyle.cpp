@@ -44,7 +44,8 @@ void SuiteStyle::drawControl(ControlElement element, const QStyleOption* option,
                              const QWidget* widget) const {
     QProxyStyle::drawControl(element, option, painter, widget);
     const bool unmarked = element == CE_PushButton || element == CE_TabBarTab;
-    if (unmarked && option->state.testFlag(State_HasFocus)) DrawFocusFrame(*painter, option->rect.adjusted(3, 3, -3, -3));
+    if (unmarked && option->state.testFlag(State_HasFocus))
+        DrawFocusFrame(*painter, option->rect.adjusted(3, 3, -3, -3));
 }
 
 void SuiteStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -2,8 +2,8 @@
 
 #include <QProxyStyle>
 
-/// Fusion, but every widget that has the focus shows it by a frame in kFocusColor. Fusion marks most widgets only if the
-/// focus was moved by the Tab key, and lists, pages and scroll bars never.
+/// Fusion, but every widget that has the focus shows it by a frame in kFocusColor. Fusion marks most widgets only if
+/// the focus was moved by the Tab key, and lists, pages and scroll bars never.
 class SuiteStyle : public QProxyStyle {
   public:
     SuiteStyle();

@@ -82,8 +82,8 @@ TEST_F(Hints, MemoThatNeedsMoreLinesThanItsCellIsWholeInItsTooltip) {
 
 TEST_F(Hints, TooltipOfAStaffCodeExplainsItsColour) {
     Start();
-    const QStringList meanings = {{}, {}, u"青緑：台帳を閲覧したことのある要員です。"_s,
-                                  u"緑：台帳を修正したことのある要員です。"_s};
+    const QStringList meanings = {
+        {}, {}, u"青緑：台帳を閲覧したことのある要員です。"_s, u"緑：台帳を修正したことのある要員です。"_s};
     for (int kind = -2; kind <= 1; ++kind) {
         Globals().Rows.閲覧区分[1] = static_cast<qint16>(kind);
         PaintDetailRow(1, 1);

@@ -52,7 +52,8 @@ class ListMenus : public MainFormTest {
         QMenu* menu = Open(item, position);
         ASSERT_NE(menu, nullptr) << item.toStdString();
         for (QAction* action : menu->actions())
-            if (action->text() == entry) QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+            if (action->text() == entry)
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
     }
     static QString Marks() {
         QString marks;

@@ -43,9 +43,8 @@ std::vector<Control*> StopsOf(Form& form) {
 
 /// Another stop whose own picture is outside the area.
 Control* StopOutside(const Form& form, const std::vector<Control*>& stops, const QRect& area) {
-    const auto other = std::find_if(stops.begin(), stops.end(), [&](const Control* stop) {
-        return !AreaOf(form, *stop).intersects(area);
-    });
+    const auto other = std::find_if(stops.begin(), stops.end(),
+                                    [&](const Control* stop) { return !AreaOf(form, *stop).intersects(area); });
     return other == stops.end() ? nullptr : *other;
 }
 
