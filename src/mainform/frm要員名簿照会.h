@@ -98,9 +98,9 @@ class frm要員名簿照会 : public Form {
 void BuildTitlePanel(Form& form);
 /// Ranges, search texts and classes with their selection buttons; search and clear.
 void BuildHeadPanel(Form& form);
-/// Left panels, tab pages, titles, the eight row positions, the scroll bar and the status line.
+/// Left panels, tab pages, titles, the eight row positions and the scroll bar.
 void BuildListPanel(Form& form);
-/// Output buttons, the end button and the notice.
+/// Output buttons, the end button, the notice, and the status line beside the titles of the tab; after BuildListPanel.
 void BuildOutputPanel(Form& form);
 
 /// Sets the tab order: texts, classes, ranges, order, the head's buttons, ヘッド終了, then tab and outputs.

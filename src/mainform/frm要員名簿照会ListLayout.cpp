@@ -8,7 +8,6 @@
 #include "screen/Form.h"
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
-#include "screen/StatusLine.h"
 #include "screen/TabItem.h"
 #include "screen/fonts/Fonts.h"
 
@@ -232,14 +231,6 @@ void BuildAllTitles(Form& form, const TabPages& pages) {
                 {{u"itm_ttl_メモ", u"メモ", 1, 440}, {u"itm_ttl_登録更新日付", u"登録・更新日付", 443, 216}});
 }
 
-/// To the right of the tab's titles.
-void BuildStatusLine(Form& form, const TabItem& tab) {
-    const int left = kTabLeft + tab.FocusWidget().sizeHint().width() + 12;
-    auto* status = new StatusLine(form);
-    status->setFont(SuiteFont(SuiteFace::PGothic, 11));
-    status->setGeometry(left, kTabTop, kTabLeft + kTabWidth - left, kTabBar);
-}
-
 }  // namespace
 
 void BuildListPanel(Form& form) {
@@ -248,7 +239,6 @@ void BuildListPanel(Form& form) {
     tab->setFont(SuiteFont(SuiteFace::PGothic, 10));
     tab->setGeometry(kTabLeft, kTabTop, kTabWidth, kTabBar + kTitleHeight + kListHeight);
     const TabPages pages{tab->AddPage(u"所属情報"_s), tab->AddPage(u"基本情報"_s), tab->AddPage(u"その他"_s)};
-    BuildStatusLine(form, *tab);
     BuildAllTitles(form, pages);
     for (int position = 0; position < kRowPositions; ++position) BuildRow(form, pages, position);
     auto* bar = new ScrollItem(form, form, u"scl_行"_s);

@@ -1,4 +1,4 @@
-// Part of frm要員名簿照会.h: the layout of the outputs, and the tab order.
+// Part of frm要員名簿照会.h: the layout of the outputs and of the status line, and the tab order.
 
 #include <QStringList>
 
@@ -7,6 +7,8 @@
 #include "screen/Form.h"
 #include "screen/Labels.h"
 #include "screen/PlainControls.h"
+#include "screen/StatusLine.h"
+#include "screen/TabItem.h"
 #include "screen/fonts/Fonts.h"
 
 using namespace Qt::StringLiterals;
@@ -51,6 +53,16 @@ QStringList TabStops() {
     return stops;
 }
 
+/// To the right of the tab's titles.
+void BuildStatusLine(Form& form) {
+    const Control& tab = form.Item(u"tab_詳細"_s);
+    const QRect area = tab.Widget().geometry();
+    const int titles = tab.FocusWidget().sizeHint().width() + 12;
+    auto* status = new StatusLine(form);
+    status->setFont(SuiteFont(SuiteFace::PGothic, 11));
+    status->setGeometry(area.x() + titles, area.y(), area.width() - titles, TabItem::kStripHeight);
+}
+
 }  // namespace
 
 void BuildOutputPanel(Form& form) {
@@ -59,6 +71,7 @@ void BuildOutputPanel(Form& form) {
         button->setFont(SuiteFont(SuiteFace::PGothic, 12));
         button->setGeometry(layout.x, kButtonTop, layout.width, kButtonHeight);
     }
+    BuildStatusLine(form);
     auto* notice = new Panel(form, form, u"お知らせ"_s, -1, QString());
     notice->setFont(SuiteFont(SuiteFace::PGothic, 12));
     notice->SetEdgeless();

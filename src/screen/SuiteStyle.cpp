@@ -4,6 +4,7 @@
 #include <QScrollArea>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolButton>
 
 namespace {
 
@@ -33,7 +34,11 @@ SuiteStyle::SuiteStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fus
 
 void SuiteStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-    if (element == PE_FrameFocusRect) return DrawFocusFrame(*painter, option->rect);
+    if (element == PE_FrameFocusRect) {
+        // That of a tool button would cross its text; drawComplexControl frames the button.
+        if (qobject_cast<const QToolButton*>(widget) == nullptr) DrawFocusFrame(*painter, option->rect);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool framed = element == PE_Frame || element == PE_FrameLineEdit;
     if (framed && (option->state.testFlag(State_HasFocus) || ContentHasFocus(widget)))

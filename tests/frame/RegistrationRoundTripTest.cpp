@@ -85,7 +85,7 @@ TEST_F(RegistrationRoundTrip, ADeletedPersonIsGoneFromTheListAndTheNumbersKeepTh
     Register(kPosition, [this](const QString& window) {
         if (!screen.Press(window, {u"shift+Tab"_s, u"shift+Tab"_s, u"space"_s})) return false;
         const QString question = screen.NewestOf(2);
-        return !question.isEmpty() && screen.Press(question, {u"Return"_s});
+        return !question.isEmpty() && screen.Press(question, {u"y"_s});
     });
     EXPECT_EQ(Globals().LastRow, rows - 1);
     EXPECT_EQ(Column(u"行No"_s), (QStringList{u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s, u"7"_s, u"8"_s, u"9"_s}));

@@ -94,7 +94,7 @@ TEST_F(MainFormFocus, FullStartCommandOfBlanksLeavesNoItemThatRefusesTyping) {
     }
 }
 
-TEST_F(MainFormFocus, ClickBehindAPaddedTextOfTheStartCommandLetsItBeContinued) {
+TEST_F(MainFormFocus, ClickAfterAPaddedTextOfTheStartCommandLetsItBeContinued) {
     Start(u"000000999000999009900000"_s + u"99999"_s + u"山"_s.leftJustified(30) + QString(120, u' ') + u"1"_s);
     ASSERT_EQ(Item(u"検索名称"_s).Text(), u"山"_s.leftJustified(30));
     Click(u"検索名称"_s);

@@ -50,7 +50,7 @@ TEST_F(StatusLineTest, IsToTheRightOfTheTabTitlesAndIsNoControl) {
     EXPECT_EQ(Line().focusPolicy(), Qt::NoFocus);
 }
 
-TEST_F(StatusLineTest, SearchShowsItsCountsOrThatNobodyMatchesAndClearEmptiesIt) {
+TEST_F(StatusLineTest, SearchShowsItsCountsOrThatThereAreNoneAndClearEmptiesIt) {
     Start();
     Click(u"chb_出力対象"_s, 0);
     Click(u"btn_集計検索"_s);

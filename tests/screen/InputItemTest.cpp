@@ -259,5 +259,5 @@ TEST_F(InputItemTest, ClickSelectsBlanksThatAreTheWholeText) {
     item.SetText(u"a  "_s);
     item.deselect();
     Click(item);
-    EXPECT_FALSE(item.hasSelectedText()) << "there is room for more";
+    EXPECT_FALSE(item.hasSelectedText()) << "it accepts more";
 }

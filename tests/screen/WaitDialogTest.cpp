@@ -25,6 +25,7 @@ TEST_F(WaitDialog, SaysOneSentenceHasNoButtonsAndNoCloseBox) {
     EXPECT_EQ(Shown()->Item(u"lab_msg"_s).Caption(), u"しばらくお待ちください。"_s);
     EXPECT_EQ(Shown()->Item(u"lab_件数"_s).Caption(), QString());
     EXPECT_EQ(Shown()->Controls().size(), 3U);
+    EXPECT_EQ(Shown()->ActiveControl(), nullptr) << "it has no stop";
     EXPECT_FALSE(Shown()->windowFlags() & Qt::WindowCloseButtonHint);
     Shown()->close();
     EXPECT_TRUE(Shown()->isVisible());

@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include "support/FocusMarks.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -86,6 +88,24 @@ TEST(Dialogs, EscapeAnswersNo) { EXPECT_FALSE(AnswerByKey(Qt::Key_Escape, true))
 TEST(Dialogs, EnterGivesTheDefaultAnswerOfTheProgram) {
     EXPECT_TRUE(AnswerByKey(Qt::Key_Return, false));
     EXPECT_FALSE(AnswerByKey(Qt::Key_Return, true, platform::Dialogs::Answer::No));
+}
+
+TEST(Dialogs, ButtonsOfAQuestionShowWhichOneHasTheFocus) {
+    const SuiteLook look;
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(box));
+        for (QAbstractButton* button : box->buttons()) {
+            QAbstractButton* other = box->buttons().at(button == box->buttons().first() ? 1 : 0);
+            const QRect area(button->mapTo(box, QPoint()), button->size());
+            EXPECT_TRUE(ShowsFocus(
+                *box, area, [button] { button->setFocus(); }, [other] { other->setFocus(); }))
+                << button->text().toStdString();
+        }
+        box->buttons().last()->click();
+    });
+    EXPECT_FALSE(WidgetDialogs().Confirm(u"印刷しますか?"_s, u"要員名簿照会"_s));
 }
 
 TEST(Dialogs, KeyYAnswersYesWhereNoIsTheDefault) {
