@@ -11,6 +11,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/Services.h"
+#include "screen/Accessibility.h"
 #include "screen/ScreenScale.h"
 
 using namespace Qt::StringLiterals;
@@ -41,6 +42,7 @@ Form* LoadedForm(const QString& name) {
 
 Form::Form(QString name) : name_(std::move(name)) {
     setObjectName(name_);
+    InstallAccessibleForm();
     Watch(*this);
 }
 

@@ -3,6 +3,7 @@
 #include <QScopedValueRollback>
 #include <algorithm>
 
+#include "screen/Accessibility.h"
 #include "screen/Form.h"
 
 namespace {
@@ -27,7 +28,9 @@ bool Form::CanTakeFocus(const Control& control) const {
 
 void Form::SetEnabled(bool enabled) {
     if (!enabled) DropFocusInside(*this);
+    if (enabled_ == enabled) return;
     enabled_ = enabled;
+    AnnounceEnabled(*this);
 }
 
 void Form::SetFocus(Control& control) {

@@ -1,5 +1,6 @@
 """The registration program, opened by a click on a row."""
 
+import pyatspi
 import tree
 from case import InquiryCase
 from desk import wait_for
@@ -10,6 +11,8 @@ STOPS = [
     "生年月日", "入社日付", "退社日付", "担当者メモ", "btn_保存", "btn_削除", "btn_終了",
 ]  # fmt: skip
 TITLE = "要員台帳更新"
+# Parts of lists and tabs, which follow the control around them.
+ENTRIES = (pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_PAGE_TAB)
 
 
 class Registration(InquiryCase):
@@ -27,6 +30,21 @@ class Registration(InquiryCase):
         form = self.open_first_row()
         self.assert_chain(form, STOPS)
         self.finish(form)
+
+    def test_list_is_reported_as_disabled_meanwhile(self):
+        changed = []
+        hear = lambda event: changed.append((event.source.name, event.detail1))
+        pyatspi.Registry.registerEventListener(hear, "object:state-changed:sensitive")
+        form = self.open_first_row()
+        controls = [stop for stop in self.rows.stops if stop.getRole() not in ENTRIES and tree.shows(stop)]
+        wait_for("a disabled form", lambda: (self.main.name, 0) in changed)
+        for control in [self.main, self.rows.item("担当者名"), *controls]:
+            self.assertFalse(tree.has(control, pyatspi.STATE_SENSITIVE), control)
+        self.finish(form)
+        wait_for("an enabled form", lambda: (self.main.name, 1) in changed)
+        pyatspi.Registry.deregisterEventListener(hear, "object:state-changed:sensitive")
+        for control in [self.main, self.rows.item("担当者名"), tree.named(self.main, "検索名称")]:
+            self.assertTrue(tree.has(control, pyatspi.STATE_SENSITIVE), control)
 
     def answer(self, form, text, buttons, answer):
         """Checks the text and the buttons of the active message or question, and closes it."""
