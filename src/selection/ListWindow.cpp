@@ -15,7 +15,28 @@ ListWindow::ListWindow(ListWindowDefinition definition) : Form(definition.Name()
 
 ListView& ListWindow::List() const { return static_cast<ListView&>(Item(definition_.list)); }
 
+void ListWindow::LetUserMakeTaller() {
+    const QRect list = List().geometry();
+    smallestHeight_ = height();
+    smallestList_ = list.height();
+    for (const Control* control : Controls()) {
+        QWidget& widget = control->Widget();
+        if (widget.y() > list.bottom()) belowList_.emplace_back(&widget, widget.y());
+    }
+    setMaximumHeight(QWIDGETSIZE_MAX);
+}
+
+void ListWindow::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    if (smallestHeight_ == 0) return;
+    const int more = height() - smallestHeight_;
+    const int wholeRows = more / List().RowHeight() * List().RowHeight();
+    List().resize(List().width(), smallestList_ + wholeRows);
+    for (const auto& [widget, y] : belowList_) widget->move(widget->x(), y + more);
+}
+
 void ListWindow::OnLoad() {
+    LetUserMakeTaller();
     Prepare();
     for (const ListColumn& column : definition_.columns) List().AddColumn(column.title, column.width);
     LoadList();
