@@ -1,6 +1,8 @@
 // Part of Accessibility.h: the widgets in a form.
 
+#include <QGuiApplication>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QWidget>
 #include <algorithm>
 
@@ -20,6 +22,22 @@ bool Outside(const QObject* object) {
     if (widget == nullptr || dynamic_cast<const AccessibleText*>(object) == nullptr) return false;
     return !widget->parentWidget()->rect().contains(widget->geometry().center());
 }
+
+/// Positions are device pixels to the X server's other clients, which put pointers and magnifiers there. Qt reports its
+/// own pixels.
+struct Scale {
+    explicit Scale(const QObject* object) {
+        const auto* widget = qobject_cast<const QWidget*>(object);
+        if (widget == nullptr || QGuiApplication::platformName() != QStringLiteral("xcb")) return;
+        factor = widget->screen()->devicePixelRatio();
+        origin = widget->screen()->geometry().topLeft();
+    }
+    QPoint ToDevice(const QPoint& place) const { return (place - origin) * factor + origin; }
+    QPoint FromDevice(const QPoint& place) const { return (place - origin) / factor + origin; }
+
+    double factor = 1;
+    QPoint origin;
+};
 
 /// Passes everything on to the interface that the widget would have otherwise, which it owns. That one stays in Qt's
 /// cache, where Qt puts every interface that it makes.
@@ -50,11 +68,19 @@ class InterfaceInForm : public QAccessibleInterface {
         return usual_.relations(match);
     }
     QAccessibleInterface* focusChild() const override { return usual_.focusChild(); }
-    QAccessibleInterface* childAt(int x, int y) const override { return usual_.childAt(x, y); }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        const Scale scale(object());
+        const QPoint place = scale.FromDevice({x, y});
+        return usual_.childAt(place.x(), place.y());
+    }
     QAccessibleInterface* parent() const override { return usual_.parent(); }
     QString text(QAccessible::Text kind) const override { return usual_.text(kind); }
     void setText(QAccessible::Text kind, const QString& text) override { usual_.setText(kind, text); }
-    QRect rect() const override { return usual_.rect(); }
+    QRect rect() const override {
+        const Scale scale(object());
+        const QRect rect = usual_.rect();
+        return {scale.ToDevice(rect.topLeft()), rect.size() * scale.factor};
+    }
     QAccessible::Role role() const override { return usual_.role(); }
     QColor foregroundColor() const override { return usual_.foregroundColor(); }
     QColor backgroundColor() const override { return usual_.backgroundColor(); }

@@ -17,6 +17,7 @@ class InquiryCase(unittest.TestCase):
     """Each class has an installation, a display and a running program; its cases end with the main window active."""
 
     options = ()  # options of `suite-setup init`
+    size = "1152x864x24"  # of the display
     main = None  # main window
     rows = None  # contents of the main window
 
@@ -32,7 +33,7 @@ class InquiryCase(unittest.TestCase):
     def setUpClass(cls):
         cls.sample = cls.make_sample()
         cls.prepare(cls.sample)
-        cls.screen = Screen()
+        cls.screen = Screen(cls.size)
         cls.addClassCleanup(cls.screen.close)
         cls.watch = FocusWatch()
         cls.addClassCleanup(cls.watch.close)

@@ -30,8 +30,8 @@ TEST_F(AccessibleForm, DisabledFormAndEverythingInItIsDisabled) {
     TabItem tab(form, form, u"tab_詳細"_s);
     DisplayItem name(form, form.panel, u"xField"_s, u"担当者名"_s, 0);
     ShowActive(form);
-    const QList<QWidget*> widgets = {&form, &form.panel, &form.first, &form.second, &button,
-                                     &box,  &combo,      &list,       &tab,         &tab.FocusWidget(), &name};
+    const QList<QWidget*> widgets = {&form,  &form.panel, &form.first, &form.second,       &button, &box,
+                                     &combo, &list,       &tab,        &tab.FocusWidget(), &name};
     for (const bool enabled : {true, false, true}) {
         form.SetEnabled(enabled);
         for (QWidget* widget : widgets) EXPECT_NE(Disabled(*widget), enabled) << widget->objectName().toStdString();

@@ -41,8 +41,8 @@ class ListWindowHeight : public ListWindowTest {
 }  // namespace
 
 TEST_F(ListWindowHeight, ListsGrowByWholeRowsAndButtonsStayAtTheBottom) {
-    for (const QString& window : {u"wnd部門一覧"_s, u"wnd役職一覧"_s, u"wnd担当者一覧"_s, u"wndセクション選択一覧"_s,
-                                  u"wnd担当者選択一覧"_s})
+    for (const QString& window :
+         {u"wnd部門一覧"_s, u"wnd役職一覧"_s, u"wnd担当者一覧"_s, u"wndセクション選択一覧"_s, u"wnd担当者選択一覧"_s})
         ExpectListGrows(window);
 }
 
