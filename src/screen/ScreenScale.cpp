@@ -12,7 +12,7 @@
 namespace {
 
 constexpr const char* kScaleFactor = "QT_SCALE_FACTOR";
-constexpr double kStep = 1.0 / 16, kSmallest = 0.5;
+constexpr double kStep = 1.0 / 16;
 
 bool HasScreen() {
     const QByteArray name = qgetenv("QT_QPA_PLATFORM");
@@ -70,7 +70,7 @@ double ScaleToSuit(const ScreenMeasure& screen) {
     double scale = std::min(free.width() / window.width(), free.height() / window.height());
     if (full) scale = std::min(scale, double(screen.pixels.height()) / kFullScreenHeight);
     if (screen.fixed && scale >= screen.scale) return screen.scale;
-    return std::max(std::floor(scale / kStep) * kStep, kSmallest);
+    return std::max(std::floor(scale / kStep) * kStep, std::min(screen.scale, 1.0));
 }
 
 // An X server without a desktop resets itself when its last client leaves. The connection keeps it from doing so

@@ -27,7 +27,8 @@ struct ScreenMeasure {
 
 /// Device pixels per window pixel with which the main window fills the screen without being cut off. The number of rows
 /// does not change: the screen keeps at least kFullScreenHeight window pixels where `scale` gives it that many. Whole
-/// sixteenths, so that each row of the list (64 pixels) has the same number of device pixels; at least a half.
+/// sixteenths, so that each row of the list (64 pixels) has the same number of device pixels. Not below 1, where Qt
+/// paints only parts of a window, unless `scale` is.
 double ScaleToSuit(const ScreenMeasure& screen);
 
 /// To be created before the Qt application object and destroyed after its construction: measures the primary screen

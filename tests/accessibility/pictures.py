@@ -30,6 +30,8 @@ REGISTRATION = "要員台帳更新"
 PREVIEW = "要員名簿照会 - プレビュ"
 SAVE = "名前を付けて保存"
 MESSAGE = "要員名簿照会"
+# Without a window manager the preview maximises itself a little later.
+FIND_PREVIEW = ("search", "--onlyvisible", "--name", f"^{PREVIEW}$", "getwindowgeometry")
 PIN_DIALOG = "販路推進データ管理/暗証確認"
 
 
@@ -89,6 +91,8 @@ class EveryWindow(PictureCase):
         self.take("question")
         self.screen.key("Return")
         preview = self.open(PREVIEW)
+        width = self.size.split("x")[0]
+        wait_for("the full screen", lambda: f"Geometry: {width}x" in self.screen.work(*FIND_PREVIEW))
         self.take("preview")
         self.close(preview, PREVIEW)
         self.go_to(self.main, "btn_テキスト出力")

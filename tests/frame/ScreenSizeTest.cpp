@@ -56,7 +56,6 @@ TEST_F(ScreenSize, EightRowsAt1152x864) { ExpectMainWindow({1152, 864}, {1012, 8
 TEST_F(ScreenSize, LargerAt1920x1080) { ExpectMainWindow({1920, 1080}, {1265, 1025}); }
 TEST_F(ScreenSize, LargerAt2560x1440) { ExpectMainWindow({2560, 1440}, {1645, 1333}); }
 TEST_F(ScreenSize, LargerAt3840x2160) { ExpectMainWindow({3840, 2160}, {2530, 2050}); }
-TEST_F(ScreenSize, SmallerAt800x600) { ExpectMainWindow({800, 600}, {759, 519}); }
 TEST_F(ScreenSize, FactorOfTheUserIsNotMultiplied) { ExpectMainWindow({3840, 2160}, {2024, 1640}, u"2"_s); }
 TEST_F(ScreenSize, FactorOfTheUserThatWouldCutOffIsReduced) { ExpectMainWindow({1920, 1080}, {1455, 995}, u"2"_s); }
 
