@@ -35,8 +35,10 @@ class ScreenSize : public testing::Test {
         process.start(program, QStringList());
         return screen.NewestOf(1);
     }
-    void ExpectMainWindow(const QSize& screenSize, const QSize& windowSize, const QString& scaleFactor = {}) {
-        const VirtualScreen screen(screenSize);
+    void ExpectMainWindow(const QSize& screenSize, const QSize& windowSize, const QString& scaleFactor = {},
+                          int dpi = 0) {
+        VirtualScreen screen(screenSize);
+        if (dpi != 0) screen.SetDpi(dpi);
         const QString window = Start(screen, scaleFactor);
         ASSERT_FALSE(window.isEmpty());
         EXPECT_TRUE(QTest::qWaitFor([&] { return screen.SizeOf(window) == windowSize; }, kTimeout));
@@ -58,6 +60,10 @@ TEST_F(ScreenSize, LargerAt2560x1440) { ExpectMainWindow({2560, 1440}, {1645, 13
 TEST_F(ScreenSize, LargerAt3840x2160) { ExpectMainWindow({3840, 2160}, {2530, 2050}); }
 TEST_F(ScreenSize, FactorOfTheUserIsNotMultiplied) { ExpectMainWindow({3840, 2160}, {2024, 1640}, u"2"_s); }
 TEST_F(ScreenSize, FactorOfTheUserThatWouldCutOffIsReduced) { ExpectMainWindow({1920, 1080}, {1455, 995}, u"2"_s); }
+
+// Eight rows on 1080 pixels of the desktop, six on 540.
+TEST_F(ScreenSize, ScaleOfTheDesktopIsNotMultiplied) { ExpectMainWindow({3840, 2160}, {2530, 2050}, {}, 192); }
+TEST_F(ScreenSize, ScaleOfTheDesktopDecidesTheRows) { ExpectMainWindow({1920, 1080}, {1455, 995}, {}, 192); }
 
 TEST_F(ScreenSize, StartedProgramsDoNotInheritTheFactor) {
     const VirtualScreen screen({1920, 1080});

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 #include <QtTest/QTest>
 #include <algorithm>
@@ -120,4 +121,14 @@ TEST_F(FormWindow, PlacesAndSizesAreTwips) {
     form.second.SetTop(75);
     form.second.SetHeight(450);
     EXPECT_EQ(form.second.geometry(), QRect(10, 5, 100, 30));
+}
+
+TEST_F(FormWindow, WindowAsHighAsTheScreenLeavesSpaceForTheLargestFrame) {
+    ThreeItems form;
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const int highest = screen.height() - 40;
+    form.setFixedSize(300, highest);
+    form.ShowModeless();
+    EXPECT_GE(form.y(), screen.top());
+    EXPECT_LE(form.y(), screen.top() + 1);
 }

@@ -34,8 +34,18 @@ VirtualScreen::VirtualScreen(const QSize& size) {
 }
 
 VirtualScreen::~VirtualScreen() {
+    if (desktop_ != nullptr) xcb_disconnect(desktop_);
     server_.terminate();
     server_.waitForFinished();
+}
+
+void VirtualScreen::SetDpi(int dpi) {
+    if (desktop_ == nullptr) desktop_ = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const QByteArray resources = "Xft.dpi:\t" + QByteArray::number(dpi) + '\n';
+    xcb_change_property(desktop_, XCB_PROP_MODE_REPLACE, xcb_setup_roots_iterator(xcb_get_setup(desktop_)).data->root,
+                        XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8, static_cast<uint32_t>(resources.size()),
+                        resources.constData());
+    AtomOf(desktop_, "WM_PROTOCOLS");  // a round trip: the server has the property
 }
 
 bool VirtualScreen::Work(const QStringList& arguments, QString* output) const {

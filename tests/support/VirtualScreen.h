@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <functional>
 
+struct xcb_connection_t;
+
 /// A headless X server without a window manager for the programs that a test starts, with
 /// simulated keyboard and mouse. Terminated with the object or the test's process.
 class VirtualScreen {
@@ -17,6 +19,9 @@ class VirtualScreen {
 
     /// Name of the display, empty if the server could not be started.
     const QString& Display() const { return display_; }
+
+    /// Scales the desktop for all programs started from now on: 96 is a factor of 1.
+    void SetDpi(int dpi);
 
     /// Waits until exactly `count` windows are shown and returns the last one; empty after a timeout.
     QString NewestOf(int windows) const;
@@ -49,4 +54,5 @@ class VirtualScreen {
 
     QProcess server_;
     QString display_;
+    xcb_connection_t* desktop_ = nullptr;  ///< keeps the server's properties, which it forgets with its last client
 };
