@@ -1,6 +1,7 @@
 // Part of Accessibility.h: the widgets in a form.
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QWidget>
@@ -43,7 +44,8 @@ struct Scale {
 /// cache, where Qt puts every interface that it makes.
 class InterfaceInForm : public QAccessibleInterface {
   public:
-    explicit InterfaceInForm(QAccessibleInterface& usual) : usual_(usual), usualId_(QAccessible::uniqueId(&usual)) {}
+    explicit InterfaceInForm(QAccessibleInterface& usual)
+        : usual_(usual), usualId_(QAccessible::uniqueId(&usual)), object_(usual.object()) {}
     ~InterfaceInForm() override { QAccessible::deleteAccessibleInterface(usualId_); }
 
     QAccessible::State state() const override {
@@ -62,7 +64,8 @@ class InterfaceInForm : public QAccessibleInterface {
     }
 
     bool isValid() const override { return usual_.isValid(); }
-    QObject* object() const override { return usual_.object(); }
+    /// At the end of the program Qt asks for it when the usual interface may be deleted already.
+    QObject* object() const override { return object_; }
     QWindow* window() const override { return usual_.window(); }
     QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(QAccessible::Relation match) const override {
         return usual_.relations(match);
@@ -102,6 +105,7 @@ class InterfaceInForm : public QAccessibleInterface {
 
     QAccessibleInterface& usual_;
     QAccessible::Id usualId_;
+    QPointer<QObject> object_;
 };
 
 QAccessibleInterface* MakeInterfaceInForm(const QString&, QObject* object) {

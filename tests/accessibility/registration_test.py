@@ -15,7 +15,7 @@ TITLE = "要員台帳更新"
 ENTRIES = (pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_PAGE_TAB)
 
 
-class Registration(InquiryCase):
+class RegistrationCase(InquiryCase):
     def open_first_row(self):
         self.screen.click(self.rows.item("担当者名"))
         return self.open(TITLE)
@@ -26,6 +26,15 @@ class Registration(InquiryCase):
         wait_for("the end of the registration", lambda: self.find(TITLE) is None)
         self.return_to_main()
 
+
+class LargeScreen(RegistrationCase):
+    size = "1920x1080x24"
+
+    def test_row_is_where_the_tree_says_although_windows_are_scaled(self):
+        self.finish(self.open_first_row())
+
+
+class Registration(RegistrationCase):
     def test_every_stop_has_a_name_forward_and_back(self):
         form = self.open_first_row()
         self.assert_chain(form, STOPS)
