@@ -27,7 +27,8 @@ class ScratchFolder {
     void Keep() { keep_ = true; }
 
   private:
-    void Make(const QByteArray& pattern, const QByteArray& note);
+    /// One attempt. False if no folder can be created in the parent, so that another attempt is useless.
+    bool Make(const QByteArray& pattern, const QByteArray& note);
 
     QString path_, error_;
     int lock_ = -1;

@@ -82,7 +82,7 @@ TEST_F(ScratchFolders, FolderThatIsRemovedAtEachAttemptIsAnErrorWithItsReason) {
     const ScratchFolder work(parent.path(), kPrefix);
     onLock = nullptr;
     EXPECT_FALSE(work.IsValid());
-    EXPECT_EQ(attempts, 10);
+    EXPECT_EQ(attempts, 100);
     EXPECT_EQ(work.Error(), u"フォルダが作成の途中で削除されました。"_s);
     EXPECT_EQ(Entries(), QStringList());
 }

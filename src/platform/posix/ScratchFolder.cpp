@@ -23,7 +23,7 @@ namespace {
 const QString kLockFile = u"in-use"_s;
 constexpr qsizetype kRandomCharacters = 6;
 constexpr qint64 kLongestNote = 4096;
-constexpr int kAttempts = 10;
+constexpr int kAttempts = 100;  // on a machine under load the cleanup is often faster
 
 /// Opens the lock file of a folder and locks it. -1 if there is none or another process has locked it.
 int TakeLock(const QString& folder, int furtherFlags) {
@@ -65,25 +65,27 @@ QByteArray NoteIn(int lock) {
 ScratchFolder::ScratchFolder(const QString& parent, const QString& prefix, const QByteArray& note) {
     // Until it is locked, the cleanup of another process may remove the new folder; hence the retries.
     const QByteArray pattern = QFile::encodeName(parent + u'/' + prefix) + QByteArray(kRandomCharacters, 'X');
-    for (int attempt = 0; attempt < kAttempts && !IsValid(); ++attempt) Make(pattern, note);
+    for (int attempt = 0; attempt < kAttempts && !IsValid(); ++attempt)
+        if (!Make(pattern, note)) return;
     if (IsValid()) error_.clear();
 }
 
-void ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
+bool ScratchFolder::Make(const QByteArray& pattern, const QByteArray& note) {
     QByteArray name = pattern;
     if (::mkdtemp(name.data()) == nullptr) {
         error_ = QString::fromLocal8Bit(std::strerror(errno));
-        return;
+        return false;
     }
     path_ = QFile::decodeName(name);
     lock_ = TakeLock(path_, O_CREAT | O_EXCL);
     const bool written =
         lock_ >= 0 && ::write(lock_, note.constData(), static_cast<size_t>(note.size())) == note.size();
     if (!written) error_ = QString::fromLocal8Bit(std::strerror(errno));
-    if (written && IsThere(lock_)) return;
+    if (written && IsThere(lock_)) return true;
     if (written) error_ = u"フォルダが作成の途中で削除されました。"_s;
     if (lock_ >= 0) ::close(std::exchange(lock_, -1));
     RemoveFolder(path_);
+    return true;
 }
 
 ScratchFolder::~ScratchFolder() {
