@@ -3,7 +3,7 @@
 class Form;
 class QWidget;
 
-// Tells the user that an item has not taken all characters of an input.
+// The notice that an item has not taken all characters of an input.
 
 /// Shows "入力できない文字を除きました。" in お知らせ of the form; a form without one shows it below the item, until
 /// the item loses the focus. `kept`: a text that お知らせ shows is not replaced.

@@ -15,7 +15,7 @@ enum class Intake {
 };
 
 /// Base class of the edit items. All input (keys, input method, clipboard, dropped text) goes through Insert; what is
-/// lost is shown by ShowInputNotice. An item that does not use the input method tells it so, and ignores an unfinished
+/// lost is shown by ShowInputNotice. An item that does not use the input method reports that, and ignores an unfinished
 /// composition, but takes what is committed. The text is selected when the item gets the focus; later clicks select
 /// blanks that are the whole text or fill the item up to its limit. Enter moves to the next stop, clicks emit Click and
 /// DblClick, the context menu is Japanese. Caption is not shown; it is the accessible description.

@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import subprocess
 
 from gi.repository import Gio, GLib
@@ -55,11 +56,23 @@ class InputMethod:
         wait_for("the conversion", lambda: self.ask("-n") == "anthy")
 
     @staticmethod
-    def is_on_the_bus():
+    def call(name, path, interface, method, arguments=None):
         bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-        names = ("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner")
-        question = GLib.Variant("(s)", ("org.fcitx.Fcitx5",))
-        return bus.call_sync(*names, question, None, Gio.DBusCallFlags.NONE, -1).unpack()[0]
+        answer = bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, -1, None)
+        return answer.unpack()[0]
+
+    @classmethod
+    def is_on_the_bus(cls):
+        name = GLib.Variant("(s)", ("org.fcitx.Fcitx5",))
+        return cls.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", name)
+
+    @classmethod
+    def window(cls):
+        """The window whose keys it gets, None if there is none. A new window is announced to it a while after it is
+        shown."""
+        state = cls.call("org.fcitx.Fcitx5", "/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo")
+        found = re.search(r"IC \[(\w+)\].*focus:1", state)
+        return found and found.group(1)
 
     @staticmethod
     def ask(*option):

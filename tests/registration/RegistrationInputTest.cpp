@@ -94,7 +94,7 @@ TEST_F(RegistrationInput, WhatIsDroppedIsShownInTheNotice) {
     }
 }
 
-TEST_F(RegistrationInput, PastedTextBeyondTheLengthIsToldOrCounted) {
+TEST_F(RegistrationInput, PastedTextBeyondTheLengthIsShownOrCounted) {
     Start();
     Paste(u"電話"_s, u"03-1234-5678(内線1)"_s);
     EXPECT_EQ(Caption(u"お知らせ"_s), kDropped);

@@ -65,12 +65,12 @@ class InputMethodTest : public ScreenTest {
         item->SetFocus();
         return *item;
     }
-    /// A conversion that runs, as the input method sends it.
+    /// An unfinished conversion, as the input method sends it.
     static void Compose(QWidget& item, const QString& preedit) {
         QInputMethodEvent event(preedit, {});
         QApplication::sendEvent(&item, &event);
     }
-    /// The text in front of the user's eyes, with an unfinished conversion.
+    /// The text as it is shown, with an unfinished conversion.
     static QImage Picture(QLineEdit& item) {
         item.deselect();
         item.setReadOnly(true);  // no cursor
@@ -124,7 +124,7 @@ TEST_F(InputMethodTest, ControlsWithoutTextTakeNoPartInTheInputMethod) {
     EXPECT_FALSE(TakesInputMethod(*button));
 }
 
-TEST_F(InputMethodTest, PlatformIsToldWhenTheFocusMovesBetweenItems) {
+TEST_F(InputMethodTest, PlatformAsksEachItemThatGetsTheFocus) {
     InputItem& name = Make(ImeMode::On);
     InputItem& telephone = Make(ImeMode::Disabled, kHalfWidth);
     name.SetFocus();
