@@ -143,6 +143,12 @@ TEST_F(ReportTest, LatinPartsOfAnAddressAreSeparatedByABlank) {
     }
 }
 
+TEST_F(ReportTest, EmptyPartOfALatinAddressDoesNotJoinItsNeighbours) {
+    SetTemplate(kList, u"用紙 100x50\n明細 高さ=50\n文字 5,5 90x5 \"[住所A][住所B][住所C]\""_s);
+    AddRow(kList, {{u"コード"_s, u"1"_s}, {u"住所A"_s, u"Main Street"_s}, {u"住所C"_s, u"Springfield"_s}});
+    EXPECT_EQ(Pdf(kList).Text(0), u"Main Street Springfield"_s);
+}
+
 TEST_F(ReportTest, LongAddressOfTheListWrapsBeforeItIsCondensedBelowEightyPercent) {
     WorkRow row{{u"コード"_s, u"1"_s}, {u"EMAIL"_s, u"taro.yamada@example.co.jp"_s}, {u"郵便番号"_s, u"100-0005"_s}};
     row[u"住所A"_s] = kSixty.left(36);

@@ -115,10 +115,10 @@ class ElementCheck {
                     EXPECT_FALSE(u"-−‐–—―"_s.contains(c)) << line->text.toStdString();
                 }
                 if (c == u'－') {
-                    EXPECT_TRUE(glyph.turned);
+                    EXPECT_TRUE(glyph.rotated);
                 }
                 if (c == u'〓') {
-                    EXPECT_FALSE(glyph.turned);
+                    EXPECT_FALSE(glyph.rotated);
                 }
             }
     }

@@ -152,7 +152,7 @@ TEST_F(TextLayoutTest, VerticalTextRunsDownwardsAndTurnsTheDashOfHouseNumbers) {
     const QList<ShapedGlyph>& glyphs = text.lines[0]->glyphs;
     ASSERT_EQ(glyphs.size(), 4);
     EXPECT_EQ(glyphs[0].glyph, types.Shape(u"九"_s, style.face, false)->glyphs[0].glyph);
-    for (qsizetype i = 0; i < 4; ++i) EXPECT_EQ(glyphs[i].turned, i == 1);
+    for (qsizetype i = 0; i < 4; ++i) EXPECT_EQ(glyphs[i].rotated, i == 1);
     for (qsizetype i = 1; i < 4; ++i) EXPECT_GT(glyphs[i].at.y(), glyphs[i - 1].at.y());
 }
 
@@ -162,7 +162,7 @@ TEST_F(TextLayoutTest, VerticalTextTakesTheUprightFormsOfBracketsAndStops) {
     ASSERT_EQ(upright->glyphs.size(), 4);
     for (qsizetype i = 0; i < 4; ++i) {
         EXPECT_NE(upright->glyphs[i].glyph, level->glyphs[i].glyph);
-        EXPECT_FALSE(upright->glyphs[i].turned);
+        EXPECT_FALSE(upright->glyphs[i].rotated);
     }
 }
 

@@ -91,7 +91,7 @@ TEST_F(VerticalLayoutTest, WordOfThreeLettersTakesOneCharacterAndIsNotWiderThanI
     EXPECT_EQ(line->cells, 4);
     for (qsizetype i = 1; i <= 3; ++i) {
         const ShapedGlyph& letter = line->glyphs[i];
-        EXPECT_FALSE(letter.turned);
+        EXPECT_FALSE(letter.rotated);
         EXPECT_EQ(letter.cell, 1);
         EXPECT_NEAR(letter.stretch, 2.0 / 3, 0.01);
         EXPECT_NEAR(letter.at.x(), -0.5 + static_cast<double>(i - 1) / 3, 0.01);
@@ -107,13 +107,13 @@ TEST_F(VerticalLayoutTest, LatinNameIsRotatedInOneLineOfLettersInTheirOrder) {
     ASSERT_EQ(name.lines.size(), 1);
     const QList<ShapedGlyph>& glyphs = name.lines[0]->glyphs;
     for (qsizetype i = 0; i < 22; ++i) {
-        EXPECT_TRUE(glyphs[i].turned) << i;
+        EXPECT_TRUE(glyphs[i].rotated) << i;
         EXPECT_NEAR(glyphs[i].at.x(), 0.5 - kAboveBaseline, 0.01) << "the middle of the line";
         if (i > 0) {
             EXPECT_GT(glyphs[i].at.y(), glyphs[i - 1].at.y());
         }
     }
-    EXPECT_FALSE(glyphs.last().turned);
+    EXPECT_FALSE(glyphs.last().rotated);
 }
 
 TEST_F(VerticalLayoutTest, RotatedNameGetsSmallerBeforeItIsNarrowerThanThreeQuarters) {
@@ -131,7 +131,7 @@ TEST_F(VerticalLayoutTest, EveryDashOfAHouseNumberHasTheSameLengthAndDirection) 
     ASSERT_EQ(glyphs.size(), 15);
     for (qsizetype i = 1; i < 15; i += 2) {
         EXPECT_EQ(glyphs[i].glyph, glyphs[1].glyph) << i;
-        EXPECT_TRUE(glyphs[i].turned) << i;
+        EXPECT_TRUE(glyphs[i].rotated) << i;
         EXPECT_NEAR(glyphs[i].at.y() - glyphs[i - 1].at.y(), glyphs[1].at.y() - glyphs[0].at.y(), 1e-6) << i;
     }
 }
@@ -141,7 +141,7 @@ TEST_F(VerticalLayoutTest, MarkForAMissingCharacterIsUpright) {
     const auto vertical = fonts.Shape(u"「〓」〓"_s, SuiteFace::Mincho, true);
     EXPECT_EQ(vertical->glyphs[1].glyph, level->glyphs[0].glyph);
     EXPECT_EQ(vertical->glyphs[3].glyph, level->glyphs[0].glyph);
-    EXPECT_FALSE(vertical->glyphs[1].turned);
+    EXPECT_FALSE(vertical->glyphs[1].rotated);
     EXPECT_NE(vertical->glyphs[2].glyph, fonts.Shape(u"」"_s, SuiteFace::Mincho, false)->glyphs[0].glyph);
 }
 
@@ -153,7 +153,7 @@ TEST_F(VerticalLayoutTest, BracketsAndQuotationMarksHaveTheirVerticalShapes) {
     for (qsizetype i = 0; i < line.glyphs.size(); ++i) {
         const bool isSign = !u"仮関別本一"_s.contains(line.text[i]);
         const auto level = fonts.Shape(line.text.mid(i, 1), SuiteFace::Mincho, false);
-        EXPECT_EQ(line.glyphs[i].glyph != level->glyphs[0].glyph || line.glyphs[i].turned, isSign) << i;
+        EXPECT_EQ(line.glyphs[i].glyph != level->glyphs[0].glyph || line.glyphs[i].rotated, isSign) << i;
     }
 }
 

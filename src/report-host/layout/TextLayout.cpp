@@ -35,7 +35,7 @@ bool IsBlank(const QString& text) {
 
 bool IsMostlyRotated(const ShapedText& text) {
     const auto rotated =
-        std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.turned; });
+        std::count_if(text.glyphs.begin(), text.glyphs.end(), [](const ShapedGlyph& glyph) { return glyph.rotated; });
     return 2 * rotated > text.glyphs.size();
 }
 

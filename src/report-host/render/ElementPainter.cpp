@@ -78,10 +78,12 @@ QString Expand(const TextPattern& pattern, const FieldText& fields) {
     for (qsizetype i = 0; i < pattern.size() && text.size() <= kMostCharacters; ++i) {
         const TextPiece& piece = pattern[i];
         const QString value = piece.isField ? fields(piece.text) : piece.text;
-        const bool isNextPart = i > 0 && IsAddress(piece) && IsAddress(pattern[i - 1]) && piece.before.isEmpty();
+        // Text before or after a column separates it.
+        const bool isNextPart = i > 0 && IsAddress(piece) && IsAddress(pattern[i - 1]) && piece.before.isEmpty() &&
+                                pattern[i - 1].after.isEmpty();
         if (isNextPart && NeedsBlank(previous, value)) text += u' ';
-        if (!value.isEmpty()) text += piece.before + value + piece.after;
-        previous = value + piece.after;
+        if (!value.isEmpty()) text.append(piece.before).append(value).append(piece.after);
+        if (!value.isEmpty() || !IsAddress(piece)) previous = value;
     }
     return text.left(kMostCharacters + 1);
 }
@@ -90,43 +92,48 @@ void ElementPainter::Paint(QPainter& painter, const QList<TemplateElement>& elem
     lastLine_ = {};
     for (qsizetype i = 0; i < elements.size(); ++i) {
         StopIfWanted();
-        const TemplateElement& element = elements[i];
+        const TemplateElement* next = i + 1 < elements.size() ? &elements[i + 1] : nullptr;
         const QRectF line = std::exchange(lastLine_, {});
-        if (!IsWanted(element, fields)) continue;
-        switch (element.kind) {
-            case ElementKind::Text:
-                lastLine_ = line;
-                PaintText(painter, element, i + 1 < elements.size() ? &elements[i + 1] : nullptr, fields);
-                break;
-            case ElementKind::DigitBoxes:
-                PaintDigitBoxes(painter, element, Expand(element.text, fields));
-                break;
-            case ElementKind::Picture:
-                PaintPicture(painter, element, Expand(element.text, fields));
-                break;
-            case ElementKind::Frame:
-                PaintFrame(painter, element);
-                break;
-            case ElementKind::Line:
-                painter.setPen(QPen(element.colour, element.penWidth));
-                painter.drawLine(element.place.topLeft(), element.place.bottomRight());
-                break;
-        }
+        if (!IsWanted(elements[i], fields)) continue;
+        if (elements[i].kind == ElementKind::Text)
+            PaintText(painter, elements[i], {line, next}, fields);
+        else
+            PaintOther(painter, elements[i], fields);
     }
 }
 
-void ElementPainter::PaintText(QPainter& painter, const TemplateElement& element, const TemplateElement* next,
+void ElementPainter::PaintOther(QPainter& painter, const TemplateElement& element, const FieldText& fields) {
+    switch (element.kind) {
+        case ElementKind::Text:
+            break;
+        case ElementKind::DigitBoxes:
+            PaintDigitBoxes(painter, element, Expand(element.text, fields));
+            break;
+        case ElementKind::Picture:
+            PaintPicture(painter, element, Expand(element.text, fields));
+            break;
+        case ElementKind::Frame:
+            PaintFrame(painter, element);
+            break;
+        case ElementKind::Line:
+            painter.setPen(QPen(element.colour, element.penWidth));
+            painter.drawLine(element.place.topLeft(), element.place.bottomRight());
+            break;
+    }
+}
+
+void ElementPainter::PaintText(QPainter& painter, const TemplateElement& element, const Neighbours& neighbours,
                                const FieldText& fields) {
     QRectF place = element.place;
-    if (element.follows && lastLine_.intersects(place)) place.setLeft(lastLine_.right() + GapBefore(element));
-    lastLine_ = {};
+    const double begin = neighbours.line.right() + GapBefore(element);
+    if (element.follows && neighbours.line.intersects(place) && begin < place.right()) place.setLeft(begin);
     const QString text = Expand(element.text, fields);
     if (text.isEmpty()) return;
     const bool vertical = element.style.vertical;
     TextBox box{.length = vertical ? place.height() : place.width(),
                 .depth = vertical ? place.width() : place.height()};
     FittedText fitted = FitText(fonts_, text, element.style, box);
-    if (fitted.lines.size() > 1) box.reserved = ReservedFor(element, next, fields);
+    if (fitted.lines.size() > 1) box.reserved = ReservedFor(element, neighbours.next, fields);
     if (box.reserved > 0) fitted = FitText(fonts_, text, element.style, box);
     painter.setPen(element.colour);
     lastLine_ = DrawFitted(painter, fitted, element.style, place);

@@ -39,9 +39,16 @@ class ElementPainter {
     void Paint(QPainter& painter, const QList<TemplateElement>& elements, const FieldText& fields);
 
   private:
-    /// `next`: the element after it, which may continue its last line; null if there is none.
-    void PaintText(QPainter& painter, const TemplateElement& element, const TemplateElement* next,
+    /// What precedes and follows a text.
+    struct Neighbours {
+        QRectF line;                  ///< last line of the preceding element if it is a text; otherwise empty
+        const TemplateElement* next;  ///< may continue the last line; null if there is none
+    };
+
+    void PaintText(QPainter& painter, const TemplateElement& element, const Neighbours& neighbours,
                    const FieldText& fields);
+    /// Paints an element that is no text.
+    void PaintOther(QPainter& painter, const TemplateElement& element, const FieldText& fields);
     /// Length of the end of the last line of `element` that is reserved for `next`, in millimetres.
     double ReservedFor(const TemplateElement& element, const TemplateElement* next, const FieldText& fields);
     void PaintDigitBoxes(QPainter& painter, const TemplateElement& element, const QString& text);
@@ -53,7 +60,7 @@ class ElementPainter {
 
     FontSet& fonts_;
     QCache<QString, QImage> pictures_{8};
-    QRectF lastLine_;  ///< of the preceding element if it is a text; otherwise empty
+    QRectF lastLine_;  ///< of the element painted last if it is a text; otherwise empty
 };
 
 }  // namespace report

@@ -50,7 +50,7 @@ struct ShapedGlyph {
     const FontFace* face = nullptr;
     quint32 glyph = 0;     ///< index in the font
     QPointF at;            ///< origin of the glyph
-    bool turned = false;   ///< rotated by 90 degrees about `at`
+    bool rotated = false;  ///< rotated by 90 degrees about `at`
     double stretch = 1;    ///< scaling of its width
     int cell = 0;          ///< glyphs of a cell are not spaced out
     qsizetype textAt = 0;  ///< index of the character in the text, in UTF-16 code units

@@ -97,7 +97,7 @@ void LineShaper::AddUpright(const FontFace& face, const hb_glyph_info_t& info, c
     glyph.at = QPointF(position.x_offset / em, at - position.y_offset / em);
     const char32_t character = text_[glyph.textAt].unicode();
     if (kRotatedSigns.find(character) != std::u32string_view::npos && face.GlyphOf(character) == info.codepoint) {
-        glyph.turned = true;
+        glyph.rotated = true;
         glyph.at = QPointF(0.5 - kAboveBaseline, at + advance / 2 - 0.5);
     }
     glyph.cell = shaped_.cells++;
@@ -114,7 +114,7 @@ void LineShaper::AddLevel(const FontFace& face, const hb_glyph_info_t& info, con
         runWidth_ += advance;
         return Append(glyph, 0);
     }
-    glyph.turned = vertical_;
+    glyph.rotated = vertical_;
     // Rotated by 90 degrees, "up" is to the right.
     glyph.at = vertical_ ? QPointF(0.5 - kAboveBaseline - offset.y(), at + offset.x()) : QPointF(at, 0) + offset;
     glyph.cell = shaped_.cells++;

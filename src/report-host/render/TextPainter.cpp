@@ -21,42 +21,66 @@ class RunPainter {
         for (const ShapedGlyph& glyph : line.glyphs) {
             const double moved = spread * glyph.cell;
             const QPointF at = (glyph.at + (vertical ? QPointF(0, moved) : QPointF(moved, 0))) * FontFace::kPixels;
-            if (glyph.face != current_.face || glyph.turned != current_.turned || glyph.stretch != current_.stretch)
-                Flush();
-            current_ = glyph;
+            if (current_ && !IsAlike(glyph, *current_)) Flush();
+            current_ = &glyph;
             indexes_.append(glyph.glyph);
-            places_.append(glyph.turned ? QPointF(at.y(), -at.x()) : QPointF(at.x() / glyph.stretch, at.y()));
+            places_.append(glyph.rotated ? QPointF(at.y(), -at.x()) : QPointF(at.x() / glyph.stretch, at.y()));
         }
         Flush();
     }
 
   private:
+    static bool IsAlike(const ShapedGlyph& a, const ShapedGlyph& b) {
+        return a.face == b.face && a.rotated == b.rotated && a.stretch == b.stretch;
+    }
+
     void Flush() {
         if (indexes_.isEmpty()) return;
         QGlyphRun run;
-        run.setRawFont(current_.face->Raw());
+        run.setRawFont(current_->face->Raw());
         run.setGlyphIndexes(std::exchange(indexes_, {}));
         run.setPositions(std::exchange(places_, {}));
-        const bool isPlain = !current_.turned && current_.stretch == 1;
+        const bool isPlain = !current_->rotated && current_->stretch == 1;
         if (isPlain) return painter_.drawGlyphRun(QPointF(), run);
         painter_.save();
-        if (current_.turned) painter_.rotate(90);
-        painter_.scale(current_.stretch, 1);
+        if (current_->rotated) painter_.rotate(90);
+        painter_.scale(current_->stretch, 1);
         painter_.drawGlyphRun(QPointF(), run);
         painter_.restore();
     }
 
     QPainter& painter_;
-    ShapedGlyph current_;  ///< properties of the pending glyphs
+    const ShapedGlyph* current_ = nullptr;  ///< the last of the pending glyphs
     QList<quint32> indexes_;
     QList<QPointF> places_;
 };
 
 /// Offset of content of size `used` in a box. Content that is too large starts at 0.
 template <typename Alignment>
-double Offset(Alignment alignment, double room, double used) {
-    const double left = std::max(0.0, room - used);
+double Offset(Alignment alignment, double available, double used) {
+    const double left = std::max(0.0, available - used);
     return alignment == Alignment::Middle ? left / 2 : alignment == Alignment::End ? left : 0;
+}
+
+/// Where a line is drawn and how it is scaled.
+struct LinePlace {
+    QRectF box;
+    double size, stretch;
+    double gap;  ///< between the cells, in em
+};
+
+void DrawLineIn(QPainter& painter, const ShapedText& line, const LinePlace& place) {
+    const double scale = place.size / FontFace::kPixels;
+    painter.save();
+    if (line.vertical) {
+        painter.translate(place.box.center().x(), place.box.top());
+        painter.scale(scale, scale * place.stretch);
+    } else {
+        painter.translate(place.box.left(), place.box.top() + kAboveBaseline * place.size);
+        painter.scale(scale * place.stretch, scale);
+    }
+    RunPainter(painter).Paint(line, place.gap, line.vertical);
+    painter.restore();
 }
 
 }  // namespace
@@ -70,34 +94,22 @@ void DrawLine(QPainter& painter, const ShapedText& line, QPointF origin, double 
 }
 
 QRectF DrawFitted(QPainter& painter, const FittedText& text, const TextStyle& style, const QRectF& place) {
-    const bool vertical = style.vertical;
-    const double room = vertical ? place.height() : place.width(), depth = vertical ? place.width() : place.height();
-    const double step = text.size * style.lineStep;
+    const QSizeF available = style.vertical ? place.size().transposed() : place.size();
+    const double step = text.size * style.lineStep, em = text.size * text.stretch;
     const double used = text.size + step * static_cast<double>(text.lines.size() - 1);
-    const double across = Offset(style.across, depth, used);
-    QRectF last;
+    const double across = Offset(style.across, available.height(), used);
+    QRectF box;
     for (qsizetype i = 0; i < text.lines.size(); ++i) {
         const ShapedText& line = *text.lines[i];
-        const double length = line.length * text.size * text.stretch;
-        const double deep = across + step * static_cast<double>(i);
-        const double along = Offset(style.along, room, length);
-        const bool spread = style.along == Along::Spread && line.cells > 1 && length < room;
-        const double gap = spread ? (room - length) / (text.size * text.stretch * (line.cells - 1)) : 0;
-        const double scale = text.size / FontFace::kPixels;
-        painter.save();
-        if (vertical) {
-            painter.translate(place.right() - deep - text.size / 2, place.top() + along);
-            painter.scale(scale, scale * text.stretch);
-        } else {
-            painter.translate(place.left() + along, place.top() + deep + kAboveBaseline * text.size);
-            painter.scale(scale * text.stretch, scale);
-        }
-        RunPainter(painter).Paint(line, gap, vertical);
-        painter.restore();
-        last = vertical ? QRectF(place.right() - deep - text.size, place.top() + along, text.size, length)
-                        : QRectF(place.left() + along, place.top() + deep, length, text.size);
+        const double length = line.length * em, deep = across + step * static_cast<double>(i);
+        const double along = Offset(style.along, available.width(), length);
+        box = style.vertical ? QRectF(place.right() - deep - text.size, place.top() + along, text.size, length)
+                             : QRectF(place.left() + along, place.top() + deep, length, text.size);
+        const bool isSpread = style.along == Along::Spread && line.cells > 1 && length < available.width();
+        const double gap = isSpread ? (available.width() - length) / (em * (line.cells - 1)) : 0;
+        DrawLineIn(painter, line, {box, text.size, text.stretch, gap});
     }
-    return last;
+    return box;
 }
 
 }  // namespace report

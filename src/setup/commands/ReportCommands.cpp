@@ -116,7 +116,7 @@ QString WithOffsetOf(const QString& present, QString text) {
     return text.replace(QRegularExpression(u"^(用紙.*)$"_s, QRegularExpression::MultilineOption), u"\\1\n"_s + offset);
 }
 
-/// The ready-made template that a stored text is, apart from the printer's offset; empty if it was edited.
+/// The ready-made template that a stored text is, except for the printer's offset; empty if it was edited.
 QString ReadyNameOf(const QString& report, const QString& text) {
     for (const report::ReadyTemplate& ready : report::ReadyTemplates())
         if (ready.report == report && WithoutOffset(WithOffsetOf(text, ready.Text())) == WithoutOffset(text))
