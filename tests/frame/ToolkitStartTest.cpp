@@ -4,9 +4,9 @@
 #include <QProcess>
 #include <QtTest/QTest>
 
-#include "frame/RealProgram.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
+#include "support/RealProgram.h"
 
 using namespace Qt::StringLiterals;
 
