@@ -36,9 +36,10 @@ class ServerPins : public OnServer {
         return texts;
     }
     QString Fault(int count) const {
-        return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
-               u"件あり、入力しても一致しません。次を実行してください。\n"
-               u"    suite-setup seal-pins %2 --odbc 所有者の接続文字列\n"_s.arg(count)
+        return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 件あります。\n"
+               u"  影響: 暗証番号を入力しても「暗証番号が違います。」と出ます。\n"
+               u"  対処: 次を実行してください。\n"
+               u"    suite-setup seal-pins '%2' --odbc '所有者の接続文字列'\n"_s.arg(count)
                    .arg(installation.Root());
     }
     void DefineReader(const ReadingUser& user) const {

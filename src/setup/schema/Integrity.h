@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace setup {
+
+/// Result of the engine's own check of a database file.
+struct Integrity {
+    QStringList errors{};      ///< the engine's messages, at most a few
+    bool onlyIndexes = false;  ///< all errors are in indexes, which can be rebuilt from the rows
+
+    bool IsIntact() const { return errors.isEmpty(); }
+};
+
+/// Checks structure, rows and indexes of a database file without writing. Throws database::DatabaseError if the file
+/// can't be opened.
+Integrity IntegrityOf(const QString& path);
+
+/// Rebuilds all indexes of a file. Throws database::DatabaseError.
+void RebuildIndexes(const QString& path);
+
+}  // namespace setup
