@@ -99,7 +99,7 @@ TEST_F(TemplateCommandsTest, WrongWordsAreRefused) {
     };
     const QString root = installation.Root();
     for (const Case& c :
-         {Case{{u"forms"_s}, u"コマンド forms はありません。"_s},
+         {Case{{u"forms"_s}, u"forms のあとにコマンドの続きを指定してください。"_s},
           Case{{u"forms"_s, u"print"_s, root}, u"コマンド forms print はありません。"_s},
           Case{{u"forms"_s, u"check"_s}, u"インストール先のフォルダを指定してください。"_s},
           Case{{u"forms"_s, u"check"_s, root, u"a"_s, u"b"_s}, u"引数 b が余分です。"_s},
