@@ -115,6 +115,46 @@ TEST_F(ServerTool, CheckLooksAtTheServerToo) {
 
 namespace {
 
+/// Findings of check about the rows of the general database, and the staff that a search finds.
+class ServerRows : public OnServer {
+  protected:
+    QString Findings() const {
+        QStringList lines;
+        for (const QString& line : RunServerTool({u"check"_s, installation.Root()}).out.split(u'\n'))
+            if (line.startsWith(u"・一般データベース"_s) || line.contains(u"--odbc"_s)) lines.append(line);
+        return lines.join(u'\n');
+    }
+};
+
+}  // namespace
+
+TEST_F(ServerRows, AreCheckedAndRepairedAsInAFile) {
+    ASSERT_TRUE(OpenGeneral());
+    const qsizetype all = Search().size();
+    ASSERT_EQ(Findings(), QString());
+    server.Run(
+        u"UPDATE M担当者 SET 社員区分 = '7' WHERE コード < '00003'; UPDATE M担当者 SET 性別区分 = NULL WHERE コード = "
+        u"'00004';"
+        u"DELETE FROM Mユーザ; DELETE FROM K年号区分; UPDATE M担当者 SET 住所B = NULL WHERE コード = '00005'"_s);
+    EXPECT_LT(Search().size(), all);
+    const QString found = Findings();
+    for (const QString& text :
+         {u"の Mユーザ に会社の行 0001 がありません。"_s, u"の K年号区分 に行がありません。"_s,
+          u"K社員区分 にない社員区分「7」の要員が 2 名います。"_s,
+          u"K性別区分 にない空の性別区分の要員が 1 名います。"_s, u"住所A があり住所B が Null の要員が 1 名います。"_s})
+        EXPECT_TRUE(found.contains(text)) << found.toStdString();
+    EXPECT_TRUE(found.contains(
+        u"    suite-setup repair '%1' --odbc '所有者の接続文字列' --reset-classes"_s.arg(installation.Root())))
+        << found.toStdString();
+    const ToolOutput repaired =
+        RunServerTool({u"repair"_s, installation.Root(), u"--odbc"_s, server.OdbcString(), u"--reset-classes"_s});
+    EXPECT_EQ(repaired.status, 0) << repaired.err.toStdString();
+    EXPECT_EQ(Findings(), QString()) << repaired.out.toStdString();
+    EXPECT_EQ(Search().size(), all);
+}
+
+namespace {
+
 /// A server that compares text differently from what the programs require, and the message and remedy for it.
 class ServerTextFaults : public OnServer {
   protected:
