@@ -41,13 +41,14 @@ void Fill(const QString& file) {
     Run(database, "BEGIN");
     for (int i = 0; i < kRows; ++i) {
         const int row = i / kUsers % kRowsOfRun;
-        Run(database, u"INSERT INTO プログラム稼動履歴 VALUES ('2026%1 %2', '要員名簿照会', '%3', '%4', '000', '00001',"
-                      u" 'user%5')"_s.arg(1001 + i / 10000)
-                          .arg(90000 + i % 10000 / 10, 6, 10, QChar(u'0'))
-                          .arg(row + 1, 12, 10, QChar(u'0'))
-                          .arg(TextOf(row))
-                          .arg(i % kUsers)
-                          .toUtf8());
+        Run(database,
+            u"INSERT INTO プログラム稼動履歴 VALUES ('2026%1 %2', '要員名簿照会', '%3', '%4', '000', '00001',"
+            u" 'user%5')"_s.arg(1001 + i / 10000)
+                .arg(90000 + i % 10000 / 10, 6, 10, QChar(u'0'))
+                .arg(row + 1, 12, 10, QChar(u'0'))
+                .arg(TextOf(row))
+                .arg(i % kUsers)
+                .toUtf8());
     }
     Run(database, "COMMIT");
     sqlite3_close(database);
@@ -57,7 +58,8 @@ void ReadByHand(const QString& file) {
     sqlite3* database = nullptr;
     sqlite3_stmt* rows = nullptr;
     if (sqlite3_open_v2(file.toUtf8().constData(), &database, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK ||
-        sqlite3_prepare_v2(database, "SELECT * FROM プログラム稼動履歴 ORDER BY rowid", -1, &rows, nullptr) != SQLITE_OK)
+        sqlite3_prepare_v2(database, "SELECT * FROM プログラム稼動履歴 ORDER BY rowid", -1, &rows, nullptr) !=
+            SQLITE_OK)
         Fail(sqlite3_errmsg(database));
     std::FILE* out = std::fopen("/dev/null", "w");
     while (sqlite3_step(rows) == SQLITE_ROW) {
@@ -81,7 +83,8 @@ void ReadByTool(const QString& root) {
 
 int main() {
     const QTemporaryDir folder;
-    const QString root = setup::MakeInstallation({.folder = folder.filePath(u"suite"_s), .programFolder = {}, .staff = 1});
+    const QString root =
+        setup::MakeInstallation({.folder = folder.filePath(u"suite"_s), .programFolder = {}, .staff = 1});
     const QString file = root + u"/conf/usrcnfg.accdb"_s;
     Fill(file);
     const auto result = PairedRuns(7).Measure(

@@ -50,9 +50,12 @@ class CheckScopeTest : public SuiteSetupCheck {
         for (const QString& file : {u"conf/usrcnfg.accdb"_s, u"report/repdb.accdb"_s, u"report/repfrmdb.accdb"_s})
             ASSERT_TRUE(QFile::copy(Own(file), installation.UserFolder(name) + u'/' + file));
         SampleFile(report + u"/repfrmdb.accdb"_s)
-            .Execute(u"UPDATE リンクテーブル SET 接続 = ';DATABASE=%1/repdb.accdb'"_s.arg(report));
-        registry.Give(LocationsOf(u"16.0"_s) + u"\\Location_"_s + name, u"Path"_s, report + u'/');
-        setup::CorrectRights(installation.Root());
+            .Execute(
+                u"PRAGMA synchronous = OFF; UPDATE リンクテーブル SET 接続 = ';DATABASE=%1/repdb.accdb'"_s.arg(report));
+        // Appended as text: the registry flushes each of its writes.
+        QFile file(registry.UserFile());
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        file.write(u"[%1\\Location_%2]\n\"Path\"=\"%3/\"\n"_s.arg(LocationsOf(u"16.0"_s), name, report).toUtf8());
     }
     void AddHistory(const QString& time) const {
         OwnConfiguration().Execute(
@@ -150,6 +153,7 @@ TEST_F(CheckScopeTest, ClockFarAfterTheNewestRowIsNamedAndRight) {
 
 TEST_F(CheckScopeTest, TwoHundredUsersAreCheckedEach) {
     for (int number = 1; number < 200; ++number) MakeUser(u"user%1"_s.arg(number, 3, 10, QChar(u'0')));
+    setup::CorrectRights(installation.Root());
     ToolOutput output = Check();
     EXPECT_EQ(output.out.count(u"利用者 user"_s), 199);
     EXPECT_TRUE(output.out.endsWith(u"利用者 user199\n問題はありません。\n"_s)) << output.out.right(500).toStdString();
@@ -164,6 +168,7 @@ TEST_F(CheckScopeTest, TwoHundredUsersAreCheckedEach) {
 
 TEST_F(CheckScopeTest, AllUsersAreCheckedWithTheRightsOfEach) {
     MakeUser(u"nobody"_s);
+    setup::CorrectRights(installation.Root());
     // The folder of the tests is closed to other users.
     const ToolOutput output = Check({u"--all-users"_s});
     EXPECT_EQ(output.status, 1);
@@ -177,6 +182,7 @@ TEST_F(CheckScopeTest, AllUsersAreCheckedWithTheRightsOfEach) {
 TEST_F(CheckScopeTest, AllUsersOrNone) {
     REQUIRE_SUPERUSER();
     MakeUser(u"nobody"_s);
+    SetModeOf(installation.UserFolder(u"nobody"_s), 0700);
     GiveTo(kNobody, installation.UserFolder(u"nobody"_s));
     const WithoutFileRights asAnybody;
     const ToolOutput output = Check({u"--all-users"_s});

@@ -166,11 +166,16 @@ TEST_F(SuiteSetupCheck, ReportsWhichSharedFilesAnotherUserMayNotWrite) {
     SampleFile(suite.Root() + u"/conf/usrcnfg.accdb"_s).Execute(u"UPDATE 動作環境定義 SET インストール区分 = '0'"_s);
     const QString file = suite.Root() + u"/conf/usrcnfg.accdb"_s, folder = suite.Root() + u"/report"_s;
     const unsigned group = platform::RightsOf(file)->group;
-    ASSERT_TRUE(platform::SetRights(file, group, 0640) && platform::SetRights(folder, group, 02750));
+    ASSERT_TRUE(platform::SetRights(file, group, 0640) && platform::SetRights(folder, group, 02750) &&
+                platform::SetRights(suite.General().Path(), group, 0640));
     EXPECT_EQ(RunTool({u"check"_s, suite.Root(), u"--user"_s, u"nobody"_s}).out,
-              RightsFault(suite, {{file, u"0640 %1 → 0660 %1"_s}, {folder, u"2750 %1 → 2770 %1"_s}}) +
+              RightsFault(suite, {{suite.General().Path(), u"0640 %1 → 0660 %1"_s},
+                                  {file, u"0640 %1 → 0660 %1"_s},
+                                  {folder, u"2750 %1 → 2770 %1"_s}}) +
                   GroupFault(suite, u"構成データベース %1 に書き込む権限がありません。"_s.arg(file),
                              u"履歴が残らず、要員台帳更新との行き来ができません。"_s) +
+                  GroupFault(suite, u"一般データベース %1 に書き込む権限がありません。"_s.arg(suite.General().Path()),
+                             u"要員台帳更新で保存できません。"_s) +
                   GroupFault(suite, u"帳票データベースのフォルダ %1 に書き込む権限がありません。"_s.arg(folder),
                              u"印刷やテキスト出力をすると「帳票が使用できません。」と出ます。"_s));
 }

@@ -18,7 +18,8 @@ class HistoryOptions : public testing::Test {
     HistoryOptions() {
         const SampleFile& file = installation.Configuration();
         AddRow(file, u"20261120 090000"_s, 1, u"開始 001 \"x\""_s, u"tester"_s, u""_s);
-        AddRow(file, u"20261120 090001"_s, 2, u"エラー no such table: M部門SELECT * FROM M部門 WHERE コード = ''010''"_s);
+        AddRow(file, u"20261120 090001"_s, 2,
+               u"エラー no such table: M部門SELECT * FROM M部門 WHERE コード = ''010''"_s);
         AddRow(file, u"20261120 090002"_s, 3, u"終了"_s);
         AddRow(file, u"20261121 080000"_s, 7, u"出力開始 印刷"_s, u"suzuki"_s);
         AddRow(file, u"20261121 093000"_s, 1, u"開始 "_s);
@@ -76,14 +77,15 @@ TEST_F(HistoryOptions, RowsAreWrittenToACsvFile) {
     const QTemporaryDir folder;
     const QString file = folder.filePath(u"history.csv"_s);
     WriteBytes(file, "old");
-    EXPECT_EQ(History({u"--csv"_s, file, u"--until"_s, u"2026-11-20"_s}), u"%1 に 3 行を書き込みました。\n"_s.arg(file));
+    EXPECT_EQ(History({u"--csv"_s, file, u"--until"_s, u"2026-11-20"_s}),
+              u"%1 に 3 行を書き込みました。\n"_s.arg(file));
     const QString text =
-              QChar(0xFEFF) +
-                  u"\"実行\",\"日時\",\"プログラム\",\"利用者\",\"番号\",\"事業所\",\"担当者\",\"摘要\",\"SQL\"\r\n"
-                  u"\"3\",\"2026/11/20 09:00:00\",\"要員名簿照会\",\"tester\",\"1\",\"000\",\"\",\"開始 001 \"\"x\"\"\",\"\"\r\n"
-                  u"\"3\",\"2026/11/20 09:00:01\",\"要員名簿照会\",\"tester\",\"2\",\"000\",\"00001\","
-                  u"\"エラー no such table: M部門\",\"SELECT * FROM M部門 WHERE コード = '010'\"\r\n"
-                  u"\"3\",\"2026/11/20 09:00:02\",\"要員名簿照会\",\"tester\",\"3\",\"000\",\"00001\",\"終了\",\"\"\r\n"_s;
+        QChar(0xFEFF) +
+        u"\"実行\",\"日時\",\"プログラム\",\"利用者\",\"番号\",\"事業所\",\"担当者\",\"摘要\",\"SQL\"\r\n"
+        u"\"3\",\"2026/11/20 09:00:00\",\"要員名簿照会\",\"tester\",\"1\",\"000\",\"\",\"開始 001 \"\"x\"\"\",\"\"\r\n"
+        u"\"3\",\"2026/11/20 09:00:01\",\"要員名簿照会\",\"tester\",\"2\",\"000\",\"00001\","
+        u"\"エラー no such table: M部門\",\"SELECT * FROM M部門 WHERE コード = '010'\"\r\n"
+        u"\"3\",\"2026/11/20 09:00:02\",\"要員名簿照会\",\"tester\",\"3\",\"000\",\"00001\",\"終了\",\"\"\r\n"_s;
     EXPECT_EQ(ReadBytes(file), text.toUtf8());
     EXPECT_EQ(RunTool({u"history"_s, installation.Root(), u"--csv"_s, u"/nowhere/history.csv"_s}).status, 1);
 }
@@ -96,22 +98,23 @@ TEST_F(HistoryOptions, FollowShowsErrorsOnlyIfAskedTo) {
         AddRow(installation.Configuration(), u"100001"_s, 2, u"エラー 読めません"_s);
         return true;
     });
-    EXPECT_TRUE(output.out.endsWith(u"\n続き  2026/11/21 10:00:00  要員名簿照会  tester\n"
-                                    u"番号  日時                 事業所  担当者  摘要\n"
-                                    u"   2  2026/11/21 10:00:01  000     00001   エラー 読めません\n"_s))
+    EXPECT_TRUE(
+        output.out.endsWith(u"\n続き  2026/11/21 10:00:00  要員名簿照会  tester\n"
+                            u"番号  日時                 事業所  担当者  摘要\n"
+                            u"   2  2026/11/21 10:00:01  000     00001   エラー 読めません\n"_s))
         << output.out.toStdString();
 }
 
 TEST_F(HistoryOptions, InvalidTimesAndFormsAreRefused) {
-    for (const QString& time : {u"yesterday"_s, u"2026-13-01"_s, u"2026-11"_s, u"2026-11-21 25:00"_s, u""_s, u"２０２６１１２１"_s,
-                                u"2026112109305"_s})
+    for (const QString& time : {u"yesterday"_s, u"2026-13-01"_s, u"2026-11"_s, u"2026-11-21 25:00"_s, u""_s,
+                                u"２０２６１１２１"_s, u"2026112109305"_s})
         for (const QString& name : {u"--since"_s, u"--until"_s}) {
             const ToolOutput output = RunTool({u"history"_s, installation.Root(), name + u'=' + time});
             EXPECT_EQ(output.status, 2) << time.toStdString();
             EXPECT_EQ(
                 output.err.section(u'\n', 0, 0),
-                u"suite-setup: オプション %1 には 2026-11-21 か \"2026-11-21 09:30\" の形で日時を指定してください。"_s.arg(
-                    name));
+                u"suite-setup: オプション %1 には 2026-11-21 か \"2026-11-21 09:30\" の形で日時を指定してください。"_s
+                    .arg(name));
         }
     EXPECT_EQ(RunTool({u"history"_s, installation.Root(), u"--short"_s, u"--follow"_s}).err.section(u'\n', 0, 0),
               u"suite-setup: --short、--csv、--follow は一つだけ指定してください。"_s);
@@ -132,7 +135,8 @@ TEST(HistoryText, StatementIsSeparatedFromWhatPrecedesIt) {
     };
     EXPECT_EQ(parts(u"出力終了 UPDATE 動作環境定義 SET 起動担当者コード = ''00001''"_s),
               (QStringList{u"出力終了"_s, u"UPDATE 動作環境定義 SET 起動担当者コード = '00001'"_s}));
-    EXPECT_EQ(parts(u"エラー 失敗INSERT INTO a SELECT 1"_s), (QStringList{u"エラー 失敗"_s, u"INSERT INTO a SELECT 1"_s}));
+    EXPECT_EQ(parts(u"エラー 失敗INSERT INTO a SELECT 1"_s),
+              (QStringList{u"エラー 失敗"_s, u"INSERT INTO a SELECT 1"_s}));
     EXPECT_EQ(parts(u"エラー DB_OPEN ERROR-1 x"_s), (QStringList{u"エラー DB_OPEN ERROR-1 x"_s, QString()}));
     EXPECT_EQ(parts(u"出力終了 印刷"_s), (QStringList{u"出力終了 印刷"_s, QString()}));
     EXPECT_EQ(parts(u"開始 SELECT "_s), (QStringList{u"開始 SELECT "_s, QString()}));

@@ -9,6 +9,7 @@ namespace setup {
 const QList<CommonCheck>& CommonChecks() {
     static const QList<CommonCheck> checks{
         {.subject = u"フォルダ"_s, .run = CheckPlace},
+        {.subject = u"データベースの種類"_s, .run = CheckGenerations},
         {.subject = u"プログラム"_s, .run = CheckPrograms, .perUser = true},
         {.subject = u"帳票ホスト"_s, .run = CheckHost, .perUser = true},
         {.subject = u"権限"_s, .run = CheckModes},

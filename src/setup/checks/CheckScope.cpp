@@ -7,6 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "setup/checks/CheckReport.h"
 #include "setup/schema/GeneralDatabase.h"
+#include "setup/schema/Integrity.h"
 #include "setup/storage/Installation.h"
 
 using namespace Qt::StringLiterals;
@@ -33,6 +34,7 @@ QString Try(Step step) {
 }
 
 void OpenGeneral(CheckScope& scope) {
+    if (!scope.IsServer() && NeedsRecovery(database::SqlitePath(scope.definition->データソース名))) return;
     auto general = std::make_shared<database::Connection>();
     scope.generalError = Try([&] { OpenDefined(*general, *scope.definition, database::ConnectMode::Read); });
     if (scope.generalError.isEmpty()) scope.general = general;
@@ -65,6 +67,7 @@ std::optional<QList<QStringList>> CheckScope::Rows(const QString& sql) const {
 
 CheckScope ScopeOf(const QString& root, const QString& user) {
     CheckScope scope{.root = root, .user = UserAccess(user), .configuration = ConfigurationPath(root)};
+    if (NeedsRecovery(scope.configuration)) return scope;
     scope.configurationOpens = Try([&] { OpenSuiteFile(scope.configuration, database::ConnectMode::Read); }).isEmpty();
     if (!scope.configurationOpens) return scope;
     Try([&] { scope.definition = FindDefinition(scope.configuration); });

@@ -26,6 +26,8 @@ void RunCheck(CheckReport& report, const QString& subject, const std::function<v
 
 // FileCheck.cpp
 void CheckPlace(const CheckScope& scope, CheckReport& report);
+/// Databases of both suffixes, of which the programs use one.
+void CheckGenerations(const CheckScope& scope, CheckReport& report);
 void CheckPrograms(const CheckScope& scope, CheckReport& report);
 void CheckModes(const CheckScope& scope, CheckReport& report);
 void CheckSpace(const CheckScope& scope, CheckReport& report);
@@ -53,13 +55,12 @@ struct DatabaseSubject {
     QStringList commands{};  ///< same, as commands
 };
 DatabaseSubject SubjectOf(const CheckScope& scope, DatabaseKind kind);
-/// True if the file exists, the user may read it, and the programs can open it.
-bool CheckDatabase(CheckReport& report, const UserAccess& user, const QString& path, const DatabaseSubject& subject);
+/// True if the file exists, the user of the scope may read it, and the programs can open it.
+bool CheckDatabase(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
 /// True if the content of a file that can be opened is intact and no table or column is missing.
 bool CheckContent(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
 /// Whether the user may write a database and create its journal.
-void CheckWritable(const CheckScope& scope, CheckReport& report, const UserAccess& user, const QString& path,
-                   const DatabaseSubject& subject);
+void CheckWritable(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
 void CheckConfiguration(const CheckScope& scope, CheckReport& report);
 void CheckGeneral(const CheckScope& scope, CheckReport& report);
 
@@ -82,7 +83,7 @@ void CheckPins(const CheckScope& scope, CheckReport& report);
 void CheckCommonReports(const CheckScope& scope, CheckReport& report);
 /// Work tables, template file, links, templates and output targets of one report folder. `own`: the user prints from
 /// these files and must be able to write them. `user`: of a private folder, otherwise empty.
-void CheckReports(const CheckScope& scope, CheckReport& report, const UserAccess& access, const QString& workTables,
-                  const QString& user, bool own);
+void CheckReports(const CheckScope& scope, CheckReport& report, const QString& workTables, const QString& user,
+                  bool own);
 
 }  // namespace setup

@@ -92,6 +92,11 @@ void ReportUnusableServer(const CheckScope& scope, CheckReport& report) {
                 .commands = {ToolCommand(u"use-server"_s, scope.root, u"--odbc '接続文字列'"_s)}});
 }
 
+QString EffectOfReadOnly(DatabaseKind kind) {
+    if (kind == DatabaseKind::Configuration) return u"履歴が残らず、要員台帳更新との行き来ができません。"_s;
+    return kind == DatabaseKind::General ? u"要員台帳更新で保存できません。"_s : kNoReports;
+}
+
 }  // namespace
 
 DatabaseSubject SubjectOf(const CheckScope& scope, DatabaseKind kind) {
@@ -119,8 +124,14 @@ DatabaseSubject SubjectOf(const CheckScope& scope, DatabaseKind kind) {
     }
 }
 
-bool CheckDatabase(CheckReport& report, const UserAccess& user, const QString& path, const DatabaseSubject& subject) {
-    if (!CheckReadable(report, user, path, subject)) return false;
+bool CheckDatabase(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject) {
+    if (!CheckReadable(report, scope.user, path, subject)) return false;
+    if (NeedsRecovery(path)) {
+        report.Add({.what = u"%1 %2 に、途中で終わった書き込みが残っています。"_s.arg(subject.name, path),
+                    .effect = u"書き込む権限のない利用者は開けません。ほかの利用者が次に開くと元に戻ります。"_s,
+                    .commands = {ToolCommand(u"repair"_s, scope.root)}});
+        return false;
+    }
     try {
         OpenSuiteFile(path, database::ConnectMode::Read);
         return true;
@@ -148,26 +159,23 @@ bool CheckContent(const CheckScope& scope, CheckReport& report, const QString& p
     return whole;
 }
 
-void CheckWritable(const CheckScope& scope, CheckReport& report, const UserAccess& user, const QString& path,
-                   const DatabaseSubject& subject) {
+void CheckWritable(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject) {
     const QString folder = QFileInfo(path).path();
-    Finding finding{.effect = subject.kind == DatabaseKind::Configuration
-                                  ? u"履歴が残らず、要員台帳更新との行き来ができません。"_s
-                                  : kNoReports,
+    Finding finding{.effect = EffectOfReadOnly(subject.kind),
                     .remedy = kJoinGroup,
                     .commands = {ToolCommand(u"upgrade"_s, scope.root)}};
-    if (!user.MayWrite(path))
+    if (!scope.user.MayWrite(path))
         finding.what = u"%1 %2 に書き込む権限がありません。"_s.arg(subject.name, path);
-    else if (!user.MayMakeFilesIn(folder))  // for the rollback journal
+    else if (!scope.user.MayMakeFilesIn(folder))  // for the rollback journal
         finding.what = u"%1のフォルダ %2 に書き込む権限がありません。"_s.arg(subject.name, folder);
     if (!finding.what.isEmpty()) report.Add(finding);
 }
 
 void CheckConfiguration(const CheckScope& scope, CheckReport& report) {
     const DatabaseSubject subject = SubjectOf(scope, DatabaseKind::Configuration);
-    if (!CheckDatabase(report, scope.user, scope.configuration, subject)) return;
+    if (!CheckDatabase(scope, report, scope.configuration, subject)) return;
     CheckContent(scope, report, scope.configuration, subject);
-    if (!scope.HasPrivateCopies()) CheckWritable(scope, report, scope.user, scope.configuration, subject);
+    if (!scope.HasPrivateCopies()) CheckWritable(scope, report, scope.configuration, subject);
 }
 
 void CheckGeneral(const CheckScope& scope, CheckReport& report) {
@@ -179,7 +187,9 @@ void CheckGeneral(const CheckScope& scope, CheckReport& report) {
     if (scope.general == nullptr) return;  // reported by CheckDefinition
     const DatabaseSubject subject = SubjectOf(scope, DatabaseKind::General);
     const QString path = database::SqlitePath(scope.definition->データソース名);
-    if (CheckDatabase(report, scope.user, path, subject)) CheckContent(scope, report, path, subject);
+    if (!CheckDatabase(scope, report, path, subject)) return;
+    CheckContent(scope, report, path, subject);
+    CheckWritable(scope, report, path, subject);
 }
 
 }  // namespace setup

@@ -25,27 +25,37 @@ bool HasOwnFile(const QString& root, const QString& source) {
     return QFileInfo(root + u"/data/"_s + QString(source).replace(u'\\', u'/').section(u'/', -1)).isFile();
 }
 
+/// What `move` corrects in a definition of a file; nullopt if there is nothing.
+std::optional<Finding> WrongSource(const CheckScope& scope, const QString& source, const QString& file) {
+    const bool own = HasOwnFile(scope.root, source);
+    Finding finding{.commands = {ToolCommand(u"move"_s, scope.root)}};
+    if (own && !source.startsWith(u'/') && !source.contains(u'\\')) {
+        finding.what = u"一般データベースの定義のパス「%1」が絶対パスではありません。"_s.arg(source);
+        finding.effect = u"起動したフォルダによって、データベースが使えなかったり別のものが使われたりします。"_s;
+    } else if (const QString other = scope.otherInstallation; !other.isEmpty()) {
+        finding.what = u"一般データベースの定義が別のインストール %1 の %2 を指しています。"_s.arg(other, source);
+        finding.effect = u"%1 の要員が表示され、修正も %1 に書き込まれます。"_s.arg(other);
+        if (!own)
+            finding.remedy = u"このインストールの一般データベースを %1 に戻し、次を実行してください。"_s.arg(
+                scope.root + u"/data"_s);
+    } else if (own && !QFileInfo(file).isFile()) {
+        finding.what = u"一般データベースの定義が指す %1 がありません。"_s.arg(source);
+        finding.effect = kNoDatabase;
+    } else {
+        return std::nullopt;
+    }
+    return finding;
+}
+
 void CheckSource(const CheckScope& scope, CheckReport& report) {
     const QString source = scope.definition->データソース名, file = database::SqlitePath(source);
-    const bool movable = HasOwnFile(scope.root, source) &&
-                         QFileInfo(file).canonicalPath() != QFileInfo(scope.root + u"/data"_s).canonicalFilePath();
-    const QStringList move{ToolCommand(u"move"_s, scope.root)};
-    const QString other = scope.otherInstallation;
-    if (!other.isEmpty() && movable)
-        report.Add({.what = u"一般データベースの定義が別のインストール %1 の %2 を指しています。"_s.arg(other, source),
-                    .effect = u"%1 の要員が表示され、修正も %1 に書き込まれます。"_s.arg(other),
-                    .commands = move});
-    else if (scope.general != nullptr)
+    if (const std::optional<Finding> wrong = WrongSource(scope, source, file)) return report.Add(*wrong);
+    if (scope.general != nullptr || !CheckDatabase(scope, report, file, SubjectOf(scope, DatabaseKind::General)))
         return;
-    else if (!QFileInfo(file).isFile() && movable)
-        report.Add({.what = u"一般データベースの定義が指す %1 がありません。"_s.arg(source),
-                    .effect = kNoDatabase,
-                    .commands = move});
-    else if (CheckDatabase(report, scope.user, file, SubjectOf(scope, DatabaseKind::General)))
-        report.Add({.what = u"一般データベースの定義のプロバイダ名「%1」では %2 を開けません。%3"_s.arg(
-                        scope.definition->プロバイダ名, source, scope.generalError),
-                    .effect = kNoDatabase,
-                    .commands = {ToolCommand(u"repair"_s, scope.root)}});
+    report.Add({.what = u"一般データベースの定義のプロバイダ名「%1」では %2 を開けません。%3"_s.arg(
+                    scope.definition->プロバイダ名, source, scope.generalError),
+                .effect = kNoDatabase,
+                .commands = {ToolCommand(u"repair"_s, scope.root)}});
 }
 
 /// Rows of a configuration file.

@@ -88,6 +88,18 @@ void CheckPlace(const CheckScope& scope, CheckReport& report) {
             report.Add(MissingFolder(scope, folder));
 }
 
+void CheckGenerations(const CheckScope& scope, CheckReport& report) {
+    const FilePlaces common = CommonPlaces(scope.root);
+    for (const QString& file : {common.conf + u"/usrcnfg"_s, common.report + u"/repdb"_s}) {
+        const QString used = file + u".accdb"_s, unused = file + u".mdb"_s;
+        if (QFileInfo(used).isFile() && QFileInfo(unused).isFile())
+            report.Add({.what = u"%1 と %2 の両方があります。"_s.arg(used, unused),
+                        .effect = u"%1 は使われず、中の設定や行は効きません。"_s.arg(unused),
+                        .remedy = u"どちらが要るか確かめてください。上の方だけが要るなら、次を実行してください。"_s,
+                        .commands = {u"mv %1 %2"_s.arg(ShellWord(unused), ShellWord(unused + u".unused"_s))}});
+    }
+}
+
 void CheckPrograms(const CheckScope& scope, CheckReport& report) {
     CheckProgram(scope, report, u"要員名簿照会"_s, u"プログラムを起動できません。"_s);
     CheckProgram(scope, report, u"要員台帳更新"_s, u"一覧の行を押すと「情報登録プログラムが有りません」と出ます。"_s);

@@ -8,6 +8,7 @@
 #include "report-host/template/OutputTarget.h"
 #include "report-host/template/TemplateFile.h"
 #include "setup/checks/Checks.h"
+#include "setup/schema/Integrity.h"
 #include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 
@@ -44,6 +45,7 @@ void CheckFolder(CheckReport& report, const QString& folder, const LeftoverKind&
 /// Output folders of the reports in a template file. An unreadable file is reported by other checks.
 QStringList OutputFolders(const QString& templateFile) {
     QStringList folders;
+    if (NeedsRecovery(templateFile)) return folders;  // reading it would finish the write
     try {
         for (const QString& report : QStringList{QString()} + report::TemplateFile(templateFile).Names())
             if (const OutputTarget place = ReadOutputTarget(templateFile, report);

@@ -23,16 +23,16 @@ class ReportFolder {
     ReportFolder(const CheckScope& scope, CheckReport& report, const QString& workTables, const QString& user)
         : scope_(scope), report_(report), workTables_(workTables), user_(user), folder_(QFileInfo(workTables).path()) {}
 
-    void Check(const UserAccess& access, bool own) {
+    void Check(bool own) {
         const DatabaseSubject work = Subject(DatabaseKind::Report), forms = Subject(DatabaseKind::Forms);
-        bool whole = CheckDatabase(report_, access, workTables_, work);
-        if (whole && own) CheckWritable(scope_, report_, access, workTables_, work);
+        bool whole = CheckDatabase(scope_, report_, workTables_, work);
+        if (whole && own) CheckWritable(scope_, report_, workTables_, work);
         if (whole) whole = CheckContent(scope_, report_, workTables_, work);
         const QString expected = folder_ + u"/repfrmdb."_s + QFileInfo(workTables_).suffix();
         QStringList files = TemplateFilesIn(folder_);
         if (!files.contains(expected)) files.prepend(expected);
         for (const QString& file : files)
-            if (CheckDatabase(report_, access, file, forms) && CheckContent(scope_, report_, file, forms))
+            if (CheckDatabase(scope_, report_, file, forms) && CheckContent(scope_, report_, file, forms))
                 RunCheck(report_, u"帳票ファイル "_s + file + u' ', [&] { CheckTemplates(file, whole); });
     }
 
@@ -107,15 +107,14 @@ class ReportFolder {
 
 }  // namespace
 
-void CheckReports(const CheckScope& scope, CheckReport& report, const UserAccess& access, const QString& workTables,
-                  const QString& user, bool own) {
-    ReportFolder(scope, report, workTables, user).Check(access, own);
+void CheckReports(const CheckScope& scope, CheckReport& report, const QString& workTables, const QString& user,
+                  bool own) {
+    ReportFolder(scope, report, workTables, user).Check(own);
 }
 
 void CheckCommonReports(const CheckScope& scope, CheckReport& report) {
     const QString folder = CommonPlaces(scope.root).report;
-    if (QFileInfo(folder).isDir())
-        CheckReports(scope, report, scope.user, WorkTablesIn(folder), {}, !scope.HasPrivateCopies());
+    if (QFileInfo(folder).isDir()) CheckReports(scope, report, WorkTablesIn(folder), {}, !scope.HasPrivateCopies());
 }
 
 }  // namespace setup

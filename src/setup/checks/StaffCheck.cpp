@@ -35,6 +35,7 @@ const QString kAddText =
     u"次を実行してください（「未登録」という名称の区分を加えます。名称はあとで直してください）。"_s;
 
 void CheckClassRows(const CheckScope& scope, CheckReport& report, const ClassTable& table, const ClassState& state) {
+    if (state.HasDuplicates()) return;  // reported by CheckStaff
     const bool gaps = table.numbered && !state.IsNumbered();
     if (state.rows.isEmpty())
         return Add(scope, report, u"の %1 に行がありません。"_s.arg(table.table),
@@ -52,7 +53,7 @@ void CheckClassRows(const CheckScope& scope, CheckReport& report, const ClassTab
 
 void CheckClassesOfStaff(const CheckScope& scope, CheckReport& report, const ClassTable& table,
                          const ClassState& state) {
-    if (state.rows.isEmpty()) return;  // nobody has a row
+    if (state.rows.isEmpty()) return;  // none of the staff has a row
     for (const UnlistedClass& one : state.unlisted) {
         const QString value =
             one.value.isEmpty() ? u"空の%1"_s.arg(table.staffColumn) : u"%1「%2」"_s.arg(table.staffColumn, one.value);
@@ -106,6 +107,24 @@ void CheckStoredPins(const CheckScope& scope, CheckReport& report) {
                       {}, {ToolCommand(u"seal-pins"_s, scope.root, owner)});
 }
 
+/// Tables that the list joins; a server or a table of the site may lack the suite's key.
+void CheckDuplicates(const CheckScope& scope, CheckReport& report) {
+    for (const auto& [table, key] : {std::pair{u"M担当者"_s, u"コード"_s}, std::pair{u"M事業所"_s, u"コード"_s},
+                                     std::pair{u"M部門"_s, u"コード"_s}, std::pair{u"Mセクション"_s, u"コード"_s},
+                                     std::pair{u"M役職"_s, u"コード"_s}, std::pair{u"K性別区分"_s, u"区分"_s},
+                                     std::pair{u"K在籍区分"_s, u"区分"_s}, std::pair{u"K社員区分"_s, u"区分"_s}}) {
+        const auto rows =
+            scope.Rows(u"SELECT %2, COUNT(*) FROM %1 GROUP BY %2 HAVING COUNT(*) > 1 ORDER BY %2"_s.arg(table, key));
+        if (!rows || rows->isEmpty()) continue;
+        QStringList entries;
+        for (const QStringList& row : *rows) entries.append(u"%1「%2」: %3 行"_s.arg(key, row[0], row[1]));
+        report.Add({.what = scope.GeneralName() + u" の %1 に、同じ%2の行が重なっています。"_s.arg(table, key),
+                    .entries = entries,
+                    .effect = u"検索すると、同じ要員が何度も出ます。"_s,
+                    .remedy = u"要る行を一つずつ残して、ほかを削除してください。"_s});
+    }
+}
+
 }  // namespace
 
 void CheckCompany(const CheckScope& scope, CheckReport& report) {
@@ -137,6 +156,7 @@ void CheckStaff(const CheckScope& scope, CheckReport& report) {
                     .effect = u"検索しても一覧に何も出ません。"_s,
                     .remedy = u"バックアップから戻すか、次で取り込んでください。"_s,
                     .commands = {ToolCommand(u"import"_s, scope.root, u"'ファイル.accdb'"_s)}});
+    CheckDuplicates(scope, report);
     const auto nulls = scope.Rows(u"SELECT COUNT(*) FROM M担当者 WHERE 住所A IS NOT NULL AND 住所B IS NULL"_s);
     if (nulls && nulls->first()[0] != u"0"_s)
         Add(scope, report, u"の M担当者 に、住所A があり住所B が Null の要員が %1 名います。"_s.arg(nulls->first()[0]),

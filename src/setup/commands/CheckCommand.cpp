@@ -29,9 +29,9 @@ void CheckOwnConfiguration(const CheckScope& scope, CheckReport& report, const Q
     DatabaseSubject subject = SubjectOf(scope, DatabaseKind::Configuration);
     subject.remedy = u"次を実行し、この利用者がプログラムを起動してください（共通のものから複写されます）。"_s;
     subject.commands = {u"rm -f -- "_s + ShellWord(file)};
-    if (!CheckDatabase(report, scope.user, file, subject)) return;
+    if (!CheckDatabase(scope, report, file, subject)) return;
     CheckContent(scope, report, file, subject);
-    CheckWritable(scope, report, scope.user, file, subject);
+    CheckWritable(scope, report, file, subject);
     RunCheck(report, subject.name, [&] { CheckConfigurationRows(scope, report, file); });
     RunCheck(report, subject.name, [&] { CheckClock(scope, report, file); });
 }
@@ -39,7 +39,7 @@ void CheckOwnConfiguration(const CheckScope& scope, CheckReport& report, const Q
 void CheckPrivate(const CheckScope& scope, CheckReport& report, const FilePlaces& places) {
     CheckOwnConfiguration(scope, report, OwnFile(places.conf, scope.configuration));
     const QString common = WorkTablesIn(CommonPlaces(scope.root).report);
-    CheckReports(scope, report, scope.user, OwnFile(places.report, common), places.user, true);
+    CheckReports(scope, report, OwnFile(places.report, common), places.user, true);
     RunCheck(report, u"帳票ホスト"_s, [&] { CheckTrust(report, scope.user, places.report); });
 }
 

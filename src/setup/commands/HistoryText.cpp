@@ -91,8 +91,8 @@ QStringList ErrorLines(const HistoryRun& run, int number) {
 QStringList RunCells(const HistoryRun& run, int number) {
     const HistoryRow& first = run.rows.first();
     const auto errors = std::count_if(run.rows.begin(), run.rows.end(), IsError);
-    return {QString::number(number),          ReadableTime(first.time),  EndOf(run),    first.user, first.program,
-            QString::number(run.rows.size()), QString::number(errors), CommandOf(run)};
+    return {QString::number(number),          ReadableTime(first.time), EndOf(run),    first.user, first.program,
+            QString::number(run.rows.size()), QString::number(errors),  CommandOf(run)};
 }
 
 QStringList RunCellsHeading() {

@@ -12,12 +12,12 @@ namespace setup {
 
 /// 摘要 of a row in its parts.
 struct HistoryText {
-    QString head;       ///< the kind of row and, of an error, its description
+    QString head;         ///< the kind of row and, of an error, its description
     QString statement{};  ///< the SQL statement, without the doubling of its quotes; empty if there is none
 };
 HistoryText PartsOf(const HistoryRow& row);
 
-// Columns are aligned by terminal width; 摘要 is last and never truncated, and a statement has a line of its own.
+// Columns are aligned by terminal width; 摘要 is last and never truncated, and a statement is on a separate line.
 
 /// Title of a run: `name`, then time, program and user of its first row.
 QString RunTitle(const QString& name, const HistoryRow& first);

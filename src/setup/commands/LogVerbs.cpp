@@ -47,8 +47,8 @@ Verb History() {
         .summary = {u"稼動履歴を表示する"_s, u"show the run history"_s},
         .description = {u"プログラムの稼動履歴を、実行ごとにまとめて古い順に表示します。SQL はそのまま実行できる形で次"
                         u"の行に表示します。"_s,
-                        u"Shows the run history of the programs, grouped by runs, newest last. SQL statements are on a "
-                        u"line of their own, as they can be run."_s},
+                        u"Shows the run history of the programs, grouped by runs, newest last. SQL statements are on "
+                        u"separate lines, as they can be run."_s},
         .run = ShowHistory};
 }
 

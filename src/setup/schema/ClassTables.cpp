@@ -1,5 +1,6 @@
 #include "setup/schema/ClassTables.h"
 
+#include <QSet>
 #include <algorithm>
 
 #include "setup/schema/GeneralDatabase.h"
@@ -7,6 +8,8 @@
 using namespace Qt::StringLiterals;
 
 namespace setup {
+
+bool ClassState::HasDuplicates() const { return QSet<QString>(rows.begin(), rows.end()).size() < rows.size(); }
 
 bool ClassState::IsNumbered() const {
     for (qsizetype i = 0; i < rows.size(); ++i)

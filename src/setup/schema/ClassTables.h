@@ -36,6 +36,7 @@ struct ClassState {
     QStringList rows;  ///< 区分 in the order of the programs, a Null as empty text
     QList<UnlistedClass> unlisted;
 
+    bool HasDuplicates() const;
     /// False if a class that the programs use as a number would be another row.
     bool IsNumbered() const;
     /// Classes from 0 to 9 that are missing below the largest one, or that staff have.

@@ -1,5 +1,6 @@
 #include "setup/schema/Integrity.h"
 
+#include <QFile>
 #include <algorithm>
 
 #include "database/sqlite/SqliteQuery.h"
@@ -16,6 +17,23 @@ bool ConcernsIndex(const QString& error) {
 }
 
 }  // namespace
+
+bool NeedsRecovery(const QString& path) {
+    switch (database::WalReadingOf(path)) {
+        case database::WalReading::Refused:
+            return true;
+        case database::WalReading::WithoutLocks:
+            return false;
+        default:
+            break;
+    }
+    sqlite3* handle = nullptr;
+    const int opened = sqlite3_open_v2(QFile::encodeName(path).constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
+    const database::SqliteDatabase file(handle);
+    if (opened != SQLITE_OK) return false;
+    sqlite3_extended_result_codes(handle, 1);
+    return database::RunPlain(handle, "SELECT COUNT(*) FROM sqlite_schema") == SQLITE_READONLY_ROLLBACK;
+}
 
 Integrity IntegrityOf(const QString& path) {
     const database::SqliteDatabase file = database::OpenSqliteFile(path, database::ConnectMode::Read);
