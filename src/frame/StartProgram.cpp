@@ -5,10 +5,12 @@
 #include "globals/ProgramGlobals.h"
 #include "platform/OutputFile.h"
 #include "platform/TerminationSignal.h"
+#include "platform/ToolkitStart.h"
 #include "screen/Form.h"
 #include "screen/SuiteApplication.h"
 
 int main(int argc, char** argv) {
+    if (PrintVersion(argc, argv, "要員名簿照会")) return 0;
     SuiteApplication application(argc, argv);
     CloseModalWindowsIfHeadless(application);
     platform::LetWritesPastALimitFail();

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -60,4 +61,10 @@ int& ToolkitStart::ArgumentCount(int argc) {
     static int count = 0;
     count = std::min(argc, 1);
     return count;
+}
+
+bool PrintVersion(int argc, char** argv, const char* program) {
+    if (argc != 2 || std::string_view(argv[1]) != "--version") return false;
+    std::printf("%s %s\n", program, SUITE_VERSION);
+    return true;
 }

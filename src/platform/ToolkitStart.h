@@ -18,3 +18,7 @@ class ToolkitStart {
     /// since Qt keeps the reference.
     static int& ArgumentCount(int argc);
 };
+
+/// To be called first in main(). If "--version" is the only argument, prints `program` (UTF-8) and the version on
+/// standard output and returns true; the program then ends. Needs no display.
+bool PrintVersion(int argc, char** argv, const char* program);

@@ -4,6 +4,9 @@
 
 #include <QList>
 #include <QTextBoundaryFinder>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace setup {
 
@@ -42,6 +45,9 @@ QStringList WrapParagraph(const QString& text, int width) {
 }  // namespace
 
 int DisplayWidth(QStringView text) {
+    // Most texts of a long table are numbers and times.
+    const auto isPlain = [](QChar unit) { return unit >= u' ' && unit <= u'~'; };
+    if (std::all_of(text.begin(), text.end(), isPlain)) return static_cast<int>(text.size());
     int width = 0;
     for (const auto character : text.toUcs4()) width += CharacterWidth(character);
     return width;
@@ -68,10 +74,25 @@ QStringList WrapText(const QString& text, int width) {
 }
 
 QString StripControlCharacters(const QString& text) {
+    const auto isControl = [](QChar unit) { return unit < u' ' || (unit >= QChar(0x7f) && unit <= QChar(0x9f)); };
+    if (std::none_of(text.begin(), text.end(), isControl)) return text;
     QString line = text;
-    for (QChar& unit : line)
-        if (unit.category() == QChar::Other_Control) unit = u' ';
+    std::replace_if(line.begin(), line.end(), isControl, u' ');
     return line;
+}
+
+void PrintAligned(const QList<QStringList>& lines, QTextStream& out) {
+    QList<int> widths;
+    for (const QStringList& line : lines) {
+        widths.resize(qMax(widths.size(), line.size()));
+        for (qsizetype i = 0; i < line.size(); ++i) widths[i] = qMax(widths[i], DisplayWidth(line[i]));
+    }
+    for (const QStringList& line : lines) {
+        out << PadLeft(line.first(), widths.first());
+        for (qsizetype i = 1; i < line.size(); ++i)
+            out << u"  "_s << (i + 1 == line.size() ? line[i] : PadRight(line[i], widths[i]));
+        out << u'\n';
+    }
 }
 
 QString ReadableTime(const QString& stamp) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
+#include <QTextStream>
 
 namespace setup {
 
@@ -24,6 +26,10 @@ QStringList WrapText(const QString& text, int width);
 
 /// Replaces line breaks and other control characters with blanks.
 QString StripControlCharacters(const QString& text);
+
+/// Prints lines of cells in columns as wide as their widest cell. The first column is aligned to the right; the last
+/// one is not padded.
+void PrintAligned(const QList<QStringList>& lines, QTextStream& out);
 
 /// A timestamp yyyymmdd hhnnss as 2026/11/21 09:30:15; any other text unchanged.
 QString ReadableTime(const QString& stamp);

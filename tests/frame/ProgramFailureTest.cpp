@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "frame/RealProgram.h"
+#include "support/RealProgram.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/RealProgram.h"
+#include "support/RealProgram.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,9 +4,9 @@
 #include <QProcess>
 #include <QtTest/QTest>
 
-#include "frame/RealProgram.h"
 #include "platform/ReportHostLink.h"
 #include "platform/RuntimeError.h"
+#include "support/RealProgram.h"
 
 using namespace Qt::StringLiterals;
 
@@ -125,5 +125,21 @@ TEST_F(ToolkitStart, WithoutItsPlatformPluginTheInquiryShowsTheMessagesOfTheTool
     const QStringList lines = QString::fromUtf8(process.readAllStandardError()).split(u'\n');
     EXPECT_EQ(lines.first(), u"要員名簿照会: 画面を表示する準備に失敗したため、起動できません。"_s);
     EXPECT_TRUE(lines.value(1).contains(u"\"nosuch\""_s)) << lines.value(1).toStdString();
+    EXPECT_EQ(installation.HistoryTexts(), QStringList());
+}
+
+TEST_F(ToolkitStart, EveryProgramPrintsItsVersionWithoutDisplayAndHome) {
+    for (const QString& name : {u"要員名簿照会"_s, u"要員台帳更新"_s, u"report-host"_s, u"suite-setup"_s}) {
+        Start(Installed(name), {u"--version"_s},
+              {{u"DISPLAY"_s, {}},
+               {u"WAYLAND_DISPLAY"_s, {}},
+               {u"QT_QPA_PLATFORM"_s, {}},
+               {u"HOME"_s, {}},
+               {u"LANG"_s, u"C"_s}});
+        ASSERT_TRUE(process.waitForFinished(kTimeout)) << name.toStdString();
+        EXPECT_EQ(process.exitCode(), 0);
+        EXPECT_EQ(QString::fromUtf8(process.readAllStandardOutput()), name + u" 0.1.0\n"_s);
+        EXPECT_EQ(process.readAllStandardError(), QByteArray());
+    }
     EXPECT_EQ(installation.HistoryTexts(), QStringList());
 }

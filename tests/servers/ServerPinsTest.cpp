@@ -35,10 +35,19 @@ class ServerPins : public OnServer {
             for (const QStringList& row : server.Rows(sql)) texts << row.first();
         return texts;
     }
+    /// What use-server says of PINs in clear text.
     QString Fault(int count) const {
         return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
                u"件あり、入力しても一致しません。次を実行してください。\n"
                u"    suite-setup seal-pins %2 --odbc 所有者の接続文字列\n"_s.arg(count)
+                   .arg(installation.Root());
+    }
+    /// What check says of them.
+    QString Finding(int count) const {
+        return u"・鍵ファイルがあるのに、封じられていない暗証番号が %1 件あります。\n"
+               u"  影響: 暗証番号を入力しても「暗証番号が違います。」と出ます。\n"
+               u"  対処: 次を実行してください。\n"
+               u"    suite-setup seal-pins '%2' --odbc '所有者の接続文字列'\n"_s.arg(count)
                    .arg(installation.Root());
     }
     void DefineReader(const ReadingUser& user) const {
@@ -107,7 +116,7 @@ TEST_F(ServerPins, InTheClearBesideAKeyFileAreNamedByCheckAndUseServer) {
     EXPECT_FALSE(RunServerTool(use).out.contains(u"暗証番号が"_s));
     Seal();
     server.Run(u"UPDATE M担当者 SET 暗証番号 = 'NEW1' WHERE コード = '00003'"_s);
-    EXPECT_TRUE(Check().out.contains(u"・"_s + Fault(1))) << Check().out.toStdString();
+    EXPECT_TRUE(Check().out.contains(Finding(1))) << Check().out.toStdString();
     const ToolOutput used = RunServerTool(use);
     EXPECT_EQ(used.status, 0);
     EXPECT_TRUE(used.out.endsWith(u"\n"_s + Fault(1))) << used.out.toStdString();

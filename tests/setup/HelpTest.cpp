@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include "setup/RunTool.h"
 #include "setup/TerminalTable.h"
 #include "setup/commands/VerbTable.h"
@@ -33,6 +35,7 @@ TEST(Help, OverallHelpHasSynopsisAndSummaryOfEachVerb) {
         output.out.endsWith(u"\n"
                             u"suite-setup コマンド --help   そのコマンドの引数とオプションを詳しく表示する\n"
                             u"suite-setup --help            この説明を表示する\n"
+                            u"suite-setup --version         版を表示する\n"
                             u"\n"
                             u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s));
     ExpectShortLines(output.out);
@@ -57,7 +60,7 @@ TEST(Help, HelpOfAVerbExplainsOperandsAndOptions) {
               u"  --add-missing             既にある表に、足りない表、列、索引、関数だけを加え\n"
               u"                            る（データはそのまま）。--from とは一緒に指定できな\n"
               u"                            い\n"
-              u"  --help                    この説明を表示する\n"_s);
+              u"  -h, --help                この説明を表示する\n"_s);
     EXPECT_EQ(RunTool({u"forms"_s, u"pdf"_s, u"--help"_s}).out,
               u"使い方: suite-setup forms pdf フォルダ 帳票名 [--out ファイル] [--user 利用者]\n"
               u"\n"
@@ -70,7 +73,7 @@ TEST(Help, HelpOfAVerbExplainsOperandsAndOptions) {
               u"オプション:\n"
               u"  --out ファイル            PDF のファイル（省略時は今のフォルダの 帳票名.pdf）\n"
               u"  --user 利用者             この利用者が持つ帳票を扱う（省略時は共通の帳票）\n"
-              u"  --help                    この説明を表示する\n"_s);
+              u"  -h, --help                この説明を表示する\n"_s);
 }
 
 TEST(Help, EveryVerbHasHelpThatFitsATerminal) {
@@ -103,6 +106,46 @@ TEST(Help, UnknownAndInternalVerbsHaveNone) {
     }
     EXPECT_EQ(RunTool({u"forms"_s, u"print"_s, u"--help"_s}).err.section(u'\n', 0, 0),
               u"suite-setup: コマンド forms print はありません。"_s);
+}
+
+TEST(Help, ShortFormIsTheSameForEveryVerbAndChangesNothing) {
+    EXPECT_EQ(RunTool({u"-h"_s}).out, RunTool({u"--help"_s}).out);
+    EXPECT_EQ(RunTool({u"forms"_s, u"-h"_s}).out, RunTool({u"forms"_s, u"--help"_s}).out);
+    for (const setup::Verb& verb : setup::AllVerbs()) {
+        if (verb.IsInternal()) continue;
+        const QStringList words = verb.name.split(u' ');
+        EXPECT_EQ(RunTool(words + QStringList{u"-h"_s}).out, RunTool(words + QStringList{u"--help"_s}).out)
+            << verb.name.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(u"-h"_s));
+}
+
+TEST(Help, MistypedVerbSuggestsTheRightOne) {
+    for (const auto& [typed, text] :
+         {std::pair{u"chek"_s, u"コマンド chek はありません。check ではありませんか。"_s},
+          std::pair{u"hisotry"_s, u"コマンド hisotry はありません。history ではありませんか。"_s},
+          std::pair{u"Upgrade"_s, u"コマンド Upgrade はありません。upgrade ではありませんか。"_s},
+          std::pair{u"forms exprot"_s, u"コマンド forms exprot はありません。forms export ではありませんか。"_s},
+          std::pair{u"form check"_s, u"コマンド form はありません。forms check ではありませんか。"_s},
+          std::pair{u"inti"_s, u"コマンド inti はありません。init ではありませんか。"_s},
+          std::pair{u"frobnicate"_s, u"コマンド frobnicate はありません。"_s},
+          std::pair{u"x"_s, u"コマンド x はありません。"_s}}) {
+        const ToolOutput output = RunTool(typed.split(u' '));
+        EXPECT_EQ(output.status, 2);
+        EXPECT_EQ(output.err.section(u'\n', 0, 0), u"suite-setup: "_s + text);
+    }
+}
+
+TEST(Help, GroupAloneListsItsVerbs) {
+    const ToolOutput output = RunTool({u"registry"_s});
+    EXPECT_EQ(output.status, 2);
+    EXPECT_EQ(output.out, QString());
+    EXPECT_EQ(output.err,
+              u"suite-setup: registry のあとにコマンドの続きを指定してください。\n"
+              u"  registry list  レジストリの値を表示する\n"
+              u"  registry get  レジストリの値を一つ表示する\n"
+              u"  registry set  レジストリに値を一つ書く\n"
+              u"使い方は suite-setup --help で表示されます。\n"_s);
 }
 
 TEST(Help, TableIsCompleteInBothLanguages) {

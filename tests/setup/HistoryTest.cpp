@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "setup/HistoryRows.h"
 #include "setup/RunTool.h"
 #include "setup/TerminalTable.h"
 #include "setup/commands/HistoryRuns.h"
@@ -10,13 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void AddRow(const SampleFile& file, const QString& time, int counter, const QString& text,
-            const QString& user = u"tester"_s, const QString& staff = u"00001"_s) {
-    file.Execute(u"INSERT INTO プログラム稼動履歴 VALUES (%1, '要員名簿照会', '%2', %3, '000', %4, %5)"_s.arg(
-        SqlLiteral(u"20261121 "_s + time), QString::number(counter).rightJustified(12, u'0'), SqlLiteral(text),
-        SqlLiteral(staff), SqlLiteral(user)));
-}
 
 /// Two runs; the older one was killed.
 void AddTwoRuns(const SampleFile& file) {
@@ -30,7 +24,8 @@ const QString kOlder =
     u"2  2026/11/21 09:00:00  要員名簿照会  tester\n"
     u"番号  日時                 事業所  担当者  摘要\n"
     u"   1  2026/11/21 09:00:00  000             開始 001\n"
-    u"   2  2026/11/21 09:00:01  000     00001   出力終了 SELECT M担当者.* WHERE 氏名 LIKE ''%山%''\n"
+    u"   2  2026/11/21 09:00:01  000     00001   出力終了\n"
+    u"      SELECT M担当者.* WHERE 氏名 LIKE '%山%'\n"
     u"      （終了の行がありません）\n"_s;
 const QString kNewer =
     u"実行 1  2026/11/21 10:00:00  要員名簿照会  tester\n"

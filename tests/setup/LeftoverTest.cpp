@@ -55,8 +55,13 @@ class Leftovers : public testing::Test {
         WriteBytes(work + u"/old/conf/usrcnfg.accdb"_s, "old");
         return work;
     }
+    /// Each finding about a leftover with what to do about it, as one text.
     QStringList CheckLines(const QString& name = u"honten"_s) const {
-        return RunTool({u"check"_s, Root(name)}).out.split(u'\n').filter(u"途中で終わった"_s);
+        QStringList findings;
+        for (const QString& finding : RunTool({u"check"_s, Root(name)}).out.split(u"・"_s))
+            if (finding.startsWith(u"途中で終わった"_s))
+                findings.append(finding.section(u'\n', 0, 0) + finding.section(u'\n', 2).replace(u'\n', u'|'));
+        return findings;
     }
 
     QTemporaryDir folder;
@@ -68,9 +73,10 @@ TEST_F(Leftovers, OfAKilledReplacementAreNamedByCheckAndRemovedByTheNextInit) {
     Make(u"honten"_s);
     KillOne({u"--replace"_s});
     ASSERT_EQ(WorkFolders().size(), 1);
-    EXPECT_EQ(CheckLines(),
-              QStringList{u"・途中で終わった suite-setup init のフォルダ %1 が残っています。利用者 root が次に init "
-                          u"を実行すると消えます。"_s.arg(folder.filePath(WorkFolders().first()))});
+    EXPECT_EQ(
+        CheckLines(),
+        QStringList{u"途中で終わった suite-setup init のフォルダ %1 が残っています。  対処: 利用者 root が次に init "
+                    u"を実行すると消えます。|    rm -r -- '%1'|"_s.arg(folder.filePath(WorkFolders().first()))});
     Make(u"shiten"_s);
     EXPECT_EQ(WorkFolders(), QStringList());
     EXPECT_EQ(CheckLines(), QStringList());
@@ -144,12 +150,22 @@ TEST_F(Leftovers, CopyOfAnotherUserIsNotPutInPlace) {
     EXPECT_TRUE(QFile::exists(work + u"/old/conf/usrcnfg.accdb"_s));
 }
 
+TEST_F(Leftovers, CheckDoesNotAdviseToRemoveTheOnlyCopyOfAnInstallation) {
+    Make(u"shiten"_s);
+    const QString work = Plant(Root());
+    EXPECT_EQ(
+        CheckLines(u"shiten"_s),
+        QStringList{u"途中で終わった suite-setup init のフォルダ %1 が残っています。  対処: 利用者 root が次に init "
+                    u"を実行すると消えます。|"_s.arg(work)});
+}
+
 TEST_F(Leftovers, OfEarlierVersionsAreNamedAndLeftToTheAdministrator) {
     Make(u"honten"_s);
     ASSERT_TRUE(QDir().mkpath(folder.filePath(u".suite-setup-AbCdEf/old/data"_s)));
-    EXPECT_EQ(CheckLines(),
-              QStringList{u"・途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
-                  folder.filePath(u".suite-setup-AbCdEf"_s))});
+    EXPECT_EQ(
+        CheckLines(),
+        QStringList{u"途中で終わった処理のフォルダ %1 が残っています。  対処: 中を確かめて、要らなければ削除してく"
+                    u"ださい。|    rm -r -- '%1'|"_s.arg(folder.filePath(u".suite-setup-AbCdEf"_s))});
     Make(u"shiten"_s);
     EXPECT_EQ(WorkFolders(), QStringList{u".suite-setup-AbCdEf"_s});
 }
@@ -164,8 +180,8 @@ TEST_F(Leftovers, OfAKilledHostAreNamedForEachFolderThatIsPrintedTo) {
         WriteBytes(work + u"/in-use"_s, "");
         WriteOutputTarget(forms, report, {OutputTarget::Kind::Folder, place});
         named.append(
-            u"・途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 root が次に印刷すると消えます。"_s.arg(
-                work));
+            u"途中で終わった帳票ホストのフォルダ %1 が残っています。  対処: 利用者 root が次に印刷すると消えます。"
+            u"|    rm -r -- '%1'|"_s.arg(work));
     }
     EXPECT_EQ(CheckLines(), named);
 }

@@ -64,7 +64,14 @@ TEST_F(Links, EmptyChannelIsSaid) { EXPECT_EQ(Output(), u"待っている連携�
 TEST_F(Links, UserNarrowsTheSharedChannel) {
     AddLinkRow(installation.Configuration(), {.sentAt = u"20261121 093010"_s, .key = u"000"_s});
     EXPECT_TRUE(Output({u"--user"_s, u"tester"_s}).contains(u"09:30:10"_s));
-    EXPECT_EQ(Output({u"--user"_s, u"sato"_s}), u"待っている連携情報はありません。\n"_s);
+    EXPECT_EQ(Output({u"--user"_s, u"nobody"_s}), u"待っている連携情報はありません。\n"_s);
+}
+
+TEST_F(Links, UserWithoutAccountAndRowsIsRefused) {
+    const ToolOutput output = RunTool({u"links"_s, installation.Root(), u"--user"_s, u"no-such-user"_s});
+    EXPECT_EQ(output.status, 2);
+    EXPECT_TRUE(output.err.startsWith(u"suite-setup: 利用者 no-such-user はいません。\n"_s))
+        << output.err.toStdString();
 }
 
 TEST_F(Links, PrivateChannelsAreListedByUser) {
@@ -109,11 +116,11 @@ TEST_F(Links, InstallKindIsTheNumericValueOfItsTextAsInThePrograms) {
     const QString none = u"待っている連携情報はありません。\n"_s;
     for (const QString& privateCopies : {u"1"_s, u"01"_s, u" 1"_s, u"1 "_s, u"1.0"_s}) {
         installation.SetEnvironment(u"インストール区分"_s, privateCopies);
-        EXPECT_EQ(RunTool({u"links"_s, installation.Root(), u"--user"_s, u"hanako"_s}).status, 2)
+        EXPECT_EQ(RunTool({u"links"_s, installation.Root(), u"--user"_s, u"nobody"_s}).status, 2)
             << privateCopies.toStdString();
     }
     for (const QString& shared : {u"0"_s, u"00"_s, u""_s, u"　1"_s, u"x1"_s, QString()}) {
         installation.SetEnvironment(u"インストール区分"_s, shared);
-        EXPECT_EQ(Output({u"--user"_s, u"hanako"_s}), none) << shared.toStdString();
+        EXPECT_EQ(Output({u"--user"_s, u"nobody"_s}), none) << shared.toStdString();
     }
 }

@@ -138,7 +138,9 @@ TEST_F(PinSealing, AnAccountIsRefusedForAFile) {
 TEST_F(PinSealing, CheckNamesPinsInTheClearOnlyBesideAKeyFile) {
     const auto checked = [&] { return RunTool({u"check"_s, installation.Root()}).out; };
     const QString fault =
-        u"・鍵ファイルがあるのに、封じられていない暗証番号が 1 件あり、入力しても一致しません。次を実行してください。\n"
+        u"・鍵ファイルがあるのに、封じられていない暗証番号が 1 件あります。\n"
+        u"  影響: 暗証番号を入力しても「暗証番号が違います。」と出ます。\n"
+        u"  対処: 次を実行してください。\n"
         u"    suite-setup seal-pins '%1'\n"_s.arg(installation.Root());
     EXPECT_FALSE(checked().contains(u"暗証番号が"_s)) << "a site that was never sealed";
     Seal();

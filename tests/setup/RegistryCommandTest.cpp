@@ -46,7 +46,7 @@ TEST_F(RegistryCommandTest, ValueMayBeEmptyAndBeginWithADashAfterTwoDashes) {
 
 TEST_F(RegistryCommandTest, WrongWordsAreNamed) {
     const auto error = [&](const QStringList& words) { return Tool(words).err.section(u'\n', 0, 0); };
-    EXPECT_EQ(error({}), u"suite-setup: コマンド registry はありません。"_s);
+    EXPECT_EQ(error({}), u"suite-setup: registry のあとにコマンドの続きを指定してください。"_s);
     EXPECT_EQ(error({u"drop"_s}), u"suite-setup: コマンド registry drop はありません。"_s);
     EXPECT_EQ(error({u"get"_s}), u"suite-setup: キーを指定してください。"_s);
     EXPECT_EQ(error({u"get"_s, kKey}), u"suite-setup: 値の名前を指定してください。"_s);

@@ -6,10 +6,12 @@ TEST_F(InstallationRights, CheckNamesThoseOfEarlierVersionsAndTheCommandThatCorr
     MakeAsBefore();
     const ToolOutput before = Check();
     EXPECT_EQ(before.status, 1);
+    EXPECT_TRUE(before.out.startsWith(u"・権限が違います。\n  %1: 0755 root → 2750 65533\n"_s.arg(Root())))
+        << before.out.toStdString();
     EXPECT_TRUE(
-        before.out.startsWith(u"・権限が違います。次を、所有者か root が実行すると直ります。\n"
-                              u"    suite-setup upgrade '%1'\n"
-                              u"  %1: 0755 root → 2750 65533\n"_s.arg(Root())))
+        before.out.endsWith(u"  影響: ほかの利用者が使えないか、関係のない人が読み書きできます。\n"
+                            u"  対処: 次を所有者か root が実行してください。\n"
+                            u"    suite-setup upgrade '%1'\n"_s.arg(Root())))
         << before.out.toStdString();
     for (const QString& line : {u"/data/gnrdb.accdb: 0664 root → 0660 65533\n"_s, u"/users: 2775 root → 3770 65533\n"_s,
                                 u"/host/OFFICE16/MSACCESS.EXE: 0755 root → 0750 65533\n"_s})

@@ -110,14 +110,15 @@ TEST_F(TemplateCommandsTest, WrongWordsAreRefused) {
     };
     const QString root = installation.Root();
     for (const Case& c :
-         {Case{{u"forms"_s}, u"コマンド forms はありません。"_s},
+         {Case{{u"forms"_s}, u"forms のあとにコマンドの続きを指定してください。"_s},
           Case{{u"forms"_s, u"print"_s, root}, u"コマンド forms print はありません。"_s},
           Case{{u"forms"_s, u"check"_s}, u"インストール先のフォルダを指定してください。"_s},
           Case{{u"forms"_s, u"check"_s, root, u"a"_s, u"b"_s}, u"引数 b が余分です。"_s},
           Case{{u"forms"_s, u"check"_s, root, u"無い"_s}, u"帳票「無い」はありません。"_s},
           Case{{u"forms"_s, u"check"_s, u"/nowhere"_s}, u"/nowhere にインストールがありません。"_s},
-          Case{{u"forms"_s, u"export"_s, root, u"--user"_s, u"x"_s},
-               root + u"/users/x/report に帳票ファイル repfrmdb がありません。"_s},
+          Case{{u"forms"_s, u"export"_s, root, u"--user"_s, u"no-such-user"_s}, u"利用者 no-such-user はいません。"_s},
+          Case{{u"forms"_s, u"export"_s, root, u"--user"_s, u"nobody"_s},
+               root + u"/users/nobody/report に帳票ファイル repfrmdb がありません。"_s},
           Case{{u"forms"_s, u"import"_s, root, u"--folder"_s, folder.path()}, u"取り込むファイルがありません。"_s},
           Case{{u"forms"_s, u"pdf"_s, root}, u"帳票の名前を指定してください。"_s}}) {
         const ToolOutput output = RunTool(c.words);

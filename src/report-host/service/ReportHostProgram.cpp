@@ -6,6 +6,7 @@
 #include "platform/ProcessService.h"
 #include "platform/Services.h"
 #include "platform/TerminationSignal.h"
+#include "platform/ToolkitStart.h"
 #include "report-host/layout/PreparedReport.h"
 #include "report-host/service/HostListener.h"
 #include "report-host/service/HostService.h"
@@ -33,7 +34,8 @@ int Refuse(const QString& reason) {
 
 // Usage: report-host TEMPLATE-FILE [/runtime]
 int main(int argc, char** argv) {
-    // Must be first: the client connects once, 400 ms after starting us.
+    if (PrintVersion(argc, argv, "report-host")) return 0;
+    // Must be early: the client connects once, 400 ms after starting us.
     std::optional<HostListener> listener;
     const QString templateFile = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
     if (!templateFile.isEmpty()) listener.emplace(templateFile);

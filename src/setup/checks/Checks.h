@@ -2,82 +2,88 @@
 
 #include <QString>
 #include <QStringList>
-#include <QTextStream>
-#include <optional>
-#include <vector>
+#include <functional>
+
+#include "setup/checks/CheckReport.h"
+#include "setup/checks/CheckScope.h"
 
 namespace setup {
 
-/// Access rights of a user of this machine to files: those of the current user as the system grants them, those of
-/// another user computed from owner, group and mode of the file and the folders above it.
-class UserAccess {
-  public:
-    /// The named user; the current user if the name is empty or unknown.
-    explicit UserAccess(const QString& user);
+// The checks of an installation. Each concerns one subject and adds its findings to the report. They write nothing and
+// create no file. A check may throw platform::RuntimeError; RunCheck reports that its subject could not be checked.
 
-    /// False if this machine has no user of that name.
-    bool IsKnown() const { return known_; }
-    /// Empty for an unknown user.
-    std::optional<unsigned> Id() const { return known_ ? std::optional(id_) : std::nullopt; }
-    bool MayRead(const QString& path) const { return May(path, 4); }
-    bool MayWrite(const QString& path) const { return May(path, 2); }
-    bool MayMakeFilesIn(const QString& folder) const { return May(folder, 3); }
-    bool MayRun(const QString& path) const { return May(path, 5); }
-    /// The user's registry file (HKCU).
-    QString RegistryFile() const;
-
-  private:
-    bool May(const QString& path, unsigned wanted) const;
-    bool Has(const QString& path, unsigned wanted) const;
-
-    bool known_ = true, self_ = true;
-    unsigned id_ = 0;
-    std::vector<unsigned> groups_;
-    QString home_;
+/// A check of the common files, or of what they contain.
+struct CommonCheck {
+    QString subject;  ///< for the message that it failed
+    void (*run)(const CheckScope& scope, CheckReport& report);
+    bool perUser = false;  ///< depends on the rights of the user
 };
 
-/// Prints each fault of an installation as it is found, and counts the faults.
-class CheckReport {
-  public:
-    explicit CheckReport(QTextStream& out) : out_(out) {}
-    void Add(const QString& fault) {
-        ++count_;
-        out_ << QStringLiteral("・") << fault << u'\n';
-    }
-    void Add(const QStringList& faults) {
-        for (const QString& fault : faults) Add(fault);
-    }
-    int Count() const { return count_; }
+/// All checks of the common files in the order of the report.
+const QList<CommonCheck>& CommonChecks();
+/// Runs one piece of a check; an error becomes a finding about `subject`.
+void RunCheck(CheckReport& report, const QString& subject, const std::function<void()>& check);
 
-  private:
-    QTextStream& out_;
-    int count_ = 0;
+// FileCheck.cpp
+void CheckPlace(const CheckScope& scope, CheckReport& report);
+/// Databases of both suffixes, of which the programs use one.
+void CheckGenerations(const CheckScope& scope, CheckReport& report);
+void CheckPrograms(const CheckScope& scope, CheckReport& report);
+void CheckModes(const CheckScope& scope, CheckReport& report);
+void CheckSpace(const CheckScope& scope, CheckReport& report);
+/// A finding if the file system of a folder has little free space; `available` in bytes, negative if unknown.
+std::optional<Finding> SpaceFinding(const QString& folder, qint64 available);
+
+// HostCheck.cpp
+void CheckHost(const CheckScope& scope, CheckReport& report);
+/// Whether the report host would ask the user before it opens the templates in this folder.
+void CheckTrust(CheckReport& report, const UserAccess& user, const QString& reportFolder);
+
+// LeftoverCheck.cpp: hidden work folders of a killed suite-setup or report host. They may contain staff data. Only
+// folders that the user of this process can read are found.
+void CheckLeftovers(const CheckScope& scope, CheckReport& report);
+
+// DatabaseCheck.cpp: files, integrity, and the tables and columns of the catalogue.
+
+/// What a database file means for a clerk and how it is restored.
+struct DatabaseSubject {
+    QString name;  ///< in messages
+    DatabaseKind kind;
+    QString effect;          ///< if the file can't be used
+    QString tablesEffect;    ///< if it lacks a table or column
+    QString remedy;          ///< if the file is missing or can't be used
+    QStringList commands{};  ///< same, as commands
 };
+DatabaseSubject SubjectOf(const CheckScope& scope, DatabaseKind kind);
+/// True if the file exists, the user of the scope may read it, and the programs can open it.
+bool CheckDatabase(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
+/// True if the content of a file that can be opened is intact and no table or column is missing.
+bool CheckContent(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
+/// Whether the user may write a database and create its journal.
+void CheckWritable(const CheckScope& scope, CheckReport& report, const QString& path, const DatabaseSubject& subject);
+void CheckConfiguration(const CheckScope& scope, CheckReport& report);
+void CheckGeneral(const CheckScope& scope, CheckReport& report);
 
-// Each check adds to `findings`, in plain Japanese, what keeps the user from using the file. `what` is the name of the
-// file in the message. None of them throws.
+// DefinitionCheck.cpp: rows of a configuration file.
+void CheckDefinition(const CheckScope& scope, CheckReport& report);
+void CheckEnvironment(const CheckScope& scope, CheckReport& report);
+/// Environment and menu rows of the configuration file of a user, or of the common one.
+void CheckConfigurationRows(const CheckScope& scope, CheckReport& report, const QString& configuration);
+/// The clock of this machine against the newest row of the history.
+void CheckClock(const CheckScope& scope, CheckReport& report, const QString& configuration);
+void CheckCommonClock(const CheckScope& scope, CheckReport& report);
 
-/// True if the file exists and the user may read it.
-bool CheckFile(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// Same for a program, which the user must also be able to execute.
-void CheckProgram(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// Also opens the file as the programs do, to detect damage. True if it can be read.
-bool CheckDatabase(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// For a database that can be read: checks that the user may write it and create files in its folder.
-void CheckWritable(CheckReport& findings, const UserAccess& user, const QString& path, const QString& what);
-/// Checks the work tables, the template file next to them and its links to them. `own`: the user prints from these
-/// files and must be able to write them.
-void CheckReportFiles(CheckReport& findings, const UserAccess& user, const QString& workTables, bool own);
+// StaffCheck.cpp: rows of the general database.
+void CheckCompany(const CheckScope& scope, CheckReport& report);
+void CheckClasses(const CheckScope& scope, CheckReport& report);
+void CheckStaff(const CheckScope& scope, CheckReport& report);
+void CheckPins(const CheckScope& scope, CheckReport& report);
 
-/// Reasons why a user cannot start the report host of this machine; empty if there are none.
-QStringList HostFaults(const UserAccess& user);
-/// Reasons why the report host would ask the user before it opens the templates in this folder; empty if there are
-/// none, or if no host of a known version is registered.
-QStringList TrustFaults(const UserAccess& user, const QString& reportFolder);
-
-/// Finds hidden work folders that a killed suite-setup left next to an installation, or a killed report host in the
-/// folder for temporary files or an output folder of the installation. They may contain staff data, so each fault says
-/// how the folder is removed. Only folders that this user can read are found. `root`: folder of the installation.
-QStringList LeftoverFaults(const QString& root);
+// ReportCheck.cpp
+void CheckCommonReports(const CheckScope& scope, CheckReport& report);
+/// Work tables, template file, links, templates and output targets of one report folder. `own`: the user prints from
+/// these files and must be able to write them. `user`: of a private folder, otherwise empty.
+void CheckReports(const CheckScope& scope, CheckReport& report, const QString& workTables, const QString& user,
+                  bool own);
 
 }  // namespace setup

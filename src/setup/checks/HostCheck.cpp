@@ -36,44 +36,78 @@ QString FreeLocation(const platform::RegistryContent& content, const QString& ve
     }
 }
 
-QStringList RegistryFaults(const QString& file, platform::RegistryContent& content) {
+const QString kNoPrinting = u"印刷とプレビュができません。"_s;
+
+/// True if the registry file was read.
+bool ReadRegistry(CheckReport& report, const QString& file, platform::RegistryContent& content) {
     switch (platform::LoadRegistry(file, content)) {
         case platform::kRegistryDone:
-            return {};
+            return true;
         case platform::kRegistryDenied:
-            return {u"レジストリ %1 を読めません。"_s.arg(file)};
+            report.Add({.what = u"レジストリ %1 を読めません。"_s.arg(file),
+                        .effect = kNoPrinting,
+                        .remedy = u"このファイルの持ち主と権限を確かめてください。"_s});
+            return false;
         default:
-            return {u"レジストリ %1 が壊れています。"_s.arg(file)};
+            report.Add({.what = u"レジストリ %1 が壊れています。"_s.arg(file),
+                        .effect = kNoPrinting,
+                        .remedy = u"次でファイルを取り除き、もう一度調べてください。足りない値が示されます。"_s,
+                        .commands = {u"mv %1 %2"_s.arg(ShellWord(file), ShellWord(file + u".damaged"_s))}});
+            return false;
     }
+}
+
+/// Registers the host of this installation, which is copied there first if it is missing.
+QStringList RegisterCommands(const QString& root) {
+    const QString folder = ReportHostFolder(root);
+    QStringList commands;
+    if (!QFileInfo(folder + kReportHostProgram).isFile()) commands.append(ToolCommand(u"upgrade"_s, root));
+    commands.append(u"suite-setup registry set %1 Path %2"_s.arg(ShellWord(ReportHostKey()), ShellWord(folder)));
+    return commands;
+}
+
+Finding HostFinding(const CheckScope& scope, const QString& what) {
+    return {.what = what,
+            .effect = kNoPrinting,
+            .remedy = u"次を root が実行してください。"_s,
+            .commands = RegisterCommands(scope.root)};
 }
 
 }  // namespace
 
-QStringList HostFaults(const UserAccess& user) {
+void CheckHost(const CheckScope& scope, CheckReport& report) {
     const QString registry = platform::MachineRegistryFile();
-    if (QFileInfo::exists(registry) && !user.MayRead(registry))
-        return {u"レジストリ %1 を読む権限がありません。"_s.arg(registry)};
+    if (QFileInfo::exists(registry) && !scope.user.MayRead(registry))
+        return report.Add({.what = u"レジストリ %1 を読む権限がありません。"_s.arg(registry),
+                           .effect = kNoPrinting,
+                           .remedy = u"次を root が実行してください。"_s,
+                           .commands = {u"chmod 0644 "_s + ShellWord(registry)}});
     platform::RegistryContent content;
-    if (const QStringList faults = RegistryFaults(registry, content); !faults.isEmpty()) return faults;
+    if (!ReadRegistry(report, registry, content)) return;
     const std::optional<QString> folder = RegisteredHostFolder();
-    if (!folder) return {u"帳票ホストがこのコンピューターに登録されていません。印刷はできません。"_s};
+    if (!folder) return report.Add(HostFinding(scope, u"帳票ホストがこのコンピューターに登録されていません。"_s));
     const QString program = *folder + kReportHostProgram;
-    if (!QFileInfo(program).isFile()) return {u"登録されている帳票ホスト %1 がありません。"_s.arg(program)};
-    if (!user.MayRun(program)) return {u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program)};
+    if (!QFileInfo(program).isFile())
+        return report.Add(HostFinding(scope, u"登録されている帳票ホスト %1 がありません。"_s.arg(program)));
+    if (!scope.user.MayRun(program))
+        return report.Add({.what = u"帳票ホスト %1 を起動する権限がありません。"_s.arg(program),
+                           .effect = kNoPrinting,
+                           .commands = {u"chmod 0750 "_s + ShellWord(program)}});
     if (!IsKnownHost(*folder))
-        return {u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。"_s.arg(*folder)};
-    return {};
+        report.Add(
+            HostFinding(scope, u"帳票ホストのフォルダ %1 に版を表す語（OFFICE16 など）がありません。"_s.arg(*folder)));
 }
 
-QStringList TrustFaults(const UserAccess& user, const QString& reportFolder) {
+void CheckTrust(CheckReport& report, const UserAccess& user, const QString& reportFolder) {
     const QString version = TrustVersionOf(RegisteredHostFolder().value_or(QString()));
-    if (version.isEmpty()) return {};
+    if (version.isEmpty()) return;
     platform::RegistryContent content;
-    const QStringList faults = RegistryFaults(user.RegistryFile(), content);
-    if (!faults.isEmpty() || Trusts(content, version, reportFolder)) return faults;
-    return {
-        u"帳票ホストがフォルダ %1 を信頼していません。この利用者で次を実行してください。\n"
-        u"    suite-setup registry set 'HKCU\\%2' Path '%1/'"_s.arg(reportFolder, FreeLocation(content, version))};
+    if (!ReadRegistry(report, user.RegistryFile(), content) || Trusts(content, version, reportFolder)) return;
+    report.Add({.what = u"帳票ホストがフォルダ %1 を信頼していません。"_s.arg(reportFolder),
+                .effect = u"印刷やプレビュのたびに、帳票ファイルを開いてよいか尋ねられます。"_s,
+                .remedy = u"次をこの利用者が実行してください。"_s,
+                .commands = {u"suite-setup registry set %1 Path %2"_s.arg(
+                    ShellWord(u"HKCU\\"_s + FreeLocation(content, version)), ShellWord(reportFolder + u'/'))}});
 }
 
 }  // namespace setup

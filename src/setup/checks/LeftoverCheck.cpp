@@ -8,6 +8,7 @@
 #include "report-host/template/OutputTarget.h"
 #include "report-host/template/TemplateFile.h"
 #include "setup/checks/Checks.h"
+#include "setup/schema/Integrity.h"
 #include "setup/storage/Installation.h"
 #include "setup/storage/Installer.h"
 
@@ -17,19 +18,34 @@ namespace setup {
 
 namespace {
 
-QStringList FaultsIn(const QString& folder, const QString& prefix, const QString& known) {
-    QStringList faults;
-    for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(folder, prefix))
-        faults.append(leftover.known
-                          ? known.arg(leftover.path, platform::UserName(leftover.owner))
-                          : u"途中で終わった処理のフォルダ %1 が残っています。中を確かめて削除してください。"_s.arg(
-                                leftover.path));
-    return faults;
+struct LeftoverKind {
+    QString prefix;
+    QString program;  ///< that left the folder
+    QString cure;     ///< what the user can do to remove it
+};
+
+QString RemedyFor(const platform::ScratchLeftover& leftover, const LeftoverKind& kind) {
+    if (!leftover.known) return u"中を確かめて、要らなければ削除してください。"_s;
+    return u"利用者 %1 が次に%2と消えます。"_s.arg(platform::UserName(leftover.owner), kind.cure);
+}
+
+void CheckFolder(CheckReport& report, const QString& folder, const LeftoverKind& kind) {
+    for (const platform::ScratchLeftover& leftover : platform::ScratchLeftovers(folder, kind.prefix)) {
+        Finding finding{.what = u"途中で終わった%1のフォルダ %2 が残っています。"_s.arg(
+                            leftover.known ? kind.program : u"処理"_s, leftover.path),
+                        .effect = u"ありません。要員のデータが中に残っているかもしれません。"_s};
+        finding.remedy = RemedyFor(leftover, kind);
+        // A replacement that was killed at the wrong moment has left the only copy of an installation there.
+        if (!HoldsInstallation(leftover.path + u"/old"_s))
+            finding.commands = {u"rm -r -- "_s + ShellWord(leftover.path)};
+        report.Add(finding);
+    }
 }
 
 /// Output folders of the reports in a template file. An unreadable file is reported by other checks.
 QStringList OutputFolders(const QString& templateFile) {
     QStringList folders;
+    if (NeedsRecovery(templateFile)) return folders;  // reading it would finish the write
     try {
         for (const QString& report : QStringList{QString()} + report::TemplateFile(templateFile).Names())
             if (const OutputTarget place = ReadOutputTarget(templateFile, report);
@@ -51,15 +67,11 @@ QStringList FoldersOfTheHost(const QString& root) {
 
 }  // namespace
 
-QStringList LeftoverFaults(const QString& root) {
-    QStringList faults = FaultsIn(
-        QFileInfo(QFileInfo(root).canonicalFilePath()).path(), kWorkFolderPrefix,
-        u"途中で終わった suite-setup init のフォルダ %1 が残っています。利用者 %2 が次に init を実行すると消えます。"_s);
-    for (const QString& folder : FoldersOfTheHost(root))
-        faults +=
-            FaultsIn(folder, kPrintFolderPrefix,
-                     u"途中で終わった帳票ホストのフォルダ %1 が残っています。利用者 %2 が次に印刷すると消えます。"_s);
-    return faults;
+void CheckLeftovers(const CheckScope& scope, CheckReport& report) {
+    CheckFolder(report, QFileInfo(QFileInfo(scope.root).canonicalFilePath()).path(),
+                {kWorkFolderPrefix, u" suite-setup init "_s, u" init を実行する"_s});
+    for (const QString& folder : FoldersOfTheHost(scope.root))
+        CheckFolder(report, folder, {kPrintFolderPrefix, u"帳票ホスト"_s, u"印刷する"_s});
 }
 
 }  // namespace setup

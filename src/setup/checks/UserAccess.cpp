@@ -1,9 +1,9 @@
-// Part of Checks.h: the class UserAccess.
+// Part of CheckScope.h: the class UserAccess.
 #include <algorithm>
 
 #include "platform/FileRights.h"
 #include "platform/registry/FileRegistry.h"
-#include "setup/checks/Checks.h"
+#include "setup/checks/CheckScope.h"
 
 using namespace Qt::StringLiterals;
 

@@ -20,12 +20,15 @@ struct Console {
 
 /// Names of the options.
 namespace option {
-inline constexpr QStringView kAddMissing = u"--add-missing", kFolder = u"--folder", kFollow = u"--follow",
-                             kFrom = u"--from", kHelp = u"--help", kInstallKind = u"--install-kind", kKind = u"--kind",
-                             kMenu = u"--menu", kNumber = u"--number", kOdbc = u"--odbc", kOut = u"--out",
-                             kPin = u"--pin", kReplace = u"--replace", kReport = u"--report", kRun = u"--run",
-                             kSeed = u"--seed", kStaff = u"--staff", kToDefault = u"--to-default",
-                             kToFolder = u"--to-folder", kToPrinter = u"--to-printer", kUser = u"--user";
+inline constexpr QStringView kAddMissing = u"--add-missing", kAllUsers = u"--all-users", kCsv = u"--csv",
+                             kErrors = u"--errors", kFolder = u"--folder", kFollow = u"--follow", kFrom = u"--from",
+                             kFutureRows = u"--future-rows", kHelp = u"--help", kInstallKind = u"--install-kind",
+                             kKind = u"--kind", kMenu = u"--menu", kNumber = u"--number", kOdbc = u"--odbc",
+                             kOffice = u"--office", kOut = u"--out", kPin = u"--pin", kReplace = u"--replace",
+                             kReport = u"--report", kResetClasses = u"--reset-classes", kRun = u"--run",
+                             kSeed = u"--seed", kShort = u"--short", kSince = u"--since", kStaff = u"--staff",
+                             kToDefault = u"--to-default", kToFolder = u"--to-folder", kToPrinter = u"--to-printer",
+                             kUntil = u"--until", kUser = u"--user";
 }  // namespace option
 
 class Arguments;

@@ -62,6 +62,7 @@ QString OverallHelp() {
            u"\n"
            u"suite-setup コマンド --help   そのコマンドの引数とオプションを詳しく表示する\n"
            u"suite-setup --help            この説明を表示する\n"
+           u"suite-setup --version         版を表示する\n"
            u"\n"
            u"終了コード: 0 正常  1 途中で失敗した  2 指定に誤りがあり、何も変更していない\n"_s;
 }
@@ -75,7 +76,7 @@ QString VerbHelp(const Verb& verb) {
     text += u"\nオプション:\n"_s;
     for (const OptionDefinition& option : verb.options)
         text += Explained(OptionText(option), option.description.japanese);
-    return text + Explained(option::kHelp.toString(), u"この説明を表示する"_s);
+    return text + Explained(u"-h, "_s + option::kHelp.toString(), u"この説明を表示する"_s);
 }
 
 }  // namespace setup

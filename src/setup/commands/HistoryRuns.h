@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <set>
 
 namespace setup {
 
@@ -24,12 +25,13 @@ struct HistoryRun {
     QList<HistoryRow> rows;
     bool Started() const;  ///< has a start row
     bool Ended() const;    ///< has an end row
-    double LastCounter() const { return rows.last().counter.toDouble(); }
+    qint64 LastCounter() const { return rows.last().counter.toLongLong(); }
 };
 
-/// True for the rows 開始 and 終了.
+/// True for the rows 開始, 終了 and エラー.
 bool BeginsRun(const HistoryRow& row);
 bool EndsRun(const HistoryRow& row);
+bool IsError(const HistoryRow& row);
 
 /// Groups the rows of a history into runs. Programs and users write concurrently, so a row belongs to the run of its
 /// program and user whose number it continues. Numbers may be missing, since a row that could not be written still uses
@@ -43,19 +45,16 @@ class RunSorter {
     QList<int> ByTime() const;
 
   private:
+    /// Runs of one source, program and user without an end row, as indexes into runs_, oldest first.
+    struct OpenRuns {
+        std::set<int> all;
+        QHash<qint64, std::set<int>> byCounter;  // number of the last row
+    };
+    int FindRun(const OpenRuns& open, qint64 counter) const;
+
     QList<HistoryRun> runs_;
-    QHash<QStringList, QList<int>> open_;  // by source, program and user
+    QHash<QStringList, OpenRuns> open_;
 };
-
-// Lines for display. Columns are aligned by terminal width; 摘要 is last and never truncated.
-
-/// Title of a run: `name`, then time, program and user of its first row.
-QString RunTitle(const QString& name, const HistoryRow& first);
-QString RowHeading();
-QString RowLine(const HistoryRow& row);
-/// A run with title and heading, and a remark if its start or end row is missing; `number` counts from the newest,
-/// which is 1.
-QStringList RunLines(const HistoryRun& run, int number);
 
 /// Reads the history of one configuration file incrementally. Each poll opens the file read-only and closes it again,
 /// so that it never blocks a program.

@@ -79,22 +79,70 @@ Verb Upgrade() {
 }
 
 Verb Check() {
-    return {.name = u"check"_s,
-            .operands = {InstallationOperand()},
-            .options = {{.name = option::kUser,
-                         .value = {u"利用者"_s, u"USER"_s},
-                         .description = {u"利用者の権限で、その利用者の複写だけを調べる（省略時は実行者の権限で、"
-                                         u"すべての複写）"_s,
-                                         u"check with the rights of USER and only that user's copies; by default with "
-                                         u"the rights of the user who runs it, and all copies"_s}}},
-            .summary = {u"足りないもの、読めないもの、リンクや信頼の誤りを表示する"_s,
-                        u"show what is missing, unreadable, linked to other files or not trusted"_s},
-            .description = {u"インストールを調べ、足りないもの、読めないもの、リンクや信頼の誤りなどの問題を一行ず"
-                            u"つ表示します。一つでもあれば終了コードは 1 です。"_s,
-                            u"Prints one line for each problem of an installation: files that are missing or "
-                            u"unreadable, links to other files, folders that are not trusted. The exit status is "
-                            u"1 if there is any."_s},
-            .run = CheckInstallation};
+    return {
+        .name = u"check"_s,
+        .operands = {InstallationOperand()},
+        .options = {{.name = option::kUser,
+                     .value = {u"利用者"_s, u"USER"_s},
+                     .description = {u"利用者の権限で、その利用者の複写だけを調べる（省略時は実行者の権限で、"
+                                     u"読めるすべての複写）"_s,
+                                     u"check with the rights of USER and only that user's copies; by default with "
+                                     u"the rights of the user who runs it, and all copies that can be read"_s}},
+                    {.name = option::kAllUsers,
+                     .description = {u"すべての利用者の複写を、それぞれの利用者の権限で調べる（読めない複写があれば"
+                                     u"何も調べない）"_s,
+                                     u"check the copies of all users, with the rights of each; if one can't be read, "
+                                     u"nothing is checked"_s}}},
+        .summary = {u"問題を、影響と対処とともに表示する"_s, u"show problems, their effects and what to do"_s},
+        .description = {u"インストールの中身を調べ、問題を、どこにあるか、利用者に何が起きるか、どうすれば直るかととも"
+                        u"に表示します。何も書き込みません。終了コードは、問題がなければ 0、あれば 1、調べられなければ "
+                        u"2 です。"_s,
+                        u"Looks into an installation and prints each problem with its place, its effect on a clerk and "
+                        u"what to do. Writes nothing. The exit status is 0 without problems, 1 with problems, 2 if "
+                        u"the check could not run."_s},
+        .run = CheckInstallation};
+}
+
+QList<OptionDefinition> RowOptions() {
+    return {{.name = option::kOffice,
+             .value = {u"事業所"_s, u"OFFICE"_s},
+             .description = {u"運用事業所をこのコードにする（000 は全社）"_s,
+                             u"set the operating office; 000 is the whole company"_s}},
+            {.name = option::kInstallKind,
+             .value = {u"0|1"_s, u"0|1"_s},
+             .description = {u"インストール区分を 0（全員で共有）か 1（利用者ごとに複写）にする"_s,
+                             u"set the install kind: 0 shared files, 1 private copies"_s}},
+            {.name = option::kResetClasses,
+             .description = {u"1 桁の数字でない区分を取り除き、その要員の区分を 0 にする"_s,
+                             u"remove classes that are no digit; their staff get the class 0"_s}},
+            {.name = option::kFutureRows,
+             .description = {u"この時計より先の日付の稼動履歴と連携情報を消す"_s,
+                             u"delete history rows and messages from the future"_s}}};
+}
+
+Verb RepairVerb() {
+    return {
+        .name = u"repair"_s,
+        .operands = {InstallationOperand()},
+        .options = RowOptions() +
+                   QList<OptionDefinition>{
+                       {.name = option::kReport,
+                        .value = {u"帳票名"_s, u"REPORT"_s},
+                        .description = {u"この帳票を標準のものに戻す（ほかは何もしない）"_s,
+                                        u"only replace this template by its standard form"_s}},
+                       {.name = option::kUser,
+                        .value = {u"利用者"_s, u"USER"_s},
+                        .description = {u"--report で、この利用者の帳票を戻す（省略時は共通の帳票）"_s,
+                                        u"with --report: the template of this user; by default the common one"_s}},
+                       OdbcOption({u"サーバーの行を、表に書き込める利用者として直す"_s,
+                                   u"an account that may write the general database on the server"_s})},
+        .summary = {u"check が見つけた足りない行やファイルを補う"_s,
+                    u"add the rows and files that check finds missing"_s},
+        .description = {u"プログラムに必要な行、ファイル、フォルダのうち足りないものを補い、壊れた索引を作り直します。"
+                        u"足りているものは変えません。check が示すとおりに実行してください。繰り返し実行できます。"_s,
+                        u"Adds the rows, files and folders that the programs need and that are missing, and rebuilds "
+                        u"damaged indexes. What is intact stays unchanged. Run it as check says. May be repeated."_s},
+        .run = RepairInstallation};
 }
 
 Verb Move() {
@@ -113,6 +161,6 @@ Verb Move() {
 
 }  // namespace
 
-QList<Verb> InstallationVerbs() { return {Init(), Upgrade(), Check(), Move()}; }
+QList<Verb> InstallationVerbs() { return {Init(), Upgrade(), Check(), RepairVerb(), Move()}; }
 
 }  // namespace setup

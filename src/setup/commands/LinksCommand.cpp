@@ -60,27 +60,11 @@ QList<QStringList> WaitingMessages(const QString& file, const QString& user) {
     return lines;
 }
 
-QList<int> WidthsOf(const QList<QStringList>& lines) {
-    QList<int> widths(kHeading.size(), 0);
-    for (const QStringList& line : lines)
-        for (qsizetype i = 0; i < line.size(); ++i) widths[i] = std::max(widths[i], DisplayWidth(line[i]));
-    return widths;
-}
-
 void PrintTable(const QList<QStringList>& lines, QTextStream& out) {
-    if (lines.size() == 1) {
+    if (lines.size() == 1)
         out << u"待っている連携情報はありません。\n"_s;
-        return;
-    }
-    const QList<int> widths = WidthsOf(lines);
-    for (const QStringList& line : lines) {
-        out << PadLeft(line.first(), widths.first());
-        for (qsizetype i = 1; i < line.size(); ++i) {
-            const bool last = i + 1 == line.size();
-            out << u"  "_s << (last ? line[i] : PadRight(line[i], widths[i]));
-        }
-        out << u'\n';
-    }
+    else
+        PrintAligned(lines, out);
 }
 
 }  // namespace

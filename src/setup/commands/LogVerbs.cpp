@@ -8,22 +8,47 @@ namespace setup {
 
 namespace {
 
+QList<OptionDefinition> HistoryFilters() {
+    const Words time{u"日時"_s, u"TIME"_s};
+    return {{.name = option::kRun,
+             .value = {u"N"_s, u"N"_s},
+             .description = {u"新しい方から N 番目の実行だけを表示する"_s, u"show the N-th newest run only"_s}},
+            {.name = option::kUser,
+             .value = {u"利用者"_s, u"USER"_s},
+             .description = {u"この利用者の履歴だけを表示する"_s, u"show the rows of this user only"_s}},
+            {.name = option::kErrors,
+             .description = {u"エラーの行だけを、実行ごとに表示する"_s, u"show the errors only, grouped by runs"_s}},
+            {.name = option::kSince,
+             .value = time,
+             .description = {u"この日時（2026-11-21 か \"2026-11-21 09:30\"）より後の行がある実行を表示する"_s,
+                             u"show runs with a row since this time, as 2026-11-21 or \"2026-11-21 09:30\""_s}},
+            {.name = option::kUntil,
+             .value = time,
+             .description = {u"この日時まで（日だけならその日の終わりまで）の行がある実行を表示する"_s,
+                             u"show runs with a row until this time; without a time until the end of the day"_s}}};
+}
+
 Verb History() {
     return {
         .name = u"history"_s,
         .operands = {InstallationOperand()},
-        .options = {{.name = option::kRun,
-                     .value = {u"N"_s, u"N"_s},
-                     .description = {u"新しい方から N 番目の実行だけを表示する"_s, u"show the N-th newest run only"_s}},
-                    {.name = option::kUser,
-                     .value = {u"利用者"_s, u"USER"_s},
-                     .description = {u"この利用者の履歴だけを表示する"_s, u"show the rows of this user only"_s}},
-                    {.name = option::kFollow,
-                     .description = {u"中断されるまで、追加される行を待って表示する"_s,
-                                     u"wait for further rows until interrupted"_s}}},
+        .options = HistoryFilters() +
+                   QList<OptionDefinition>{
+                       {.name = option::kShort,
+                        .description = {u"一つの実行を一行にして、全利用者の実行を一つの表で表示する"_s,
+                                        u"show the runs of all users in one table, a line for each run"_s}},
+                       {.name = option::kCsv,
+                        .value = {u"ファイル"_s, u"FILE"_s},
+                        .description = {u"表示せずに、CSV ファイル（UTF-8）に書き込む"_s,
+                                        u"write a CSV file (UTF-8) instead"_s}},
+                       {.name = option::kFollow,
+                        .description = {u"中断されるまで、追加される行を待って表示する"_s,
+                                        u"wait for further rows until interrupted"_s}}},
         .summary = {u"稼動履歴を表示する"_s, u"show the run history"_s},
-        .description = {u"プログラムの稼動履歴を、実行ごとにまとめて古い順に表示します。"_s,
-                        u"Shows the run history of the programs, grouped by runs, newest last."_s},
+        .description = {u"プログラムの稼動履歴を、実行ごとにまとめて古い順に表示します。SQL はそのまま実行できる形で次"
+                        u"の行に表示します。"_s,
+                        u"Shows the run history of the programs, grouped by runs, newest last. SQL statements are on "
+                        u"separate lines, as they can be run."_s},
         .run = ShowHistory};
 }
 

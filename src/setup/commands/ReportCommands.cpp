@@ -65,6 +65,7 @@ QString TemplateFilePath(const Arguments& arguments) {
     if (!HoldsInstallation(arguments.Installation()))
         throw UsageError(u"%1 にインストールがありません。"_s.arg(arguments.Installation()));
     const QString user = arguments.Value(option::kUser);
+    if (!user.isEmpty()) RequireUser(arguments.Installation(), user);
     const QString folder = root.filePath(user.isEmpty() ? u"report"_s : u"users/%1/report"_s.arg(user));
     const QStringList files = TemplateFilesIn(folder);
     if (files.isEmpty()) throw UsageError(u"%1 に帳票ファイル repfrmdb がありません。"_s.arg(folder));

@@ -41,6 +41,7 @@ QStringList Arguments(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (PrintVersion(argc, argv, "suite-setup")) return 0;
     const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
     platform::RequestEndOnSignals();
     QTextStream out(stdout), err(stderr);

@@ -22,10 +22,16 @@ void CreateInstallation(const Arguments& arguments, const Console& console);
 /// Each file is either unchanged or fully upgraded.
 void UpgradeInstallation(const Arguments& arguments, const Console& console);
 
-/// `check`: prints, in plain language, what keeps an installation from working: missing or unreadable files, tables
-/// linked to other files, a report host that is missing or does not trust the report folder. Checks the private copies
-/// of the given user, or of all users that have some. Throws platform::RuntimeError if there is any fault.
+/// `check`: prints what keeps an installation from working, what a clerk notices of it, and what to do: files, rights,
+/// databases and their rows, report templates and host. Writes nothing. Checks the private copies of the given user, of
+/// all users that have some (UsageError if they can't be read), or of those whose copies can be read. Throws UsageError
+/// for an unknown user, and platform::RuntimeError if there is any finding.
 void CheckInstallation(const Arguments& arguments, const Console& console);
+
+/// `repair`: adds the rows, files and folders without which the programs do not work, and makes the changes that the
+/// options ask for; on a server with the account of `--odbc`. With `--report`, only replaces a template by its standard
+/// form. May be repeated. What can't be repaired is named at the end, after everything else.
+void RepairInstallation(const Arguments& arguments, const Console& console);
 
 /// `move`: updates the definition rows and linked tables of a copied or moved installation, common and private, to
 /// point to its own files, and prints the changes. A general database outside the installation or on a server is left

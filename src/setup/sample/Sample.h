@@ -41,6 +41,9 @@ std::span<const char16_t* const> SampleOfficeCodes();
 /// Active sections with their departments.
 std::span<const SampleSection> SampleSections();
 
+/// The rows of K年号区分 as lines "開始日付|名称".
+QStringList StandardEras();
+
 /// Company, offices, departments, sections, positions, class tables, eras and partner systems. `askPins`: company and
 /// offices require PINs, so that rights are enforced; otherwise none of them does.
 void WriteMasters(DatabaseFileWriter& store, bool askPins);

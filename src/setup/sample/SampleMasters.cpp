@@ -31,11 +31,7 @@ QList<MasterTable> Classes() {
          columns,
          {u"0|正社員"_s, u"1|契約社員"_s, u"2|嘱託"_s, u"3|パート"_s, u"4|アルバイト"_s, u"5|派遣社員"_s}},
         {u"K稼動状況区分"_s, columns, {u"0|停止"_s, u"1|稼動"_s}},
-        // The row without a start date covers the dates before the first era, which are shown in the western calendar.
-        {u"K年号区分"_s,
-         u"開始日付 名称"_s,
-         {u"|西暦"_s, u"18680125|明治"_s, u"19120730|大正"_s, u"19261225|昭和"_s, u"19890108|平成"_s,
-          u"20190501|令和"_s}},
+        {u"K年号区分"_s, u"開始日付 名称"_s, StandardEras()},
     };
 }
 
@@ -96,6 +92,12 @@ QList<MasterTable> Company() {
 }
 
 }  // namespace
+
+// The row without a start date covers the dates before the first era, which are shown in the western calendar.
+QStringList StandardEras() {
+    return {u"|西暦"_s,         u"18680125|明治"_s, u"19120730|大正"_s,
+            u"19261225|昭和"_s, u"19890108|平成"_s, u"20190501|令和"_s};
+}
 
 std::span<const char16_t* const> SampleOfficeCodes() { return kOfficeCodes; }
 std::span<const SampleSection> SampleSections() { return kSections; }

@@ -58,6 +58,23 @@ void OpenGeneralFile(database::Connection& connection, const QString& root, data
     OpenDefined(connection, definition, mode);
 }
 
+std::optional<QList<QStringList>> RowsOf(database::Connection& connection, const QString& sql) {
+    QList<QStringList> texts;
+    try {
+        database::Recordset rows;
+        for (rows.Open(sql, connection); !rows.AtEOF(); rows.MoveNext()) {
+            QStringList row;
+            for (int column = 0; column < rows.FieldCount(); ++column)
+                row.append(rows.FieldAt(column).TextOr(QString()));
+            texts.append(row);
+        }
+    } catch (const database::DatabaseError& error) {
+        if (error.Number() != database::kStatementFailure) throw;
+        return std::nullopt;
+    }
+    return texts;
+}
+
 bool HasTable(database::Connection& connection, const QString& name) {
     try {
         database::Recordset rows;
@@ -87,9 +104,9 @@ bool HasColumn(const TableDefinition& table, const QString& column) {
     });
 }
 
-QStringList MissingIn(database::Connection& connection, const QString& engine) {
+QStringList MissingIn(database::Connection& connection, const QString& engine, DatabaseKind kind) {
     QStringList missing;
-    for (const TableDefinition& table : TablesOf(DatabaseKind::General)) {
+    for (const TableDefinition& table : TablesOf(kind)) {
         const QStringList there = ColumnsOf(connection, table.name);
         if (there.isEmpty() && !HasTable(connection, ServerName(engine, table.name))) {
             missing.append(u"表 "_s + table.name);

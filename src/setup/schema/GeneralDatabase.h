@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -25,6 +26,9 @@ GeneralDatabaseDefinition ReadDefinition(const QString& configurationFile);
 /// file or definition row, or if the row does not name a file, and database::DatabaseError.
 void OpenGeneralFile(database::Connection& connection, const QString& root, database::ConnectMode mode);
 
+/// Rows of a SELECT as texts, a Null as null QString; nullopt if the statement fails, as for a missing table or column.
+/// Throws database::DatabaseError for an error that is not one of the statement.
+std::optional<QList<QStringList>> RowsOf(database::Connection& connection, const QString& sql);
 /// False if there is no such table or it cannot be queried. `name` is already quoted for the connection's engine.
 /// Throws database::DatabaseError for an error that is not one of the statement, such as a lost connection.
 bool HasTable(database::Connection& connection, const QString& name);
@@ -34,9 +38,10 @@ QStringList ColumnsOf(database::Connection& connection, const QString& table);
 /// Ignores letter case.
 bool HasColumn(const TableDefinition& table, const QString& column);
 
-/// Missing tables and columns of the suite, as text for messages: "表 T閲覧", "表 M担当者 の列 カナ". `engine` as for
-/// ServerName; empty for a desktop file. Throws database::DatabaseError.
-QStringList MissingIn(database::Connection& connection, const QString& engine);
+/// Missing tables and columns of that kind of database, as text for messages: "表 T閲覧", "表 M担当者 の列 カナ".
+/// `engine` as for ServerName; empty for a desktop file. Throws database::DatabaseError.
+QStringList MissingIn(database::Connection& connection, const QString& engine,
+                      DatabaseKind kind = DatabaseKind::General);
 
 /// Converts an ODBC connection string, as typed by an administrator, into the definition of the general database:
 /// - "Driver=…;Server=…;Port=…;Database=…;UID=…;PWD=…" gives dialect S, with the driver's name as provider;

@@ -5,6 +5,7 @@
 
 #include "data/Connections.h"
 #include "data/Files.h"
+#include "database/sql/Quoting.h"
 #include "platform/FileRights.h"
 #include "platform/RuntimeError.h"
 #include "setup/UsageError.h"
@@ -29,8 +30,21 @@ QStringList DatabasesIn(const QString& folder, const QString& name) {
     return files;
 }
 
+/// Programs of other machines that share the files have written rows for users that this machine does not know.
+bool HasRowsOf(const QString& configuration, const QString& user) {
+    database::Connection connection = OpenSuiteFile(configuration, database::ConnectMode::Read);
+    for (const QString& table : {u"プログラム稼動履歴"_s, u"プログラム連携情報"_s}) {
+        database::Recordset rows;
+        rows.Open(u"SELECT TOP 1 ユーザID FROM %1 WHERE ユーザID = %2"_s.arg(table, database::TextLiteral(user)),
+                  connection);
+        if (!rows.AtEOF()) return true;
+    }
+    return false;
+}
+
 QList<ConfigurationInUse> PrivateFiles(const QString& root, const QString& user) {
     QList<ConfigurationInUse> files;
+    if (!user.isEmpty()) RequireUser(root, user);
     const QList<FilePlaces> all = user.isEmpty() ? AllPrivatePlaces(root) : QList{PlacesOf(root, user)};
     RequireEntry(all);
     for (const FilePlaces& places : all) {
@@ -77,6 +91,13 @@ QList<FilePlaces> AllPrivatePlacesToChange(const QString& root) {
     return all;
 }
 
+void RequireUser(const QString& root, const QString& user) {
+    if (user.contains(u'/') || user == u"."_s || user == u".."_s)
+        throw UsageError(u"利用者名 %1 は正しくありません。"_s.arg(user));
+    if (!platform::AccountOf(user) && !QFileInfo(root + u"/users/"_s + user).isDir())
+        throw UsageError(u"利用者 %1 はいません。"_s.arg(user));
+}
+
 bool HoldsInstallation(const QString& folder) {
     const QDir root(folder);
     return !ConfigurationFile(root.filePath(u"conf"_s)).isEmpty() ||
@@ -85,6 +106,7 @@ bool HoldsInstallation(const QString& folder) {
 
 QString InstallationRoot(const QString& installation) {
     const QString root = QDir::cleanPath(QFileInfo(installation).absoluteFilePath());
+    if (!platform::MayEnterFolder(root)) throw UsageError(u"%1 を読む権限がありません。"_s.arg(root));
     if (!HoldsInstallation(root)) throw UsageError(u"%1 にインストールがありません。"_s.arg(root));
     return root;
 }
@@ -119,10 +141,9 @@ QList<ConfigurationInUse> ConfigurationsInUse(const QString& installation, const
     const QString root = QDir::cleanPath(QDir(installation).absolutePath());
     const QString common = ConfigurationFile(root + u"/conf"_s);
     if (common.isEmpty()) throw UsageError(u"%1 にインストールがありません。"_s.arg(root));
-    if (user.contains(u'/') || user == u"."_s || user == u".."_s)
-        throw UsageError(u"利用者名 %1 は正しくありません。"_s.arg(user));
-    if (InstallKindOf(common) != kPrivateCopies) return {{common, QString()}};
-    return PrivateFiles(root, user);
+    if (InstallKindOf(common) == kPrivateCopies) return PrivateFiles(root, user);
+    if (!user.isEmpty() && !HasRowsOf(common, user)) RequireUser(root, user);
+    return {{common, QString()}};
 }
 
 }  // namespace setup

@@ -30,6 +30,9 @@ void RequireEntry(const QList<FilePlaces>& all);
 /// All private folders, for commands that change all of them or none. Throws like RequireEntry.
 QList<FilePlaces> AllPrivatePlacesToChange(const QString& root);
 
+/// Throws UsageError unless this machine has a user of that name, or the installation private folders of one.
+void RequireUser(const QString& root, const QString& user);
+
 /// True if the folder contains an installation, or parts of one.
 bool HoldsInstallation(const QString& folder);
 

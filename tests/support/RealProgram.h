@@ -14,3 +14,5 @@ struct ProgramRun {
 /// Runs the built program from the installation's program folder until it has shown its first list and closed its
 /// window, or until a message box ended it.
 ProgramRun RunProgram(const SampleInstallation& installation, const QStringList& arguments = {});
+/// Same for an installation with programs; `root`: its folder.
+ProgramRun RunInstalledProgram(const QString& root, const QStringList& arguments = {});
