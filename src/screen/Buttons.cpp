@@ -3,6 +3,9 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <cmath>
 
 #include "screen/PlainControls.h"
 
@@ -40,8 +43,16 @@ void Button::SetForeColor(const QColor& color) {
 
 void Button::SetFaceless() { faceless_ = true; }
 
-void Button::paintEvent(QPaintEvent* event) {
-    if (!faceless_) QPushButton::paintEvent(event);
+void Button::paintEvent(QPaintEvent* /*event*/) {
+    if (faceless_) return;
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    // The style draws a picture of whole device pixels. At a fractional scale its border would be outside of the
+    // button.
+    const double scale = painter.device()->devicePixelRatioF();
+    if (scale != std::floor(scale)) option.rect.adjust(0, 0, -1, -1);
+    painter.drawControl(QStyle::CE_PushButton, option);
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {
