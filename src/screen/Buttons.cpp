@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <cmath>
 
 #include "screen/PlainControls.h"
 #include "screen/SuiteStyle.h"
@@ -50,8 +51,16 @@ void Button::SetFaceless(const QRect& mark) {
     focusMark_->hide();
 }
 
-void Button::paintEvent(QPaintEvent* event) {
-    if (focusMark_ == nullptr) QPushButton::paintEvent(event);
+void Button::paintEvent(QPaintEvent* /*event*/) {
+    if (focusMark_ != nullptr) return;
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    // The style draws a picture of whole device pixels. At a fractional scale its border would be outside of the
+    // button.
+    const double scale = painter.device()->devicePixelRatioF();
+    if (scale != std::floor(scale)) option.rect.adjust(0, 0, -1, -1);
+    painter.drawControl(QStyle::CE_PushButton, option);
 }
 
 void Button::focusInEvent(QFocusEvent* event) {

@@ -65,6 +65,24 @@ TEST_F(ScreenSize, FactorOfTheUserThatWouldCutOffIsReduced) { ExpectMainWindow({
 TEST_F(ScreenSize, ScaleOfTheDesktopIsNotMultiplied) { ExpectMainWindow({3840, 2160}, {2530, 2050}, {}, 192); }
 TEST_F(ScreenSize, ScaleOfTheDesktopDecidesTheRows) { ExpectMainWindow({1920, 1080}, {1455, 995}, {}, 192); }
 
+// A common screen with a panel has this scale, at which Qt's style draws borders outside of the buttons.
+TEST_F(ScreenSize, BordersOfButtonsAreCompleteAtAFractionalScale) {
+    constexpr double kScale = 1.1875;
+    const VirtualScreen screen({1920, 1080});
+    const QString window = Start(screen, u"1.1875"_s);
+    // btn_部門個別選択 in the pixels of the window; its face is lighter than its border.
+    const QRectF button(8, 44, 126, 26);
+    const int right = qFloor(button.right() * kScale), middle = qRound(button.center().y() * kScale);
+    const auto darkest = [&] {
+        const QImage picture = screen.Picture(window);
+        int gray = 255;
+        for (int x = right - 4; x < right && picture.valid(x, middle); ++x)
+            gray = qMin(gray, qGray(picture.pixel(x, middle)));
+        return gray;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return darkest() < 0xC8; }, 5000)) << darkest();
+}
+
 TEST_F(ScreenSize, StartedProgramsDoNotInheritTheFactor) {
     const VirtualScreen screen({1920, 1080});
     QFile sibling(installation.ProgramFolder() + u"/要員台帳更新"_s);

@@ -115,6 +115,20 @@ QRect VirtualScreen::PlaceOf(const QString& window) const {
     return {valueOf(u"X="_s), valueOf(u"Y="_s), valueOf(u"WIDTH="_s), valueOf(u"HEIGHT="_s)};
 }
 
+QImage VirtualScreen::Picture(const QString& window) const {
+    const QSize size = SizeOf(window);
+    xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);
+    const auto cookie = xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window.toUInt(), 0, 0,
+                                      static_cast<uint16_t>(size.width()), static_cast<uint16_t>(size.height()), ~0U);
+    xcb_get_image_reply_t* reply = xcb_get_image_reply(connection, cookie, nullptr);
+    QImage picture;
+    if (reply != nullptr)
+        picture = QImage(xcb_get_image_data(reply), size.width(), size.height(), QImage::Format_RGB32).copy();
+    std::free(reply);
+    xcb_disconnect(connection);
+    return picture;
+}
+
 QByteArray VirtualScreen::Property(const QString& window, const QByteArray& name) const {
     constexpr uint32_t kWords = 1024;
     xcb_connection_t* connection = xcb_connect(display_.toLatin1().constData(), nullptr);

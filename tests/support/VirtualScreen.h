@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QPoint>
 #include <QProcess>
 #include <QRect>
@@ -29,6 +30,8 @@ class VirtualScreen {
     QRect PlaceOf(const QString& window) const;
     /// Width and height of a window.
     QSize SizeOf(const QString& window) const { return PlaceOf(window).size(); }
+    /// What the screen shows of a window that nothing covers; a null image if the server refuses.
+    QImage Picture(const QString& window) const;
     /// Value of a window's property by its X name ("WM_CLASS"); empty without one, or for one of more than 4 KiB its
     /// beginning.
     QByteArray Property(const QString& window, const QByteArray& name) const;

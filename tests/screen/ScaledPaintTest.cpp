@@ -7,22 +7,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class LabelPaint : public ScreenTest {
+class ScaledPaint : public ScreenTest {
   protected:
     ThreeItems form;
 
-    /// The panel with its items as a screen of that scale shows it.
-    static QImage Painted(QWidget& panel, double scale) {
-        QImage image(panel.size() * scale, QImage::Format_RGB32);
+    /// The widget with its children as a screen of that scale shows it.
+    static QImage Painted(QWidget& widget, double scale) {
+        QImage image(widget.size() * scale, QImage::Format_RGB32);
         image.setDevicePixelRatio(scale);
-        panel.render(&image);
+        widget.render(&image);
         return image;
     }
 };
 
 }  // namespace
 
-TEST_F(LabelPaint, ItemsLeaveTheLinesOfTheirPanelAtEveryScale) {
+TEST_F(ScaledPaint, ItemsLeaveTheLinesOfTheirPanelAtEveryScale) {
     Panel row(form, form, u"bak_dtla"_s, 0, QString());
     row.setGeometry(8, 0, 64, 64);
     for (int line = 0; line < 3; ++line) {
@@ -39,7 +39,7 @@ TEST_F(LabelPaint, ItemsLeaveTheLinesOfTheirPanelAtEveryScale) {
     }
 }
 
-TEST_F(LabelPaint, LinesAreOnePixelThickOnAnUnscaledScreen) {
+TEST_F(ScaledPaint, LinesAreOnePixelThickOnAnUnscaledScreen) {
     Panel title(form, form, u"itm_ttl"_s, -1, QString());
     title.setGeometry(0, 0, 8, 6);
     const QImage image = Painted(title, 1);
