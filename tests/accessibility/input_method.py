@@ -67,12 +67,10 @@ class InputMethod:
         return cls.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner", name)
 
     @classmethod
-    def window(cls):
-        """The window whose keys it gets, None if there is none. A new window is announced to it a while after it is
-        shown."""
+    def windows(cls):
+        """The windows that use it. A new one is announced a while after it is shown; its keys are not composed before."""
         state = cls.call("org.fcitx.Fcitx5", "/controller", "org.fcitx.Fcitx.Controller1", "DebugInfo")
-        found = re.search(r"IC \[(\w+)\].*focus:1", state)
-        return found and found.group(1)
+        return set(re.findall(r"IC \[(\w+)\] program:要員", state))
 
     @staticmethod
     def ask(*option):

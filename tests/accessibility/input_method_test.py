@@ -91,8 +91,6 @@ class WithInputMethod(InquiryCase):
     def fill(self, window, name, keys, expected):
         """Replaces the text of an item with the input method switched on."""
         item = self.go_to(window, name)
-        if "Return" in keys:
-            self.wait_for_keyboard()
         self.screen.key("Home", "shift+End", "Delete")
         self.compose(keys)
         self.wait_for_text(item, expected)
@@ -109,9 +107,9 @@ class WithInputMethod(InquiryCase):
         self.screen.click(item)
         wait_for("the focus", lambda: tree.has_focus(item))
 
-    def wait_for_keyboard(self, before=None):
-        """Waits until the input method gets the keys of the active window; `before`: the window that was active."""
-        wait_for("the keyboard of the window", lambda: self.input_method.window() not in (None, before))
+    def wait_for_input_method(self, before):
+        """Waits for a new window to use the input method; `before`: the windows that used it."""
+        wait_for("the input method of the window", lambda: self.input_method.windows() - before)
 
     def test_head_takes_every_key_and_enter_that_commits_does_nothing_else(self):
         rows = [self.rows.texts("担当者コード"), self.rows.texts("行No")]
@@ -161,13 +159,12 @@ class WithInputMethod(InquiryCase):
             self.fill(self.main, name, [], "")
 
     def test_windows_for_several_values_take_what_they_are_for(self):
-        self.go_to(self.main, "検索名称")
-        main = wait_for("the keyboard of the main window", self.input_method.window)
         for button, item, keys, expected in VALUES:
+            before = self.input_method.windows()
             with self.subTest(item), self.over(button, "space", item + "複数指定") as window:
                 first = tree.named(window, item, "text")
                 if "Return" in keys:
-                    self.wait_for_keyboard(main)
+                    self.wait_for_input_method(before)
                 self.compose(keys)
                 self.wait_for_text(first, expected)
                 self.assertTrue(tree.has_focus(first))
@@ -176,17 +173,19 @@ class WithInputMethod(InquiryCase):
                 wait_for("the empty row", lambda: tree.text_of(first) == "")
 
     def test_staff_are_looked_up_by_what_is_committed(self):
+        before = self.input_method.windows()
         with self.over("開始担当者コード", "Control_L", "担当者一覧") as window:
+            self.go_to(window, "カナ")
+            self.wait_for_input_method(before)
             for name, keys, expected in LOOKUP:
                 self.fill(window, name, keys, expected)
                 self.fill(window, name, [], "")
 
     def test_every_item_of_the_registration_is_stored_as_it_was_typed(self):
-        self.go_to(self.main, "検索名称")
-        main = wait_for("the keyboard of the main window", self.input_method.window)
+        before = self.input_method.windows()
         self.screen.click(self.rows.item("担当者名"))
         form = self.open(REGISTRATION)
-        self.wait_for_keyboard(main)
+        self.wait_for_input_method(before)
         for name, keys, expected in RECORD:
             with self.subTest(name):
                 self.fill(form, name, keys, expected)
