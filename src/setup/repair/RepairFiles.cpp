@@ -116,7 +116,7 @@ QStringList RepairTargets(const QString& templateFile) {
 QStringList RestoreTemplate(const QString& templateFile, const QString& report) {
     const QString text = report::StandardTemplate(report);
     if (text.isEmpty()) throw UsageError(u"標準の帳票に「%1」はありません。"_s.arg(report));
-    report::TemplateFile(templateFile, database::ConnectMode::ReadWrite).StoreTemplate(report, text);
+    report::TemplateFile(templateFile, database::ConnectMode::ReadWrite).StoreTemplates({report}, {text});
     return {u"%1 の帳票「%2」を標準のものに戻しました。"_s.arg(templateFile, report)};
 }
 
