@@ -181,6 +181,12 @@ TEST(RunSorter, TwoRunsOfOneUserAreDistinguishedByTheirNumbers) {
     EXPECT_EQ(Sorted(steps), Expected(steps));
 }
 
+TEST(RunSorter, OfRunsThatItContinuesARowBelongsToTheNewest) {
+    const QList<Step> steps{
+        {u"a", 1, u"開始 ", 0}, {u"a", 1, u"開始 ", 1}, {u"a", 2, u"エラー x", 1}, {u"a", 2, u"エラー y", 0}};
+    EXPECT_EQ(Sorted(steps), Expected(steps));
+}
+
 TEST(RunSorter, LostRowLeavesAGapInItsRun) {
     const QList<Step> steps{{u"a", 1, u"開始 ", 0}, {u"a", 4, u"エラー x", 0}, {u"a", 5, u"終了", 0}};
     EXPECT_EQ(Sorted(steps), Expected(steps));
