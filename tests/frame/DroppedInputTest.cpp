@@ -141,7 +141,7 @@ TEST_F(DroppedInput, HammeringBeforeAPreviewRunsNothingElse) {
 
 TEST_F(DroppedInput, HammeringWhileARowIsReadAgainRunsNothingElse) {
     Click(u"担当者名"_s);
-    const QString registration = user.Screen().NewestOf(2);
+    const QString registration = user.Screen().OtherThan(user.Window());
     OtherProgram lock(suite.General().Path());
     lock.Run(u"BEGIN EXCLUSIVE"_s);
     ASSERT_NO_FATAL_FAILURE(Hammer());

@@ -78,7 +78,7 @@ class WindowManager : public MainFormTest {
                 Click(u"担当者名"_s, 1);
                 break;
         }
-        newest = user.Screen().NewestOf(moment == Moment::Idle ? 1 : 2);
+        newest = moment == Moment::Idle ? user.Window() : user.Screen().OtherThan(user.Window());
         ASSERT_FALSE(newest.isEmpty());
     }
     void Unlock() {
@@ -138,7 +138,7 @@ TEST_P(WindowManagerAt, CloseBoxesEndTheProgramInOrder) {
     ASSERT_TRUE(user.Screen().PressCloseBox(user.Window()));
     if (modal) {
         ASSERT_TRUE(user.Screen().AwaitIdle(user.Window()));
-        EXPECT_EQ(user.Screen().NewestOf(2), newest) << "the modal window";
+        EXPECT_EQ(user.Screen().OtherThan(user.Window()), newest) << "the modal window";
         ASSERT_TRUE(user.Screen().PressCloseBox(newest));
         ASSERT_FALSE(user.Screen().NewestOf(1).isEmpty());
         ASSERT_TRUE(user.Screen().PressCloseBox(user.Window()));

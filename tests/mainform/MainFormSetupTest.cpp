@@ -1,4 +1,5 @@
 #include <QEvent>
+#include <QThread>
 #include <QTimer>
 #include <functional>
 
@@ -15,6 +16,12 @@ namespace {
 
 class FormSetupTest : public MainFormTest {
   protected:
+    /// Reading a PIN takes long enough for the search to process events again.
+    class SlowPins : public platform::UnsealedPins {
+      public:
+        void Check(const QString& /*stored*/) override { QThread::msleep(2); }
+    };
+
     /// Searches and calls back once during the search.
     void DuringASearch(const std::function<void()>& callback) {
         bool seen = false;
@@ -143,8 +150,8 @@ TEST_F(FormSetupTest, SearchShowsTheNoticeAndDisablesTheFormWhileItLoads) {
 }
 
 TEST_F(FormSetupTest, TitleClickDuringASearchDoesNotEnableTheOutputs) {
-    installation.ReplaceStaff(3000);
     Start();
+    platform::Services().pins = std::make_unique<SlowPins>();
     int clicks = 0;
     DuringASearch([&] {
         for (const QString& name : {u"itm_ttl_在籍区分"_s, u"itm_ttl_社員区分"_s, u"itm_ttl_表示順区分"_s}) {

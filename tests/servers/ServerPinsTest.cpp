@@ -39,7 +39,7 @@ class ServerPins : public OnServer {
     QString Fault(int count) const {
         return u"鍵ファイルがあるのに、封じられていない暗証番号が %1 "
                u"件あり、入力しても一致しません。次を実行してください。\n"
-               u"    suite-setup seal-pins %2 --odbc 所有者の接続文字列\n"_s.arg(count)
+               u"    suite-setup seal-pins '%2' --odbc 所有者の接続文字列\n"_s.arg(count)
                    .arg(installation.Root());
     }
     /// What check says of them.

@@ -91,17 +91,28 @@ QStringList VirtualScreen::Windows() const {
     return found.split(u'\n', Qt::SkipEmptyParts);
 }
 
-QString VirtualScreen::NewestOf(int windows) const {
+QStringList VirtualScreen::Await(int windows) const {
     const QDeadlineTimer end(kTimeout);
     QStringList found;
-    // Window ids of a program are in the order of creation.
     for (; found.size() != windows; found = Windows()) {
         if (end.hasExpired()) return {};
         QThread::msleep(20);
     }
-    std::sort(found.begin(), found.end(),
-              [](const QString& a, const QString& b) { return a.toLongLong() < b.toLongLong(); });
-    return found.last();
+    return found;
+}
+
+QString VirtualScreen::NewestOf(int windows) const {
+    const QStringList found = Await(windows);
+    // Window ids of a program are in the order of creation. Those of a later program may be lower.
+    const auto newest = std::max_element(
+        found.begin(), found.end(), [](const QString& a, const QString& b) { return a.toLongLong() < b.toLongLong(); });
+    return newest == found.end() ? QString() : *newest;
+}
+
+QString VirtualScreen::OtherThan(const QString& window) const {
+    QStringList found = Await(2);
+    found.removeOne(window);
+    return found.value(0);
 }
 
 QRect VirtualScreen::PlaceOf(const QString& window) const {

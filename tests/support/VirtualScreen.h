@@ -24,8 +24,11 @@ class VirtualScreen {
     /// Scales the desktop for all programs started from now on: 96 is a factor of 1.
     void SetDpi(int dpi);
 
-    /// Waits until exactly `count` windows are shown and returns the last one; empty after a timeout.
+    /// Waits until exactly `windows` windows of one program are shown and returns the last one; empty after a timeout.
     QString NewestOf(int windows) const;
+    /// Waits until exactly two windows are shown, of one or two programs, and returns the one that is not `window`;
+    /// empty after a timeout.
+    QString OtherThan(const QString& window) const;
     /// Position and size of a window on the screen.
     QRect PlaceOf(const QString& window) const;
     /// Width and height of a window.
@@ -61,6 +64,8 @@ class VirtualScreen {
 
   private:
     QStringList Windows() const;
+    /// Waits until exactly that many windows are shown; empty after a timeout.
+    QStringList Await(int windows) const;
     /// Waits until the window has the keyboard focus; false after a timeout.
     bool Focus(const QString& window) const;
     bool Work(const QStringList& arguments, QString* output = nullptr) const;
