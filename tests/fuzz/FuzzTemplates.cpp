@@ -47,7 +47,7 @@ class Values {
 
 void CheckFit(FontSet& types, const TemplateElement& element, const QString& text) {
     const QSizeF room = element.style.vertical ? element.place.size().transposed() : element.place.size();
-    const FittedText fitted = FitText(types, text, element.style, room.width(), room.height());
+    const FittedText fitted = FitText(types, text, element.style, {room.width(), room.height()});
     Require(std::isfinite(fitted.size) && fitted.size > 0, "a text has a size");
     Require(fitted.stretch >= kNarrowest && fitted.stretch <= 1, "a text is never narrower than can be read");
     Require(!fitted.lines.isEmpty() && fitted.lines.size() <= kMostCharacters + 2, "the lines of a text are bounded");
