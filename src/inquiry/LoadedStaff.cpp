@@ -94,9 +94,10 @@ qint16 StaffLookups::LastViewKind(const QString& staffCode) const {
 }
 
 void LoadedStaff::FindColumns() {
-    if (std::exchange(columnsFound_, true)) return;
+    if (columnsFound_) return;
     for (const StaffColumn& entry : kStaffColumns)
         if (!entry.column.isEmpty()) columns_[static_cast<size_t>(entry.field)] = rows_.ColumnOf(entry.column);
+    columnsFound_ = true;
 }
 
 void LoadedStaff::Prepare(int row) {

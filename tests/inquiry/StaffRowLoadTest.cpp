@@ -99,6 +99,15 @@ TEST_F(StaffRow, NullOfAddressBWithAnAddressAThrows) {
     EXPECT_NO_THROW(database.General(u"UPDATE M担当者 SET 住所B = ''"_s));
 }
 
+TEST_F(StaffRow, AMissingColumnThrowsForEveryRow) {
+    database.AddStaff(u"00001"_s);
+    database::Recordset record;
+    record.Open(u"SELECT コード FROM M担当者"_s, Globals().MainConnection);
+    LoadedStaff staff(record.Rows(), 1, StaffLookups());
+    EXPECT_THROW(staff.Prepare(0), platform::RuntimeError);
+    EXPECT_THROW(staff.Prepare(0), platform::RuntimeError);
+}
+
 TEST_F(RowDates, WithoutADateTheFourFieldsAreEmpty) {
     database.AddStaff(u"00001"_s, {{u"生年月日"_s, u""_s}, {u"入社日付"_s, u"20190501"_s}});
     Search();
